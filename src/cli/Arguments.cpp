@@ -1,0 +1,99 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "cli/Arguments.h"
+
+#include <algorithm>
+#include <string_view>
+
+namespace zova {
+
+namespace {
+
+std::vector<Measure> ParseMeasures(std::string_view list) {
+  std::vector<Measure> measures;
+  while (!list.empty()) {
+    const std::size_t end = std::min(list.find(','), list.size());
+    const std::string_view name = list.substr(0, end);
+    const auto measure = MeasureByName(name);
+    if (!measure) throw UsageError("unknown measure '" + std::string(name) + "'");
+    measures.push_back(*measure);
+    list.remove_prefix(std::min(end + 1, list.size()));
+  }
+  return measures;
+}
+
+// An option's value: behind "=" or the next argument.
+class Values {
+ public:
+  explicit Values(const std::vector<std::string>& arguments) : m_arguments(arguments) {}
+
+  [[nodiscard]] bool AtEnd() const { return m_next >= m_arguments.size(); }
+
+  std::string TakeArgument() { return m_arguments[m_next++]; }
+
+  // When `argument` is `option`, its value.
+  std::optional<std::string> Of(const std::string& argument, const std::string& option) {
+    if (argument.starts_with(option + "=")) return argument.substr(option.size() + 1);
+    if (argument != option) return std::nullopt;
+    if (AtEnd()) throw UsageError("option '" + option + "' needs a value");
+    return TakeArgument();
+  }
+
+ private:
+  const std::vector<std::string>& m_arguments;
+  std::size_t m_next = 0;
+};
+
+}  // namespace
+
+Arguments ParseArguments(const std::vector<std::string>& arguments) {
+  Arguments parsed;
+  Values values(arguments);
+  bool onlyFiles = false;
+  while (!values.AtEnd()) {
+    const std::string argument = values.TakeArgument();
+    if (!onlyFiles && argument == "--") {
+      onlyFiles = true;
+    } else if (onlyFiles || argument.empty() || argument.front() != '-') {
+      if (!parsed.ProjectFile.empty()) throw UsageError("more than one project file: '" + argument + "'");
+      if (argument.empty()) throw UsageError("the project file's name is empty");
+      parsed.ProjectFile = argument;
+    } else if (argument == "--help") {
+      parsed.Help = true;
+    } else if (argument == "--version") {
+      parsed.Version = true;
+    } else if (const auto names = values.Of(argument, "--measures")) {
+      parsed.Measures = ParseMeasures(*names);
+    } else if (const auto order = values.Of(argument, "--serial-order")) {
+      parsed.SerialOrderFile = *order;
+    } else if (const auto destination = values.Of(argument, "--destination")) {
+      parsed.Destination = *destination;
+    } else {
+      throw UsageError("unknown option '" + argument + "'");
+    }
+  }
+  if (parsed.ProjectFile.empty() && !parsed.Help && !parsed.Version) throw UsageError("no project file");
+  return parsed;
+}
+
+const char* UsageText() {
+  return "Usage: zova-master [--measures BOX,...] [--serial-order FILE] [--destination FILE] PROJECT.prm\n"
+         "\n"
+         "Writes the master of a recall experiment: one row per subject, one column per measure.\n"
+         "\n"
+         "  --measures BOX,...    only these families of measures: chkBasic chkBi chkIP chkCat chkRat chkFBasic\n"
+         "                        chkFPos chkFwhich chkFIP chkMinNet chkMinCat chkMinCum chkMinGains\n"
+         "                        (default: all that the project has data for)\n"
+         "  --serial-order FILE   also write the serial-position master; FILE holds a line 'item,position' per item\n"
+         "  --destination FILE    where the master's header goes; a name without a directory lies in the primary\n"
+         "                        directory, where the rows always go\n"
+         "  --help, --version\n"
+         "\n"
+         "Files are paths of this system or drive-letter paths (C:\\Data\\Study.prm). C: is the home directory and Z:\n"
+         "the root; ZOVA_DRIVES='C=/dir;D=/dir' sets other drives.\n"
+         "\n"
+         "The paths that were written go to standard output. Ends with 0 when the masters are made, 1 when the run\n"
+         "stopped or there is no data, 2 on wrong usage.\n";
+}
+
+}  // namespace zova

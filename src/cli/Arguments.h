@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "master/MeasureSelection.h"
+
+namespace zova {
+
+/// Wrong usage of the command; the text says what is wrong.
+class UsageError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+/// The command line of zova-master.
+struct Arguments {
+  bool Help = false;
+  bool Version = false;
+  std::optional<std::vector<Measure>> Measures;  ///< the boxes to leave checked
+  std::optional<std::string> SerialOrderFile;
+  std::string Destination;  ///< "" for the default
+  std::string ProjectFile;
+};
+
+/// Throws UsageError. `arguments` are those behind the program's name.
+Arguments ParseArguments(const std::vector<std::string>& arguments);
+
+const char* UsageText();
+
+}  // namespace zova

@@ -1,0 +1,128 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// zova-master: a project's masters without a window, for scripts and servers.
+
+#include <exception>
+#include <filesystem>
+#include <iostream>
+
+#include "cli/Arguments.h"
+#include "cli/Terminal.h"
+#include "master/MasterRun.h"
+#include "platform/FileErrorHandler.h"
+#include "project/ProjectFile.h"
+#include "project/ProjectOpening.h"
+#include "subjects/SubjectFiles.h"
+
+namespace zova {
+namespace {
+
+constexpr int kDone = 0;
+constexpr int kStopped = 1;
+constexpr int kWrongUsage = 2;
+
+class MasterCommand {
+ public:
+  explicit MasterCommand(Arguments arguments)
+      : m_arguments(std::move(arguments)), m_disk(m_layer, DriveMap::FromEnvironment()), m_boxes(IsInteractive()),
+        m_errors(m_boxes) {}
+
+  int Run() {
+    const std::string projectFile = FilePath(m_arguments.ProjectFile);
+    if (!WithRetry(m_errors, [&] { m_project = ReadProjectFile(m_disk, projectFile); })) return kStopped;
+    if (!MayOpenProject(m_project, m_boxes)) return kStopped;
+    MasterRequest request;
+    if (!FillRequest(request) || !TellUnfinished()) return kStopped;
+    const MasterRunResult result = CreateWithProgress(request);
+    for (const std::filesystem::path& path : result.Written) std::cout << PathText(path) << '\n';
+    if (!result.Completed) return kStopped;
+    ShowMasterWarnings(result.Notices, m_boxes);
+    return kDone;
+  }
+
+ private:
+  // A relative path of the platform starts from the current directory; drive-letter paths stay.
+  [[nodiscard]] std::string FilePath(const std::string& text) const {
+    if (m_disk.Drives().ToNative(text)) return m_disk.Drives().ToDrivePath(text);
+    return m_disk.Drives().ToDrivePath(PathText(std::filesystem::absolute(PathFromText(text))));
+  }
+
+  // The destination box's text: a name alone is left to mean a file in the primary directory.
+  [[nodiscard]] std::string DestinationText() const {
+    const std::string& text = m_arguments.Destination;
+    return text.find('/') == std::string::npos || text.find('\\') != std::string::npos ? text : FilePath(text);
+  }
+
+  bool FillRequest(MasterRequest& request) {
+    request.Selection.SetDefaultMeasures(m_project);
+    if (m_arguments.Measures) {
+      for (const MeasureBox& box : AllMeasureBoxes()) request.Selection.Check(box.Which, false);
+      for (const Measure measure : *m_arguments.Measures) request.Selection.Check(measure, true);
+    }
+    request.Destination = DestinationText();
+    const auto count = CountSubjectFiles(m_project, m_disk, m_boxes);
+    if (count.value_or(0) == 0) return false;
+    request.SubjectFileCount = *count;
+    return !m_arguments.SerialOrderFile || ReadOrder(request);
+  }
+
+  bool ReadOrder(MasterRequest& request) {
+    const std::string path = FilePath(*m_arguments.SerialOrderFile);
+    if (!WithRetry(m_errors, [&] { request.Order = ReadSerialOrder(m_disk, path, m_project.ItemCount); })) return false;
+    const std::string fault = SerialOrderFault(*request.Order);
+    if (fault.empty()) return true;
+    m_boxes.Show({.Text = fault, .Icon = BoxIcon::Exclamation, .Details = "Reading '" + path + "'"});
+    return false;
+  }
+
+  bool TellUnfinished() {
+    return WithRetry(m_errors, [&] {
+      const auto names = ListSubjectFiles(m_disk, m_project, UnfinishedDirectory(m_project.PrimaryDir));
+      if (names.empty()) return;
+      std::cerr << names.size() << (names.size() == 1 ? " unfinished subject is" : " unfinished subjects are")
+                << " not included in the master.\n";
+    });
+  }
+
+  MasterRunResult CreateWithProgress(const MasterRequest& request) {
+    TerminalProgress progress(IsInteractive());
+    return CreateMasters(m_project, request, {m_disk, m_boxes, progress});
+  }
+
+  Arguments m_arguments;
+  NativeFileLayer m_layer;
+  Disk m_disk;
+  TerminalBoxes m_boxes;
+  FileErrorHandler m_errors;
+  ProjectParameters m_project;
+};
+
+int RunCommand(const std::vector<std::string>& texts) {
+  try {
+    Arguments arguments = ParseArguments(texts);
+    if (arguments.Help) {
+      std::cout << UsageText();
+      return kDone;
+    }
+    if (arguments.Version) {
+      std::cout << "zova-master " << ZOVA_VERSION << '\n';
+      return kDone;
+    }
+    return MasterCommand(std::move(arguments)).Run();
+  } catch (const UsageError& error) {
+    std::cerr << "zova-master: " << error.what() << '\n' << UsageText();
+    return kWrongUsage;
+  }
+}
+
+}  // namespace
+}  // namespace zova
+
+int main(int argc, char** argv) {
+  try {
+    return zova::RunCommand({argv + 1, argv + argc});
+  } catch (const std::exception& error) {  // memory ran out, or a fault of ours: never a silent end
+    std::cerr << "zova-master: " << error.what() << '\n';
+    return 1;
+  }
+}

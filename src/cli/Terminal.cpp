@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "cli/Terminal.h"
+
+#include <cstdio>
+#include <iostream>
+
+#ifdef _WIN32
+#include <io.h>
+#else
+#include <unistd.h>
+#endif
+
+namespace zova {
+
+namespace {
+
+bool IsTerminal(std::FILE* stream) {
+#ifdef _WIN32
+  return _isatty(_fileno(stream)) != 0;
+#else
+  return isatty(fileno(stream)) != 0;
+#endif
+}
+
+bool AskRetry() {
+  for (;;) {
+    std::cerr << "[R]etry or [C]ancel? " << std::flush;
+    std::string answer;
+    if (!std::getline(std::cin, answer)) return false;
+    if (answer == "r" || answer == "R") return true;
+    if (answer == "c" || answer == "C") return false;
+  }
+}
+
+}  // namespace
+
+bool IsInteractive() { return IsTerminal(stdin) && IsTerminal(stderr); }
+
+BoxAnswer TerminalBoxes::Show(const MessageBox& box) {
+  std::cerr << box.Text << '\n';
+  if (!box.Details.empty()) std::cerr << box.Details << '\n';
+  switch (box.Buttons) {
+    case BoxButtons::Ok: return BoxAnswer::Ok;
+    case BoxButtons::YesNo: return BoxAnswer::No;
+    case BoxButtons::RetryCancel: return m_interactive && AskRetry() ? BoxAnswer::Retry : BoxAnswer::Cancel;
+    case BoxButtons::YesNoCancel:
+    case BoxButtons::Cancel: break;
+  }
+  return BoxAnswer::Cancel;
+}
+
+TerminalProgress::~TerminalProgress() {
+  if (m_lineOpen) std::cerr << '\n';
+}
+
+void TerminalProgress::Show(int percent, const std::string& text) {
+  if (!m_interactive) return;
+  const auto now = std::chrono::steady_clock::now();
+  if (percent < 100 && now - m_lastShown < std::chrono::milliseconds(50)) return;
+  m_lastShown = now;
+  std::cerr << '\r' << text << std::flush;
+  m_lineOpen = percent < 100;
+  if (!m_lineOpen) std::cerr << '\n';
+}
+
+}  // namespace zova

@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "master/MeasureSelection.h"
+#include "master/SerialPositions.h"
+#include "platform/Desktop.h"
+#include "platform/Disk.h"
+#include "platform/MessageBoxes.h"
+#include "project/ProjectParameters.h"
+
+namespace zova {
+
+/// What a run is asked for; fixed when it starts.
+struct MasterRequest {
+  MeasureSelection Selection;
+  int SubjectFileCount = 0;          ///< number of subject files when the master was asked for
+  std::string Destination;           ///< content of the destination box
+  std::optional<SerialOrder> Order;  ///< asks for the serial-position master; every position once
+};
+
+/// The subjects for whom a score could not be computed, as notices; "" when there is none.
+struct MasterNotices {
+  std::string ArcFailureList;
+  std::string BiItrFailureList;
+};
+
+struct MasterRunResult {
+  bool Completed = false;  ///< false: the run stopped; rows written until then stay
+  MasterNotices Notices;
+  std::vector<std::filesystem::path> Written;  ///< each file once, in the order of writing
+};
+
+/// The platform as a run uses it.
+struct RunSurroundings {
+  Disk& Files;
+  MessageBoxes& Boxes;
+  Progress& Bar;
+};
+
+/// Where a master's header and the masters beside it go.
+struct MasterDestination {
+  std::string HeaderPath;
+  std::string Directory;  ///< without the name's backslash
+};
+
+/// The path of the individual master in the primary directory: the destination box's first content.
+std::string DefaultMasterPath(const ProjectParameters& project);
+
+/// The destination box's `text`: a path of the platform becomes a drive path, a name alone lies in the primary
+/// directory, and nothing is the default.
+MasterDestination ResolveDestination(const std::string& text, const ProjectParameters& project, const DriveMap& drives);
+
+/// The number of the project's subject files; tells the user when there is none. Nothing when the user gave up a
+/// failed listing.
+std::optional<int> CountSubjectFiles(const ProjectParameters& project, Disk& disk, MessageBoxes& boxes);
+
+/// Writes the individual master: header first, to the destination; then a row per subject file, to the master in the
+/// primary directory, whatever the destination. A master of more than 256 columns is also written in pieces beside
+/// the data. Then, if asked for, the serial-position master into the destination's directory.
+/// Nothing is shown at the end of a completed run: notices and final message are the caller's.
+MasterRunResult CreateMasters(const ProjectParameters& project, const MasterRequest& request,
+                              const RunSurroundings& surroundings);
+
+/// Shows what `notices` holds, the ARC notice first.
+void ShowMasterWarnings(const MasterNotices& notices, MessageBoxes& boxes);
+
+}  // namespace zova

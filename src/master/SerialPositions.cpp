@@ -1,0 +1,109 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The file, for T tests of N positions:
+//
+//   Type ( ", SP(Test " t " Pos " p ")" )*      test by test
+//   Actual ( ", " share )*
+//   Smooth ( ", " share )*
+
+#include "master/SerialPositions.h"
+
+#include "scoring/Score.h"
+#include "subjects/SubjectFile.h"
+#include "text/Encoding.h"
+#include "text/FieldReader.h"
+#include "text/NumberText.h"
+
+namespace zova {
+
+namespace {
+
+SerialOrder ParseSerialOrder(std::string_view bytes, int itemCount) {
+  if (!LooksLikeDataText(bytes)) throw FieldError(FieldFault::EndOfData, 1);
+  const DataText text(bytes);
+  FieldReader reader(text.Content());
+  SerialOrder order(static_cast<std::size_t>(itemCount), 0);
+  for (int line = 1; line <= itemCount; ++line) {
+    const int item = reader.NextCount(itemCount);
+    if (item < 1) throw FieldError(FieldFault::NegativeCount, static_cast<std::size_t>(line));
+    order[static_cast<std::size_t>(item) - 1] = reader.NextStrictNumber();
+  }
+  while (!reader.AtEnd()) {
+    if (!reader.Next().empty()) throw FieldError(FieldFault::TooMany, static_cast<std::size_t>(itemCount) + 1);
+  }
+  return order;
+}
+
+// The end positions stay as they are.
+SerialCounts Smoothed(const SerialCounts& shares, int testCount) {
+  SerialCounts smooth = shares;
+  for (int t = 1; t <= testCount; ++t) {
+    for (int p = 2; p < shares.RowCount(); ++p) {
+      smooth.At(p, t) = (shares.At(p - 1, t) + shares.At(p, t) + shares.At(p + 1, t)) / 3.0F;
+    }
+  }
+  return smooth;
+}
+
+void AppendShares(std::string& out, const char* type, const SerialCounts& shares, int testCount) {
+  out += type;
+  for (int t = 1; t <= testCount; ++t) {
+    for (int p = 1; p <= shares.RowCount(); ++p) {
+      out += ", ";
+      AppendNumber(out, CutRatio(shares.At(p, t), kThreeDecimals).Cut);
+    }
+  }
+  out += "\r\n";
+}
+
+}  // namespace
+
+std::string SerialOrderFault(const SerialOrder& order) {
+  const int count = static_cast<int>(order.size());
+  std::vector<bool> used(order.size());
+  for (int item = 1; item <= count; ++item) {
+    const int position = order[static_cast<std::size_t>(item) - 1];
+    if (position < 1 || position > count) {
+      return "Item " + std::to_string(item) + " has no position from 1 to " + std::to_string(count) + ".";
+    }
+    if (used[static_cast<std::size_t>(position) - 1]) return "Position " + std::to_string(position) + " is used twice.";
+    used[static_cast<std::size_t>(position) - 1] = true;
+  }
+  return {};
+}
+
+SerialOrder ReadSerialOrder(Disk& disk, const std::string& path, int itemCount) {
+  std::string bytes;
+  disk.Read(path, bytes);
+  try {
+    return ParseSerialOrder(bytes, itemCount);
+  } catch (const FieldError& fault) {
+    throw DataFileError(fault, path);
+  }
+}
+
+void AccumulateSerialPositions(const RecallLists& lists, const SerialOrder& order, SerialCounts& counts) {
+  for (int test = 1; test <= lists.TestCount(); ++test) {
+    for (int position = 1; position <= lists.RecallCount(test); ++position) {
+      const int item = lists.At(test, position).Item;
+      if (item > 0) counts.At(order[static_cast<std::size_t>(item) - 1], test) += 1.0F;
+    }
+  }
+}
+
+std::string FormatSerialPositionMaster(const SerialCounts& counts, int testCount, int subjectCount) {
+  SerialCounts shares = counts;
+  std::string out = "Type";
+  for (int t = 1; t <= testCount; ++t) {
+    for (int p = 1; p <= counts.RowCount(); ++p) {
+      shares.At(p, t) = counts.At(p, t) / static_cast<float>(subjectCount);
+      out += ", SP(Test " + std::to_string(t) + " Pos " + std::to_string(p) + ")";
+    }
+  }
+  out += "\r\n";
+  AppendShares(out, "Actual", shares, testCount);
+  AppendShares(out, "Smooth", Smoothed(shares, testCount), testCount);
+  return out;
+}
+
+}  // namespace zova

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/Disk.h"
+#include "project/ProjectParameters.h"
+#include "scoring/ScoringArrays.h"
+#include "subjects/RecallLists.h"
+
+namespace zova {
+
+/// The serial position, from 1, at which each item was presented: item i at index i-1.
+using SerialOrder = std::vector<std::int16_t>;
+
+/// Number of recalls per serial position (row) and test.
+using SerialCounts = TestTable<float>;
+
+/// The first fault of an order, by item; "" when every position from 1 to the number of items is used once.
+std::string SerialOrderFault(const SerialOrder& order);
+
+/// Reads an order of `itemCount` lines "item,position". An item without a line has position 0. Throws FileError; fewer or
+/// more lines, and items outside 1 to `itemCount`, are no such file (end of data).
+SerialOrder ReadSerialOrder(Disk& disk, const std::string& path, int itemCount);
+
+/// Adds the entries of one subject's lists (lure-free in a false-memory project). Blanks have no serial position.
+void AccumulateSerialPositions(const RecallLists& lists, const SerialOrder& order, SerialCounts& counts);
+
+/// The serial-position master: the share of the subjects who recalled what was presented at each position, observed and
+/// smoothed over three neighbours, both cut to three decimals. `subjectCount` is at least 1.
+std::string FormatSerialPositionMaster(const SerialCounts& counts, int testCount, int subjectCount);
+
+}  // namespace zova

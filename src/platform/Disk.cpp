@@ -1,0 +1,264 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// A file is replaced by writing ".zova-<n>.tmp" beside it, flushing, and renaming over it. A leftover of such a name is
+// the trace of a save that was killed; the next save into the directory removes it.
+
+#include "platform/Disk.h"
+
+#include <algorithm>
+#include <random>
+#include <system_error>
+
+#include "text/Encoding.h"
+
+namespace zova {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr std::string_view kTemporaryPrefix = ".zova-";
+constexpr std::string_view kTemporarySuffix = ".tmp";
+
+bool IsTemporary(std::string_view name) noexcept {
+  return name.size() > kTemporaryPrefix.size() + kTemporarySuffix.size() && name.starts_with(kTemporaryPrefix) &&
+         name.ends_with(kTemporarySuffix);
+}
+
+fs::path TemporaryBeside(const fs::path& target) {
+  std::random_device random;
+  return target.parent_path() / (std::string(kTemporaryPrefix) + std::to_string(random()) + std::string(kTemporarySuffix));
+}
+
+bool IsDirectoryMissing(FileLayer& layer, const fs::path& native) {
+  try {
+    return layer.Kind(native.parent_path()) != EntryKind::Directory;
+  } catch (const std::system_error&) {
+    return false;
+  }
+}
+
+// A file system without permissions is no reason to refuse a save.
+void KeepPermissions(FileLayer& layer, const fs::path& from, const fs::path& to) {
+  try {
+    if (layer.Kind(from) == EntryKind::File) layer.CopyPermissions(from, to);
+  } catch (const std::system_error&) {
+  }
+}
+
+[[noreturn]] void ThrowFileError(FileLayer& layer, FileOperation operation, std::string path, const fs::path& native,
+                                 const std::error_code& code) {
+  const bool notThere = code == std::errc::no_such_file_or_directory || code == std::errc::not_a_directory;
+  if (notThere && IsDirectoryMissing(layer, native)) {
+    throw FileError(operation, std::move(path), FileCause::PathNotFound);
+  }
+  throw FileError(operation, std::move(path), code);
+}
+
+}  // namespace
+
+// Every call to the layer goes through here: its errors become file errors that name the path as the caller spelt it.
+template <typename Call>
+auto Disk::Guarded(FileOperation operation, std::string_view path, const fs::path& native, Call&& call) {
+  try {
+    return call();
+  } catch (const std::system_error& error) {
+    ThrowFileError(m_layer, operation, std::string(path), native, error.code());
+  }
+}
+
+fs::path Disk::ResolveBelow(fs::path base, const fs::path& rest) {
+  for (auto part = rest.begin(); part != rest.end(); ++part) {
+    const fs::path exact = base / *part;
+    if (m_layer.Kind(exact) == EntryKind::Missing && m_layer.Kind(base) == EntryKind::Directory) {
+      const std::string wanted = PathText(*part);
+      std::string best;
+      for (const DirectoryEntry& entry : m_layer.List(base)) {
+        if (EqualsIgnoringCase(entry.Name, wanted) && (best.empty() || entry.Name < best)) best = entry.Name;
+      }
+      base /= best.empty() ? *part : PathFromText(best);
+    } else {
+      base = exact;
+    }
+  }
+  return base;
+}
+
+fs::path Disk::Resolve(std::string_view path, FileOperation operation) {
+  const auto native = m_drives.ToNative(path);
+  if (!native) throw FileError(operation, std::string(path), FileCause::PathNotFound);
+  return Guarded(operation, path, *native, [&] {
+    if (m_layer.Kind(*native) != EntryKind::Missing) return *native;
+    return ResolveBelow(native->root_path(), native->relative_path());
+  });
+}
+
+bool Disk::FileExists(std::string_view path) {
+  if (!m_drives.ToNative(path)) return false;
+  const fs::path native = Resolve(path, FileOperation::Read);
+  return Guarded(FileOperation::Read, path, native, [&] { return m_layer.Kind(native) == EntryKind::File; });
+}
+
+bool Disk::DirectoryExists(std::string_view path) {
+  if (!m_drives.ToNative(path)) return false;
+  const fs::path native = Resolve(path, FileOperation::List);
+  return Guarded(FileOperation::List, path, native, [&] { return m_layer.Kind(native) == EntryKind::Directory; });
+}
+
+void Disk::Read(std::string_view path, std::string& content) {
+  ReadNative(Resolve(path, FileOperation::Read), path, content);
+}
+
+void Disk::ReadNative(const fs::path& native, std::string_view path, std::string& content) {
+  Guarded(FileOperation::Read, path, native, [&] {
+    try {
+      m_layer.Read(native, content, kMaxFileSize);
+    } catch (const std::system_error& error) {
+      if (error.code() != std::errc::file_too_large) throw;
+      throw FileError(FileOperation::Read, std::string(path), FileCause::EndOfData, "The file is larger than 64 MiB.");
+    }
+  });
+}
+
+void Disk::ReplaceFile(const fs::path& target, std::string_view content, Durability durability) {
+  const fs::path temporary = TemporaryBeside(target);
+  try {
+    const std::unique_ptr<OutputFile> file = m_layer.Create(temporary);
+    file->Write(content);
+    if (durability == Durability::OnDisk) file->Flush();
+    file->Close();
+    KeepPermissions(m_layer, target, temporary);
+    m_layer.Rename(temporary, target);
+  } catch (const std::system_error&) {
+    try {
+      m_layer.Remove(temporary);
+    } catch (const std::system_error&) {
+      // The next save into this directory removes it.
+    }
+    throw;
+  }
+  if (durability == Durability::OnDisk) m_layer.FlushDirectory(target.parent_path());
+}
+
+void Disk::Write(std::string_view path, std::string_view content, Durability durability) {
+  const fs::path native = Resolve(path, FileOperation::Write);
+  Guarded(FileOperation::Write, path, native, [&] {
+    const fs::path target = m_layer.RealPath(native);
+    if (m_layer.Kind(target) == EntryKind::Directory) {
+      throw std::system_error(std::make_error_code(std::errc::is_a_directory));
+    }
+    if (m_layer.IsReadOnly(target)) throw std::system_error(std::make_error_code(std::errc::permission_denied));
+    RemoveLeftovers(target.parent_path());
+    ReplaceFile(target, content, durability);
+  });
+}
+
+void Disk::RemoveLeftovers(const fs::path& directory) {
+  for (const DirectoryEntry& entry : m_layer.List(directory)) {
+    if (entry.Kind == EntryKind::File && IsTemporary(entry.Name)) m_layer.Remove(directory / PathFromText(entry.Name));
+  }
+}
+
+AppendFile Disk::OpenForAppend(std::string_view path) {
+  return {m_layer, std::string(path), Resolve(path, FileOperation::Append)};
+}
+
+void Disk::Copy(std::string_view from, std::string_view to) {
+  std::string content;
+  const fs::path source = Resolve(from, FileOperation::Copy);
+  Guarded(FileOperation::Copy, from, source, [&] { m_layer.Read(source, content, UINTMAX_MAX); });
+  Write(to, content);
+}
+
+void Disk::Delete(std::string_view path) {
+  const fs::path native = Resolve(path, FileOperation::Delete);
+  Guarded(FileOperation::Delete, path, native, [&] { m_layer.Remove(native); });
+}
+
+void Disk::CreateDirectory(std::string_view path) {
+  const fs::path native = Resolve(path, FileOperation::CreateDirectory);
+  Guarded(FileOperation::CreateDirectory, path, native, [&] { m_layer.CreateDirectory(native); });
+}
+
+void Disk::CreateDirectories(std::string_view path) {
+  const fs::path native = Resolve(path, FileOperation::CreateDirectory);
+  Guarded(FileOperation::CreateDirectory, path, native, [&] {
+    fs::path level = native.root_path();
+    for (const fs::path& part : native.relative_path()) {
+      level /= part;
+      if (m_layer.Kind(level) == EntryKind::Missing) m_layer.CreateDirectory(level);
+    }
+  });
+}
+
+void Disk::RemoveDirectory(std::string_view path) {
+  const fs::path native = Resolve(path, FileOperation::RemoveDirectory);
+  Guarded(FileOperation::RemoveDirectory, path, native, [&] {
+    RemoveLeftovers(native);
+    m_layer.Remove(native);
+  });
+}
+
+bool Disk::IsEmptyDirectory(std::string_view path) {
+  const fs::path native = Resolve(path, FileOperation::List);
+  return Guarded(FileOperation::List, path, native, [&] {
+    if (m_layer.Kind(native) != EntryKind::Directory) return false;
+    const auto entries = m_layer.List(native);
+    return std::all_of(entries.begin(), entries.end(), [](const DirectoryEntry& e) { return IsTemporary(e.Name); });
+  });
+}
+
+std::vector<std::string> Disk::ListFiles(std::string_view directory, std::string_view prefix, std::string_view suffix) {
+  std::vector<std::pair<std::string, std::string>> found;  // upper-cased, as it stands
+  if (DirectoryExists(directory)) {
+    const fs::path native = Resolve(directory, FileOperation::List);
+    const std::string upperPrefix = UpperCase(prefix);
+    const std::string upperSuffix = UpperCase(suffix);
+    Guarded(FileOperation::List, directory, native, [&] {
+      for (DirectoryEntry& entry : m_layer.List(native)) {
+        if (entry.Kind != EntryKind::File || IsTemporary(entry.Name)) continue;
+        std::string upper = UpperCase(entry.Name);
+        if (upper.size() < upperPrefix.size() + upperSuffix.size()) continue;
+        if (!upper.starts_with(upperPrefix) || !upper.ends_with(upperSuffix)) continue;
+        found.emplace_back(std::move(upper), std::move(entry.Name));
+      }
+    });
+  }
+  std::sort(found.begin(), found.end());
+  std::vector<std::string> names;
+  names.reserve(found.size());
+  for (auto& [upper, name] : found) names.push_back(std::move(name));
+  return names;
+}
+
+AppendFile::AppendFile(FileLayer& layer, std::string path, fs::path native)
+    : m_layer(layer), m_path(std::move(path)), m_native(std::move(native)) {}
+
+void AppendFile::CutBack() {
+  m_file.reset();
+  m_layer.Truncate(m_native, m_size);
+  m_cutBackDue = false;
+}
+
+void AppendFile::Append(std::string_view bytes) {
+  try {
+    if (m_cutBackDue) CutBack();
+    if (!m_file) {
+      m_size = m_layer.Kind(m_native) == EntryKind::Missing ? 0 : m_layer.Size(m_native);
+      m_file = m_layer.Append(m_native);
+    }
+    m_cutBackDue = true;
+    m_file->Write(bytes);
+    m_cutBackDue = false;
+    m_size += bytes.size();
+  } catch (const std::system_error& error) {
+    try {
+      if (m_cutBackDue) CutBack();
+    } catch (const std::system_error&) {
+      // Still due: the next attempt begins with it.
+    }
+    ThrowFileError(m_layer, FileOperation::Append, m_path, m_native, error.code());
+  }
+}
+
+}  // namespace zova

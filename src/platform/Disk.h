@@ -1,0 +1,91 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/DriveMap.h"
+#include "platform/FileError.h"
+#include "platform/FileLayer.h"
+
+namespace zova {
+
+/// Largest file that is read: beyond it no data file is one of ours (a FileError, end of data).
+inline constexpr std::uintmax_t kMaxFileSize = 64ULL * 1024 * 1024;
+
+/// A file that rows are added to, held open between them.
+class AppendFile {
+ public:
+  AppendFile(FileLayer& layer, std::string path, std::filesystem::path native);
+  /// Adds `bytes` whole or not at all: what a failed call left behind is cut off again. Throws FileError.
+  void Append(std::string_view bytes);
+  [[nodiscard]] const std::string& Path() const noexcept { return m_path; }
+  [[nodiscard]] const std::filesystem::path& Native() const noexcept { return m_native; }
+
+ private:
+  void CutBack();
+
+  FileLayer& m_layer;
+  std::string m_path;
+  std::filesystem::path m_native;
+  std::unique_ptr<OutputFile> m_file;
+  std::uintmax_t m_size = 0;
+  bool m_cutBackDue = false;
+};
+
+/// The file system as the rules see it: drive-letter paths, looked up by exact spelling first, else without regard to
+/// case (bytewise first among equals), component by component; what does not exist is created as typed.
+/// Every function throws FileError. Temporary files of a save are invisible to every listing.
+class Disk {
+ public:
+  Disk(FileLayer& layer, DriveMap drives) : m_layer(layer), m_drives(std::move(drives)) {}
+
+  [[nodiscard]] const DriveMap& Drives() const noexcept { return m_drives; }
+  [[nodiscard]] FileLayer& Layer() noexcept { return m_layer; }
+
+  /// The native path of an existing file, or the one that creating it would make. Throws FileError (PathNotFound) for
+  /// a drive that is not ready; `operation` is what the error will name.
+  std::filesystem::path Resolve(std::string_view path, FileOperation operation);
+
+  bool FileExists(std::string_view path);
+  bool DirectoryExists(std::string_view path);
+
+  /// The whole file into `content`, replacing what was there.
+  void Read(std::string_view path, std::string& content);
+  /// The same by the native path; `path` is only what an error names.
+  void ReadNative(const std::filesystem::path& native, std::string_view path, std::string& content);
+
+  /// Creates or replaces the file in one step that a failure, or a kill at any moment, cannot leave half done.
+  enum class Durability { OnDisk, Buffered };
+  void Write(std::string_view path, std::string_view content, Durability durability = Durability::OnDisk);
+  AppendFile OpenForAppend(std::string_view path);
+
+  void Copy(std::string_view from, std::string_view to);
+  void Delete(std::string_view path);
+  void CreateDirectory(std::string_view path);
+  void CreateDirectories(std::string_view path);
+  /// Leftovers of interrupted saves go first.
+  void RemoveDirectory(std::string_view path);
+  /// True when the directory holds nothing but leftovers of interrupted saves.
+  bool IsEmptyDirectory(std::string_view path);
+
+  /// The files whose names begin with `prefix` and end with `suffix`, without regard to case, sorted by upper-cased
+  /// name, then by bytes. A missing directory has none; other faults throw.
+  std::vector<std::string> ListFiles(std::string_view directory, std::string_view prefix, std::string_view suffix);
+
+ private:
+  std::filesystem::path ResolveBelow(std::filesystem::path base, const std::filesystem::path& rest);
+  void RemoveLeftovers(const std::filesystem::path& directory);
+  void ReplaceFile(const std::filesystem::path& target, std::string_view content, Durability durability);
+  template <typename Call>
+  auto Guarded(FileOperation operation, std::string_view path, const std::filesystem::path& native, Call&& call);
+
+  FileLayer& m_layer;
+  DriveMap m_drives;
+};
+
+}  // namespace zova

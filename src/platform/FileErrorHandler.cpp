@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "platform/FileErrorHandler.h"
+
+namespace zova {
+
+namespace {
+
+std::string DetailsOf(const FileError& error) {
+  std::string details = error.what();
+  if (!error.Detail().empty()) details += "\n" + error.Detail();
+  return details;
+}
+
+}  // namespace
+
+bool FileErrorHandler::Report(const FileError& error) {
+  switch (error.Cause()) {
+    case FileCause::DialogCancelled: return false;
+    case FileCause::EndOfData:
+      m_boxes.Show({.Text = "This is not a valid file format.  Please select a different file.",
+                    .Icon = BoxIcon::Exclamation,
+                    .Buttons = BoxButtons::Ok,
+                    .Details = DetailsOf(error)});
+      return true;
+    case FileCause::PathNotFound:
+      return m_boxes.Show({.Text = "Path not found.  Please verify that the correct disk is in the drive.",
+                           .Icon = BoxIcon::Exclamation,
+                           .Buttons = BoxButtons::RetryCancel,
+                           .Default = BoxAnswer::Retry,
+                           .Details = DetailsOf(error)}) == BoxAnswer::Retry;
+    case FileCause::System: return ReportRunError(error.Code().message(), DetailsOf(error));
+  }
+  return false;
+}
+
+bool FileErrorHandler::ReportRunError(const std::string& text, const std::string& details) {
+  return m_boxes.Show({.Text = text,
+                       .Icon = BoxIcon::Exclamation,
+                       .Buttons = BoxButtons::RetryCancel,
+                       .Default = BoxAnswer::Retry,
+                       .Details = details}) == BoxAnswer::Retry;
+}
+
+}  // namespace zova

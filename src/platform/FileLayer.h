@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace zova {
+
+enum class EntryKind { Missing, File, Directory };
+
+struct DirectoryEntry {
+  std::string Name;  ///< UTF-8, as it stands on the disk
+  EntryKind Kind = EntryKind::File;
+};
+
+/// A file open for writing at its end.
+class OutputFile {
+ public:
+  virtual ~OutputFile() = default;
+  virtual void Write(std::string_view bytes) = 0;
+  /// Everything written is on the disk itself when this returns.
+  virtual void Flush() = 0;
+  /// Tells of faults that only closing shows; the destructor closes silently.
+  virtual void Close() = 0;
+};
+
+/// The operating system's file calls that everything else is made of, on native paths. Each throws std::system_error.
+/// An interface, so that a test can let any single call fail.
+class FileLayer {
+ public:
+  virtual ~FileLayer() = default;
+
+  virtual EntryKind Kind(const std::filesystem::path& path) = 0;
+  /// True for an existing file that nobody may write.
+  virtual bool IsReadOnly(const std::filesystem::path& path) = 0;
+  /// Links resolved; a path that does not exist stays.
+  virtual std::filesystem::path RealPath(const std::filesystem::path& path) = 0;
+  virtual std::uintmax_t Size(const std::filesystem::path& path) = 0;
+  /// Replaces `content` by the file's bytes; fails with std::errc::file_too_large above `limit`.
+  virtual void Read(const std::filesystem::path& path, std::string& content, std::uintmax_t limit) = 0;
+  /// In no particular order, without "." and "..".
+  virtual std::vector<DirectoryEntry> List(const std::filesystem::path& directory) = 0;
+  /// `Create` fails when the file exists; `Append` makes it when it does not.
+  virtual std::unique_ptr<OutputFile> Create(const std::filesystem::path& path) = 0;
+  virtual std::unique_ptr<OutputFile> Append(const std::filesystem::path& path) = 0;
+  virtual void Truncate(const std::filesystem::path& path, std::uintmax_t size) = 0;
+  /// Gives `to` the permissions of `from`.
+  virtual void CopyPermissions(const std::filesystem::path& from, const std::filesystem::path& to) = 0;
+  /// Replaces `to` in one step.
+  virtual void Rename(const std::filesystem::path& from, const std::filesystem::path& to) = 0;
+  /// The entries of a directory are on the disk itself when this returns.
+  virtual void FlushDirectory(const std::filesystem::path& directory) = 0;
+  virtual void Remove(const std::filesystem::path& path) = 0;
+  virtual void CreateDirectory(const std::filesystem::path& path) = 0;
+};
+
+/// The platform's own.
+class NativeFileLayer final : public FileLayer {
+ public:
+  EntryKind Kind(const std::filesystem::path& path) override;
+  bool IsReadOnly(const std::filesystem::path& path) override;
+  std::filesystem::path RealPath(const std::filesystem::path& path) override;
+  std::uintmax_t Size(const std::filesystem::path& path) override;
+  void Read(const std::filesystem::path& path, std::string& content, std::uintmax_t limit) override;
+  std::vector<DirectoryEntry> List(const std::filesystem::path& directory) override;
+  std::unique_ptr<OutputFile> Create(const std::filesystem::path& path) override;
+  std::unique_ptr<OutputFile> Append(const std::filesystem::path& path) override;
+  void Truncate(const std::filesystem::path& path, std::uintmax_t size) override;
+  void CopyPermissions(const std::filesystem::path& from, const std::filesystem::path& to) override;
+  void Rename(const std::filesystem::path& from, const std::filesystem::path& to) override;
+  void FlushDirectory(const std::filesystem::path& directory) override;
+  void Remove(const std::filesystem::path& path) override;
+  void CreateDirectory(const std::filesystem::path& path) override;
+
+ private:
+  std::vector<char> m_buffer;  // for Read, kept so that a run over thousands of files allocates once
+};
+
+}  // namespace zova

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+
+namespace zova {
+
+enum class BoxIcon { None, Information, Question, Exclamation, Critical };
+enum class BoxButtons { Ok, YesNo, YesNoCancel, RetryCancel, Cancel };
+enum class BoxAnswer { Ok, Yes, No, Cancel, Retry };
+
+/// A modal message. The default answer is the one that loses nothing, unless a rule fixes another.
+struct MessageBox {
+  std::string Text;
+  BoxIcon Icon = BoxIcon::None;
+  BoxButtons Buttons = BoxButtons::Ok;
+  BoxAnswer Default = BoxAnswer::Ok;
+  std::string Title = "ZOVA";
+  std::string Details = {};  ///< secondary text
+};
+
+class MessageBoxes {
+ public:
+  virtual ~MessageBoxes() = default;
+  virtual BoxAnswer Show(const MessageBox& box) = 0;
+};
+
+}  // namespace zova

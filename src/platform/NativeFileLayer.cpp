@@ -1,0 +1,205 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The standard library but for what it lacks: pushing a file and a directory to the disk, and opening a file that must
+// not exist yet by a wide name on Windows.
+
+#include <cerrno>
+#include <cstdio>
+#include <string>
+#include <system_error>
+
+#include "platform/DriveMap.h"
+#include "platform/FileLayer.h"
+
+#ifdef _WIN32
+#include <io.h>
+#else
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#endif
+
+namespace zova {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr std::size_t kReadSize = 64UL * 1024;
+
+[[noreturn]] void Throw(int code) { throw std::system_error(code, std::generic_category()); }
+[[noreturn]] void ThrowErrno() { Throw(errno != 0 ? errno : EIO); }
+
+void Check(const std::error_code& code) {
+  if (code) throw std::system_error(code);
+}
+
+std::FILE* Open(const fs::path& path, const char* mode) {
+  errno = 0;
+#ifdef _WIN32
+  std::wstring wideMode;
+  for (const char* c = mode; *c != '\0'; ++c) wideMode += static_cast<wchar_t>(*c);
+  std::FILE* file = _wfopen(path.c_str(), wideMode.c_str());
+#else
+  std::FILE* file = std::fopen(path.c_str(), mode);
+#endif
+  if (file == nullptr) ThrowErrno();
+  return file;
+}
+
+int FlushToDisk(std::FILE* file) {
+#ifdef _WIN32
+  return _commit(_fileno(file));
+#else
+  return fsync(fileno(file));
+#endif
+}
+
+struct FileCloser {
+  void operator()(std::FILE* file) const noexcept { (void)std::fclose(file); }
+};
+using FileHandle = std::unique_ptr<std::FILE, FileCloser>;
+
+class NativeOutputFile final : public OutputFile {
+ public:
+  explicit NativeOutputFile(std::FILE* file) : m_file(file) {
+    // One write reaches the system as one call: a row of a master is in the file whole, or its fault is told at once.
+    (void)std::setvbuf(file, nullptr, _IONBF, 0);
+  }
+
+  void Write(std::string_view bytes) override {
+    errno = 0;
+    if (std::fwrite(bytes.data(), 1, bytes.size(), m_file.get()) != bytes.size()) ThrowErrno();
+  }
+  void Flush() override {
+    errno = 0;
+    if (FlushToDisk(m_file.get()) != 0) ThrowErrno();
+  }
+  void Close() override {
+    errno = 0;
+    if (m_file && std::fclose(m_file.release()) != 0) ThrowErrno();
+  }
+
+ private:
+  FileHandle m_file;
+};
+
+EntryKind KindOf(const fs::file_status& status) noexcept {
+  if (fs::is_directory(status)) return EntryKind::Directory;
+  return fs::exists(status) ? EntryKind::File : EntryKind::Missing;
+}
+
+}  // namespace
+
+EntryKind NativeFileLayer::Kind(const fs::path& path) {
+  std::error_code code;
+  const fs::file_status status = fs::status(path, code);
+  if (status.type() == fs::file_type::not_found) return EntryKind::Missing;
+  Check(code);
+  return KindOf(status);
+}
+
+bool NativeFileLayer::IsReadOnly(const fs::path& path) {
+  std::error_code code;
+  const fs::file_status status = fs::status(path, code);
+  constexpr fs::perms kAnyWrite = fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
+  return fs::exists(status) && (status.permissions() & kAnyWrite) == fs::perms::none;
+}
+
+fs::path NativeFileLayer::RealPath(const fs::path& path) {
+  std::error_code code;
+  if (!fs::is_symlink(path, code)) return path;
+  fs::path real = fs::weakly_canonical(path, code);
+  return code ? path : real;
+}
+
+std::uintmax_t NativeFileLayer::Size(const fs::path& path) {
+  std::error_code code;
+  const std::uintmax_t size = fs::file_size(path, code);
+  Check(code);
+  return size;
+}
+
+void NativeFileLayer::Read(const fs::path& path, std::string& content, std::uintmax_t limit) {
+  const FileHandle file(Open(path, "rb"));
+  (void)std::setvbuf(file.get(), nullptr, _IONBF, 0);
+  // Until a read comes short, not by the size told beforehand: a growing file would have that wrong.
+  m_buffer.resize(kReadSize);
+  content.clear();
+  std::size_t got = kReadSize;
+  while (got == kReadSize) {
+    errno = 0;
+    got = std::fread(m_buffer.data(), 1, kReadSize, file.get());
+    if (std::ferror(file.get()) != 0) ThrowErrno();
+    content.append(m_buffer.data(), got);
+    if (content.size() > limit) Throw(EFBIG);
+  }
+}
+
+std::vector<DirectoryEntry> NativeFileLayer::List(const fs::path& directory) {
+  std::error_code code;
+  std::vector<DirectoryEntry> entries;
+  for (fs::directory_iterator entry(directory, code), end; !code && entry != end; entry.increment(code)) {
+    std::error_code unreadable;  // an entry that vanished, or a dangling link, is no file
+    // The directory itself tells what an entry is; only a link has to be followed.
+    const EntryKind kind = entry->is_symlink(unreadable)    ? KindOf(entry->status(unreadable))
+                           : entry->is_directory(unreadable) ? EntryKind::Directory
+                                                             : EntryKind::File;
+    if (kind != EntryKind::Missing) entries.push_back({PathText(entry->path().filename()), kind});
+  }
+  Check(code);
+  return entries;
+}
+
+std::unique_ptr<OutputFile> NativeFileLayer::Create(const fs::path& path) {
+  return std::make_unique<NativeOutputFile>(Open(path, "wbx"));
+}
+
+std::unique_ptr<OutputFile> NativeFileLayer::Append(const fs::path& path) {
+  return std::make_unique<NativeOutputFile>(Open(path, "ab"));
+}
+
+void NativeFileLayer::Truncate(const fs::path& path, std::uintmax_t size) {
+  std::error_code code;
+  fs::resize_file(path, size, code);
+  Check(code);
+}
+
+void NativeFileLayer::CopyPermissions(const fs::path& from, const fs::path& to) {
+  std::error_code code;
+  const fs::perms permissions = fs::status(from, code).permissions();
+  Check(code);
+  fs::permissions(to, permissions, code);
+  Check(code);
+}
+
+void NativeFileLayer::Rename(const fs::path& from, const fs::path& to) {
+  std::error_code code;
+  fs::rename(from, to, code);
+  Check(code);
+}
+
+void NativeFileLayer::FlushDirectory(const fs::path& directory) {
+#ifndef _WIN32
+  const int handle = open(directory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (handle < 0) return;  // a directory that may be written but not read: nothing can be pushed
+  (void)fsync(handle);     // some network file systems refuse this; the file itself is safe already
+  (void)close(handle);
+#else
+  (void)directory;
+#endif
+}
+
+void NativeFileLayer::Remove(const fs::path& path) {
+  std::error_code code;
+  fs::remove(path, code);
+  Check(code);
+}
+
+void NativeFileLayer::CreateDirectory(const fs::path& path) {
+  std::error_code code;
+  fs::create_directory(path, code);
+  Check(code);
+}
+
+}  // namespace zova

@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "project/ProjectFile.h"
+
+namespace zova {
+
+ProjectParameters ExampleProject(const std::string& programDir) {
+  ProjectParameters project;
+  project.TestCount = 3;
+  project.ItemCount = 66;
+  project.Categorized = 1;
+  project.CategoryCount = 6;
+  project.ItemsPerCategory = 11;
+  project.MinutesRecorded = 1;
+  project.MaxMinutes = 7;
+  project.Rated = 1;
+  project.MaxRating = 6;
+  project.VariableCount = 2;
+  project.Abbreviation = "Example";
+  project.PrimaryDir = JoinPath(programDir, "Sample Data");
+  project.BackupDir = kNoDirectory;
+  project.ProjectFileName = "Example.prm";
+  project.FalseMemory = 1;
+  project.FormatMarker = kCurrentMarker;
+  project.LevelCounts = {2, 3};
+  project.VariableNames = {"Experimenter", "Interval"};
+  project.LevelNames[0] = {"Joe", "Jane"};
+  project.LevelNames[1] = {"24 Hours", "1 Week", "2 Weeks"};
+  project.RatedTests = {"N", "N", "Y"};
+  return project;
+}
+
+bool WriteExampleProject(const std::string& paramDir, const std::string& programDir, Disk& disk,
+                         FileErrorHandler& errors) {
+  const ProjectParameters project = ExampleProject(programDir);
+  const std::string file = JoinPath(paramDir, project.ProjectFileName);
+  if (!WithRetry(errors, [&] { disk.Write(file, FormatProject(project, kCurrentMarker)); })) return false;
+  return WithRetry(errors, [&] {
+    if (!disk.DirectoryExists(project.PrimaryDir)) disk.CreateDirectory(project.PrimaryDir);
+    disk.Copy(file, JoinPath(project.PrimaryDir, project.ProjectFileName));
+  });
+}
+
+}  // namespace zova

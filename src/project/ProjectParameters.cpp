@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "project/ProjectParameters.h"
+
+namespace zova {
+
+bool IsFalseMemoryInForce(const ProjectParameters& project) noexcept {
+  return project.FalseMemory == 1 && project.Categorized == 1 && project.ItemsPerCategory >= 2;
+}
+
+bool IsTestRated(const ProjectParameters& project, int test) {
+  // Exactly "Y" here, while the rating averages take "y" as well: both forms are kept.
+  return project.Rated == 1 && project.RatedTests.at(static_cast<std::size_t>(test) - 1) == "Y";
+}
+
+std::string ProjectTitle(const ProjectParameters& project) {
+  const std::string& name = project.ProjectFileName;
+  return name.size() < 4 ? std::string() : name.substr(0, name.size() - 4);
+}
+
+}  // namespace zova

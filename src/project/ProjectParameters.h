@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+
+namespace zova {
+
+inline constexpr int kMaxTests = 15;
+inline constexpr int kMaxVariables = 10;
+/// The wizard gives a variable at most 10 levels; an older file may have one more.
+inline constexpr int kMaxLevels = 11;
+
+/// The marker of a parameter file in the current layout, of a backup copy, and of a file in the oldest layout.
+inline constexpr const char* kCurrentMarker = "VB Version";
+inline constexpr const char* kBackupMarker = "VB Backup";
+inline constexpr const char* kOldestMarker = "Old ZOVA";
+/// The text that stands for "no directory".
+inline constexpr const char* kNoDirectory = "(none)";
+
+/// The definition of one recall experiment, made once by the new-project wizard and read-only from then on.
+/// Flags are 1 for yes. Arrays are stored from index 0: test 1 is `RatedTests[0]`, level 2 of variable 1 is
+/// `LevelNames[0][1]`.
+struct ProjectParameters {
+  std::int16_t TestCount = 0;         ///< recall tests per subject, 1 to 15
+  std::int16_t ItemCount = 0;         ///< items of the study list, 1 to 999, lures included
+  std::int16_t Categorized = 0;       ///< 1: the list is made of categories
+  std::int16_t CategoryCount = 0;     ///< 1 to 5000
+  std::int16_t ItemsPerCategory = 0;  ///< lure included; category c holds items (c-1)*size+1 to c*size
+  std::int16_t MinutesRecorded = 0;   ///< 1: the minute of each recall is kept
+  std::int16_t MaxMinutes = 0;        ///< minutes per test, 1 to 6000
+  std::int16_t Rated = 0;             ///< 1: recalls of some tests carry a rating
+  std::int16_t MaxRating = 0;         ///< highest rating, 1 to 1000; the lowest is 1
+  std::int16_t VariableCount = 0;     ///< between-subject variables, 0 to 10
+  std::string Abbreviation;           ///< prefix of every data file's name
+  std::string PrimaryDir;             ///< drive-letter path without trailing backslash, or "(none)"
+  std::string BackupDir;              ///< the same
+  std::string ProjectFileName;        ///< title + ".prm"
+  std::int16_t FalseMemory = 0;       ///< 1: the last item of each category is a lure that was never studied
+  std::string PreviousBackupDir;      ///< only in a backup copy: the backup directory when the copy was made
+  std::string FormatMarker;           ///< layout of the file that this came from
+  std::array<std::int16_t, kMaxVariables> LevelCounts{};
+  std::array<std::string, kMaxVariables> VariableNames;
+  std::array<std::array<std::string, kMaxLevels>, kMaxVariables> LevelNames;
+  std::array<std::string, kMaxTests> RatedTests;  ///< "Y" or "N" per test
+
+  bool operator==(const ProjectParameters&) const = default;
+};
+
+/// True when the lures are told apart: the flag is set, the list is categorised, and a category holds 2 or more items.
+bool IsFalseMemoryInForce(const ProjectParameters& project) noexcept;
+
+/// True when ratings are kept and the test's flag is "Y". `test` counts from 1.
+bool IsTestRated(const ProjectParameters& project, int test);
+
+/// The project file's name without ".prm".
+std::string ProjectTitle(const ProjectParameters& project);
+
+}  // namespace zova

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "scoring/ScoreSubject.h"
+
+namespace zova {
+
+namespace {
+
+// What of each category stands in the list, as far as it has been walked.
+struct CategoryWalk {
+  std::int16_t Entries = 0;        // lures aside
+  std::int16_t BeforeLure = 0;     // of those, before the first entry of the lure
+};
+
+void ScoreTest(const RecallLists& lists, int test, const ProjectParameters& project, LureScores& scores,
+               std::vector<CategoryWalk>& walks) {
+  walks.assign(static_cast<std::size_t>(project.CategoryCount), {});
+  for (int position = 1; position <= lists.RecallCount(test); ++position) {
+    const int item = lists.At(test, position).Item;
+    if (item < 1) continue;
+    const int category = (item - 1) / project.ItemsPerCategory + 1;
+    if (category > project.CategoryCount) continue;
+    CategoryWalk& walk = walks[static_cast<std::size_t>(category) - 1];
+    if (!IsLure(item, project)) {
+      ++walk.Entries;
+    } else if (scores.LureRecalled.At(category, test) == 0) {
+      scores.LureRecalled.At(category, test) = 1;
+      walk.BeforeLure = walk.Entries;
+    }
+  }
+  for (int lure = 1; lure <= project.CategoryCount; ++lure) {
+    if (scores.LureRecalled.At(lure, test) == 0) continue;
+    const CategoryWalk& walk = walks[static_cast<std::size_t>(lure) - 1];
+    scores.ItemsPreLure[test] = static_cast<std::int16_t>(scores.ItemsPreLure[test] + walk.BeforeLure);
+    scores.ItemsPostLure[test] = static_cast<std::int16_t>(scores.ItemsPostLure[test] + walk.Entries - walk.BeforeLure);
+  }
+}
+
+}  // namespace
+
+void ScoreWhichLures(const RecallLists& lists, const ProjectParameters& project, LureScores& scores) {
+  std::vector<CategoryWalk> walks;
+  for (int test = 1; test <= lists.TestCount(); ++test) ScoreTest(lists, test, project, scores, walks);
+}
+
+}  // namespace zova

@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The running minutes number the minutes of all tests in one run: minute m of test t is (t-1)*M + m. The cumulative
+// curve stands on three bases, and all three are kept: test 1 adds every entry, repeats included; test 2 its gains;
+// each later test the items that were on neither test 1 nor test 2. From test 4 on, an item first recalled on test 3
+// therefore counts as new each time.
+
+#include "scoring/MinuteRange.h"
+#include "scoring/ScoreSubject.h"
+
+namespace zova {
+
+namespace {
+
+std::int16_t Added(std::int16_t total, std::int16_t count, int test) {
+  return Checked16(std::int64_t{total} + count, "cumulative recall", test);
+}
+
+// The new items of each minute of a test from the third on, into `cumulative` at the test's running minutes.
+void CountNewByMinute(const ItemTable& items, int test, const ProjectParameters& project,
+                      std::vector<std::int16_t>& cumulative) {
+  const std::size_t offset = static_cast<std::size_t>(test - 1) * static_cast<std::size_t>(project.MaxMinutes);
+  for (int item = 1; item <= project.ItemCount; ++item) {
+    const Recall& recall = items.At(item, test);
+    if (recall.Item == 0 || items.At(item, 1).Item != 0 || items.At(item, 2).Item != 0) continue;
+    ++cumulative[offset + static_cast<std::size_t>(MinuteInRange(recall, test, project)) - 1];
+  }
+}
+
+}  // namespace
+
+void ScoreMinutes(const RecallLists& lists, const ItemTable& items, const ProjectParameters& project,
+                  ItemScores& scores) {
+  for (int test = 1; test <= lists.TestCount(); ++test) {
+    for (int position = 1; position <= lists.RecallCount(test); ++position) {
+      ++scores.RecallByMin.At(MinuteInRange(lists.At(test, position), test, project), test);
+    }
+  }
+  std::vector<std::int16_t>& cumulative = scores.CumulativeRecall;
+  std::size_t running = 0;
+  std::int16_t total = 0;
+  for (int test = 1; test <= project.TestCount; ++test) {
+    if (test >= 3) CountNewByMinute(items, test, project, cumulative);
+    for (int minute = 1; minute <= project.MaxMinutes; ++minute, ++running) {
+      std::int16_t count = cumulative[running];
+      if (test == 1) count = scores.RecallByMin.At(minute, 1);
+      if (test == 2) count = scores.GainsByMin.At(minute, 2);
+      total = Added(total, count, test);
+      cumulative[running] = total;
+    }
+  }
+}
+
+}  // namespace zova

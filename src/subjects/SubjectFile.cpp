@@ -1,0 +1,177 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The subject file, for V variables, T tests and N items:
+//
+//   "Subject#","<identifier>","n, Item #(recall order), Min(recall order), Rating(recall order)","*"
+//   "<variable name>",<level>                         V lines
+//   <position>,<item>,<minute>,<rating>               T*N lines, test by test; blanks as zeros
+//
+// In a project whose marker is "Old ZOVA" (upper or lower case) the last lines have no rating. The autosave file has,
+// in place of the first line, two: the project file's name and the identifier.
+
+#include "subjects/SubjectFile.h"
+
+#include "text/Encoding.h"
+#include "text/FieldReader.h"
+#include "text/Records.h"
+
+namespace zova {
+
+namespace {
+
+constexpr const char* kAutosaveName = "Temp.txt";
+
+bool HasRatingColumn(const ProjectParameters& project) { return UpperCase(project.FormatMarker) != "OLD ZOVA"; }
+
+void WriteLevelsAndLists(RecordWriter& out, const SubjectRecord& record, const ProjectParameters& project) {
+  constexpr std::size_t kLongestUsualLine = 16;
+  const RecallLists& lists = record.Lists;
+  out.Reserve(1024 + static_cast<std::size_t>(lists.TestCount() * lists.PositionCount()) * kLongestUsualLine);
+  for (std::size_t v = 0; v < static_cast<std::size_t>(project.VariableCount); ++v) {
+    out.Text(project.VariableNames[v]).Number(record.Levels[v]).EndLine();
+  }
+  const bool rated = HasRatingColumn(project);
+  for (int test = 1; test <= lists.TestCount(); ++test) {
+    for (int position = 1; position <= lists.PositionCount(); ++position) {
+      const Recall& recall = lists.At(test, position);
+      out.Number(position).Number(recall.Item).Number(recall.Minute);
+      if (rated) out.Number(recall.Rating);
+      out.EndLine();
+    }
+  }
+}
+
+void ReadLevelsAndLists(FieldReader& reader, const ProjectParameters& project, SubjectRecord& record) {
+  for (std::size_t v = 0; v < static_cast<std::size_t>(project.VariableCount); ++v) {
+    reader.Skip();
+    record.Levels[v] = reader.NextNumber();
+  }
+  const bool rated = HasRatingColumn(project);
+  RecallLists& lists = record.Lists;
+  for (int test = 1; test <= project.TestCount; ++test) {
+    std::int16_t count = 0;
+    for (int position = 1; position <= project.ItemCount; ++position) {
+      Recall& recall = lists.At(test, position);
+      reader.Skip();
+      recall.Item = reader.NextNumber();
+      recall.Minute = reader.NextNumber();
+      if (rated) recall.Rating = reader.NextNumber();
+      if (recall.Item >= 1) ++count;
+    }
+    lists.RecallCount(test) = count;
+  }
+}
+
+// `readStart` reads what stands before the levels.
+template <typename ReadStart>
+void ParseRecord(std::string_view content, const ProjectParameters& project, SubjectRecord& record,
+                 ReadStart&& readStart) {
+  record.Levels.fill(0);
+  ResetLists(record, project);
+  try {
+    FieldReader reader(content);
+    readStart(reader);
+    ReadLevelsAndLists(reader, project, record);
+  } catch (const FieldError&) {
+    record.Levels.fill(0);
+    ResetLists(record, project);
+    throw;
+  }
+}
+
+void RequireDataText(std::string_view bytes) {
+  if (!LooksLikeDataText(bytes)) throw FieldError(FieldFault::EndOfData, 1);
+}
+
+template <typename Parse>
+auto ParsingFile(const std::string& path, Parse&& parse) {
+  try {
+    return parse();
+  } catch (const FieldError& fault) {
+    throw DataFileError(fault, path);
+  }
+}
+
+}  // namespace
+
+void ResetLists(SubjectRecord& record, const ProjectParameters& project) {
+  record.Lists.Reset(project.TestCount, project.ItemCount);
+}
+
+FileError DataFileError(const FieldError& fault, const std::string& path) {
+  const std::string detail = "Line " + std::to_string(fault.Line()) + ": " + fault.what() + ".";
+  if (fault.Fault() == FieldFault::OutOfRange16) {
+    return {FileOperation::Read, path, std::make_error_code(std::errc::result_out_of_range), detail};
+  }
+  return {FileOperation::Read, path, FileCause::EndOfData, detail};
+}
+
+std::string FormatSubject(const SubjectRecord& record, const ProjectParameters& project) {
+  RecordWriter out;
+  out.Text("Subject#").Text(record.SubjectId);
+  out.Text("n, Item #(recall order), Min(recall order), Rating(recall order)").Text("*").EndLine();
+  WriteLevelsAndLists(out, record, project);
+  return out.Take();
+}
+
+void ParseSubject(std::string_view bytes, const ProjectParameters& project, SubjectRecord& record) {
+  RequireDataText(bytes);
+  // Only numbers are taken from the file, so its encoding does not matter.
+  ParseRecord(WithoutMarks(bytes), project, record, [](FieldReader& reader) { reader.SkipLine(); });
+}
+
+void LoadSubjectFile(Disk& disk, const std::string& path, const ProjectParameters& project, SubjectRecord& record) {
+  std::string bytes;
+  disk.Read(path, bytes);
+  ParsingFile(path, [&] { ParseSubject(bytes, project, record); });
+}
+
+std::string FormatAutosave(const SubjectRecord& record, const ProjectParameters& project) {
+  RecordWriter out;
+  out.Text(project.ProjectFileName).EndLine();
+  out.Text(record.SubjectId).EndLine();
+  WriteLevelsAndLists(out, record, project);
+  return out.Take();
+}
+
+std::string ParseAutosaveProject(std::string_view bytes) {
+  RequireDataText(bytes);
+  const DataText text(bytes);
+  return std::string(FieldReader(text.Content()).Next());
+}
+
+void ParseAutosave(std::string_view bytes, const ProjectParameters& project, SubjectRecord& record) {
+  RequireDataText(bytes);
+  const DataText text(bytes);
+  ParseRecord(text.Content(), project, record, [&](FieldReader& reader) {
+    reader.Skip();
+    record.SubjectId = reader.Next();
+  });
+}
+
+void WriteAutosaveFile(Disk& disk, const std::string& paramDir, const SubjectRecord& record,
+                       const ProjectParameters& project) {
+  disk.Write(JoinPath(paramDir, kAutosaveName), FormatAutosave(record, project));
+}
+
+std::string ReadAutosaveProject(Disk& disk, const std::string& paramDir) {
+  const std::string path = JoinPath(paramDir, kAutosaveName);
+  std::string bytes;
+  disk.Read(path, bytes);
+  return ParsingFile(path, [&] { return ParseAutosaveProject(bytes); });
+}
+
+void ReadAutosaveFile(Disk& disk, const std::string& paramDir, const ProjectParameters& project,
+                      SubjectRecord& record) {
+  const std::string path = JoinPath(paramDir, kAutosaveName);
+  std::string bytes;
+  disk.Read(path, bytes);
+  ParsingFile(path, [&] { ParseAutosave(bytes, project, record); });
+}
+
+void DeleteAutosaveFile(Disk& disk, const std::string& paramDir) {
+  const std::string path = JoinPath(paramDir, kAutosaveName);
+  if (disk.FileExists(path)) disk.Delete(path);
+}
+
+}  // namespace zova

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "platform/Disk.h"
+#include "subjects/SubjectRecord.h"
+#include "text/FieldReader.h"
+
+namespace zova {
+
+/// The content of a subject file.
+std::string FormatSubject(const SubjectRecord& record, const ProjectParameters& project);
+
+/// Fills levels, lists and counts from a subject file's content. The identifier is never taken from it, what stands
+/// behind the last field that the project asks for is passed over, and neither header nor positions are checked.
+/// Throws FieldError (EndOfData, OutOfRange16) and then leaves levels 0 and lists blank.
+void ParseSubject(std::string_view bytes, const ProjectParameters& project, SubjectRecord& record);
+
+/// The same from the disk. Throws FileError.
+void LoadSubjectFile(Disk& disk, const std::string& path, const ProjectParameters& project, SubjectRecord& record);
+
+/// The file error that stands for a fault in the data file `path`: the end of the data, or, for a number beyond the
+/// 16-bit range, the system's "out of range"; either names the line.
+FileError DataFileError(const FieldError& fault, const std::string& path);
+
+/// The content of the autosave file: the project file's name, then the subject.
+std::string FormatAutosave(const SubjectRecord& record, const ProjectParameters& project);
+
+/// The project file's name in an autosave file's content. Throws FieldError.
+std::string ParseAutosaveProject(std::string_view bytes);
+
+/// Fills `record` (identifier included) from an autosave file's content. Throws as ParseSubject does.
+void ParseAutosave(std::string_view bytes, const ProjectParameters& project, SubjectRecord& record);
+
+/// The autosave file "Temp.txt" in the Param directory. All throw FileError.
+void WriteAutosaveFile(Disk& disk, const std::string& paramDir, const SubjectRecord& record,
+                       const ProjectParameters& project);
+std::string ReadAutosaveProject(Disk& disk, const std::string& paramDir);
+void ReadAutosaveFile(Disk& disk, const std::string& paramDir, const ProjectParameters& project,
+                      SubjectRecord& record);
+/// Nothing happens when there is none.
+void DeleteAutosaveFile(Disk& disk, const std::string& paramDir);
+
+}  // namespace zova

@@ -1,0 +1,124 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "subjects/SubjectFiles.h"
+
+#include <algorithm>
+
+#include "subjects/SubjectFile.h"
+#include "text/Encoding.h"
+
+namespace zova {
+
+namespace {
+
+constexpr std::string_view kExtension = ".dat";
+
+// `Sdata` and `Unfinished` are made when only they are missing; a missing primary or backup directory is a disk that
+// is not there, and an error.
+void EnsureDirectory(Disk& disk, const std::string& directory) {
+  if (!disk.DirectoryExists(directory)) disk.CreateDirectory(directory);
+}
+
+void WriteCopy(Disk& disk, const std::string& destination, const std::string& fileName, const std::string& content,
+               bool unfinished) {
+  if (!disk.DirectoryExists(destination)) {
+    throw FileError(FileOperation::Write, JoinPath(SubjectDirectory(destination), fileName), FileCause::PathNotFound);
+  }
+  EnsureDirectory(disk, SubjectDirectory(destination));
+  if (unfinished) EnsureDirectory(disk, UnfinishedDirectory(destination));
+  const std::string directory = unfinished ? UnfinishedDirectory(destination) : SubjectDirectory(destination);
+  disk.Write(JoinPath(directory, fileName), content);
+}
+
+// Case counts here, whatever the rules of the file system: "a1" and "A1" are two subjects.
+void DeleteExactly(Disk& disk, const ProjectParameters& project, const std::string& directory,
+                   const std::string& fileName) {
+  const std::vector<std::string> names = ListSubjectFiles(disk, project, directory);
+  if (std::find(names.begin(), names.end(), fileName) != names.end()) disk.Delete(JoinPath(directory, fileName));
+}
+
+void RemoveIfEmpty(Disk& disk, const std::string& directory) {
+  if (disk.IsEmptyDirectory(directory)) disk.RemoveDirectory(directory);
+}
+
+// Each step can be repeated by itself; the backup's come first, so that the primary directory, which tells what is
+// left to do, goes last.
+bool RemoveUnfinishedCopies(Disk& disk, const ProjectParameters& project, const std::string& fileName,
+                            FileErrorHandler& errors, bool& emptied) {
+  const std::string primary = UnfinishedDirectory(project.PrimaryDir);
+  const std::string backup = UnfinishedDirectory(project.BackupDir);
+  const bool hasBackup = !IsNoDirectory(project.BackupDir);
+  bool anyListed = false;
+  if (!WithRetry(errors, [&] { anyListed = !ListSubjectFiles(disk, project, primary).empty(); })) return false;
+  if (!anyListed) return true;
+  if (hasBackup && !WithRetry(errors, [&] { DeleteExactly(disk, project, backup, fileName); })) return false;
+  if (!WithRetry(errors, [&] { DeleteExactly(disk, project, primary, fileName); })) return false;
+  if (!WithRetry(errors, [&] { emptied = disk.IsEmptyDirectory(primary); })) return false;
+  if (!emptied) return true;
+  if (hasBackup && !WithRetry(errors, [&] { RemoveIfEmpty(disk, backup); })) return false;
+  return WithRetry(errors, [&] { RemoveIfEmpty(disk, primary); });
+}
+
+bool WriteCopies(const SubjectRecord& record, const ProjectParameters& project, Disk& disk, FileErrorHandler& errors) {
+  const std::string content = FormatSubject(record, project);
+  const std::string fileName = SubjectFileName(project, record.SubjectId);
+  const bool unfinished = !record.UnfinishedNote.empty();
+  const auto write = [&](const std::string& destination) {
+    return WithRetry(errors, [&] { WriteCopy(disk, destination, fileName, content, unfinished); });
+  };
+  return write(project.PrimaryDir) && (IsNoDirectory(project.BackupDir) || write(project.BackupDir));
+}
+
+}  // namespace
+
+std::string SubjectDirectory(const std::string& directory) { return JoinPath(directory, "Sdata"); }
+std::string UnfinishedDirectory(const std::string& directory) {
+  return JoinPath(SubjectDirectory(directory), "Unfinished");
+}
+
+std::string SubjectFileName(const ProjectParameters& project, std::string_view subjectId) {
+  std::string name = project.Abbreviation;
+  // The first two characters here, the whole marker where identifiers are taken from names: both forms are kept.
+  if (project.FormatMarker.starts_with("VB")) name += " Sub#";
+  name += subjectId;
+  name += kExtension;
+  return name;
+}
+
+std::string SubjectIdFromFileName(const ProjectParameters& project, std::string_view path) {
+  std::string_view name = LastPathComponent(path);
+  name.remove_suffix(std::min(name.size(), kExtension.size()));
+  std::string prefix = project.Abbreviation;
+  if (project.FormatMarker == kCurrentMarker) prefix += " Sub#";
+  if (BeginsIgnoringCase(name, prefix)) name.remove_prefix(prefix.size());
+  return std::string(name);
+}
+
+std::vector<std::string> ListSubjectFiles(Disk& disk, const ProjectParameters& project, const std::string& directory) {
+  return disk.ListFiles(directory, project.Abbreviation, kExtension);
+}
+
+SaveOutcome SaveSubject(SubjectRecord& record, const ProjectParameters& project, const std::string& paramDir,
+                        Disk& disk, MessageBoxes& boxes, Desktop& desktop) {
+  SaveOutcome outcome;
+  FileErrorHandler errors(boxes);
+  const bool complete = record.UnfinishedNote.empty();
+  {
+    const BusyPointer busy(desktop);
+    if (!WriteCopies(record, project, disk, errors)) return outcome;
+    // Only now: until both complete copies stand, the unfinished ones are all there is.
+    if (complete && !RemoveUnfinishedCopies(disk, project, SubjectFileName(project, record.SubjectId), errors,
+                                            outcome.UnfinishedEmptied)) {
+      return outcome;
+    }
+    if (!WithRetry(errors, [&] { DeleteAutosaveFile(disk, paramDir); })) return outcome;
+  }
+  outcome.Saved = true;
+  record.HasUnsavedChanges = false;
+  boxes.Show({.Text = complete ? "Completed subject saved." : "Incomplete subject saved.",
+              .Icon = BoxIcon::Information});
+  if (complete) ResetLists(record, project);
+  return outcome;
+}
+
+}  // namespace zova

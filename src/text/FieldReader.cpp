@@ -1,0 +1,130 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The grammar of every data file:
+//
+//   field     = blanks ( quoted rest | plain ) delimiter
+//   quoted    = '"' any characters but '"' and line ends [ '"' ]     (unclosed: to the end of the line)
+//   rest      = any characters but ',' and line ends                 (dropped)
+//   plain     = any characters but ',' and line ends, without the blanks on its right
+//   delimiter = ',' | CR LF | LF | CR | end of the text
+//   blanks    = ( ' ' | TAB )*
+//
+// CR LF closes one field and opens none. A blank line where a field is due is one empty field. The last field needs
+// no line end, but behind a closing delimiter there must be at least one character for another field to exist.
+
+#include "text/FieldReader.h"
+
+#include "text/LeadingNumber.h"
+
+namespace zova {
+
+namespace {
+
+bool IsBlank(char c) noexcept { return c == ' ' || c == '\t'; }
+bool IsLineEnd(char c) noexcept { return c == '\r' || c == '\n'; }
+bool IsDigit(char c) noexcept { return c >= '0' && c <= '9'; }
+
+const char* FaultText(FieldFault fault) {
+  switch (fault) {
+    case FieldFault::EndOfData: return "input past end of file";
+    case FieldFault::NotNumeric: return "number expected";
+    case FieldFault::OutOfRange16: return "number beyond the 16-bit range";
+    case FieldFault::NegativeCount: return "negative count";
+    case FieldFault::TooMany: return "count above the limit";
+  }
+  return "";
+}
+
+std::size_t LineOf(std::string_view text, std::size_t position) noexcept {
+  std::size_t line = 1;
+  for (std::size_t i = 0; i < position && i < text.size(); ++i) {
+    if (text[i] == '\n' || (text[i] == '\r' && (i + 1 >= text.size() || text[i + 1] != '\n'))) ++line;
+  }
+  return line;
+}
+
+}  // namespace
+
+FieldError::FieldError(FieldFault fault, std::size_t line)
+    : std::runtime_error(FaultText(fault)), m_fault(fault), m_line(line) {}
+
+void FieldReader::Fail(FieldFault fault, std::size_t position) const {
+  throw FieldError(fault, LineOf(m_text, position));
+}
+
+// Stands on the delimiter or at the end of the text.
+void FieldReader::CloseField() {
+  m_lineEnded = true;
+  if (m_position >= m_text.size()) return;
+  const char delimiter = m_text[m_position++];
+  if (delimiter == ',') {
+    m_lineEnded = false;
+  } else if (delimiter == '\r' && m_position < m_text.size() && m_text[m_position] == '\n') {
+    ++m_position;
+  }
+}
+
+std::string_view FieldReader::Next() {
+  const std::size_t size = m_text.size();
+  m_fieldStart = m_position;
+  if (m_position >= size) Fail(FieldFault::EndOfData, size);
+  while (m_position < size && IsBlank(m_text[m_position])) ++m_position;
+  std::size_t begin = m_position;
+  std::size_t end = begin;
+  if (m_position < size && m_text[m_position] == '"') {
+    begin = ++m_position;
+    while (m_position < size && m_text[m_position] != '"' && !IsLineEnd(m_text[m_position])) ++m_position;
+    end = m_position;
+    while (m_position < size && m_text[m_position] != ',' && !IsLineEnd(m_text[m_position])) ++m_position;
+  } else {
+    while (m_position < size && m_text[m_position] != ',' && !IsLineEnd(m_text[m_position])) ++m_position;
+    end = m_position;
+    while (end > begin && IsBlank(m_text[end - 1])) --end;
+  }
+  CloseField();
+  return m_text.substr(begin, end - begin);
+}
+
+std::int16_t FieldReader::NextNumber() {
+  // Nearly every field of a lab's files is a few bare digits; the general way is several times slower.
+  std::size_t position = m_position;
+  const std::size_t size = m_text.size();
+  int value = 0;
+  const std::size_t longest = position + 4;
+  while (position < size && position < longest && IsDigit(m_text[position])) {
+    value = value * 10 + (m_text[position++] - '0');
+  }
+  if (position > m_position && position < size && (m_text[position] == ',' || IsLineEnd(m_text[position]))) {
+    m_fieldStart = m_position;
+    m_position = position;
+    CloseField();
+    return static_cast<std::int16_t>(value);
+  }
+  const std::string_view field = Next();
+  const auto number = LeadingInteger16(field);
+  if (!number) Fail(FieldFault::OutOfRange16, m_fieldStart);
+  return *number;
+}
+
+std::int16_t FieldReader::NextStrictNumber() {
+  const std::string_view field = Next();
+  if (!field.empty() && !HasLeadingNumber(field)) Fail(FieldFault::NotNumeric, m_fieldStart);
+  const auto number = LeadingInteger16(field);
+  if (!number) Fail(FieldFault::OutOfRange16, m_fieldStart);
+  return *number;
+}
+
+std::int16_t FieldReader::NextCount(int limit) {
+  const std::int16_t count = NextStrictNumber();
+  if (count < 0) Fail(FieldFault::NegativeCount, m_fieldStart);
+  if (count > limit) Fail(FieldFault::TooMany, m_fieldStart);
+  return count;
+}
+
+void FieldReader::SkipLine() {
+  if (m_position >= m_text.size()) Fail(FieldFault::EndOfData, m_text.size());
+  while (m_position < m_text.size() && !IsLineEnd(m_text[m_position])) ++m_position;
+  CloseField();
+}
+
+}  // namespace zova

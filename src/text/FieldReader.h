@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <stdexcept>
+#include <string_view>
+
+namespace zova {
+
+/// Why a text could not be read as fields.
+enum class FieldFault {
+  EndOfData,      ///< a field was asked for and no character was left
+  NotNumeric,     ///< a numeric field holds text without a leading number
+  OutOfRange16,   ///< a number beyond the 16-bit signed range
+  NegativeCount,  ///< a count below 0
+  TooMany         ///< a count above what the tables hold
+};
+
+/// A fault in a text, with the 1-based line on which it stands.
+class FieldError : public std::runtime_error {
+ public:
+  FieldError(FieldFault fault, std::size_t line);
+  [[nodiscard]] FieldFault Fault() const noexcept { return m_fault; }
+  [[nodiscard]] std::size_t Line() const noexcept { return m_line; }
+
+ private:
+  FieldFault m_fault;
+  std::size_t m_line;
+};
+
+/// Reads the comma-separated fields of a text as one stream, without allocating: lines do not count, except that
+/// each line end closes a field. The text must outlive the reader, and what it hands out points into it.
+class FieldReader {
+ public:
+  /// `text` as it comes out of `DataText` (no mark, nothing behind the end-of-file byte).
+  explicit FieldReader(std::string_view text) noexcept : m_text(text) {}
+
+  /// The next field without its quotes. Throws FieldError (EndOfData).
+  std::string_view Next();
+  void Skip() { (void)Next(); }
+
+  /// The next field's leading number, rounded to an integer (halves to even); no leading number is 0.
+  /// Throws FieldError (EndOfData, OutOfRange16).
+  std::int16_t NextNumber();
+  /// The same, but only an empty field is 0. Throws FieldError (NotNumeric) for other text without a number.
+  std::int16_t NextStrictNumber();
+  /// The same for a count from 0 to `limit`. Throws FieldError (NegativeCount, TooMany).
+  std::int16_t NextCount(int limit = INT16_MAX);
+
+  /// Goes on behind the end of the line, quotes or not. Throws FieldError (EndOfData) when nothing is left.
+  void SkipLine();
+  /// True when the field read last was closed by a line end or by the end of the text.
+  [[nodiscard]] bool AtLineStart() const noexcept { return m_lineEnded; }
+  [[nodiscard]] bool AtEnd() const noexcept { return m_position >= m_text.size(); }
+
+ private:
+  [[noreturn]] void Fail(FieldFault fault, std::size_t position) const;
+  void CloseField();
+
+  std::string_view m_text;
+  std::size_t m_position = 0;
+  std::size_t m_fieldStart = 0;
+  bool m_lineEnded = true;
+};
+
+}  // namespace zova
