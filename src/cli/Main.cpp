@@ -24,7 +24,9 @@ constexpr int kWrongUsage = 2;
 class MasterCommand {
  public:
   explicit MasterCommand(Arguments arguments)
-      : m_arguments(std::move(arguments)), m_disk(m_layer, DriveMap::FromEnvironment()), m_boxes(IsInteractive()),
+      : m_arguments(std::move(arguments)),
+        m_disk(m_layer, DriveMap::FromEnvironment()),
+        m_boxes(IsInteractive()),
         m_errors(m_boxes) {}
 
   int Run() {

@@ -18,22 +18,37 @@ struct ItemSetNames {
   std::string_view Up, Down, Same;
 };
 
-constexpr ItemSetNames kTrueNames = {
-    "RecallByMin(Test ",     "CumulativeRecall(Min ", "GainsByMin(Test ",        "RatingAvg(Test ",
-    "RateAboveMedian(Test ", "RateBelowMedian(Test ", "RateAtMedian(Test ",      "GainsAboveMedian(Test ",
-    "GainsBelowMedian(Test ", "GainsAtMedian(Test ",  "Up(Test ", "Down(Test ", "Same(Test "};
+constexpr ItemSetNames kTrueNames = {"RecallByMin(Test ",
+                                     "CumulativeRecall(Min ",
+                                     "GainsByMin(Test ",
+                                     "RatingAvg(Test ",
+                                     "RateAboveMedian(Test ",
+                                     "RateBelowMedian(Test ",
+                                     "RateAtMedian(Test ",
+                                     "GainsAboveMedian(Test ",
+                                     "GainsBelowMedian(Test ",
+                                     "GainsAtMedian(Test ",
+                                     "Up(Test ",
+                                     "Down(Test ",
+                                     "Same(Test "};
 
 constexpr ItemSetNames kLureNames = {
-    "FalseByMin(Test ",         "FalseCumulative(Min ",   "LureGainByMin(Test ", "FalseRateAvg(Test ",
-    "FalseAboveMid(Test ",      "FalseBelowMid(Test ",    "FalseAtMid(Test ",    "FalseGainsAboveMid(Test ",
-    "FalseGainsBelowMid(Test ", "FalseGainsAtMid(Test ",  "FalseUp(Test ", "FalseDown(Test ", "FalseSame(Test "};
+    "FalseByMin(Test ",         "FalseCumulative(Min ",  "LureGainByMin(Test ", "FalseRateAvg(Test ",
+    "FalseAboveMid(Test ",      "FalseBelowMid(Test ",   "FalseAtMid(Test ",    "FalseGainsAboveMid(Test ",
+    "FalseGainsBelowMid(Test ", "FalseGainsAtMid(Test ", "FalseUp(Test ",       "FalseDown(Test ",
+    "FalseSame(Test "};
 
 class Walk {
  public:
   Walk(const ProjectParameters& project, const MeasureSelection& selection, MasterKind kind,
        const ScoringArrays& scores, ColumnSink& sink)
-      : m_project(project), m_selection(selection), m_individual(kind == MasterKind::Individual), m_scores(scores),
-        m_sink(sink), m_tests(project.TestCount), m_minutes(project.MaxMinutes) {}
+      : m_project(project),
+        m_selection(selection),
+        m_individual(kind == MasterKind::Individual),
+        m_scores(scores),
+        m_sink(sink),
+        m_tests(project.TestCount),
+        m_minutes(project.MaxMinutes) {}
 
   void All() {
     const ItemScores& items = m_scores.True;
@@ -56,7 +71,9 @@ class Walk {
   [[nodiscard]] bool IsRated(int test) const { return IsTestRated(m_project, test); }
 
   static ColumnName OfTest(std::string_view text, int test) { return {text, test, ")"}; }
-  static ColumnName OfTests(std::string_view text, int earlier, int later) { return {text, earlier, " to ", later, ")"}; }
+  static ColumnName OfTests(std::string_view text, int earlier, int later) {
+    return {text, earlier, " to ", later, ")"};
+  }
   static ColumnName OfMinute(std::string_view text, int test, int minute) { return {text, test, " Min ", minute, ")"}; }
 
   void NetLossesGains() {

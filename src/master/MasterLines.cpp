@@ -48,8 +48,16 @@ class RowSink final : public ColumnSink {
   void Share(const ColumnOrigin&, const ColumnName&, const Ratio& value) override { Add(value.Cut); }
 
  private:
-  template <typename Number>
-  void Add(Number value) {
+  void Add(int value) {
+    if (value >= 0 && value <= 9) {  // most of a row
+      const char text[] = {',', ' ', ' ', static_cast<char>('0' + value)};
+      m_row.append(text, sizeof text);
+    } else {
+      m_row += ", ";
+      AppendSpacedNumber(m_row, value);
+    }
+  }
+  void Add(float value) {
     m_row += ", ";
     AppendSpacedNumber(m_row, value);
   }

@@ -33,8 +33,12 @@ void AddFailure(std::string& list, const char* opening, const std::string& subje
 class MasterWriter {
  public:
   MasterWriter(const ProjectParameters& project, const MasterRequest& request, const RunSurroundings& surroundings)
-      : m_project(project), m_request(request), m_disk(surroundings.Files), m_boxes(surroundings.Boxes),
-        m_bar(surroundings.Bar), m_errors(surroundings.Boxes),
+      : m_project(project),
+        m_request(request),
+        m_disk(surroundings.Files),
+        m_boxes(surroundings.Boxes),
+        m_bar(surroundings.Bar),
+        m_errors(surroundings.Boxes),
         m_destination(ResolveDestination(request.Destination, project, m_disk.Drives())) {
     m_serialCounts.Reset(project.ItemCount, project.TestCount);
   }

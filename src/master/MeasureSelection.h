@@ -15,9 +15,9 @@ inline constexpr std::size_t kMeasureCount = 13;
 
 struct MeasureBox {
   Measure Which;
-  std::string_view Name;     ///< the control's name, "chkBasic"
+  std::string_view Name;  ///< the control's name, "chkBasic"
   std::string_view Caption;
-  std::string_view Frame;    ///< caption of the frame that holds it
+  std::string_view Frame;  ///< caption of the frame that holds it
 };
 
 /// Indexed by Measure.
@@ -29,7 +29,9 @@ class MeasureSelection {
   [[nodiscard]] bool IsEnabled(Measure measure) const noexcept { return m_enabled[Index(measure)]; }
   [[nodiscard]] bool IsChecked(Measure measure) const noexcept { return m_checked[Index(measure)]; }
   /// Nothing happens to a disabled box.
-  void Check(Measure measure, bool checked) noexcept { m_checked[Index(measure)] = checked && m_enabled[Index(measure)]; }
+  void Check(Measure measure, bool checked) noexcept {
+    m_checked[Index(measure)] = checked && m_enabled[Index(measure)];
+  }
 
   /// Everything that the project has data for is enabled and checked.
   void SetDefaultMeasures(const ProjectParameters& project);

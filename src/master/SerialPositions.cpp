@@ -28,9 +28,6 @@ SerialOrder ParseSerialOrder(std::string_view bytes, int itemCount) {
     if (item < 1) throw FieldError(FieldFault::NegativeCount, static_cast<std::size_t>(line));
     order[static_cast<std::size_t>(item) - 1] = reader.NextStrictNumber();
   }
-  while (!reader.AtEnd()) {
-    if (!reader.Next().empty()) throw FieldError(FieldFault::TooMany, static_cast<std::size_t>(itemCount) + 1);
-  }
   return order;
 }
 

@@ -22,8 +22,9 @@ using SerialCounts = TestTable<float>;
 /// The first fault of an order, by item; "" when every position from 1 to the number of items is used once.
 std::string SerialOrderFault(const SerialOrder& order);
 
-/// Reads an order of `itemCount` lines "item,position". An item without a line has position 0. Throws FileError; fewer or
-/// more lines, and items outside 1 to `itemCount`, are no such file (end of data).
+/// Reads an order of `itemCount` lines "item,position"; what follows is passed over, as in every data file. An item
+/// without a line has position 0. Throws FileError; too few lines, and items outside 1 to `itemCount`, are no such file
+/// (end of data).
 SerialOrder ReadSerialOrder(Disk& disk, const std::string& path, int itemCount);
 
 /// Adds the entries of one subject's lists (lure-free in a false-memory project). Blanks have no serial position.

@@ -27,7 +27,8 @@ bool IsTemporary(std::string_view name) noexcept {
 
 fs::path TemporaryBeside(const fs::path& target) {
   std::random_device random;
-  return target.parent_path() / (std::string(kTemporaryPrefix) + std::to_string(random()) + std::string(kTemporarySuffix));
+  return target.parent_path() /
+         (std::string(kTemporaryPrefix) + std::to_string(random()) + std::string(kTemporarySuffix));
 }
 
 bool IsDirectoryMissing(FileLayer& layer, const fs::path& native) {

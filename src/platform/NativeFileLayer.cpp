@@ -142,7 +142,7 @@ std::vector<DirectoryEntry> NativeFileLayer::List(const fs::path& directory) {
   for (fs::directory_iterator entry(directory, code), end; !code && entry != end; entry.increment(code)) {
     std::error_code unreadable;  // an entry that vanished, or a dangling link, is no file
     // The directory itself tells what an entry is; only a link has to be followed.
-    const EntryKind kind = entry->is_symlink(unreadable)    ? KindOf(entry->status(unreadable))
+    const EntryKind kind = entry->is_symlink(unreadable)     ? KindOf(entry->status(unreadable))
                            : entry->is_directory(unreadable) ? EntryKind::Directory
                                                              : EntryKind::File;
     if (kind != EntryKind::Missing) entries.push_back({PathText(entry->path().filename()), kind});

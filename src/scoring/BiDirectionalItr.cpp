@@ -9,6 +9,7 @@
 // earlier pair that holds a blank.
 
 #include <algorithm>
+#include <bit>
 
 #include "scoring/ScoreSubject.h"
 
@@ -21,12 +22,13 @@ namespace {
 class PairTable {
  public:
   PairTable(std::vector<std::uint64_t>& slots, std::size_t pairCount) : m_slots(slots) {
-    std::size_t size = 16;
-    while (size < 2 * pairCount) size *= 2;
+    const std::size_t size = std::bit_ceil(std::max<std::size_t>(16, 2 * pairCount));
     m_slots.assign(size, 0);
+    m_shift = 32 - std::countr_zero(size);
   }
 
   void Add(int first, int second) noexcept {
+    m_hasTwins = m_hasTwins || first == second;
     std::uint64_t& slot = Find(Key(first, second));
     if (slot == 0) slot = static_cast<std::uint64_t>(Key(first, second)) << 32U;
     ++slot;
@@ -36,6 +38,9 @@ class PairTable {
     return static_cast<std::int64_t>(Find(Key(first, second)) & 0xFFFFFFFFU);
   }
 
+  // Pairs of an item with itself, which lists without repeats do not have.
+  [[nodiscard]] std::int64_t CountTwins(int item) noexcept { return m_hasTwins ? Count(item, item) : 0; }
+
  private:
   static std::uint32_t Key(int first, int second) noexcept {
     return (static_cast<std::uint32_t>(std::min(first, second)) << 16U) |
@@ -44,7 +49,7 @@ class PairTable {
 
   std::uint64_t& Find(std::uint32_t key) noexcept {
     const std::size_t mask = m_slots.size() - 1;
-    std::size_t index = (key * 0x9E3779B1U) >> 7U;
+    std::size_t index = (key * 0x9E3779B1U) >> static_cast<unsigned>(m_shift);  // the bits that all of the key reaches
     for (;; ++index) {
       std::uint64_t& slot = m_slots[index & mask];
       if (slot == 0 || slot >> 32U == key) return slot;
@@ -52,6 +57,8 @@ class PairTable {
   }
 
   std::vector<std::uint64_t>& m_slots;
+  int m_shift = 0;
+  bool m_hasTwins = false;
 };
 
 std::int16_t CountRepeatedPairs(const RecallLists& lists, int later, std::vector<std::uint64_t>& pairSlots) {
@@ -66,8 +73,8 @@ std::int16_t CountRepeatedPairs(const RecallLists& lists, int later, std::vector
   for (int position = 1; position < lists.RecallCount(earlier); ++position) {
     const int a = lists.At(earlier, position).Item;
     const int b = lists.At(earlier, position + 1).Item;
-    observed += pairs.Count(a, a);
-    if (a != b) observed += pairs.Count(a, b) + pairs.Count(b, b);
+    observed += pairs.CountTwins(a);
+    if (a != b) observed += pairs.Count(a, b) + pairs.CountTwins(b);
   }
   return Checked16(observed, "the number of repeated pairs", later);
 }

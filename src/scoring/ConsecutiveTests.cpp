@@ -28,25 +28,25 @@ void CountGain(const Recall& gained, int test, bool rated, const ProjectParamete
 RatingChange CompareRatings(const ItemTable& items, int earlier, int later, const ProjectParameters& project) {
   RatingChange change;
   if (!IsTestRated(project, earlier) || !IsTestRated(project, later)) return change;
+  int both = 0;
   int up = 0;
   int down = 0;
-  int same = 0;
-  for (int item = 1; item <= project.ItemCount; ++item) {
+  for (int item = 1; item <= project.ItemCount; ++item) {  // added, not branched on: recall cannot be guessed
     const Recall& before = items.At(item, earlier);
     const Recall& after = items.At(item, later);
-    if (before.Item == 0 || after.Item == 0) continue;
-    ++change.BothRecalled;
-    if (before.Rating < after.Rating) ++up;
-    if (before.Rating > after.Rating) ++down;
-    if (before.Rating == after.Rating) ++same;
+    const bool onBoth = (before.Item != 0) & (after.Item != 0);
+    both += onBoth ? 1 : 0;
+    up += (onBoth & (before.Rating < after.Rating)) ? 1 : 0;
+    down += (onBoth & (before.Rating > after.Rating)) ? 1 : 0;
   }
+  change.BothRecalled = static_cast<std::int16_t>(both);
   const auto share = [&](int count) -> Ratio {
-    if (change.BothRecalled == 0) return {.Gap = ScoreGap::NothingInCommon};
-    return CutRatio(static_cast<float>(count) / static_cast<float>(change.BothRecalled), kTwoDecimals);
+    if (both == 0) return {.Gap = ScoreGap::NothingInCommon};
+    return CutRatio(static_cast<float>(count) / static_cast<float>(both), kTwoDecimals);
   };
   change.Up = share(up);
   change.Down = share(down);
-  change.Same = share(same);
+  change.Same = share(both - up - down);
   return change;
 }
 
@@ -57,12 +57,14 @@ void ScoreConsecutiveTests(const ItemTable& items, const ProjectParameters& proj
   for (int later = 2; later <= tests; ++later) {
     const int earlier = later - 1;
     const bool rated = IsTestRated(project, later);
+    int losses = 0;
     for (int item = 1; item <= project.ItemCount; ++item) {
       const bool before = items.At(item, earlier).Item != 0;
       const Recall& after = items.At(item, later);
-      if (!before && after.Item != 0) CountGain(after, later, rated, project, scores);
-      if (before && after.Item == 0) ++scores.Losses[later];
+      losses += (before & (after.Item == 0)) ? 1 : 0;
+      if (!before & (after.Item != 0)) CountGain(after, later, rated, project, scores);
     }
+    scores.Losses[later] = static_cast<std::int16_t>(losses);
     scores.Changes[later] = CompareRatings(items, earlier, later, project);
   }
   if (tests >= 3) scores.FirstToLast = CompareRatings(items, 1, tests, project);
@@ -72,15 +74,19 @@ void ScoreRatings(const RecallLists& lists, const ProjectParameters& project, It
   for (int test = 1; test <= lists.TestCount(); ++test) {
     const int count = lists.RecallCount(test);
     std::int64_t sum = 0;
+    int below = 0;
+    int above = 0;
     for (int position = 1; position <= count; ++position) {
       const int rating = lists.At(test, position).Rating;
       const int side = SideOfMidpoint(rating, project);
-      if (side < 0) ++scores.RateBelowMid[test];
-      if (side > 0) ++scores.RateAboveMid[test];
-      if (side == 0) ++scores.RateAtMid[test];
+      below += side < 0 ? 1 : 0;  // added, not branched on: ratings cannot be guessed
+      above += side > 0 ? 1 : 0;
       sum = Checked16(sum + rating, "the sum of the ratings", test);
     }
     scores.RatingSum[test] = static_cast<std::int16_t>(sum);
+    scores.RateBelowMid[test] = static_cast<std::int16_t>(below);
+    scores.RateAboveMid[test] = static_cast<std::int16_t>(above);
+    scores.RateAtMid[test] = static_cast<std::int16_t>(count - below - above);
     // Either case of the letter here, exactly "Y" for the columns: both forms are kept.
     const std::string& flag = project.RatedTests[static_cast<std::size_t>(test) - 1];
     if (flag != "Y" && flag != "y") continue;

@@ -8,8 +8,8 @@ namespace {
 
 // What of each category stands in the list, as far as it has been walked.
 struct CategoryWalk {
-  std::int16_t Entries = 0;        // lures aside
-  std::int16_t BeforeLure = 0;     // of those, before the first entry of the lure
+  std::int16_t Entries = 0;     // lures aside
+  std::int16_t BeforeLure = 0;  // of those, before the first entry of the lure
 };
 
 void ScoreTest(const RecallLists& lists, int test, const ProjectParameters& project, LureScores& scores,

@@ -7,13 +7,11 @@
 
 namespace zova {
 
+[[noreturn]] void ThrowMinuteOutOfRange(const Recall& recall, int test, const ProjectParameters& project);
+
 /// The recall's minute. Throws RunError (SubscriptOutOfRange) when it is outside 1 to the project's minutes.
 inline int MinuteInRange(const Recall& recall, int test, const ProjectParameters& project) {
-  if (recall.Minute < 1 || recall.Minute > project.MaxMinutes) {
-    throw RunError(RunFault::SubscriptOutOfRange,
-                   "minute " + std::to_string(recall.Minute) + " of item " + std::to_string(recall.Item) +
-                       " on test " + std::to_string(test) + " is outside 1 to " + std::to_string(project.MaxMinutes));
-  }
+  if (recall.Minute < 1 || recall.Minute > project.MaxMinutes) ThrowMinuteOutOfRange(recall, test, project);
   return recall.Minute;
 }
 

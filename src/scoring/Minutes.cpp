@@ -22,7 +22,8 @@ void CountNewByMinute(const ItemTable& items, int test, const ProjectParameters&
   const std::size_t offset = static_cast<std::size_t>(test - 1) * static_cast<std::size_t>(project.MaxMinutes);
   for (int item = 1; item <= project.ItemCount; ++item) {
     const Recall& recall = items.At(item, test);
-    if (recall.Item == 0 || items.At(item, 1).Item != 0 || items.At(item, 2).Item != 0) continue;
+    const bool isNew = (recall.Item != 0) & (items.At(item, 1).Item == 0) & (items.At(item, 2).Item == 0);
+    if (!isNew) continue;
     ++cumulative[offset + static_cast<std::size_t>(MinuteInRange(recall, test, project)) - 1];
   }
 }

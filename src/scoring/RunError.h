@@ -8,7 +8,7 @@
 namespace zova {
 
 enum class RunFault {
-  Overflow,          ///< a count or product beyond the 16-bit signed range
+  Overflow,            ///< a count or product beyond the 16-bit signed range
   SubscriptOutOfRange  ///< an item or minute outside the project's range
 };
 
@@ -31,12 +31,12 @@ inline const char* RunFaultText(RunFault fault) {
   return "";
 }
 
+/// Throws the RunError (Overflow) of `what` on `test`.
+[[noreturn]] void ThrowOverflow(std::int64_t value, const char* what, int test);
+
 /// `value` as a 16-bit count. Throws RunError (Overflow) naming `what` on `test`.
 inline std::int16_t Checked16(std::int64_t value, const char* what, int test) {
-  if (value < INT16_MIN || value > INT16_MAX) {
-    throw RunError(RunFault::Overflow, std::string(what) + " on test " + std::to_string(test) + " is " +
-                                           std::to_string(value) + ", beyond the 16-bit range");
-  }
+  if (value < INT16_MIN || value > INT16_MAX) ThrowOverflow(value, what, test);
   return static_cast<std::int16_t>(value);
 }
 

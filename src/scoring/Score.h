@@ -7,12 +7,12 @@ namespace zova {
 
 /// Why a ratio has no value. The master writes 0 for all of these.
 enum class ScoreGap {
-  None,              ///< it has one
-  TooFewRecalls,     ///< ARC: fewer than 2 categories or fewer than 3 recalls
-  NoRoom,            ///< ARC: the largest possible clustering is the one expected by chance
-  EmptyList,         ///< ITR: one of the two lists is empty; an average over an empty list
-  NothingInCommon,   ///< rating changes: no item on both tests
-  NotScored          ///< left out: the family overflowed, or the test is not rated
+  None,             ///< it has one
+  TooFewRecalls,    ///< ARC: fewer than 2 categories or fewer than 3 recalls
+  NoRoom,           ///< ARC: the largest possible clustering is the one expected by chance
+  EmptyList,        ///< ITR: one of the two lists is empty; an average over an empty list
+  NothingInCommon,  ///< rating changes: no item on both tests
+  NotScored         ///< left out: the family overflowed, or the test is not rated
 };
 
 /// A ratio as the master shows it, as it was before the cut, and whether it could be computed.

@@ -36,7 +36,8 @@ class TestTable {
 
  private:
   [[nodiscard]] std::size_t Index(int row, int test) const noexcept {
-    return (static_cast<std::size_t>(test) - 1) * static_cast<std::size_t>(m_rowCount) + static_cast<std::size_t>(row) - 1;
+    return (static_cast<std::size_t>(test) - 1) * static_cast<std::size_t>(m_rowCount) + static_cast<std::size_t>(row) -
+           1;
   }
 
   int m_rowCount = 0;

@@ -40,7 +40,9 @@ class RecallLists {
 
   /// Number of positions with an item of 1 or more, as last counted.
   [[nodiscard]] std::int16_t& RecallCount(int test) noexcept { return m_counts[static_cast<std::size_t>(test) - 1]; }
-  [[nodiscard]] std::int16_t RecallCount(int test) const noexcept { return m_counts[static_cast<std::size_t>(test) - 1]; }
+  [[nodiscard]] std::int16_t RecallCount(int test) const noexcept {
+    return m_counts[static_cast<std::size_t>(test) - 1];
+  }
 
   bool operator==(const RecallLists&) const = default;
 

@@ -41,24 +41,39 @@ void WriteLevelsAndLists(RecordWriter& out, const SubjectRecord& record, const P
   }
 }
 
+// `Count` is 4, or 3 where there is no rating.
+template <std::size_t Count>
+Recall ReadPosition(FieldReader& reader) {
+  std::array<std::int16_t, Count> line{};
+  if (!reader.TakePlainLine(line)) {
+    reader.Skip();
+    for (std::size_t field = 1; field < Count; ++field) line[field] = reader.NextNumber();
+  }
+  return {line[1], line[2], Count > 3 ? line[Count - 1] : std::int16_t{0}};
+}
+
+template <std::size_t Count>
+void ReadLists(FieldReader& reader, RecallLists& lists) {
+  for (int test = 1; test <= lists.TestCount(); ++test) {
+    std::int16_t count = 0;
+    Recall* const entries = lists.Test(test);
+    for (int position = 0; position < lists.PositionCount(); ++position) {
+      entries[position] = ReadPosition<Count>(reader);
+      if (entries[position].Item >= 1) ++count;
+    }
+    lists.RecallCount(test) = count;
+  }
+}
+
 void ReadLevelsAndLists(FieldReader& reader, const ProjectParameters& project, SubjectRecord& record) {
   for (std::size_t v = 0; v < static_cast<std::size_t>(project.VariableCount); ++v) {
     reader.Skip();
     record.Levels[v] = reader.NextNumber();
   }
-  const bool rated = HasRatingColumn(project);
-  RecallLists& lists = record.Lists;
-  for (int test = 1; test <= project.TestCount; ++test) {
-    std::int16_t count = 0;
-    for (int position = 1; position <= project.ItemCount; ++position) {
-      Recall& recall = lists.At(test, position);
-      reader.Skip();
-      recall.Item = reader.NextNumber();
-      recall.Minute = reader.NextNumber();
-      if (rated) recall.Rating = reader.NextNumber();
-      if (recall.Item >= 1) ++count;
-    }
-    lists.RecallCount(test) = count;
+  if (HasRatingColumn(project)) {
+    ReadLists<4>(reader, record.Lists);
+  } else {
+    ReadLists<3>(reader, record.Lists);
   }
 }
 

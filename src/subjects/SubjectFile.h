@@ -38,8 +38,7 @@ void ParseAutosave(std::string_view bytes, const ProjectParameters& project, Sub
 void WriteAutosaveFile(Disk& disk, const std::string& paramDir, const SubjectRecord& record,
                        const ProjectParameters& project);
 std::string ReadAutosaveProject(Disk& disk, const std::string& paramDir);
-void ReadAutosaveFile(Disk& disk, const std::string& paramDir, const ProjectParameters& project,
-                      SubjectRecord& record);
+void ReadAutosaveFile(Disk& disk, const std::string& paramDir, const ProjectParameters& project, SubjectRecord& record);
 /// Nothing happens when there is none.
 void DeleteAutosaveFile(Disk& disk, const std::string& paramDir);
 

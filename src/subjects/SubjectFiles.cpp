@@ -115,8 +115,8 @@ SaveOutcome SaveSubject(SubjectRecord& record, const ProjectParameters& project,
   }
   outcome.Saved = true;
   record.HasUnsavedChanges = false;
-  boxes.Show({.Text = complete ? "Completed subject saved." : "Incomplete subject saved.",
-              .Icon = BoxIcon::Information});
+  boxes.Show(
+      {.Text = complete ? "Completed subject saved." : "Incomplete subject saved.", .Icon = BoxIcon::Information});
   if (complete) ResetLists(record, project);
   return outcome;
 }

@@ -12,10 +12,10 @@ namespace zova {
 
 /// One subject: the one being entered, or the one of a run that is being scored.
 struct SubjectRecord {
-  std::string SubjectId;                              ///< 1 to 20 characters
-  std::array<std::int16_t, kMaxVariables> Levels{};   ///< per variable, from index 0: the level's number, from 1
+  std::string SubjectId;                             ///< 1 to 20 characters
+  std::array<std::int16_t, kMaxVariables> Levels{};  ///< per variable, from index 0: the level's number, from 1
   RecallLists Lists;
-  std::string UnfinishedNote;                         ///< not empty while the subject is kept as incomplete
+  std::string UnfinishedNote;  ///< not empty while the subject is kept as incomplete
   bool HasUnsavedChanges = false;
 
   bool operator==(const SubjectRecord&) const = default;

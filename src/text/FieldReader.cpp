@@ -22,7 +22,6 @@ namespace {
 
 bool IsBlank(char c) noexcept { return c == ' ' || c == '\t'; }
 bool IsLineEnd(char c) noexcept { return c == '\r' || c == '\n'; }
-bool IsDigit(char c) noexcept { return c >= '0' && c <= '9'; }
 
 const char* FaultText(FieldFault fault) {
   switch (fault) {
@@ -86,20 +85,6 @@ std::string_view FieldReader::Next() {
 }
 
 std::int16_t FieldReader::NextNumber() {
-  // Nearly every field of a lab's files is a few bare digits; the general way is several times slower.
-  std::size_t position = m_position;
-  const std::size_t size = m_text.size();
-  int value = 0;
-  const std::size_t longest = position + 4;
-  while (position < size && position < longest && IsDigit(m_text[position])) {
-    value = value * 10 + (m_text[position++] - '0');
-  }
-  if (position > m_position && position < size && (m_text[position] == ',' || IsLineEnd(m_text[position]))) {
-    m_fieldStart = m_position;
-    m_position = position;
-    CloseField();
-    return static_cast<std::int16_t>(value);
-  }
   const std::string_view field = Next();
   const auto number = LeadingInteger16(field);
   if (!number) Fail(FieldFault::OutOfRange16, m_fieldStart);

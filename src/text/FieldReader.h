@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <stdexcept>
@@ -50,11 +51,35 @@ class FieldReader {
 
   /// Goes on behind the end of the line, quotes or not. Throws FieldError (EndOfData) when nothing is left.
   void SkipLine();
+
+  /// The next `Count` numbers, when they stand as this program writes them: a line of their own of one to four bare
+  /// digits each, ended by CR LF. Otherwise false with nothing taken, and NextNumber is the way. Nearly every line of a
+  /// lab's files is such a line, and this reads it several times faster.
+  template <std::size_t Count>
+  bool TakePlainLine(std::array<std::int16_t, Count>& numbers) noexcept {
+    constexpr std::size_t kLongest = Count * 5 + 1;
+    if (m_text.size() - m_position < kLongest) return false;
+    const char* next = m_text.data() + m_position;
+    for (std::size_t i = 0; i < Count; ++i) {
+      unsigned value = Digit(*next);
+      if (value > 9) return false;
+      const char* const longest = next + 4;
+      for (++next; next != longest && Digit(*next) <= 9; ++next) value = value * 10 + Digit(*next);
+      if (*next != (i + 1 < Count ? ',' : '\r')) return false;
+      ++next;
+      numbers[i] = static_cast<std::int16_t>(value);
+    }
+    if (*next != '\n') return false;
+    m_position = static_cast<std::size_t>(next + 1 - m_text.data());
+    m_lineEnded = true;
+    return true;
+  }
   /// True when the field read last was closed by a line end or by the end of the text.
   [[nodiscard]] bool AtLineStart() const noexcept { return m_lineEnded; }
   [[nodiscard]] bool AtEnd() const noexcept { return m_position >= m_text.size(); }
 
  private:
+  static unsigned Digit(char c) noexcept { return static_cast<unsigned char>(c) - static_cast<unsigned>('0'); }
   [[noreturn]] void Fail(FieldFault fault, std::size_t position) const;
   void CloseField();
 
