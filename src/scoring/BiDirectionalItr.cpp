@@ -22,7 +22,7 @@ namespace {
 class PairTable {
  public:
   PairTable(std::vector<std::uint64_t>& slots, std::size_t pairCount) : m_slots(slots) {
-    const std::size_t size = std::bit_ceil(std::max<std::size_t>(16, 2 * pairCount));
+    const std::size_t size = std::bit_ceil(std::max<std::size_t>(16, 4 * pairCount));
     m_slots.assign(size, 0);
     m_shift = 32 - std::countr_zero(size);
   }

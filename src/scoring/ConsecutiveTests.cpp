@@ -12,6 +12,11 @@ int SideOfMidpoint(int rating, const ProjectParameters& project) noexcept {
   return 2 * rating - (project.MaxRating + 1);
 }
 
+// Added, not branched on: recall and ratings cannot be guessed.
+void AddIf(bool condition, std::int16_t& count) noexcept {
+  count = static_cast<std::int16_t>(count + (condition ? 1 : 0));
+}
+
 void CountGain(const Recall& gained, int test, bool rated, const ProjectParameters& project, ItemScores& scores) {
   ++scores.Gains[test];
   if (project.MinutesRecorded == 1) {
@@ -19,9 +24,9 @@ void CountGain(const Recall& gained, int test, bool rated, const ProjectParamete
   }
   if (!rated) return;
   const int side = SideOfMidpoint(gained.Rating, project);
-  if (side < 0) ++scores.GainsBelowMid[test];
-  if (side > 0) ++scores.GainsAboveMid[test];
-  if (side == 0) ++scores.GainsAtMid[test];
+  AddIf(side < 0, scores.GainsBelowMid[test]);
+  AddIf(side > 0, scores.GainsAboveMid[test]);
+  AddIf(side == 0, scores.GainsAtMid[test]);
 }
 
 // The share of the items on both tests whose rating rose, fell or stayed; nothing when either test is not rated.
@@ -31,7 +36,7 @@ RatingChange CompareRatings(const ItemTable& items, int earlier, int later, cons
   int both = 0;
   int up = 0;
   int down = 0;
-  for (int item = 1; item <= project.ItemCount; ++item) {  // added, not branched on: recall cannot be guessed
+  for (int item = 1; item <= project.ItemCount; ++item) {
     const Recall& before = items.At(item, earlier);
     const Recall& after = items.At(item, later);
     const bool onBoth = (before.Item != 0) & (after.Item != 0);
@@ -79,7 +84,7 @@ void ScoreRatings(const RecallLists& lists, const ProjectParameters& project, It
     for (int position = 1; position <= count; ++position) {
       const int rating = lists.At(test, position).Rating;
       const int side = SideOfMidpoint(rating, project);
-      below += side < 0 ? 1 : 0;  // added, not branched on: ratings cannot be guessed
+      below += side < 0 ? 1 : 0;
       above += side > 0 ? 1 : 0;
       sum = Checked16(sum + rating, "the sum of the ratings", test);
     }
