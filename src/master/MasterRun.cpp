@@ -30,6 +30,15 @@ void AddFailure(std::string& list, const char* opening, const std::string& subje
   list += subjectId;
 }
 
+// Before anything is written there is nothing to retry.
+void ShowRunStopped(const RunError& error, MessageBoxes& boxes) {
+  boxes.Show({.Text = RunFaultText(error.Fault()),
+              .Icon = BoxIcon::Exclamation,
+              .Buttons = BoxButtons::Cancel,
+              .Default = BoxAnswer::Cancel,
+              .Details = error.what()});
+}
+
 class MasterWriter {
  public:
   MasterWriter(const ProjectParameters& project, const MasterRequest& request, const RunSurroundings& surroundings)
@@ -55,11 +64,7 @@ class MasterWriter {
       m_header = BuildMasterHeader(m_project, m_request.Selection, MasterKind::Individual);
       return true;
     } catch (const RunError& error) {
-      m_boxes.Show({.Text = RunFaultText(error.Fault()),
-                    .Icon = BoxIcon::Exclamation,
-                    .Buttons = BoxButtons::Cancel,
-                    .Default = BoxAnswer::Cancel,
-                    .Details = error.what()});
+      ShowRunStopped(error, m_boxes);
       return false;
     }
   }
@@ -243,12 +248,18 @@ MasterDestination ResolveDestination(const std::string& text, const ProjectParam
 
 std::optional<int> CountSubjectFiles(const ProjectParameters& project, Disk& disk, MessageBoxes& boxes) {
   FileErrorHandler errors(boxes);
-  int count = 0;
-  if (!WithRetry(errors, [&] {
-        count = static_cast<int>(ListSubjectFiles(disk, project, SubjectDirectory(project.PrimaryDir)).size());
-      })) {
+  std::size_t found = 0;
+  if (!WithRetry(errors,
+                 [&] { found = ListSubjectFiles(disk, project, SubjectDirectory(project.PrimaryDir)).size(); })) {
     return std::nullopt;
   }
+  if (found > INT16_MAX) {
+    ShowRunStopped({RunFault::Overflow, "There are " + std::to_string(found) + " subject files; a master can have " +
+                                            std::to_string(INT16_MAX) + "."},
+                   boxes);
+    return std::nullopt;
+  }
+  const int count = static_cast<int>(found);
   if (count == 0) {
     boxes.Show({.Text = "There is no data yet entered for this project.", .Icon = BoxIcon::Exclamation});
   }

@@ -56,7 +56,7 @@ std::string DefaultMasterPath(const ProjectParameters& project);
 MasterDestination ResolveDestination(const std::string& text, const ProjectParameters& project, const DriveMap& drives);
 
 /// The number of the project's subject files; tells the user when there is none. Nothing when the user gave up a
-/// failed listing.
+/// failed listing, or when there are more than a 16-bit count holds.
 std::optional<int> CountSubjectFiles(const ProjectParameters& project, Disk& disk, MessageBoxes& boxes);
 
 /// Writes the individual master: header first, to the destination; then a row per subject file, to the master in the

@@ -12,9 +12,9 @@ void ThrowOverflow(std::int64_t value, const char* what, int test) {
 }
 
 void ThrowMinuteOutOfRange(const Recall& recall, int test, const ProjectParameters& project) {
-  throw RunError(RunFault::SubscriptOutOfRange,
-                 "minute " + std::to_string(recall.Minute) + " of item " + std::to_string(recall.Item) + " on test " +
-                     std::to_string(test) + " is outside 1 to " + std::to_string(project.MaxMinutes));
+  throw RunError(RunFault::SubscriptOutOfRange, "minute " + std::to_string(recall.Minute) + " of item " +
+                                                    std::to_string(recall.Item) + " on test " + std::to_string(test) +
+                                                    " is outside 1 to " + std::to_string(project.MaxMinutes));
 }
 
 }  // namespace zova

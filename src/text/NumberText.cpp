@@ -18,7 +18,8 @@ void AppendReal(std::string& out, Real value, int digits) {
   }
   char buffer[64];
   // The shortest text that names the value is the rounded one wherever it has no more digits than that may have (at
-  // most `digits` and a point and a zero), and several times faster to make; only below a thousandth the two can differ.
+  // most `digits` and a point and a zero), and several times faster to make; only below a thousandth the two can
+  // differ.
   auto result = std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::fixed);
   const auto longest = digits + (value < Real{} ? 1 : 0);
   if (result.ec != std::errc() || result.ptr - buffer > longest || std::abs(value) < Real(0.001)) {
