@@ -11,15 +11,16 @@ namespace {
 
 std::vector<Measure> ParseMeasures(std::string_view list) {
   std::vector<Measure> measures;
-  while (!list.empty()) {
+  if (list.empty()) return measures;
+  for (;;) {
     const std::size_t end = std::min(list.find(','), list.size());
     const std::string_view name = list.substr(0, end);
     const auto measure = MeasureByName(name);
     if (!measure) throw UsageError("unknown measure '" + std::string(name) + "'");
     measures.push_back(*measure);
-    list.remove_prefix(std::min(end + 1, list.size()));
+    if (end == list.size()) return measures;
+    list.remove_prefix(end + 1);
   }
-  return measures;
 }
 
 // An option's value: behind "=" or the next argument.
@@ -65,6 +66,7 @@ Arguments ParseArguments(const std::vector<std::string>& arguments) {
     } else if (const auto names = values.Of(argument, "--measures")) {
       parsed.Measures = ParseMeasures(*names);
     } else if (const auto order = values.Of(argument, "--serial-order")) {
+      if (order->empty()) throw UsageError("option '--serial-order' needs a file");
       parsed.SerialOrderFile = *order;
     } else if (const auto destination = values.Of(argument, "--destination")) {
       parsed.Destination = *destination;

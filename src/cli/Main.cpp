@@ -2,6 +2,7 @@
 //
 // zova-master: a project's masters without a window, for scripts and servers.
 
+#include <algorithm>
 #include <exception>
 #include <filesystem>
 #include <iostream>
@@ -26,26 +27,27 @@ class MasterCommand {
   explicit MasterCommand(Arguments arguments)
       : m_arguments(std::move(arguments)),
         m_disk(m_layer, DriveMap::FromEnvironment()),
-        m_boxes(IsInteractive()),
-        m_errors(m_boxes) {}
+
+        m_errors(m_terminal) {}
 
   int Run() {
     const std::string projectFile = FilePath(m_arguments.ProjectFile);
     if (!WithRetry(m_errors, [&] { m_project = ReadProjectFile(m_disk, projectFile); })) return kStopped;
-    if (!MayOpenProject(m_project, m_boxes)) return kStopped;
+    if (!MayOpenProject(m_project, m_terminal)) return kStopped;
     MasterRequest request;
-    if (!FillRequest(request) || !TellUnfinished()) return kStopped;
-    const MasterRunResult result = CreateWithProgress(request);
+    if (!TellUnfinished() || !FillRequest(request)) return kStopped;
+    const MasterRunResult result = CreateMasters(m_project, request, {m_disk, m_terminal, m_terminal});
     for (const std::filesystem::path& path : result.Written) std::cout << PathText(path) << '\n';
     if (!result.Completed) return kStopped;
-    ShowMasterWarnings(result.Notices, m_boxes);
+    ShowMasterWarnings(result.Notices, m_terminal);
     return kDone;
   }
 
  private:
   // A relative path of the platform starts from the current directory; drive-letter paths stay.
   [[nodiscard]] std::string FilePath(const std::string& text) const {
-    if (m_disk.Drives().ToNative(text)) return m_disk.Drives().ToDrivePath(text);
+    const bool hasDrive = text.size() >= 2 && text[1] == ':';
+    if (hasDrive || m_disk.Drives().ToNative(text)) return m_disk.Drives().ToDrivePath(text);
     return m_disk.Drives().ToDrivePath(PathText(std::filesystem::absolute(PathFromText(text))));
   }
 
@@ -62,7 +64,7 @@ class MasterCommand {
       for (const Measure measure : *m_arguments.Measures) request.Selection.Check(measure, true);
     }
     request.Destination = DestinationText();
-    const auto count = CountSubjectFiles(m_project, m_disk, m_boxes);
+    const auto count = CountSubjectFiles(m_project, m_disk, m_terminal);
     if (count.value_or(0) == 0) return false;
     request.SubjectFileCount = *count;
     return !m_arguments.SerialOrderFile || ReadOrder(request);
@@ -73,7 +75,7 @@ class MasterCommand {
     if (!WithRetry(m_errors, [&] { request.Order = ReadSerialOrder(m_disk, path, m_project.ItemCount); })) return false;
     const std::string fault = SerialOrderFault(*request.Order);
     if (fault.empty()) return true;
-    m_boxes.Show({.Text = fault, .Icon = BoxIcon::Exclamation, .Details = "Reading '" + path + "'"});
+    m_terminal.Show({.Text = fault, .Icon = BoxIcon::Exclamation, .Details = "Reading '" + path + "'"});
     return false;
   }
 
@@ -86,15 +88,10 @@ class MasterCommand {
     });
   }
 
-  MasterRunResult CreateWithProgress(const MasterRequest& request) {
-    TerminalProgress progress(IsInteractive());
-    return CreateMasters(m_project, request, {m_disk, m_boxes, progress});
-  }
-
   Arguments m_arguments;
   NativeFileLayer m_layer;
   Disk m_disk;
-  TerminalBoxes m_boxes;
+  Terminal m_terminal;
   FileErrorHandler m_errors;
   ProjectParameters m_project;
 };
@@ -122,9 +119,12 @@ int RunCommand(const std::vector<std::string>& texts) {
 
 int main(int argc, char** argv) {
   try {
-    return zova::RunCommand({argv + 1, argv + argc});
+    const int result = zova::RunCommand({argv + std::min(argc, 1), argv + argc});
+    std::cout.flush();
+    if (std::cout) return result;
+    std::cerr << "zova-master: standard output cannot be written\n";
   } catch (const std::exception& error) {  // memory ran out, or a fault of ours: never a silent end
     std::cerr << "zova-master: " << error.what() << '\n';
-    return 1;
   }
+  return 1;
 }

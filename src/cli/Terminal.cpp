@@ -35,33 +35,35 @@ bool AskRetry() {
 
 }  // namespace
 
-bool IsInteractive() { return IsTerminal(stdin) && IsTerminal(stderr); }
+Terminal::Terminal() : m_isTerminal(IsTerminal(stderr)), m_canAsk(m_isTerminal && IsTerminal(stdin)) {}
 
-BoxAnswer TerminalBoxes::Show(const MessageBox& box) {
+BoxAnswer Terminal::Show(const MessageBox& box) {
+  EndProgressLine();
   std::cerr << box.Text << '\n';
   if (!box.Details.empty()) std::cerr << box.Details << '\n';
   switch (box.Buttons) {
     case BoxButtons::Ok: return BoxAnswer::Ok;
     case BoxButtons::YesNo: return BoxAnswer::No;
-    case BoxButtons::RetryCancel: return m_interactive && AskRetry() ? BoxAnswer::Retry : BoxAnswer::Cancel;
+    case BoxButtons::RetryCancel: return m_canAsk && AskRetry() ? BoxAnswer::Retry : BoxAnswer::Cancel;
     case BoxButtons::YesNoCancel:
     case BoxButtons::Cancel: break;
   }
   return BoxAnswer::Cancel;
 }
 
-TerminalProgress::~TerminalProgress() {
-  if (m_lineOpen) std::cerr << '\n';
-}
-
-void TerminalProgress::Show(int percent, const std::string& text) {
-  if (!m_interactive) return;
+void Terminal::Show(int percent, const std::string& text) {
+  if (!m_isTerminal) return;
   const auto now = std::chrono::steady_clock::now();
   if (percent < 100 && now - m_lastShown < std::chrono::milliseconds(50)) return;
   m_lastShown = now;
   std::cerr << '\r' << text << std::flush;
-  m_lineOpen = percent < 100;
-  if (!m_lineOpen) std::cerr << '\n';
+  m_lineOpen = true;
+  if (percent >= 100) EndProgressLine();
+}
+
+void Terminal::EndProgressLine() {
+  if (m_lineOpen) std::cerr << '\n';
+  m_lineOpen = false;
 }
 
 }  // namespace zova

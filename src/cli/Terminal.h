@@ -9,29 +9,20 @@
 
 namespace zova {
 
-/// True when a person can be asked: standard input and standard error are a terminal.
-bool IsInteractive();
-
-/// Messages as lines on standard error. Retry/Cancel is asked on a terminal; elsewhere every answer is the one that
-/// does nothing further (Cancel, No, OK).
-class TerminalBoxes final : public MessageBoxes {
+/// Messages as lines on standard error, and the progress of a run as one line there that is written over. Retry/Cancel
+/// is asked when a person can answer (standard input and error are a terminal); elsewhere every answer is the one that
+/// does nothing further (Cancel, No, OK). Progress is shown only on a terminal.
+class Terminal final : public MessageBoxes, public Progress {
  public:
-  explicit TerminalBoxes(bool interactive) : m_interactive(interactive) {}
+  Terminal();
   BoxAnswer Show(const MessageBox& box) override;
-
- private:
-  bool m_interactive;
-};
-
-/// One line on standard error, written over at each step, and only on a terminal.
-class TerminalProgress final : public Progress {
- public:
-  explicit TerminalProgress(bool interactive) : m_interactive(interactive) {}
-  ~TerminalProgress() override;
   void Show(int percent, const std::string& text) override;
 
  private:
-  bool m_interactive;
+  void EndProgressLine();
+
+  bool m_isTerminal;
+  bool m_canAsk;
   bool m_lineOpen = false;
   std::chrono::steady_clock::time_point m_lastShown{};
 };

@@ -26,8 +26,9 @@ void BuildMasterRow(std::string_view subjectId, const std::array<std::int16_t, k
                     const ProjectParameters& project, const MeasureSelection& selection, const ScoringArrays& scores,
                     std::string& row);
 
-/// The pieces of a line of a master with `columnCount` columns: 256 columns, then 255 each, the last takes the rest.
-/// Cut at the commas, which belong to no piece. The views point into `line`.
+/// The pieces of a line of a master with `columnCount` columns: 256 columns, then 255 each, the last takes the rest
+/// (an uneven division that is kept). Cut at the commas, which belong to no piece; a line with fewer has empty pieces
+/// at its end. The views point into `line`.
 std::vector<std::string_view> SplitWideMaster(std::string_view line, int columnCount);
 
 /// A master of more columns is also written in pieces.

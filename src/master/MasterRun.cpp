@@ -14,6 +14,7 @@
 #include "scoring/ScoreSubject.h"
 #include "subjects/SubjectFile.h"
 #include "subjects/SubjectFiles.h"
+#include "text/Encoding.h"
 
 namespace zova {
 
@@ -53,8 +54,8 @@ class MasterWriter {
   }
 
   MasterRunResult Run() {
-    m_result.Completed =
-        BuildHeader() && ListFiles() && WriteHeaders() && WriteRows() && (!m_request.Order || WriteSerialPositions());
+    m_result.Completed = BuildHeader() && ListFiles() && WriteHeaders() && WriteRows() && CloseRowFiles() &&
+                         (!m_request.Order || WriteSerialPositions());
     return std::move(m_result);
   }
 
@@ -81,9 +82,22 @@ class MasterWriter {
 
   bool WriteWhole(const std::string& path, const std::string& content) {
     return WithRetry(m_errors, [&] {
+      RefuseDataFile(path);
       m_disk.Write(path, content, Disk::Durability::Buffered);
       NoteWritten(m_disk.Resolve(path, FileOperation::Write));
     });
+  }
+
+  // A destination is taken as it stands, but a master never replaces what it is made from.
+  void RefuseDataFile(const std::string& path) {
+    const std::filesystem::path native = m_disk.Resolve(path, FileOperation::Write);
+    const std::string name = PathText(native.filename());
+    const bool isSubject =
+        native.parent_path() == m_nativeSubjects && std::find(m_names.begin(), m_names.end(), name) != m_names.end();
+    if (isSubject || (EndsIgnoringCase(name, ".prm") && m_disk.FileExists(path))) {
+      throw FileError(FileOperation::Write, path, std::make_error_code(std::errc::file_exists),
+                      "A master cannot take the place of a project's own file.");
+    }
   }
 
   void NoteWritten(const std::filesystem::path& native) {
@@ -146,6 +160,7 @@ class MasterWriter {
   void ReadAndScore(int k) {
     const std::string directory = SubjectDirectory(m_project.PrimaryDir);
     const auto index = static_cast<std::size_t>(k) - 1;
+    if (index >= m_names.size()) TakeNewNames();
     if (index >= m_names.size()) {  // files went while the screen was open
       throw FileError(FileOperation::Read, JoinPath(directory, ""),
                       std::make_error_code(std::errc::no_such_file_or_directory));
@@ -161,14 +176,23 @@ class MasterWriter {
     BuildMasterRow(CurrentSubjectId(k), m_record.Levels, m_project, m_request.Selection, m_scores, m_row);
   }
 
+  // After a Retry the missing files may be back; those already read are not read again.
+  void TakeNewNames() {
+    for (std::string& name : ListSubjectFiles(m_disk, m_project, SubjectDirectory(m_project.PrimaryDir))) {
+      if (std::find(m_names.begin(), m_names.end(), name) == m_names.end()) m_names.push_back(std::move(name));
+    }
+  }
+
   bool WriteRow() {
     if (m_rowFiles.empty() && !OpenRowFiles()) return false;
     if (!AppendLine(m_rowFiles.front(), m_row)) return false;
-    if (!IsWide()) return true;
-    std::size_t piece = 0;
-    for (const std::string_view text : SplitWideMaster(m_row, m_header.MasterColumnCount)) {
-      if (!AppendLine(m_rowFiles[++piece], text)) return false;
+    if (IsWide()) {
+      std::size_t piece = 0;
+      for (const std::string_view text : SplitWideMaster(m_row, m_header.MasterColumnCount)) {
+        if (!AppendLine(m_rowFiles[++piece], text)) return false;
+      }
     }
+    m_anyRow = true;
     return true;
   }
 
@@ -188,8 +212,14 @@ class MasterWriter {
     m_line.assign(text);
     m_line += kLineEnd;
     if (!WithRetry(m_errors, [&] { file.Append(m_line); })) return false;
-    NoteWritten(file.Native());
+    if (!m_anyRow) NoteWritten(file.Native());
     return true;
+  }
+
+  // Some file systems tell only now that a row did not get through.
+  bool CloseRowFiles() {
+    return std::all_of(m_rowFiles.begin(), m_rowFiles.end(),
+                       [&](AppendFile& file) { return WithRetry(m_errors, [&] { file.Close(); }); });
   }
 
   void ShowProgress(int k) {
@@ -201,7 +231,7 @@ class MasterWriter {
   }
 
   bool WriteSerialPositions() {
-    return WriteWhole(JoinPath(m_destination.Directory, m_project.Abbreviation + " Serial Position Master.txt"),
+    return WriteWhole(m_destination.Directory + m_project.Abbreviation + " Serial Position Master.txt",
                       FormatSerialPositionMaster(m_serialCounts, m_project.TestCount, m_request.SubjectFileCount));
   }
 
@@ -218,6 +248,7 @@ class MasterWriter {
   std::vector<std::string> m_names;
   std::filesystem::path m_nativeSubjects;
   std::vector<AppendFile> m_rowFiles;
+  bool m_anyRow = false;
   SubjectRecord m_record;
   ScoringArrays m_scores;
   SerialCounts m_serialCounts;
@@ -243,16 +274,20 @@ MasterDestination ResolveDestination(const std::string& text, const ProjectParam
   } else if (path.find_first_of("\\/") == std::string::npos) {
     path = JoinPath(project.PrimaryDir, path);
   }
-  return {path, std::string(DirectoryOfPath(path))};
+  return {path, path.substr(0, path.size() - LastPathComponent(path).size())};
 }
 
 std::optional<int> CountSubjectFiles(const ProjectParameters& project, Disk& disk, MessageBoxes& boxes) {
   FileErrorHandler errors(boxes);
   std::size_t found = 0;
-  if (!WithRetry(errors,
-                 [&] { found = ListSubjectFiles(disk, project, SubjectDirectory(project.PrimaryDir)).size(); })) {
-    return std::nullopt;
-  }
+  const bool listed = WithRetry(errors, [&] {
+    // A disk that is not there is no empty project; only its `Sdata` may be missing.
+    if (!IsNoDirectory(project.PrimaryDir) && !disk.DirectoryExists(project.PrimaryDir)) {
+      throw FileError(FileOperation::List, SubjectDirectory(project.PrimaryDir), FileCause::PathNotFound);
+    }
+    found = ListSubjectFiles(disk, project, SubjectDirectory(project.PrimaryDir)).size();
+  });
+  if (!listed) return std::nullopt;
   if (found > INT16_MAX) {
     ShowRunStopped({RunFault::Overflow, "There are " + std::to_string(found) + " subject files; a master can have " +
                                             std::to_string(INT16_MAX) + "."},

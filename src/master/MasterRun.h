@@ -18,7 +18,9 @@ namespace zova {
 /// What a run is asked for; fixed when it starts.
 struct MasterRequest {
   MeasureSelection Selection;
-  int SubjectFileCount = 0;          ///< number of subject files when the master was asked for
+  /// Number of subject files when the master was asked for. With fewer at the start, the run stops with a file error
+  /// after the last; additional ones are not read.
+  int SubjectFileCount = 0;
   std::string Destination;           ///< content of the destination box
   std::optional<SerialOrder> Order;  ///< asks for the serial-position master; every position once
 };
@@ -45,7 +47,7 @@ struct RunSurroundings {
 /// Where a master's header and the masters beside it go.
 struct MasterDestination {
   std::string HeaderPath;
-  std::string Directory;  ///< without the name's backslash
+  std::string Directory;  ///< up to and including the last separator; "" never
 };
 
 /// The path of the individual master in the primary directory: the destination box's first content.

@@ -24,8 +24,7 @@ SerialOrder ParseSerialOrder(std::string_view bytes, int itemCount) {
   FieldReader reader(text.Content());
   SerialOrder order(static_cast<std::size_t>(itemCount), 0);
   for (int line = 1; line <= itemCount; ++line) {
-    const int item = reader.NextCount(itemCount);
-    if (item < 1) throw FieldError(FieldFault::NegativeCount, static_cast<std::size_t>(line));
+    const int item = reader.NextCount(itemCount, 1);
     order[static_cast<std::size_t>(item) - 1] = reader.NextStrictNumber();
   }
   return order;

@@ -156,7 +156,12 @@ void Disk::Write(std::string_view path, std::string_view content, Durability dur
 
 void Disk::RemoveLeftovers(const fs::path& directory) {
   for (const DirectoryEntry& entry : m_layer.List(directory)) {
-    if (entry.Kind == EntryKind::File && IsTemporary(entry.Name)) m_layer.Remove(directory / PathFromText(entry.Name));
+    if (entry.Kind != EntryKind::File || !IsTemporary(entry.Name)) continue;
+    try {
+      m_layer.Remove(directory / PathFromText(entry.Name));
+    } catch (const std::system_error&) {
+      // Another user's, perhaps: no reason to refuse a save.
+    }
   }
 }
 
@@ -258,6 +263,16 @@ void AppendFile::Append(std::string_view bytes) {
     } catch (const std::system_error&) {
       // Still due: the next attempt begins with it.
     }
+    ThrowFileError(m_layer, FileOperation::Append, m_path, m_native, error.code());
+  }
+}
+
+void AppendFile::Close() {
+  if (!m_file) return;
+  try {
+    m_file->Close();
+    m_file.reset();
+  } catch (const std::system_error& error) {
     ThrowFileError(m_layer, FileOperation::Append, m_path, m_native, error.code());
   }
 }

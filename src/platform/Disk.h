@@ -23,6 +23,8 @@ class AppendFile {
   AppendFile(FileLayer& layer, std::string path, std::filesystem::path native);
   /// Adds `bytes` whole or not at all: what a failed call left behind is cut off again. Throws FileError.
   void Append(std::string_view bytes);
+  /// Tells of faults that only closing shows; the next Append would open the file again. Throws FileError.
+  void Close();
   [[nodiscard]] const std::string& Path() const noexcept { return m_path; }
   [[nodiscard]] const std::filesystem::path& Native() const noexcept { return m_native; }
 

@@ -35,22 +35,22 @@ class FileLayer {
   virtual ~FileLayer() = default;
 
   virtual EntryKind Kind(const std::filesystem::path& path) = 0;
-  /// True for an existing file that nobody may write.
+  /// True for an existing file that nobody may write, or that this user may not.
   virtual bool IsReadOnly(const std::filesystem::path& path) = 0;
-  /// Links resolved; a path that does not exist stays.
+  /// The file that a link, or a chain of links, stands for, also when there is none yet; other paths stay.
   virtual std::filesystem::path RealPath(const std::filesystem::path& path) = 0;
   virtual std::uintmax_t Size(const std::filesystem::path& path) = 0;
   /// Replaces `content` by the file's bytes; fails with std::errc::file_too_large above `limit`.
   virtual void Read(const std::filesystem::path& path, std::string& content, std::uintmax_t limit) = 0;
-  /// In no particular order, without "." and "..".
+  /// Files and directories, links to them included, in no particular order.
   virtual std::vector<DirectoryEntry> List(const std::filesystem::path& directory) = 0;
   /// `Create` fails when the file exists; `Append` makes it when it does not.
   virtual std::unique_ptr<OutputFile> Create(const std::filesystem::path& path) = 0;
   virtual std::unique_ptr<OutputFile> Append(const std::filesystem::path& path) = 0;
   virtual void Truncate(const std::filesystem::path& path, std::uintmax_t size) = 0;
-  /// Gives `to` the permissions of `from`.
+  /// Gives `to` the permissions and, where the user may, the group of `from`.
   virtual void CopyPermissions(const std::filesystem::path& from, const std::filesystem::path& to) = 0;
-  /// Replaces `to` in one step.
+  /// Replaces `to` in one step; a link is replaced, not followed, here and in Remove.
   virtual void Rename(const std::filesystem::path& from, const std::filesystem::path& to) = 0;
   /// The entries of a directory are on the disk itself when this returns.
   virtual void FlushDirectory(const std::filesystem::path& directory) = 0;

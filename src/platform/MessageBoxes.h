@@ -19,6 +19,7 @@ struct MessageBox {
   std::string Details = {};  ///< secondary text
 };
 
+/// While a box is up the pointer is the normal one, however busy the program is.
 class MessageBoxes {
  public:
   virtual ~MessageBoxes() = default;

@@ -103,14 +103,24 @@ bool NativeFileLayer::IsReadOnly(const fs::path& path) {
   std::error_code code;
   const fs::file_status status = fs::status(path, code);
   constexpr fs::perms kAnyWrite = fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
-  return fs::exists(status) && (status.permissions() & kAnyWrite) == fs::perms::none;
+  if (!fs::exists(status)) return false;
+  if ((status.permissions() & kAnyWrite) == fs::perms::none) return true;  // the system's administrator too is told
+#ifdef _WIN32
+  return false;
+#else
+  return access(path.c_str(), W_OK) != 0;
+#endif
 }
 
 fs::path NativeFileLayer::RealPath(const fs::path& path) {
+  constexpr int kMostLinks = 40;  // a ring of links ends, as it does for the system
   std::error_code code;
-  if (!fs::is_symlink(path, code)) return path;
-  fs::path real = fs::weakly_canonical(path, code);
-  return code ? path : real;
+  fs::path real = path;
+  for (int link = 0; link < kMostLinks && fs::is_symlink(real, code); ++link) {
+    real = real.parent_path() / fs::read_symlink(real, code);
+    if (code) return path;
+  }
+  return real;
 }
 
 std::uintmax_t NativeFileLayer::Size(const fs::path& path) {
@@ -141,10 +151,14 @@ std::vector<DirectoryEntry> NativeFileLayer::List(const fs::path& directory) {
   std::vector<DirectoryEntry> entries;
   for (fs::directory_iterator entry(directory, code), end; !code && entry != end; entry.increment(code)) {
     std::error_code unreadable;  // an entry that vanished, or a dangling link, is no file
-    // The directory itself tells what an entry is; only a link has to be followed.
-    const EntryKind kind = entry->is_symlink(unreadable)     ? KindOf(entry->status(unreadable))
-                           : entry->is_directory(unreadable) ? EntryKind::Directory
-                                                             : EntryKind::File;
+    // The directory itself tells what an entry is; only a link has to be followed. Pipes and devices are no files.
+    const fs::file_type type = entry->is_symlink(unreadable)        ? entry->status(unreadable).type()
+                               : entry->is_directory(unreadable)    ? fs::file_type::directory
+                               : entry->is_regular_file(unreadable) ? fs::file_type::regular
+                                                                    : fs::file_type::none;
+    const EntryKind kind = type == fs::file_type::directory ? EntryKind::Directory
+                           : type == fs::file_type::regular ? EntryKind::File
+                                                            : EntryKind::Missing;
     if (kind != EntryKind::Missing) entries.push_back({PathText(entry->path().filename()), kind});
   }
   Check(code);
@@ -166,6 +180,11 @@ void NativeFileLayer::Truncate(const fs::path& path, std::uintmax_t size) {
 }
 
 void NativeFileLayer::CopyPermissions(const fs::path& from, const fs::path& to) {
+#ifndef _WIN32
+  struct stat owner = {};
+  // The group too, where the user may: colleagues who shared the old file share the new one.
+  if (stat(from.c_str(), &owner) == 0 && chown(to.c_str(), static_cast<uid_t>(-1), owner.st_gid) != 0) errno = 0;
+#endif
   std::error_code code;
   const fs::perms permissions = fs::status(from, code).permissions();
   Check(code);

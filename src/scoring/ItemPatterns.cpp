@@ -6,12 +6,11 @@
 
 namespace zova {
 
-void CountPatterns(const ItemTable& items, const ItemTable& lures, const ProjectParameters& project,
+void CountPatterns(const ItemTable& items, const ItemTable* lures, const ProjectParameters& project,
                    PatternCounts& patterns) {
-  const bool haveLures = lures.RowCount() > 0;
   for (int item = 1; item <= project.ItemCount; ++item) {
-    const bool isLure = haveLures && IsLure(item, project);
-    const ItemTable& table = isLure ? lures : items;
+    const bool isLure = lures != nullptr && IsLure(item, project);
+    const ItemTable& table = isLure ? *lures : items;
     std::size_t pattern = 0;
     for (int test = 1; test <= project.TestCount; ++test) {
       pattern = pattern * 2 + (table.At(item, test).Item != 0 ? 1U : 0U);

@@ -7,6 +7,7 @@
 
 namespace zova {
 
+/// Throws the RunError (SubscriptOutOfRange) of a minute that is none of the project's.
 [[noreturn]] void ThrowMinuteOutOfRange(const Recall& recall, int test, const ProjectParameters& project);
 
 /// The recall's minute. Throws RunError (SubscriptOutOfRange) when it is outside 1 to the project's minutes.

@@ -83,7 +83,7 @@ void ScoreSubject(const RecallLists& lists, const ProjectParameters& project, co
 
   if (project.TestCount > 1) {
     ScoreConsecutiveTests(scores.TrueItems, project, scores.True);
-    CountPatterns(scores.TrueItems, falseMemory ? scores.LureItems : ItemTable(), project, scores.Patterns);
+    CountPatterns(scores.TrueItems, falseMemory ? &scores.LureItems : nullptr, project, scores.Patterns);
     RunFamily(
         shown.Has(ScoreFamily::Itr),
         [&] { ScoreItr(trueLists, scores.True.Gains, project, scores.Itr, scores.PairSlots); },

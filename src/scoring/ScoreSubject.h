@@ -60,8 +60,8 @@ void ScoreCategories(const RecallLists& lists, const ProjectParameters& project,
 /// Bi-directional inter-test repetition (after Bousfield & Bousfield 1966). `gains` are those of the same lists.
 void ScoreItr(const RecallLists& lists, const PerTest<std::int16_t>& gains, const ProjectParameters& project,
               ItrScores& scores, std::vector<std::uint64_t>& pairSlots);
-/// `lures` is empty where no lures are told apart.
-void CountPatterns(const ItemTable& items, const ItemTable& lures, const ProjectParameters& project,
+/// `lures` is null where no lures are told apart.
+void CountPatterns(const ItemTable& items, const ItemTable* lures, const ProjectParameters& project,
                    PatternCounts& patterns);
 /// `lists` with the lures in their places.
 void ScoreWhichLures(const RecallLists& lists, const ProjectParameters& project, LureScores& scores);

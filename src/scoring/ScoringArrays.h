@@ -10,7 +10,7 @@
 
 namespace zova {
 
-/// One value per test; tests count from 1.
+/// One value per test; tests count from 1, and others may not be asked for.
 template <typename Value>
 class PerTest {
  public:
@@ -75,29 +75,29 @@ struct ItemScores {
   PerTest<std::int16_t> RateAboveMid;
   PerTest<std::int16_t> RateBelowMid;
   PerTest<std::int16_t> RateAtMid;
-  PerTest<std::int16_t> RatingSum;
-  PerTest<Ratio> RatingAvg;
+  PerTest<std::int16_t> RatingSum;  ///< up to 32,767, else an overflow
+  PerTest<Ratio> RatingAvg;         ///< ratings of the scale, cut to two decimals; tests flagged "Y" only
 };
 
 /// How recall is organised by the categories of the list, per test.
 struct CategoryScores {
   PerTest<std::int16_t> CatsUsed;
   TestTable<std::int16_t> CatsByMin;  ///< row: minute in which a category's first item came
-  PerTest<std::int16_t> CatRepeats;
-  PerTest<std::int16_t> SumSquares;
-  PerTest<std::int16_t> MaxRepeats;
-  PerTest<float> ExpectedRepeats;
-  PerTest<Ratio> ArcScore;
-  PerTest<Ratio> ItemsPerCat;
+  PerTest<std::int16_t> CatRepeats;   ///< neighbours of one category (R)
+  PerTest<std::int16_t> SumSquares;   ///< of the entries per category; up to 32,767, else an overflow
+  PerTest<std::int16_t> MaxRepeats;   ///< list length less categories used
+  PerTest<float> ExpectedRepeats;     ///< by chance: SumSquares / list length - 1
+  PerTest<Ratio> ArcScore;            ///< adjusted ratio of clustering, 1 at most, cut to three decimals
+  PerTest<Ratio> ItemsPerCat;         ///< entries per category used, cut to two decimals
   bool AnyArcFailed = false;
 };
 
 /// Bi-directional inter-test repetition of test t-1 on test t, at t.
 struct ItrScores {
-  PerTest<std::int16_t> ItrObserved;
-  PerTest<std::int16_t> ItrCommon;
-  PerTest<float> ItrExpected;
-  PerTest<Ratio> BiItr;
+  PerTest<std::int16_t> ItrObserved;  ///< pairs of neighbours found again, in either order
+  PerTest<std::int16_t> ItrCommon;    ///< c: list length less gains
+  PerTest<float> ItrExpected;         ///< by chance: 2c(c-1) / product of the two list lengths
+  PerTest<Ratio> BiItr;               ///< pairs: observed less expected, cut to three decimals
   bool AnyItrFailed = false;
 };
 

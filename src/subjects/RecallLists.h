@@ -16,7 +16,7 @@ struct Recall {
 };
 
 /// A subject's recall lists: per test the entries in the order of recall, padded with blanks to as many positions as
-/// the study list has items. Tests and positions count from 1.
+/// the study list has items. Tests and positions count from 1; what is beyond them may not be asked for.
 class RecallLists {
  public:
   RecallLists() = default;

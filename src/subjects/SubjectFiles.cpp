@@ -90,6 +90,7 @@ std::string SubjectIdFromFileName(const ProjectParameters& project, std::string_
   name.remove_suffix(std::min(name.size(), kExtension.size()));
   std::string prefix = project.Abbreviation;
   if (project.FormatMarker == kCurrentMarker) prefix += " Sub#";
+  // "Exp.dat" in a project "Exp" of the oldest layout has an empty identifier; it is listed, so it is scored.
   if (BeginsIgnoringCase(name, prefix)) name.remove_prefix(prefix.size());
   return std::string(name);
 }

@@ -30,8 +30,8 @@ std::vector<std::string> ListSubjectFiles(Disk& disk, const ProjectParameters& p
 
 /// What a save did.
 struct SaveOutcome {
-  bool Saved = false;              ///< false: the user gave up a failed step, and nothing of the record has changed
-  bool UnfinishedEmptied = false;  ///< the project's last unfinished subject was completed
+  bool Saved = false;  ///< false: the user gave up a failed step. The record is as it was; copies already written stay
+  bool UnfinishedEmptied = false;  ///< the directory of unfinished subjects holds no file any more, and went
 };
 
 /// Writes the subject to the primary and backup directories: as incomplete when its note is not empty, else as

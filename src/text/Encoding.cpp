@@ -63,7 +63,7 @@ void AppendUtf8(std::string& out, char32_t point) {
   }
 }
 
-// The small Latin-1 letters are A3 (agrave) to BE (thorn) behind C3, the division sign aside; sharp s (C3 9F) and
+// The small Latin-1 letters are A0 (agrave) to BE (thorn) behind C3, the division sign aside; sharp s (C3 9F) and
 // y with diaeresis (C3 BF) have no capital in Latin-1.
 bool IsSmallLatin1(std::uint8_t second) noexcept { return second >= 0xA0 && second <= 0xBE && second != 0xB7; }
 

@@ -28,8 +28,8 @@ const char* FaultText(FieldFault fault) {
     case FieldFault::EndOfData: return "input past end of file";
     case FieldFault::NotNumeric: return "number expected";
     case FieldFault::OutOfRange16: return "number beyond the 16-bit range";
-    case FieldFault::NegativeCount: return "negative count";
-    case FieldFault::TooMany: return "count above the limit";
+    case FieldFault::NegativeCount: return "number too small";
+    case FieldFault::TooMany: return "number too large";
   }
   return "";
 }
@@ -99,9 +99,9 @@ std::int16_t FieldReader::NextStrictNumber() {
   return *number;
 }
 
-std::int16_t FieldReader::NextCount(int limit) {
+std::int16_t FieldReader::NextCount(int limit, int least) {
   const std::int16_t count = NextStrictNumber();
-  if (count < 0) Fail(FieldFault::NegativeCount, m_fieldStart);
+  if (count < least) Fail(FieldFault::NegativeCount, m_fieldStart);
   if (count > limit) Fail(FieldFault::TooMany, m_fieldStart);
   return count;
 }

@@ -14,8 +14,8 @@ enum class FieldFault {
   EndOfData,      ///< a field was asked for and no character was left
   NotNumeric,     ///< a numeric field holds text without a leading number
   OutOfRange16,   ///< a number beyond the 16-bit signed range
-  NegativeCount,  ///< a count below 0
-  TooMany         ///< a count above what the tables hold
+  NegativeCount,  ///< a number below what it may be
+  TooMany         ///< a number above what the tables hold
 };
 
 /// A fault in a text, with the 1-based line on which it stands.
@@ -46,8 +46,8 @@ class FieldReader {
   std::int16_t NextNumber();
   /// The same, but only an empty field is 0. Throws FieldError (NotNumeric) for other text without a number.
   std::int16_t NextStrictNumber();
-  /// The same for a count from 0 to `limit`. Throws FieldError (NegativeCount, TooMany).
-  std::int16_t NextCount(int limit = INT16_MAX);
+  /// The same for a count from `least` to `limit`. Throws FieldError (NegativeCount, TooMany).
+  std::int16_t NextCount(int limit = INT16_MAX, int least = 0);
 
   /// Goes on behind the end of the line, quotes or not. Throws FieldError (EndOfData) when nothing is left.
   void SkipLine();
