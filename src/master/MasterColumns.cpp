@@ -114,8 +114,8 @@ class Walk {
 
   void Patterns(Measure box, std::string_view name, const std::vector<std::int16_t>& counts) {
     std::string letters(static_cast<std::size_t>(m_tests), 'N');
-    for (std::size_t pattern = 0; pattern < counts.size(); ++pattern) {
-      m_sink.Count({box, ScoreFamily::Patterns}, {name, -1, letters, -1, ")"}, counts[pattern]);
+    for (const std::int16_t count : counts) {
+      m_sink.Count({box, ScoreFamily::Patterns}, {name, -1, letters, -1, ")"}, count);
       // on to the next number: the Cs at the end become Ns, and the N before them a C
       std::size_t digit = letters.size();
       while (digit > 0 && letters[digit - 1] == 'C') letters[--digit] = 'N';

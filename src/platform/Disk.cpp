@@ -69,15 +69,15 @@ auto Disk::Guarded(FileOperation operation, std::string_view path, const fs::pat
 }
 
 fs::path Disk::ResolveBelow(fs::path base, const fs::path& rest) {
-  for (auto part = rest.begin(); part != rest.end(); ++part) {
-    const fs::path exact = base / *part;
+  for (const fs::path& part : rest) {
+    const fs::path exact = base / part;
     if (m_layer.Kind(exact) == EntryKind::Missing && m_layer.Kind(base) == EntryKind::Directory) {
-      const std::string wanted = PathText(*part);
+      const std::string wanted = PathText(part);
       std::string best;
       for (const DirectoryEntry& entry : m_layer.List(base)) {
         if (EqualsIgnoringCase(entry.Name, wanted) && (best.empty() || entry.Name < best)) best = entry.Name;
       }
-      base /= best.empty() ? *part : PathFromText(best);
+      base /= best.empty() ? part : PathFromText(best);
     } else {
       base = exact;
     }
