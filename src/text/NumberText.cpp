@@ -4,6 +4,7 @@
 
 #include <charconv>
 #include <cmath>
+#include <cstdlib>
 #include <string_view>
 
 namespace zova {
@@ -17,14 +18,7 @@ void AppendReal(std::string& out, Real value, int digits) {
     return;
   }
   char buffer[64];
-  // The shortest text that names the value is the rounded one wherever it has no more digits than that may have (at
-  // most `digits` and a point and a zero), and several times faster to make; only below a thousandth the two can
-  // differ.
-  auto result = std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::fixed);
-  const auto longest = digits + (value < Real{} ? 1 : 0);
-  if (result.ec != std::errc() || result.ptr - buffer > longest || std::abs(value) < Real(0.001)) {
-    result = std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::general, digits);
-  }
+  const auto result = std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::general, digits);
   std::string_view text(buffer, static_cast<std::size_t>(result.ptr - buffer));
   if (text.front() == '-') {
     out += '-';
@@ -32,6 +26,23 @@ void AppendReal(std::string& out, Real value, int digits) {
   }
   if (text.size() > 1 && text[0] == '0' && text[1] == '.') text.remove_prefix(1);
   out += text;
+}
+
+// Cut values are whole thousandths. Where one is the single nearest to so many thousandths, below a thousand, its seven
+// digits are those of that number, and writing an integer is several times faster. False for all other values.
+bool AppendThousandths(std::string& out, float value) {
+  if (!(std::abs(value) < 1000.0F)) return false;
+  const int thousandths = static_cast<int>(std::lround(value * 1000.0F));
+  if (thousandths == 0 || static_cast<float>(thousandths) / 1000.0F != value) return false;
+  if (thousandths < 0) out += '-';
+  const int size = std::abs(thousandths);
+  if (size >= 1000) AppendNumber(out, size / 1000);
+  const int fraction = size % 1000;
+  if (fraction == 0) return true;
+  const char text[] = {'.', static_cast<char>('0' + fraction / 100), static_cast<char>('0' + fraction / 10 % 10),
+                       static_cast<char>('0' + fraction % 10)};
+  out.append(text, fraction % 100 == 0 ? 2 : fraction % 10 == 0 ? 3 : 4);
+  return true;
 }
 
 }  // namespace
@@ -42,7 +53,10 @@ void AppendNumber(std::string& out, int value) {
   out.append(buffer, result.ptr);
 }
 
-void AppendNumber(std::string& out, float value) { AppendReal(out, value, 7); }
+void AppendNumber(std::string& out, float value) {
+  if (!AppendThousandths(out, value)) AppendReal(out, value, 7);
+}
+
 void AppendNumber(std::string& out, double value) { AppendReal(out, value, 15); }
 
 }  // namespace zova
