@@ -12,37 +12,47 @@ int SideOfMidpoint(int rating, const ProjectParameters& project) noexcept {
   return 2 * rating - (project.MaxRating + 1);
 }
 
-// Added, not branched on: recall and ratings cannot be guessed.
-void AddIf(bool condition, std::int16_t& count) noexcept {
-  count = static_cast<std::int16_t>(count + (condition ? 1 : 0));
-}
-
-void CountGain(const Recall& gained, int test, bool rated, const ProjectParameters& project, ItemScores& scores) {
-  ++scores.Gains[test];
-  if (project.MinutesRecorded == 1) {
-    ++scores.GainsByMin.At(MinuteInRange(gained, test, project), test);
+// What came and went from one test to the next. Counts are added, not branched on: recall and ratings cannot be
+// guessed.
+void ScorePair(const ItemTable& items, int later, const ProjectParameters& project, ItemScores& scores) {
+  const Recall* const before = items.Test(later - 1);
+  const Recall* const after = items.Test(later);
+  int gains = 0;
+  int losses = 0;
+  int above = 0;
+  int below = 0;
+  for (int i = 0; i < items.RowCount(); ++i) {
+    losses += ((before[i].Item != 0) & (after[i].Item == 0)) ? 1 : 0;
+    const bool gained = (before[i].Item == 0) & (after[i].Item != 0);
+    if (!gained) continue;
+    ++gains;
+    if (project.MinutesRecorded == 1) ++scores.GainsByMin.At(MinuteInRange(after[i], later, project), later);
+    const int side = SideOfMidpoint(after[i].Rating, project);
+    above += side > 0 ? 1 : 0;
+    below += side < 0 ? 1 : 0;
   }
-  if (!rated) return;
-  const int side = SideOfMidpoint(gained.Rating, project);
-  AddIf(side < 0, scores.GainsBelowMid[test]);
-  AddIf(side > 0, scores.GainsAboveMid[test]);
-  AddIf(side == 0, scores.GainsAtMid[test]);
+  scores.Gains[later] = static_cast<std::int16_t>(gains);
+  scores.Losses[later] = static_cast<std::int16_t>(losses);
+  if (!IsTestRated(project, later)) return;
+  scores.GainsAboveMid[later] = static_cast<std::int16_t>(above);
+  scores.GainsBelowMid[later] = static_cast<std::int16_t>(below);
+  scores.GainsAtMid[later] = static_cast<std::int16_t>(gains - above - below);
 }
 
 // The share of the items on both tests whose rating rose, fell or stayed; nothing when either test is not rated.
 RatingChange CompareRatings(const ItemTable& items, int earlier, int later, const ProjectParameters& project) {
   RatingChange change;
   if (!IsTestRated(project, earlier) || !IsTestRated(project, later)) return change;
+  const Recall* const before = items.Test(earlier);
+  const Recall* const after = items.Test(later);
   int both = 0;
   int up = 0;
   int down = 0;
-  for (int item = 1; item <= project.ItemCount; ++item) {
-    const Recall& before = items.At(item, earlier);
-    const Recall& after = items.At(item, later);
-    const bool onBoth = (before.Item != 0) & (after.Item != 0);
+  for (int i = 0; i < items.RowCount(); ++i) {
+    const bool onBoth = (before[i].Item != 0) & (after[i].Item != 0);
     both += onBoth ? 1 : 0;
-    up += (onBoth & (before.Rating < after.Rating)) ? 1 : 0;
-    down += (onBoth & (before.Rating > after.Rating)) ? 1 : 0;
+    up += (onBoth & (before[i].Rating < after[i].Rating)) ? 1 : 0;
+    down += (onBoth & (before[i].Rating > after[i].Rating)) ? 1 : 0;
   }
   change.BothRecalled = static_cast<std::int16_t>(both);
   const auto share = [&](int count) -> Ratio {
@@ -60,17 +70,8 @@ RatingChange CompareRatings(const ItemTable& items, int earlier, int later, cons
 void ScoreConsecutiveTests(const ItemTable& items, const ProjectParameters& project, ItemScores& scores) {
   const int tests = project.TestCount;
   for (int later = 2; later <= tests; ++later) {
-    const int earlier = later - 1;
-    const bool rated = IsTestRated(project, later);
-    int losses = 0;
-    for (int item = 1; item <= project.ItemCount; ++item) {
-      const bool before = items.At(item, earlier).Item != 0;
-      const Recall& after = items.At(item, later);
-      losses += (before & (after.Item == 0)) ? 1 : 0;
-      if (!before & (after.Item != 0)) CountGain(after, later, rated, project, scores);
-    }
-    scores.Losses[later] = static_cast<std::int16_t>(losses);
-    scores.Changes[later] = CompareRatings(items, earlier, later, project);
+    ScorePair(items, later, project, scores);
+    scores.Changes[later] = CompareRatings(items, later - 1, later, project);
   }
   if (tests >= 3) scores.FirstToLast = CompareRatings(items, 1, tests, project);
 }

@@ -31,6 +31,8 @@ class TestTable {
     m_values.assign(static_cast<std::size_t>(rowCount) * static_cast<std::size_t>(testCount), Value{});
   }
   [[nodiscard]] int RowCount() const noexcept { return m_rowCount; }
+  /// The test's first row; the others follow it.
+  [[nodiscard]] const Value* Test(int test) const noexcept { return m_values.data() + Index(1, test); }
   Value& At(int row, int test) noexcept { return m_values[Index(row, test)]; }
   const Value& At(int row, int test) const noexcept { return m_values[Index(row, test)]; }
 
