@@ -10,6 +10,7 @@
 #include <algorithm>
 
 #include "master/MasterLines.h"
+#include "platform/DataFileError.h"
 #include "platform/FileErrorHandler.h"
 #include "scoring/ScoreSubject.h"
 #include "subjects/SubjectFile.h"
@@ -167,11 +168,7 @@ class MasterWriter {
     }
     const std::string path = JoinPath(directory, m_names[index]);
     m_disk.ReadNative(m_nativeSubjects / PathFromText(m_names[index]), path, m_bytes);
-    try {
-      ParseSubject(m_bytes, m_project, m_record);
-    } catch (const FieldError& fault) {
-      throw DataFileError(fault, path);
-    }
+    ParsingFile(path, [&] { ParseSubject(m_bytes, m_project, m_record); });
     ScoreSubject(m_record.Lists, m_project, m_header.Families, m_scores);
     BuildMasterRow(CurrentSubjectId(k), m_record.Levels, m_project, m_request.Selection, m_scores, m_row);
   }

@@ -8,8 +8,8 @@
 
 #include "master/SerialPositions.h"
 
+#include "platform/DataFileError.h"
 #include "scoring/Score.h"
-#include "subjects/SubjectFile.h"
 #include "text/Encoding.h"
 #include "text/FieldReader.h"
 #include "text/NumberText.h"
@@ -71,11 +71,7 @@ std::string SerialOrderFault(const SerialOrder& order) {
 SerialOrder ReadSerialOrder(Disk& disk, const std::string& path, int itemCount) {
   std::string bytes;
   disk.Read(path, bytes);
-  try {
-    return ParseSerialOrder(bytes, itemCount);
-  } catch (const FieldError& fault) {
-    throw DataFileError(fault, path);
-  }
+  return ParsingFile(path, [&] { return ParseSerialOrder(bytes, itemCount); });
 }
 
 void AccumulateSerialPositions(const RecallLists& lists, const SerialOrder& order, SerialCounts& counts) {

@@ -18,6 +18,7 @@
 // Then, in all layouts, when there are variables: a line per variable with its level count; per variable its name and
 // its levels' names, a line each. Then, not in the oldest layout, when ratings are kept: a line "Y" or "N" per test.
 
+#include "platform/DataFileError.h"
 #include "project/ProjectFile.h"
 #include "text/Encoding.h"
 #include "text/FieldReader.h"
@@ -135,11 +136,6 @@ void ReadOldest(FieldReader reader, ProjectParameters& project) {
   project.FormatMarker = kOldestMarker;
 }
 
-FileError ErrorInFile(const FieldError& fault, const std::string& path) {
-  const std::string detail = "Line " + std::to_string(fault.Line()) + ": " + fault.what() + ".";
-  return {FileOperation::Read, path, FileCause::EndOfData, detail};
-}
-
 }  // namespace
 
 ProjectParameters ParseProject(std::string_view bytes, std::string_view path) {
@@ -165,11 +161,7 @@ ProjectParameters ParseProject(std::string_view bytes, std::string_view path) {
 ProjectParameters ReadProjectFile(Disk& disk, const std::string& path) {
   std::string bytes;
   disk.Read(path, bytes);
-  try {
-    return ParseProject(bytes, path);
-  } catch (const FieldError& fault) {
-    throw ErrorInFile(fault, path);
-  }
+  return ParsingFile(path, [&] { return ParseProject(bytes, path); });
 }
 
 }  // namespace zova

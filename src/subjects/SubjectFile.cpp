@@ -11,6 +11,7 @@
 
 #include "subjects/SubjectFile.h"
 
+#include "platform/DataFileError.h"
 #include "text/Encoding.h"
 #include "text/FieldReader.h"
 #include "text/Records.h"
@@ -98,27 +99,10 @@ void RequireDataText(std::string_view bytes) {
   if (!LooksLikeDataText(bytes)) throw FieldError(FieldFault::EndOfData, 1);
 }
 
-template <typename Parse>
-auto ParsingFile(const std::string& path, Parse&& parse) {
-  try {
-    return parse();
-  } catch (const FieldError& fault) {
-    throw DataFileError(fault, path);
-  }
-}
-
 }  // namespace
 
 void ResetLists(SubjectRecord& record, const ProjectParameters& project) {
   record.Lists.Reset(project.TestCount, project.ItemCount);
-}
-
-FileError DataFileError(const FieldError& fault, const std::string& path) {
-  const std::string detail = "Line " + std::to_string(fault.Line()) + ": " + fault.what() + ".";
-  if (fault.Fault() == FieldFault::OutOfRange16) {
-    return {FileOperation::Read, path, std::make_error_code(std::errc::result_out_of_range), detail};
-  }
-  return {FileOperation::Read, path, FileCause::EndOfData, detail};
 }
 
 std::string FormatSubject(const SubjectRecord& record, const ProjectParameters& project) {

@@ -21,10 +21,6 @@ void ParseSubject(std::string_view bytes, const ProjectParameters& project, Subj
 /// The same from the disk. Throws FileError.
 void LoadSubjectFile(Disk& disk, const std::string& path, const ProjectParameters& project, SubjectRecord& record);
 
-/// The file error that stands for a fault in the data file `path`: the end of the data, or, for a number beyond the
-/// 16-bit range, the system's "out of range"; either names the line.
-FileError DataFileError(const FieldError& fault, const std::string& path);
-
 /// The content of the autosave file: the project file's name, then the subject.
 std::string FormatAutosave(const SubjectRecord& record, const ProjectParameters& project);
 
