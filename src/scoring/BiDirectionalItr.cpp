@@ -3,7 +3,8 @@
 // Observed repetitions: each pair of neighbours (a, b) of the earlier test is held against each pair (c, d) of the
 // later one; it counts when both c and d are among a and b. For a pair of two different items that is {a, b} in either
 // order, and also (a, a) and (b, b). Counting the later pairs once, whatever their order, answers this for every
-// earlier pair without walking the later list again.
+// earlier pair without walking the later list again; and a later list without repeats, the usual one, needs not even
+// that.
 //
 // The last entry of the later list makes a pair with the position behind it, which counts as 0: it meets only an
 // earlier pair that holds a blank.
@@ -28,7 +29,6 @@ class PairTable {
   }
 
   void Add(int first, int second) noexcept {
-    m_hasTwins = m_hasTwins || first == second;
     std::uint64_t& slot = Find(Key(first, second));
     if (slot == 0) slot = static_cast<std::uint64_t>(Key(first, second)) << 32U;
     ++slot;
@@ -37,9 +37,6 @@ class PairTable {
   [[nodiscard]] std::int64_t Count(int first, int second) noexcept {
     return static_cast<std::int64_t>(Find(Key(first, second)) & 0xFFFFFFFFU);
   }
-
-  // Pairs of an item with itself, which lists without repeats do not have.
-  [[nodiscard]] std::int64_t CountTwins(int item) noexcept { return m_hasTwins ? Count(item, item) : 0; }
 
  private:
   static std::uint32_t Key(int first, int second) noexcept {
@@ -58,10 +55,35 @@ class PairTable {
 
   std::vector<std::uint64_t>& m_slots;
   int m_shift = 0;
-  bool m_hasTwins = false;
 };
 
-std::int16_t CountRepeatedPairs(const RecallLists& lists, int later, std::vector<std::uint64_t>& pairSlots) {
+// Where the items of the later list stand, from 2; 0 for those that do not. The blank behind the list stands behind its
+// last entry. False when an item stands twice or a blank inside, so that one place does not tell all.
+bool FindPlaces(const RecallLists& lists, int test, int itemCount, std::vector<std::int32_t>& places) {
+  places.assign(static_cast<std::size_t>(itemCount) + 1, 0);
+  const int count = lists.RecallCount(test);
+  places[0] = count + 2;
+  std::int32_t taken = 0;
+  for (int position = 1; position <= count; ++position) {
+    std::int32_t& place = places[static_cast<std::size_t>(lists.At(test, position).Item)];
+    taken |= place;
+    place = position + 1;
+  }
+  return taken == 0;
+}
+
+// Every item at one place: a pair of neighbours found again has places that differ by one.
+std::int64_t CountByPlaces(const RecallLists& lists, int earlier, const std::vector<std::int32_t>& places) {
+  std::int64_t observed = 0;
+  for (int position = 1; position < lists.RecallCount(earlier); ++position) {
+    const std::int32_t a = places[static_cast<std::size_t>(lists.At(earlier, position).Item)];
+    const std::int32_t b = places[static_cast<std::size_t>(lists.At(earlier, position + 1).Item)];
+    observed += ((a - b == 1) | (b - a == 1)) ? 1 : 0;
+  }
+  return observed;
+}
+
+std::int64_t CountByPairs(const RecallLists& lists, int later, std::vector<std::uint64_t>& pairSlots) {
   const int earlier = later - 1;
   const int laterCount = lists.RecallCount(later);
   PairTable pairs(pairSlots, static_cast<std::size_t>(laterCount));
@@ -73,20 +95,23 @@ std::int16_t CountRepeatedPairs(const RecallLists& lists, int later, std::vector
   for (int position = 1; position < lists.RecallCount(earlier); ++position) {
     const int a = lists.At(earlier, position).Item;
     const int b = lists.At(earlier, position + 1).Item;
-    observed += pairs.CountTwins(a);
-    if (a != b) observed += pairs.Count(a, b) + pairs.CountTwins(b);
+    observed += pairs.Count(a, a);
+    if (a != b) observed += pairs.Count(a, b) + pairs.Count(b, b);
   }
-  return Checked16(observed, "the number of repeated pairs", later);
+  return observed;
 }
 
 }  // namespace
 
 void ScoreItr(const RecallLists& lists, const PerTest<std::int16_t>& gains, const ProjectParameters& project,
-              ItrScores& scores, std::vector<std::uint64_t>& pairSlots) {
+              ItrScores& scores, ItrWork& work) {
   for (int test = 2; test <= project.TestCount; ++test) {
     const std::int64_t count = lists.RecallCount(test);
     const std::int64_t countBefore = lists.RecallCount(test - 1);
-    scores.ItrObserved[test] = CountRepeatedPairs(lists, test, pairSlots);
+    const std::int64_t observed = FindPlaces(lists, test, project.ItemCount, work.ItemPlaces)
+                                      ? CountByPlaces(lists, test - 1, work.ItemPlaces)
+                                      : CountByPairs(lists, test, work.PairSlots);
+    scores.ItrObserved[test] = Checked16(observed, "the number of repeated pairs", test);
     const std::int64_t common = count - gains[test];
     scores.ItrCommon[test] = static_cast<std::int16_t>(common);
     const bool failed = count < 1 || countBefore < 1;

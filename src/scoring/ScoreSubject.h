@@ -59,7 +59,7 @@ void ScoreCategories(const RecallLists& lists, const ProjectParameters& project,
                      std::vector<std::int16_t>& categoryCounts);
 /// Bi-directional inter-test repetition (after Bousfield & Bousfield 1966). `gains` are those of the same lists.
 void ScoreItr(const RecallLists& lists, const PerTest<std::int16_t>& gains, const ProjectParameters& project,
-              ItrScores& scores, std::vector<std::uint64_t>& pairSlots);
+              ItrScores& scores, ItrWork& work);
 /// `lures` is null where no lures are told apart.
 void CountPatterns(const ItemTable& items, const ItemTable* lures, const ProjectParameters& project,
                    PatternCounts& patterns);

@@ -103,6 +103,12 @@ struct ItrScores {
   bool AnyItrFailed = false;
 };
 
+/// Working space of inter-test repetition.
+struct ItrWork {
+  std::vector<std::int32_t> ItemPlaces;
+  std::vector<std::uint64_t> PairSlots;
+};
+
 /// Items by their pattern of recall over the tests, from index 0 (never recalled) to 2^T - 1 (on every test).
 struct PatternCounts {
   std::vector<std::int16_t> ItemsWithPattern;
@@ -132,7 +138,7 @@ struct ScoringArrays {
 
   /// Working space of single families.
   std::vector<std::int16_t> CategoryCounts;
-  std::vector<std::uint64_t> PairSlots;
+  ItrWork Places;
 };
 
 /// Everything 0 and in the shape of the project.
