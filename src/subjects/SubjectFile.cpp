@@ -78,13 +78,18 @@ void ReadLevelsAndLists(FieldReader& reader, const ProjectParameters& project, S
   }
 }
 
-// `readStart` reads what stands before the levels.
+void RequireDataText(std::string_view bytes) {
+  if (!LooksLikeDataText(bytes)) throw FieldError(FieldFault::EndOfData, 1);
+}
+
+// `bytes` as they stand in the file, `content` what they hold; `readStart` reads what stands before the levels.
 template <typename ReadStart>
-void ParseRecord(std::string_view content, const ProjectParameters& project, SubjectRecord& record,
-                 ReadStart&& readStart) {
+void ParseRecord(std::string_view bytes, std::string_view content, const ProjectParameters& project,
+                 SubjectRecord& record, ReadStart&& readStart) {
   record.Levels.fill(0);
   ResetLists(record, project);
   try {
+    RequireDataText(bytes);
     FieldReader reader(content);
     readStart(reader);
     ReadLevelsAndLists(reader, project, record);
@@ -93,10 +98,6 @@ void ParseRecord(std::string_view content, const ProjectParameters& project, Sub
     ResetLists(record, project);
     throw;
   }
-}
-
-void RequireDataText(std::string_view bytes) {
-  if (!LooksLikeDataText(bytes)) throw FieldError(FieldFault::EndOfData, 1);
 }
 
 }  // namespace
@@ -114,9 +115,8 @@ std::string FormatSubject(const SubjectRecord& record, const ProjectParameters& 
 }
 
 void ParseSubject(std::string_view bytes, const ProjectParameters& project, SubjectRecord& record) {
-  RequireDataText(bytes);
   // Only numbers are taken from the file, so its encoding does not matter.
-  ParseRecord(WithoutMarks(bytes), project, record, [](FieldReader& reader) { reader.SkipLine(); });
+  ParseRecord(bytes, WithoutMarks(bytes), project, record, [](FieldReader& reader) { reader.SkipLine(); });
 }
 
 void LoadSubjectFile(Disk& disk, const std::string& path, const ProjectParameters& project, SubjectRecord& record) {
@@ -140,9 +140,8 @@ std::string ParseAutosaveProject(std::string_view bytes) {
 }
 
 void ParseAutosave(std::string_view bytes, const ProjectParameters& project, SubjectRecord& record) {
-  RequireDataText(bytes);
   const DataText text(bytes);
-  ParseRecord(text.Content(), project, record, [&](FieldReader& reader) {
+  ParseRecord(bytes, text.Content(), project, record, [&](FieldReader& reader) {
     reader.Skip();
     record.SubjectId = reader.Next();
   });
