@@ -1,0 +1,275 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "master/MasterRun.h"
+
+#include <functional>
+#include <set>
+
+#include "scoring/Examples.h"
+#include "subjects/SubjectFile.h"
+#include "support/FailingFileLayer.h"
+#include "support/Scratch.h"
+#include "support/ScriptedBoxes.h"
+
+namespace zova::testing {
+namespace {
+
+constexpr const char* kMaster = "C:\\Data\\AB Master.txt";
+constexpr const char* kSerialMaster = "C:\\Data\\AB Serial Position Master.txt";
+
+struct RecordingBar final : Progress {
+  void Show(int percent, const std::string& text) override {
+    Percents += std::to_string(percent) + " ";
+    EXPECT_EQ(text, "The master is " + std::to_string(percent) + "% Complete.");
+  }
+  std::string Percents;
+};
+
+// Answers everything that is asked in one way.
+struct AnsweringBoxes final : MessageBoxes {
+  explicit AnsweringBoxes(std::function<BoxAnswer()> answer) : Answer(std::move(answer)) {}
+  BoxAnswer Show(const MessageBox&) override { return ++Shown, Answer(); }
+  std::function<BoxAnswer()> Answer;
+  int Shown = 0;
+};
+
+// A project's data on a scratch disk.
+struct Lab {
+  explicit Lab(const Shape& shape) : Project(MakeProject(shape)) {
+    Project.Abbreviation = "AB";
+    Project.PrimaryDir = "C:\\Data";
+    Files.MakeDirectory("D:\\Out");
+    Request.Selection.SetDefaultMeasures(Project);
+  }
+  void Put(const std::string& name, const std::string& lists) {
+    SubjectRecord record;
+    record.Levels.fill(2);
+    record.Lists = MakeLists(Project, lists);
+    Files.Put("C:\\Data\\Sdata\\" + name, FormatSubject(record, Project));
+    ++Request.SubjectFileCount;
+  }
+  MasterRunResult Run(MessageBoxes& boxes) { return Run(boxes, Files.Layer()); }
+  MasterRunResult Run(MessageBoxes& boxes, FileLayer& layer) {
+    Disk disk(layer, Files.Drives());
+    return CreateMasters(Project, Request, {disk, boxes, Bar});
+  }
+
+  Scratch Files;
+  ProjectParameters Project;
+  MasterRequest Request;
+  RecordingBar Bar;
+};
+
+TEST(MasterRun, ThreeSubjectsByHand) {
+  const std::string header =
+      "Sub ID's, Sex, Net(Test 1), Net(Test 2), Losses(Test 1 to 2), Gains(Test 1 to 2), ArcScore(Test 1), "
+      "ArcScore(Test 2), Bi-ITR(Tests 1 and 2), #OfCategoriesUsed(Test 1), #OfCategoriesUsed(Test 2), "
+      "AvgItemsPerCat(Test 1), AvgItemsPerCat(Test 2)\r\n";
+  const std::string row1 = "1,  2,  3,  2,  1,  0,  1,  0,  .333,  2,  1,  1.5,  2\r\n";
+  const std::string row2 = "2,  2,  3,  3,  0,  0, -2, -2,  .666,  2,  2,  1.5,  1.5\r\n";
+  const std::string row3 = "ABC Sub#9,  2,  0,  1,  0,  1,  0,  0,  0,  0,  1,  0,  1\r\n";
+  Lab lab({.Items = 4, .PerCategory = 2});
+  lab.Project.VariableCount = 1;
+  lab.Project.VariableNames[0] = "Sex";
+  lab.Request.Selection = Only(lab.Project, {Measure::Basic, Measure::Bi, Measure::Cat});
+  lab.Put("ABC Sub#9.dat", "| 4");  // another project's
+  lab.Put("ab sub#2.DAT", "1 3 2 | 1 3 2");
+  lab.Put("AB Sub#1.dat", "1 2 3 | 2 1");
+  lab.Files.Put("C:\\Data\\Sdata\\Unfinished\\AB Sub#5.dat", "");
+  lab.Files.Put("C:\\Data\\Sdata\\AB notes.txt", "");
+  lab.Files.Put(kMaster, "old\r\n");
+  ScriptedBoxes boxes;
+
+  const MasterRunResult result = lab.Run(boxes);
+  EXPECT_TRUE(result.Completed);
+  EXPECT_EQ(lab.Files.Get(kMaster), header + row1 + row2 + row3);
+  EXPECT_EQ(result.Written, std::vector{lab.Files.Native(kMaster)});
+  EXPECT_EQ(lab.Bar.Percents, "33 66 100 ");
+  const std::string end = ".  You should delete these subjects before analysis.";
+  boxes.Expect({"For at least 1 test, the ARC score was unable to be calculated for subject(s): 1, ABC Sub#9" + end,
+                BoxAnswer::Ok, "", BoxIcon::Exclamation});
+  boxes.Expect({"For at least 1 test, Bi-Directional ITR was unable to be calculated for subject(s): ABC Sub#9" + end,
+                BoxAnswer::Ok, "", BoxIcon::Exclamation});
+  ShowMasterWarnings(result.Notices, boxes);
+
+  // Another destination gets the header and the serial positions; the rows go where they always go.
+  lab.Files.Put(kMaster, "old\r\n");
+  lab.Request.Destination = lab.Files.Native("D:\\Out\\Mine.txt").string();
+  lab.Request.Order = SerialOrder{2, 3, 4, 1};
+  EXPECT_EQ(lab.Run(boxes).Written.size(), 3U);
+  EXPECT_EQ(lab.Files.Get("D:\\Out\\Mine.txt"), header);
+  EXPECT_EQ(lab.Files.Get(kMaster), "old\r\n" + row1 + row2 + row3);
+  EXPECT_EQ(lab.Files.Get("D:\\Out\\AB Serial Position Master.txt"),
+            "Type, SP(Test 1 Pos 1), SP(Test 1 Pos 2), SP(Test 1 Pos 3), SP(Test 1 Pos 4), SP(Test 2 Pos 1), "
+            "SP(Test 2 Pos 2), SP(Test 2 Pos 3), SP(Test 2 Pos 4)\r\n"
+            "Actual, 0, .666, .666, .666, .333, .666, .666, .333\r\n"
+            "Smooth, 0, .444, .666, .666, .333, .555, .555, .333\r\n");
+
+  // More files than counted are left out; fewer end the run behind the last; so does one that ends early.
+  lab.Request = {lab.Request.Selection, 2, "", {}};
+  EXPECT_TRUE(lab.Run(boxes).Completed);
+  EXPECT_EQ(lab.Files.Get(kMaster), header + row1 + row2);
+  lab.Request.SubjectFileCount = 4;
+  boxes.Expect(
+      {std::make_error_code(std::errc::no_such_file_or_directory).message(), BoxAnswer::Cancel, "C:\\Data\\Sdata"});
+  EXPECT_FALSE(lab.Run(boxes).Completed);
+  EXPECT_EQ(lab.Files.Get(kMaster), header + row1 + row2 + row3);
+  lab.Files.Put("C:\\Data\\Sdata\\ab sub#2.DAT", "\"Subject#\"\r\n\"Sex\",1\r\n1,1,0,0\r\n");
+  boxes.Expect({"This is not a valid file format.  Please select a different file.", BoxAnswer::Ok, "\\ab sub#2.DAT"});
+  EXPECT_FALSE(lab.Run(boxes).Completed);
+  EXPECT_EQ(lab.Files.Get(kMaster), header + row1);
+}
+
+TEST(MasterRun, ARunTimeErrorIsRetriedOrEndsTheRun) {
+  Lab lab({.Tests = 1, .Items = 3});
+  lab.Request.Order = SerialOrder{1, 2, 3};
+  for (const char* id : {"1", "2", "4", "5"}) lab.Put(std::string("AB Sub#") + id + ".dat", "1 2");
+  lab.Put("AB Sub#3.dat", "1 7");
+  ScriptedBoxes cancel{{"Subscript out of range", BoxAnswer::Cancel,
+                        "AB Sub#3.dat'\nSubject 3: item 7 at position 2 of test 1", BoxIcon::Exclamation,
+                        BoxButtons::RetryCancel}};
+  EXPECT_FALSE(lab.Run(cancel).Completed);
+  EXPECT_EQ(lab.Files.Get(kMaster), "Sub ID's, Net(Test 1)\r\n1,  2\r\n2,  2\r\n");
+  EXPECT_FALSE(lab.Files.Has(kSerialMaster)) << "no further master";
+
+  AnsweringBoxes retry(
+      [&] { return lab.Put("AB Sub#3.dat", "1 3"), --lab.Request.SubjectFileCount, BoxAnswer::Retry; });
+  EXPECT_TRUE(lab.Run(retry).Completed);
+  EXPECT_EQ(retry.Shown, 1);
+  EXPECT_EQ(lab.Files.Get(kMaster), "Sub ID's, Net(Test 1)\r\n1,  2\r\n2,  2\r\n3,  2\r\n4,  2\r\n5,  2\r\n");
+  EXPECT_EQ(lab.Files.Get(kSerialMaster),
+            "Type, SP(Test 1 Pos 1), SP(Test 1 Pos 2), SP(Test 1 Pos 3)\r\n"
+            "Actual, 1, .8, .2\r\nSmooth, 1, .666, .2\r\n");
+}
+
+// Two subjects, and columns enough for three pieces.
+struct WideLab : Lab {
+  WideLab() : Lab({.Items = 2, .Minutes = 130}) {
+    Put("AB Sub#1.dat", "1/1 2/130 | 2/7");
+    Put("AB Sub#2.dat", "2/2 | 1/1 2/2");
+    Request.Order = SerialOrder{2, 1};
+    Files.Put(kMaster, kOld);
+  }
+  static constexpr const char* kOld = "the master before\r\n";
+};
+
+TEST(MasterRun, SurvivesTheFailureOfAnySingleDiskCall) {
+  WideLab undisturbed;
+  ScriptedBoxes none;
+  ASSERT_TRUE(undisturbed.Run(none).Completed);
+  const Tree finished = undisturbed.Files.Snapshot();
+  ASSERT_TRUE(finished.contains("C/Data/AB Master3.txt") && !finished.contains("C/Data/AB Master4.txt"));
+
+  using Layer = FailingFileLayer;
+  std::set<std::string> masters;  // after a cancelled run
+  bool failed = true;
+  for (int n = 1; failed; ++n) {
+    for (const Layer::Writes writes : {Layer::Writes::Nothing, Layer::Writes::Half}) {
+      WideLab cancelled;
+      Layer layer(cancelled.Files.Layer());
+      layer.FailAt(n, std::errc::io_error, writes);
+      AnsweringBoxes cancel([] { return BoxAnswer::Cancel; });
+      const bool completed = cancelled.Run(cancel, layer).Completed;
+      EXPECT_EQ(completed, cancel.Shown == 0);
+      failed = layer.HasFailed();
+      SCOPED_TRACE("call " + std::to_string(n) + ", " + layer.FailedCall());
+      for (const auto& [name, bytes] : cancelled.Files.Snapshot()) {
+        ASSERT_TRUE(finished.contains(name)) << name;
+        const bool wholeLines = finished.at(name).starts_with(bytes) && (bytes.empty() || bytes.ends_with("\r\n"));
+        EXPECT_TRUE(wholeLines || (name == "C/Data/AB Master.txt" && bytes == WideLab::kOld)) << name;
+      }
+      masters.insert(cancelled.Files.Get(kMaster));
+      if (completed) break;
+
+      WideLab retried;
+      Layer mended(retried.Files.Layer());
+      mended.FailAt(n, std::errc::io_error, writes);
+      AnsweringBoxes retry([] { return BoxAnswer::Retry; });
+      EXPECT_TRUE(retried.Run(retry, mended).Completed);
+      EXPECT_EQ(retry.Shown, 1);
+      EXPECT_EQ(retried.Files.Snapshot(), finished);
+      if (layer.FailedCall() != "Write") break;
+    }
+  }
+  EXPECT_EQ(masters.size(), 4U) << "the old one, the header alone, and one row and two behind it";
+}
+
+TEST(MasterRun, LargestShapes) {
+  Lab lab({.Tests = 15, .Items = 999, .Minutes = 1});
+  std::string lists;
+  for (int test = 1; test <= 15; ++test) lists += Sequence(999) + "| ";
+  lab.Put("AB Sub#1.dat", lists.substr(0, lists.size() - 2));
+  lab.Files.Put(kMaster, "old\r\n");
+  const Tree before = lab.Files.Snapshot();
+  ScriptedBoxes tooWide{{"Overflow", BoxAnswer::Cancel, "'General Data: Item Pattern (e.g. NNCN)'",
+                         BoxIcon::Exclamation, BoxButtons::Cancel, BoxAnswer::Cancel}};
+  EXPECT_FALSE(lab.Run(tooWide).Completed);
+  EXPECT_EQ(lab.Files.Snapshot(), before) << "it fails before any file is touched";
+
+  ScriptedBoxes itr{{"Overflow", BoxAnswer::Cancel, "AB Sub#1.dat'\nSubject 1: the product of ", BoxIcon::Exclamation,
+                     BoxButtons::RetryCancel}};
+  lab.Request.Selection.Check(Measure::IP, false);
+  EXPECT_FALSE(lab.Run(itr).Completed);
+
+  lab.Request.Selection.Check(Measure::Bi, false);
+  EXPECT_TRUE(lab.Run(itr).Completed);
+  std::string row = "1";
+  for (const auto& [count, value] : {std::pair(15, 999), {28, 0}, {30, 999}, {14, 0}}) {
+    for (int i = 0; i < count; ++i) row += ",  " + std::to_string(value);
+  }
+  const std::string master = lab.Files.Get(kMaster);
+  EXPECT_EQ(master.substr(master.find("\r\n") + 2), row + "\r\n");
+}
+
+TEST(MasterRun, TenThousandSubjects) {
+  Lab lab({.Tests = 1, .Items = 1});
+  for (int id = 10000; id < 20000; ++id) lab.Put("AB Sub#" + std::to_string(id) + ".dat", "1");
+  ScriptedBoxes boxes;
+  EXPECT_TRUE(lab.Run(boxes).Completed);
+  std::string expected = "Sub ID's, Net(Test 1)\r\n";
+  for (int id = 10000; id < 20000; ++id) expected += std::to_string(id) + ",  1\r\n";
+  EXPECT_TRUE(lab.Files.Get(kMaster) == expected);
+  EXPECT_TRUE(lab.Bar.Percents.starts_with("0 1 2 ") && lab.Bar.Percents.ends_with(" 99 100 ")) << lab.Bar.Percents;
+}
+
+TEST(SerialPositions, WorkedExample) {
+  SerialCounts counts;
+  counts.Reset(3, 2);
+  const ProjectParameters project = MakeProject({.Items = 3});
+  const auto add = [&](const char* lists) { AccumulateSerialPositions(MakeLists(project, lists), {2, 3, 1}, counts); };
+  add("3 2");  // item 3 came first, item 2 last
+  for (int subject = 2; subject <= 10; ++subject) add("2");
+  EXPECT_EQ(FormatSerialPositionMaster(counts, 2, 10),
+            "Type, SP(Test 1 Pos 1), SP(Test 1 Pos 2), SP(Test 1 Pos 3), SP(Test 2 Pos 1), SP(Test 2 Pos 2), "
+            "SP(Test 2 Pos 3)\r\nActual, .1, 0, 1, 0, 0, 0\r\nSmooth, .1, .366, 1, 0, 0, 0\r\n");
+  counts.Reset(2, 1);
+  AccumulateSerialPositions(MakeLists(MakeProject({.Tests = 1, .Items = 2}), "1 1"), {1, 2}, counts);
+  EXPECT_EQ(FormatSerialPositionMaster(counts, 1, 3),
+            "Type, SP(Test 1 Pos 1), SP(Test 1 Pos 2)\r\nActual, .666, 0\r\nSmooth, .666, 0\r\n");
+}
+
+TEST(SerialPositions, OrdersAndTheirFaults) {
+  Scratch scratch;
+  Disk disk = scratch.MakeDisk();
+  const std::pair<const char*, const char*> kCases[] = {{"1,2\r\n2,3\r\n3,1\r\n", ""},
+                                                        {"3,1\n1,2\n2,3\n9,9\n", ""},
+                                                        {"1,1\n1,2\n3,3\n", "Item 2 has no position from 1 to 3."},
+                                                        {"1,1\n2,4\n3,3\n", "Item 2 has no position from 1 to 3."},
+                                                        {"1,3\n2,1\n3,3\n", "Position 3 is used twice."}};
+  for (const auto& [bytes, fault] : kCases) {
+    scratch.Put("C:\\order.dat", bytes);
+    EXPECT_EQ(SerialOrderFault(ReadSerialOrder(disk, "C:\\order.dat", 3)), fault) << bytes;
+  }
+  for (const char* bytes : {"", "1,2\n2,1\n", "1,1\n2,2\n4,3\n", "0,1\n1,2\n2,3\n", "1,1\n2,x\n3,3\n"}) {
+    scratch.Put("C:\\order.dat", bytes);
+    try {
+      ReadSerialOrder(disk, "C:\\order.dat", 3);
+      ADD_FAILURE() << "taken: " << bytes;
+    } catch (const FileError& error) {
+      EXPECT_EQ(error.Cause(), FileCause::EndOfData) << bytes;
+    }
+  }
+}
+
+}  // namespace
+}  // namespace zova::testing

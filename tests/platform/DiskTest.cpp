@@ -1,0 +1,156 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "platform/Disk.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+#include "support/FailingFileLayer.h"
+#include "support/Scratch.h"
+
+using namespace zova;
+using namespace zova::testing;
+namespace fs = std::filesystem;
+using Names = std::vector<std::string>;
+
+namespace {
+
+constexpr const char* kLeftover = ".zova-123.tmp";
+
+// What went wrong as "cause code", or "".
+std::string CauseOf(const std::function<void()>& call) {
+  try {
+    call();
+  } catch (const FileError& error) {
+    EXPECT_FALSE(error.Path().empty());
+    if (error.Cause() == FileCause::System) return error.Code().message();
+    return error.Cause() == FileCause::PathNotFound ? "path not found" : "end of data";
+  }
+  return "";
+}
+
+std::string Message(std::errc code) { return std::make_error_code(code).message(); }
+
+}  // namespace
+
+TEST(Disk, LooksUpExactlyThenWithoutCase) {
+  Scratch scratch;
+  Disk disk = scratch.MakeDisk();
+  scratch.Put("C:\\Data\\a.dat", "a");
+  if (scratch.Has("C:\\data\\A.dat")) GTEST_SKIP() << "this file system has no case";
+  scratch.Put("C:\\Data\\A.DAT", "A");
+  scratch.Put("C:\\data\\other", "");
+  scratch.Put("C:\\DATEN\\x", "x");
+  std::string content;
+  const std::pair<const char*, const char*> cases[] = {
+      {"C:\\Data\\a.dat", "a"}, {"C:\\Data\\A.dat", "A"}, {"C:\\DATA\\a.dat", "a"}, {"c:\\daten\\X", "x"}};
+  for (const auto& [path, expected] : cases) {
+    disk.Read(path, content);
+    EXPECT_EQ(content, expected) << path;
+  }
+  disk.Write("C:\\daten\\New.txt", "n");  // a new name as typed, below the directory that is there
+  disk.Write("C:\\Daten\\X", "replaced");
+  EXPECT_EQ(TreeOf(scratch.Native("C:\\DATEN")), (Tree{{"New.txt", "n"}, {"x", "replaced"}}));
+}
+
+TEST(Disk, TellsWhatIsMissing) {
+  Scratch scratch;
+  Disk disk = scratch.MakeDisk();
+  scratch.Put("C:\\big", "");
+  scratch.Put("C:\\file", "f");
+  fs::resize_file(scratch.Native("C:\\big"), kMaxFileSize + 1);
+  std::string content;
+  const std::string noFile = Message(std::errc::no_such_file_or_directory);
+  EXPECT_EQ(CauseOf([&] { disk.Read("C:\\none", content); }), noFile);
+  EXPECT_EQ(CauseOf([&] { disk.Read("C:\\none\\x", content); }), "path not found");
+  EXPECT_EQ(CauseOf([&] { disk.Read("C:\\file\\x", content); }), "path not found");
+  EXPECT_EQ(CauseOf([&] { disk.Read("E:\\x", content); }), "path not found");
+  EXPECT_EQ(CauseOf([&] { disk.Write("C:\\none\\x", ""); }), "path not found");
+  EXPECT_EQ(CauseOf([&] { disk.CreateDirectory("C:\\none\\x"); }), "path not found");
+  EXPECT_EQ(CauseOf([&] { disk.Write("C:\\", ""); }), Message(std::errc::is_a_directory));
+  EXPECT_EQ(CauseOf([&] { disk.Read("C:\\big", content); }), "end of data");
+  EXPECT_FALSE(disk.FileExists("C:\\") || disk.FileExists("E:\\x") || disk.DirectoryExists("C:\\file"));
+}
+
+TEST(Disk, ListsFilesByPrefixAndSuffix) {
+  Scratch scratch;
+  Disk disk = scratch.MakeDisk();
+  for (const char* name : {"b1.dat", "B2.DAT", "A_.dat", "a.dat", "c.txt", "B.dat", "[x]*.dat", "[y.dat", kLeftover}) {
+    scratch.Put(std::string("C:\\L\\") + name, "");
+  }
+  scratch.MakeDirectory("C:\\L\\b3.dat");
+  EXPECT_EQ(disk.ListFiles("C:\\L", "B", ".dat"), (Names{"B.dat", "b1.dat", "B2.DAT"}));
+  EXPECT_EQ(disk.ListFiles("C:\\l", "", ""),
+            (Names{"a.dat", "A_.dat", "B.dat", "b1.dat", "B2.DAT", "c.txt", "[x]*.dat", "[y.dat"}));
+  EXPECT_EQ(disk.ListFiles("C:\\L", "[x]*", ".DAT"), Names{"[x]*.dat"});  // nothing in a prefix is special
+  EXPECT_EQ(disk.ListFiles("C:\\L", "a.d", ".dat"), Names{}) << "prefix and suffix must not overlap";
+  EXPECT_EQ(disk.ListFiles("C:\\none", "", ""), Names{});
+}
+
+TEST(Disk, ReplacesWholeOrNotAtAll) {
+  const std::string old(1000, 'o');
+  const std::string fresh(5000, 'n');
+  bool failed = true;
+  for (int n = 1; failed; ++n) {
+    Scratch scratch;
+    FailingFileLayer layer(scratch.Layer());
+    Disk disk(layer, scratch.Drives());
+    scratch.Put("C:\\f", old);
+    layer.FailAt(n, std::errc::no_space_on_device, FailingFileLayer::Writes::Half);
+    const std::string cause = CauseOf([&] { disk.Write("C:\\F", fresh); });
+    failed = layer.HasFailed();
+    ASSERT_TRUE(failed || n > 5);
+    const std::string call = layer.FailedCall();
+    layer.FailNever();
+    EXPECT_EQ(scratch.Get("C:\\f"), cause.empty() || call == "FlushDirectory" ? fresh : old) << call;
+    EXPECT_EQ(disk.ListFiles("C:\\", "", ""), Names{"f"});
+    EXPECT_TRUE(cause.empty() || cause == Message(std::errc::no_space_on_device)) << call << ": " << cause;
+    scratch.Put(std::string("C:\\") + kLeftover, "of a save that was killed");
+    disk.Write("C:\\f", "last");
+    EXPECT_EQ(TreeOf(scratch.Native("C:\\")), (Tree{{"f", "last"}}));
+  }
+}
+
+#ifndef _WIN32
+TEST(Disk, KeepsWhatAFileIs) {
+  Scratch scratch;
+  Disk disk = scratch.MakeDisk();
+  scratch.Put("C:\\real", "old");
+  fs::permissions(scratch.Native("C:\\real"), fs::perms(0604));
+  fs::create_symlink(scratch.Native("C:\\real"), scratch.Native("D:\\link"));
+  disk.Write("D:\\link", "new");
+  EXPECT_TRUE(fs::is_symlink(scratch.Native("D:\\link")));
+  EXPECT_EQ(scratch.Get("C:\\real"), "new");
+  EXPECT_EQ(fs::status(scratch.Native("C:\\real")).permissions(), fs::perms(0604));
+  fs::permissions(scratch.Native("C:\\real"), fs::perms(0444));
+  EXPECT_EQ(CauseOf([&] { disk.Write("C:\\real", "refused"); }), Message(std::errc::permission_denied));
+  EXPECT_EQ(scratch.Snapshot(), (Tree{{"C/", ""}, {"C/real", "new"}, {"D/", ""}, {"D/link", "new"}}));
+}
+#endif
+
+// The outer layer leaves half of a row, the inner one lets the cutting back fail: after any pair of faults, appending
+// again gives whole rows.
+TEST(AppendFile, HoldsWholeRowsOnly) {
+  int faults = 0;
+  for (int pair = 0; pair < 10 * 10; ++pair) {
+    Scratch scratch;
+    FailingFileLayer inner(scratch.Layer());
+    FailingFileLayer outer(inner);
+    scratch.Put("C:\\m", "header\r\n");
+    std::string expected = "header\r\n";
+    AppendFile file(outer, "C:\\m", scratch.Native("C:\\m"));
+    outer.FailAt(pair / 10, std::errc::io_error, FailingFileLayer::Writes::Half);
+    inner.FailAt(pair % 10, std::errc::io_error);
+    for (const char* row : {"row one\r\n", "row two\r\n", "row three\r\n"}) {
+      while (!CauseOf([&] { file.Append(row); }).empty()) {
+        ASSERT_LE(++faults, 200);
+        // Only a cut that failed as well may leave a part of the row behind.
+        EXPECT_TRUE(inner.FailedCall() == "Truncate" || scratch.Get("C:\\m") == expected) << pair;
+      }
+      expected += row;
+      EXPECT_EQ(scratch.Get("C:\\m"), expected) << pair;
+    }
+  }
+  EXPECT_GT(faults, 50);
+}

@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "platform/FileErrorHandler.h"
+
+#include <gtest/gtest.h>
+
+#include "support/ScriptedBoxes.h"
+
+using namespace zova;
+using namespace zova::testing;
+
+TEST(FileErrorHandler, ReportsEachCause) {
+  const char* const notFound = "Path not found.  Please verify that the correct disk is in the drive.";
+  const std::error_code full = std::make_error_code(std::errc::no_space_on_device);
+  ScriptedBoxes boxes{{.Text = "This is not a valid file format.  Please select a different file.",
+                       .Details = "Reading 'C:\\a.dat'\nLine 3: odd.",
+                       .Icon = BoxIcon::Exclamation,
+                       .Buttons = BoxButtons::Ok}};
+  for (const BoxAnswer answer : {BoxAnswer::Retry, BoxAnswer::Cancel}) {
+    for (const std::string& text : {std::string(notFound), full.message()}) {
+      boxes.Expect({text, answer, "'C:\\b.dat'", BoxIcon::Exclamation, BoxButtons::RetryCancel});
+    }
+  }
+  FileErrorHandler handler(boxes);
+  EXPECT_TRUE(handler.Report({FileOperation::Read, "C:\\a.dat", FileCause::EndOfData, "Line 3: odd."}));
+  for (const bool retry : {true, false}) {
+    EXPECT_EQ(handler.Report({FileOperation::Copy, "C:\\b.dat", FileCause::PathNotFound}), retry);
+    EXPECT_EQ(handler.Report({FileOperation::Write, "C:\\b.dat", full}), retry);
+  }
+  EXPECT_FALSE(handler.Report({FileOperation::Read, "", FileCause::DialogCancelled}));
+}
+
+TEST(FileErrorHandler, RepeatsTheStepAsAnswered) {
+  const std::pair<FileCause, std::pair<BoxAnswer, int>> cases[] = {{FileCause::System, {BoxAnswer::Retry, 3}},
+                                                                   {FileCause::PathNotFound, {BoxAnswer::Retry, 3}},
+                                                                   {FileCause::System, {BoxAnswer::Cancel, 1}},
+                                                                   {FileCause::EndOfData, {BoxAnswer::Retry, 1}},
+                                                                   {FileCause::DialogCancelled, {BoxAnswer::Retry, 1}}};
+  for (const auto& [cause, expected] : cases) {
+    const auto& [answer, expectedRuns] = expected;
+    AnsweringBoxes boxes(answer);
+    FileErrorHandler handler(boxes);
+    int runs = 0;
+    const bool done = WithRetry(handler, [&, failing = cause] {
+      if (++runs < 3) throw FileError(FileOperation::Read, "C:\\x", failing);
+    });
+    EXPECT_EQ(runs, expectedRuns);
+    EXPECT_EQ(done, expectedRuns == 3);
+  }
+}

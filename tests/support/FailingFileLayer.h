@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <string>
+#include <system_error>
+#include <utility>
+
+#include "platform/FileLayer.h"
+
+namespace zova::testing {
+
+/// Counts every call to a file layer, those to its open files included, and lets one of them fail, once.
+/// Flushes are counted but not passed on: no test could see them, and they would take nearly all of its time.
+class FailingFileLayer final : public FileLayer {
+ public:
+  using Path = std::filesystem::path;
+  enum class Writes { Nothing, Half };
+
+  explicit FailingFileLayer(FileLayer& inner) : m_inner(inner) {}
+
+  /// Counts anew; call `n` (from 1) throws `code`. A write that fails leaves nothing or the first half of its bytes.
+  void FailAt(int n, std::errc code = std::errc::no_space_on_device, Writes writes = Writes::Nothing) {
+    m_calls = 0;
+    m_failAt = n;
+    m_code = code;
+    m_writes = writes;
+    m_failedCall.clear();
+  }
+  /// Counts anew and lets everything pass.
+  void FailNever() { FailAt(0); }
+  [[nodiscard]] int Calls() const noexcept { return m_calls; }
+  [[nodiscard]] bool HasFailed() const noexcept { return !m_failedCall.empty(); }
+  /// The name of the call that failed, or "".
+  [[nodiscard]] const std::string& FailedCall() const noexcept { return m_failedCall; }
+
+  EntryKind Kind(const Path& path) override { return Pass("Kind"), m_inner.Kind(path); }
+  bool IsReadOnly(const Path& path) override { return Pass("IsReadOnly"), m_inner.IsReadOnly(path); }
+  Path RealPath(const Path& path) override { return Pass("RealPath"), m_inner.RealPath(path); }
+  std::uintmax_t Size(const Path& path) override { return Pass("Size"), m_inner.Size(path); }
+  void Read(const Path& path, std::string& content, std::uintmax_t limit) override {
+    Pass("Read"), m_inner.Read(path, content, limit);
+  }
+  std::vector<DirectoryEntry> List(const Path& path) override { return Pass("List"), m_inner.List(path); }
+  std::unique_ptr<OutputFile> Create(const Path& path) override {
+    return Pass("Create"), std::make_unique<File>(*this, m_inner.Create(path));
+  }
+  std::unique_ptr<OutputFile> Append(const Path& path) override {
+    return Pass("Append"), std::make_unique<File>(*this, m_inner.Append(path));
+  }
+  void Truncate(const Path& path, std::uintmax_t size) override { Pass("Truncate"), m_inner.Truncate(path, size); }
+  void CopyPermissions(const Path& from, const Path& to) override {
+    Pass("CopyPermissions"), m_inner.CopyPermissions(from, to);
+  }
+  void Rename(const Path& from, const Path& to) override { Pass("Rename"), m_inner.Rename(from, to); }
+  void FlushDirectory(const Path&) override { Pass("FlushDirectory"); }
+  void Remove(const Path& path) override { Pass("Remove"), m_inner.Remove(path); }
+  void CreateDirectory(const Path& path) override { Pass("CreateDirectory"), m_inner.CreateDirectory(path); }
+
+ private:
+  class File final : public OutputFile {
+   public:
+    File(FailingFileLayer& layer, std::unique_ptr<OutputFile> inner) : m_layer(layer), m_inner(std::move(inner)) {}
+    void Write(std::string_view bytes) override {
+      m_layer.Pass("Write", [&] {
+        if (m_layer.m_writes == Writes::Half) m_inner->Write(bytes.substr(0, bytes.size() / 2));
+      });
+      m_inner->Write(bytes);
+    }
+    void Flush() override { m_layer.Pass("Flush"); }
+    void Close() override { m_layer.Pass("Close"), m_inner->Close(); }
+
+   private:
+    FailingFileLayer& m_layer;
+    std::unique_ptr<OutputFile> m_inner;
+  };
+
+  void Pass(
+      const char* call, const std::function<void()>& beforeFailing = [] {}) {
+    if (++m_calls != m_failAt) return;
+    m_failedCall = call;
+    beforeFailing();
+    throw std::system_error(std::make_error_code(m_code));
+  }
+
+  FileLayer& m_inner;
+  int m_calls = 0;
+  int m_failAt = 0;
+  std::errc m_code = std::errc::no_space_on_device;
+  Writes m_writes = Writes::Nothing;
+  std::string m_failedCall;
+};
+
+}  // namespace zova::testing

@@ -1,0 +1,126 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "text/FieldReader.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "text/LeadingNumber.h"
+#include "text/NumberText.h"
+
+using namespace zova;
+
+namespace {
+
+using Fields = std::vector<std::string>;
+
+Fields FieldsOf(std::string_view text) {
+  Fields fields;
+  FieldReader reader(text);
+  while (!reader.AtEnd()) fields.emplace_back(reader.Next());
+  EXPECT_THROW(reader.Next(), FieldError) << text;
+  return fields;
+}
+
+// The fault and its line as "fault:line", or "" when `read` does not throw.
+std::string FaultOf(const std::function<void()>& read) {
+  try {
+    read();
+  } catch (const FieldError& fault) {
+    return std::string(fault.what()) + ":" + std::to_string(fault.Line());
+  }
+  return "";
+}
+
+}  // namespace
+
+TEST(FieldReader, SplitsByTheGrammar) {
+  // Blanks go on both sides; a blank line is one empty field, a last comma opens none; LF CR are two line ends. Quotes
+  // hold commas and blanks, end at the line's end when unclosed, and what follows them is dropped; nothing is escaped.
+  const std::pair<std::string, Fields> cases[] = {{"", {}},
+                                                  {"a", {"a"}},
+                                                  {"a,b\r\nc\nd\re", {"a", "b", "c", "d", "e"}},
+                                                  {"a\r\n", {"a"}},
+                                                  {"a,\r\n", {"a", ""}},
+                                                  {"a,", {"a"}},
+                                                  {",,\r\n", {"", "", ""}},
+                                                  {"a\r\n\r\nb", {"a", "", "b"}},
+                                                  {"\n\r", {"", ""}},
+                                                  {" \t a b \t, c", {"a b", "c"}},
+                                                  {"\"a, b\" ,c", {"a, b", "c"}},
+                                                  {"\" a \"", {" a "}},
+                                                  {"\"a\"junk,b", {"a", "b"}},
+                                                  {"\"a,b\r\nc", {"a,b", "c"}},
+                                                  {"a\"b,c\"d", {"a\"b", "c\"d"}},
+                                                  {"\"\",\"\"\"x\"", {"", ""}}};
+  for (const auto& [text, fields] : cases) EXPECT_EQ(FieldsOf(text), fields) << text;
+}
+
+TEST(FieldReader, NamesTheLineOfAFault) {
+  FieldReader reader("\"a,b\r\nx,32768\r\n12,-1,11\r\nlast");
+  reader.SkipLine();  // by line, never by quotes
+  EXPECT_EQ(FaultOf([&] { reader.NextStrictNumber(); }), "number expected:2");
+  EXPECT_EQ(FaultOf([&] { reader.NextNumber(); }), "number beyond the 16-bit range:2");
+  EXPECT_TRUE(reader.AtLineStart());
+  EXPECT_EQ(reader.NextCount(12), 12);
+  EXPECT_FALSE(reader.AtLineStart());
+  EXPECT_EQ(FaultOf([&] { reader.NextCount(); }), "number too small:3");
+  EXPECT_EQ(FaultOf([&] { reader.NextCount(10); }), "number too large:3");
+  EXPECT_EQ(reader.NextNumber(), 0);
+  EXPECT_EQ(FaultOf([&] { reader.NextNumber(); }), "input past end of file:4");
+  EXPECT_EQ(FaultOf([&] { reader.SkipLine(); }), "input past end of file:4");
+}
+
+TEST(LeadingNumber, ReadsRoundsAndLimits) {
+  const std::pair<const char*, int> whole[] = {
+      {" \t7 ", 7},         {"+5", 5},  {".5", 0},  {"1.5", 2},         {"2.5", 2},
+      {"2.50000001", 3},    {"3.5", 4}, {"-.5", 0}, {"-1.5", -2},       {"-2.5", -2},
+      {"0.49999999999", 0}, {"5.", 5},  {"007", 7}, {"32767.4", 32767}, {"-32768.5", -32768}};
+  const std::pair<const char*, int> leading[] = {{"12abc", 12}, {"1e3", 1}, {"0x10", 0}, {"1,5", 1}, {"1.2.3", 1}};
+  for (const auto& [text, value] : whole) {
+    EXPECT_EQ(LeadingInteger16(text), value) << text;
+    EXPECT_TRUE(HasLeadingNumber(text) && IsWholeNumberText(text)) << text;
+  }
+  for (const auto& [text, value] : leading) {
+    EXPECT_EQ(LeadingInteger16(text), value) << text;
+    EXPECT_TRUE(HasLeadingNumber(text) && !IsWholeNumberText(text)) << text;
+  }
+  for (const char* text : {"", "abc", "-", ".", "- 5", "--5"}) {
+    EXPECT_EQ(LeadingInteger16(text), 0) << text;
+    EXPECT_FALSE(HasLeadingNumber(text) || IsWholeNumberText(text)) << text;
+  }
+  for (const char* text : {"32767.5", "-32769", "65537", "99999999999999999999999"}) {
+    EXPECT_FALSE(LeadingInteger16(text).has_value()) << text;
+  }
+}
+
+TEST(NumberText, HasNoZeroBeforeThePoint) {
+  const std::pair<float, const char*> singles[] = {
+      {0.F, " 0"},       {-0.F, " 0"},       {.285F, " .285"}, {4.66F, " 4.66"},       {-.457F, "-.457"},
+      {10.F, " 10"},     {100.5F, " 100.5"}, {-3.F, "-3"},     {1.F / 3, " .3333333"}, {12345.678F, " 12345.68"},
+      {.1F + .2F, " .3"}};
+  for (const auto& [value, text] : singles) {
+    std::string spaced;
+    AppendSpacedNumber(spaced, value);
+    EXPECT_EQ(spaced, text);
+  }
+  std::string others;
+  AppendNumber(others, .1 + .2);
+  AppendNumber(others, -2.0 / 3);
+  AppendNumber(others, -32768);
+  EXPECT_EQ(others, ".3-.666666666666667-32768");
+  // The C library as the judge over every cut that a measure can give in a usual range.
+  for (int thousandths = -20000; thousandths <= 20000; ++thousandths) {
+    const float value = static_cast<float>(thousandths) / 1000.F;
+    char judged[32];
+    std::snprintf(judged, sizeof judged, "%.7g", static_cast<double>(value));
+    std::string expected = judged;
+    if (const auto zero = expected.find("0."); zero == 0 || (zero == 1 && expected[0] == '-')) expected.erase(zero, 1);
+    std::string text;
+    AppendNumber(text, value);
+    ASSERT_EQ(text, expected);
+  }
+}
