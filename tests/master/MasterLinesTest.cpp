@@ -99,7 +99,7 @@ TEST(MasterRow, HasAValueForEveryColumnAndNothingOfTheSubjectBefore) {
     return static_cast<std::int16_t>(values.begin()[random() % values.size()]);
   };
   for (int round = 0; round < 100; ++round) {
-    Shape shape{.Rated = round % 3 == 0 ? "YYYYY" : "YNYNy", .Lures = round % 2 == 0};
+    Shape shape{.Items = 14, .Rated = round % 3 == 0 ? "YYYYY" : "YNYNy", .Lures = round % 2 == 0};
     for (std::int16_t* fact : {&shape.PerCategory, &shape.Minutes, &shape.MaxRating}) *fact = oneOf({0, 1, 3, 4});
     shape.Tests = oneOf({1, 2, 3, 5});
     const ProjectParameters project = MakeProject(shape);
@@ -107,15 +107,18 @@ TEST(MasterRow, HasAValueForEveryColumnAndNothingOfTheSubjectBefore) {
     for (const MeasureBox& box : AllMeasureBoxes()) selection.Check(box.Which, random() % 4 != 0);
     const MasterHeaderLine header = BuildMasterHeader(project, selection, MasterKind::Individual);
 
-    const std::string rest = shape.Tests > 1 ? "| 4/1/1 12/1/7 " : "";
-    ScoringArrays used = Scored(project, Sequence(12, 3) + rest);
-    const RecallLists lists = MakeLists(project, "7/1/2 8/1/7 " + rest);
-    ScoreSubject(lists, project, header.Families, used);
+    std::string lists = "7/1/2 8/1/7 ";
+    for (int test = 2; test <= shape.Tests; ++test) lists += "| 4/1/1 8/1/7 12/1/3 ";
+    ScoringArrays used = Scored(project, shape.Tests > 1 ? "| 4/1/1 12/1/7 " + Sequence(11, 3) : Sequence(12, 3));
+    ScoreSubject(MakeLists(project, lists), project, header.Families, used);
+    const ScoringArrays fresh = Scored(project, lists);
     std::string row;
+    std::string freshRow;
     BuildMasterRow("1", {}, project, selection, used, row);
-    std::string fresh;
-    BuildMasterRow("1", {}, project, selection, Scored(project, lists), fresh);
-    EXPECT_EQ(row, fresh);
+    BuildMasterRow("1", {}, project, selection, fresh, freshRow);
+    EXPECT_EQ(row, freshRow);
+    EXPECT_EQ(used.Itr.AnyItrFailed, fresh.Itr.AnyItrFailed);
+    EXPECT_EQ(used.Categories.AnyArcFailed, fresh.Categories.AnyArcFailed);
     EXPECT_EQ(CommasIn(row), header.MasterColumnCount - 1);
     EXPECT_EQ(CommasIn(header.MasterHeader), header.MasterColumnCount - 1);
   }

@@ -44,8 +44,8 @@ TEST(Scores, Minutes) {
         {{"1/1 | 1/1 2/1 2/2", "RecallByMin 1 0 2 1, CumulativeRecall 1 1 1 2, GainsByMin 0 1"}});
   // from test 3 on, what tests 1 and 2 lack is new each time
   Check(boxes, {.Tests = 4, .Minutes = 2},
-        {{"1/2 | 2/1 | 7/1 1/1 2/1 | 7/1 1/2",
-          "RecallByMin 0 1 1 0 3 0 1 1, CumulativeRecall 0 1 2 2 3 3 4 4, GainsByMin 1 0 2 0 0 0"}});
+        {{"1/2 | 2/1 | 7/2 1/1 2/1 | 7/1 1/2",
+          "RecallByMin 0 1 1 0 2 1 1 1, CumulativeRecall 0 1 2 2 2 3 4 4, GainsByMin 1 0 1 1 0 0"}});
 }
 
 TEST(Scores, Ratings) {

@@ -20,6 +20,8 @@ class FailingFileLayer final : public FileLayer {
   enum class Writes { Nothing, Half };
 
   explicit FailingFileLayer(FileLayer& inner) : m_inner(inner) {}
+  FailingFileLayer(const FailingFileLayer&) = delete;
+  FailingFileLayer& operator=(const FailingFileLayer&) = delete;
 
   /// Counts anew; call `n` (from 1) throws `code`. A write that fails leaves nothing or the first half of its bytes.
   void FailAt(int n, std::errc code = std::errc::no_space_on_device, Writes writes = Writes::Nothing) {
