@@ -141,10 +141,12 @@ std::string ParseAutosaveProject(std::string_view bytes) {
 
 void ParseAutosave(std::string_view bytes, const ProjectParameters& project, SubjectRecord& record) {
   const DataText text(bytes);
+  std::string_view subjectId;
   ParseRecord(bytes, text.Content(), project, record, [&](FieldReader& reader) {
     reader.Skip();
-    record.SubjectId = reader.Next();
+    subjectId = reader.Next();
   });
+  record.SubjectId = subjectId;
 }
 
 void WriteAutosaveFile(Disk& disk, const std::string& paramDir, const SubjectRecord& record,

@@ -48,11 +48,12 @@ bool RemoveUnfinishedCopies(Disk& disk, const ProjectParameters& project, const 
   const std::string primary = UnfinishedDirectory(project.PrimaryDir);
   const std::string backup = UnfinishedDirectory(project.BackupDir);
   const bool hasBackup = !IsNoDirectory(project.BackupDir);
-  bool anyListed = false;
-  if (!WithRetry(errors, [&] { anyListed = !ListSubjectFiles(disk, project, primary).empty(); })) return false;
-  if (!anyListed) return true;
-  if (hasBackup && !WithRetry(errors, [&] { DeleteExactly(disk, project, backup, fileName); })) return false;
-  if (!WithRetry(errors, [&] { DeleteExactly(disk, project, primary, fileName); })) return false;
+  std::vector<std::string> listed;
+  if (!WithRetry(errors, [&] { listed = ListSubjectFiles(disk, project, primary); })) return false;
+  if (listed.empty()) return true;
+  const bool hasCopy = std::find(listed.begin(), listed.end(), fileName) != listed.end();
+  if (hasCopy && hasBackup && !WithRetry(errors, [&] { DeleteExactly(disk, project, backup, fileName); })) return false;
+  if (hasCopy && !WithRetry(errors, [&] { DeleteExactly(disk, project, primary, fileName); })) return false;
   if (!WithRetry(errors, [&] { emptied = disk.IsEmptyDirectory(primary); })) return false;
   if (!emptied) return true;
   if (hasBackup && !WithRetry(errors, [&] { RemoveIfEmpty(disk, backup); })) return false;
