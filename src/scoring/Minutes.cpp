@@ -20,11 +20,12 @@ std::int16_t Added(std::int16_t total, std::int16_t count, int test) {
 void CountNewByMinute(const ItemTable& items, int test, const ProjectParameters& project,
                       std::vector<std::int16_t>& cumulative) {
   const std::size_t offset = static_cast<std::size_t>(test - 1) * static_cast<std::size_t>(project.MaxMinutes);
-  for (int item = 1; item <= project.ItemCount; ++item) {
-    const Recall& recall = items.At(item, test);
-    const bool isNew = (recall.Item != 0) & (items.At(item, 1).Item == 0) & (items.At(item, 2).Item == 0);
-    if (!isNew) continue;
-    ++cumulative[offset + static_cast<std::size_t>(MinuteInRange(recall, test, project)) - 1];
+  const Recall* const first = items.Test(1);
+  const Recall* const second = items.Test(2);
+  const Recall* const now = items.Test(test);
+  for (int i = 0; i < items.RowCount(); ++i) {
+    const bool isNew = (now[i].Item != 0) & (first[i].Item == 0) & (second[i].Item == 0);
+    if (isNew) ++cumulative[offset + static_cast<std::size_t>(MinuteInRange(now[i], test, project)) - 1];
   }
 }
 

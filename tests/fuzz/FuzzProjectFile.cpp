@@ -16,14 +16,13 @@ using namespace zova;
 namespace {
 
 void RequireWithinTables(const ProjectParameters& project) {
-  Require(project.TestCount >= 0 && project.TestCount <= kMaxTests, "tests within 15");
-  Require(project.VariableCount >= 0 && project.VariableCount <= kMaxVariables, "variables within 10");
-  Require(project.ItemCount >= 0 && project.CategoryCount >= 0 && project.ItemsPerCategory >= 0 &&
-              project.MaxMinutes >= 0 && project.MaxRating >= 0,
-          "no negative count");
-  for (const std::int16_t levels : project.LevelCounts) {
-    Require(levels >= 0 && levels <= kMaxLevels, "levels within 11");
+  const auto within = [](int count, int most) { return count >= 0 && count <= most; };
+  Require(within(project.TestCount, kMaxTests) && within(project.VariableCount, kMaxVariables), "a shape with a table");
+  for (const int count :
+       {project.ItemCount, project.CategoryCount, project.ItemsPerCategory, project.MaxMinutes, project.MaxRating}) {
+    Require(count >= 0, "no negative count");
   }
+  for (const int levels : project.LevelCounts) Require(within(levels, kMaxLevels), "levels within 11");
 }
 
 // The layout escapes nothing, so a text with a quote in it (possible in an unquoted field) cannot come back.

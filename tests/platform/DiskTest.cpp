@@ -61,13 +61,12 @@ TEST(Disk, TellsWhatIsMissing) {
   scratch.Put("C:\\file", "f");
   fs::resize_file(scratch.Native("C:\\big"), kMaxFileSize + 1);
   std::string content;
-  const std::string noFile = Message(std::errc::no_such_file_or_directory);
-  EXPECT_EQ(CauseOf([&] { disk.Read("C:\\none", content); }), noFile);
-  EXPECT_EQ(CauseOf([&] { disk.Read("C:\\none\\x", content); }), "path not found");
-  EXPECT_EQ(CauseOf([&] { disk.Read("C:\\file\\x", content); }), "path not found");
-  EXPECT_EQ(CauseOf([&] { disk.Read("E:\\x", content); }), "path not found");
-  EXPECT_EQ(CauseOf([&] { disk.Write("C:\\none\\x", ""); }), "path not found");
-  EXPECT_EQ(CauseOf([&] { disk.CreateDirectory("C:\\none\\x"); }), "path not found");
+  for (const char* path : {"C:\\none\\x", "C:\\file\\x", "E:\\x"}) {
+    EXPECT_EQ(CauseOf([&] { disk.Read(path, content); }), "path not found") << path;
+    EXPECT_EQ(CauseOf([&] { disk.Write(path, ""); }), "path not found") << path;
+    EXPECT_EQ(CauseOf([&] { disk.CreateDirectory(path); }), "path not found") << path;
+  }
+  EXPECT_EQ(CauseOf([&] { disk.Read("C:\\none", content); }), Message(std::errc::no_such_file_or_directory));
   EXPECT_EQ(CauseOf([&] { disk.Write("C:\\", ""); }), Message(std::errc::is_a_directory));
   EXPECT_EQ(CauseOf([&] { disk.Read("C:\\big", content); }), "end of data");
   EXPECT_FALSE(disk.FileExists("C:\\") || disk.FileExists("E:\\x") || disk.DirectoryExists("C:\\file"));
@@ -89,21 +88,19 @@ TEST(Disk, ListsFilesByPrefixAndSuffix) {
 }
 
 TEST(Disk, ReplacesWholeOrNotAtAll) {
-  const std::string old(1000, 'o');
-  const std::string fresh(5000, 'n');
   bool failed = true;
   for (int n = 1; failed; ++n) {
     Scratch scratch;
     FailingFileLayer layer(scratch.Layer());
     Disk disk(layer, scratch.Drives());
-    scratch.Put("C:\\f", old);
+    scratch.Put("C:\\f", "old");
     layer.FailAt(n, std::errc::no_space_on_device, FailingFileLayer::Writes::Half);
-    const std::string cause = CauseOf([&] { disk.Write("C:\\F", fresh); });
+    const std::string cause = CauseOf([&] { disk.Write("C:\\F", "fresh"); });
     failed = layer.HasFailed();
     ASSERT_TRUE(failed || n > 5);
     const std::string call = layer.FailedCall();
     layer.FailNever();
-    EXPECT_EQ(scratch.Get("C:\\f"), cause.empty() || call == "FlushDirectory" ? fresh : old) << call;
+    EXPECT_EQ(scratch.Get("C:\\f"), cause.empty() || call == "FlushDirectory" ? "fresh" : "old") << call;
     EXPECT_EQ(disk.ListFiles("C:\\", "", ""), Names{"f"});
     EXPECT_TRUE(cause.empty() || cause == Message(std::errc::no_space_on_device)) << call << ": " << cause;
     scratch.Put(std::string("C:\\") + kLeftover, "of a save that was killed");

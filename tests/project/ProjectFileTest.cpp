@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 
 #include "project/ProjectOpening.h"
-#include "support/FailingFileLayer.h"
 #include "support/Scratch.h"
 #include "support/ScriptedBoxes.h"
 #include "text/FieldReader.h"
@@ -40,29 +39,14 @@ std::string FaultOf(std::string_view bytes) {
   return "";
 }
 
-// Two tests of four items without anything, in `primary` and `backup`.
-ProjectParameters PlainProject(const std::string& primary, const std::string& backup) {
-  ProjectParameters project;
-  project.TestCount = 2;
-  project.ItemCount = 4;
-  project.Abbreviation = "Ab";
-  project.PrimaryDir = primary;
-  project.BackupDir = backup;
-  project.ProjectFileName = "Plain.prm";
-  project.FormatMarker = "Sc";
-  project.RatedTests = {"Y", "Y"};  // not written: nothing is rated
-  return project;
-}
-
-std::string PlainContent(const std::string& primary, const std::string& backup) {
-  return "2,4,0,0,0,0,0,,,0,0,,0,\"Ab\",\"" + primary + "\",\"" + backup + "\",\"Plain.prm\",0,,\"VB Version\"\r\n";
-}
-
 }  // namespace
 
 TEST(ProjectFile, WritesAndReadsTheExample) {
   EXPECT_EQ(FormatProject(ExampleProject("D"), "VB Version"), kExample);
   EXPECT_EQ(ParseProject(kExample, kPath), ExampleProject("D"));
+  ProjectParameters unrated = ExampleProject("D");
+  unrated.Rated = 0;
+  EXPECT_TRUE(FormatProject(unrated, "VB Version").ends_with(kLists)) << "no flags without ratings";
   const std::string backup = FormatProject(ExampleProject("D"), "VB Backup", "B:\\Old");
   EXPECT_EQ(backup, Replaced(Replaced(kExample, ",7,,", ",7,\"B:\\Old\","), "VB Version", "VB Backup"));
   const ProjectParameters read = ParseProject("\xEF\xBB\xBF" + backup + "\x1Ajunk", kPath);
@@ -77,50 +61,42 @@ TEST(ProjectFile, WritesAndReadsTheExample) {
   EXPECT_EQ(ParseProject(Replaced(kExample, "3,66,1", "\" 3x\", 65.5 ,"), kPath).ItemCount, 66);
 }
 
-TEST(ProjectFile, ReadsTheIntermediateLayout) {
+TEST(ProjectFile, ReadsTheOlderLayouts) {
   ProjectParameters expected = ExampleProject("");
   expected.FormatMarker = "Sc 1.2";
   expected.ProjectFileName = "Opened.prm";
   expected.BackupDir = "B:\\Safe";
   expected.PrimaryDir = "C:\\Lab\\Data";
-  const std::string line =
+  const std::string intermediate =
       "3,66,1,6,11,1,7,1,1,1,6,,2,\"Example\",\"Safe\\\",\"Lab\\Data\\ \\ \\\",\"b\",1,,\"Sc 1.2\"\r\n";
-  EXPECT_EQ(ParseProject(line + kLists + "\"n\"\r\n\"N\"\r\n\"y\"\r\n", kPath), expected);
+  EXPECT_EQ(ParseProject(intermediate + kLists + "\"n\"\r\n\"N\"\r\n\"y\"\r\n", kPath), expected);
   expected.BackupDir = expected.PrimaryDir = "(none)";
-  EXPECT_EQ(ParseProject(Replaced(line, ",1,1,1,6", ",0,,1,6") + kLists + kFlags, kPath), expected);
-}
+  EXPECT_EQ(ParseProject(Replaced(intermediate, ",1,1,1,6", ",0,,1,6") + kLists + kFlags, kPath), expected);
 
-TEST(ProjectFile, ReadsTheOldestLayout) {
-  ProjectParameters expected = ExampleProject("");
   expected.FormatMarker = "Old ZOVA";
-  expected.ProjectFileName = "Opened.prm";
   expected.PrimaryDir = "C:\\Data";
-  expected.BackupDir = "(none)";
   expected.Rated = expected.MaxRating = expected.FalseMemory = 0;
   expected.RatedTests = {};
   for (const std::string abbreviation : {"Example", "1995"}) {  // all digits: told by the 14 fields
     expected.Abbreviation = abbreviation;
-    const std::string line = "3,66,1,6,11,1,7,1,0,2,\"" + abbreviation + "\",\"Safe\\\",\"Data\\\",\"b\"\r\n";
-    EXPECT_EQ(ParseProject(line + kLists, kPath), expected) << abbreviation;
-    const ProjectParameters plain = ParseProject(Replaced(line, ",0,2,", ",1,0,"), kPath);
-    EXPECT_EQ(plain.FormatMarker, "Old ZOVA");
-    EXPECT_EQ(plain.BackupDir, "B:\\Safe");
+    const std::string oldest = "3,66,1,6,11,1,7,1,0,2,\"" + abbreviation + "\",\"Safe\\\",\"Data\\\",\"b\"\r\n";
+    EXPECT_EQ(ParseProject(oldest + kLists, kPath), expected) << abbreviation;
+    const ProjectParameters plain = ParseProject(Replaced(oldest, ",0,2,", ",1,0,"), kPath);
+    EXPECT_EQ(plain.FormatMarker + plain.BackupDir, "Old ZOVAB:\\Safe");
     EXPECT_EQ(plain.VariableCount, 0);
   }
 }
 
 TEST(ProjectFile, RefusesFaults) {
-  const std::tuple<const char*, const char*, const char*> cases[] = {
-      {"3,66", "16,66", "number too large"},
-      {"3,66", "-1,66", "number too small"},
-      {"3,66", "three,66", "number expected"},
-      {"66", "32768", "number beyond the 16-bit range"},
-      {",2,\"Ex", ",11,\"Ex", "number too large"},
-      {",1,6,,", ",yes,6,,", "number expected"},
-      {"\r\n2\r\n3", "\r\n2\r\n12", "number too large"},
-      {"\r\n2\r\n3", "\r\n-2\r\n3", "number too small"},
-      {"\r\n2\r\n3", "\r\n2\r\nthree", "number expected"},
-      {"66,1,6,11", "-66,1,6,11", "number too small"}};
+  const std::tuple<const char*, const char*, const char*> cases[] = {{"3,66", "16,66", "number too large"},
+                                                                     {"3,66", "-1,66", "number too small"},
+                                                                     {"3,66", "three,66", "number expected"},
+                                                                     {"66", "32768", "number beyond the 16-bit range"},
+                                                                     {",2,\"Ex", ",11,\"Ex", "number too large"},
+                                                                     {",1,6,,", ",yes,6,,", "number expected"},
+                                                                     {"\r\n2\r\n3", "\r\n2\r\n12", "number too large"},
+                                                                     {"\r\n2\r\n3", "\r\n-2\r\n3", "number too small"},
+                                                                     {"66,1,6,11", "-66,1,6,11", "number too small"}};
   for (const auto& [what, by, fault] : cases) EXPECT_EQ(FaultOf(Replaced(kExample, what, by)), fault) << by;
   for (const std::string& marked : {"\xFF\xFE" + kExample, kExample + std::string(1, '\0')}) {
     EXPECT_EQ(FaultOf(marked), "input past end of file");
@@ -130,79 +106,40 @@ TEST(ProjectFile, RefusesFaults) {
     if (kExample[i] != ',' && kExample[i] != '\n') continue;
     ASSERT_EQ(FaultOf(kExample.substr(0, i + 1)), "input past end of file") << kExample.substr(0, i + 1);
   }
-  EXPECT_EQ(FaultOf(""), "input past end of file");
   EXPECT_EQ(FaultOf(kExample.substr(0, kExample.size() - 2)), "") << "the last line needs no end";
-
-  Scratch scratch;
-  Disk disk = scratch.MakeDisk();
-  scratch.Put(kPath, Replaced(kExample, "66", "x"));
-  try {
-    (void)ReadProjectFile(disk, kPath);
-    FAIL() << "a faulty file was read";
-  } catch (const FileError& error) {
-    EXPECT_EQ(error.Cause(), FileCause::EndOfData);
-    EXPECT_EQ(std::string(error.what()) + error.Detail(), "Reading 'C:\\Param\\Opened.prm'Line 1: number expected.");
-  }
 }
 
 TEST(ProjectFile, GoesToItsThreeTargets) {
-  struct Case {
-    const char* Primary;
-    const char* Backup;
-    bool Restoring;
-  };
-  for (const Case& c : {Case{"C:\\P", "D:\\B", false}, Case{"C:\\P", "(none)", false}, Case{"(none)", "D:\\B", false},
-                        Case{"C:\\P", "D:\\B", true}, Case{"C:\\P", "D:\\Gone", false}}) {
+  const std::tuple<std::string, std::string, bool> cases[] = {{"C:\\P", "D:\\B", false},
+                                                              {"C:\\P", "(none)", false},
+                                                              {"(none)", "D:\\B", false},
+                                                              {"C:\\P", "D:\\B", true},
+                                                              {"C:\\P", "D:\\Gone", false}};
+  for (const auto& [primary, backup, restoring] : cases) {
     Scratch scratch;
     Disk disk = scratch.MakeDisk();
-    for (const char* directory : {"C:\\Param", "C:\\P", "D:\\B"}) scratch.MakeDirectory(directory);
-    scratch.Put("C:\\Param\\Plain.prm", "older");
-    const bool gone = c.Backup == std::string("D:\\Gone");
+    for (const char* directory : {"C:\\P", "D:\\B"}) scratch.MakeDirectory(directory);
+    scratch.Put("C:\\Param\\Example.prm", "older");
+    const bool gone = backup == "D:\\Gone";
     ScriptedBoxes boxes;
-    if (gone) boxes.Expect({kPathNotFound, BoxAnswer::Cancel, c.Backup});
+    if (gone) boxes.Expect({kPathNotFound, BoxAnswer::Cancel, backup});
     FileErrorHandler errors(boxes);
-    ProjectParameters project = PlainProject(c.Primary, c.Backup);
+    ProjectParameters project = ExampleProject("D");
+    project.PrimaryDir = primary;
+    project.BackupDir = backup;
+    project.FormatMarker = "Sc";
     Tree expected = scratch.Snapshot();
-    const std::string content = PlainContent(c.Primary, c.Backup);
-    expected["C/Param/Plain.prm"] = content;
-    if (c.Primary[0] != '(') expected.insert({{"C/P/Plain.prm", content}, {"C/P/Sdata/", ""}});
-    if (c.Backup[0] != '(' && !c.Restoring && !gone) {
-      expected.insert({{"D/B/Plain.prm", content}, {"D/B/Sdata/", ""}});
-    }
-    EXPECT_EQ(WriteProjectFile(project, "C:\\Param", c.Restoring, disk, errors), !gone);
+    const std::string content = FormatProject(project, "VB Version");
+    expected["C/Param/Example.prm"] = content;
+    if (primary == "C:\\P") expected.insert({{"C/P/Example.prm", content}, {"C/P/Sdata/", ""}});
+    if (backup == "D:\\B" && !restoring) expected.insert({{"D/B/Example.prm", content}, {"D/B/Sdata/", ""}});
+    EXPECT_EQ(WriteProjectFile(project, "C:\\Param", restoring, disk, errors), !gone);
     EXPECT_EQ(scratch.Snapshot(), expected);
     EXPECT_EQ(project.FormatMarker, gone ? "Sc" : "VB Version");  // also while restoring
   }
 }
 
-TEST(ProjectFile, AsksAfterEachFailedCall) {
-  const std::string content = PlainContent("C:\\P", "D:\\B");
-  for (const BoxAnswer answer : {BoxAnswer::Retry, BoxAnswer::Cancel}) {
-    bool failed = true;
-    std::size_t asked = 0;
-    for (int n = 1; failed; ++n) {
-      Scratch scratch;
-      FailingFileLayer layer(scratch.Layer());
-      Disk disk(layer, scratch.Drives());
-      for (const char* directory : {"C:\\Param", "C:\\P", "D:\\B"}) scratch.MakeDirectory(directory);
-      AnsweringBoxes boxes(answer);
-      FileErrorHandler errors(boxes);
-      ProjectParameters project = PlainProject("C:\\P", "D:\\B");
-      layer.FailAt(n, std::errc::no_space_on_device, FailingFileLayer::Writes::Half);
-      const bool written = WriteProjectFile(project, "C:\\Param", false, disk, errors);
-      failed = layer.HasFailed();
-      asked += boxes.Texts.size();
-      EXPECT_EQ(written, answer == BoxAnswer::Retry || boxes.Texts.empty()) << layer.FailedCall();
-      EXPECT_EQ(project.FormatMarker, written ? "VB Version" : "Sc") << layer.FailedCall();
-      const Tree tree = scratch.Snapshot();
-      for (const auto& [name, bytes] : tree) EXPECT_TRUE(name.ends_with('/') || bytes == content) << name;
-      EXPECT_TRUE(!written || tree.size() == 10) << layer.FailedCall();  // 3 files in 7 directories, no temporary
-    }
-    EXPECT_GT(asked, 20U);
-  }
-}
-
-TEST(ProjectFile, ShippedExampleIsTheExample) {
+TEST(ProjectFile, ReadsFromTheDisk) {
   Scratch scratch;
   Disk disk = scratch.MakeDisk();
   scratch.MakeDirectory("C:\\Param");
@@ -214,4 +151,10 @@ TEST(ProjectFile, ShippedExampleIsTheExample) {
   EXPECT_EQ(scratch.Get("C:\\Param\\Example.prm"), shipped);
   EXPECT_EQ(TreeOf(scratch.Native("C:\\ZOVA")), (Tree{{"Sample Data/", ""}, {"Sample Data/Example.prm", shipped}}));
   EXPECT_EQ(ReadProjectFile(disk, "c:\\param\\EXAMPLE.prm"), ExampleProject("C:\\ZOVA"));
+  scratch.Put(kPath, Replaced(kExample, "66", "x"));
+  try {
+    FAIL() << ReadProjectFile(disk, kPath).ItemCount;
+  } catch (const FileError& error) {
+    EXPECT_EQ(std::string(error.what()) + error.Detail(), "Reading 'C:\\Param\\Opened.prm'Line 1: number expected.");
+  }
 }

@@ -9,8 +9,7 @@
 #include <sstream>
 #include <string>
 
-#include "master/MasterColumns.h"
-#include "text/NumberText.h"
+#include "master/MasterLines.h"
 
 namespace zova::testing {
 
@@ -64,22 +63,18 @@ inline RecallLists MakeLists(const ProjectParameters& project, const std::string
 /// `count` entries from item `first` on, all in minute 1 with the same rating.
 inline std::string Sequence(int count, int rating = 0, int first = 1) {
   std::string text;
-  for (int item = first; item < first + count; ++item) {
-    text += std::to_string(item) + "/1/" + std::to_string(rating) + " ";
-  }
+  const std::string end = "/1/" + std::to_string(rating) + " ";
+  for (int item = first; item < first + count; ++item) text += std::to_string(item) + end;
   return text;
 }
 
 /// What all families make of `lists`.
-inline ScoringArrays Scored(const ProjectParameters& project, const RecallLists& lists) {
+inline ScoringArrays Scored(const ProjectParameters& project, const std::string& lists) {
   FamilySet all;
   for (std::size_t family = 0; family < kScoreFamilyCount; ++family) all.Add(static_cast<ScoreFamily>(family));
   ScoringArrays scores;
-  ScoreSubject(lists, project, all, scores);
+  ScoreSubject(MakeLists(project, lists), project, all, scores);
   return scores;
-}
-inline ScoringArrays Scored(const ProjectParameters& project, const std::string& lists) {
-  return Scored(project, MakeLists(project, lists));
 }
 
 /// The boxes that a test is about, as far as the project has data for them.
@@ -91,34 +86,23 @@ inline MeasureSelection Only(const ProjectParameters& project, std::initializer_
   return selection;
 }
 
-/// Scores in the form "Net 12 14, Losses 1": each measure with the values of its columns, and behind a value that could
-/// not be computed why.
-class ScoreText final : public ColumnSink {
- public:
-  void Count(const ColumnOrigin&, const ColumnName& name, std::int16_t value) override { Add(name, value, ""); }
-  void Share(const ColumnOrigin&, const ColumnName& name, const Ratio& value) override {
-    constexpr const char* kGaps[] = {"", "?few", "?room", "?empty", "?common", "?off"};
-    Add(name, value.Cut, kGaps[static_cast<std::size_t>(value.Gap)]);
+/// The columns of `boxes` in a row of the master, in the form "Net 12 14, Losses 1": each measure with its values.
+inline std::string Columns(const ProjectParameters& project, const ScoringArrays& scores,
+                           std::initializer_list<Measure> boxes) {
+  const MeasureSelection selection = Only(project, boxes);
+  std::string row;
+  BuildMasterRow("", {}, project, selection, scores, row);
+  std::istringstream names(BuildMasterHeader(project, selection, MasterKind::Individual).MasterHeader + ",");
+  std::istringstream values(row);
+  std::string text;
+  std::string last = "Sub ID's";
+  for (std::string name, value; std::getline(names, name, ',') && std::getline(values, value, ',');) {
+    name.resize(std::min(name.size(), name.find('(')));
+    if (name != last) text += text.empty() ? name.substr(1) : "," + name;
+    last = name;
+    text += value.substr(std::min(value.size(), value.find_last_of(' ')));
   }
-  static std::string Of(const ProjectParameters& project, const ScoringArrays& scores,
-                        std::initializer_list<Measure> boxes) {
-    ScoreText text;
-    WalkMeasureColumns(project, Only(project, boxes), MasterKind::Individual, scores, text);
-    return text.m_text;
-  }
-
- private:
-  template <typename Number>
-  void Add(const ColumnName& name, Number value, const char* gap) {
-    const std::string_view measure = name.Text0.substr(0, name.Text0.find('('));
-    if (measure != m_measure) m_text.append(m_text.empty() ? "" : ", ").append(measure);
-    m_measure = measure;
-    AppendNumber(m_text += ' ', value);
-    m_text += gap;
-  }
-
-  std::string m_text;
-  std::string_view m_measure;
-};
+  return text;
+}
 
 }  // namespace zova::testing

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <filesystem>
-#include <functional>
 #include <memory>
 #include <string>
 #include <system_error>
@@ -20,8 +19,6 @@ class FailingFileLayer final : public FileLayer {
   enum class Writes { Nothing, Half };
 
   explicit FailingFileLayer(FileLayer& inner) : m_inner(inner) {}
-  FailingFileLayer(const FailingFileLayer&) = delete;
-  FailingFileLayer& operator=(const FailingFileLayer&) = delete;
 
   /// Counts anew; call `n` (from 1) throws `code`. A write that fails leaves nothing or the first half of its bytes.
   void FailAt(int n, std::errc code = std::errc::no_space_on_device, Writes writes = Writes::Nothing) {
@@ -33,7 +30,6 @@ class FailingFileLayer final : public FileLayer {
   }
   /// Counts anew and lets everything pass.
   void FailNever() { FailAt(0); }
-  [[nodiscard]] int Calls() const noexcept { return m_calls; }
   [[nodiscard]] bool HasFailed() const noexcept { return !m_failedCall.empty(); }
   /// The name of the call that failed, or "".
   [[nodiscard]] const std::string& FailedCall() const noexcept { return m_failedCall; }
@@ -66,10 +62,9 @@ class FailingFileLayer final : public FileLayer {
    public:
     File(FailingFileLayer& layer, std::unique_ptr<OutputFile> inner) : m_layer(layer), m_inner(std::move(inner)) {}
     void Write(std::string_view bytes) override {
-      m_layer.Pass("Write", [&] {
-        if (m_layer.m_writes == Writes::Half) m_inner->Write(bytes.substr(0, bytes.size() / 2));
-      });
-      m_inner->Write(bytes);
+      const bool fails = m_layer.m_calls + 1 == m_layer.m_failAt;
+      if (fails && m_layer.m_writes == Writes::Half) m_inner->Write(bytes.substr(0, bytes.size() / 2));
+      m_layer.Pass("Write"), m_inner->Write(bytes);
     }
     void Flush() override { m_layer.Pass("Flush"); }
     void Close() override { m_layer.Pass("Close"), m_inner->Close(); }
@@ -79,11 +74,9 @@ class FailingFileLayer final : public FileLayer {
     std::unique_ptr<OutputFile> m_inner;
   };
 
-  void Pass(
-      const char* call, const std::function<void()>& beforeFailing = [] {}) {
+  void Pass(const char* call) {
     if (++m_calls != m_failAt) return;
     m_failedCall = call;
-    beforeFailing();
     throw std::system_error(std::make_error_code(m_code));
   }
 

@@ -35,11 +35,7 @@ inline Tree TreeOf(const std::filesystem::path& root) {
   Tree tree;
   for (const auto& entry : std::filesystem::recursive_directory_iterator(root)) {
     const std::string name = entry.path().lexically_relative(root).generic_string();
-    if (entry.is_directory()) {
-      tree[name + "/"] = "";
-    } else {
-      tree[name] = ReadFile(entry.path());
-    }
+    tree[name + (entry.is_directory() ? "/" : "")] = entry.is_directory() ? "" : ReadFile(entry.path());
   }
   return tree;
 }
@@ -89,10 +85,7 @@ class Scratch {
 class CountingDesktop final : public Desktop {
  public:
   ~CountingDesktop() override { EXPECT_EQ(Busy, 0) << "the busy pointer was left behind"; }
-  void ShowBusyPointer() override {
-    ++Busy;
-    ++Shown;
-  }
+  void ShowBusyPointer() override { ++Busy, ++Shown; }
   void RestorePointer() override { --Busy; }
 
   int Busy = 0;

@@ -25,7 +25,7 @@ Fields FieldsOf(std::string_view text) {
   return fields;
 }
 
-// The fault and its line as "fault:line", or "" when `read` does not throw.
+// "fault:line", or "" when `read` does not throw.
 std::string FaultOf(const std::function<void()>& read) {
   try {
     read();
@@ -38,24 +38,17 @@ std::string FaultOf(const std::function<void()>& read) {
 }  // namespace
 
 TEST(FieldReader, SplitsByTheGrammar) {
-  // Blanks go on both sides; a blank line is one empty field, a last comma opens none; LF CR are two line ends. Quotes
-  // hold commas and blanks, end at the line's end when unclosed, and what follows them is dropped; nothing is escaped.
-  const std::pair<std::string, Fields> cases[] = {{"", {}},
-                                                  {"a", {"a"}},
-                                                  {"a,b\r\nc\nd\re", {"a", "b", "c", "d", "e"}},
-                                                  {"a\r\n", {"a"}},
-                                                  {"a,\r\n", {"a", ""}},
-                                                  {"a,", {"a"}},
-                                                  {",,\r\n", {"", "", ""}},
-                                                  {"a\r\n\r\nb", {"a", "", "b"}},
-                                                  {"\n\r", {"", ""}},
-                                                  {" \t a b \t, c", {"a b", "c"}},
-                                                  {"\"a, b\" ,c", {"a, b", "c"}},
-                                                  {"\" a \"", {" a "}},
-                                                  {"\"a\"junk,b", {"a", "b"}},
-                                                  {"\"a,b\r\nc", {"a,b", "c"}},
-                                                  {"a\"b,c\"d", {"a\"b", "c\"d"}},
-                                                  {"\"\",\"\"\"x\"", {"", ""}}};
+  const std::pair<std::string, Fields> cases[] = {
+      {"", {}},
+      {"a,b\r\nc\nd\re", {"a", "b", "c", "d", "e"}},
+      {"a,\r\n", {"a", ""}},  // a comma before a line end opens a field, one at the very end does not
+      {"a,", {"a"}},
+      {"a\r\n\r\nb", {"a", "", "b"}},  // a blank line is an empty field, and LF CR are two line ends
+      {"\n\r", {"", ""}},
+      {" \t a b \t, c", {"a b", "c"}},
+      {"\"a, b\" ,\" c \"", {"a, b", " c "}},
+      {"\"a\"junk,\"b,c\r\nd", {"a", "b,c", "d"}},     // an unclosed quote ends with the line
+      {"a\"b,c\"d,\"\"\"x\"", {"a\"b", "c\"d", ""}}};  // nothing is escaped
   for (const auto& [text, fields] : cases) EXPECT_EQ(FieldsOf(text), fields) << text;
 }
 
@@ -75,18 +68,17 @@ TEST(FieldReader, NamesTheLineOfAFault) {
 }
 
 TEST(LeadingNumber, ReadsRoundsAndLimits) {
-  const std::pair<const char*, int> whole[] = {
-      {" \t7 ", 7},         {"+5", 5},  {".5", 0},  {"1.5", 2},         {"2.5", 2},
-      {"2.50000001", 3},    {"3.5", 4}, {"-.5", 0}, {"-1.5", -2},       {"-2.5", -2},
-      {"0.49999999999", 0}, {"5.", 5},  {"007", 7}, {"32767.4", 32767}, {"-32768.5", -32768}};
-  const std::pair<const char*, int> leading[] = {{"12abc", 12}, {"1e3", 1}, {"0x10", 0}, {"1,5", 1}, {"1.2.3", 1}};
-  for (const auto& [text, value] : whole) {
-    EXPECT_EQ(LeadingInteger16(text), value) << text;
-    EXPECT_TRUE(HasLeadingNumber(text) && IsWholeNumberText(text)) << text;
-  }
-  for (const auto& [text, value] : leading) {
-    EXPECT_EQ(LeadingInteger16(text), value) << text;
-    EXPECT_TRUE(HasLeadingNumber(text) && !IsWholeNumberText(text)) << text;
+  using Cases = std::vector<std::pair<const char*, int>>;
+  const Cases whole = {{" \t7 ", 7},      {"+5", 5},          {".5", 0},           {"1.5", 2},   {"2.5", 2},
+                       {"2.50000001", 3}, {"3.5", 4},         {"-1.5", -2},        {"-2.5", -2}, {"0.49999999999", 0},
+                       {"5.", 5},         {"32767.4", 32767}, {"-32768.5", -32768}};
+  const Cases leading = {{"12abc", 12}, {"1e3", 1}, {"0x10", 0}, {"1,5", 1}, {"1.2.3", 1}};
+  for (const Cases& cases : {whole, leading}) {
+    for (const auto& [text, value] : cases) {
+      EXPECT_EQ(LeadingInteger16(text), value) << text;
+      EXPECT_TRUE(HasLeadingNumber(text)) << text;
+      EXPECT_EQ(IsWholeNumberText(text), cases == whole) << text;
+    }
   }
   for (const char* text : {"", "abc", "-", ".", "- 5", "--5"}) {
     EXPECT_EQ(LeadingInteger16(text), 0) << text;
@@ -112,15 +104,4 @@ TEST(NumberText, HasNoZeroBeforeThePoint) {
   AppendNumber(others, -2.0 / 3);
   AppendNumber(others, -32768);
   EXPECT_EQ(others, ".3-.666666666666667-32768");
-  // The C library as the judge over every cut that a measure can give in a usual range.
-  for (int thousandths = -20000; thousandths <= 20000; ++thousandths) {
-    const float value = static_cast<float>(thousandths) / 1000.F;
-    char judged[32];
-    std::snprintf(judged, sizeof judged, "%.7g", static_cast<double>(value));
-    std::string expected = judged;
-    if (const auto zero = expected.find("0."); zero == 0 || (zero == 1 && expected[0] == '-')) expected.erase(zero, 1);
-    std::string text;
-    AppendNumber(text, value);
-    ASSERT_EQ(text, expected);
-  }
 }
