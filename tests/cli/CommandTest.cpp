@@ -54,6 +54,7 @@ TEST_F(Command, WritesTheMasterWhereverItIsTold) {
     EXPECT_EQ(Files.Get(kMaster),
               "Sub ID's, Net(Test 1), Net(Test 2), Losses(Test 1 to 2), Gains(Test 1 to 2)\r\n1,  2,  1,  1,  0\r\n");
   }
+  Expect("--destination Bare.txt Ab.prm", 0, {"C:\\Data\\Bare.txt", kMaster}, "");
   Expect("--destination ../D/Out/a.txt Ab.prm", 0, {"D:\\Out\\a.txt", kMaster}, "");
   const char* serial = "D:\\Out\\AB Serial Position Master.txt";
   Files.Put("C:\\order.dat", "1,2\n2,1\n");
@@ -77,14 +78,25 @@ TEST_F(Command, RefusesWrongUsage) {
 }
 
 TEST_F(Command, SaysWhyThereIsNoMaster) {
+  Expect("none/a.prm", 1, {},
+         "Path not found.  Please verify that the correct disk is in the drive.\nReading 'C:\\none\\a.prm'\n");
   Files.Put("C:\\twice.dat", "1,2\n2,2\n");
   Expect("--serial-order twice.dat Ab.prm", 1, {}, "Position 2 is used twice.\nReading 'C:\\twice.dat'\n");
   std::string wrong = Files.Get("C:\\Data\\Sdata\\AB Sub#1.dat");
   Files.Put("C:\\Data\\Sdata\\AB Sub#2.dat", wrong.replace(wrong.find("1,1,"), 4, "1,3,"));
   Expect(
-      "Ab.prm", 1, {kMaster},  // the first subject's row stays
+      "Ab.prm", 1, {kMaster},  // the first subject's row stays; its notice is not told
       "Subscript out of range\n'C:\\Data\\Sdata\\AB Sub#2.dat'\nSubject 2: item 3 at position 1 of test 1 is outside 1 "
       "to 2.\n");
+}
+
+TEST_F(Command, MakesTheMasterOfTheSampleData) {
+  Files.MakeDirectory("C:\\ZOVA");
+  std::filesystem::copy(std::filesystem::path(ZOVA_DATA) / "Sample Data", Files.Native("C:\\ZOVA\\Sample Data"),
+                        std::filesystem::copy_options::recursive);
+  Expect("'C:\\ZOVA\\Sample Data\\Example.prm'", 0, {"C:\\ZOVA\\Sample Data\\Example Master.txt"}, "");
+  const std::string master = Files.Get("C:\\ZOVA\\Sample Data\\Example Master.txt");
+  EXPECT_EQ(std::count(master.begin(), master.end(), '\n'), 25) << "a header and 24 subjects";
 }
 
 }  // namespace

@@ -121,6 +121,24 @@ TEST(MasterRun, ARunTimeErrorIsRetriedOrEndsTheRun) {
       << "a repeated item counts each time";
 }
 
+TEST(MasterRun, FilesThatWentOrEndEarlyStopIt) {
+  Lab lab({.Tests = 1, .Items = 2});
+  for (const char* id : {"1", "2", "3"}) lab.Put(std::string("AB Sub#") + id + ".dat", "1 2");
+  const std::string first = "Sub ID's, Net(Test 1)\r\n1,  2\r\n";
+
+  lab.Files.Put("C:\\Data\\Sdata\\AB Sub#2.dat", "\"Subject#\"\r\n1,1,0,0\r\n");
+  ScriptedBoxes early{{"This is not a valid file format.  Please select a different file.", BoxAnswer::Ok,
+                       "'C:\\Data\\Sdata\\AB Sub#2.dat'", BoxIcon::Exclamation, BoxButtons::Ok}};
+  EXPECT_FALSE(lab.Run(early).Completed);
+  EXPECT_EQ(lab.Files.Get(kMaster), first);
+
+  lab.Put("AB Sub#2.dat", "2");
+  ScriptedBoxes gone{{std::make_error_code(std::errc::no_such_file_or_directory).message(), BoxAnswer::Cancel,
+                      "'C:\\Data\\Sdata\\'", BoxIcon::Exclamation, BoxButtons::RetryCancel}};
+  EXPECT_FALSE(lab.Run(gone).Completed) << "three files, where four were counted";
+  EXPECT_EQ(lab.Files.Get(kMaster), first + "2,  1\r\n3,  2\r\n");
+}
+
 // Two subjects, and columns enough for three pieces.
 struct WideLab : Lab {
   WideLab() : Lab({.Items = 2, .Minutes = 130}) {
@@ -141,24 +159,28 @@ TEST(MasterRun, SurvivesTheFailureOfAnySingleDiskCall) {
   std::set<std::string> masters;  // after a cancelled run
   bool failed = true;
   for (int n = 1; failed; ++n) {
-    for (const BoxAnswer answer : {BoxAnswer::Cancel, BoxAnswer::Retry}) {
-      WideLab lab;
-      FailingFileLayer layer(lab.Files.Layer());
-      layer.FailAt(n, std::errc::io_error, FailingFileLayer::Writes::Half);
-      AnsweringBoxes boxes(answer);
-      const bool completed = lab.Run(boxes, &layer).Completed;
-      failed = layer.HasFailed();
-      SCOPED_TRACE("call " + std::to_string(n) + ", " + layer.FailedCall());
-      EXPECT_LE(boxes.Texts.size(), failed ? 1U : 0U);
-      EXPECT_EQ(completed, boxes.Texts.empty() || answer == BoxAnswer::Retry);
-      const Tree left = lab.Files.Snapshot();
-      if (completed) EXPECT_EQ(left, finished);
-      for (const auto& [name, bytes] : left) {
-        ASSERT_TRUE(finished.contains(name)) << name;
-        const bool wholeLines = finished.at(name).starts_with(bytes) && (bytes.empty() || bytes.ends_with("\r\n"));
-        EXPECT_TRUE(wholeLines || (name == "C/Data/AB Master.txt" && bytes == "the master before\r\n")) << name;
+    for (const auto writes : {FailingFileLayer::Writes::Nothing, FailingFileLayer::Writes::Half}) {
+      for (const BoxAnswer answer : {BoxAnswer::Cancel, BoxAnswer::Retry}) {
+        WideLab lab;
+        FailingFileLayer layer(lab.Files.Layer());
+        layer.FailAt(n, std::errc::io_error, writes);
+        AnsweringBoxes boxes(answer);
+        const bool completed = lab.Run(boxes, &layer).Completed;
+        failed = layer.HasFailed();
+        SCOPED_TRACE("call " + std::to_string(n) + ", " + layer.FailedCall());
+        EXPECT_LE(boxes.Texts.size(), failed ? 1U : 0U);
+        EXPECT_EQ(completed, boxes.Texts.empty() || answer == BoxAnswer::Retry);
+        const Tree left = lab.Files.Snapshot();
+        if (completed) {
+          EXPECT_EQ(left, finished);
+        }
+        for (const auto& [name, bytes] : left) {
+          ASSERT_TRUE(finished.contains(name)) << name;
+          const bool wholeLines = finished.at(name).starts_with(bytes) && (bytes.empty() || bytes.ends_with("\r\n"));
+          EXPECT_TRUE(wholeLines || (name == "C/Data/AB Master.txt" && bytes == "the master before\r\n")) << name;
+        }
+        if (!completed) masters.insert(lab.Files.Get(kMaster));
       }
-      if (!completed) masters.insert(lab.Files.Get(kMaster));
     }
   }
   EXPECT_EQ(masters.size(), 4U) << "the old one, the header alone, and one row and two behind it";
@@ -176,6 +198,9 @@ TEST(MasterRun, LargestShapes) {
   EXPECT_FALSE(lab.Run(boxes).Completed);
   EXPECT_EQ(lab.Files.Snapshot(), before) << "it fails before any file is touched";
   lab.Request.Selection.Check(Measure::IP, false);
+  boxes.Expect({"Overflow", BoxAnswer::Cancel, "AB Sub#1.dat'\nSubject 1: the product of "});
+  EXPECT_FALSE(lab.Run(boxes).Completed);
+
   lab.Request.Selection.Check(Measure::Bi, false);
   EXPECT_TRUE(lab.Run(boxes).Completed);
   std::string row = "\r\n1";
@@ -186,22 +211,24 @@ TEST(MasterRun, LargestShapes) {
 
 TEST(MasterRun, TenThousandSubjects) {
   Lab lab({.Tests = 1, .Items = 1});
-  std::string expected = "Sub ID's, Net(Test 1)\r\n";
-  for (int id = 10000; id < 20000; ++id) {
-    lab.Put("AB Sub#" + std::to_string(id) + ".dat", "1");
-    expected += std::to_string(id) + ",  1\r\n";
-  }
+  for (int id = 10000; id < 20000; ++id) lab.Put("AB Sub#" + std::to_string(id) + ".dat", "1");
   ScriptedBoxes boxes;
   EXPECT_TRUE(lab.Run(boxes).Completed);
+  std::string expected = "Sub ID's, Net(Test 1)\r\n";
+  for (int id = 10000; id < 20000; ++id) expected += std::to_string(id) + ",  1\r\n";
   EXPECT_TRUE(lab.Files.Get(kMaster) == expected);
   EXPECT_TRUE(lab.Bar.Percents.starts_with("0 1 2 ") && lab.Bar.Percents.ends_with(" 99 100 ")) << lab.Bar.Percents;
 }
 
-TEST(SerialPositions, FaultyOrders) {
+TEST(SerialPositions, OrdersAndTheirFaults) {
   Scratch scratch;
   Disk disk = scratch.MakeDisk();
-  scratch.Put("C:\\order.dat", "3,1\n1,2\r\n2,4\n9,9\n");
-  EXPECT_EQ(SerialOrderFault(ReadSerialOrder(disk, "C:\\order.dat", 3)), "Item 2 has no position from 1 to 3.");
+  for (const auto& [bytes, fault] : {std::pair("3,1\n1,2\r\n2,3\n9,9\n", ""),
+                                     {"1,1\n2,4\n3,3\n", "Item 2 has no position from 1 to 3."},
+                                     {"1,3\n2,1\n3,3\n", "Position 3 is used twice."}}) {
+    scratch.Put("C:\\order.dat", bytes);
+    EXPECT_EQ(SerialOrderFault(ReadSerialOrder(disk, "C:\\order.dat", 3)), fault) << bytes;
+  }
   for (const char* bytes : {"1,2\n2,1\n", "1,1\n2,2\n4,3\n", "0,1\n1,2\n2,3\n", "1,1\n2,x\n3,3\n"}) {
     scratch.Put("C:\\order.dat", bytes);
     EXPECT_THROW(ReadSerialOrder(disk, "C:\\order.dat", 3), FileError) << bytes;

@@ -63,8 +63,9 @@ inline RecallLists MakeLists(const ProjectParameters& project, const std::string
 /// `count` entries from item `first` on, all in minute 1 with the same rating.
 inline std::string Sequence(int count, int rating = 0, int first = 1) {
   std::string text;
-  const std::string end = "/1/" + std::to_string(rating) + " ";
-  for (int item = first; item < first + count; ++item) text += std::to_string(item) + end;
+  for (int item = first; item < first + count; ++item) {
+    text += std::to_string(item) + "/1/" + std::to_string(rating) + " ";
+  }
   return text;
 }
 

@@ -72,6 +72,21 @@ TEST(Scores, BiDirectionalItr) {
   Check({Measure::Bi}, {.Tests = 3}, {{"1 2 | | 1", "Bi-ITR 0 0"}, {"1 | 1 | 2", "Bi-ITR 0 0"}});
 }
 
+TEST(Scores, KeepTheUncutValueAndTheReason) {
+  const ProjectParameters project =
+      MakeProject({.Tests = 3, .Items = 8, .PerCategory = 4, .MaxRating = 6, .Rated = "YYN"});
+  const ScoringArrays scores = Scored(project, "1/0/5 2/0/5 5/0/4 6/0/5 3/0/3 | 1/0/4 2/0/5 5/0/4 |");
+  const float expected = 13.0F / 5.0F - 1.0F;
+  EXPECT_EQ(scores.Categories.ArcScore[1], (Ratio{.285F, (2.0F - expected) / (3.0F - expected), ScoreGap::None}));
+  EXPECT_EQ(scores.Categories.ArcScore[2].Cut, 1.0F) << "perfect clustering";
+  EXPECT_EQ(scores.Categories.ArcScore[3].Gap, ScoreGap::TooFewRecalls);
+  EXPECT_EQ(scores.Categories.ItemsPerCat[3].Gap, ScoreGap::EmptyList);
+  EXPECT_EQ(scores.True.RatingAvg[2], (Ratio{4.33F, 13.0F / 3.0F, ScoreGap::None}));
+  EXPECT_EQ(scores.True.RatingAvg[3].Gap, ScoreGap::NotScored);
+  EXPECT_EQ(scores.True.Changes[2].Down, (Ratio{.33F, 1.0F / 3.0F, ScoreGap::None}));
+  EXPECT_EQ(scores.Itr.BiItr[3].Gap, ScoreGap::EmptyList);
+}
+
 TEST(Scores, Patterns) {
   Check({Measure::IP}, {.Tests = 3, .Items = 6}, {{"1 2 3 3 | 5 3 | 3", "ItemsWithPattern 2 0 1 0 2 0 0 1"}});
   Check({Measure::IP, Measure::FIP}, {.Items = 8, .PerCategory = 4, .Lures = true},
@@ -98,6 +113,7 @@ TEST(Scores, ErrorsNameWhatAndWhere) {
   const Shape lures{.PerCategory = 4, .Minutes = 3, .Lures = true};
   const std::tuple<Shape, std::string, const char*> kCases[] = {
       {{}, "1 | 2 13", "item 13 at position 2 of test 2"},
+      {{}, "1 -1 2", "item -1 at position 2 of test 1"},
       {lures, "4/9", "minute 9 of item 4 on test 1"},
       {{.Minutes = 3}, "1/3 | 2/0", "minute 0 of item 2 on test 2"},
       {{.Minutes = 3}, "1/3 0 2/1", "minute 0"},  // a blank has none
@@ -121,7 +137,9 @@ TEST(Scores, AnOverflowThatNobodySeesLeavesZerosAndNamesNobody) {
       MakeProject({.Tests = 3, .Items = 364, .PerCategory = 182, .MaxRating = 1000, .Rated = "YYY"});
   const std::string list = Sequence(182, 1000);  // test 1 is empty: without the overflow, ARC and ITR would fail there
   ScoringArrays scores;
-  ScoreSubject(MakeLists(project, "| " + list + "| 183 " + list), project, FamilySet(), scores);
+  FamilySet basic;
+  basic.Add(ScoreFamily::Basic);
+  ScoreSubject(MakeLists(project, "| " + list + "| 183 " + list), project, basic, scores);
   EXPECT_EQ(Columns(project, scores, {Measure::Basic, Measure::Bi, Measure::Cat}),
             "Net 0 182 183, Losses 0 0, Gains 182 1, ArcScore 0 0 0, Bi-ITR 0 0, "
             "#OfCategoriesUsed 0 0 0, AvgItemsPerCat 0 0 0");
