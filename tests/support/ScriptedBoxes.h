@@ -20,6 +20,7 @@ struct ExpectedBox {
   std::optional<BoxIcon> Icon = {};
   std::optional<BoxButtons> Buttons = {};
   std::optional<BoxAnswer> Default = {};
+  std::string Title = "ZOVA";
 };
 
 /// Message boxes that must be shown exactly as listed: a box that is not expected, one with another text, an answer
@@ -40,7 +41,7 @@ class ScriptedBoxes final : public MessageBoxes {
     }
     const ExpectedBox& expected = m_boxes[m_shown++];
     EXPECT_EQ(box.Text, expected.Text) << box.Details;
-    EXPECT_EQ(box.Title, "ZOVA") << box.Text;
+    EXPECT_EQ(box.Title, expected.Title) << box.Text;
     EXPECT_NE(box.Details.find(expected.Details), std::string::npos) << box.Text << "\n" << box.Details;
     EXPECT_EQ(box.Icon, expected.Icon.value_or(box.Icon)) << box.Text;
     EXPECT_EQ(box.Buttons, expected.Buttons.value_or(box.Buttons)) << box.Text;

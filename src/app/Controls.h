@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QString>
+#include <string>
+
+namespace zova {
+
+inline QString ToQt(const std::string& text) {
+  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+inline std::string FromQt(const QString& text) { return text.toStdString(); }
+
+/// Gives a control its name, which is also how quick help and tests find it.
+template <typename Widget>
+Widget* Named(Widget* widget, const char* name) {
+  widget->setObjectName(QString::fromLatin1(name));
+  return widget;
+}
+
+/// A label that wraps its text, in plain text; `buddy` gets the focus by the label's access key.
+QLabel* MakeLabel(const char* name, const QString& text, QWidget* buddy = nullptr);
+QPushButton* MakeButton(const char* name, const QString& caption);
+/// Shows `text` in the box unless it stands there already, so that the cursor stays where the user has it.
+void ShowText(QLineEdit* box, const std::string& text);
+/// Puts the cursor into the control, with all its text selected.
+void PlaceCursorIn(QWidget* control);
+
+}  // namespace zova

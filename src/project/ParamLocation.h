@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "platform/Desktop.h"
+#include "platform/FileErrorHandler.h"
+#include "project/ParamDirectory.h"
+
+namespace zova {
+
+/// The words of the screen on which a directory is chosen.
+struct LocationTexts {
+  std::string Title;
+  std::string Instruction;
+  std::string Note;
+};
+
+/// What comes of an act on that screen.
+struct LocationOutcome {
+  enum class Step { Stay, Close, EndProgram };
+  Step Next = Step::Stay;
+  /// To be shown once the screen is gone.
+  std::optional<MessageBox> Message = {};
+};
+
+/// The screen on which the Param directory is created, registered or moved. Its "select" form is for a start without
+/// one, its "change" form moves the one there is. The chosen directory D means D\Param.
+class ParamLocation {
+ public:
+  enum class Form { Select, Change };
+
+  ParamLocation(ParamDirectory& param, std::string programDir, Disk& disk, MessageBoxes& boxes,
+                FileErrorHandler& errors, Desktop& desktop);
+
+  /// Takes the form that fits: Change when the registered directory exists.
+  void Open();
+  [[nodiscard]] Form CurrentForm() const noexcept { return m_form; }
+  [[nodiscard]] LocationTexts Texts() const;
+  /// D\Param for the text of the box; "" while it names no directory.
+  [[nodiscard]] std::string Target(const std::string& text) const;
+
+  LocationOutcome Accept(const std::string& text);
+  LocationOutcome Cancel();
+  /// The window's own closing.
+  LocationOutcome Close();
+  /// Any other act of the user on the screen: the count of refusals in a row starts anew.
+  void NoteOtherAct() noexcept { m_refusals = 0; }
+
+ private:
+  LocationOutcome Refuse(MessageBox message);
+  LocationOutcome Select(const std::string& target);
+  LocationOutcome RestoreOrRegister(const std::string& found);
+  LocationOutcome Move(const std::string& from, const std::string& to);
+
+  ParamDirectory& m_param;
+  std::string m_programDir;
+  Disk& m_disk;
+  MessageBoxes& m_boxes;
+  FileErrorHandler& m_errors;
+  Desktop& m_desktop;
+  Form m_form = Form::Select;
+  int m_refusals = 0;
+};
+
+/// Creates the Param directory at `path` with every missing level and writes the example project into it. False when
+/// the user gave up a failed step.
+bool CreateParamDirectory(const std::string& path, const std::string& programDir, Disk& disk, FileErrorHandler& errors);
+
+}  // namespace zova

@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+namespace zova {
+
+/// What the window shows. Identification and Entry are the two screens of a subject being entered.
+enum class Screen { Main, Wizard, Viewing, ParamLocation, BackupDestination, Identification, Entry };
+
+/// All that the menus depend on.
+struct MenuFacts {
+  Screen Shown = Screen::Main;
+  bool ProjectOpen = false;
+  bool MinutesKept = false;    ///< of the open project
+  bool HasUnfinished = false;  ///< of the open project
+};
+
+/// Which menu entries can be chosen.
+struct MenuStates {
+  bool Open = false;
+  bool Create = false;
+  bool SaveIncomplete = false;
+  bool Exit = true;
+  bool Enter = false;
+  bool Master = false;
+  bool Examine = false;
+  bool ReadOld = false;
+  bool Unfinished = false;
+  bool View = false;
+  bool SkipMinutes = false;
+  bool NextBlank = false;
+  bool Autosave = false;
+  bool Backup = false;
+  bool Restore = false;
+  bool MoveParam = false;
+  bool Topics = true;
+  bool About = true;
+
+  bool operator==(const MenuStates&) const = default;
+};
+
+MenuStates MenusFor(const MenuFacts& facts) noexcept;
+
+}  // namespace zova

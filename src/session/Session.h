@@ -1,0 +1,137 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "platform/Choosers.h"
+#include "platform/Desktop.h"
+#include "platform/DirectoryBrowser.h"
+#include "platform/HelpViewer.h"
+#include "platform/SettingsStore.h"
+#include "project/NewProjectWizard.h"
+#include "project/ParamLocation.h"
+#include "project/ProjectBackup.h"
+#include "session/MenuStates.h"
+
+namespace zova {
+
+/// What the application stands on.
+struct SessionPlatform {
+  Disk& Files;
+  MessageBoxes& Boxes;
+  Choosers& Dialogs;
+  SettingsStore& Settings;
+  Desktop& Pointer;
+  HelpViewer& Help;
+};
+
+/// The check marks of the Preferences menu. They are not stored.
+struct Preferences {
+  bool SkipMinutes = false;
+  bool NextBlankSpace = false;
+  bool Autosave = true;
+};
+
+/// The application without its window: what is open, which screen is up, what the menus allow, and every command of
+/// the menus and of the main screen. A command that cannot be chosen now (MenuStates) does nothing.
+class Session {
+ public:
+  /// `programDir` is the program's directory as a drive-letter path, `installed` the native one that it is filled from.
+  Session(const SessionPlatform& platform, std::string programDir, std::filesystem::path installed);
+
+  /// Called whenever what the window shows may have changed while a command goes on with a message.
+  void SetObserver(std::function<void()> observer) { m_observer = std::move(observer); }
+
+  /// From the stored setting to the main screen, or to the location screen.
+  void Start();
+  /// The program is to end.
+  [[nodiscard]] bool HasEnded() const noexcept { return m_ended; }
+
+  [[nodiscard]] Screen Shown() const noexcept { return m_screen; }
+  [[nodiscard]] MenuStates Menus() const noexcept;
+  [[nodiscard]] const ProjectParameters* OpenedProject() const noexcept { return m_project ? &*m_project : nullptr; }
+  /// The open project's title, or "(none)".
+  [[nodiscard]] std::string ProjectCaption() const;
+  /// "Open Existing Project", or "Change Project" while one is open.
+  [[nodiscard]] std::string OpenCaption() const;
+  /// Whether the main screen's picture of unfinished subjects can be chosen: it can while no project is open, too.
+  [[nodiscard]] bool OffersUnfinished() const noexcept { return !m_project || m_hasUnfinished; }
+
+  // File
+  void OpenExistingProject();
+  void CreateNewProject();
+  void Exit();
+  /// The window's own closing: true when it may go.
+  bool Close();
+  // Options. Each opens a project first when none is open.
+  void EnterSubjects();
+  void CreateNewMaster();
+  void ExamineMeans();
+  void ReadOldData();
+  void UnfinishedBusiness();
+  void ViewParameters();
+  // Preferences
+  [[nodiscard]] const Preferences& Chosen() const noexcept { return m_preferences; }
+  void ToggleSkipMinutes() noexcept;
+  void ToggleNextBlankSpace() noexcept;
+  void ToggleAutosave() noexcept;
+  // Tools
+  void CreateNewBackup();
+  void RestoreFromBackup();
+  void ChangeParamLocation();
+  // Help
+  void ShowTopics();
+  void ShowAbout();
+
+  NewProjectWizard& Wizard() noexcept { return m_wizard; }
+  void CancelWizard();
+  void FinishWizard();
+
+  // The panel on which a directory is chosen, in its three forms.
+  [[nodiscard]] LocationTexts LocationTextsShown() const;
+  DirectoryBrowser& LocationBrowser() noexcept { return m_locationBrowser; }
+  [[nodiscard]] const std::string& LocationText() const noexcept { return m_locationText; }
+  void SetLocationText(const std::string& text);
+  /// The Param directory that the text gives; "" on the backup form.
+  [[nodiscard]] std::string LocationResult() const;
+  void AcceptLocation();
+  void CancelLocation();
+
+ private:
+  [[nodiscard]] BackupTools ToolsOfBackup() const;
+  [[nodiscard]] bool IsEntering() const noexcept;
+  void Show(Screen screen);
+  void ShowLocation(Screen screen);
+  void Follow(const LocationOutcome& outcome);
+  void StartWithLostParam();
+  bool LockParam();
+  void TakeProject(ProjectParameters project);
+  void CloseProject();
+  void LookForUnfinished();
+  /// True when a project is open now.
+  bool OpenFirst();
+  bool MayLeaveEntry(const MessageBox& question);
+
+  SessionPlatform m_platform;
+  std::string m_programDir;
+  std::filesystem::path m_installed;
+  FileErrorHandler m_errors;
+  ParamDirectory m_param;
+  ParamLocation m_location;
+  NewProjectWizard m_wizard;
+  DirectoryBrowser m_locationBrowser;
+  std::string m_locationText;
+  std::function<void()> m_observer;
+  Screen m_screen = Screen::Main;
+  std::optional<ProjectParameters> m_project;
+  std::string m_savedBackupDir;  // as in the open project's file; a new destination changes only the record
+  bool m_hasUnfinished = false;
+  bool m_restoring = false;  // never false again once set
+  bool m_ended = false;
+  Preferences m_preferences;
+};
+
+}  // namespace zova

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <deque>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/Choosers.h"
+#include "platform/HelpViewer.h"
+#include "platform/SettingsStore.h"
+
+namespace zova::testing {
+
+/// File dialogs that are answered as listed; one that is not expected fails the test, and so does an answer left over.
+class ScriptedChoosers final : public Choosers {
+ public:
+  ~ScriptedChoosers() override { EXPECT_TRUE(Answers.empty()) << "a file dialog was never shown"; }
+  std::optional<std::string> ChooseFile(const FileQuestion& question) override {
+    Questions.push_back(question);
+    if (Answers.empty()) {
+      ADD_FAILURE() << "unexpected file dialog: " << question.Title;
+      return std::nullopt;
+    }
+    const auto answer = Answers.front();
+    Answers.pop_front();
+    return answer;
+  }
+  std::deque<std::optional<std::string>> Answers;
+  std::vector<FileQuestion> Questions;
+};
+
+class FakeSettings final : public SettingsStore {
+ public:
+  std::string Get(const std::string& section, const std::string& key) override { return Values[section + "/" + key]; }
+  void Set(const std::string& section, const std::string& key, const std::string& value) override {
+    Values[section + "/" + key] = value;
+  }
+  void Remove(const std::string& section, const std::string& key) override { Values.erase(section + "/" + key); }
+  std::map<std::string, std::string> Values;
+};
+
+class FakeHelpViewer final : public HelpViewer {
+ public:
+  void ShowHelp(const std::string& helpFile, const std::string& topic) override { Shown = helpFile + "#" + topic; }
+  std::string Shown;
+};
+
+}  // namespace zova::testing
