@@ -213,10 +213,16 @@ class MasterWriter {
     return true;
   }
 
-  // Some file systems tell only now that a row did not get through.
+  // Some file systems tell only now that a row did not get through. Which one is not told, so there is no step to
+  // repeat: whatever is answered, the run has failed.
   bool CloseRowFiles() {
-    return std::all_of(m_rowFiles.begin(), m_rowFiles.end(),
-                       [&](AppendFile& file) { return WithRetry(m_errors, [&] { file.Close(); }); });
+    try {
+      for (AppendFile& file : m_rowFiles) file.Close();
+      return true;
+    } catch (const FileError& error) {
+      m_errors.Report(error);
+      return false;
+    }
   }
 
   void ShowProgress(int k) {

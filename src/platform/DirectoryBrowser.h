@@ -21,6 +21,7 @@ class DirectoryBrowser {
   };
 
   /// `notReadyText` is said of a drive or directory that cannot be entered (exclamation).
+  /// It starts as after Reset.
   DirectoryBrowser(Disk& disk, MessageBoxes& boxes, std::string notReadyText);
 
   /// Letters of the drives whose root can be entered now.
@@ -34,13 +35,19 @@ class DirectoryBrowser {
 
   /// To the root of "C:" (or of the first drive there is), with the drives looked for anew. Silent.
   void Reset();
-  /// Silent; false, and all stays, when `path` cannot be entered.
+  /// Silent; false, and all stays, when `path` cannot be entered. It may be a native one, or end with backslashes; it
+  /// is shown in the disk's spelling.
   bool TryOpen(const std::string& path);
-  /// The same on the user's command: told when it fails, and the list is read anew.
+  /// The same on the user's command: told when it fails, and the list is read anew (a directory that is gone closes,
+  /// up to the nearest one that is left). A drive opens at its root.
   bool SelectDrive(char letter);
   bool Open(std::size_t entry);
 
  private:
+  void FindDrives();
+  void ReadAnew();
+  bool OpenOrTell(const std::string& path);
+
   Disk& m_disk;
   MessageBoxes& m_boxes;
   std::string m_notReadyText;

@@ -7,13 +7,13 @@
 namespace zova {
 
 /// Keeps a second copy of the program off a directory. The operating system gives the lock back when the program ends
-/// in whatever way, and nothing stands in the directory that could be left behind or copied.
+/// in whatever way; nothing is left behind in the directory, and no listing shows the lock.
 class DirectoryLock {
  public:
   enum class Outcome {
     Held,
     InUse,       ///< another program, or another lock of this one, has it
-    Unavailable  ///< the directory is read-only, or its file system knows no locks: one goes without
+    Unavailable  ///< missing, read-only, or on a file system without locks: one goes without
   };
 
   DirectoryLock() = default;
@@ -21,7 +21,8 @@ class DirectoryLock {
   DirectoryLock(const DirectoryLock&) = delete;
   DirectoryLock& operator=(const DirectoryLock&) = delete;
 
-  /// Gives back what this held before, then takes `directory` (a native path).
+  /// Takes `directory` (a native path), then gives back what this held before; with InUse that stays held. A directory
+  /// that this holds already is Held.
   Outcome Acquire(const std::filesystem::path& directory);
   void Release() noexcept;
 

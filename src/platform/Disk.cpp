@@ -25,6 +25,31 @@ bool IsTemporary(std::string_view name) noexcept {
          name.ends_with(kTemporarySuffix);
 }
 
+bool IsHidden(std::string_view name) noexcept {
+#ifdef _WIN32
+  return IsTemporary(name);
+#else
+  return name.starts_with('.');
+#endif
+}
+
+// A backslash would be taken for two components, a quote or a control character would break the file it is kept in.
+bool FitsStoredPath(std::string_view name) noexcept {
+  const auto breaks = [](char c) {
+    return c == '\\' || c == '"' || static_cast<unsigned char>(c) < 0x20 || c == '\x7f';
+  };
+  return IsValidUtf8(name) && std::none_of(name.begin(), name.end(), breaks);
+}
+
+std::vector<std::string> InListingOrder(std::vector<std::string> names) {
+  std::vector<std::pair<std::string, std::string>> keyed;  // upper-cased, as it stands
+  keyed.reserve(names.size());
+  for (std::string& name : names) keyed.emplace_back(UpperCase(name), std::move(name));
+  std::sort(keyed.begin(), keyed.end());
+  for (std::size_t i = 0; i < names.size(); ++i) names[i] = std::move(keyed[i].second);
+  return names;
+}
+
 fs::path TemporaryBeside(const fs::path& target) {
   std::random_device random;
   return target.parent_path() /
@@ -215,7 +240,7 @@ bool Disk::IsEmptyDirectory(std::string_view path) {
 }
 
 std::vector<std::string> Disk::ListFiles(std::string_view directory, std::string_view prefix, std::string_view suffix) {
-  std::vector<std::pair<std::string, std::string>> found;  // upper-cased, as it stands
+  std::vector<std::string> names;
   if (DirectoryExists(directory)) {
     const fs::path native = Resolve(directory, FileOperation::List);
     const std::string upperPrefix = UpperCase(prefix);
@@ -223,18 +248,27 @@ std::vector<std::string> Disk::ListFiles(std::string_view directory, std::string
     Guarded(FileOperation::List, directory, native, [&] {
       for (DirectoryEntry& entry : m_layer.List(native)) {
         if (entry.Kind != EntryKind::File || IsTemporary(entry.Name)) continue;
-        std::string upper = UpperCase(entry.Name);
+        const std::string upper = UpperCase(entry.Name);
         if (upper.size() < upperPrefix.size() + upperSuffix.size()) continue;
         if (!upper.starts_with(upperPrefix) || !upper.ends_with(upperSuffix)) continue;
-        found.emplace_back(std::move(upper), std::move(entry.Name));
+        names.push_back(std::move(entry.Name));
       }
     });
   }
-  std::sort(found.begin(), found.end());
-  std::vector<std::string> names;
-  names.reserve(found.size());
-  for (auto& [upper, name] : found) names.push_back(std::move(name));
-  return names;
+  return InListingOrder(std::move(names));
+}
+
+std::vector<std::string> Disk::ListDirectories(std::string_view directory) {
+  const fs::path native = Resolve(directory, FileOperation::List);
+  return Guarded(FileOperation::List, directory, native, [&] {
+    std::vector<std::string> names;
+    for (DirectoryEntry& entry : m_layer.List(native)) {
+      if (entry.Kind != EntryKind::Directory || IsHidden(entry.Name) || !FitsStoredPath(entry.Name)) continue;
+      if (m_layer.CanEnter(native / PathFromText(entry.Name))) names.push_back(std::move(entry.Name));
+    }
+    if (!m_layer.CanEnter(native)) throw std::system_error(std::make_error_code(std::errc::permission_denied));
+    return InListingOrder(std::move(names));
+  });
 }
 
 AppendFile::AppendFile(FileLayer& layer, std::string path, fs::path native)

@@ -79,6 +79,10 @@ class Disk {
   /// name, then by bytes. A missing directory has none; other faults throw.
   std::vector<std::string> ListFiles(std::string_view directory, std::string_view prefix, std::string_view suffix);
 
+  /// The directories in it that can be entered, in the same order; without hidden ones and those whose names could not
+  /// stand in a stored path. A directory that is missing or cannot be entered itself throws.
+  std::vector<std::string> ListDirectories(std::string_view directory);
+
  private:
   std::filesystem::path ResolveBelow(std::filesystem::path base, const std::filesystem::path& rest);
   void RemoveLeftovers(const std::filesystem::path& directory);

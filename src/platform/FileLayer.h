@@ -35,6 +35,8 @@ class FileLayer {
   virtual ~FileLayer() = default;
 
   virtual EntryKind Kind(const std::filesystem::path& path) = 0;
+  /// True for a directory, or a link to one, that this user may list and whose files he may reach.
+  virtual bool CanEnter(const std::filesystem::path& path) = 0;
   /// True for an existing file that nobody may write, or that this user may not.
   virtual bool IsReadOnly(const std::filesystem::path& path) = 0;
   /// The file that a link, or a chain of links, stands for, also when there is none yet; other paths stay.
@@ -62,6 +64,7 @@ class FileLayer {
 class NativeFileLayer final : public FileLayer {
  public:
   EntryKind Kind(const std::filesystem::path& path) override;
+  bool CanEnter(const std::filesystem::path& path) override;
   bool IsReadOnly(const std::filesystem::path& path) override;
   std::filesystem::path RealPath(const std::filesystem::path& path) override;
   std::uintmax_t Size(const std::filesystem::path& path) override;

@@ -99,6 +99,16 @@ EntryKind NativeFileLayer::Kind(const fs::path& path) {
   return KindOf(status);
 }
 
+bool NativeFileLayer::CanEnter(const fs::path& path) {
+  std::error_code code;
+#ifdef _WIN32
+  const fs::directory_iterator attempt(path, code);  // only opening it tells what its access list allows
+  return !code;
+#else
+  return fs::is_directory(path, code) && access(path.c_str(), R_OK | X_OK) == 0;
+#endif
+}
+
 bool NativeFileLayer::IsReadOnly(const fs::path& path) {
   std::error_code code;
   const fs::file_status status = fs::status(path, code);

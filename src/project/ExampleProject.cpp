@@ -36,7 +36,7 @@ bool WriteExampleProject(const std::string& paramDir, const std::string& program
   const std::string file = JoinPath(paramDir, project.ProjectFileName);
   if (!WithRetry(errors, [&] { disk.Write(file, FormatProject(project, kCurrentMarker)); })) return false;
   return WithRetry(errors, [&] {
-    if (!disk.DirectoryExists(project.PrimaryDir)) disk.CreateDirectory(project.PrimaryDir);
+    if (!disk.DirectoryExists(project.PrimaryDir)) disk.CreateDirectories(project.PrimaryDir);
     disk.Copy(file, JoinPath(project.PrimaryDir, project.ProjectFileName));
   });
 }

@@ -35,7 +35,7 @@ class NewProjectWizard {
   void SetText(WizardBox box, std::string_view text);
   [[nodiscard]] bool Option(WizardOption option) const { return m_state.Entries.Option(option); }
   void SetOption(WizardOption option, bool yes);
-  void SetRated(int test, bool rated);  ///< test from 1
+  void SetRated(int test, bool rated);  ///< test from 1 to kMaxTests
   /// "Copy Path": the browser's open directory into the primary or backup box.
   void CopyPath(WizardBox box);
 
@@ -44,8 +44,8 @@ class NewProjectWizard {
   /// The remark that the number of items includes lures (page 3), and the one on how to code them (page 4).
   [[nodiscard]] bool ShowsLuresIncluded() const noexcept;
   [[nodiscard]] bool ShowsLureNote() const noexcept;
-  /// How many boxes of tests page 7 shows.
-  [[nodiscard]] int TestCount() const noexcept { return m_state.Project.TestCount; }
+  /// How many boxes of tests page 7 shows, at most kMaxTests.
+  [[nodiscard]] int TestCount() const noexcept;
 
   DirectoryBrowser& Browser() noexcept { return m_browser; }
 
@@ -64,7 +64,8 @@ class NewProjectWizard {
   /// True when the wizard is to be left: on page 1, while viewing, or after the question was answered by Yes. Then all
   /// entries are cleared.
   bool Cancel();
-  /// "Done!" on page 8: true when the project was written to its places (Project has it), or a viewing ends.
+  /// "Done!" on page 8: true when the project was written to its places, or a viewing ends. Then the wizard stands on
+  /// an empty page 1, but Project keeps what was written.
   bool Done(bool restoring);
   [[nodiscard]] const ProjectParameters& Project() const noexcept { return m_state.Project; }
 
@@ -75,6 +76,8 @@ class NewProjectWizard {
 
  private:
   void Reset();
+  /// The check of the open page.
+  bool LeavesPage();
   void Arrive(int page);
   void PlaceCursor(WizardBox box);
   [[nodiscard]] WizardBox FirstBox() const;

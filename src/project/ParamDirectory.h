@@ -23,7 +23,7 @@ class ParamDirectory {
   /// False also for a path that cannot be one.
   [[nodiscard]] bool Exists() const;
 
-  /// Removes the stored setting and writes it anew. Throws FileError.
+  /// Removes the stored setting and writes it anew; a failure leaves the earlier one, if it can. Throws FileError.
   void Register(const std::string& path);
 
   /// False when another copy of the program works with `path`; what was locked before stays locked then. A directory

@@ -43,16 +43,26 @@ class ParamLocation {
 
   LocationOutcome Accept(const std::string& text);
   LocationOutcome Cancel();
-  /// The window's own closing.
+  /// The window's own closing. Like Cancel it tells its refusal at once; the second in a row ends the program.
   LocationOutcome Close();
   /// Any other act of the user on the screen: the count of refusals in a row starts anew.
   void NoteOtherAct() noexcept { m_refusals = 0; }
 
  private:
-  LocationOutcome Refuse(MessageBox message);
-  LocationOutcome Select(const std::string& target);
+  /// The files of a move, by name.
+  struct Load;
+
+  LocationOutcome Say(std::string text);
+  LocationOutcome SayInUse(LocationOutcome::Step next);
+  LocationOutcome Refuse(const MessageBox& message);
+  [[nodiscard]] bool CanHold(const std::string& target);
+  LocationOutcome Select(const std::string& target, bool isThere);
   LocationOutcome RestoreOrRegister(const std::string& found);
   LocationOutcome Move(const std::string& from, const std::string& to);
+  bool MayReplace(const Load& load);
+  bool CopyFiles(const std::string& from, const std::string& to, const Load& load);
+  void TakeBack(const std::string& to, const Load& load);
+  bool DeleteOld(const std::string& from, const Load& load);
 
   ParamDirectory& m_param;
   std::string m_programDir;

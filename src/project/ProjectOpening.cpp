@@ -2,6 +2,8 @@
 
 #include "project/ProjectOpening.h"
 
+#include "project/ProjectFile.h"
+
 namespace zova {
 
 bool MayOpenProject(const ProjectParameters& project, MessageBoxes& boxes) {
@@ -11,6 +13,29 @@ bool MayOpenProject(const ProjectParameters& project, MessageBoxes& boxes) {
                       "'Tools' menu.",
               .Icon = BoxIcon::Exclamation});
   return false;
+}
+
+std::optional<ChosenProject> ChooseProject(const std::string& title, const std::string& paramDir, Disk& disk,
+                                           Choosers& choosers, FileErrorHandler& errors,
+                                           const std::function<void()>& onChosen) {
+  const FileQuestion question = {
+      .Title = title, .Directory = paramDir, .Filters = {{"PRM files (*.prm)", "*.prm"}, {"All files (*.*)", "*"}}};
+  for (bool offersAgain = true; offersAgain;) {
+    const std::optional<std::string> path = choosers.ChooseFile(question);
+    if (!path) return std::nullopt;
+    if (onChosen) onChosen();
+    ChosenProject chosen = {.Parameters = {}, .Path = *path};
+    const bool isRead = WithRetry(errors, [&] {
+      try {
+        chosen.Parameters = ReadProjectFile(disk, *path);
+      } catch (const FileError& error) {
+        offersAgain = error.Cause() == FileCause::EndOfData;
+        throw;
+      }
+    });
+    if (isRead) return chosen;
+  }
+  return std::nullopt;
 }
 
 }  // namespace zova

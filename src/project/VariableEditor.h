@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <array>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -20,6 +18,7 @@ class VariableEditor {
   /// The wizard gives a variable at most this many levels.
   static constexpr int kMaxEditedLevels = 10;
 
+  /// To an only variable without name and levels.
   void Clear();
   /// The variables of a project, the first one on display.
   void Load(const ProjectParameters& project);
@@ -40,7 +39,8 @@ class VariableEditor {
   /// 0: the variable's name, 1 to 10: the level that the box holds or will add.
   [[nodiscard]] int CurrentLevel() const noexcept { return m_level; }
 
-  /// Enter: the box's text names what is highlighted or asked for. Empty text is not taken.
+  /// Enter: the box's text names what is highlighted or asked for, then the next free level is asked. Empty text is
+  /// not taken.
   void TakeEntry();
   void HighlightVariable();
   /// `label` counts from 1; the one behind the last level is "Add Level".
@@ -62,6 +62,13 @@ class VariableEditor {
 
   [[nodiscard]] const Variable& Current() const { return m_variables[static_cast<std::size_t>(m_variable - 1)]; }
   Variable& Current() { return m_variables[static_cast<std::size_t>(m_variable - 1)]; }
+  [[nodiscard]] bool HasNothing() const noexcept;  ///< an only variable, without name and levels
+  [[nodiscard]] int LevelCount() const;
+  [[nodiscard]] int NextFreeLevel() const;  ///< 10 also when that one is taken
+  [[nodiscard]] int FirstUnnamed() const;   ///< from 1, or 0
+  [[nodiscard]] std::string Highlighted() const;
+  void NameHighlighted(const std::string& name);
+  void TakeStandingText();
   void Show(int variable, int level);
 
   std::vector<Variable> m_variables{1};  // never empty

@@ -4,6 +4,7 @@
 #include <array>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "platform/Disk.h"
 #include "platform/FileErrorHandler.h"
@@ -81,8 +82,24 @@ WizardFault LeaveMinutesPage(WizardState& state, const WizardTools& tools);
 WizardFault LeaveRatingsPage(WizardState& state, const WizardTools& tools);
 WizardFault LeaveAbbreviationPage(WizardState& state, const WizardTools& tools);
 
+/// Tells why a page is not accepted, with an OK button, and gives the box to mend.
+WizardBox Refuse(const WizardTools& tools, const char* text, WizardBox box, BoxIcon icon = BoxIcon::Exclamation);
+
+/// As "No" leaves the ratings: none in the record, no test rated. What the boxes hold stays.
+void DropRatings(ProjectParameters& project);
+
+/// Without the spaces at both ends.
+std::string_view WithoutOuterSpaces(std::string_view text) noexcept;
+
 /// The number in a box whose first `length` characters must be one, whole, and lie within `least` and `most`. The
 /// box keeps those characters. Nothing when it is no such number.
 std::optional<std::int16_t> NumberInBox(std::string& text, std::size_t length, int least, int most);
+
+inline constexpr std::size_t kAbbreviationLength = 20;
+inline constexpr const char* kBadFileName = "Bad file name.  Please select another.";
+inline constexpr const char* kDriveNotReady = "Drive is not ready or the disk is not correctly formatted.";
+/// What is said of a number of items beyond 1 to 999, also when it is the lures that lead there.
+inline constexpr const char* kBadItemCount = "Value for number of items must be greater than 0 and less than 1000.";
+inline constexpr int kMaxItems = 999;
 
 }  // namespace zova

@@ -101,7 +101,7 @@ class Session {
   void CancelLocation();
 
  private:
-  [[nodiscard]] BackupTools ToolsOfBackup() const;
+  [[nodiscard]] BackupTools ToolsOfBackup();
   [[nodiscard]] bool IsEntering() const noexcept;
   void Show(Screen screen);
   void ShowLocation(Screen screen);

@@ -31,6 +31,14 @@ struct MendingBoxes final : MessageBoxes {
   std::function<void()> Mend;
 };
 
+// Gives one answer to every box, and keeps the facts of all.
+struct AnsweringWithDetails final : MessageBoxes {
+  explicit AnsweringWithDetails(BoxAnswer answer) : Answer(answer) {}
+  BoxAnswer Show(const MessageBox& box) override { return Details.push_back(box.Details), Answer; }
+  BoxAnswer Answer;
+  std::vector<std::string> Details;
+};
+
 // A project's data on a scratch disk.
 struct Lab {
   explicit Lab(const Shape& shape) : Project(MakeProject(shape)) {
@@ -157,6 +165,7 @@ TEST(MasterRun, SurvivesTheFailureOfAnySingleDiskCall) {
   ASSERT_TRUE(finished.contains("C/Data/AB Master3.txt") && !finished.contains("C/Data/AB Master4.txt"));
 
   std::set<std::string> masters;  // after a cancelled run
+  int rowFilesNotClosed = 0;
   bool failed = true;
   for (int n = 1; failed; ++n) {
     for (const auto writes : {FailingFileLayer::Writes::Nothing, FailingFileLayer::Writes::Half}) {
@@ -164,12 +173,15 @@ TEST(MasterRun, SurvivesTheFailureOfAnySingleDiskCall) {
         WideLab lab;
         FailingFileLayer layer(lab.Files.Layer());
         layer.FailAt(n, std::errc::io_error, writes);
-        AnsweringBoxes boxes(answer);
+        AnsweringWithDetails boxes(answer);
         const bool completed = lab.Run(boxes, &layer).Completed;
         failed = layer.HasFailed();
         SCOPED_TRACE("call " + std::to_string(n) + ", " + layer.FailedCall());
-        EXPECT_LE(boxes.Texts.size(), failed ? 1U : 0U);
-        EXPECT_EQ(completed, boxes.Texts.empty() || answer == BoxAnswer::Retry);
+        EXPECT_LE(boxes.Details.size(), failed ? 1U : 0U);
+        // A row file that fails to close may have lost rows, and nothing can bring them back.
+        const bool rowsMayBeLost = layer.FailedCall() == "Close" && boxes.Details.at(0).starts_with("Adding to");
+        if (rowsMayBeLost) ++rowFilesNotClosed;
+        EXPECT_EQ(completed, boxes.Details.empty() || (answer == BoxAnswer::Retry && !rowsMayBeLost));
         const Tree left = lab.Files.Snapshot();
         if (completed) {
           EXPECT_EQ(left, finished);
@@ -183,6 +195,7 @@ TEST(MasterRun, SurvivesTheFailureOfAnySingleDiskCall) {
       }
     }
   }
+  EXPECT_EQ(rowFilesNotClosed, 4 * 4) << "four files, each closed badly in four runs";
   EXPECT_EQ(masters.size(), 4U) << "the old one, the header alone, and one row and two behind it";
 }
 

@@ -35,6 +35,7 @@ class FailingFileLayer final : public FileLayer {
   [[nodiscard]] const std::string& FailedCall() const noexcept { return m_failedCall; }
 
   EntryKind Kind(const Path& path) override { return Pass("Kind"), m_inner.Kind(path); }
+  bool CanEnter(const Path& path) override { return Pass("CanEnter"), m_inner.CanEnter(path); }
   bool IsReadOnly(const Path& path) override { return Pass("IsReadOnly"), m_inner.IsReadOnly(path); }
   Path RealPath(const Path& path) override { return Pass("RealPath"), m_inner.RealPath(path); }
   std::uintmax_t Size(const Path& path) override { return Pass("Size"), m_inner.Size(path); }

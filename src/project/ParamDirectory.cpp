@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "project/ParamDirectory.h"
+
+namespace zova {
+
+namespace {
+
+constexpr const char* kSection = "Startup";
+constexpr const char* kKey = "ParamPath$";
+
+}  // namespace
+
+void ParamDirectory::Load() { m_path = m_settings.Get(kSection, kKey); }
+
+bool ParamDirectory::Exists() const {
+  try {
+    return IsRegistered() && m_disk.DirectoryExists(m_path);
+  } catch (const FileError&) {
+    return false;
+  }
+}
+
+void ParamDirectory::Register(const std::string& path) {
+  m_settings.Remove(kSection, kKey);
+  try {
+    m_settings.Set(kSection, kKey, path);
+  } catch (const FileError&) {
+    try {
+      if (IsRegistered()) m_settings.Set(kSection, kKey, m_path);
+    } catch (const FileError&) {
+      // The first error is the one to tell.
+    }
+    throw;
+  }
+  m_path = path;
+}
+
+bool ParamDirectory::Lock(const std::string& path) {
+  try {
+    return m_lock.Acquire(m_disk.Resolve(path, FileOperation::Read)) != DirectoryLock::Outcome::InUse;
+  } catch (const FileError&) {
+    m_lock.Release();
+    return true;
+  }
+}
+
+}  // namespace zova

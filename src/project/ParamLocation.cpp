@@ -1,0 +1,225 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Nothing of a move is lost whenever it ends: all files are copied, the new place is registered, and only then the old
+// ones go. One that is given up before takes its copies back, lest a half-filled directory be taken for the real one.
+
+#include "project/ParamLocation.h"
+
+#include <algorithm>
+#include <set>
+#include <utility>
+#include <vector>
+
+#include "project/DirectoryRules.h"
+#include "project/ProjectFile.h"
+#include "text/Encoding.h"
+
+namespace zova {
+
+using Step = LocationOutcome::Step;
+
+namespace {
+
+constexpr const char* kMoved = "'Param' directory successfully moved!";
+constexpr const char* kCreated = "'Param' directory successfully created.";
+constexpr const char* kRegistered = "'Param' directory successfully registered.";
+constexpr const char* kNotFound = "Path not found.  Please verify that the correct disk is in the drive.";
+
+LocationOutcome CloseWith(std::string text) {
+  return {Step::Close, MessageBox{.Text = std::move(text), .Icon = BoxIcon::Information}};
+}
+
+template <typename Call>
+bool Succeeds(Call&& call) {
+  try {
+    call();
+    return true;
+  } catch (const FileError&) {
+    return false;
+  }
+}
+
+}  // namespace
+
+struct ParamLocation::Load {
+  std::vector<std::string> Names;
+  std::set<std::string> TargetNames;  // upper-cased, as they were before
+  bool TargetIsNew = false;
+};
+
+ParamLocation::ParamLocation(ParamDirectory& param, std::string programDir, Disk& disk, MessageBoxes& boxes,
+                             FileErrorHandler& errors, Desktop& desktop)
+    : m_param(param),
+      m_programDir(std::move(programDir)),
+      m_disk(disk),
+      m_boxes(boxes),
+      m_errors(errors),
+      m_desktop(desktop) {}
+
+void ParamLocation::Open() {
+  m_form = m_param.Exists() ? Form::Change : Form::Select;
+  m_refusals = 0;
+}
+
+LocationTexts ParamLocation::Texts() const {
+  if (m_form == Form::Change) {
+    return {"Change Location of 'Param' Directory",
+            "Please select the new location of the 'Param' folder by double clicking on the appropriate directory.",
+            "NOTE: All files in this folder will be moved to the new location."};
+  }
+  return {"Select Location of 'Param' Directory",
+          "Please select the location of the moved 'Param' folder or the location for a new one by double-clicking on "
+          "the appropriate directory.",
+          "NOTE:  If you would like to change this location in the future please select the appropriate option on the "
+          "'Preferences' menu."};
+}
+
+std::string ParamLocation::Target(const std::string& text) const {
+  const std::string directory = DirectoryFromText(text, m_disk.Drives());
+  if (IsNoDirectory(directory) || directory.size() < 2 || directory[1] != ':') return "";
+  return JoinPath(directory, "Param");
+}
+
+LocationOutcome ParamLocation::Say(std::string text) {
+  m_boxes.Show({.Text = std::move(text), .Icon = BoxIcon::Exclamation});
+  return {};
+}
+
+LocationOutcome ParamLocation::SayInUse(Step next) {
+  m_boxes.Show({.Text = "ZOVA is already running with this 'Param' directory.", .Icon = BoxIcon::Critical});
+  return {next};
+}
+
+bool ParamLocation::CanHold(const std::string& target) {
+  return !target.empty() && HasValidComponents(target) && m_disk.DirectoryExists(target.substr(0, 2) + "\\") &&
+         !m_disk.FileExists(target);
+}
+
+LocationOutcome ParamLocation::Accept(const std::string& text) {
+  NoteOtherAct();
+  const std::string target = Target(text);
+  const std::string old = m_param.Path();
+  bool hasOld = false;
+  bool moves = false;
+  bool isThere = false;
+  bool isOld = false;
+  const bool canBe = Succeeds([&] {
+    // Looked for now, since a disk may have come or gone meanwhile. To a move, one that cannot be read is not lost.
+    hasOld = m_form == Form::Change ? m_disk.DirectoryExists(old) : m_param.Exists();
+    moves = hasOld && m_form == Form::Change;
+    if (!CanHold(target)) throw FileError(FileOperation::List, target, FileCause::PathNotFound);
+    isThere = m_disk.DirectoryExists(target);
+    isOld = hasOld && (IsSameDirectory(target, old, m_disk) || (moves && LiesInside(target, old, m_disk)));
+  });
+  if (!canBe) return Say(kNotFound);
+  if (isOld) return Say("This already is the location of the 'Param' folder.");
+  if (moves) return Move(old, target);
+  if (isThere && !hasOld && m_param.IsRegistered()) return RestoreOrRegister(target);
+  return Select(target, isThere);
+}
+
+LocationOutcome ParamLocation::Select(const std::string& target, bool isThere) {
+  if (!isThere && !CreateParamDirectory(target, m_programDir, m_disk, m_errors)) return {};
+  if (!m_param.Lock(target)) return SayInUse(m_form == Form::Select ? Step::EndProgram : Step::Stay);
+  if (!WithRetry(m_errors, [&] { m_param.Register(target); })) return {};
+  return CloseWith(isThere ? kRegistered : kCreated);
+}
+
+LocationOutcome ParamLocation::RestoreOrRegister(const std::string& found) {
+  const std::string original = m_param.Path();
+  const BoxAnswer answer =
+      m_boxes.Show({.Text = "Do you want to restore this directory to the original 'Param' location at: '" + original +
+                            "'?  If you select 'No' then ZOVA will register its current location.",
+                    .Icon = BoxIcon::Question,
+                    .Buttons = BoxButtons::YesNoCancel,
+                    .Default = BoxAnswer::No});
+  if (answer == BoxAnswer::Cancel) return {};
+  return answer == BoxAnswer::Yes ? Move(found, original) : Select(found, true);
+}
+
+LocationOutcome ParamLocation::Move(const std::string& from, const std::string& to) {
+  const Step whenInUse = m_form == Form::Select ? Step::EndProgram : Step::Stay;
+  if (!m_param.Lock(from)) return SayInUse(whenInUse);
+  Load load;
+  const bool listed = WithRetry(m_errors, [&] {
+    load.TargetIsNew = !m_disk.DirectoryExists(to);
+    load.TargetNames.clear();
+    for (const std::string& name : m_disk.ListFiles(to, "", "")) load.TargetNames.insert(UpperCase(name));
+    load.Names = m_disk.ListFiles(from, "", "");
+  });
+  if (!listed || !MayReplace(load) || !WithRetry(m_errors, [&] { m_disk.CreateDirectories(to); })) return {};
+  if (!m_param.Lock(to)) return SayInUse(whenInUse);
+  const auto registerIt = [&] {
+    if (to != m_param.Path()) m_param.Register(to);
+  };
+  if (!CopyFiles(from, to, load) || !WithRetry(m_errors, registerIt)) {
+    m_param.Unlock();  // before the directory can go
+    TakeBack(to, load);
+    return m_param.Lock(from) ? LocationOutcome{} : SayInUse(Step::EndProgram);
+  }
+  if (DeleteOld(from, load)) return CloseWith(kMoved);
+  return {
+      Step::Close,
+      MessageBox{.Text = "ZOVA could not delete the old directory.", .Icon = BoxIcon::Exclamation, .Details = from}};
+}
+
+// A name that differs from another of the moved ones by case alone would replace that one's copy.
+bool ParamLocation::MayReplace(const Load& load) {
+  std::set<std::string> taken = load.TargetNames;
+  for (const std::string& name : load.Names) {
+    if (taken.insert(UpperCase(name)).second) continue;
+    const BoxAnswer answer =
+        m_boxes.Show({.Text = "The new location already holds '" + name + "'.  Do you wish to replace it?",
+                      .Icon = BoxIcon::Exclamation,
+                      .Buttons = BoxButtons::YesNo,
+                      .Default = BoxAnswer::No,
+                      .Title = "Warning"});
+    if (answer != BoxAnswer::Yes) return false;
+  }
+  return true;
+}
+
+bool ParamLocation::CopyFiles(const std::string& from, const std::string& to, const Load& load) {
+  const BusyPointer busy(m_desktop);
+  return std::all_of(load.Names.begin(), load.Names.end(), [&](const std::string& name) {
+    return WithRetry(m_errors, [&] { m_disk.Copy(JoinPath(from, name), JoinPath(to, name)); });
+  });
+}
+
+// All names, since also a copy that failed may have come as far as the file.
+void ParamLocation::TakeBack(const std::string& to, const Load& load) {
+  for (const std::string& name : load.Names) {
+    if (load.TargetNames.count(UpperCase(name)) == 0) Succeeds([&] { m_disk.Delete(JoinPath(to, name)); });
+  }
+  if (load.TargetIsNew) Succeeds([&] { m_disk.RemoveDirectory(to); });
+}
+
+bool ParamLocation::DeleteOld(const std::string& from, const Load& load) {
+  const BusyPointer busy(m_desktop);
+  for (const std::string& name : load.Names) Succeeds([&] { m_disk.Delete(JoinPath(from, name)); });
+  return Succeeds([&] { m_disk.RemoveDirectory(from); });
+}
+
+LocationOutcome ParamLocation::Refuse(const MessageBox& message) {
+  if (m_param.Exists()) return {Step::Close};
+  m_boxes.Show(message);
+  return {++m_refusals < 2 ? Step::Stay : Step::EndProgram};
+}
+
+LocationOutcome ParamLocation::Cancel() {
+  return Refuse({.Text = "You cannot continue using ZOVA without selecting a location for the 'Param' Directory.",
+                 .Icon = BoxIcon::Critical});
+}
+
+LocationOutcome ParamLocation::Close() {
+  return Refuse({.Text = "You cannot use ZOVA without selecting a location for the param directory.",
+                 .Icon = BoxIcon::Exclamation});
+}
+
+bool CreateParamDirectory(const std::string& path, const std::string& programDir, Disk& disk,
+                          FileErrorHandler& errors) {
+  return WithRetry(errors, [&] { disk.CreateDirectories(path); }) &&
+         WriteExampleProject(path, programDir, disk, errors);
+}
+
+}  // namespace zova

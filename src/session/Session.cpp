@@ -1,0 +1,221 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "session/Session.h"
+
+#include <utility>
+
+#include "project/DirectoryRules.h"
+#include "project/ProjectOpening.h"
+#include "session/ProgramDirectory.h"
+#include "subjects/SubjectFiles.h"
+
+namespace zova {
+
+namespace {
+
+constexpr const char* kPathNotFound = "Path not found.  Please verify that the correct disk is in the drive.";
+
+}  // namespace
+
+Session::Session(const SessionPlatform& platform, std::string programDir, std::filesystem::path installed)
+    : m_platform(platform),
+      m_programDir(std::move(programDir)),
+      m_installed(std::move(installed)),
+      m_errors(platform.Boxes),
+      m_param(platform.Settings, platform.Files),
+      m_location(m_param, m_programDir, platform.Files, platform.Boxes, m_errors, platform.Pointer),
+      m_wizard(platform.Files, platform.Boxes, m_errors),
+      m_locationBrowser(platform.Files, platform.Boxes, kPathNotFound) {}
+
+void Session::Start() {
+  FillProgramDirectory(m_installed, m_programDir, m_platform.Files);
+  m_param.Load();
+  if (!m_param.IsRegistered()) {
+    ShowLocation(Screen::ParamLocation);
+  } else if (m_param.Exists()) {
+    LockParam();
+  } else {
+    StartWithLostParam();
+  }
+}
+
+void Session::StartWithLostParam() {
+  const BoxAnswer answer = m_platform.Boxes.Show(
+      {.Text = "The 'Param' directory has been moved or deleted.  To attempt to locate the 'Param' directory or to "
+               "select a new location for it, select 'Yes' below.  If you select 'No' ZOVA will create a new 'Param' "
+               "folder at '" +
+               JoinPath(m_programDir, "Param") + "'.  Do you want to browse for a directory location?",
+       .Icon = BoxIcon::Exclamation,
+       .Buttons = BoxButtons::YesNo,
+       .Default = BoxAnswer::Yes,
+       .Title = "Warning"});
+  // Kept: the question names the program's directory, but what is created is the directory of the stored setting.
+  if (answer == BoxAnswer::No && CreateParamDirectory(m_param.Path(), m_programDir, m_platform.Files, m_errors)) {
+    LockParam();
+  } else {
+    ShowLocation(Screen::ParamLocation);
+  }
+}
+
+bool Session::LockParam() {
+  if (m_param.Lock(m_param.Path())) return true;
+  m_platform.Boxes.Show({.Text = "ZOVA is already running with this 'Param' directory.", .Icon = BoxIcon::Critical});
+  m_ended = true;
+  return false;
+}
+
+MenuStates Session::Menus() const noexcept {
+  return MenusFor({m_screen, m_project.has_value(), m_project && m_project->MinutesRecorded == 1, m_hasUnfinished});
+}
+
+std::string Session::ProjectCaption() const { return m_project ? ProjectTitle(*m_project) : kNoDirectory; }
+
+std::string Session::OpenCaption() const { return m_project ? "Change Project" : "Open Existing Project"; }
+
+bool Session::IsEntering() const noexcept { return m_screen == Screen::Identification || m_screen == Screen::Entry; }
+
+void Session::Show(Screen screen) {
+  m_screen = screen;
+  if (m_observer) m_observer();
+}
+
+void Session::TakeProject(ProjectParameters project) {
+  m_project = std::move(project);
+  m_savedBackupDir = m_project->BackupDir;
+  LookForUnfinished();
+}
+
+void Session::CloseProject() {
+  m_project.reset();
+  m_savedBackupDir.clear();
+  m_hasUnfinished = false;
+}
+
+void Session::LookForUnfinished() {
+  try {
+    m_hasUnfinished =
+        !ListSubjectFiles(m_platform.Files, *m_project, UnfinishedDirectory(m_project->PrimaryDir)).empty();
+  } catch (const FileError&) {
+    m_hasUnfinished = false;  // a primary directory on a drive that is not ready is told of when it is needed
+  }
+}
+
+void Session::OpenExistingProject() {
+  if (!Menus().Open) return;
+  if (m_screen == Screen::Wizard) {
+    CancelWizard();
+    if (m_screen == Screen::Wizard) return;
+  }
+  auto chosen = ChooseProject("Load Project", m_param.Path(), m_platform.Files, m_platform.Dialogs, m_errors);
+  if (!chosen) return;
+  if (!MayOpenProject(chosen->Parameters, m_platform.Boxes)) {
+    CloseProject();
+    return;
+  }
+  TakeProject(std::move(chosen->Parameters));
+  Show(Screen::Main);
+  if (!m_hasUnfinished) return;
+  const BoxAnswer answer = m_platform.Boxes.Show(
+      {.Text = "You have unfinished business for this experiment.  Do you want to complete some data now?",
+       .Icon = BoxIcon::Question,
+       .Buttons = BoxButtons::YesNoCancel,
+       .Default = BoxAnswer::No});
+  if (answer == BoxAnswer::Yes) UnfinishedBusiness();
+}
+
+bool Session::OpenFirst() {
+  if (m_screen != Screen::Main) return false;
+  if (!m_project) OpenExistingProject();
+  return m_project && m_screen == Screen::Main;
+}
+
+void Session::CreateNewProject() {
+  if (!Menus().Create) return;
+  CloseProject();
+  m_wizard.Start(m_param.Path());
+  Show(Screen::Wizard);
+}
+
+void Session::ViewParameters() {
+  if (!Menus().View) return;
+  m_wizard.View(*m_project);
+  Show(Screen::Viewing);
+}
+
+void Session::CancelWizard() {
+  if (m_wizard.Cancel()) Show(Screen::Main);
+}
+
+void Session::FinishWizard() {
+  const bool viewing = m_screen == Screen::Viewing;
+  if (!m_wizard.Done(m_restoring)) return;
+  if (!viewing) TakeProject(m_wizard.Project());
+  Show(Screen::Main);
+  if (viewing) return;
+  const BoxAnswer answer =
+      m_platform.Boxes.Show({.Text = "Do you want to continue by entering data for this project now?",
+                             .Icon = BoxIcon::Question,
+                             .Buttons = BoxButtons::YesNo,
+                             .Default = BoxAnswer::Yes});
+  if (answer == BoxAnswer::Yes) EnterSubjects();
+}
+
+void Session::Exit() {
+  if (IsEntering() && !MayLeaveEntry({.Text = "You will lose all unsaved changes.  Are you sure you want to do this?",
+                                      .Icon = BoxIcon::Exclamation,
+                                      .Buttons = BoxButtons::YesNoCancel,
+                                      .Default = BoxAnswer::No,
+                                      .Title = "Warning"})) {
+    return;
+  }
+  m_ended = true;
+}
+
+bool Session::Close() {
+  if (m_ended) return true;
+  if (m_screen == Screen::ParamLocation) {
+    m_ended = m_location.Close().Next != LocationOutcome::Step::Stay;
+  } else {
+    m_ended = !IsEntering() || MayLeaveEntry({.Text = "Are you sure that you would like to exit ZOVA?",
+                                              .Icon = BoxIcon::Question,
+                                              .Buttons = BoxButtons::YesNoCancel,
+                                              .Default = BoxAnswer::No,
+                                              .Title = "Exit"});
+  }
+  return m_ended;
+}
+
+bool Session::MayLeaveEntry(const MessageBox& question) {
+  if (m_platform.Boxes.Show(question) != BoxAnswer::Yes) return false;
+  const std::string autosave = JoinPath(m_param.Path(), "Temp.txt");
+  WithRetry(m_errors, [&] {
+    if (m_platform.Files.FileExists(autosave)) m_platform.Files.Delete(autosave);
+  });
+  return true;
+}
+
+void Session::ToggleSkipMinutes() noexcept {
+  if (Menus().SkipMinutes) m_preferences.SkipMinutes = !m_preferences.SkipMinutes;
+}
+
+void Session::ToggleNextBlankSpace() noexcept {
+  if (Menus().NextBlank) m_preferences.NextBlankSpace = !m_preferences.NextBlankSpace;
+}
+
+void Session::ToggleAutosave() noexcept {
+  if (Menus().Autosave) m_preferences.Autosave = !m_preferences.Autosave;
+}
+
+void Session::ShowTopics() { m_platform.Help.ShowHelp(HelpFile(m_programDir), ""); }
+
+void Session::ShowAbout() {
+  m_platform.Boxes.Show({.Text = "ZOVA\nVersion 2.0",
+                         .Icon = BoxIcon::Information,
+                         .Title = "About ZOVA 2.0",
+                         .Details = "Scores free-recall experiments with repeated tests.\n\n"
+                                    "Free software under the GNU General Public License, version 3 or later, without "
+                                    "any warranty.\n\nPlease report a fault to whoever gave you this program, with "
+                                    "the project's parameter file and what you did last."});
+}
+
+}  // namespace zova

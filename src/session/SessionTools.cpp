@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The commands that lead into entering and masters, and those of the Tools menu.
+
+#include "master/MasterRun.h"
+#include "project/ProjectOpening.h"
+#include "session/Session.h"
+
+namespace zova {
+
+void Session::EnterSubjects() { OpenFirst(); }
+
+void Session::ReadOldData() { OpenFirst(); }
+
+void Session::UnfinishedBusiness() { OpenFirst(); }
+
+void Session::ExamineMeans() { OpenFirst(); }
+
+void Session::CreateNewMaster() {
+  if (!OpenFirst()) return;
+  LookForUnfinished();
+  if (m_hasUnfinished) {
+    const BoxAnswer answer = m_platform.Boxes.Show(
+        {.Text = "You have unfinished business for this experiment.  The unfinished data will not be included in the "
+                 "master.  Do you want to complete some data now?",
+         .Icon = BoxIcon::Question,
+         .Buttons = BoxButtons::YesNoCancel,
+         .Default = BoxAnswer::No});
+    if (answer == BoxAnswer::Yes) {
+      UnfinishedBusiness();
+      return;
+    }
+  }
+  CountSubjectFiles(*m_project, m_platform.Files, m_platform.Boxes);
+}
+
+BackupTools Session::ToolsOfBackup() {
+  return {m_platform.Files, m_platform.Boxes, m_errors, m_platform.Pointer, m_param.Path()};
+}
+
+void Session::CreateNewBackup() {
+  if (!Menus().Backup) return;
+  const BackupOutcome outcome = BeginBackup(*m_project, ToolsOfBackup());
+  if (outcome.AsksDestination) ShowLocation(Screen::BackupDestination);
+  if (outcome.Message) m_platform.Boxes.Show(*outcome.Message);
+}
+
+void Session::RestoreFromBackup() {
+  if (!Menus().Restore || !WantsRestore(m_platform.Boxes)) return;
+  // Kept: it is never cleared again, so that later parameter files get no copy in their backup directory.
+  m_restoring = true;
+  auto chosen = ChooseProject("Please select a (.prm) file.", m_param.Path(), m_platform.Files, m_platform.Dialogs,
+                              m_errors, [this] { CloseProject(); });
+  if (!chosen) return;
+  ProjectParameters project = std::move(chosen->Parameters);
+  const std::optional<MessageBox> message = RestoreData(project, chosen->Path, ToolsOfBackup());
+  TakeProject(std::move(project));
+  Show(Screen::Main);
+  if (message) m_platform.Boxes.Show(*message);
+}
+
+void Session::ChangeParamLocation() {
+  if (Menus().MoveParam) ShowLocation(Screen::ParamLocation);
+}
+
+void Session::ShowLocation(Screen screen) {
+  if (screen == Screen::ParamLocation) m_location.Open();
+  m_locationBrowser.Reset();
+  m_locationText = m_locationBrowser.Path();
+  Show(screen);
+}
+
+LocationTexts Session::LocationTextsShown() const {
+  return m_screen == Screen::BackupDestination ? BackupDestinationTexts() : m_location.Texts();
+}
+
+void Session::SetLocationText(const std::string& text) {
+  m_locationText = text;
+  m_location.NoteOtherAct();
+}
+
+std::string Session::LocationResult() const {
+  return m_screen == Screen::ParamLocation ? m_location.Target(m_locationText) : std::string();
+}
+
+void Session::AcceptLocation() {
+  m_locationText = m_platform.Files.Drives().ToDrivePath(m_locationText);
+  if (m_screen == Screen::ParamLocation) {
+    Follow(m_location.Accept(m_locationText));
+  } else if (m_screen == Screen::BackupDestination) {
+    const auto message = BackUpTo(*m_project, m_locationText, m_savedBackupDir, ToolsOfBackup());
+    if (message) Follow({LocationOutcome::Step::Close, message});
+  }
+}
+
+void Session::CancelLocation() {
+  if (m_screen == Screen::ParamLocation) {
+    Follow(m_location.Cancel());
+  } else if (m_screen == Screen::BackupDestination) {
+    Show(Screen::Main);
+  }
+}
+
+void Session::Follow(const LocationOutcome& outcome) {
+  if (outcome.Next == LocationOutcome::Step::EndProgram) m_ended = true;
+  if (outcome.Next == LocationOutcome::Step::Close) Show(Screen::Main);
+  if (outcome.Message) m_platform.Boxes.Show(*outcome.Message);
+}
+
+}  // namespace zova

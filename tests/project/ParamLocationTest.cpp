@@ -1,0 +1,163 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "project/ParamLocation.h"
+
+#include "support/FailingFileLayer.h"
+#include "support/FakePlatform.h"
+#include "support/Scratch.h"
+#include "support/ScriptedBoxes.h"
+
+using namespace zova;
+using namespace zova::testing;
+
+using Step = LocationOutcome::Step;
+
+namespace {
+
+const std::string kOld = "C:\\Old\\Param";  // registered in every case but the first run
+const std::string kMoved = "'Param' directory successfully moved!";
+const std::string kCreated = "'Param' directory successfully created.";
+const std::string kUndeleted = "ZOVA could not delete the old directory.";
+
+ExpectedBox Told(const std::string& text, BoxIcon icon = BoxIcon::Exclamation) {
+  return {text, BoxAnswer::Ok, "", icon, BoxButtons::Ok};
+}
+const ExpectedBox kNotFound = Told("Path not found.  Please verify that the correct disk is in the drive.");
+ExpectedBox Restore(BoxAnswer answer) {
+  const std::string text = "Do you want to restore this directory to the original 'Param' location at: '" + kOld +
+                           "'?  If you select 'No' then ZOVA will register its current location.";
+  return {text, answer, "", BoxIcon::Question, BoxButtons::YesNoCancel, BoxAnswer::No};
+}
+ExpectedBox Replace(const std::string& name, BoxAnswer answer) {
+  const std::string text = "The new location already holds '" + name + "'.  Do you wish to replace it?";
+  return {text, answer, "", BoxIcon::Exclamation, BoxButtons::YesNo, BoxAnswer::No, "Warning"};
+}
+
+/// Yes to all questions but whether to try again.
+class YesBoxes final : public MessageBoxes {
+  BoxAnswer Show(const MessageBox& box) override {
+    return box.Buttons == BoxButtons::RetryCancel ? BoxAnswer::Cancel : BoxAnswer::Yes;
+  }
+};
+
+/// The screen, with "a.prm" and "b.prm" in the directory `from`.
+struct Rig {
+  Rig(MessageBoxes& boxes, const std::string& from) : Boxes(boxes) {
+    Place.MakeDirectory("C:\\ZOVA");
+    if (!from.empty()) Place.Put(from + "\\a.prm", "a"), Place.Put(from + "\\b.prm", "b");
+    if (!from.empty()) Settings.Values["Startup/ParamPath$"] = kOld;
+    Param.Load(), Location.Open(), Param.Lock(from);
+  }
+  std::string Stored() { return Settings.Values["Startup/ParamPath$"]; }
+  bool IsWhole(const std::string& in) const {
+    return Place.Has(in + "\\b.prm") && Place.Get(in + "\\a.prm") + Place.Get(in + "\\b.prm") == "ab";
+  }
+  MessageBoxes& Boxes;
+  Scratch Place;
+  FakeSettings Settings;
+  CountingDesktop Pointer;
+  FailingFileLayer Layer{Place.Layer()};
+  Disk Files{Layer, Place.Drives()};
+  FileErrorHandler Errors{Boxes};
+  ParamDirectory Param{Settings, Files};
+  ParamLocation Location{Param, "C:\\ZOVA", Files, Boxes, Errors, Pointer};
+};
+
+}  // namespace
+
+TEST(ParamLocation, Accepts) {
+  const ExpectedBox already = Told("This already is the location of the 'Param' folder.");
+  const ExpectedBox inUse = Told("ZOVA is already running with this 'Param' directory.", BoxIcon::Critical);
+  const std::string lost = "D:\\F\\Param";
+  const struct {
+    std::string From, Extra;  // where the files are, and a file that is there as well
+    std::string Text;
+    std::vector<ExpectedBox> Boxes;
+    std::string Message, Place;  // with which it closes, and what is registered then; "" when nothing may change
+    bool Ends = false;
+  } cases[] = {
+      {kOld, "", "D:\\New\\Deep\\", {}, kMoved, "D:\\New\\Deep\\Param"},
+      {kOld, "", "(none)", {kNotFound}, "", ""},
+      {kOld, "", "X:\\", {kNotFound}, "", ""},
+      {kOld, "", "D:\\a*b", {kNotFound}, "", ""},
+      {kOld, "D:\\Param", "D:\\", {kNotFound}, "", ""},
+      {kOld, "", "c:\\OLD", {already}, "", ""},
+      {kOld, "", "C:\\Old\\Param\\x", {already}, "", ""},
+      {kOld, "D:\\Used\\Param\\x", "D:\\Used", {inUse}, "", ""},
+      {kOld, "D:\\Param\\B.PRM", "D:", {Replace("b.prm", BoxAnswer::No)}, "", ""},
+      {kOld, "D:\\Param\\b.prm", "D:", {Replace("b.prm", BoxAnswer::Yes)}, kMoved, "D:\\Param"},
+      {kOld, kOld + "\\A.prm", "D:\\", {Replace("a.prm", BoxAnswer::No)}, "", ""},
+      {kOld, kOld + "\\x\\y", "D:\\", {}, kUndeleted, "D:\\Param"},
+      {lost, "", "D:\\F", {Restore(BoxAnswer::Cancel)}, "", ""},
+      {lost, "", "D:\\F", {Restore(BoxAnswer::No)}, "'Param' directory successfully registered.", lost},
+      {lost, "", "D:\\F", {Restore(BoxAnswer::Yes)}, kMoved, kOld},
+      {lost, "D:\\Used\\Param\\x", "D:\\Used", {Restore(BoxAnswer::Yes), inUse}, "", "", true},
+      {lost, "", "C:\\Old", {}, kCreated, kOld},
+      {"", "", "C:\\", {}, kCreated, "C:\\Param"},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.Text + " with " + c.Extra);
+    ScriptedBoxes boxes;
+    for (const ExpectedBox& box : c.Boxes) boxes.Expect(box);
+    Rig rig(boxes, c.From);
+    if (!c.Extra.empty()) rig.Place.Put(c.Extra, "x");
+    DirectoryLock other;
+    if (c.Extra.starts_with("D:\\Used")) other.Acquire(rig.Place.Native("D:\\Used\\Param"));
+    const Tree before = rig.Place.Snapshot();
+    const LocationOutcome outcome = rig.Location.Accept(c.Text);
+    EXPECT_EQ(outcome.Next, c.Ends ? Step::EndProgram : c.Place.empty() ? Step::Stay : Step::Close);
+    EXPECT_EQ(outcome.Message ? outcome.Message->Text : "", c.Message);
+    EXPECT_EQ(rig.Stored(), c.Place.empty() ? kOld : c.Place);
+    EXPECT_TRUE(!c.Place.empty() || rig.Place.Snapshot() == before);
+    if (!outcome.Message) continue;
+    EXPECT_EQ(outcome.Message->Icon, c.Message == kUndeleted ? BoxIcon::Exclamation : BoxIcon::Information);
+    EXPECT_EQ(rig.IsWhole(c.Place), c.Message != kCreated);
+    EXPECT_FALSE(c.Message == kMoved && rig.Place.Has(c.From));
+    EXPECT_EQ(rig.Place.Has(c.Place + "\\Example.prm"), c.Message == kCreated);
+    EXPECT_EQ(other.Acquire(rig.Place.Native(c.Place)), DirectoryLock::Outcome::InUse);
+  }
+}
+
+// Each call of a move, or of moving a found directory back, fails once and is given up. No half-filled directory is
+// left where a whole one was to be.
+TEST(ParamLocation, AMoveThatFailsLosesNothing) {
+  const std::string other = "D:\\Param";
+  for (const auto& [from, to] : {std::pair(kOld, other), std::pair(other, kOld)}) {
+    for (int n = 1, failed = 1; failed == 1; ++n) {
+      YesBoxes boxes;
+      Rig rig(boxes, from);
+      rig.Layer.FailAt(n);
+      const LocationOutcome outcome = rig.Location.Accept("D:\\");
+      const std::string call = from + ", call " + std::to_string(n) + ": " + rig.Layer.FailedCall();
+      failed = rig.Layer.HasFailed() ? 1 : 0;
+      const bool moved = outcome.Next == Step::Close;
+      EXPECT_TRUE(moved ? rig.IsWhole(to) : !rig.Place.Has(to)) << call;
+      EXPECT_TRUE(moved ? rig.Stored() == to : rig.Stored() == kOld && rig.IsWhole(from)) << call;
+      if (rig.Layer.FailedCall() == "Rename") {
+        EXPECT_EQ(DirectoryLock().Acquire(rig.Place.Native(from)), DirectoryLock::Outcome::InUse) << call;
+      }
+      EXPECT_TRUE(failed == 1 || outcome.Message->Text == kMoved);
+    }
+  }
+}
+
+TEST(ParamLocation, RefusesOnceToGoWithoutADirectory) {
+  const auto cancelled =
+      Told("You cannot continue using ZOVA without selecting a location for the 'Param' Directory.", BoxIcon::Critical);
+  const auto closed = Told("You cannot use ZOVA without selecting a location for the param directory.");
+  // c: Cancel, x: the window's closing, o: another act, a: an OK that is refused
+  for (const std::string acts : {"cc", "cx", "xc", "xx", "coc", "xocc", "cac"}) {
+    ScriptedBoxes boxes;
+    Rig rig(boxes, "");
+    Step next = Step::Stay;
+    for (const char act : acts) {
+      EXPECT_EQ(next, Step::Stay) << acts;
+      if (act != 'o') boxes.Expect(act == 'c' ? cancelled : act == 'x' ? closed : kNotFound);
+      if (act == 'o') rig.Location.NoteOtherAct();
+      if (act == 'a') next = rig.Location.Accept("").Next;
+      if (act == 'c') next = rig.Location.Cancel().Next;
+      if (act == 'x') next = rig.Location.Close().Next;
+    }
+    EXPECT_EQ(next, acts == "coc" || acts == "cac" ? Step::Stay : Step::EndProgram) << acts;
+  }
+}

@@ -1,0 +1,217 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "project/ProjectBackup.h"
+
+#include <set>
+
+#include "project/ProjectFile.h"
+#include "support/FailingFileLayer.h"
+#include "support/Scratch.h"
+#include "support/ScriptedBoxes.h"
+
+namespace zova::testing {
+namespace {
+
+namespace fs = std::filesystem;
+
+ExpectedBox Restored(const std::string& details = "") {
+  return {"The data was successfully restored.", BoxAnswer::Ok, details, BoxIcon::Information, {}, {}, "Restore"};
+}
+ExpectedBox NotFound(const std::string& details, BoxAnswer answer = BoxAnswer::Cancel) {
+  return {"Path not found.  Please verify that the correct disk is in the drive.", answer, details};
+}
+ExpectedBox Missing(const std::string& directory, BoxAnswer answer) {
+  return {"'" + directory + "' Directory does not exist.  Do you wish to create it?", answer};
+}
+ExpectedBox HasBackup(BoxAnswer answer) {
+  const char* text =
+      "This feature will create a new backup of all the entered data for the current project.  This project's data "
+      "already has a backup location at: 'D:\\Backup'.  To recreate or refresh the data at this location, select "
+      "'No'.  Do you want to specify a new backup location?";
+  return {text, answer, "", BoxIcon::Question, BoxButtons::YesNoCancel, BoxAnswer::No};
+}
+ExpectedBox Told(const char* text, BoxIcon icon = BoxIcon::Information) { return {text, BoxAnswer::Ok, "", icon}; }
+const ExpectedBox kCreated = Told("The backup directory and files were successfully created.");
+const ExpectedBox kUpdated = Told("The backup data files were updated.");
+using Names = std::vector<std::string>;
+const Names kPrimary{"AB Sub#1.dat", "ab sub#2.DAT"};
+const std::string kOwnFile =
+    "2,4,0,0,0,0,0,,,0,0,,0,\"AB\",\"C:\\Data\",\"D:\\Backup\",\"Study.prm\",0,,\"VB Version\"\r\n";
+const std::string kCopy =
+    "2,4,0,0,0,0,0,\"D:\\Backup\",,0,0,,0,\"AB\",\"C:\\Data\",\"D:\\New\",\"Study.prm\",0,,\"VB Backup\"\r\n";
+
+// The tree once these files of the directory `from` were copied to `to`, which was created when missing.
+Tree Copied(Tree tree, const std::string& from, const std::string& to, const Names& names) {
+  tree[to] = "";
+  for (const std::string& name : names) tree[to + name] = tree.at(from + name);
+  return tree;
+}
+
+// A project whose backup is behind: it has an older subject 1, and one that the primary directory lacks.
+struct Lab {
+  explicit Lab(MessageBoxes& boxes) : Boxes(boxes) {
+    for (const char* path : {"C:/Data/Sdata/AB Sub#1.dat", "C:/Data/Sdata/ab sub#2.DAT", "C:/Data/Sdata/x.bak",
+                             "C:/Data/Sdata/Unfinished/AB Sub#4.dat", "D:/Backup/Sdata/AB Sub#1.dat",
+                             "D:/Backup/Sdata/ab sub#7.DAT", "D:/Backup/Sdata/ABC8.dat", "D:/Backup/Study.prm"}) {
+      Files.Put(path, path);  // shows where a copy came from
+    }
+    for (const char* path : {"C:/Param/Study.prm", "C:/Data/Study.prm"}) Files.Put(path, kOwnFile);
+    Files.MakeDirectory("D:/New");
+  }
+  BackupTools Tools() { return {Drives, Boxes, Errors, Pointer, ParamDir}; }
+  // These show the command's message, if any, and tell whether there was one.
+  bool Show(const std::optional<MessageBox>& message) { return message && (Boxes.Show(*message), true); }
+  bool Begin(bool asks) {
+    const BackupOutcome outcome = BeginBackup(Project, Tools());
+    EXPECT_EQ(outcome.AsksDestination, asks);
+    return Show(outcome.Message);
+  }
+  bool BackUp(const std::string& text) { return Show(BackUpTo(Project, text, "D:\\Backup", Tools())); }
+  bool Restore(const std::string& path) { return Show(RestoreData(Project, path, Tools())); }
+  void Lose(const char* path) const { fs::remove_all(Files.Native(path)); }
+
+  MessageBoxes& Boxes;
+  Scratch Files;
+  FailingFileLayer Layer{Files.Layer()};
+  Disk Drives{Layer, Files.Drives()};
+  FileErrorHandler Errors{Boxes};
+  CountingDesktop Pointer;
+  ProjectParameters Project = ParseProject(kOwnFile, "");
+  std::string ParamDir = "C:\\Param";
+};
+
+TEST(ProjectBackup, RefreshesTheLocationItHasUnlessAnotherIsWanted) {
+  ScriptedBoxes boxes{HasBackup(BoxAnswer::Cancel), HasBackup(BoxAnswer::Yes), HasBackup(BoxAnswer::No), kUpdated};
+  Lab lab(boxes);
+  Tree tree = lab.Files.Snapshot();
+  EXPECT_TRUE(!lab.Begin(false) && !lab.Begin(true));
+  EXPECT_EQ(lab.Files.Snapshot(), tree);
+  EXPECT_TRUE(lab.Begin(false));
+  tree = Copied(tree, "C/Data/Sdata/", "D/Backup/Sdata/", kPrimary);
+  EXPECT_EQ(lab.Files.Snapshot(), Copied(tree, "C/Param/", "D/Backup/", {"Study.prm"}));
+  lab.Project.BackupDir = "(none)";
+  EXPECT_FALSE(lab.Begin(true));
+}
+
+TEST(ProjectBackup, NewDestinations) {
+  ScriptedBoxes boxes;
+  Lab lab(boxes);
+  lab.Files.Put("D:/File", "");
+  fs::create_directory_symlink(lab.Files.Native("C:/Data"), lab.Files.Native("D:/Link"));
+  Tree tree = lab.Files.Snapshot();
+  const auto refuses = [&](const std::string& text, const std::vector<ExpectedBox>& expected) {
+    for (const ExpectedBox& box : expected) boxes.Expect(box);
+    EXPECT_FALSE(lab.BackUp(text)) << text;
+    EXPECT_TRUE(lab.Project == ParseProject(kOwnFile, "") && lab.Files.Snapshot() == tree) << text;
+  };
+  for (const char* text : {"", "(none)", "New", "D:\\a|b", "D:\\New\\.."}) {
+    refuses(text, {Told("Invalid format. Please redo.", BoxIcon::Exclamation)});
+  }
+  for (const std::string& text : {std::string(" c:/DATA\\ "), lab.Files.Native("D:/Link").string()}) {
+    refuses(text, {Told("The primary and backup directories cannot be the same.", BoxIcon::Exclamation)});
+  }
+  refuses("X:\\New", {NotFound("'X:\\New'", BoxAnswer::Retry), NotFound("'X:\\New'")});
+  refuses("D:\\No\\Deep", {Missing("D:\\No\\Deep", BoxAnswer::No)});
+  refuses("D:\\File", {Missing("D:\\File", BoxAnswer::Yes), NotFound("'D:\\File\\Sdata'")});
+
+  for (const auto& box : {Missing("D:\\A\\B", BoxAnswer::Yes), kCreated, kCreated, kUpdated}) boxes.Expect(box);
+  EXPECT_TRUE(lab.BackUp(lab.Files.Native("D:/A/B").string() + "/") && lab.BackUp("D:\\New\\ "));
+  EXPECT_EQ(lab.Files.Get("D:/New/Study Backup.prm"), kCopy) << "names the saved directory, not D:\\A\\B";
+  EXPECT_EQ(lab.Project.PreviousBackupDir + lab.Project.BackupDir, "D:\\BackupD:\\New");
+  lab.Lose("D:/A"), lab.Lose("D:/New/Study Backup.prm");
+  lab.Project.FormatMarker = "Old ZOVA";
+  EXPECT_TRUE(lab.BackUp("D:\\New"));
+  tree = Copied(tree, "C/Data/Sdata/", "D/New/Sdata/", kPrimary);
+  EXPECT_EQ(lab.Files.Snapshot(), Copied(tree, "C/Param/", "D/New/", {"Study.prm"}));
+}
+
+TEST(ProjectBackup, RestoresFromWhereTheBackupIs) {
+  for (const auto& [marker, names] : {std::pair("VB Version", Names{"AB Sub#1.dat", "ab sub#7.DAT"}),
+                                      {"Old ZOVA", {"AB Sub#1.dat", "ab sub#7.DAT", "ABC8.dat"}}}) {
+    ScriptedBoxes boxes{Restored()};
+    Lab lab(boxes);
+    lab.Project.FormatMarker = marker;
+    Tree tree = Copied(lab.Files.Snapshot(), "D/Backup/Sdata/", "C/Data/Sdata/", names);
+    EXPECT_TRUE(lab.Restore("C:\\Param\\Study.prm"));
+    EXPECT_EQ(lab.Files.Snapshot(), Copied(tree, "D/Backup/", "C/Param/", {"Study.prm"})) << marker;
+
+    fs::rename(lab.Files.Native("D:/Backup"), lab.Files.Native("D:/Moved"));
+    lab.Lose("C:/Data/Sdata/AB Sub#1.dat"), lab.Lose("C:/Param/Study.prm");
+    tree = lab.Files.Snapshot();
+    for (const char* path : {"C:\\Param\\Study.prm", "C:\\Data\\Study.prm"}) {  // none beside it, or the primary's
+      boxes.Expect(NotFound("Listing 'D:\\Backup\\Sdata'"));
+      EXPECT_FALSE(lab.Restore(path));
+      EXPECT_EQ(lab.Files.Snapshot(), tree);
+    }
+    boxes.Expect(Restored("'D:\\Moved\\Sdata'"));
+    EXPECT_TRUE(lab.Restore("D:\\Moved\\Study.prm"));
+    tree = Copied(tree, "D/Moved/Sdata/", "C/Data/Sdata/", names);
+    EXPECT_EQ(lab.Files.Snapshot(), Copied(tree, "D/Moved/", "C/Param/", {"Study.prm"})) << marker;
+  }
+}
+
+TEST(ProjectBackup, NothingIsCopiedOntoItselfOrToNowhere) {
+  const char* noBackup =
+      "There was not a backup location for this project.  If you saved one manually you can create an 'Sdata' folder "
+      "in your primary directory and copy all data (.dat) files to it.  You can determine your primary directory by "
+      "selecting 'Options', 'View Parameters', then 'Next'.";
+  ScriptedBoxes boxes{HasBackup(BoxAnswer::No), kUpdated, Restored(), NotFound("'(none)\\Sdata'"),
+                      Told(noBackup, BoxIcon::Exclamation)};
+  Lab lab(boxes);
+  lab.Lose("D:/Backup/Sdata");
+  fs::create_directory_symlink(lab.Files.Native("C:/Data/Sdata"), lab.Files.Native("D:/Backup/Sdata"));
+  lab.ParamDir = "d:\\backup";
+  for (const char* file : {"C:/Data/Sdata/AB Sub#1.dat", "D:/Backup/Study.prm"}) {
+    fs::permissions(lab.Files.Native(file), fs::perms::owner_read);  // a copy would be refused
+  }
+  EXPECT_TRUE(lab.Begin(false) && lab.Restore("D:\\Backup\\Study.prm"));
+
+  lab.Project.PrimaryDir = "(none)";
+  EXPECT_FALSE(lab.Restore("D:\\Backup\\Study.prm"));
+  lab.Project.BackupDir = "(none)";
+  EXPECT_TRUE(lab.Restore("D:\\Backup\\Study.prm"));
+}
+
+// Lets call `n` of a backup to a new destination fail, or of the restore after the loss of all but that. Retry ends as
+// if nothing had been; Cancel leaves each file as it was or as it would have become. False when there is no such call.
+bool SurvivesFailure(bool restores, int n, BoxAnswer answer) {
+  AnsweringBoxes boxes(answer);
+  Lab lab(boxes);
+  if (restores) {
+    EXPECT_TRUE(lab.BackUp("D:\\New"));
+    lab.Project = ParseProject(lab.Files.Get("D:/New/Study Backup.prm"), "");
+    lab.Lose("C:/Data"), lab.Lose("C:/Param/Study.prm"), lab.Lose("D:/Backup");
+    boxes.Texts.clear();
+  }
+  const Tree before = lab.Files.Snapshot();
+  Tree finished = restores ? Copied(before, "D/New/Sdata/", "C/Data/Sdata/", kPrimary)
+                           : Copied(before, "C/Data/Sdata/", "D/New/Sdata/", kPrimary);
+  if (restores) finished["C/Data/"] = "", finished["C/Param/Study.prm"] = finished["C/Data/Study.prm"] = kOwnFile;
+  if (!restores) finished["D/New/Study Backup.prm"] = kCopy;
+
+  lab.Layer.FailAt(n, std::errc::io_error, FailingFileLayer::Writes::Half);
+  const bool done = restores ? lab.Restore("D:\\New\\Study Backup.prm") : lab.BackUp("D:\\New");
+  SCOPED_TRACE((restores ? "restore, call " : "backup, call ") + std::to_string(n) + " " + lab.Layer.FailedCall());
+  const std::size_t faults = boxes.Texts.size() - (done ? 1 : 0);
+  EXPECT_EQ(done, faults == 0 || answer == BoxAnswer::Retry);
+  EXPECT_EQ(lab.Project == ParseProject(kOwnFile, ""), restores ? done : !lab.Files.Has("D:/New/Sdata"));
+  const Tree left = lab.Files.Snapshot();
+  EXPECT_TRUE(!done || left == finished);
+  std::set<Tree::value_type> allowed(before.begin(), before.end());
+  allowed.insert(finished.begin(), finished.end());
+  for (const auto& file : left) EXPECT_TRUE(allowed.contains(file)) << file.first;
+  return lab.Layer.HasFailed();
+}
+
+TEST(ProjectBackup, SurvivesTheFailureOfAnySingleDiskCall) {
+  for (const auto answer : {BoxAnswer::Cancel, BoxAnswer::Retry}) {
+    for (const bool restores : {false, true}) {
+      int n = 1;
+      while (SurvivesFailure(restores, n, answer)) ++n;
+      EXPECT_GT(n, 40);
+    }
+  }
+}
+
+}  // namespace
+}  // namespace zova::testing

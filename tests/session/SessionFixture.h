@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "session/Session.h"
+#include "support/FakePlatform.h"
+#include "support/Scratch.h"
+#include "support/ScriptedBoxes.h"
+
+namespace zova::testing {
+
+/// A session over a scratch disk, with everything around it scripted.
+class SessionTest : public ::testing::Test {
+ protected:
+  static constexpr const char* kSetting = "Startup/ParamPath$";
+
+  Session& Make() {
+    m_session = std::make_unique<Session>(SessionPlatform{m_disk, Boxes, Dialogs, Settings, m_desktop, Help},
+                                          "C:\\ZOVA", m_scratch.Native("C:\\Installed"));
+    return *m_session;
+  }
+  /// Started with an existing Param directory.
+  Session& Started() {
+    m_scratch.MakeDirectory("C:\\Param");
+    Settings.Values[kSetting] = "C:\\Param";
+    Make().Start();
+    return *m_session;
+  }
+  void OpenProject(Session& session, const std::string& path) {
+    Dialogs.Answers.emplace_back(path);
+    session.OpenExistingProject();
+  }
+
+  Scratch m_scratch;
+  Disk m_disk = m_scratch.MakeDisk();
+  ScriptedBoxes Boxes;
+  ScriptedChoosers Dialogs;
+  FakeSettings Settings;
+  FakeHelpViewer Help;
+  CountingDesktop m_desktop;
+  std::unique_ptr<Session> m_session;
+};
+
+}  // namespace zova::testing

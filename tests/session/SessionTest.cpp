@@ -1,0 +1,200 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "session/Session.h"
+
+#include "project/ProjectFile.h"
+#include "session/SessionFixture.h"
+
+namespace zova::testing {
+namespace {
+
+const std::string kLost =
+    "The 'Param' directory has been moved or deleted.  To attempt to locate the 'Param' directory or to select a new "
+    "location for it, select 'Yes' below.  If you select 'No' ZOVA will create a new 'Param' folder at "
+    "'C:\\ZOVA\\Param'.  Do you want to browse for a directory location?";
+const std::string kUnfinished =
+    "You have unfinished business for this experiment.  Do you want to complete some data now?";
+
+std::string Example(const char* marker = kCurrentMarker) { return FormatProject(ExampleProject("C:\\ZOVA"), marker); }
+
+TEST_F(SessionTest, AnEmptyAccountGetsParamAndExampleBeforeAnythingElse) {
+  m_scratch.Put("C:\\Installed\\Sample Data\\Sdata\\Example Sub#1.dat", "1");
+  m_scratch.Put("C:\\Installed\\ZOVA2.hlp", "help");
+  Session& session = Make();
+  session.Start();
+  EXPECT_EQ(session.Shown(), Screen::ParamLocation);
+  EXPECT_EQ(session.LocationTextsShown().Title, "Select Location of 'Param' Directory");
+  EXPECT_EQ(session.LocationResult(), "C:\\Param");
+  MenuStates onlyExitAndHelp;
+  EXPECT_EQ(session.Menus(), onlyExitAndHelp);
+
+  // What is typed in the platform's form is kept by drive letter.
+  m_scratch.MakeDirectory("D:\\Lab");
+  session.SetLocationText(PathText(m_scratch.Native("D:\\Lab")));
+  EXPECT_EQ(session.LocationResult(), "D:\\Lab\\Param");
+  Boxes.Expect({.Text = "'Param' directory successfully created.", .Icon = BoxIcon::Information});
+  session.AcceptLocation();
+  EXPECT_EQ(session.Shown(), Screen::Main);
+  EXPECT_EQ(Settings.Values[kSetting], "D:\\Lab\\Param");
+  EXPECT_EQ(m_scratch.Get("D:\\Lab\\Param\\Example.prm"), Example());
+  EXPECT_EQ(m_scratch.Get("C:\\ZOVA\\Sample Data\\Example.prm"), Example());
+  EXPECT_EQ(m_scratch.Get("C:\\ZOVA\\Sample Data\\Sdata\\Example Sub#1.dat"), "1");
+  EXPECT_EQ(m_scratch.Get("C:\\ZOVA\\ZOVA2.hlp"), "help");
+}
+
+TEST_F(SessionTest, ALostParamDirectoryIsMadeAgainOrLookedFor) {
+  for (const BoxAnswer answer : {BoxAnswer::No, BoxAnswer::Yes}) {
+    Settings.Values[kSetting] = "D:\\Deep\\Down\\Param";
+    Boxes.Expect({kLost, answer, "", BoxIcon::Exclamation, BoxButtons::YesNo, {}, "Warning"});
+    Make().Start();
+    const bool made = answer == BoxAnswer::No;
+    EXPECT_EQ(m_session->Shown(), made ? Screen::Main : Screen::ParamLocation);
+    EXPECT_EQ(m_scratch.Has("D:\\Deep\\Down\\Param\\Example.prm"), made);
+    m_session.reset();
+    std::filesystem::remove_all(m_scratch.Native("D:\\Deep"));
+  }
+  // A drive that is not there any more: creating fails, the user gives up, and may choose another place.
+  Settings.Values[kSetting] = "Q:\\Param";
+  Boxes.Expect({.Text = kLost, .Answer = BoxAnswer::No, .Title = "Warning"});
+  Boxes.Expect(
+      {.Text = "Path not found.  Please verify that the correct disk is in the drive.", .Answer = BoxAnswer::Cancel});
+  Make().Start();
+  EXPECT_EQ(m_session->Shown(), Screen::ParamLocation);
+}
+
+TEST_F(SessionTest, ASecondCopyOnOneParamDirectoryEnds) {
+  Started();
+  Session second({m_disk, Boxes, Dialogs, Settings, m_desktop, Help}, "C:\\ZOVA", {});
+  Boxes.Expect({.Text = "ZOVA is already running with this 'Param' directory.", .Icon = BoxIcon::Critical});
+  second.Start();
+  EXPECT_TRUE(second.HasEnded());
+}
+
+TEST_F(SessionTest, OpeningAsksForUnfinishedSubjectsAndRefusesBackupCopies) {
+  Session& session = Started();
+  m_scratch.Put("C:\\Param\\Example.prm", Example());
+  m_scratch.Put("C:\\ZOVA\\Sample Data\\Sdata\\Unfinished\\EXAMPLE Sub#7.dat", "");
+  m_scratch.Put("D:\\Example Backup.prm", Example(kBackupMarker));
+  m_scratch.Put("D:\\Broken.prm", "3,66,1");
+  EXPECT_EQ(session.OpenCaption(), "Open Existing Project");
+
+  Boxes.Expect({kUnfinished, BoxAnswer::No, "", {}, BoxButtons::YesNoCancel});
+  OpenProject(session, "C:\\Param\\Example.prm");
+  EXPECT_EQ(Dialogs.Questions.front().Title, "Load Project");
+  EXPECT_EQ(Dialogs.Questions.front().Directory, "C:\\Param");
+  EXPECT_EQ(session.ProjectCaption(), "Example");
+  EXPECT_EQ(session.OpenCaption(), "Change Project");
+  EXPECT_TRUE(session.Menus().Unfinished);
+  EXPECT_TRUE(session.Menus().SkipMinutes);
+
+  // A file that is none leaves the open project, and the dialog comes again.
+  Dialogs.Answers = {"D:\\Broken.prm", std::nullopt};
+  Boxes.Expect({.Text = "This is not a valid file format.  Please select a different file.", .Details = "Broken.prm"});
+  session.OpenExistingProject();
+  EXPECT_EQ(session.ProjectCaption(), "Example");
+
+  Boxes.Expect({.Text = "You cannot use the backup parameters to open this project.  If the proper project file does "
+                        "not exist in the 'Param' folder then you must first use the 'Restore From Backup' feature on "
+                        "the 'Tools' menu."});
+  OpenProject(session, "D:\\Example Backup.prm");
+  EXPECT_EQ(session.ProjectCaption(), "(none)");
+  EXPECT_EQ(session.Menus(), MenusFor({}));
+}
+
+TEST_F(SessionTest, PicturesOpenAProjectFirst) {
+  Session& session = Started();
+  m_scratch.Put("C:\\Param\\Example.prm", Example());
+  Dialogs.Answers = {std::nullopt};
+  session.EnterSubjects();
+  EXPECT_EQ(session.OpenedProject(), nullptr);
+  Dialogs.Answers = {"C:\\Param\\Example.prm"};
+  Boxes.Expect({.Text = "There is no data yet entered for this project."});
+  m_scratch.MakeDirectory("C:\\ZOVA\\Sample Data\\Sdata");
+  session.CreateNewMaster();
+  EXPECT_EQ(session.Shown(), Screen::Main);
+
+  m_scratch.Put("C:\\ZOVA\\Sample Data\\Sdata\\Unfinished\\Example Sub#7.dat", "");
+  Boxes.Expect(
+      {"You have unfinished business for this experiment.  The unfinished data will not be included in the "
+       "master.  Do you want to complete some data now?",
+       BoxAnswer::Yes, "", BoxIcon::Question, BoxButtons::YesNoCancel});
+  session.CreateNewMaster();
+  EXPECT_TRUE(session.Menus().Unfinished);
+}
+
+TEST_F(SessionTest, OpenDuringTheWizardCancelsItFirst) {
+  Session& session = Started();
+  m_scratch.Put("C:\\Param\\Example.prm", Example());
+  OpenProject(session, "C:\\Param\\Example.prm");
+  session.CreateNewProject();
+  EXPECT_EQ(session.OpenedProject(), nullptr) << "a new project closes the open one";
+  MenuStates inWizard;
+  inWizard.Open = true;
+  EXPECT_EQ(session.Menus(), inWizard);
+  session.Wizard().SetText(WizardBox::Title, "Another");
+  session.Wizard().Next();
+  ASSERT_EQ(session.Wizard().Page(), 2);
+  const ExpectedBox erase{"This action will erase all of the entered parameters.  Are you sure you want to do this?",
+                          BoxAnswer::No,
+                          "",
+                          {},
+                          BoxButtons::YesNoCancel,
+                          BoxAnswer::No,
+                          "Warning"};
+  Boxes.Expect(erase);
+  session.OpenExistingProject();
+  EXPECT_EQ(session.Shown(), Screen::Wizard);
+  ExpectedBox confirmed = erase;
+  confirmed.Answer = BoxAnswer::Yes;
+  Boxes.Expect(confirmed);
+  OpenProject(session, "C:\\Param\\Example.prm");
+  EXPECT_EQ(session.ProjectCaption(), "Example");
+  EXPECT_EQ(session.Shown(), Screen::Main);
+}
+
+TEST_F(SessionTest, ClosingNeedsARegisteredParamDirectory) {
+  Session& session = Make();
+  session.Start();
+  const ExpectedBox refused{"You cannot use ZOVA without selecting a location for the param directory.", BoxAnswer::Ok,
+                            "", BoxIcon::Exclamation};
+  const ExpectedBox cancelled{"You cannot continue using ZOVA without selecting a location for the 'Param' Directory.",
+                              BoxAnswer::Ok, "", BoxIcon::Critical};
+  Boxes.Expect(refused);
+  EXPECT_FALSE(session.Close());
+  session.SetLocationText("C:\\Elsewhere");  // any other act: the next refusal is the first again
+  Boxes.Expect(cancelled);
+  session.CancelLocation();
+  EXPECT_FALSE(session.HasEnded());
+  Boxes.Expect(refused);
+  EXPECT_TRUE(session.Close());
+}
+
+TEST(MenuStatesTest, EveryScreenHasItsEntries) {
+  const MenuStates always;
+  const auto with = [&](MenuStates states, std::initializer_list<bool MenuStates::*> entries) {
+    for (const auto entry : entries) states.*entry = true;
+    return states;
+  };
+  using M = MenuStates;
+  const MenuStates none = with(always, {&M::Open, &M::Create, &M::Restore, &M::MoveParam, &M::NextBlank, &M::Autosave});
+  const MenuStates open = with(none, {&M::Enter, &M::Master, &M::Examine, &M::ReadOld, &M::View, &M::Backup});
+  const MenuStates entering = with(always, {&M::NextBlank, &M::Autosave, &M::SkipMinutes});
+  const struct {
+    MenuFacts Facts;
+    MenuStates Expected;
+  } cases[] = {
+      {{}, none},
+      {{Screen::Main, true}, open},
+      {{Screen::Main, true, true, true}, with(open, {&M::SkipMinutes, &M::Unfinished})},
+      {{Screen::Wizard}, with(always, {&M::Open})},
+      {{Screen::Viewing, true, true, true}, always},
+      {{Screen::ParamLocation, true, true, true}, always},
+      {{Screen::BackupDestination, true, true, true}, always},
+      {{Screen::Identification, true, true, true}, entering},
+      {{Screen::Entry, true, true, true}, with(entering, {&M::SaveIncomplete})},
+  };
+  for (const auto& c : cases) EXPECT_EQ(MenusFor(c.Facts), c.Expected) << static_cast<int>(c.Facts.Shown);
+}
+
+}  // namespace
+}  // namespace zova::testing
