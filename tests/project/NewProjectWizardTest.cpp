@@ -2,6 +2,7 @@
 
 #include "project/NewProjectWizard.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "project/ProjectFile.h"
@@ -28,6 +29,10 @@ ExpectedBox AskedToCreate(const std::string& directory, BoxAnswer answer) {
 ExpectedBox Warned(const std::string& text, BoxAnswer answer, BoxButtons buttons = BoxButtons::YesNo) {
   return {text, answer, "", BoxIcon::Exclamation, buttons, No, "Warning"};
 }
+ExpectedBox AskedToShare(const std::string& prefix, BoxAnswer answer) {
+  const char* const rest = "' in the primary directory.  Do you want to use this prefix anyway?";
+  return Warned("There are already data files with the prefix '" + prefix + rest, answer);
+}
 const std::string kAdvice =
     "It is recommended that you save the information to different drives.  Do you wish to change a directory?";
 const std::string kFinish =
@@ -51,9 +56,8 @@ class NewProjectWizardTest : public ::testing::Test {
       if (box == RatedTests) m_wizard.SetRated(std::stoi(text), true);
       if (box == CategoriesOption) m_wizard.SetOption(WizardOption::Categorized, text != "no");
       if (box == CategoriesOption) m_wizard.SetOption(WizardOption::FalseMemory, text == "lures");
-      if (box == VariablesOption) m_wizard.SetOption(WizardOption::Variables, text != "no");
-      if (box == MinutesOption) m_wizard.SetOption(WizardOption::Minutes, text != "no");
-      if (box == RatingsOption) m_wizard.SetOption(WizardOption::Ratings, text != "no");
+      if (box == Minutes) m_wizard.SetOption(WizardOption::Minutes, text != "no");
+      if (box == MaxRating) m_wizard.SetOption(WizardOption::Ratings, true);
     }
   }
   void GoTo(int page) {
@@ -61,32 +65,24 @@ class NewProjectWizardTest : public ::testing::Test {
     for (int steps = page - m_wizard.Page(); steps > 0; --steps) m_wizard.Next();
     ASSERT_EQ(m_wizard.Page(), page);
   }
-  // Types on page 1, goes to the page and leaves it forward. Then `part` stands in the record's file.
-  void Passes(int page, const Typed& texts, const std::string& part, const Boxes& boxes = {}) {
-    GoTo(1), Type(texts), GoTo(page);
+  void Expect(const Boxes& boxes) {
     for (const ExpectedBox& box : boxes) m_boxes.Expect(box);
-    m_wizard.Next();
-    EXPECT_EQ(m_wizard.Page(), page + 1) << part;
-    const std::string file = FormatProject(m_wizard.Project(), "");
-    EXPECT_NE(file.find(part), std::string::npos) << part << "\n" << file;
   }
-  // The page and the record stand, with the cursor in the box that was typed last.
-  void Stays(int page, const Typed& texts, const Boxes& boxes) {
-    SCOPED_TRACE(texts.back().second);
-    GoTo(1), Type(texts), GoTo(page);
-    for (const ExpectedBox& box : boxes) m_boxes.Expect(box);
+  // Types on page 1, goes to the page and leaves it forward. Without `part` the page and the record stand, with the
+  // cursor placed in the box that was typed last; else the page is left, and `part` is in the record's file.
+  void Leave(int page, const Typed& texts, const Boxes& boxes, const char* part = nullptr) {
+    GoTo(1), Type(texts), GoTo(page), Expect(boxes);
     const auto [before, moves] = std::pair(m_wizard.Project(), m_wizard.CursorMoves());
     m_wizard.Next();
-    EXPECT_EQ(std::tuple(m_wizard.Page(), m_wizard.Cursor(), m_wizard.CursorMoves()),
-              std::tuple(page, texts.back().first, moves + 1));
-    EXPECT_EQ(m_wizard.Project(), before);
+    EXPECT_EQ(m_wizard.Page(), part == nullptr ? page : page + 1) << texts.back().second;
+    EXPECT_EQ(m_wizard.CursorMoves(), moves + 1);
+    EXPECT_TRUE(part != nullptr || (m_wizard.Cursor() == texts.back().first && m_wizard.Project() == before));
+    EXPECT_THAT(FormatProject(m_wizard.Project(), ""), ::testing::HasSubstr(part == nullptr ? "" : part));
   }
   // "Done!" with this prefix.
   void Finish(const std::string& prefix, const Boxes& boxes, bool written = false) {
-    for (const ExpectedBox& box : boxes) m_boxes.Expect(box);
-    m_wizard.SetText(Abbreviation, prefix);
-    EXPECT_EQ(m_wizard.Done(false), written);
-    EXPECT_EQ(m_wizard.Page(), written ? 1 : 8);
+    Type({{Abbreviation, prefix}}), Expect(boxes);
+    EXPECT_EQ(m_wizard.Done(false), written) << prefix;
   }
 
   Scratch m_scratch;
@@ -98,16 +94,15 @@ class NewProjectWizardTest : public ::testing::Test {
 
 TEST_F(NewProjectWizardTest, TitleNamesTheFileAndThePrefixUntilOneIsTyped) {
   const Tree before = m_scratch.Snapshot();
-  Stays(1, {{Title, " .prm"}}, {Told("The project must have a title.  Please re-enter.", BoxIcon::Information)});
-  for (const std::string& bad : {std::string("a/b"), std::string(300, 'x')}) Stays(1, {{Title, bad}}, {kBadName});
+  Leave(1, {{Title, " .prm"}}, {Told("The project must have a title.  Please re-enter.", BoxIcon::Information)});
+  for (const std::string& bad : {std::string("a*b"), std::string(300, 'x')}) Leave(1, {{Title, bad}}, {kBadName});
   for (const auto& [prefix, title, file, shown] : std::vector<std::array<const char*, 4>>{
-           {"", "  Pilot.prm ", "\"Pilot.prm\"", "Pilot"},
-           {"Pilot", "v1.2.3", "\"v1.prm\"", "v1"},
+           {"", "  v1.2.3 ", "\"v1.prm\"", "v1"},
            {"Mine", "Say \"a\tb\"", "\"Say ab.prm\"", "Mine"},
            {"", "Übung für die Älteren", "\"Übung für die Älteren.prm\"", "Übung für die Ältere"},
            {"Übung für die Ältere", "Nineteen characters and more", "", "Nineteen characters "},
            {"Nineteen characters", "Next", "", "Next"}}) {  // page 8 takes the 20th, a space, off its box
-    Passes(1, {{Abbreviation, prefix}, {Title, title}}, file);
+    Leave(1, {{Abbreviation, prefix}, {Title, title}}, {}, file);
     EXPECT_EQ(m_wizard.Text(Abbreviation), shown);
   }
   EXPECT_EQ(m_scratch.Snapshot(), before);
@@ -116,21 +111,17 @@ TEST_F(NewProjectWizardTest, TitleNamesTheFileAndThePrefixUntilOneIsTyped) {
 TEST_F(NewProjectWizardTest, OverwritingAndSharingAPrefixAreAskedFor) {
   const std::string overwrite =
       "There already is an experiment entitled 'Pilot'!  Are you sure you want to overwrite this data?";
-  const std::string share =
-      "There are already data files with the prefix 'NEW' in the primary directory.  Do you want to use this prefix "
-      "anyway?";
-  m_scratch.Put("C:\\Param\\PILOT.prm",
-                "1,1,0,0,0,0,0,,,0,0,,0,\"OLD\",\"C:\\x\",\"(none)\",\"x.prm\",0,,\"VB Version\"");
-  for (const char* file : {"Old Sub#1.dat", "New Sub#1.dat"}) m_scratch.Put(JoinPath("C:\\Data\\Sdata", file), "");
+  m_scratch.Put("C:\\Param\\PILOT.prm", FormatProject(ExampleProject("C:"), kCurrentMarker));
+  for (const char* file : {"Example Sub#1.dat", "New 2.dat"}) m_scratch.Put(JoinPath("C:\\Data\\Sdata", file), "");
   const Tree before = m_scratch.Snapshot();
-  for (const BoxAnswer answer : {No, Cancel}) Stays(1, {{Title, "Pilot"}}, {Asked(overwrite, answer, No)});
-  Passes(1, {{Title, "Pilot"}}, "Pilot.prm", {Asked(overwrite, Yes, No)});
+  for (const BoxAnswer answer : {No, Cancel}) Leave(1, {{Title, "Pilot"}}, {Asked(overwrite, answer, No)});
+  Leave(1, {{Title, "Pilot"}}, {Asked(overwrite, Yes, No)}, "Pilot.prm");
   GoTo(8);
-  Finish(" old ", {Warned(kFinish, No)});
-  Finish("NEW", {Warned(share, No)});
-  Finish("NEW", {Warned(share, Yes), Warned(kFinish, No)});
-  Passes(7, {{Title, "Another"}}, "");  // leave to overwrite was given for the other title only
-  Finish("NEW", {Warned(share, No)});
+  Finish(" EXAMPLE ", {Warned(kFinish, No)});
+  Finish("NEW", {AskedToShare("NEW", No)});
+  Finish("NEW", {AskedToShare("NEW", Yes), Warned(kFinish, No)});
+  Leave(7, {{Title, "Another"}}, {}, "");  // leave to overwrite was given for the other title only
+  Finish("Example", {AskedToShare("Example", No)});
   Finish("a:b", {kBadName});
   Finish("  ", {Told("You must have an abbreviation.", BoxIcon::Information)});
   Finish(" ABCDEFGHIJKLMNOPQRS TUV", {Warned(kFinish, No)});
@@ -139,84 +130,80 @@ TEST_F(NewProjectWizardTest, OverwritingAndSharingAPrefixAreAskedFor) {
 }
 
 TEST_F(NewProjectWizardTest, DirectoriesAreMadeOrRefused) {
-  const ExpectedBox badPrimary = Told("Invalid Primary directory name.");
   const ExpectedBox badBackup = Told("Invalid Backup directory name.");
   const ExpectedBox notReady = Told("Drive is not ready or the disk is not correctly formatted.");
-  Stays(2, {{Primary, " (NONE)"}}, {Told("You must have a primary path.")});
-  Stays(2, {{Primary, "Data"}}, {Told("Invalid format. Please redo.")});
-  Stays(2, {{Primary, "X:\\Data\\"}}, {notReady});
-  for (const char* bad : {"C:\\File", "C:\\a*b"}) Stays(2, {{Primary, bad}}, {badPrimary});
-  Stays(2, {{Primary, "C:\\New \\"}}, {AskedToCreate("C:\\New", No)});
+  Leave(2, {{Primary, " (NONE)"}}, {Told("You must have a primary path.")});
+  Leave(2, {{Primary, "Data"}}, {Told("Invalid format. Please redo.")});
+  Leave(2, {{Primary, "X:\\Data\\"}}, {notReady});
+  for (const char* bad : {"C:\\File", "C:\\a*b"}) Leave(2, {{Primary, bad}}, {Told("Invalid Primary directory name.")});
+  Leave(2, {{Primary, "C:\\New \\"}}, {AskedToCreate("C:\\New", No)});
   EXPECT_EQ(m_wizard.Text(Primary), "(none)");
-  Stays(2, {{Primary, "C:\\Data"}, {Backup, "X:\\"}}, {notReady});
-  Stays(2, {{Backup, "D:\\a\\..\\b"}}, {badBackup});
-  Stays(2, {{Backup, "C:\\File\\x"}}, {AskedToCreate("C:\\File\\x", Yes), badBackup});
-  Stays(2, {{Backup, "c:\\DATA \\"}}, {Told("The primary and backup directories cannot be the same.")});
-  for (const BoxAnswer answer : {Yes, Cancel}) Stays(2, {{Backup, "c:/Param"}}, {Asked(kAdvice, answer)});
+  Leave(2, {{Primary, "C:\\Data"}, {Backup, "X:\\"}}, {notReady});
+  Leave(2, {{Backup, "D:\\a\\..\\b"}}, {badBackup});
+  Leave(2, {{Backup, "C:\\File\\x"}}, {AskedToCreate("C:\\File\\x", Yes), badBackup});
+  Leave(2, {{Backup, "c:\\DATA \\"}}, {Told("The primary and backup directories cannot be the same.")});
+  for (const BoxAnswer answer : {Yes, Cancel}) Leave(2, {{Backup, "c:/Param"}}, {Asked(kAdvice, answer)});
   EXPECT_EQ(m_wizard.Text(Backup), "c:\\Param");
-  Passes(2, {{Backup, "C:\\x\\y"}}, "\"C:\\x\\y\"", {AskedToCreate("C:\\x\\y", Yes), Asked(kAdvice, No)});
+  Leave(2, {{Backup, "C:\\x\\y"}}, {AskedToCreate("C:\\x\\y", Yes), Asked(kAdvice, No)}, "\"C:\\x\\y\"");
   EXPECT_TRUE(m_scratch.Has("C:\\x\\y"));
-  Passes(2, {{Primary, "C:\\"}, {Backup, "D:\\"}}, "\"C:\",\"D:\"");
-  Passes(2, {{Primary, PathText(m_scratch.Native("C:\\Data"))}, {Backup, " "}}, "\"C:\\Data\",\"(none)\"");
+  GoTo(2), m_wizard.CopyPath(Primary);  // the browser's, at the root whenever the page is arrived at
+  Leave(2, {{Backup, "D:\\"}}, {}, "\"C:\",\"D:\"");
+  Leave(2, {{Primary, PathText(m_scratch.Native("C:\\Data"))}, {Backup, " "}}, {}, "\"C:\\Data\",\"(none)\"");
 }
 
-TEST_F(NewProjectWizardTest, NumbersAreCutReadRoundedAndLimited) {
-  const ExpectedBox badTests = Told("Number of tests must be between 1 and 15.");
-  const ExpectedBox badMinutes = Told("Value for number of minutes must be between 1 and 6000.");
-  for (const char* bad : {"", "16", "-1", "1e1", ".5"}) Stays(3, {{Tests, bad}}, {badTests});
-  for (const char* bad : {"0", "1000", "12,5"}) Stays(3, {{Tests, "2"}, {Items, bad}}, {kBadItems});
-  Passes(3, {{Tests, "15 or so"}, {Items, "999.9"}}, "15,999,");
-  Passes(3, {{Tests, "2.5"}, {Items, " 60"}}, "2,60,");
-  for (const char* bad : {"0", "6001"}) Stays(6, {{MinutesOption, "yes"}, {Minutes, bad}}, {badMinutes});
-  Passes(6, {{Minutes, "60009"}}, "2,60,0,0,0,1,6000,");
+TEST_F(NewProjectWizardTest, NumbersAreCutReadRoundedAndLimitedAndOnlyExistingTestsAreRated) {
+  for (const char* bad : {"", "16", "-1", "1e1", ".5"}) {
+    Leave(3, {{Tests, bad}}, {Told("Number of tests must be between 1 and 15.")});
+  }
+  for (const char* bad : {"0", "1000", "12,5"}) Leave(3, {{Tests, "2"}, {Items, bad}}, {kBadItems});
+  Leave(3, {{Tests, "15 or so"}, {Items, "999.9"}}, {}, "15,999,");
+  Leave(3, {{Tests, "2.5"}, {Items, " 60"}}, {}, "2,60,");
+  for (const char* bad : {"0", "6001"}) {
+    Leave(6, {{Minutes, bad}}, {Told("Value for number of minutes must be between 1 and 6000.")});
+  }
+  Leave(6, {{Minutes, "60009"}}, {}, "2,60,0,0,0,1,6000,");
   EXPECT_EQ(m_wizard.Text(Minutes), "6000");
-  Passes(6, {{MinutesOption, "no"}}, "2,60,0,0,0,0,0,");
+  Leave(6, {{Minutes, "no"}}, {}, "2,60,0,0,0,0,0,");
+  Leave(7, {{Tests, "3"}}, {}, ",,0,0,,");  // only existing tests are rated; another count starts anew
+  for (const char* text : {"0", "1001"})
+    Leave(7, {{MaxRating, text}}, {Told("Value for the maximum rating must be between 1 and 1000.")});
+  Leave(7, {{MaxRating, "1000"}, {RatedTests, "4"}}, {Told("At least 1 test must be rated.")});
+  Leave(7, {{RatedTests, "3"}}, {}, ",,1,1000,,");
+  Leave(7, {{Tests, "3"}}, {}, "\r\n\"N\"\r\n\"N\"\r\n\"Y\"\r\n");
+  Leave(7, {{Tests, "4"}}, {}, ",,0,0,,");
+  Leave(7, {{MaxRating, "6"}, {RatedTests, "5"}}, {Told("At least 1 test must be rated.")});
 }
 
 TEST_F(NewProjectWizardTest, LuresGoOutAsTheyCameIn) {
   const ExpectedBox uneven = Told("All categories must have an equal number of items.");
   const ExpectedBox bad = Told("Value for number of categories must be numeric and between 1 and 5000.");
-  Stays(4, {{CategoriesOption, "lures"}, {Categories, ""}}, {Told("You must enter the number of categories.")});
-  for (const char* text : {"0", "5001", "6+"}) Stays(4, {{Categories, text}}, {bad});
-  Stays(4, {{Categories, "7"}}, {uneven});
-  Passes(4, {{Categories, "0006 of them"}}, "3,66,1,6,11,");
-  Passes(4, {{Categories, "6"}}, "3,66,1,6,11,");
-  Stays(4, {{Categories, "11"}}, {uneven});  // a divisor of 66, but not of the 60 that were studied
-  Passes(4, {{Categories, "5"}}, "3,65,1,5,13,");
-  Passes(4, {{CategoriesOption, "yes"}}, "3,60,1,5,12,");
-  Passes(4, {{CategoriesOption, "lures"}}, "3,65,1,5,13,");
-  Passes(4, {{CategoriesOption, "no"}}, "3,60,0,0,0,");
-  Stays(4, {{Items, "999"}, {CategoriesOption, "lures"}, {Categories, "1"}}, {kBadItems});
-  Passes(4, {{Items, "998"}, {Categories, "1"}}, "3,999,1,1,999,");
-  EXPECT_EQ(m_wizard.Text(Items), "999");
-  Stays(4, {{Items, "1"}, {Categories, "1"}}, {kBadItems});
-  Stays(4, {{CategoriesOption, "no"}}, {kBadItems});
-}
-
-TEST_F(NewProjectWizardTest, OnlyExistingTestsAreRatedAndAnotherCountStartsAnew) {
-  const ExpectedBox bad = Told("Value for the maximum rating must be between 1 and 1000.");
-  Passes(7, {}, ",,0,0,,");
-  for (const char* text : {"0", "1001"}) Stays(7, {{RatingsOption, "yes"}, {MaxRating, text}}, {bad});
-  Stays(7, {{MaxRating, "1000"}, {RatedTests, "4"}}, {Told("At least 1 test must be rated.")});
-  Passes(7, {{RatedTests, "3"}}, ",,1,1000,,");
-  Passes(7, {{Tests, "3"}}, "\r\n\"N\"\r\n\"N\"\r\n\"Y\"\r\n");
-  Passes(7, {{Tests, "4"}}, ",,0,0,,");
-  Stays(7, {{RatingsOption, "yes"}, {RatedTests, "5"}}, {Told("At least 1 test must be rated.")});
+  Leave(4, {{CategoriesOption, "lures"}, {Categories, ""}}, {Told("You must enter the number of categories.")});
+  for (const char* text : {"0", "5001", "6+"}) Leave(4, {{Categories, text}}, {bad});
+  Leave(4, {{Categories, "7"}}, {uneven});
+  Leave(4, {{Categories, "0006 of them"}}, {}, "3,66,1,6,11,");
+  Leave(4, {{Categories, "6"}}, {}, "3,66,1,6,11,");
+  Leave(4, {{Categories, "11"}}, {uneven});  // a divisor of 66, but not of the 60 that were studied
+  Leave(4, {{CategoriesOption, "yes"}, {Categories, "5"}}, {}, "3,60,1,5,12,");
+  Leave(4, {{CategoriesOption, "lures"}}, {}, "3,65,1,5,13,");
+  Leave(4, {{CategoriesOption, "no"}}, {}, "3,60,0,0,0,");
+  Leave(4, {{Items, "999"}, {CategoriesOption, "lures"}, {Categories, "1"}}, {kBadItems});
+  Leave(4, {{Items, "998"}, {Categories, "1"}}, {}, "3,999,1,1,999,");
+  Leave(4, {{Items, "1"}, {Categories, "1"}}, {kBadItems});
+  Leave(4, {{CategoriesOption, "no"}}, {kBadItems});
 }
 
 TEST_F(NewProjectWizardTest, DoneWritesOnceAndAFailureKeepsThePage) {
-  Type({{Backup, "D:\\"}, {VariablesOption, "yes"}});
+  Type({{Backup, "D:\\"}});
+  m_wizard.SetOption(WizardOption::Variables, true);
   for (const char* name : {"Group", "One"}) Type({{Variable, name}}), m_wizard.TakeVariableEntry();
   Type({{Variable, "Two"}});  // still in its box on "Next >>"
-  GoTo(7);
-  EXPECT_FALSE(m_wizard.Done(false));
-  GoTo(8);
-  m_wizard.Next();
+  GoTo(7), Finish("P", {});
+  GoTo(8), m_wizard.Next();
   m_scratch.MakeDirectory("D:\\Pilot.prm");
   Finish("P", {Warned(kFinish, Yes), {std::make_error_code(std::errc::is_a_directory).message(), Cancel}});
   std::filesystem::remove(m_scratch.Native("D:\\Pilot.prm"));
   Finish("P", {Warned(kFinish, Yes)}, true);
-  EXPECT_FALSE(m_wizard.Done(false));
+  Finish("P", {});
   const std::string file =
       "3,60,0,0,0,0,0,,,0,0,,1,\"P\",\"C:\\Data\",\"D:\",\"Pilot.prm\",0,,\"VB Version\"\r\n"
       "2\r\n\"Group\"\r\n\"One\"\r\n\"Two\"\r\n";
@@ -226,14 +213,11 @@ TEST_F(NewProjectWizardTest, DoneWritesOnceAndAFailureKeepsThePage) {
 }
 
 TEST_F(NewProjectWizardTest, CancelAsksFromPageTwoAndForgetsAll) {
-  const char* const question =
-      "This action will erase all of the entered parameters.  Are you sure you want to do this?";
-  m_wizard.Back();
-  GoTo(2);
-  for (const BoxAnswer answer : {No, Cancel, Yes}) {
-    m_boxes.Expect(Warned(question, answer, BoxButtons::YesNoCancel));
+  const char* const text = "This action will erase all of the entered parameters.  Are you sure you want to do this?";
+  for (const auto& [answer, counter] : {std::pair(No, "2 of 8"), {Cancel, "2 of 8"}, {Yes, "1 of 8"}}) {
+    m_wizard.Back(), GoTo(2), Expect({Warned(text, answer, BoxButtons::YesNoCancel)});
     EXPECT_EQ(m_wizard.Cancel(), answer == Yes);
-    EXPECT_EQ(m_wizard.Counter(), answer == Yes ? "1 of 8" : "2 of 8");
+    EXPECT_EQ(m_wizard.Counter(), counter);
   }
   EXPECT_EQ(m_wizard.Text(Title) + m_wizard.Text(Primary) + m_wizard.Text(Abbreviation), "(none)");
   EXPECT_EQ(m_wizard.Project(), ProjectParameters());
@@ -246,17 +230,16 @@ TEST_F(NewProjectWizardTest, ViewingShowsAProjectAndChangesNothing) {
   project.TestCount = 99;
   m_wizard.View(project);
   for (int page = 1; page <= NewProjectWizard::kPages; ++page, m_wizard.Next()) {
-    EXPECT_EQ(m_wizard.Page(), page);
-    for (const WizardBox box : boxes) Type({{box, "x"}});
-    Type({{CategoriesOption, "no"}, {MinutesOption, "no"}, {RatedTests, "1"}});
+    for (const WizardBox box : boxes) m_wizard.SetText(box, "x");
+    Type({{CategoriesOption, "no"}, {RatedTests, "1"}});
     m_wizard.TakeVariableEntry(), m_wizard.AddVariable(), m_wizard.DeleteHighlighted(), m_wizard.CopyPath(Backup);
   }
   m_wizard.ReviewVariables();
   std::string shown;
   for (const WizardBox box : boxes) shown += m_wizard.Text(box) + (m_wizard.Asks(box) ? "|" : "!");
   EXPECT_EQ(shown, "Example|C:\\ZOVA\\Sample Data|(none)|99|66|6|7|6|Example|Interval|");
-  EXPECT_EQ(m_wizard.TestCount(), kMaxTests);
-  EXPECT_TRUE(m_wizard.Entries().RatedTests[2] && !m_wizard.Entries().RatedTests[0]);
+  EXPECT_TRUE(m_wizard.TestCount() == kMaxTests && m_wizard.Entries().RatedTests[2] &&
+              !m_wizard.Entries().RatedTests[0]);
   EXPECT_EQ(m_wizard.Project(), project);
   EXPECT_TRUE(m_wizard.Done(false));
 }
