@@ -167,14 +167,18 @@ void Disk::ReplaceFile(const fs::path& target, std::string_view content, Durabil
 }
 
 void Disk::Write(std::string_view path, std::string_view content, Durability durability) {
-  const fs::path native = Resolve(path, FileOperation::Write);
+  WriteNative(Resolve(path, FileOperation::Write), path, content, durability, Leftovers::Remove);
+}
+
+void Disk::WriteNative(const fs::path& native, std::string_view path, std::string_view content, Durability durability,
+                       Leftovers leftovers) {
   Guarded(FileOperation::Write, path, native, [&] {
     const fs::path target = m_layer.RealPath(native);
     if (m_layer.Kind(target) == EntryKind::Directory) {
       throw std::system_error(std::make_error_code(std::errc::is_a_directory));
     }
     if (m_layer.IsReadOnly(target)) throw std::system_error(std::make_error_code(std::errc::permission_denied));
-    RemoveLeftovers(target.parent_path());
+    if (leftovers == Leftovers::Remove) RemoveLeftovers(target.parent_path());
     ReplaceFile(target, content, durability);
   });
 }
@@ -196,9 +200,18 @@ AppendFile Disk::OpenForAppend(std::string_view path) {
 
 void Disk::Copy(std::string_view from, std::string_view to) {
   std::string content;
-  const fs::path source = Resolve(from, FileOperation::Copy);
-  Guarded(FileOperation::Copy, from, source, [&] { m_layer.Read(source, content, UINTMAX_MAX); });
+  ReadForCopy(Resolve(from, FileOperation::Copy), from, content);
   Write(to, content);
+}
+
+void Disk::CopyNative(const fs::path& source, std::string_view from, const fs::path& target, std::string_view to) {
+  std::string content;
+  ReadForCopy(source, from, content);
+  WriteNative(target, to, content, Durability::OnDisk, Leftovers::Keep);
+}
+
+void Disk::ReadForCopy(const fs::path& source, std::string_view from, std::string& content) {
+  Guarded(FileOperation::Copy, from, source, [&] { m_layer.Read(source, content, UINTMAX_MAX); });
 }
 
 void Disk::Delete(std::string_view path) {
@@ -215,10 +228,13 @@ void Disk::CreateDirectories(std::string_view path) {
   const fs::path native = Resolve(path, FileOperation::CreateDirectory);
   Guarded(FileOperation::CreateDirectory, path, native, [&] {
     fs::path level = native.root_path();
+    EntryKind last = EntryKind::Directory;
     for (const fs::path& part : native.relative_path()) {
       level /= part;
-      if (m_layer.Kind(level) == EntryKind::Missing) m_layer.CreateDirectory(level);
+      last = m_layer.Kind(level);
+      if (last == EntryKind::Missing) m_layer.CreateDirectory(level);
     }
+    if (last == EntryKind::File) throw std::system_error(std::make_error_code(std::errc::file_exists));
   });
 }
 

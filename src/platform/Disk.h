@@ -67,6 +67,10 @@ class Disk {
   AppendFile OpenForAppend(std::string_view path);
 
   void Copy(std::string_view from, std::string_view to);
+  /// The same by native paths, for many files of one directory (FileCopier): `from` and `to` are what errors name, and
+  /// leftovers of interrupted saves stay where they are.
+  void CopyNative(const std::filesystem::path& source, std::string_view from, const std::filesystem::path& target,
+                  std::string_view to);
   void Delete(std::string_view path);
   void CreateDirectory(std::string_view path);
   void CreateDirectories(std::string_view path);
@@ -84,8 +88,13 @@ class Disk {
   std::vector<std::string> ListDirectories(std::string_view directory);
 
  private:
+  enum class Leftovers { Remove, Keep };
+
   std::filesystem::path ResolveBelow(std::filesystem::path base, const std::filesystem::path& rest);
   void RemoveLeftovers(const std::filesystem::path& directory);
+  void WriteNative(const std::filesystem::path& native, std::string_view path, std::string_view content,
+                   Durability durability, Leftovers leftovers);
+  void ReadForCopy(const std::filesystem::path& source, std::string_view from, std::string& content);
   void ReplaceFile(const std::filesystem::path& target, std::string_view content, Durability durability);
   template <typename Call>
   auto Guarded(FileOperation operation, std::string_view path, const std::filesystem::path& native, Call&& call);

@@ -10,6 +10,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/FileCopier.h"
 #include "project/DirectoryRules.h"
 #include "project/ProjectFile.h"
 #include "text/Encoding.h"
@@ -181,9 +182,9 @@ bool ParamLocation::MayReplace(const Load& load) {
 
 bool ParamLocation::CopyFiles(const std::string& from, const std::string& to, const Load& load) {
   const BusyPointer busy(m_desktop);
-  return std::all_of(load.Names.begin(), load.Names.end(), [&](const std::string& name) {
-    return WithRetry(m_errors, [&] { m_disk.Copy(JoinPath(from, name), JoinPath(to, name)); });
-  });
+  FileCopier copier(m_disk, from, to);
+  return std::all_of(load.Names.begin(), load.Names.end(),
+                     [&](const std::string& name) { return WithRetry(m_errors, [&] { copier.Copy(name); }); });
 }
 
 // All names, since also a copy that failed may have come as far as the file.

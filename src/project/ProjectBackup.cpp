@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "platform/FileCopier.h"
 #include "project/DirectoryRules.h"
 #include "project/ProjectFile.h"
 
@@ -42,8 +43,9 @@ bool CopyDataFiles(const std::string& from, const std::string& to, std::string_v
   const bool listed = WithRetry(tools.Errors, [&] {
     if (!IsSameDirectory(from, to, tools.Files)) names = tools.Files.ListFiles(from, prefix, kDataFileEnd);
   });
+  FileCopier copier(tools.Files, from, to);
   return listed && std::all_of(names.begin(), names.end(), [&](const std::string& name) {
-           return WithRetry(tools.Errors, [&] { tools.Files.Copy(JoinPath(from, name), JoinPath(to, name)); });
+           return WithRetry(tools.Errors, [&] { copier.Copy(name); });
          });
 }
 
@@ -128,11 +130,11 @@ std::string DataFilePrefix(const ProjectParameters& project) {
   return project.Abbreviation + (project.FormatMarker.starts_with("VB") ? " Sub#" : "");
 }
 
-// From a backup copy the project's own parameter file is made again, with the directories that its owner chose.
+// From a backup copy the project's own parameter file is made again, with the directories that its owner chose. Its
+// record then is what that file says, without `PreviousBackupDir`.
 bool RestoreParameters(ProjectParameters& project, const BackupTools& tools) {
   ProjectParameters restored = project;
   restored.BackupDir = project.PreviousBackupDir;
-  restored.PreviousBackupDir.clear();
   if (!WriteProjectFile(restored, tools.ParamDir, /*restoring=*/true, tools.Files, tools.Errors)) return false;
   return WithRetry(tools.Errors,
                    [&] { project = ReadProjectFile(tools.Files, JoinPath(tools.ParamDir, restored.ProjectFileName)); });

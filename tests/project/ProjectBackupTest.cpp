@@ -112,7 +112,7 @@ TEST(ProjectBackup, NewDestinations) {
   }
   refuses("X:\\New", {NotFound("'X:\\New'", BoxAnswer::Retry), NotFound("'X:\\New'")});
   refuses("D:\\No\\Deep", {Missing("D:\\No\\Deep", BoxAnswer::No)});
-  refuses("D:\\File", {Missing("D:\\File", BoxAnswer::Yes), NotFound("'D:\\File\\Sdata'")});
+  refuses("D:\\File", {Missing("D:\\File", BoxAnswer::Yes), {"File exists", BoxAnswer::Cancel, "'D:\\File'"}});
 
   for (const auto& box : {Missing("D:\\A\\B", BoxAnswer::Yes), kCreated, kCreated, kUpdated}) boxes.Expect(box);
   EXPECT_TRUE(lab.BackUp(lab.Files.Native("D:/A/B").string() + "/") && lab.BackUp("D:\\New\\ "));
