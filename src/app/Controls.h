@@ -7,6 +7,8 @@
 #include <QString>
 #include <string>
 
+class QScrollArea;
+
 namespace zova {
 
 inline QString ToQt(const std::string& text) {
@@ -24,6 +26,8 @@ Widget* Named(Widget* widget, const char* name) {
 /// A label that wraps its text, in plain text; `buddy` gets the focus by the label's access key.
 QLabel* MakeLabel(const char* name, const QString& text, QWidget* buddy = nullptr);
 QPushButton* MakeButton(const char* name, const QString& caption);
+/// A frameless area that gives `content` all its room and scrolls it in a window that is too small.
+QScrollArea* MakeScrolling(QWidget* content);
 /// Shows `text` in the box unless it stands there already, so that the cursor stays where the user has it.
 void ShowText(QLineEdit* box, const std::string& text);
 /// Puts the cursor into the control, with all its text selected.

@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include <QApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QIcon>
+#include <QTimer>
+
+#include "app/Controls.h"
+#include "app/HelpWindow.h"
+#include "app/MainWindow.h"
+#include "app/QtChoosers.h"
+#include "app/QtDesktop.h"
+#include "app/QtMessageBoxes.h"
+#include "app/QtSettings.h"
+#include "app/QuickHelpFilter.h"
+
+namespace zova {
+namespace {
+
+// What an installation brought, or the source tree's data when this was never installed.
+std::filesystem::path InstalledData() {
+  const QFileInfo installed(QDir(QCoreApplication::applicationDirPath()).filePath("../share/zova"));
+  return PathFromText(FromQt(installed.isDir() ? installed.canonicalFilePath() : QString(ZOVA_INSTALLED_DATA)));
+}
+
+std::string ProgramDirectoryPath() {
+#ifdef Q_OS_WIN
+  return FromQt(QDir::toNativeSeparators(QCoreApplication::applicationDirPath()));
+#else
+  return "C:\\ZOVA";
+#endif
+}
+
+int RunApplication(QApplication& application) {
+  NativeFileLayer layer;
+  Disk disk(layer, DriveMap::FromEnvironment());
+  QtDesktop desktop;
+  QtMessageBoxes boxes(desktop);
+  QtChoosers choosers(disk, desktop);
+  QtSettings settings;
+  HelpWindow help(disk);
+  Session session({disk, boxes, choosers, settings, desktop, help}, ProgramDirectoryPath(), InstalledData());
+  MainWindow window(session);
+
+  application.installEventFilter(new QuickHelpFilter(&application));
+  QObject::connect(&window, &MainWindow::Ended, &application, [] { QCoreApplication::exit(); });
+  window.show();
+  QTimer::singleShot(0, &window, &MainWindow::Start);
+  return QApplication::exec();
+}
+
+}  // namespace
+}  // namespace zova
+
+int main(int argc, char** argv) {
+  QCoreApplication::setOrganizationName("ZOVA");
+  QCoreApplication::setApplicationName("Dorvan's ZOVA");
+  QCoreApplication::setApplicationVersion(ZOVA_VERSION);
+  QApplication application(argc, argv);
+  QApplication::setDesktopFileName("zova");
+  QApplication::setWindowIcon(QIcon(":/icons/zova.svg"));
+  return zova::RunApplication(application);
+}

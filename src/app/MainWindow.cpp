@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "app/MainWindow.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QMenuBar>
+#include <QScreen>
+#include <QStackedWidget>
+
+#include "app/Controls.h"
+#include "app/LocationPanel.h"
+#include "app/MainPanel.h"
+#include "app/WizardPanel.h"
+
+namespace zova {
+
+MainWindow::MainWindow(Session& session)
+    : m_session(session),
+      m_menus(*menuBar(), session, [this](SessionCommand command) { Run(command); }),
+      m_panels(Named(new QStackedWidget, "staPanels")),
+      m_main(Add(new MainPanel(session, [this](SessionCommand command) { Run(command); }))),
+      m_wizard(Add(new WizardPanel(session))),
+      m_location(Add(new LocationPanel(session))) {
+  setObjectName("frmZova");
+  setWindowTitle("ZOVA");
+  setCentralWidget(m_panels);
+  m_session.SetObserver([this] { Refresh(); });
+  Refresh();
+  resize(QSize(800, 600).expandedTo(sizeHint()).boundedTo(screen()->availableSize()));
+}
+
+Panel* MainWindow::Add(Panel* panel) {
+  m_panels->addWidget(panel);
+  connect(panel, &Panel::Acted, this, &MainWindow::Refresh);
+  return panel;
+}
+
+Panel* MainWindow::PanelOf(Screen screen) const {
+  if (screen == Screen::Wizard || screen == Screen::Viewing) return m_wizard;
+  if (screen == Screen::ParamLocation || screen == Screen::BackupDestination) return m_location;
+  return m_main;
+}
+
+void MainWindow::Start() { Run(&Session::Start); }
+
+// A message box lets events in while a command waits for its answer.
+bool MainWindow::IsBusy() const { return m_running || QApplication::activeModalWidget() != nullptr; }
+
+void MainWindow::Run(SessionCommand command) {
+  if (IsBusy()) return;
+  m_running = true;
+  (m_session.*command)();
+  m_running = false;
+  Refresh();
+}
+
+void MainWindow::Refresh() {
+  m_menus.Refresh();
+  Panel* panel = PanelOf(m_session.Shown());
+  m_panels->setCurrentWidget(panel);
+  panel->Refresh();
+  if (m_session.HasEnded()) emit Ended();
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+  bool mayGo = m_session.HasEnded();
+  if (!mayGo && !IsBusy()) {
+    m_running = true;
+    mayGo = m_session.Close();
+    m_running = false;
+    Refresh();
+  }
+  event->setAccepted(mayGo);
+  if (mayGo) emit Ended();
+}
+
+}  // namespace zova

@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QMainWindow>
+
+#include "app/Menus.h"
+
+class QStackedWidget;
+
+namespace zova {
+
+class Panel;
+
+/// The frame around the session: the menus, and the panel of the screen that is up.
+class MainWindow : public QMainWindow {
+  Q_OBJECT
+
+ public:
+  explicit MainWindow(Session& session);
+  /// To be called once the window is shown, so that the first messages stand before it.
+  void Start();
+  /// Shows the session as it is now.
+  void Refresh();
+
+ signals:
+  /// The program is to end.
+  void Ended();
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  void Run(SessionCommand command);
+  [[nodiscard]] bool IsBusy() const;
+  Panel* Add(Panel* panel);
+  [[nodiscard]] Panel* PanelOf(Screen screen) const;
+
+  Session& m_session;
+  Menus m_menus;
+  QStackedWidget* m_panels;
+  Panel* m_main;
+  Panel* m_wizard;
+  Panel* m_location;
+  bool m_running = false;
+};
+
+}  // namespace zova

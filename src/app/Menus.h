@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QAction>
+#include <functional>
+#include <vector>
+
+#include "session/Session.h"
+
+class QMenu;
+class QMenuBar;
+
+namespace zova {
+
+using SessionCommand = void (Session::*)();
+/// Runs a command of the session, and shows what came of it.
+using RunCommand = std::function<void(SessionCommand)>;
+
+struct MenuEntry;
+
+/// The entries of the menu bar. They stand in one table, with their state and their command.
+class Menus {
+ public:
+  Menus(QMenuBar& bar, const Session& session, const RunCommand& run);
+  void Refresh();
+
+ private:
+  void AddEntry(QMenu& menu, const MenuEntry& entry, const RunCommand& run);
+
+  struct Item {
+    const MenuEntry* Entry;
+    QAction* Action;
+  };
+  const Session& m_session;
+  std::vector<Item> m_items;
+};
+
+}  // namespace zova

@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "app/QtDesktop.h"
+#include "platform/Choosers.h"
+#include "platform/Disk.h"
+
+namespace zova {
+
+class QtChoosers final : public Choosers {
+ public:
+  QtChoosers(Disk& disk, QtDesktop& desktop) : m_disk(disk), m_desktop(desktop) {}
+  std::optional<std::string> ChooseFile(const FileQuestion& question) override;
+
+ private:
+  Disk& m_disk;
+  QtDesktop& m_desktop;
+};
+
+}  // namespace zova

@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "app/QtMessageBoxes.h"
+
+#include <QGridLayout>
+#include <QLabel>
+#include <QMessageBox>
+#include <QPlainTextEdit>
+#include <QScreen>
+#include <algorithm>
+
+#include "app/Controls.h"
+
+namespace zova {
+namespace {
+
+// The tables stand in the order of the enumerators.
+constexpr QMessageBox::Icon kIcons[] = {QMessageBox::NoIcon, QMessageBox::Information, QMessageBox::Question,
+                                        QMessageBox::Warning, QMessageBox::Critical};
+constexpr QMessageBox::StandardButton kAnswers[] = {QMessageBox::Ok, QMessageBox::Yes, QMessageBox::No,
+                                                    QMessageBox::Cancel, QMessageBox::Retry};
+struct Offer {
+  QMessageBox::StandardButtons Buttons;
+  BoxAnswer Escape;
+};
+constexpr Offer kOffers[] = {{QMessageBox::Ok, BoxAnswer::Ok},
+                             {QMessageBox::Yes | QMessageBox::No, BoxAnswer::No},
+                             {QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, BoxAnswer::Cancel},
+                             {QMessageBox::Retry | QMessageBox::Cancel, BoxAnswer::Cancel},
+                             {QMessageBox::Cancel, BoxAnswer::Cancel}};
+
+QMessageBox::StandardButton ButtonOf(BoxAnswer answer) { return kAnswers[static_cast<std::size_t>(answer)]; }
+
+// A list of hundreds of subjects would make the box higher than the screen: it scrolls then, in place of the label
+// that Qt has laid out for secondary text.
+void ShowDetails(QMessageBox& box, const QString& details) {
+  box.setInformativeText(details);
+  auto* label = box.findChild<QLabel*>("qt_msgbox_informativelabel");
+  if (label == nullptr) return;
+  label->setTextFormat(Qt::PlainText);  // the box's own format goes to its main text only
+  const QFontMetrics metrics(label->font());
+  const QSize screen = box.screen()->availableSize();
+  const int width = std::min(metrics.averageCharWidth() * 70, screen.width() / 2);
+  if (metrics.boundingRect(0, 0, width, 0, Qt::TextWordWrap, details).height() < screen.height() / 2) return;
+  auto* text = Named(new QPlainTextEdit(details), "txtDetails");
+  text->setAccessibleName("Details");
+  text->setReadOnly(true);
+  text->setTabChangesFocus(true);
+  text->setMinimumSize(width, metrics.lineSpacing() * 12);
+  delete box.layout()->replaceWidget(label, text);
+  label->hide();
+}
+
+}  // namespace
+
+BoxAnswer QtMessageBoxes::Show(const MessageBox& box) {
+  const QtDesktop::Pause pause(m_desktop);
+  const Offer& offer = kOffers[static_cast<std::size_t>(box.Buttons)];
+  // Without a default Qt takes the leftmost button, which may be the dangerous one.
+  const BoxAnswer standard = offer.Buttons.testFlag(ButtonOf(box.Default)) ? box.Default : offer.Escape;
+  QMessageBox dialog(pause.Window());
+  dialog.setWindowTitle(ToQt(box.Title));
+  dialog.setIcon(kIcons[static_cast<std::size_t>(box.Icon)]);
+  dialog.setTextFormat(Qt::PlainText);
+  dialog.setText(ToQt(box.Text));
+  dialog.setStandardButtons(offer.Buttons);
+  dialog.setDefaultButton(ButtonOf(standard));
+  dialog.setEscapeButton(ButtonOf(offer.Escape));
+  if (!box.Details.empty()) ShowDetails(dialog, ToQt(box.Details));
+  const auto* pressed = std::find(std::begin(kAnswers), std::end(kAnswers), dialog.exec());
+  return pressed == std::end(kAnswers) ? offer.Escape : static_cast<BoxAnswer>(pressed - kAnswers);
+}
+
+}  // namespace zova

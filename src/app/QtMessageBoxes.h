@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "app/QtDesktop.h"
+#include "platform/MessageBoxes.h"
+
+namespace zova {
+
+/// The platform's message boxes. Texts are plain; the answer of Escape and of the window's own closing is Cancel, else
+/// No, else OK.
+class QtMessageBoxes final : public MessageBoxes {
+ public:
+  explicit QtMessageBoxes(QtDesktop& desktop) : m_desktop(desktop) {}
+  BoxAnswer Show(const MessageBox& box) override;
+
+ private:
+  QtDesktop& m_desktop;
+};
+
+}  // namespace zova

@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QObject>
+
+namespace zova {
+
+/// To be installed on the QApplication. A right click on a control, or the keyboard's menu key, shows the control's
+/// one sentence beside it until the next key or click. A text box keeps its edit menu.
+class QuickHelpFilter : public QObject {
+  Q_OBJECT
+
+ public:
+  using QObject::QObject;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+};
+
+}  // namespace zova

@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QStackedWidget>
+#include <functional>
+#include <vector>
+
+#include "app/Panel.h"
+#include "app/WizardPage.h"
+#include "session/Session.h"
+
+namespace zova {
+
+/// The eight pages of a new project, or of one that is viewed, and the buttons that lead through them. Enter presses
+/// "Next >>", on the last page "Done!"; Escape presses "Cancel".
+class WizardPanel : public Panel {
+  Q_OBJECT
+
+ public:
+  explicit WizardPanel(Session& session);
+  void Refresh() override;
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  void showEvent(QShowEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void AddPages();
+  void AddButtons(QVBoxLayout& rows);
+  QPushButton* AddButton(QHBoxLayout& row, const char* name, const QString& caption, std::function<void()> act);
+  void PlaceCursor();
+  [[nodiscard]] QPushButton* DefaultButton() const;
+
+  Session& m_session;
+  QGroupBox* m_fraParam;
+  QStackedWidget* m_stack;
+  std::vector<WizardPage*> m_pages;
+  QLabel* m_lblCounter = nullptr;
+  QPushButton* m_cmdBack1 = nullptr;
+  QPushButton* m_cmdNext1 = nullptr;
+  QPushButton* m_cmdEntered1 = nullptr;
+  QPushButton* m_cmdCancel1 = nullptr;
+  int m_cursorMoves = 0;
+};
+
+}  // namespace zova

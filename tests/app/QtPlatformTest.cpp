@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QSettings>
+#include <QTest>
+#include <QTimer>
+
+#include "app/Controls.h"
+#include "app/QtMessageBoxes.h"
+#include "app/QtSettings.h"
+#include "support/Scratch.h"
+
+namespace zova {
+namespace {
+
+TEST(QtMessageBoxesTest, EnterTakesTheDefaultAndEscapeTheSafeAnswer) {
+  using enum BoxAnswer;
+  struct Case {
+    BoxButtons Buttons;
+    BoxAnswer Default, Enter, Escape;
+  };
+  QtDesktop desktop;
+  const BusyPointer outer(desktop), inner(desktop);
+  for (const Case& c :
+       {Case{BoxButtons::Ok, Ok, Ok, Ok}, Case{BoxButtons::YesNo, Yes, Yes, No}, Case{BoxButtons::YesNo, Ok, No, No},
+        Case{BoxButtons::YesNoCancel, No, No, Cancel}, Case{BoxButtons::RetryCancel, Retry, Retry, Cancel}}) {
+    for (const auto& [key, answer] : {std::pair{Qt::Key_Return, c.Enter}, {Qt::Key_Escape, c.Escape}}) {
+      QTimer::singleShot(50, [key = key] {
+        EXPECT_EQ(QApplication::overrideCursor(), nullptr) << "the user has to answer";
+        for (const auto* label : QApplication::activeModalWidget()->findChildren<QLabel*>()) {
+          EXPECT_TRUE(label->text().isEmpty() || label->textFormat() == Qt::PlainText) << FromQt(label->text());
+        }
+        QTest::keyClick(QApplication::activeModalWidget(), key);
+      });
+      const MessageBox box = {.Text = "<b>", .Buttons = c.Buttons, .Default = c.Default, .Details = "R & D"};
+      EXPECT_EQ(QtMessageBoxes(desktop).Show(box), answer) << key;
+      EXPECT_NE(QApplication::overrideCursor(), nullptr);
+    }
+  }
+}
+
+TEST(QtSettingsTest, KeepsTextsAndTellsOfAFailedWrite) {
+  const testing::Scratch scratch;
+  const auto keepIn = [&](const char* path) {
+    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, ToQt(PathText(scratch.Native(path))));
+  };
+  keepIn("C:\\config");
+  QtSettings settings;
+  for (const char* text : {"C:\\Param", "D:\\M\xC3\xBCller, R & D; 100%\\\"x\"", "C:\\Param"}) {
+    settings.Set("Startup", "ParamPath$", text);
+    EXPECT_EQ(settings.Get("Startup", "ParamPath$"), text);
+  }
+  EXPECT_TRUE(scratch.Get("C:\\config\\ZOVA\\Dorvan's ZOVA.ini").starts_with("[Startup]"));
+  settings.Remove("Startup", "ParamPath$");
+  EXPECT_EQ(settings.Get("Startup", "ParamPath$"), "");
+  scratch.Put("C:\\blocked", "a file where a directory has to be");
+  keepIn("C:\\blocked");
+  EXPECT_THROW(settings.Set("Startup", "ParamPath$", "C:\\Param"), FileError);
+  EXPECT_EQ(settings.Get("Startup", "ParamPath$"), "") << "what is not on the disk must not be read";
+}
+
+}  // namespace
+}  // namespace zova
