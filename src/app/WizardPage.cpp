@@ -117,8 +117,7 @@ void WizardPage::TakeTyped(const TextBox& typed, const QString& text) {
 void WizardPage::TakeOption(WizardOption option, bool yes) {
   if (m_wizard.Option(option) == yes) return;  // Refresh shows it
   m_wizard.SetOption(option, yes);
-  Refresh();  // while viewing the answer stays
-  emit Acted();
+  emit Acted();  // while viewing, Refresh takes it back
 }
 
 }  // namespace zova

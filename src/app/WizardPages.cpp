@@ -151,8 +151,7 @@ class RatingsPage final : public WizardPage {
   void TakeRated(int test, bool rated) {
     if (IsRated(test) == rated) return;  // Refresh shows it
     Wizard().SetRated(test, rated);
-    Refresh();  // while viewing the check stays
-    emit Acted();
+    emit Acted();  // while viewing, Refresh takes it back
   }
 
   QLabel* m_lblRating;

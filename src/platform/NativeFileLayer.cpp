@@ -68,6 +68,7 @@ class NativeOutputFile final : public OutputFile {
   }
 
   void Write(std::string_view bytes) override {
+    if (bytes.empty()) return;
     errno = 0;
     if (std::fwrite(bytes.data(), 1, bytes.size(), m_file.get()) != bytes.size()) ThrowErrno();
   }

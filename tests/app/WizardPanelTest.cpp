@@ -29,7 +29,8 @@ class WizardPanelTest : public testing::SessionTest {
 
   /// Presses keys on whatever has the focus; "~x" is Alt+X.
   static void Type(const std::string& keys) {
-    const std::map<char, Qt::Key> special{{'_', Qt::Key_Down}, {'!', Qt::Key_Delete}, {'@', Qt::Key_Enter}};
+    const std::map<char, Qt::Key> special{
+        {'<', Qt::Key_Home}, {'_', Qt::Key_Down}, {'!', Qt::Key_Delete}, {'@', Qt::Key_Enter}};
     for (std::size_t i = 0; i < keys.size(); ++i) {
       QWidget* focus = QApplication::focusWidget();
       if (keys[i] == '~') {
@@ -69,7 +70,7 @@ TEST_F(WizardPanelTest, DefinesAProjectByKeyboardAlone) {
   warn(BoxAnswer::No, "This action will erase all of the entered parameters.  Are you sure you want to do this?");
   session.CreateNewProject();
   const std::pair<const char*, const char*> steps[] = {
-      {"\"Pilot\"\r", "2 drvPath1"},
+      {"ilot<\"P\r", "2 drvPath1"},
       {"~i\r~y~k", "2 txtPath2 [(none)]"},
       {"D:\\Copy@3\t60\r", "4 optCatNo"},
       {"~y7\r", "4 txtCategories [7]"},
@@ -104,6 +105,7 @@ TEST_F(WizardPanelTest, ViewingChangesNothing) {
   // The second half of a double click is no press of its own.
   QTest::mouseClick(Find("cmdNext1"), Qt::LeftButton);
   QTest::mouseDClick(Find("cmdNext1"), Qt::LeftButton);
+  QTest::mouseRelease(Find("cmdNext1"), Qt::LeftButton);
   EXPECT_EQ(Where(), "2 cmdNext1");
   for (int page = 3; page <= NewProjectWizard::kPages; ++page) {
     Type("~n");

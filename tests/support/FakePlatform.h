@@ -25,7 +25,7 @@ class ScriptedChoosers final : public Choosers {
       ADD_FAILURE() << "unexpected file dialog: " << question.Title;
       return std::nullopt;
     }
-    const auto answer = Answers.front();
+    auto answer = Answers.front();
     Answers.pop_front();
     return answer;
   }
