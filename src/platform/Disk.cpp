@@ -178,12 +178,17 @@ void Disk::WriteNative(const fs::path& native, std::string_view path, std::strin
       throw std::system_error(std::make_error_code(std::errc::is_a_directory));
     }
     if (m_layer.IsReadOnly(target)) throw std::system_error(std::make_error_code(std::errc::permission_denied));
-    if (leftovers == Leftovers::Remove) RemoveLeftovers(target.parent_path());
+    if (leftovers == Leftovers::Remove) RemoveLeftoversIn(target.parent_path());
     ReplaceFile(target, content, durability);
   });
 }
 
-void Disk::RemoveLeftovers(const fs::path& directory) {
+void Disk::RemoveLeftovers(std::string_view directory) {
+  const fs::path native = Resolve(directory, FileOperation::List);
+  Guarded(FileOperation::List, directory, native, [&] { RemoveLeftoversIn(native); });
+}
+
+void Disk::RemoveLeftoversIn(const fs::path& directory) {
   for (const DirectoryEntry& entry : m_layer.List(directory)) {
     if (entry.Kind != EntryKind::File || !IsTemporary(entry.Name)) continue;
     try {
@@ -241,7 +246,7 @@ void Disk::CreateDirectories(std::string_view path) {
 void Disk::RemoveDirectory(std::string_view path) {
   const fs::path native = Resolve(path, FileOperation::RemoveDirectory);
   Guarded(FileOperation::RemoveDirectory, path, native, [&] {
-    RemoveLeftovers(native);
+    RemoveLeftoversIn(native);
     m_layer.Remove(native);
   });
 }

@@ -71,6 +71,8 @@ class Disk {
   /// leftovers of interrupted saves stay where they are.
   void CopyNative(const std::filesystem::path& source, std::string_view from, const std::filesystem::path& target,
                   std::string_view to);
+  /// Of interrupted saves, as every Write does in its directory.
+  void RemoveLeftovers(std::string_view directory);
   void Delete(std::string_view path);
   void CreateDirectory(std::string_view path);
   void CreateDirectories(std::string_view path);
@@ -91,7 +93,7 @@ class Disk {
   enum class Leftovers { Remove, Keep };
 
   std::filesystem::path ResolveBelow(std::filesystem::path base, const std::filesystem::path& rest);
-  void RemoveLeftovers(const std::filesystem::path& directory);
+  void RemoveLeftoversIn(const std::filesystem::path& directory);
   void WriteNative(const std::filesystem::path& native, std::string_view path, std::string_view content,
                    Durability durability, Leftovers leftovers);
   void ReadForCopy(const std::filesystem::path& source, std::string_view from, std::string& content);

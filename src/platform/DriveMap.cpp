@@ -79,7 +79,9 @@ DriveMap DriveMap::Parse(std::string_view setting) {
 }
 
 std::optional<std::filesystem::path> DriveMap::ToNative(std::string_view path) const {
-  if (kDrivesAreNative) return PathFromText(path);
+  // A bare "C:" would be the current directory of that drive.
+  if (kDrivesAreNative)
+    return PathFromText(HasDrive(path) && path.size() == 2 ? std::string(path) + "\\" : std::string(path));
   if (!HasDrive(path)) {
     if (!path.empty() && path.front() == '/') return PathFromText(path);
     return std::nullopt;

@@ -2,31 +2,34 @@
 
 #include "platform/FileCopier.h"
 
+#include <set>
+
 #include "text/Encoding.h"
 
 namespace zova {
 
-FileCopier::FileCopier(Disk& disk, std::string from, std::string to)
-    : m_disk(disk), m_from(std::move(from)), m_to(std::move(to)) {}
+FileCopier::FileCopier(Disk& disk, std::string from, std::string to, std::vector<std::string> names)
+    : m_disk(disk), m_from(std::move(from)), m_to(std::move(to)), m_names(std::move(names)) {}
 
 void FileCopier::Open() {
   m_nativeFrom = m_disk.Resolve(m_from, FileOperation::Copy);
   m_nativeTo = m_disk.Resolve(m_to, FileOperation::Copy);
-  for (std::string& name : m_disk.ListFiles(m_to, "", "")) {
-    m_byUpperCase.emplace(UpperCase(name), name);
-    m_names.insert(std::move(name));
+  m_disk.RemoveLeftovers(m_to);
+  const std::set<std::string> copied(m_names.begin(), m_names.end());
+  for (const std::string& name : m_disk.ListFiles(m_to, "", "")) {
+    if (copied.count(name) == 0) m_others.emplace(UpperCase(name), name);
   }
-  m_open = true;
+  m_isOpen = true;
 }
 
 std::string FileCopier::TargetName(const std::string& name) const {
-  if (m_names.count(name) > 0) return name;
-  const auto there = m_byUpperCase.find(UpperCase(name));
-  return there == m_byUpperCase.end() ? name : there->second;
+  if (m_others.empty() || m_disk.Layer().Kind(m_nativeTo / PathFromText(name)) != EntryKind::Missing) return name;
+  const auto other = m_others.find(UpperCase(name));
+  return other == m_others.end() ? name : other->second;
 }
 
 void FileCopier::Copy(const std::string& name) {
-  if (!m_open) Open();
+  if (!m_isOpen) Open();
   m_disk.CopyNative(m_nativeFrom / PathFromText(name), JoinPath(m_from, name),
                     m_nativeTo / PathFromText(TargetName(name)), JoinPath(m_to, name));
 }

@@ -2,9 +2,17 @@
 
 #include "platform/FileErrorHandler.h"
 
+#include "text/Encoding.h"
+
 namespace zova {
 
 namespace {
+
+// Windows describes its errors in its own code page.
+std::string SystemText(const std::error_code& code) {
+  const std::string text = code.message();
+  return IsValidUtf8(text) ? text : FromWindows1252(text);
+}
 
 std::string DetailsOf(const FileError& error) {
   std::string details = error.what();
@@ -29,7 +37,7 @@ bool FileErrorHandler::Report(const FileError& error) {
                            .Buttons = BoxButtons::RetryCancel,
                            .Default = BoxAnswer::Retry,
                            .Details = DetailsOf(error)}) == BoxAnswer::Retry;
-    case FileCause::System: return ReportRunError(error.Code().message(), DetailsOf(error));
+    case FileCause::System: return ReportRunError(SystemText(error.Code()), DetailsOf(error));
   }
   return false;
 }

@@ -70,6 +70,8 @@ bool IsSameDirectory(std::string_view left, std::string_view right, Disk& disk) 
   const auto leftPlace = PlaceOf(left, disk);
   const auto rightPlace = PlaceOf(right, disk);
   if (!leftPlace || !rightPlace) return EqualsIgnoringCase(left, right);
+  std::error_code ignored;
+  if (fs::equivalent(*leftPlace, *rightPlace, ignored)) return true;  // one directory mounted at two places
   // Two that do not exist yet would be one as soon as the first was created: lookups do not see the case.
   return *leftPlace == *rightPlace || (EqualsIgnoringCase(PathText(*leftPlace), PathText(*rightPlace)) &&
                                        !(disk.DirectoryExists(left) && disk.DirectoryExists(right)));
@@ -78,10 +80,13 @@ bool IsSameDirectory(std::string_view left, std::string_view right, Disk& disk) 
 bool LiesInside(std::string_view inner, std::string_view outer, Disk& disk) {
   const auto innerPlace = PlaceOf(inner, disk);
   const auto outerPlace = PlaceOf(outer, disk);
-  if (!innerPlace || !outerPlace || *innerPlace == *outerPlace) return false;
-  const auto [atOuter, atInner] =
-      std::mismatch(outerPlace->begin(), outerPlace->end(), innerPlace->begin(), innerPlace->end());
-  return atOuter == outerPlace->end();
+  if (!innerPlace || !outerPlace) return false;
+  std::error_code ignored;
+  for (fs::path place = *innerPlace; place != place.parent_path();) {
+    place = place.parent_path();
+    if (place == *outerPlace || fs::equivalent(place, *outerPlace, ignored)) return true;
+  }
+  return false;
 }
 
 bool ExistsOrIsCreated(const std::string& directory, Disk& disk, MessageBoxes& boxes) {

@@ -30,15 +30,29 @@ ProjectParameters ExampleProject(const std::string& programDir) {
   return project;
 }
 
+namespace {
+
+void CopyToSampleData(const std::string& file, const std::string& directory, Disk& disk) {
+  const std::string copy = JoinPath(directory, LastPathComponent(file));
+  std::string wanted;
+  std::string there;
+  disk.Read(file, wanted);
+  if (disk.FileExists(copy)) disk.Read(copy, there);
+  if (there == wanted) return;
+  if (!disk.DirectoryExists(directory)) disk.CreateDirectories(directory);
+  disk.Write(copy, wanted);
+}
+
+}  // namespace
+
 bool WriteExampleProject(const std::string& paramDir, const std::string& programDir, Disk& disk,
                          FileErrorHandler& errors) {
   const ProjectParameters project = ExampleProject(programDir);
   const std::string file = JoinPath(paramDir, project.ProjectFileName);
   if (!WithRetry(errors, [&] { disk.Write(file, FormatProject(project, kCurrentMarker)); })) return false;
-  return WithRetry(errors, [&] {
-    if (!disk.DirectoryExists(project.PrimaryDir)) disk.CreateDirectories(project.PrimaryDir);
-    disk.Copy(file, JoinPath(project.PrimaryDir, project.ProjectFileName));
-  });
+  // The copy is for whoever looks there; a program's directory that may not be written does not hold anyone up.
+  WithRetry(errors, [&] { CopyToSampleData(file, project.PrimaryDir, disk); });
+  return true;
 }
 
 }  // namespace zova

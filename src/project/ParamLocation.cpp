@@ -182,7 +182,7 @@ bool ParamLocation::MayReplace(const Load& load) {
 
 bool ParamLocation::CopyFiles(const std::string& from, const std::string& to, const Load& load) {
   const BusyPointer busy(m_desktop);
-  FileCopier copier(m_disk, from, to);
+  FileCopier copier(m_disk, from, to, load.Names);
   return std::all_of(load.Names.begin(), load.Names.end(),
                      [&](const std::string& name) { return WithRetry(m_errors, [&] { copier.Copy(name); }); });
 }
@@ -202,7 +202,7 @@ bool ParamLocation::DeleteOld(const std::string& from, const Load& load) {
 }
 
 LocationOutcome ParamLocation::Refuse(const MessageBox& message) {
-  if (m_param.Exists()) return {Step::Close};
+  if (m_param.Exists()) return m_param.Lock(m_param.Path()) ? LocationOutcome{Step::Close} : SayInUse(Step::EndProgram);
   m_boxes.Show(message);
   return {++m_refusals < 2 ? Step::Stay : Step::EndProgram};
 }

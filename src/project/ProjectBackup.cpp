@@ -8,6 +8,7 @@
 #include "project/ProjectBackup.h"
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 #include "platform/FileCopier.h"
@@ -43,7 +44,7 @@ bool CopyDataFiles(const std::string& from, const std::string& to, std::string_v
   const bool listed = WithRetry(tools.Errors, [&] {
     if (!IsSameDirectory(from, to, tools.Files)) names = tools.Files.ListFiles(from, prefix, kDataFileEnd);
   });
-  FileCopier copier(tools.Files, from, to);
+  FileCopier copier(tools.Files, from, to, names);
   return listed && std::all_of(names.begin(), names.end(), [&](const std::string& name) {
            return WithRetry(tools.Errors, [&] { copier.Copy(name); });
          });
@@ -74,14 +75,16 @@ void ShowRefusal(const char* text, const BackupTools& tools) {
 std::optional<std::string> TakeDestination(const ProjectParameters& project, const std::string& text,
                                            const BackupTools& tools) {
   const std::string directory = DirectoryFromText(text, tools.Files.Drives());
-  if (directory.size() < 2 || directory[1] != ':' || !HasValidComponents(directory)) {
+  if (directory.size() < 2 || directory[1] != ':') {
     ShowRefusal("Invalid format. Please redo.", tools);
     return std::nullopt;
   }
   bool accepted = false;
   WithRetry(tools.Errors, [&] {
     tools.Files.Resolve(directory, FileOperation::CreateDirectory);  // on a drive that is not ready nothing is asked
-    if (IsSameDirectory(directory, project.PrimaryDir, tools.Files)) {
+    if (!HasValidComponents(directory) || tools.Files.FileExists(directory)) {
+      ShowRefusal("Invalid Backup directory name.", tools);
+    } else if (IsSameDirectory(directory, project.PrimaryDir, tools.Files)) {
       ShowRefusal("The primary and backup directories cannot be the same.", tools);
     } else {
       accepted = ExistsOrIsCreated(directory, tools.Files, tools.Boxes);
@@ -92,9 +95,12 @@ std::optional<std::string> TakeDestination(const ProjectParameters& project, con
 
 // The backup copy is in the current layout, whose data files have other names than those of older projects: an older
 // project restored from it would miss its data. It gets its own parameter file.
-bool WriteBackupCopy(const ProjectParameters& project, const BackupTools& tools) {
+bool WriteBackupCopy(const ProjectParameters& project, const std::string& projectFile, const BackupTools& tools) {
   if (project.FormatMarker != kCurrentMarker) {
-    return CopyProjectFile(project.ProjectFileName, tools.ParamDir, project.BackupDir, tools);
+    return WithRetry(tools.Errors, [&] {
+      if (IsSameDirectory(DirectoryOfPath(projectFile), project.BackupDir, tools.Files)) return;
+      tools.Files.Copy(projectFile, JoinPath(project.BackupDir, project.ProjectFileName));
+    });
   }
   const std::string path = JoinPath(project.BackupDir, ProjectTitle(project) + " Backup.prm");
   const std::string content = FormatProject(project, kBackupMarker, project.PreviousBackupDir);
@@ -130,14 +136,20 @@ std::string DataFilePrefix(const ProjectParameters& project) {
   return project.Abbreviation + (project.FormatMarker.starts_with("VB") ? " Sub#" : "");
 }
 
-// From a backup copy the project's own parameter file is made again, with the directories that its owner chose. Its
-// record then is what that file says, without `PreviousBackupDir`.
+// What a backup copy's project is once restored, and also when its restore was given up: the directories that its owner
+// chose, and the layout whose file names all its subjects have.
+ProjectParameters WithoutBackupCopy(const ProjectParameters& project) {
+  ProjectParameters own = project;
+  own.BackupDir = std::exchange(own.PreviousBackupDir, {});
+  own.FormatMarker = kCurrentMarker;
+  return own;
+}
+
+// The parameter file is made again, then the project is what that file says.
 bool RestoreParameters(ProjectParameters& project, const BackupTools& tools) {
-  ProjectParameters restored = project;
-  restored.BackupDir = project.PreviousBackupDir;
-  if (!WriteProjectFile(restored, tools.ParamDir, /*restoring=*/true, tools.Files, tools.Errors)) return false;
+  if (!WriteProjectFile(project, tools.ParamDir, /*restoring=*/true, tools.Files, tools.Errors)) return false;
   return WithRetry(tools.Errors,
-                   [&] { project = ReadProjectFile(tools.Files, JoinPath(tools.ParamDir, restored.ProjectFileName)); });
+                   [&] { project = ReadProjectFile(tools.Files, JoinPath(tools.ParamDir, project.ProjectFileName)); });
 }
 
 MessageBox NoBackupMessage() {
@@ -175,17 +187,17 @@ LocationTexts BackupDestinationTexts() {
               "From Backup' feature, your original destination directories will remain unchanged."};
 }
 
-std::optional<MessageBox> BackUpTo(ProjectParameters& project, const std::string& text,
-                                   const std::string& savedBackupDir, const BackupTools& tools) {
+std::optional<MessageBox> BackUpTo(ProjectParameters& project, const std::string& text, const SavedProject& saved,
+                                   const BackupTools& tools) {
   const auto destination = TakeDestination(project, text, tools);
   if (!destination) return std::nullopt;
   const BusyPointer busy(tools.Pointer);
   const auto outcome = PrepareBackup(*destination, tools);
   if (!outcome) return std::nullopt;
-  project.PreviousBackupDir = savedBackupDir;
+  project.PreviousBackupDir = saved.BackupDir;
   project.BackupDir = *destination;
   const bool copied = CopyDataFiles(SdataOf(project.PrimaryDir), SdataOf(project.BackupDir), "", tools) &&
-                      WriteBackupCopy(project, tools);
+                      WriteBackupCopy(project, saved.File, tools);
   return copied ? outcome : std::nullopt;
 }
 
@@ -204,17 +216,18 @@ bool WantsRestore(MessageBoxes& boxes) {
 
 std::optional<MessageBox> RestoreData(ProjectParameters& project, const std::string& path, const BackupTools& tools) {
   const BusyPointer busy(tools.Pointer);
-  if (IsNoDirectory(project.BackupDir)) return NoBackupMessage();
-  const std::string primary = SdataOf(project.PrimaryDir);
+  const ProjectParameters chosen = project;
+  const bool isBackupCopy = chosen.FormatMarker == kBackupMarker;
+  if (isBackupCopy) project = WithoutBackupCopy(chosen);
+  if (IsNoDirectory(chosen.BackupDir)) return NoBackupMessage();
   RestoreSource source;
-  if (!WithRetry(tools.Errors, [&] { MakePrimary(project, tools.Files); }) ||
-      !WithRetry(tools.Errors, [&] { source = FindBackup(project, path, tools.Files); }) ||
-      !CopyDataFiles(SdataOf(source.Directory), primary, DataFilePrefix(project), tools)) {
+  if (!WithRetry(tools.Errors, [&] { MakePrimary(chosen, tools.Files); }) ||
+      !WithRetry(tools.Errors, [&] { source = FindBackup(chosen, path, tools.Files); }) ||
+      !CopyDataFiles(SdataOf(source.Directory), SdataOf(chosen.PrimaryDir), DataFilePrefix(chosen), tools)) {
     return std::nullopt;
   }
-  const bool done = project.FormatMarker == kBackupMarker
-                        ? RestoreParameters(project, tools)
-                        : CopyProjectFile(project.ProjectFileName, source.Directory, tools.ParamDir, tools);
+  const bool done = isBackupCopy ? RestoreParameters(project, tools)
+                                 : CopyProjectFile(chosen.ProjectFileName, source.Directory, tools.ParamDir, tools);
   if (!done) return std::nullopt;
   MessageBox message{.Text = "The data was successfully restored.", .Icon = BoxIcon::Information, .Title = "Restore"};
   if (source.IsBesideChosenFile) {

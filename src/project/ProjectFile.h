@@ -34,7 +34,7 @@ bool WriteProjectFile(ProjectParameters& project, const std::string& paramDir, b
 ProjectParameters ExampleProject(const std::string& programDir);
 
 /// Writes "Example.prm" into `paramDir` and copies it into "Sample Data" below `programDir` (created when missing).
-/// False when the user gave up a failed step.
+/// False when the user gave up writing the first; a copy given up is no failure.
 bool WriteExampleProject(const std::string& paramDir, const std::string& programDir, Disk& disk,
                          FileErrorHandler& errors);
 

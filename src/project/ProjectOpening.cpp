@@ -15,15 +15,17 @@ bool MayOpenProject(const ProjectParameters& project, MessageBoxes& boxes) {
   return false;
 }
 
+std::optional<std::string> ChooseProjectFile(const std::string& title, const std::string& paramDir,
+                                             Choosers& choosers) {
+  return choosers.ChooseFile(
+      {.Title = title, .Directory = paramDir, .Filters = {{"PRM files (*.prm)", "*.prm"}, {"All files (*.*)", "*"}}});
+}
+
 std::optional<ChosenProject> ChooseProject(const std::string& title, const std::string& paramDir, Disk& disk,
-                                           Choosers& choosers, FileErrorHandler& errors,
-                                           const std::function<void()>& onChosen) {
-  const FileQuestion question = {
-      .Title = title, .Directory = paramDir, .Filters = {{"PRM files (*.prm)", "*.prm"}, {"All files (*.*)", "*"}}};
+                                           Choosers& choosers, FileErrorHandler& errors) {
   for (bool offersAgain = true; offersAgain;) {
-    const std::optional<std::string> path = choosers.ChooseFile(question);
+    const std::optional<std::string> path = ChooseProjectFile(title, paramDir, choosers);
     if (!path) return std::nullopt;
-    if (onChosen) onChosen();
     ChosenProject chosen = {.Parameters = {}, .Path = *path};
     const bool isRead = WithRetry(errors, [&] {
       try {

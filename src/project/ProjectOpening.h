@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <functional>
 #include <optional>
 #include <string>
 
@@ -16,16 +15,18 @@ namespace zova {
 /// False, after telling the user, for a backup copy of a parameter file: it names no place where the data lie.
 bool MayOpenProject(const ProjectParameters& project, MessageBoxes& boxes);
 
+/// The parameter file that the user chooses in a dialog with this title that starts in `paramDir`; nothing when the
+/// dialog was cancelled.
+std::optional<std::string> ChooseProjectFile(const std::string& title, const std::string& paramDir, Choosers& choosers);
+
 struct ChosenProject {
   ProjectParameters Parameters;
   std::string Path;
 };
 
-/// Lets the user choose a parameter file in a dialog with this title that starts in `paramDir`, and reads it. A file
-/// that is none is told, and the dialog offered again. Nothing when the dialog was cancelled or a failed read given up.
-/// `onChosen`, if any, is called for every file chosen, before it is read.
+/// The same, and reads the file. One that is no parameter file is told, and the dialog offered again. Nothing when the
+/// dialog was cancelled or a failed read given up.
 std::optional<ChosenProject> ChooseProject(const std::string& title, const std::string& paramDir, Disk& disk,
-                                           Choosers& choosers, FileErrorHandler& errors,
-                                           const std::function<void()>& onChosen = {});
+                                           Choosers& choosers, FileErrorHandler& errors);
 
 }  // namespace zova

@@ -60,7 +60,9 @@ bool VariableEditor::HasNothing() const noexcept {
 
 int VariableEditor::LevelCount() const { return static_cast<int>(Current().Levels.size()); }
 
-int VariableEditor::NextFreeLevel() const { return std::min(LevelCount() + 1, kMaxEditedLevels); }
+int VariableEditor::NextFreeLevel() const { return LevelCount() + 1; }
+
+bool VariableEditor::AsksNothing() const { return m_level > std::max(LevelCount(), kMaxEditedLevels); }
 
 std::string VariableEditor::Highlighted() const {
   if (m_level == 0) return Current().Name;
@@ -75,10 +77,12 @@ void VariableEditor::Show(int variable, int level) {
 
 void VariableEditor::SetEntryText(std::string_view text) {
   m_entry.clear();
+  if (AsksNothing()) return;
   std::copy_if(text.begin(), text.end(), std::back_inserter(m_entry), FitsName);
 }
 
 std::string VariableEditor::Prompt() const {
+  if (AsksNothing()) return {};
   const std::string what = m_level == 0 ? "variable " + std::to_string(m_variable) : "level " + std::to_string(m_level);
   return "What is the name of " + what + "?";
 }

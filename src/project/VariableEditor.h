@@ -64,8 +64,10 @@ class VariableEditor {
   Variable& Current() { return m_variables[static_cast<std::size_t>(m_variable - 1)]; }
   [[nodiscard]] bool HasNothing() const noexcept;  ///< an only variable, without name and levels
   [[nodiscard]] int LevelCount() const;
-  [[nodiscard]] int NextFreeLevel() const;  ///< 10 also when that one is taken
-  [[nodiscard]] int FirstUnnamed() const;   ///< from 1, or 0
+  [[nodiscard]] int NextFreeLevel() const;
+  /// All 10 levels have their names, and none of them is highlighted.
+  [[nodiscard]] bool AsksNothing() const;
+  [[nodiscard]] int FirstUnnamed() const;  ///< from 1, or 0
   [[nodiscard]] std::string Highlighted() const;
   void NameHighlighted(const std::string& name);
   void TakeStandingText();

@@ -79,15 +79,15 @@ void Session::Show(Screen screen) {
   if (m_observer) m_observer();
 }
 
-void Session::TakeProject(ProjectParameters project) {
+void Session::TakeProject(ProjectParameters project, std::string file) {
   m_project = std::move(project);
-  m_savedBackupDir = m_project->BackupDir;
+  m_saved = {std::move(file), m_project->BackupDir};
   LookForUnfinished();
 }
 
 void Session::CloseProject() {
   m_project.reset();
-  m_savedBackupDir.clear();
+  m_saved = {};
   m_hasUnfinished = false;
 }
 
@@ -112,7 +112,7 @@ void Session::OpenExistingProject() {
     CloseProject();
     return;
   }
-  TakeProject(std::move(chosen->Parameters));
+  TakeProject(std::move(chosen->Parameters), std::move(chosen->Path));
   Show(Screen::Main);
   if (!m_hasUnfinished) return;
   const BoxAnswer answer = m_platform.Boxes.Show(
@@ -149,7 +149,10 @@ void Session::CancelWizard() {
 void Session::FinishWizard() {
   const bool viewing = m_screen == Screen::Viewing;
   if (!m_wizard.Done(m_restoring)) return;
-  if (!viewing) TakeProject(m_wizard.Project());
+  if (!viewing) {
+    const ProjectParameters& project = m_wizard.Project();
+    TakeProject(project, JoinPath(m_param.Path(), project.ProjectFileName));
+  }
   Show(Screen::Main);
   if (viewing) return;
   const BoxAnswer answer =

@@ -108,7 +108,7 @@ class Session {
   void Follow(const LocationOutcome& outcome);
   void StartWithLostParam();
   bool LockParam();
-  void TakeProject(ProjectParameters project);
+  void TakeProject(ProjectParameters project, std::string file);
   void CloseProject();
   void LookForUnfinished();
   /// True when a project is open now.
@@ -127,7 +127,7 @@ class Session {
   std::function<void()> m_observer;
   Screen m_screen = Screen::Main;
   std::optional<ProjectParameters> m_project;
-  std::string m_savedBackupDir;  // as in the open project's file; a new destination changes only the record
+  SavedProject m_saved;  // of the open project
   bool m_hasUnfinished = false;
   bool m_restoring = false;  // never false again once set
   bool m_ended = false;

@@ -3,6 +3,7 @@
 // The commands that lead into entering and masters, and those of the Tools menu.
 
 #include "master/MasterRun.h"
+#include "project/ProjectFile.h"
 #include "project/ProjectOpening.h"
 #include "session/Session.h"
 
@@ -49,12 +50,15 @@ void Session::RestoreFromBackup() {
   if (!Menus().Restore || !WantsRestore(m_platform.Boxes)) return;
   // Kept: it is never cleared again, so that later parameter files get no copy in their backup directory.
   m_restoring = true;
-  auto chosen = ChooseProject("Please select a (.prm) file.", m_param.Path(), m_platform.Files, m_platform.Dialogs,
-                              m_errors, [this] { CloseProject(); });
-  if (!chosen) return;
-  ProjectParameters project = std::move(chosen->Parameters);
-  const std::optional<MessageBox> message = RestoreData(project, chosen->Path, ToolsOfBackup());
-  TakeProject(std::move(project));
+  const auto path = ChooseProjectFile("Please select a (.prm) file.", m_param.Path(), m_platform.Dialogs);
+  if (!path) return;
+  CloseProject();  // a file that cannot be read leaves none open
+  ProjectParameters project;
+  if (!WithRetry(m_errors, [&] { project = ReadProjectFile(m_platform.Files, *path); })) return;
+  const bool wasBackupCopy = project.FormatMarker == kBackupMarker;
+  const std::optional<MessageBox> message = RestoreData(project, *path, ToolsOfBackup());
+  std::string file = wasBackupCopy ? JoinPath(m_param.Path(), project.ProjectFileName) : *path;
+  TakeProject(std::move(project), std::move(file));
   Show(Screen::Main);
   if (message) m_platform.Boxes.Show(*message);
 }
@@ -88,7 +92,7 @@ void Session::AcceptLocation() {
   if (m_screen == Screen::ParamLocation) {
     Follow(m_location.Accept(m_locationText));
   } else if (m_screen == Screen::BackupDestination) {
-    const auto message = BackUpTo(*m_project, m_locationText, m_savedBackupDir, ToolsOfBackup());
+    const auto message = BackUpTo(*m_project, m_locationText, m_saved, ToolsOfBackup());
     if (message) Follow({LocationOutcome::Step::Close, message});
   }
 }

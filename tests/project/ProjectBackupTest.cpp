@@ -66,7 +66,9 @@ struct Lab {
     EXPECT_EQ(outcome.AsksDestination, asks);
     return Show(outcome.Message);
   }
-  bool BackUp(const std::string& text) { return Show(BackUpTo(Project, text, "D:\\Backup", Tools())); }
+  bool BackUp(const std::string& text) {
+    return Show(BackUpTo(Project, text, {"C:\\Param\\Study.prm", "D:\\Backup"}, Tools()));
+  }
   bool Restore(const std::string& path) { return Show(RestoreData(Project, path, Tools())); }
   void Lose(const char* path) const { fs::remove_all(Files.Native(path)); }
 

@@ -21,10 +21,9 @@ TEST(ProjectOpening, AsksUntilAFileIsReadOrGivenUp) {
   FileErrorHandler errors(boxes);
   ScriptedChoosers choosers;
   choosers.Answers = {"C:\\notes.prm", "C:\\notes.prm", "C:\\P.prm", std::nullopt, "C:\\none.prm"};
-  int chosen = 0;
-  for (const char* expected : {"C:\\P.prm 3", "cancelled 3", "cancelled 4"}) {
-    const auto project = ChooseProject("Load Project", "C:\\Param", disk, choosers, errors, [&] { ++chosen; });
-    EXPECT_EQ((project ? project->Path : "cancelled") + " " + std::to_string(chosen), expected);
+  for (const char* expected : {"C:\\P.prm", "cancelled", "cancelled"}) {
+    const auto project = ChooseProject("Load Project", "C:\\Param", disk, choosers, errors);
+    EXPECT_EQ(project ? project->Path : "cancelled", expected);
   }
   EXPECT_EQ(choosers.Questions.back().Directory + choosers.Questions.back().Filters.at(1).Pattern, "C:\\Param*");
 }
