@@ -66,9 +66,7 @@ struct Lab {
     EXPECT_EQ(outcome.AsksDestination, asks);
     return Show(outcome.Message);
   }
-  bool BackUp(const std::string& text) {
-    return Show(BackUpTo(Project, text, {"C:\\Param\\Study.prm", "D:\\Backup"}, Tools()));
-  }
+  bool BackUp(const std::string& text) { return Show(BackUpTo(Project, text, Saved, Tools())); }
   bool Restore(const std::string& path) { return Show(RestoreData(Project, path, Tools())); }
   void Lose(const char* path) const { fs::remove_all(Files.Native(path)); }
 
@@ -79,6 +77,7 @@ struct Lab {
   FileErrorHandler Errors{Boxes};
   CountingDesktop Pointer;
   ProjectParameters Project = ParseProject(kOwnFile, "");
+  SavedProject Saved{"C:\\Param\\Study.prm", "D:\\Backup"};
   std::string ParamDir = "C:\\Param";
 };
 
@@ -106,15 +105,17 @@ TEST(ProjectBackup, NewDestinations) {
     EXPECT_FALSE(lab.BackUp(text)) << text;
     EXPECT_TRUE(lab.Project == ParseProject(kOwnFile, "") && lab.Files.Snapshot() == tree) << text;
   };
-  for (const char* text : {"", "(none)", "New", "D:\\a|b", "D:\\New\\.."}) {
+  for (const char* text : {"", "(none)", "New"}) {
     refuses(text, {Told("Invalid format. Please redo.", BoxIcon::Exclamation)});
+  }
+  for (const char* text : {"D:\\a|b", "D:\\New\\..", "D:\\File"}) {
+    refuses(text, {Told("Invalid Backup directory name.", BoxIcon::Exclamation)});
   }
   for (const std::string& text : {std::string(" c:/DATA\\ "), lab.Files.Native("D:/Link").string()}) {
     refuses(text, {Told("The primary and backup directories cannot be the same.", BoxIcon::Exclamation)});
   }
   refuses("X:\\New", {NotFound("'X:\\New'", BoxAnswer::Retry), NotFound("'X:\\New'")});
   refuses("D:\\No\\Deep", {Missing("D:\\No\\Deep", BoxAnswer::No)});
-  refuses("D:\\File", {Missing("D:\\File", BoxAnswer::Yes), {"File exists", BoxAnswer::Cancel, "'D:\\File'"}});
 
   for (const auto& box : {Missing("D:\\A\\B", BoxAnswer::Yes), kCreated, kCreated, kUpdated}) boxes.Expect(box);
   EXPECT_TRUE(lab.BackUp(lab.Files.Native("D:/A/B").string() + "/") && lab.BackUp("D:\\New\\ "));
@@ -122,9 +123,12 @@ TEST(ProjectBackup, NewDestinations) {
   EXPECT_EQ(lab.Project.PreviousBackupDir + lab.Project.BackupDir, "D:\\BackupD:\\New");
   lab.Lose("D:/A"), lab.Lose("D:/New/Study Backup.prm");
   lab.Project.FormatMarker = "Old ZOVA";
+  lab.Saved.File = "C:\\Old\\Study.prm";  // Param's is another project
+  lab.Files.Put("C:/Old/Study.prm", "old");
+  tree = lab.Files.Snapshot();
   EXPECT_TRUE(lab.BackUp("D:\\New"));
   tree = Copied(tree, "C/Data/Sdata/", "D/New/Sdata/", kPrimary);
-  EXPECT_EQ(lab.Files.Snapshot(), Copied(tree, "C/Param/", "D/New/", {"Study.prm"}));
+  EXPECT_EQ(lab.Files.Snapshot(), Copied(tree, "C/Old/", "D/New/", {"Study.prm"}));
 }
 
 TEST(ProjectBackup, RestoresFromWhereTheBackupIs) {
@@ -197,7 +201,7 @@ bool SurvivesFailure(bool restores, int n, BoxAnswer answer) {
   const std::size_t faults = boxes.Texts.size() - (done ? 1 : 0);
   EXPECT_LE(faults, lab.Layer.HasFailed() ? 1U : 0U);
   EXPECT_EQ(done, faults == 0 || answer == BoxAnswer::Retry);
-  EXPECT_EQ(lab.Project == ParseProject(kOwnFile, ""), restores ? done : !lab.Files.Has("D:/New/Sdata"));
+  EXPECT_EQ(lab.Project == ParseProject(kOwnFile, ""), restores || !lab.Files.Has("D:/New/Sdata"));
   const Tree left = lab.Files.Snapshot();
   EXPECT_TRUE(!done || left == finished);
   std::set<Tree::value_type> allowed(before.begin(), before.end());
