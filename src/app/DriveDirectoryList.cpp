@@ -94,13 +94,16 @@ bool DriveDirectoryList::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void DriveDirectoryList::Answer(bool opened) {
+  // When the open directory is gone, another one is open although nothing was opened.
+  const bool acts = opened || m_shownPath != m_browser.Path();
   Fill();
-  if (opened) emit Acted();
+  if (acts) emit Acted();
 }
 
 void DriveDirectoryList::Fill() {
   m_shownDrives = m_browser.Drives();
   m_shownPaths = PathsOf(m_browser);
+  m_shownPath = m_browser.Path();
 
   m_drives->clear();
   for (const char letter : m_shownDrives) m_drives->addItem(ToQt(std::string{letter, ':'}));

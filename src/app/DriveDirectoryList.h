@@ -49,6 +49,7 @@ class DriveDirectoryList : public QWidget {
   QListWidget* m_directories;
   std::vector<char> m_shownDrives;
   std::vector<std::string> m_shownPaths;  // one for each row of the list; the open directory's comes last
+  std::string m_shownPath;
 };
 
 }  // namespace zova

@@ -96,6 +96,7 @@ void LocationPanel::Accept() {
 void LocationPanel::Cancel() {
   m_session.CancelLocation();
   Report();
+  if (isVisible()) PlaceCursorIn(m_path);
 }
 
 void LocationPanel::Report() {

@@ -98,7 +98,6 @@ void MainPanel::AddPictures(QGridLayout& grid) {
     grid.addWidget(button, place / kPicturesInRow, place % kPicturesInRow);
     grid.setColumnStretch(place % kPicturesInRow, 1);
     ++place;
-    if (picture.Command == &Session::UnfinishedBusiness) m_unfinished = button;
   }
 }
 
@@ -106,7 +105,6 @@ void MainPanel::Refresh() {
   m_currentProject->setText(ToQt(m_session.ProjectCaption()));
   // "Project" is in both captions; its j is free, the letters of the menus are not.
   m_open->setText(ToQt(m_session.OpenCaption()).replace("ject", "&ject"));
-  m_unfinished->setEnabled(m_session.OffersUnfinished());
 }
 
 }  // namespace zova

@@ -39,7 +39,6 @@ class MainPanel : public Panel {
   RunCommand m_run;
   QLabel* m_currentProject = nullptr;
   QPushButton* m_open = nullptr;
-  PictureButton* m_unfinished = nullptr;
 };
 
 }  // namespace zova

@@ -9,6 +9,8 @@
 #include <QStackedWidget>
 
 #include "app/Controls.h"
+#include "app/EntryPanel.h"
+#include "app/IdentificationPanel.h"
 #include "app/LocationPanel.h"
 #include "app/MainPanel.h"
 #include "app/WizardPanel.h"
@@ -21,7 +23,9 @@ MainWindow::MainWindow(Session& session)
       m_panels(Named(new QStackedWidget, "staPanels")),
       m_main(Add(new MainPanel(session, [this](SessionCommand command) { Run(command); }))),
       m_wizard(Add(new WizardPanel(session))),
-      m_location(Add(new LocationPanel(session))) {
+      m_location(Add(new LocationPanel(session))),
+      m_identification(Add(new IdentificationPanel(session))),
+      m_entry(Add(new EntryPanel(session))) {
   setObjectName("frmZova");
   setWindowTitle("ZOVA");
   setCentralWidget(m_panels);
@@ -37,8 +41,15 @@ Panel* MainWindow::Add(Panel* panel) {
 }
 
 Panel* MainWindow::PanelOf(Screen screen) const {
-  if (screen == Screen::Wizard || screen == Screen::Viewing) return m_wizard;
-  if (screen == Screen::ParamLocation || screen == Screen::BackupDestination) return m_location;
+  switch (screen) {
+    case Screen::Main: return m_main;
+    case Screen::Wizard:
+    case Screen::Viewing: return m_wizard;
+    case Screen::ParamLocation:
+    case Screen::BackupDestination: return m_location;
+    case Screen::Identification: return m_identification;
+    case Screen::Entry: return m_entry;
+  }
   return m_main;
 }
 

@@ -41,6 +41,8 @@ class MainWindow : public QMainWindow {
   Panel* m_main;
   Panel* m_wizard;
   Panel* m_location;
+  Panel* m_identification;
+  Panel* m_entry;
   bool m_running = false;
 };
 

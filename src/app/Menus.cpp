@@ -27,7 +27,7 @@ constexpr MenuEntry kEntries[] = {
     {"mnuOpen", "&Open Existing Project", &States::Open, &Session::OpenExistingProject, nullptr, "Ctrl+O"},
     {"mnuCreate", "&Create New Project", &States::Create, &Session::CreateNewProject},
     kSeparator,
-    {"mnuSave", "&Save Incomplete Subject", &States::SaveIncomplete},
+    {"mnuSave", "&Save Incomplete Subject", &States::SaveIncomplete, &Session::SaveIncompleteSubject},
     kSeparator,
     {"mnuExit", "E&xit", &States::Exit, &Session::Exit},
 

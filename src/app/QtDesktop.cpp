@@ -26,6 +26,8 @@ void QtDesktop::Count(int& what, int by) {
   m_shown = wanted;
 }
 
+void QtDesktop::Beep() { QApplication::beep(); }
+
 QtDesktop::Pause::Pause(QtDesktop& desktop) : m_desktop(desktop), m_window(WindowForDialogs()) {
   if (m_window) m_focus = m_window->focusWidget();
   m_desktop.Count(m_desktop.m_pauses, 1);

@@ -85,7 +85,8 @@ void VariableEditorPanel::Refresh() {
   WizardPage::Refresh();
   const VariableEditor& editor = Wizard().Variables();
   const bool asked = Wizard().Asks(WizardBox::Variable);
-  m_entry.Label->setText(QLatin1Char('&') + ToQt(editor.Prompt()));
+  const QString prompt = ToQt(editor.Prompt());
+  m_entry.Label->setText(prompt.isEmpty() ? prompt : QLatin1Char('&') + prompt);
   m_cmdAddVar->setEnabled(asked && !Wizard().IsViewing());
   m_cmdReview->setEnabled(asked);
 
@@ -106,9 +107,10 @@ void VariableEditorPanel::Refresh() {
 
 // A deletion or Review can highlight another label than the one with the focus, or hide that one.
 void VariableEditorPanel::FollowHighlight() {
-  QLabel* highlighted = m_labels.at(static_cast<std::size_t>(Wizard().Variables().CurrentLevel()));
-  if (window()->focusWidget() == highlighted) return;
-  PlaceCursorIn(highlighted->isHidden() ? static_cast<QWidget*>(m_entry.Edit) : highlighted);
+  const auto level = static_cast<std::size_t>(Wizard().Variables().CurrentLevel());
+  QWidget* highlighted = m_entry.Edit;
+  if (level < m_labels.size() && !m_labels[level]->isHidden()) highlighted = m_labels[level];
+  if (window()->focusWidget() != highlighted) PlaceCursorIn(highlighted);
 }
 
 void VariableEditorPanel::Do(Act act) {

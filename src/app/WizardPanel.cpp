@@ -20,6 +20,7 @@ WizardPanel::WizardPanel(Session& session)
   rows->addWidget(Named(m_stack, "stkPages"), 1);
   AddPages();
   AddButtons(*rows);
+  Refresh();
 }
 
 void WizardPanel::AddPages() {

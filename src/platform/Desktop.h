@@ -11,6 +11,7 @@ class Desktop {
   virtual ~Desktop() = default;
   virtual void ShowBusyPointer() = 0;
   virtual void RestorePointer() = 0;
+  virtual void Beep() = 0;
 };
 
 /// How far a long run has come.

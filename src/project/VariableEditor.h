@@ -29,14 +29,14 @@ class VariableEditor {
   /// Drops what a variable's name cannot hold.
   void SetEntryText(std::string_view text);
 
-  /// "What is the name of variable 1?" or "What is the name of level 1?"
+  /// "What is the name of variable 1?" or "What is the name of level 1?"; "" when all levels have one.
   [[nodiscard]] std::string Prompt() const;
   /// "The variable GROUP has the following levels:"; "" while there is nothing to highlight.
   [[nodiscard]] std::string Heading() const;
   /// "1. Control" and so on, then "Add Level" while one can be added.
   [[nodiscard]] std::vector<std::string> LevelLabels() const;
   [[nodiscard]] int CurrentVariable() const noexcept { return m_variable; }
-  /// 0: the variable's name, 1 to 10: the level that the box holds or will add.
+  /// 0: the variable's name, from 1: the level that the box holds or will add; beyond 10 nothing is asked.
   [[nodiscard]] int CurrentLevel() const noexcept { return m_level; }
 
   /// Enter: the box's text names what is highlighted or asked for, then the next free level is asked. Empty text is

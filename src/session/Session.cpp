@@ -25,17 +25,20 @@ Session::Session(const SessionPlatform& platform, std::string programDir, std::f
       m_param(platform.Settings, platform.Files),
       m_location(m_param, m_programDir, platform.Files, platform.Boxes, m_errors, platform.Pointer),
       m_wizard(platform.Files, platform.Boxes, m_errors),
-      m_locationBrowser(platform.Files, platform.Boxes, kPathNotFound) {}
+      m_locationBrowser(platform.Files, platform.Boxes, kPathNotFound),
+      m_identification(m_record, {platform.Files, platform.Boxes, m_errors, platform.Dialogs, platform.Pointer}),
+      m_entry(m_record, m_preferences,
+              {platform.Files, platform.Boxes, m_errors, platform.Pointer, [this] { NotifyObserver(); }}) {}
 
 void Session::Start() {
   FillProgramDirectory(m_installed, m_programDir, m_platform.Files);
   m_param.Load();
   if (!m_param.IsRegistered()) {
     ShowLocation(Screen::ParamLocation);
-  } else if (m_param.Exists()) {
-    LockParam();
-  } else {
+  } else if (!m_param.Exists()) {
     StartWithLostParam();
+  } else if (LockParam()) {
+    OfferRestore();
   }
 }
 
@@ -51,7 +54,7 @@ void Session::StartWithLostParam() {
        .Title = "Warning"});
   // Kept: the question names the program's directory, but what is created is the directory of the stored setting.
   if (answer == BoxAnswer::No && CreateParamDirectory(m_param.Path(), m_programDir, m_platform.Files, m_errors)) {
-    LockParam();
+    if (LockParam()) OfferRestore();
   } else {
     ShowLocation(Screen::ParamLocation);
   }
@@ -72,10 +75,12 @@ std::string Session::ProjectCaption() const { return m_project ? ProjectTitle(*m
 
 std::string Session::OpenCaption() const { return m_project ? "Change Project" : "Open Existing Project"; }
 
-bool Session::IsEntering() const noexcept { return m_screen == Screen::Identification || m_screen == Screen::Entry; }
-
 void Session::Show(Screen screen) {
   m_screen = screen;
+  NotifyObserver();
+}
+
+void Session::NotifyObserver() const {
   if (m_observer) m_observer();
 }
 
@@ -164,11 +169,12 @@ void Session::FinishWizard() {
 }
 
 void Session::Exit() {
-  if (IsEntering() && !MayLeaveEntry({.Text = "You will lose all unsaved changes.  Are you sure you want to do this?",
-                                      .Icon = BoxIcon::Exclamation,
-                                      .Buttons = BoxButtons::YesNoCancel,
-                                      .Default = BoxAnswer::No,
-                                      .Title = "Warning"})) {
+  if (m_screen == Screen::Entry &&
+      !MayLeaveEntry({.Text = "You will lose all unsaved changes.  Are you sure you want to do this?",
+                      .Icon = BoxIcon::Exclamation,
+                      .Buttons = BoxButtons::YesNoCancel,
+                      .Default = BoxAnswer::No,
+                      .Title = "Warning"})) {
     return;
   }
   m_ended = true;
@@ -179,21 +185,18 @@ bool Session::Close() {
   if (m_screen == Screen::ParamLocation) {
     m_ended = m_location.Close().Next != LocationOutcome::Step::Stay;
   } else {
-    m_ended = !IsEntering() || MayLeaveEntry({.Text = "Are you sure that you would like to exit ZOVA?",
-                                              .Icon = BoxIcon::Question,
-                                              .Buttons = BoxButtons::YesNoCancel,
-                                              .Default = BoxAnswer::No,
-                                              .Title = "Exit"});
+    m_ended = m_screen != Screen::Entry || MayLeaveEntry({.Text = "Are you sure that you would like to exit ZOVA?",
+                                                          .Icon = BoxIcon::Question,
+                                                          .Buttons = BoxButtons::YesNoCancel,
+                                                          .Default = BoxAnswer::No,
+                                                          .Title = "Exit"});
   }
   return m_ended;
 }
 
 bool Session::MayLeaveEntry(const MessageBox& question) {
   if (m_platform.Boxes.Show(question) != BoxAnswer::Yes) return false;
-  const std::string autosave = JoinPath(m_param.Path(), "Temp.txt");
-  WithRetry(m_errors, [&] {
-    if (m_platform.Files.FileExists(autosave)) m_platform.Files.Delete(autosave);
-  });
+  m_entry.Abandon();
   return true;
 }
 
@@ -205,13 +208,17 @@ void Session::ToggleNextBlankSpace() noexcept {
   if (Menus().NextBlank) m_preferences.NextBlankSpace = !m_preferences.NextBlankSpace;
 }
 
-void Session::ToggleAutosave() noexcept {
-  if (Menus().Autosave) m_preferences.Autosave = !m_preferences.Autosave;
+void Session::ToggleAutosave() {
+  if (Menus().Autosave) m_entry.SetAutosave(!m_preferences.Autosave);
 }
 
-void Session::ShowTopics() { m_platform.Help.ShowHelp(HelpFile(m_programDir), ""); }
+void Session::ShowTopics() {
+  m_location.NoteOtherAct();
+  m_platform.Help.ShowHelp(HelpFile(m_programDir), "");
+}
 
 void Session::ShowAbout() {
+  m_location.NoteOtherAct();
   m_platform.Boxes.Show({.Text = "ZOVA\nVersion 2.0",
                          .Icon = BoxIcon::Information,
                          .Title = "About ZOVA 2.0",

@@ -15,6 +15,8 @@
 #include "project/ParamLocation.h"
 #include "project/ProjectBackup.h"
 #include "session/MenuStates.h"
+#include "subjects/SubjectEntry.h"
+#include "subjects/SubjectIdentification.h"
 
 namespace zova {
 
@@ -26,13 +28,6 @@ struct SessionPlatform {
   SettingsStore& Settings;
   Desktop& Pointer;
   HelpViewer& Help;
-};
-
-/// The check marks of the Preferences menu. They are not stored.
-struct Preferences {
-  bool SkipMinutes = false;
-  bool NextBlankSpace = false;
-  bool Autosave = true;
 };
 
 /// The application without its window: what is open, which screen is up, what the menus allow, and every command of
@@ -57,12 +52,11 @@ class Session {
   [[nodiscard]] std::string ProjectCaption() const;
   /// "Open Existing Project", or "Change Project" while one is open.
   [[nodiscard]] std::string OpenCaption() const;
-  /// Whether the main screen's picture of unfinished subjects can be chosen: it can while no project is open, too.
-  [[nodiscard]] bool OffersUnfinished() const noexcept { return !m_project || m_hasUnfinished; }
 
   // File
   void OpenExistingProject();
   void CreateNewProject();
+  void SaveIncompleteSubject();
   void Exit();
   /// The window's own closing: true when it may go.
   bool Close();
@@ -77,7 +71,7 @@ class Session {
   [[nodiscard]] const Preferences& Chosen() const noexcept { return m_preferences; }
   void ToggleSkipMinutes() noexcept;
   void ToggleNextBlankSpace() noexcept;
-  void ToggleAutosave() noexcept;
+  void ToggleAutosave();
   // Tools
   void CreateNewBackup();
   void RestoreFromBackup();
@@ -89,6 +83,17 @@ class Session {
   NewProjectWizard& Wizard() noexcept { return m_wizard; }
   void CancelWizard();
   void FinishWizard();
+
+  SubjectIdentification& Identification() noexcept { return m_identification; }
+  void FinishIdentification();
+  void LoadTypedSubject();
+  void BrowseSubject();
+  void CancelIdentification();
+
+  SubjectEntry& Entry() noexcept { return m_entry; }
+  void DoneWithAllTests();
+  void CancelEntry();
+  void AutosaveTick();
 
   // The panel on which a directory is chosen, in its three forms.
   [[nodiscard]] LocationTexts LocationTextsShown() const;
@@ -102,8 +107,8 @@ class Session {
 
  private:
   [[nodiscard]] BackupTools ToolsOfBackup();
-  [[nodiscard]] bool IsEntering() const noexcept;
   void Show(Screen screen);
+  void NotifyObserver() const;
   void ShowLocation(Screen screen);
   void Follow(const LocationOutcome& outcome);
   void StartWithLostParam();
@@ -114,6 +119,10 @@ class Session {
   /// True when a project is open now.
   bool OpenFirst();
   bool MayLeaveEntry(const MessageBox& question);
+  void OfferRestore();
+  void RestoreAutosave();
+  void Identify(SubjectIdentification::Purpose purpose);
+  void OpenEntry(SubjectIdentification::Outcome outcome);
 
   SessionPlatform m_platform;
   std::string m_programDir;
@@ -124,14 +133,19 @@ class Session {
   NewProjectWizard m_wizard;
   DirectoryBrowser m_locationBrowser;
   std::string m_locationText;
+  Preferences m_preferences;
+  SubjectRecord m_record;
+  SubjectIdentification m_identification;
+  SubjectEntry m_entry;
+  bool m_entersNewSubjects = false;  // after a complete save the next one is asked for
   std::function<void()> m_observer;
   Screen m_screen = Screen::Main;
   std::optional<ProjectParameters> m_project;
   SavedProject m_saved;  // of the open project
   bool m_hasUnfinished = false;
   bool m_restoring = false;  // never false again once set
+  bool m_restoreOffered = false;
   bool m_ended = false;
-  Preferences m_preferences;
 };
 
 }  // namespace zova

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// The commands that lead into entering and masters, and those of the Tools menu.
+// The commands that lead into masters and means, and those of the Tools menu.
 
 #include "master/MasterRun.h"
 #include "project/ProjectFile.h"
@@ -8,12 +8,6 @@
 #include "session/Session.h"
 
 namespace zova {
-
-void Session::EnterSubjects() { OpenFirst(); }
-
-void Session::ReadOldData() { OpenFirst(); }
-
-void Session::UnfinishedBusiness() { OpenFirst(); }
 
 void Session::ExamineMeans() { OpenFirst(); }
 
@@ -109,6 +103,7 @@ void Session::Follow(const LocationOutcome& outcome) {
   if (outcome.Next == LocationOutcome::Step::EndProgram) m_ended = true;
   if (outcome.Next == LocationOutcome::Step::Close) Show(Screen::Main);
   if (outcome.Message) m_platform.Boxes.Show(*outcome.Message);
+  if (outcome.Next == LocationOutcome::Step::Close) OfferRestore();
 }
 
 }  // namespace zova

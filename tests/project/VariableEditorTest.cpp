@@ -29,8 +29,8 @@ TEST(VariableEditor, AsksForOneNameAfterAnother) {
   EXPECT_EQ(editor.Heading(), "The variable AGE has the following levels:");
   Type(editor, {"young", "old"}), editor.HighlightLevel(1), Type(editor, {"child", "oldest"});
   editor.HighlightVariable(), editor.TakeEntry(), editor.HighlightLevel(5);
-  Type(editor, {"4", "5", "6", "7", "8", "9", "10"});
-  EXPECT_EQ(Shown(editor), "10[10] 1. child 2. old 3. oldest 4. 4 5. 5 6. 6 7. 7 8. 8 9. 9 10. 10");
+  Type(editor, {"4", "5", "6", "7", "8", "9", "10", "eleventh"});
+  EXPECT_EQ(Shown(editor), "11[] 1. child 2. old 3. oldest 4. 4 5. 5 6. 6 7. 7 8. 8 9. 9 10. 10");
 }
 
 TEST(VariableEditor, AddsReviewsDeletesAndChecks) {
@@ -68,7 +68,7 @@ TEST(VariableEditor, KeepsWhatAnOldFileHolds) {
   project.LevelNames[0].fill("x");
   VariableEditor editor;
   editor.Load(project), editor.Review(), editor.HighlightLevel(11), editor.TakeEntry();
-  EXPECT_EQ(Shown(editor).substr(0, 5) + editor.LevelLabels().back(), "10[x]10. x");
+  EXPECT_EQ(Shown(editor).substr(0, 5) + editor.LevelLabels().back(), "12[] 10. x");
   stored.VariableNames.fill("stale"), stored.LevelCounts.fill(3), editor.Store(stored);
   EXPECT_EQ(stored, project);
 }

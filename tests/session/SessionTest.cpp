@@ -119,7 +119,14 @@ TEST_F(SessionTest, PicturesOpenAProjectFirst) {
        "master.  Do you want to complete some data now?",
        BoxAnswer::Yes, "", BoxIcon::Question, BoxButtons::YesNoCancel});
   session.CreateNewMaster();
+  EXPECT_EQ(session.Shown(), Screen::Identification);
+  EXPECT_EQ(session.Identification().Heading(), "Unfinished Business");
+  session.CancelIdentification();
   EXPECT_TRUE(session.Menus().Unfinished);
+  std::filesystem::remove_all(m_scratch.Native("C:\\ZOVA\\Sample Data\\Sdata\\Unfinished"));
+  Boxes.Expect({.Text = "You do not have unfinished data for this project.", .Icon = BoxIcon::Information});
+  session.UnfinishedBusiness();
+  EXPECT_FALSE(session.Menus().Unfinished);
 }
 
 TEST_F(SessionTest, OpenDuringTheWizardCancelsItFirst) {

@@ -87,9 +87,11 @@ class CountingDesktop final : public Desktop {
   ~CountingDesktop() override { EXPECT_EQ(Busy, 0) << "the busy pointer was left behind"; }
   void ShowBusyPointer() override { ++Busy, ++Shown; }
   void RestorePointer() override { --Busy; }
+  void Beep() override { ++Beeps; }
 
   int Busy = 0;
   int Shown = 0;
+  int Beeps = 0;
 };
 
 }  // namespace zova::testing

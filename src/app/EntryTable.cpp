@@ -1,0 +1,144 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/EntryTable.h"
+
+#include <QAbstractTableModel>
+#include <QHeaderView>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QStyledItemDelegate>
+#include <algorithm>
+
+namespace zova {
+
+namespace {
+
+constexpr const char* kHeadings[] = {"Item #", "Recalled", "Minute", "Rating"};
+
+class EntryDelegate final : public QStyledItemDelegate {
+ public:
+  EntryDelegate(const EntryGrid& grid, QObject* parent) : QStyledItemDelegate(parent), m_grid(grid) {}
+
+  void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+    const int column = index.column();
+    const bool isCursor = EntryCell{index.row() + 1, column} == m_grid.Cursor();
+    const bool isSelected = option.state.testFlag(QStyle::State_Selected);
+    const bool isGreyed = column != 0 && !m_grid.IsUsed(column);
+    auto ground = column == 0 ? QPalette::Button : isGreyed ? QPalette::Window : QPalette::Base;
+    if (isSelected) ground = QPalette::Highlight;
+    painter->fillRect(option.rect, option.palette.brush(QPalette::Active, ground));
+    if (isCursor) {  // in a frame of the text's own colour, which no other cell has
+      const double frame = std::max(3, option.fontMetrics.height() / 6);
+      const QBrush ink = option.palette.brush(QPalette::Active, QPalette::Text);
+      painter->setPen({ink, frame, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin});
+      painter->drawRect(QRectF(option.rect).adjusted(frame / 2, frame / 2, -frame / 2, -frame / 2));
+    }
+    QFont font = option.font;
+    font.setBold(isCursor);
+    painter->setFont(font);
+    painter->setPen(option.palette.color(QPalette::Active, isSelected ? QPalette::HighlightedText : QPalette::Text));
+    painter->drawText(option.rect, Qt::AlignCenter, index.data().toString());
+  }
+
+ private:
+  const EntryGrid& m_grid;
+};
+
+}  // namespace
+
+class EntryModel final : public QAbstractTableModel {
+ public:
+  EntryModel(EntryGrid& grid, QObject* parent) : QAbstractTableModel(parent), m_grid(grid) {}
+
+  [[nodiscard]] int rowCount(const QModelIndex& parent) const override { return parent.isValid() ? 0 : m_lines; }
+  [[nodiscard]] int columnCount(const QModelIndex& parent) const override {
+    return parent.isValid() ? 0 : static_cast<int>(std::size(kHeadings));
+  }
+  [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& index) const override {
+    return index.column() == 0 ? Qt::ItemIsEnabled : Qt::ItemIsEnabled | Qt::ItemIsSelectable;
+  }
+  [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override {
+    if (role != Qt::DisplayRole) return {};
+    const int shown = index.column() == 0 ? index.row() + 1 : m_grid.Value(index.row() + 1, index.column());
+    return shown == 0 ? QString() : QString::number(shown);
+  }
+  [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation, int role) const override {
+    if (role != Qt::DisplayRole || orientation != Qt::Horizontal) return {};
+    return QString::fromLatin1(kHeadings[section]);
+  }
+
+  void Follow() {
+    const EntryGrid::ChangedLines changed = m_grid.TakeChangedLines();
+    if (m_grid.Lines() != m_lines) {
+      beginResetModel();
+      m_lines = m_grid.Lines();
+      endResetModel();
+    } else if (changed.FirstLine <= changed.LastLine) {
+      emit dataChanged(index(changed.FirstLine - 1, kItemColumn), index(changed.LastLine - 1, kRatingColumn));
+    }
+  }
+
+ private:
+  EntryGrid& m_grid;
+  int m_lines = 0;
+};
+
+EntryTable::EntryTable(EntryGrid& grid) : m_grid(grid), m_model(new EntryModel(grid, this)) {
+  setObjectName(QStringLiteral("grdInput"));
+  setModel(m_model);
+  setItemDelegate(new EntryDelegate(grid, this));
+  setFocusPolicy(Qt::NoFocus);
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  verticalHeader()->hide();
+  verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+  verticalHeader()->setMinimumSectionSize(1);
+  verticalHeader()->setDefaultSectionSize(fontMetrics().height() * 3 / 2);
+  horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+  horizontalHeader()->setSectionsClickable(false);
+  horizontalHeader()->setHighlightSections(false);
+  setMinimumSize(fontMetrics().averageCharWidth() * 40, fontMetrics().height() * 8);
+}
+
+void EntryTable::Refresh() {
+  m_model->Follow();
+  const auto indexOf = [this](int line, int column) { return m_model->index(line - 1, column); };
+  const EntryBlock& block = m_grid.Selection();
+  if (block != m_shownSelection || !selectionModel()->hasSelection()) {
+    m_shownSelection = block;
+    const QItemSelection cells(indexOf(block.FirstLine, block.FirstColumn), indexOf(block.LastLine, block.LastColumn));
+    selectionModel()->select(cells, QItemSelectionModel::ClearAndSelect);
+  }
+  const QModelIndex cursor = indexOf(m_grid.Cursor().Line, m_grid.Cursor().Column);
+  selectionModel()->setCurrentIndex(cursor, QItemSelectionModel::NoUpdate);
+  ScrollToCursor();
+}
+
+void EntryTable::ScrollToCursor() { scrollTo(currentIndex()); }
+
+void EntryTable::mousePressEvent(QMouseEvent* event) {
+  const QModelIndex pressed = indexAt(event->position().toPoint());
+  m_dragging = event->button() == Qt::LeftButton && pressed.column() >= kItemColumn;
+  if (!m_dragging) return;
+  m_grid.Click({pressed.row() + 1, pressed.column()});
+  emit Acted();
+}
+
+// Comes only while a button is held. Beyond the edge it goes to the next line, so that dragging scrolls.
+void EntryTable::mouseMoveEvent(QMouseEvent* event) {
+  if (!m_dragging) return;
+  const QPoint place = event->position().toPoint();
+  const int bottom = viewport()->height() - 1;
+  const int row = rowAt(std::clamp(place.y(), 0, bottom));
+  const int beyond = place.y() < 0 ? -1 : place.y() > bottom ? 1 : 0;
+  const int column = columnAt(std::clamp(place.x(), 0, viewport()->width() - 1));
+  m_grid.SelectTo({row < 0 ? m_grid.Lines() : row + 1 + beyond, column});
+  emit Acted();
+}
+
+void EntryTable::mouseDoubleClickEvent(QMouseEvent* event) { mousePressEvent(event); }
+
+void EntryTable::resizeEvent(QResizeEvent* event) {
+  QTableView::resizeEvent(event);
+  ScrollToCursor();
+}
+
+}  // namespace zova

@@ -1,0 +1,112 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The way of a subject: identified, entered, saved; or restored after an interruption.
+
+#include <utility>
+
+#include "project/ProjectFile.h"
+#include "session/Session.h"
+#include "subjects/SubjectFile.h"
+
+namespace zova {
+
+void Session::Identify(SubjectIdentification::Purpose purpose) {
+  m_entersNewSubjects = purpose == SubjectIdentification::Purpose::NewSubject;
+  m_identification.Open(purpose, *m_project);
+  Show(Screen::Identification);
+}
+
+void Session::EnterSubjects() {
+  if (OpenFirst()) Identify(SubjectIdentification::Purpose::NewSubject);
+}
+
+void Session::ReadOldData() {
+  if (OpenFirst()) Identify(SubjectIdentification::Purpose::OldData);
+}
+
+void Session::UnfinishedBusiness() {
+  if (!OpenFirst()) return;
+  LookForUnfinished();
+  if (m_hasUnfinished) {
+    Identify(SubjectIdentification::Purpose::Unfinished);
+    return;
+  }
+  Show(Screen::Main);
+  m_platform.Boxes.Show({.Text = "You do not have unfinished data for this project.", .Icon = BoxIcon::Information});
+}
+
+void Session::FinishIdentification() { OpenEntry(m_identification.Finish()); }
+
+void Session::LoadTypedSubject() { OpenEntry(m_identification.LoadTyped()); }
+
+void Session::BrowseSubject() { OpenEntry(m_identification.Browse()); }
+
+void Session::CancelIdentification() { Show(Screen::Main); }
+
+void Session::OpenEntry(SubjectIdentification::Outcome outcome) {
+  if (outcome != SubjectIdentification::Outcome::OpenEntry) return;
+  m_entry.Open(*m_project, m_param.Path());
+  Show(Screen::Entry);
+}
+
+void Session::DoneWithAllTests() {
+  if (!m_entry.DoneWithAllTests().Left) return;
+  LookForUnfinished();
+  if (m_entersNewSubjects) {
+    Identify(SubjectIdentification::Purpose::NewSubject);
+  } else {
+    Show(Screen::Main);
+  }
+}
+
+void Session::SaveIncompleteSubject() {
+  if (!Menus().SaveIncomplete) return;
+  m_entry.SaveIncomplete();
+  LookForUnfinished();
+}
+
+void Session::CancelEntry() {
+  if (m_entry.Cancel().Left) Show(Screen::Main);
+}
+
+void Session::AutosaveTick() { m_entry.Tick(); }
+
+void Session::OfferRestore() {
+  if (std::exchange(m_restoreOffered, true)) return;
+  const std::string autosave = JoinPath(m_param.Path(), "Temp.txt");
+  bool isThere = false;
+  WithRetry(m_errors, [&] { isThere = m_platform.Files.FileExists(autosave); });
+  if (!isThere) return;
+  const BoxAnswer answer = m_platform.Boxes.Show(
+      {.Text = "The program was interrupted while entering a subject.  Would you like to restore from the autosave?",
+       .Icon = BoxIcon::Information,
+       .Buttons = BoxButtons::YesNoCancel,
+       .Default = BoxAnswer::Yes,
+       .Title = "Restore"});
+  if (answer == BoxAnswer::Yes) {
+    RestoreAutosave();
+  } else {
+    WithRetry(m_errors, [&] { DeleteAutosaveFile(m_platform.Files, m_param.Path()); });
+  }
+}
+
+// A restore that cannot be read keeps the file: it may be all there is of the subject.
+void Session::RestoreAutosave() {
+  Disk& disk = m_platform.Files;
+  std::string file;
+  ProjectParameters project;
+  const auto readProject = [&] {
+    file = JoinPath(m_param.Path(), ReadAutosaveProject(disk, m_param.Path()));
+    project = ReadProjectFile(disk, file);
+  };
+  if (!WithRetry(m_errors, readProject) ||
+      !WithRetry(m_errors, [&] { ReadAutosaveFile(disk, m_param.Path(), project, m_record); })) {
+    return;
+  }
+  TakeProject(std::move(project), std::move(file));
+  m_entersNewSubjects = false;
+  m_entry.Open(*m_project, m_param.Path(), /*restored=*/true);
+  Show(Screen::Entry);
+}
+
+}  // namespace zova

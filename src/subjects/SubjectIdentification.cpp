@@ -1,0 +1,218 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "subjects/SubjectIdentification.h"
+
+#include <array>
+
+#include "project/DirectoryRules.h"
+#include "subjects/SubjectFile.h"
+#include "subjects/SubjectFiles.h"
+#include "text/Encoding.h"
+#include "text/LeadingNumber.h"
+
+namespace zova {
+
+namespace {
+
+constexpr std::size_t kLongestIdentifier = 20;
+constexpr std::size_t kExtensionLength = 4;
+
+std::string Trimmed(std::string_view text) {
+  const std::size_t first = text.find_first_not_of(' ');
+  if (first == std::string_view::npos) return {};
+  return std::string(text.substr(first, text.find_last_not_of(' ') - first + 1));
+}
+
+bool IsIdentifier(const std::string& text) {
+  return !Trimmed(text).empty() && CharacterCount(text) <= kLongestIdentifier && IsFileNamePart(text) &&
+         IsValidUtf8(text);
+}
+
+// The whole marker here, its first two characters where files are saved: both forms are kept.
+std::string ExpectedPrefix(const ProjectParameters& project) {
+  return project.Abbreviation + (project.FormatMarker == kCurrentMarker ? " Sub#" : "");
+}
+
+// "" for a file that is none of this project's subjects. Blanks around an identifier stay: so does its file.
+std::string IdentifierOfFile(const ProjectParameters& project, std::string_view path) {
+  const std::string_view name = LastPathComponent(path);
+  const std::string prefix = ExpectedPrefix(project);
+  if (!BeginsIgnoringCase(name, prefix) || name.size() - prefix.size() <= kExtensionLength) return {};
+  const std::string identifier = SubjectIdFromFileName(project, path);
+  return IsIdentifier(identifier) ? identifier : std::string();
+}
+
+// Heading and instruction, in the order of the purposes.
+constexpr std::array<std::array<const char*, 2>, 3> kTexts = {{
+    {"Subject Information", ""},
+    {"Read Old Data",
+     "If you enter the subject identifier, ZOVA will search the primary path for the data.  If you prefer to browse "
+     "for the appropriate file on your own, please select the 'Browse' button."},
+    {"Unfinished Business",
+     "Please enter in the subject identifier to be completed.  If you are not sure of the identifier, please select "
+     "the 'Browse' button."},
+}};
+
+}  // namespace
+
+void SubjectIdentification::Open(Purpose purpose, const ProjectParameters& project) {
+  m_purpose = purpose;
+  m_project = &project;
+  m_subjectText.clear();
+  m_record = {};
+  ResetLists(m_record, project);
+  GoTo(1);
+}
+
+std::string SubjectIdentification::Heading() const { return kTexts[static_cast<std::size_t>(m_purpose)][0]; }
+std::string SubjectIdentification::Instruction() const { return kTexts[static_cast<std::size_t>(m_purpose)][1]; }
+
+std::string SubjectIdentification::Counter() const { return std::to_string(m_step) + " of " + std::to_string(Steps()); }
+
+std::string SubjectIdentification::LevelsList() const {
+  if (m_step == 1) return {};
+  const auto variable = static_cast<std::size_t>(m_step - 2);
+  std::string list = "The levels for the " + UpperCase(m_project->VariableNames[variable]) + " variable are: \n\n";
+  for (std::size_t level = 1; level <= static_cast<std::size_t>(m_project->LevelCounts[variable]); ++level) {
+    list += "     " + std::to_string(level) + ". " + m_project->LevelNames[variable][level - 1] + "\n";
+  }
+  return list;
+}
+
+void SubjectIdentification::SetSubjectText(const std::string& text) {
+  m_subjectText = text;
+  // It becomes a column of a comma-separated file, in quotes that nothing escapes.
+  std::erase_if(m_subjectText,
+                [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == '\x7f' || c == '"' || c == ','; });
+}
+
+SubjectIdentification::Outcome SubjectIdentification::StayInBox() {
+  ++m_cursorMoves;
+  return Outcome::Stay;
+}
+
+SubjectIdentification::Outcome SubjectIdentification::Refuse(const std::string& text) {
+  m_tools.Boxes.Show({.Text = text, .Icon = BoxIcon::Exclamation});
+  return StayInBox();
+}
+
+SubjectIdentification::Outcome SubjectIdentification::GoTo(int step) {
+  m_step = step;
+  const int level = step == 1 ? 0 : m_record.Levels[static_cast<std::size_t>(step - 2)];
+  m_levelText = level == 0 ? "" : std::to_string(level);
+  return StayInBox();
+}
+
+bool SubjectIdentification::StoreLevel() {
+  const auto variable = static_cast<std::size_t>(m_step - 2);
+  const std::int16_t level = LeadingInteger16(m_levelText).value_or(0);
+  if (level < 1 || level > m_project->LevelCounts[variable]) return false;
+  m_record.Levels[variable] = level;
+  return true;
+}
+
+bool SubjectIdentification::TakeBox() {
+  m_subjectText = Trimmed(m_subjectText);
+  if (m_step == 1 ? IsIdentifier(m_subjectText) : StoreLevel()) return true;
+  if (m_step == 1) {
+    m_tools.Signals.Beep();
+    m_subjectText.clear();
+  }
+  Refuse("Invalid Format.");
+  return false;
+}
+
+void SubjectIdentification::Next() {
+  if (CanGoNext() && TakeBox()) GoTo(m_step + 1);
+}
+
+void SubjectIdentification::Back() {
+  if (!CanGoBack()) return;
+  StoreLevel();
+  GoTo(m_step - 1);
+}
+
+std::string SubjectIdentification::Directory() const {
+  return m_purpose == Purpose::Unfinished ? UnfinishedDirectory(m_project->PrimaryDir)
+                                          : SubjectDirectory(m_project->PrimaryDir);
+}
+
+// False also when it could not be looked for and the user gave up.
+bool SubjectIdentification::MayReplaceComplete(const std::string& subjectId) {
+  const std::string path =
+      JoinPath(SubjectDirectory(m_project->PrimaryDir), ExpectedPrefix(*m_project) + subjectId + ".dat");
+  bool exists = false;
+  if (!WithRetry(m_tools.Errors, [&] { exists = m_tools.Files.FileExists(path); })) return false;
+  if (!exists) return true;
+  const BoxAnswer answer =
+      m_tools.Boxes.Show({.Text = "Subject ID '" + subjectId +
+                                  "' already exists!  When this subject is saved it will delete the old data.  Are you "
+                                  "sure you want to do this?",
+                          .Icon = BoxIcon::Exclamation,
+                          .Buttons = BoxButtons::YesNoCancel,
+                          .Default = BoxAnswer::No});
+  if (answer != BoxAnswer::Yes) GoTo(1);
+  return answer == BoxAnswer::Yes;
+}
+
+SubjectIdentification::Outcome SubjectIdentification::Finish() {
+  if (!TakeBox()) return Outcome::Stay;
+  for (int variable = 1; variable <= m_project->VariableCount; ++variable) {
+    if (m_record.Levels[static_cast<std::size_t>(variable - 1)] == 0) return GoTo(variable + 1);
+  }
+  if (!MayReplaceComplete(m_subjectText)) return StayInBox();
+  m_record.SubjectId = m_subjectText;
+  return Outcome::OpenEntry;
+}
+
+SubjectIdentification::Outcome SubjectIdentification::Load(const std::string& path, const std::string& subjectId,
+                                                           bool& endedEarly) {
+  // Completed, an unfinished subject replaces a complete one of its name.
+  if (m_purpose == Purpose::Unfinished && !MayReplaceComplete(subjectId)) return StayInBox();
+  const BusyPointer busy(m_tools.Signals);
+  const bool isRead = WithRetry(m_tools.Errors, [&] {
+    try {
+      LoadSubjectFile(m_tools.Files, path, *m_project, m_record);
+    } catch (const FileError& error) {
+      endedEarly = error.Cause() == FileCause::EndOfData;
+      throw;
+    }
+  });
+  if (!isRead) return StayInBox();
+  m_record.SubjectId = subjectId;
+  return Outcome::OpenEntry;
+}
+
+SubjectIdentification::Outcome SubjectIdentification::LoadTyped() {
+  if (!TakeBox()) return Outcome::Stay;
+  const std::string path = JoinPath(Directory(), SubjectFileName(*m_project, m_subjectText));
+  bool exists = false;
+  if (!WithRetry(m_tools.Errors, [&] { exists = m_tools.Files.FileExists(path); })) return StayInBox();
+  if (!exists) {
+    return Refuse(
+        "The subject identified does not exist. You can edit the subject identifier, or you could try browsing.  If "
+        "you are trying to read data from a different project, you have to cancel the 'Read Old Data' screen and go to "
+        "the 'file', 'Open Existing Project' menu first.");
+  }
+  bool endedEarly = false;  // told; another identifier may be typed
+  return Load(path, m_subjectText, endedEarly);
+}
+
+SubjectIdentification::Outcome SubjectIdentification::Browse() {
+  const FileQuestion question = {.Title = "Select Data File",
+                                 .Directory = Directory(),
+                                 .Filters = {{"DAT files (*.dat)", "*.dat"}, {"All files (*.*)", "*"}}};
+  for (;;) {
+    const std::optional<std::string> path = m_tools.Dialogs.ChooseFile(question);
+    if (!path) return Outcome::Stay;
+    const std::string identifier = IdentifierOfFile(*m_project, *path);
+    if (identifier.empty()) {
+      return Refuse("This file is not a subject file for this experiment.  Please select another file.");
+    }
+    bool offersAgain = false;
+    const Outcome outcome = Load(*path, identifier, offersAgain);
+    if (!offersAgain) return outcome;
+  }
+}
+
+}  // namespace zova

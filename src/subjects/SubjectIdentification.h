@@ -1,0 +1,87 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+
+#include "platform/Choosers.h"
+#include "platform/Desktop.h"
+#include "platform/Disk.h"
+#include "platform/FileErrorHandler.h"
+#include "subjects/SubjectRecord.h"
+
+namespace zova {
+
+struct IdentificationTools {
+  Disk& Files;
+  MessageBoxes& Boxes;
+  FileErrorHandler& Errors;
+  Choosers& Dialogs;
+  Desktop& Signals;
+};
+
+/// The screen that names a subject, for its three purposes. A new subject is asked for its identifier (step 1) and
+/// then for its level of each variable (steps 2 to V+1); an existing one only for its identifier, or its file.
+class SubjectIdentification {
+ public:
+  enum class Purpose { NewSubject, OldData, Unfinished };
+  enum class Box { Subject, Level };
+  enum class Outcome { Stay, OpenEntry };
+
+  SubjectIdentification(SubjectRecord& record, const IdentificationTools& tools) : m_record(record), m_tools(tools) {}
+
+  /// Step 1 with empty boxes. `project` must outlive the screen.
+  void Open(Purpose purpose, const ProjectParameters& project);
+
+  [[nodiscard]] Purpose CurrentPurpose() const noexcept { return m_purpose; }
+  [[nodiscard]] std::string Heading() const;      ///< "Subject Information", "Read Old Data" or "Unfinished Business"
+  [[nodiscard]] std::string Instruction() const;  ///< "" for a new subject
+  [[nodiscard]] std::string Counter() const;      ///< "1 of 3"
+  [[nodiscard]] bool AsksIdentifier() const noexcept { return m_step == 1; }
+  /// The levels of the variable asked for, as a text of several lines; "" on step 1.
+  [[nodiscard]] std::string LevelsList() const;
+  [[nodiscard]] bool CanGoBack() const noexcept { return m_step > 1; }
+  [[nodiscard]] bool CanGoNext() const noexcept { return m_step < Steps(); }
+  [[nodiscard]] bool CanFinish() const noexcept { return !LooksForExisting() && m_step == Steps(); }
+  [[nodiscard]] bool LooksForExisting() const noexcept { return m_purpose != Purpose::NewSubject; }
+
+  [[nodiscard]] const std::string& SubjectText() const noexcept { return m_subjectText; }
+  /// Drops what an identifier cannot hold.
+  void SetSubjectText(const std::string& text);
+  [[nodiscard]] const std::string& LevelText() const noexcept { return m_levelText; }
+  void SetLevelText(const std::string& text) { m_levelText = text; }
+
+  /// Only when CanGoNext, CanGoBack; else nothing happens. A level that may stand is kept on the way back, too.
+  void Next();
+  void Back();
+  /// "Done!" for a new subject: OpenEntry with an empty record.
+  Outcome Finish();
+  /// "OK" and "Browse" for an existing one: OpenEntry with the record loaded, or Stay with the record still blank.
+  Outcome LoadTyped();
+  Outcome Browse();
+
+  [[nodiscard]] Box Cursor() const noexcept { return m_step == 1 ? Box::Subject : Box::Level; }
+  /// Grows whenever the cursor was placed anew; the box's text is to be selected then.
+  [[nodiscard]] int CursorMoves() const noexcept { return m_cursorMoves; }
+
+ private:
+  [[nodiscard]] int Steps() const noexcept { return LooksForExisting() ? 1 : 1 + m_project->VariableCount; }
+  bool StoreLevel();  // false when what stands in the box is no level of the variable
+  bool TakeBox();
+  Outcome GoTo(int step);
+  Outcome StayInBox();
+  Outcome Refuse(const std::string& text);
+  [[nodiscard]] std::string Directory() const;
+  bool MayReplaceComplete(const std::string& subjectId);
+  Outcome Load(const std::string& path, const std::string& subjectId, bool& endedEarly);
+
+  SubjectRecord& m_record;
+  IdentificationTools m_tools;
+  const ProjectParameters* m_project = nullptr;
+  Purpose m_purpose = Purpose::OldData;  // one step, before there is a project
+  int m_step = 1;
+  std::string m_subjectText;
+  std::string m_levelText;
+  int m_cursorMoves = 0;
+};
+
+}  // namespace zova

@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The entry grid's rules: which key changes what, where it leads, and what is said.
+
+#include "subjects/EntryDesk.h"
+
+using namespace zova;
+using namespace zova::testing;
+
+namespace {
+
+const BoxTable kBoxes = {
+    {"item", Told("The entered number was out of item range.")},
+    {"cell", Told("You cannot enter ratings for this test.")},
+    {"block", Told("You cannot enter ratings on this test.")},
+    {"only minutes.", Told("You can only select items in the 'Minute' column for this.")},
+    {"only minutes", Told("You can only select items in the 'Minute' column for this")},
+    {"last line", Told("The 'next blank space' option has been turned off because you reached the last line.",
+                       BoxIcon::Information)},
+    {"loss",
+     {.Text =
+          "Doing this will delete item and minute data from the bottom of the list.  Do you wish to continue anyway?",
+      .Icon = BoxIcon::Question,
+      .Buttons = BoxButtons::YesNo,
+      .Default = BoxAnswer::No}},
+    {"over 10",
+     {.Text = "You are about to permanently delete over 10 lines of data.  Are you sure you want to do this?",
+      .Icon = BoxIcon::Exclamation,
+      .Buttons = BoxButtons::YesNo,
+      .Default = BoxAnswer::No,
+      .Title = "Warning"}}};
+
+}  // namespace
+
+TEST(EntryGrid, TakesOneCell) {
+  ExpectAll(kBoxes,
+            {"mr1; ; 3e4e5e; 3/4/5; @2,1*", "mr1; ; 5e; 5; @1,2*", "mr1; 2; 6e; 2; @1,1; item",
+             "mr1; 2; 65537e; 2; @1,1; item", "mr1; 2; 99999999999999999999e; 2; @1,1; item", "mr1; 2; e; 2; @1,1",
+             "mr1; ; a3.,e; 3; @1,2*", "mr1; 2/4; 2e; 2/4; @1,2", "mr1; 2/4; 00e; 0/4; @1,2*", "mr1; ; r9e; 0/9; @1,3*",
+             "mr1; ; rr7e; 0/0/7; @2,1*", "mr2; ; rr1e; ; @1,3; cell"});
+}
+
+TEST(EntryGrid, MovesOn) {
+  ExpectAll(kBoxes, {"mrS1; ; 3e; 3; @1,3*", "mrS2; ; 3e; 3; @2,1*", "mrS3; ; 3e; 3; @2,1*", "mS1; ; 3e; 3; @2,1*",
+                     "r1; ; 3e; 3; @1,3*", "1; ; 3e; 3; @2,1*", "mr2; ; r3e; 0/3; @2,1*", "mr3; ; r3e; 0/3; @1,3*",
+                     "1; ; dddd3e; 0 0 0 0 3; @5,1*", "m1; ; ddddr3e; 0 0 0 0 0/3; @5,1*",
+                     "mr1; ; ddddrr3e; 0 0 0 0 0/0/3; @5,3*", "mr1; ; 3e; 3; @1,2*"});
+}
+
+TEST(EntryGrid, LooksForTheNextBlank) {
+  ExpectAll(kBoxes, {"mrB1; ; 3e; 3; @1,2*", "mrB1; 0/0/5; 3e4e; 3/4/5; @2,1*",
+                     "mrB1; 0/4/5 1/1/1 1/1; 3e; 3/4/5 1/1/1 1/1; @3,3*", "mrB2; 0/4 1/1 1/1; 3e; 3/4 1/1 1/1; @4,1*",
+                     "mrB3; 0/4; 3e; 3/4; @1,3*", "rB1; 0/0/5 1; 3e; 3/0/5 1; @2,3*", "mrBS1; ; 3e; 3; @1,2*",
+                     "mrB1; ; d1e; 0 1; @2,2*", "B1; 0 1 1 1; 3e2e; 3 1 1 1 2; @5,1*; last line",
+                     "mrB1; 0/4/5 1/1/1 1/1/1 1/1/1; 3e2e; 3/4/5 1/1/1 1/1/1 1/1/1 2; @5,2*; last line",
+                     "mrB1; ; dddd2e; 0 0 0 0 2; @5,1*; last line", "mrB1; ; 6e; ; @1,1; item"});
+}
+
+TEST(EntryGrid, MovesAndSelects) {
+  ExpectAll(kBoxes, {"mr1; ; ul; ; @1,1", "1; ; ddddddrrr; ; @5,3", "1; ; rrddlu; ; @2,2", "1; ; 5drtT; ; @1,1 '5'",
+                     "1; ; DD; ; @3,1-1,1", "1; ; ddrrUUULLLL; ; @1,1-3,3", "1; ; DDDU; ; @3,1-1,1", "1; ; DDd; ; @4,1",
+                     "1; ; drDRl; ; @3,2", "mr1; ; tttt; ; @2,2", "mr2; ; tttt; ; @3,1", "mr3; ; tttt; ; @2,2",
+                     "r1; ; ttt; ; @2,3", "1; ; rt; ; @2,1", "1; ; rT; ; @1,1", "mr2; ; ddT; ; @2,2",
+                     "mr1; ; Ttddddrrt; ; @5,3", "1; ; c; ; @5,3"});
+}
+
+TEST(EntryGrid, FillsABlockOfOneColumn) {
+  ExpectAll(kBoxes, {"mr1; 1/1 2 3 4; rDD4e; 1/4 2/4 3/4 4; @3,2-1,2*", "mr1; 1/1 2/2; rD0e; 1 2; @2,2-1,2*",
+                     "mr1; 1/4 2/4; rD4e; 1/4 2/4; @2,2-1,2", "mrB1; ; ddrrU7e; 0 0/0/7 0/0/7; @2,3-3,3*",
+                     "mr2; ; rrD1e; ; @2,3-1,3; block", "mr3; ; rrD1e; ; @2,3-1,3; block", "mr1; ; De; ; @2,1-1,1",
+                     "mr1; ; Re; ; @1,2-1,1 b", "mr1; ; RD4e; ; @2,2-1,1 '4' b"});
+}
+
+TEST(EntryGrid, InsertsDeletesAndBumps) {
+  ExpectAll(
+      kBoxes,
+      {"mr1; 1/1/1 2/2 3; dri; 1/1/1 0 2/2 3; @2,2*", "mr1; 1 2 3; dDDi; 1 0 2 3; @2,1*", "mr1; 1 2; ddi; 1 2; @3,1",
+       "mr1; 1 2 3 4 5/1; i; 1 2 3 4 5/1; @1,1; loss?N", "mr1; 1 2 3 4 5/1; ddddi; 1 2 3 4; @5,1*; loss?Y",
+       "mr1; 1/1 2 3/3 4; drx; 1/1 3/3 4; @2,2*", "mr1; 1 2 3 4 5; ddUUx; 4 5; @1,1*", "mr1; 1; ddDx; 1; @3,1",
+       "l1; 1; DDDDDDDDDx; ; @1,1*", "l1; 1; DDDDDDDDDDx; 1; @11,1-1,1; over 10?N",
+       "l1; 1; DDDDDDDDDDx; ; @1,1*; over 10?Y", "m1; 1/9 2/1 3; rDD+; 1/9 2/2 3/1; @3,2-1,2*",
+       "m1; 1/9 2/1 3; rDD-; 1/8 2 3; @3,2-1,2*", "m1; 1; r-; 1; @1,2*", "m1; 1/1; +; 1/1; @1,1; only minutes.",
+       "m1; 1/1; -; 1/1; @1,1; only minutes", "m1; 1/1; R+; 1/1; @1,2-1,1; only minutes.", "r1; 1; r+; 1; @1,2"});
+}
+
+TEST(EntryGrid, UndoesAndRedoesWhereItHappened) {
+  ExpectAll(kBoxes,
+            {"mr1; ; 3e4ez; 3; @1,2*", "mr1; ; 3e4ezz; ; @1,1*", "mr1; ; 3e4ezzyyy; 3/4; @1,2*",
+             "mr1; ; 3ez5ey; 5; @1,2*", "mr1; 3; zy; 3; @1,1", "mr1; 1/2; 2ez2e3ez; 2/2; @1,2*",
+             "mr1; 1 2 3 4 5; dDxz; 1 2 3 4 5; @2,1*", "mr1; ; 3en4ezz; ; @1,1*", "mr1; ; 3en4ezzyy; 4; @1,1*"});
+}
+
+TEST(EntryGrid, CopiesAndPastesWhole) {
+  ScriptedBoxes boxes{{"The entered number was out of minute range.", BoxAnswer::Ok, "Line 2 of the pasted data."}};
+  EntryDesk desk(boxes, "mr1", "1/2 0 5");
+  desk.Press("ddrUUL");
+  const std::string copied = desk.grid.Copy();
+  EXPECT_EQ(copied, "1\t2\n\t\n5\t\n");
+  desk.grid.Paste("3\t4\n3\t10\n");
+  desk.grid.Paste("");
+  EXPECT_EQ(desk.GridState(), "@1,1-3,2");
+  desk.Press("drL");
+  desk.grid.Paste(copied);
+  desk.grid.TakeChangedLines();
+  EXPECT_EQ(desk.GridState(), "@2,1-2,2*");
+  EXPECT_EQ(desk.grid.Copy(), "1\t2\n");
+  desk.Press("zurr");
+  desk.grid.Paste("7\r\n6");
+  EXPECT_EQ(desk.record.Lists, desk.Lists(1, "1/2/7 0/0/6 5"));
+}

@@ -1,0 +1,143 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The entry screen: the walk through the tests, the checks, every way out, the autosave, and disks that fail.
+
+#include "subjects/EntryDesk.h"
+#include "subjects/SubjectFile.h"
+
+using namespace zova;
+using namespace zova::testing;
+
+namespace {
+
+const BoxTable kBoxes = {
+    {"saved", Told("Completed subject saved.", BoxIcon::Information)},
+    {"kept", Told("Incomplete subject saved.", BoxIcon::Information)},
+    {"note 1",
+     Told("This is unfinished subject #1 for 'Study'.  NOTE: You cannot have more than 10.", BoxIcon::Information)},
+    {"note 10",
+     Told("This is unfinished subject #10 for 'Study'.  NOTE: You cannot have more than 10.", BoxIcon::Information)},
+    {"limit", Told("You cannot have more than 10 unfinished data files.")},
+    {"space", Told("There was a space detected in the data.  Please correct the data.")},
+    {"twice",
+     Told("Duplicate entry found! Item # 1 was located in positions 1 and 2 of test 1.  Item in position 2 has "
+          "been deleted.  Please edit the raw data.  You will be given a chance to review the data.")},
+    {"lose",
+     {.Text = "You will lose all unsaved changes.  Are you sure that you want to do this?",
+      .Icon = BoxIcon::Exclamation,
+      .Buttons = BoxButtons::YesNoCancel,
+      .Default = BoxAnswer::No}},
+    {"blank",
+     {.Text = "Test number 2 was blank.  Do you wish to edit the data?",
+      .Icon = BoxIcon::Exclamation,
+      .Buttons = BoxButtons::YesNo,
+      .Default = BoxAnswer::Yes,
+      .Title = "Warning"}},
+    {"path", {"Path not found.  Please verify that the correct disk is in the drive.", BoxAnswer::Cancel, "Temp.txt"}}};
+
+}  // namespace
+
+TEST(SubjectEntry, WalksThroughTheTests) {
+  ExpectAll(kBoxes, {"2r1; ; ; -; Done with Test 1 @1,1 0", "2r1; ; 1ef; -; Done with Test 2 @1,1* 0",
+                     "2r1; ; fff; -; Done with Test 1 @1,1 0", "2r1; ; ff; -; Test 2 Review @1,1 0",
+                     "2r1; ; ff3ez; -; Test 2 Review @1,1* 0", "2r1; ; 3eff; -; Test 2 Review @1,1* 0",
+                     "2r1; ; 3effz; -; Done with Test 1 @1,1* 0", "2r1; ; 3effzf; -; Done with Test 2 @1,1* 0"});
+  ScriptedBoxes boxes;
+  EntryDesk desk(boxes, "2r1", "1 2 | 3");
+  desk.Press("ff2e");
+  EXPECT_EQ(desk.record.Lists.At(2, 1).Item, 2) << "typed in the review";
+  EXPECT_EQ(desk.entry.SubjectCaption(), "Project: Study\nSubject: a1");
+}
+
+TEST(SubjectEntry, ChecksBeforeItSaves) {
+  ExpectAll(kBoxes,
+            {"2r1; 1/0/1 | 2; F; -; left; saved", "2r1; 1/0/1 2 | 2; ffF; -; Done with Test 1 @2,3 0; space",
+             "2r1; 1/0/1 | 0 2; ffF; -; Done with Test 2 @1,1 0; space", "2r1; 1/0/1; F; -; left; blank?N, saved",
+             "2r1; 1/0/1 0/0/5; F; -; Done with Test 2 @1,1* 0; blank?Y",
+             "2r1; 1/0/1 0/0/5; Fz; -; Done with Test 1 @2,3* 0; blank?Y",
+             "2r1; 1/0/1 1/0/2 1/0/3 | 2; F; -; Done with Test 1 @2,1* 0; twice",
+             "2r1; 1/0/1 1/0/2 1/0/3 | 2; FF; -; Done with Test 1 @2,1* 0; twice, twice",
+             "2r1; 1/0/1 1/0/2 1/0/3 | 2; FFF; -; left; twice, twice, saved",
+             "2r1; 1/0/1 1/0/2 1/0/3 | 2; FzFF; -; Done with Test 1 @2,1* 0; twice, twice, twice"});
+}
+
+TEST(SubjectEntry, EndsInEveryWay) {
+  ExpectAll(kBoxes, {"2r1; ; q; -; left",
+                     "2r1; ; Q; -; left",
+                     "2r1; 1/0/1; 3efq; -; Done with Test 2 @1,1* 0; lose?N",
+                     "2r1; 1/0/1; 3eq; -; Done with Test 1 @1,3* 0; lose?C",
+                     "2r1; ; 3e.foq; -; left; lose?Y",
+                     "2r1; ; 3e.fQ; -; left",
+                     "2r1; ; 3es; -; Done with Test 1 @1,3 0 N; kept",
+                     "2r1; ; 3e.fs; -; Done with Test 2 @1,1 0 N; kept",
+                     "2r1; ; sq; -; left; kept, note 1",
+                     "2r1; ; s3eQ; -; left; kept, note 1",
+                     "2r1; ; s3eq; -; left; kept, lose?Y, note 1",
+                     "2r1; 1/0/1 | 2; .foF; -; left; saved",
+                     "2r1; 1/0/1 | 2; sF; -; left emptied; kept, saved",
+                     "2r1; 1/0/1 2 | 2; sF; -; Done with Test 1 @2,3 0 N; kept, space",
+                     "2r1; 1/0/1 | 2; NsF; -; left; kept, saved",
+                     "2r1; ; NsQ; -; left; kept, note 10",
+                     "2r1; ; Nss; -; Done with Test 1 @1,1 0 N; kept, limit",
+                     "2r1; ; qfFsqQO.z; -; left",
+                     "1r1; ; fqE; -; Done with Test 1 @1,1 0",
+                     "1r1; ; f; -; Test 1 Review @1,1 0",
+                     "2r1; ; 3eqEz; -; Done with Test 1 @1,1 0; lose?Y",
+                     "2r1; ; X:MqE:; -; Done with Test 1 @1,1 0 A; path?C"});
+}
+
+TEST(SubjectEntry, AutosavesOnTheEleventhTick) {
+  ExpectAll(
+      kBoxes,
+      {"2r1; ; ..........; -; Done with Test 1 @1,1 10", "2r1; ; :; -; Done with Test 1 @1,1 0 A",
+       "2r1; ; f; -; Done with Test 2 @1,1 0", "2r1; ; ..f; -; Done with Test 2 @1,1 0 A",
+       "2r1; ; o:; -; Done with Test 1 @1,1", "2r1; ; ..o; -; Done with Test 1 @1,1",
+       "2r1; ; ..oO.; -; Done with Test 1 @1,1 1", "2r1; ; :o; -; Done with Test 1 @1,1 A",
+       "2r1; ; o.fs:; -; Done with Test 2 @1,1 0 N A; kept", "2r1; ; os.f; -; Done with Test 2 @1,1 1 N; kept",
+       "2r1; ; ....s; -; Done with Test 1 @1,1 0 N; kept", "2r1; ; X::M:; -; Done with Test 1 @1,1 0; path?C",
+       "2r1; ; X:M.f; -; Done with Test 2 @1,1 0 A; path?C", "2r1; ; X:Mf:; -; Done with Test 2 @1,1 0 A; path?C",
+       "2r1; ; X.f:; -; Done with Test 2 @1,1 0; path?R, path?C", "2r1; ; X:MoO:; -; Done with Test 1 @1,1 0 A; path?C",
+       "2r1; ; X:Ms:; -; Done with Test 1 @1,1 0 N A; path?C, kept",
+       "2r1; ; X:oO:; -; Done with Test 1 @1,1 0; path?C, path?C"});
+  for (const std::string autosave : {"O", "o"}) {
+    ScriptedBoxes boxes;
+    EntryDesk desk(boxes, "2r1", "1/0/1 | 2");
+    desk.Press(autosave);
+    desk.scratch.Put("C:\\Param\\Temp.txt", "restored");
+    desk.entry.Open(desk.project, "C:\\Param", true);
+    EXPECT_EQ(desk.State(), autosave == "O" ? "Done with Test 1 @1,1* 0 A" : "Done with Test 1 @1,1*");
+    if (autosave == "o") continue;
+    EXPECT_EQ(desk.scratch.Get("C:\\Param\\Temp.txt"), FormatAutosave(desk.record, desk.project));
+  }
+}
+
+TEST(SubjectEntry, StaysAsItIsWhenASaveIsGivenUp) {
+  for (const std::string save : {"F", "s"}) {
+    int givenUp = 0;
+    bool failed = true;
+    for (int n = 1; failed; ++n) {
+      SCOPED_TRACE(save + std::to_string(n));
+      AnsweringBoxes boxes(BoxAnswer::Cancel);
+      EntryDesk desk(boxes, "2r1", "0/0/1 | 2");
+      desk.Press("s1e.");
+      const std::string state = desk.State();
+      const std::string note = desk.record.UnfinishedNote;
+      const std::string content = FormatSubject(desk.record, desk.project);
+      boxes.Texts.clear();
+      desk.layer.FailAt(n);
+      desk.Press(save);
+      failed = desk.layer.HasFailed();
+      desk.layer.FailNever();
+      if (boxes.Texts.back().find("saved") == std::string::npos) {
+        ++givenUp;
+        desk.ending.UnfinishedEmptied = false;  // told as soon as it is so
+        EXPECT_EQ(desk.State(), state);
+        EXPECT_EQ(desk.record.UnfinishedNote, note);
+        EXPECT_EQ(FormatSubject(desk.record, desk.project), content);
+        desk.Press(save);
+      }
+      EXPECT_EQ(boxes.Texts.back(), kBoxes.at(save == "F" ? "saved" : "kept").Text);
+    }
+    EXPECT_GT(givenUp, 20);
+  }
+}
