@@ -20,6 +20,11 @@ QPushButton* MakeButton(const char* name, const QString& caption) {
   return button;
 }
 
+void MarkDefault(QPushButton* button, bool isDefault) {
+  button->setAutoDefault(!isDefault);  // else Qt takes the mark away with the focus
+  button->setDefault(isDefault);
+}
+
 QScrollArea* MakeScrolling(QWidget* content) {
   auto* area = new QScrollArea;
   area->setWidget(content);

@@ -28,6 +28,9 @@ QLabel* MakeLabel(const char* name, const QString& text, QWidget* buddy = nullpt
 QPushButton* MakeButton(const char* name, const QString& caption);
 /// A frameless area that gives `content` all its room and scrolls it in a window that is too small.
 QScrollArea* MakeScrolling(QWidget* content);
+/// Marks the button that Enter presses when the control with the focus has no use for it; it stays marked when the
+/// focus goes elsewhere.
+void MarkDefault(QPushButton* button, bool isDefault);
 /// Shows `text` in the box unless it stands there already, so that the cursor stays where the user has it.
 void ShowText(QLineEdit* box, const std::string& text);
 /// Puts the cursor into the control, with all its text selected.

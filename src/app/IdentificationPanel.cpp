@@ -73,6 +73,7 @@ QLabel* IdentificationPanel::AddText(QBoxLayout& rows, const char* name, Getter 
 QPushButton* IdentificationPanel::AddButton(QBoxLayout& row, const char* name, const QString& caption,
                                             std::function<void()> act) {
   QPushButton* button = MakeButton(name, caption);
+  button->setFocusPolicy(Qt::TabFocus);  // after a click the cursor stands where the rules put it
   button->installEventFilter(this);
   row.addWidget(button);
   connect(button, &QPushButton::clicked, this, [this, act = std::move(act)] {
@@ -100,7 +101,7 @@ void IdentificationPanel::Refresh() {
   const bool isExisting = m_rules.LooksForExisting();
   for (QPushButton* button : {m_cmdBrowse, m_cmdOK}) button->setVisible(isExisting);
   for (QPushButton* button : {m_cmdBack, m_cmdNext, m_cmdEntered}) button->setVisible(!isExisting);
-  DefaultButton()->setDefault(true);
+  for (QPushButton* button : {m_cmdOK, m_cmdNext, m_cmdEntered}) MarkDefault(button, button == DefaultButton());
   if (isVisible() && m_cursorMoves != m_rules.CursorMoves()) PlaceCursor();
 }
 

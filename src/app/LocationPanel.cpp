@@ -34,8 +34,7 @@ void LocationPanel::Arrange() {
   m_title->setFont(bold);
   m_directories->SetLabels("lblParamDrive", tr("Dri&ve"), "lblParamDir", tr("Director&y"));
   QPushButton* ok = MakeButton("cmdSetPath", tr("OK"));
-  ok->setAutoDefault(false);  // it stays the default one when the focus goes elsewhere
-  ok->setDefault(true);
+  MarkDefault(ok, true);
   connect(ok, &QPushButton::clicked, this, &LocationPanel::Accept);
   QPushButton* cancel = MakeButton("cmdCancel3", tr("Cancel"));
   connect(cancel, &QPushButton::clicked, this, &LocationPanel::Cancel);

@@ -42,6 +42,7 @@ int RunApplication(QApplication& application) {
   HelpWindow help(disk);
   Session session({disk, boxes, choosers, settings, desktop, help}, ProgramDirectoryPath(), InstalledData());
   MainWindow window(session);
+  boxes.SetBeforeShow([&window] { window.Refresh(); });
 
   application.installEventFilter(new QuickHelpFilter(&application));
   QObject::connect(&window, &MainWindow::Ended, &application, [] { QCoreApplication::exit(); });

@@ -31,6 +31,7 @@ MainWindow::MainWindow(Session& session)
   setCentralWidget(m_panels);
   m_session.SetObserver([this] { Refresh(); });
   Refresh();
+  setMinimumSize(QSize(640, 480).boundedTo(screen()->availableSize()));
   resize(QSize(800, 600).expandedTo(sizeHint()).boundedTo(screen()->availableSize()));
 }
 

@@ -54,6 +54,7 @@ void ShowDetails(QMessageBox& box, const QString& details) {
 }  // namespace
 
 BoxAnswer QtMessageBoxes::Show(const MessageBox& box) {
+  if (m_beforeShow) m_beforeShow();
   const QtDesktop::Pause pause(m_desktop);
   const Offer& offer = kOffers[static_cast<std::size_t>(box.Buttons)];
   // Without a default Qt takes the leftmost button, which may be the dangerous one.

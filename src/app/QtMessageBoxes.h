@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <functional>
+#include <utility>
+
 #include "app/QtDesktop.h"
 #include "platform/MessageBoxes.h"
 
@@ -11,10 +14,13 @@ namespace zova {
 class QtMessageBoxes final : public MessageBoxes {
  public:
   explicit QtMessageBoxes(QtDesktop& desktop) : m_desktop(desktop) {}
+  /// Called before a box comes up: behind it the window shows what the box is about.
+  void SetBeforeShow(std::function<void()> beforeShow) { m_beforeShow = std::move(beforeShow); }
   BoxAnswer Show(const MessageBox& box) override;
 
  private:
   QtDesktop& m_desktop;
+  std::function<void()> m_beforeShow;
 };
 
 }  // namespace zova

@@ -89,6 +89,7 @@ void VariableEditorPanel::Refresh() {
   m_entry.Label->setText(prompt.isEmpty() ? prompt : QLatin1Char('&') + prompt);
   m_cmdAddVar->setEnabled(asked && !Wizard().IsViewing());
   m_cmdReview->setEnabled(asked);
+  m_entry.Edit->setEnabled(asked && !editor.AsksNothing());
 
   m_refreshing = true;
   const bool inLabels = std::count(m_labels.begin(), m_labels.end(), window()->focusWidget()) > 0;
@@ -157,9 +158,16 @@ bool VariableEditorPanel::TakeKey(int label, QKeyEvent& press) {
   return true;
 }
 
+// Else the page would come back with the focus on a label, which highlights it.
+void VariableEditorPanel::hideEvent(QHideEvent* event) {
+  for (QLabel* label : m_labels) label->clearFocus();
+  WizardPage::hideEvent(event);
+}
+
 // Enter names what is highlighted or asked for, and never leaves the page.
 void VariableEditorPanel::keyPressEvent(QKeyEvent* event) {
-  if (!IsEnter(*event) || window()->focusWidget() != m_entry.Edit) return WizardPage::keyPressEvent(event);
+  if (!IsEnter(*event) || window()->focusWidget() != m_entry.Edit || Wizard().IsViewing())
+    return WizardPage::keyPressEvent(event);
   if (!event->isAutoRepeat()) Do(&NewProjectWizard::TakeVariableEntry);
 }
 

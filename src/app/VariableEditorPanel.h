@@ -20,6 +20,7 @@ class VariableEditorPanel : public WizardPage {
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
 
  private:
   using Act = void (NewProjectWizard::*)();

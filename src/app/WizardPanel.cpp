@@ -48,13 +48,13 @@ void WizardPanel::AddButtons(QVBoxLayout& rows) {
   m_cmdNext1 = AddButton(*row, "cmdNext1", "&Next >>", [this] { m_session.Wizard().Next(); });
   m_cmdEntered1 = AddButton(*row, "cmdEntered1", "&Done!", [this] { m_session.FinishWizard(); });
   m_cmdCancel1 = AddButton(*row, "cmdCancel1", "&Cancel", [this] { m_session.CancelWizard(); });
-  m_cmdNext1->setDefault(true);
-  m_cmdEntered1->setDefault(true);
+  for (QPushButton* button : {m_cmdNext1, m_cmdEntered1}) MarkDefault(button, true);  // one of them is in sight
 }
 
 QPushButton* WizardPanel::AddButton(QHBoxLayout& row, const char* name, const QString& caption,
                                     std::function<void()> act) {
   QPushButton* button = MakeButton(name, caption);
+  button->setFocusPolicy(Qt::TabFocus);  // after a click the cursor stands where the rules put it
   button->installEventFilter(this);
   row.addWidget(button);
   connect(button, &QPushButton::clicked, this, [this, act = std::move(act)] {

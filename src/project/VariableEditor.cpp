@@ -12,6 +12,8 @@ namespace zova {
 
 namespace {
 
+constexpr const char* kNoName = "You must have a name for each variable.";
+
 std::string Trimmed(std::string_view text) {
   const std::size_t first = text.find_first_not_of(' ');
   if (first == std::string_view::npos) return {};
@@ -24,11 +26,13 @@ bool FitsName(char c) noexcept { return static_cast<unsigned char>(c) >= 0x20 &&
 }  // namespace
 
 void VariableEditor::Clear() {
+  m_viewing = false;
   m_variables.assign(1, {});
   Show(1, 0);
 }
 
 void VariableEditor::Load(const ProjectParameters& project) {
+  m_viewing = true;
   m_variables.clear();
   const auto variables = static_cast<std::size_t>(std::clamp<int>(project.VariableCount, 0, kMaxVariables));
   for (std::size_t v = 0; v < variables; ++v) {
@@ -98,7 +102,7 @@ std::vector<std::string> VariableEditor::LevelLabels() const {
     labels.push_back(std::to_string(level) + ". " + Current().Levels[static_cast<std::size_t>(level - 1)]);
   }
   const bool hasNameOrLevel = !Current().Name.empty() || listed > 0;
-  if (hasNameOrLevel && listed < kMaxEditedLevels) labels.emplace_back("     Add Level");
+  if (!m_viewing && hasNameOrLevel && listed < kMaxEditedLevels) labels.emplace_back("     Add Level");
   return labels;
 }
 
@@ -113,7 +117,10 @@ void VariableEditor::NameHighlighted(const std::string& name) {
 }
 
 void VariableEditor::TakeEntry() {
-  if (Trimmed(m_entry).empty()) return;
+  if (Trimmed(m_entry).empty()) {
+    Show(m_variable, m_level);
+    return;
+  }
   TakeStandingText();
   // Also after a renaming: who types on adds, and never writes over a name.
   Show(m_variable, NextFreeLevel());
@@ -183,13 +190,19 @@ void VariableEditor::Review() {
 }
 
 bool VariableEditor::Check(MessageBoxes& boxes) {
+  // A name that was emptied in the box is told of; it stays what it was until another one is given.
+  const bool isEmptied = m_level == 0 && !Current().Name.empty() && Trimmed(m_entry).empty();
   TakeStandingText();
+  if (isEmptied) {
+    boxes.Show({.Text = kNoName, .Icon = BoxIcon::Exclamation});
+    return false;
+  }
   if (HasNothing()) return true;
   for (int variable = 1; variable <= static_cast<int>(m_variables.size()); ++variable) {
     const Variable& checked = m_variables[static_cast<std::size_t>(variable - 1)];
     if (Trimmed(checked.Name).empty()) {
       Show(variable, 0);
-      boxes.Show({.Text = "You must have a name for each variable.", .Icon = BoxIcon::Exclamation});
+      boxes.Show({.Text = kNoName, .Icon = BoxIcon::Exclamation});
       return false;
     }
     if (checked.Levels.empty()) {

@@ -20,7 +20,7 @@ class VariableEditor {
 
   /// To an only variable without name and levels.
   void Clear();
-  /// The variables of a project, the first one on display.
+  /// The variables of a project, the first one on display, to be looked at: no level can be added.
   void Load(const ProjectParameters& project);
   /// Writes names, levels and their counts into the record. An only variable without any name or level is none.
   void Store(ProjectParameters& project) const;
@@ -35,6 +35,8 @@ class VariableEditor {
   [[nodiscard]] std::string Heading() const;
   /// "1. Control" and so on, then "Add Level" while one can be added.
   [[nodiscard]] std::vector<std::string> LevelLabels() const;
+  /// All 10 levels have their names, and none of them is highlighted: the box takes nothing.
+  [[nodiscard]] bool AsksNothing() const;
   [[nodiscard]] int CurrentVariable() const noexcept { return m_variable; }
   /// 0: the variable's name, from 1: the level that the box holds or will add; beyond 10 nothing is asked.
   [[nodiscard]] int CurrentLevel() const noexcept { return m_level; }
@@ -65,8 +67,6 @@ class VariableEditor {
   [[nodiscard]] bool HasNothing() const noexcept;  ///< an only variable, without name and levels
   [[nodiscard]] int LevelCount() const;
   [[nodiscard]] int NextFreeLevel() const;
-  /// All 10 levels have their names, and none of them is highlighted.
-  [[nodiscard]] bool AsksNothing() const;
   [[nodiscard]] int FirstUnnamed() const;  ///< from 1, or 0
   [[nodiscard]] std::string Highlighted() const;
   void NameHighlighted(const std::string& name);
@@ -77,6 +77,7 @@ class VariableEditor {
   int m_variable = 1;
   int m_level = 0;
   std::string m_entry;
+  bool m_viewing = false;
 };
 
 }  // namespace zova

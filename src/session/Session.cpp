@@ -27,8 +27,7 @@ Session::Session(const SessionPlatform& platform, std::string programDir, std::f
       m_wizard(platform.Files, platform.Boxes, m_errors),
       m_locationBrowser(platform.Files, platform.Boxes, kPathNotFound),
       m_identification(m_record, {platform.Files, platform.Boxes, m_errors, platform.Dialogs, platform.Pointer}),
-      m_entry(m_record, m_preferences,
-              {platform.Files, platform.Boxes, m_errors, platform.Pointer, [this] { NotifyObserver(); }}) {}
+      m_entry(m_record, m_preferences, {platform.Files, platform.Boxes, m_errors, platform.Pointer}) {}
 
 void Session::Start() {
   FillProgramDirectory(m_installed, m_programDir, m_platform.Files);
@@ -77,10 +76,6 @@ std::string Session::OpenCaption() const { return m_project ? "Change Project" :
 
 void Session::Show(Screen screen) {
   m_screen = screen;
-  NotifyObserver();
-}
-
-void Session::NotifyObserver() const {
   if (m_observer) m_observer();
 }
 

@@ -108,7 +108,6 @@ class Session {
  private:
   [[nodiscard]] BackupTools ToolsOfBackup();
   void Show(Screen screen);
-  void NotifyObserver() const;
   void ShowLocation(Screen screen);
   void Follow(const LocationOutcome& outcome);
   void StartWithLostParam();

@@ -46,7 +46,6 @@ void SubjectEntry::DoneWithTest() {
 void SubjectEntry::ShowFinding(const CheckFinding& finding) {
   m_inReview = false;
   m_grid.ShowTest(finding.Test, {finding.Position, finding.Column});
-  if (m_tools.ShowChanges) m_tools.ShowChanges();
 }
 
 bool SubjectEntry::ListsPassTheChecks() {

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <functional>
 #include <string>
 
 #include "platform/Desktop.h"
@@ -19,7 +18,6 @@ struct EntryTools {
   MessageBoxes& Boxes;
   FileErrorHandler& Errors;
   Desktop& Pointer;
-  std::function<void()> ShowChanges = {};  ///< shows the grid as it is now, before a message about it; may be empty
 };
 
 /// The screen on which a subject's recalls are typed: the grid, the walk through the tests, the checks, saving, the

@@ -44,8 +44,10 @@ TEST(VariableEditor, AddsReviewsDeletesAndChecks) {
   EXPECT_EQ(Shown(editor), "2[b3] 1. b1 2. b3      Add Level");
   for (int i = 0; i < 2; ++i) editor.DeleteHighlighted(boxes);
   editor.SetEntryText("b4"), editor.Review(), editor.SetEntryText("");
+  boxes.Expect(Told("You must have a name for each variable."));
+  EXPECT_TRUE(!editor.Check(boxes) && Shown(editor) == "0[a]      Add Level") << "an emptied box erases no name";
   boxes.Expect(Told("You must have at least 1 level per variable.  Please review."));
-  EXPECT_TRUE(!editor.Check(boxes) && Shown(editor) == "1[]      Add Level") << "an emptied box erases no name";
+  EXPECT_TRUE(!editor.Check(boxes) && Shown(editor) == "1[]      Add Level");
   editor.HighlightVariable();
   for (const BoxAnswer answer : {BoxAnswer::No, BoxAnswer::Cancel, BoxAnswer::Yes}) {
     boxes.Expect({"Do you wish to erase variable 1 and all of its levels?", answer, "", BoxIcon::Exclamation,
