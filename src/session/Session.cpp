@@ -91,10 +91,13 @@ void Session::CloseProject() {
   m_hasUnfinished = false;
 }
 
+bool Session::HasUnfinishedFiles() {
+  return !ListSubjectFiles(m_platform.Files, *m_project, UnfinishedDirectory(m_project->PrimaryDir)).empty();
+}
+
 void Session::LookForUnfinished() {
   try {
-    m_hasUnfinished =
-        !ListSubjectFiles(m_platform.Files, *m_project, UnfinishedDirectory(m_project->PrimaryDir)).empty();
+    m_hasUnfinished = HasUnfinishedFiles();
   } catch (const FileError&) {
     m_hasUnfinished = false;  // a primary directory on a drive that is not ready is told of when it is needed
   }

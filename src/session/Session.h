@@ -114,6 +114,7 @@ class Session {
   bool LockParam();
   void TakeProject(ProjectParameters project, std::string file);
   void CloseProject();
+  [[nodiscard]] bool HasUnfinishedFiles();
   void LookForUnfinished();
   /// True when a project is open now.
   bool OpenFirst();
@@ -144,6 +145,7 @@ class Session {
   bool m_hasUnfinished = false;
   bool m_restoring = false;  // never false again once set
   bool m_restoreOffered = false;
+  bool m_keepsAutosave = false;  // one that could not be restored
   bool m_ended = false;
 };
 

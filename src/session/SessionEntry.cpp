@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "project/ProjectFile.h"
+#include "project/ProjectOpening.h"
 #include "session/Session.h"
 #include "subjects/SubjectFile.h"
 
@@ -26,7 +27,13 @@ void Session::ReadOldData() {
 
 void Session::UnfinishedBusiness() {
   if (!OpenFirst()) return;
-  LookForUnfinished();
+  const bool isKnown = WithRetry(m_errors, [&] {
+    if (!m_platform.Files.DirectoryExists(m_project->PrimaryDir)) {
+      throw FileError(FileOperation::List, m_project->PrimaryDir, FileCause::PathNotFound);
+    }
+    m_hasUnfinished = HasUnfinishedFiles();
+  });
+  if (!isKnown) return;
   if (m_hasUnfinished) {
     Identify(SubjectIdentification::Purpose::Unfinished);
     return;
@@ -45,6 +52,9 @@ void Session::CancelIdentification() { Show(Screen::Main); }
 
 void Session::OpenEntry(SubjectIdentification::Outcome outcome) {
   if (outcome != SubjectIdentification::Outcome::OpenEntry) return;
+  // An interrupted subject that could not be restored is put aside before this one's autosave takes its place.
+  if (m_keepsAutosave && !WithRetry(m_errors, [&] { KeepAutosaveFile(m_platform.Files, m_param.Path()); })) return;
+  m_keepsAutosave = false;
   m_entry.Open(*m_project, m_param.Path());
   Show(Screen::Entry);
 }
@@ -99,10 +109,12 @@ void Session::RestoreAutosave() {
     file = JoinPath(m_param.Path(), ReadAutosaveProject(disk, m_param.Path()));
     project = ReadProjectFile(disk, file);
   };
-  if (!WithRetry(m_errors, readProject) ||
+  m_keepsAutosave = true;
+  if (!WithRetry(m_errors, readProject) || !MayOpenProject(project, m_platform.Boxes) ||
       !WithRetry(m_errors, [&] { ReadAutosaveFile(disk, m_param.Path(), project, m_record); })) {
     return;
   }
+  m_keepsAutosave = false;
   TakeProject(std::move(project), std::move(file));
   m_entersNewSubjects = false;
   m_entry.Open(*m_project, m_param.Path(), /*restored=*/true);

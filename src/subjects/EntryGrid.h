@@ -44,7 +44,10 @@ class EntryGrid {
   /// Keeps the digits.
   void SetEntryText(std::string_view text);
 
-  void Enter();
+  /// False when the number was refused, or has no cell to go to.
+  bool Enter();
+  /// Takes a number that was typed but not entered, as Enter would. False when it was refused.
+  bool TakeStandingText() { return m_text.empty() || Enter(); }
   /// The arrow keys; with text in the box they, and Step, do nothing.
   void Move(int lines, int columns);
   /// Tab and Shift+Tab: the next or previous cell of the columns in use.
@@ -70,7 +73,7 @@ class EntryGrid {
 
  private:
   void PlaceCursor(EntryCell cell);
-  void Refuse(const std::string& message, std::string details = {});
+  bool Refuse(const std::string& message, std::string details = {});  // always false
   bool IsSure(const std::string& question, BoxIcon icon, const char* title);
   void Advance();
   void GoToNextBlank();

@@ -22,19 +22,23 @@ void EntryGrid::Change(Edit&& edit) {
   MarkChanged(changed->Line, changed->LastLine);
 }
 
-void EntryGrid::Refuse(const std::string& message, std::string details) {
+bool EntryGrid::Refuse(const std::string& message, std::string details) {
   m_boxes.Show({.Text = message, .Icon = BoxIcon::Exclamation, .Details = std::move(details)});
+  return false;
 }
 
 bool EntryGrid::IsSure(const std::string& question, BoxIcon icon, const char* title) {
   return m_boxes.Show({question, icon, BoxButtons::YesNo, BoxAnswer::No, title}) == BoxAnswer::Yes;
 }
 
-void EntryGrid::Enter() {
+bool EntryGrid::Enter() {
   const EntryBlock block = m_selection;
   const int column = block.FirstColumn;
-  if (column != block.LastColumn) return m_desktop.Beep();
-  if (m_text.empty()) return;
+  if (column != block.LastColumn) {
+    m_desktop.Beep();
+    return false;
+  }
+  if (m_text.empty()) return true;
   const auto typed = LeadingInteger16(std::exchange(m_text, {}));
   const int number = typed ? *typed : std::numeric_limits<int>::max();
   const std::string refusal = (block.IsOneCell() ? CellRefusal : BlockRefusal)(*m_project, m_test, column, number);
@@ -45,6 +49,7 @@ void EntryGrid::Enter() {
     }
   });
   if (block.IsOneCell()) Advance();
+  return true;
 }
 
 void EntryGrid::InsertLine() {
@@ -73,7 +78,10 @@ void EntryGrid::SubtractMinute() { Bump(-1, "You can only select items in the 'M
 void EntryGrid::Bump(int step, const char* wrongColumn) {
   if (!IsUsed(kMinuteColumn)) return;
   const EntryBlock& block = m_selection;
-  if (block.FirstColumn != kMinuteColumn || block.LastColumn != kMinuteColumn) return Refuse(wrongColumn);
+  if (block.FirstColumn != kMinuteColumn || block.LastColumn != kMinuteColumn) {
+    Refuse(wrongColumn);
+    return;
+  }
   Change([&](RecallLists& lists) {
     BumpMinutes(lists, m_test, block.FirstLine, block.LastLine, step, m_project->MaxMinutes);
   });
@@ -96,7 +104,8 @@ void EntryGrid::Paste(std::string_view text) {
   const EntryCell start{m_selection.FirstLine, m_selection.FirstColumn};
   const PastedBlock block = ParsePaste(text, *m_project, m_test, start.Line, start.Column);
   if (!block.Fault.empty()) {
-    return Refuse(block.Fault, "Line " + std::to_string(block.FaultLine) + " of the pasted data.");
+    Refuse(block.Fault, "Line " + std::to_string(block.FaultLine) + " of the pasted data.");
+    return;
   }
   Change([&](RecallLists& lists) {
     int line = start.Line;

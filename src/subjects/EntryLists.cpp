@@ -169,6 +169,8 @@ bool BumpMinutes(RecallLists& lists, int test, int firstLine, int lastLine, int 
 
 PastedBlock ParsePaste(std::string_view text, const ProjectParameters& project, int test, int line, int column) {
   PastedBlock block;
+  // Empty lines at the end are the spreadsheet's, not cells to be blanked.
+  text = text.substr(0, text.find_last_not_of("\r\n") + 1);
   const char separator = SeparatorOf(text);
   while (!text.empty()) {
     const int pastedLine = static_cast<int>(block.Lines.size()) + 1;

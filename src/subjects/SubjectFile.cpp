@@ -11,6 +11,8 @@
 
 #include "subjects/SubjectFile.h"
 
+#include "subjects/SubjectFiles.h"
+
 #include "platform/DataFileError.h"
 #include "text/Encoding.h"
 #include "text/FieldReader.h"
@@ -82,10 +84,11 @@ void RequireDataText(std::string_view bytes) {
   if (!LooksLikeDataText(bytes)) throw FieldError(FieldFault::EndOfData, 1);
 }
 
-// `bytes` as they stand in the file, `content` what they hold; `readStart` reads what stands before the levels.
-template <typename ReadStart>
+// `bytes` as they stand in the file, `content` what they hold; `readStart` reads what stands before the levels, and
+// `checkEnd` is called behind the lists.
+template <typename ReadStart, typename CheckEnd>
 void ParseRecord(std::string_view bytes, std::string_view content, const ProjectParameters& project,
-                 SubjectRecord& record, ReadStart&& readStart) {
+                 SubjectRecord& record, ReadStart&& readStart, CheckEnd&& checkEnd) {
   record.Levels.fill(0);
   ResetLists(record, project);
   try {
@@ -93,6 +96,7 @@ void ParseRecord(std::string_view bytes, std::string_view content, const Project
     FieldReader reader(content);
     readStart(reader);
     ReadLevelsAndLists(reader, project, record);
+    checkEnd(reader);
   } catch (const FieldError&) {
     record.Levels.fill(0);
     ResetLists(record, project);
@@ -116,7 +120,9 @@ std::string FormatSubject(const SubjectRecord& record, const ProjectParameters& 
 
 void ParseSubject(std::string_view bytes, const ProjectParameters& project, SubjectRecord& record) {
   // Only numbers are taken from the file, so its encoding does not matter.
-  ParseRecord(bytes, WithoutMarks(bytes), project, record, [](FieldReader& reader) { reader.SkipLine(); });
+  ParseRecord(
+      bytes, WithoutMarks(bytes), project, record, [](FieldReader& reader) { reader.SkipLine(); },
+      [](const FieldReader&) {});
 }
 
 void LoadSubjectFile(Disk& disk, const std::string& path, const ProjectParameters& project, SubjectRecord& record) {
@@ -142,11 +148,22 @@ std::string ParseAutosaveProject(std::string_view bytes) {
 void ParseAutosave(std::string_view bytes, const ProjectParameters& project, SubjectRecord& record) {
   const DataText text(bytes);
   std::string_view subjectId;
-  ParseRecord(bytes, text.Content(), project, record, [&](FieldReader& reader) {
+  const auto readStart = [&](FieldReader& reader) {
     reader.Skip();
     subjectId = reader.Next();
+  };
+  ParseRecord(bytes, text.Content(), project, record, readStart, [&](const FieldReader& reader) {
+    if (!reader.AtEnd() || !IsSubjectId(subjectId)) throw FieldError(FieldFault::EndOfData, 0);
   });
   record.SubjectId = subjectId;
+}
+
+// The file's first name that is free beside it.
+std::string FreeName(Disk& disk, const std::string& paramDir) {
+  for (int number = 1;; ++number) {
+    std::string path = JoinPath(paramDir, "Temp " + std::to_string(number) + ".txt");
+    if (!disk.FileExists(path)) return path;
+  }
 }
 
 void WriteAutosaveFile(Disk& disk, const std::string& paramDir, const SubjectRecord& record,
@@ -167,6 +184,13 @@ void ReadAutosaveFile(Disk& disk, const std::string& paramDir, const ProjectPara
   std::string bytes;
   disk.Read(path, bytes);
   ParsingFile(path, [&] { ParseAutosave(bytes, project, record); });
+}
+
+void KeepAutosaveFile(Disk& disk, const std::string& paramDir) {
+  const std::string path = JoinPath(paramDir, kAutosaveName);
+  if (!disk.FileExists(path)) return;
+  disk.Copy(path, FreeName(disk, paramDir));
+  disk.Delete(path);
 }
 
 void DeleteAutosaveFile(Disk& disk, const std::string& paramDir) {

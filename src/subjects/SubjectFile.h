@@ -27,7 +27,8 @@ std::string FormatAutosave(const SubjectRecord& record, const ProjectParameters&
 /// The project file's name in an autosave file's content. Throws FieldError.
 std::string ParseAutosaveProject(std::string_view bytes);
 
-/// Fills `record` (identifier included) from an autosave file's content. Throws as ParseSubject does.
+/// Fills `record` (identifier included) from an autosave file's content. Throws as ParseSubject does, and EndOfData
+/// also for one of another shape than the project's, or without an identifier: it would be saved over what it was.
 void ParseAutosave(std::string_view bytes, const ProjectParameters& project, SubjectRecord& record);
 
 /// The autosave file "Temp.txt" in the Param directory. All throw FileError.
@@ -35,7 +36,8 @@ void WriteAutosaveFile(Disk& disk, const std::string& paramDir, const SubjectRec
                        const ProjectParameters& project);
 std::string ReadAutosaveProject(Disk& disk, const std::string& paramDir);
 void ReadAutosaveFile(Disk& disk, const std::string& paramDir, const ProjectParameters& project, SubjectRecord& record);
-/// Nothing happens when there is none.
+/// Puts it aside as "Temp 1.txt" (or the next free number). Nothing happens when there is none, here and below.
+void KeepAutosaveFile(Disk& disk, const std::string& paramDir);
 void DeleteAutosaveFile(Disk& disk, const std::string& paramDir);
 
 }  // namespace zova

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "project/DirectoryRules.h"
 #include "subjects/SubjectFile.h"
 #include "text/Encoding.h"
 
@@ -72,6 +73,12 @@ bool WriteCopies(const SubjectRecord& record, const ProjectParameters& project, 
 
 }  // namespace
 
+bool IsSubjectId(std::string_view text) {
+  constexpr std::size_t kLongest = 20;
+  return text.find_first_not_of(' ') != std::string_view::npos && CharacterCount(text) <= kLongest &&
+         IsFileNamePart(text) && IsValidUtf8(text);
+}
+
 std::string SubjectDirectory(const std::string& directory) { return JoinPath(directory, "Sdata"); }
 std::string UnfinishedDirectory(const std::string& directory) {
   return JoinPath(SubjectDirectory(directory), "Unfinished");
@@ -113,7 +120,8 @@ SaveOutcome SaveSubject(SubjectRecord& record, const ProjectParameters& project,
                                             outcome.UnfinishedEmptied)) {
       return outcome;
     }
-    if (!WithRetry(errors, [&] { DeleteAutosaveFile(disk, paramDir); })) return outcome;
+    // Told when it fails, but the subject is saved.
+    WithRetry(errors, [&] { DeleteAutosaveFile(disk, paramDir); });
   }
   outcome.Saved = true;
   record.HasUnsavedChanges = false;

@@ -12,6 +12,9 @@
 
 namespace zova {
 
+/// False for what cannot be a subject's identifier: blank, longer than 20 characters, or no part of a file's name.
+bool IsSubjectId(std::string_view text);
+
 /// Where a project's subject files lie, below a primary or backup directory.
 std::string SubjectDirectory(const std::string& directory);
 std::string UnfinishedDirectory(const std::string& directory);

@@ -14,18 +14,12 @@ namespace zova {
 
 namespace {
 
-constexpr std::size_t kLongestIdentifier = 20;
 constexpr std::size_t kExtensionLength = 4;
 
 std::string Trimmed(std::string_view text) {
   const std::size_t first = text.find_first_not_of(' ');
   if (first == std::string_view::npos) return {};
   return std::string(text.substr(first, text.find_last_not_of(' ') - first + 1));
-}
-
-bool IsIdentifier(const std::string& text) {
-  return !Trimmed(text).empty() && CharacterCount(text) <= kLongestIdentifier && IsFileNamePart(text) &&
-         IsValidUtf8(text);
 }
 
 // The whole marker here, its first two characters where files are saved: both forms are kept.
@@ -38,8 +32,14 @@ std::string IdentifierOfFile(const ProjectParameters& project, std::string_view 
   const std::string_view name = LastPathComponent(path);
   const std::string prefix = ExpectedPrefix(project);
   if (!BeginsIgnoringCase(name, prefix) || name.size() - prefix.size() <= kExtensionLength) return {};
-  const std::string identifier = SubjectIdFromFileName(project, path);
-  return IsIdentifier(identifier) ? identifier : std::string();
+  return SubjectIdFromFileName(project, path);
+}
+
+// A directory that cannot be looked into has not "no such file".
+void RequirePrimary(const ProjectParameters& project, Disk& disk) {
+  if (!disk.DirectoryExists(project.PrimaryDir)) {
+    throw FileError(FileOperation::List, project.PrimaryDir, FileCause::PathNotFound);
+  }
 }
 
 // Heading and instruction, in the order of the purposes.
@@ -113,7 +113,7 @@ bool SubjectIdentification::StoreLevel() {
 
 bool SubjectIdentification::TakeBox() {
   m_subjectText = Trimmed(m_subjectText);
-  if (m_step == 1 ? IsIdentifier(m_subjectText) : StoreLevel()) return true;
+  if (m_step == 1 ? IsSubjectId(m_subjectText) : StoreLevel()) return true;
   if (m_step == 1) {
     m_tools.Signals.Beep();
     m_subjectText.clear();
@@ -142,7 +142,11 @@ bool SubjectIdentification::MayReplaceComplete(const std::string& subjectId) {
   const std::string path =
       JoinPath(SubjectDirectory(m_project->PrimaryDir), ExpectedPrefix(*m_project) + subjectId + ".dat");
   bool exists = false;
-  if (!WithRetry(m_tools.Errors, [&] { exists = m_tools.Files.FileExists(path); })) return false;
+  const bool isKnown = WithRetry(m_tools.Errors, [&] {
+    RequirePrimary(*m_project, m_tools.Files);
+    exists = m_tools.Files.FileExists(path);
+  });
+  if (!isKnown) return false;
   if (!exists) return true;
   const BoxAnswer answer =
       m_tools.Boxes.Show({.Text = "Subject ID '" + subjectId +
@@ -156,10 +160,7 @@ bool SubjectIdentification::MayReplaceComplete(const std::string& subjectId) {
 }
 
 SubjectIdentification::Outcome SubjectIdentification::Finish() {
-  if (!TakeBox()) return Outcome::Stay;
-  for (int variable = 1; variable <= m_project->VariableCount; ++variable) {
-    if (m_record.Levels[static_cast<std::size_t>(variable - 1)] == 0) return GoTo(variable + 1);
-  }
+  if (!CanFinish() || !TakeBox()) return Outcome::Stay;
   if (!MayReplaceComplete(m_subjectText)) return StayInBox();
   m_record.SubjectId = m_subjectText;
   return Outcome::OpenEntry;
@@ -183,22 +184,35 @@ SubjectIdentification::Outcome SubjectIdentification::Load(const std::string& pa
   return Outcome::OpenEntry;
 }
 
+// The subject's file as it is spelt on the disk: it is the identifier by that spelling that is completed or corrected.
+std::string SubjectIdentification::ListedName() const {
+  RequirePrimary(*m_project, m_tools.Files);
+  const std::string wanted = SubjectFileName(*m_project, m_subjectText);
+  std::string found;
+  for (const std::string& name : ListSubjectFiles(m_tools.Files, *m_project, Directory())) {
+    if (name == wanted) return name;
+    if (found.empty() && EqualsIgnoringCase(name, wanted)) found = name;
+  }
+  return found;
+}
+
 SubjectIdentification::Outcome SubjectIdentification::LoadTyped() {
-  if (!TakeBox()) return Outcome::Stay;
-  const std::string path = JoinPath(Directory(), SubjectFileName(*m_project, m_subjectText));
-  bool exists = false;
-  if (!WithRetry(m_tools.Errors, [&] { exists = m_tools.Files.FileExists(path); })) return StayInBox();
-  if (!exists) {
+  if (!LooksForExisting() || !TakeBox()) return Outcome::Stay;
+  std::string name;
+  if (!WithRetry(m_tools.Errors, [&] { name = ListedName(); })) return StayInBox();
+  if (name.empty()) {
     return Refuse(
         "The subject identified does not exist. You can edit the subject identifier, or you could try browsing.  If "
         "you are trying to read data from a different project, you have to cancel the 'Read Old Data' screen and go to "
         "the 'file', 'Open Existing Project' menu first.");
   }
   bool endedEarly = false;  // told; another identifier may be typed
-  return Load(path, m_subjectText, endedEarly);
+  const std::string identifier = IdentifierOfFile(*m_project, name);
+  return Load(JoinPath(Directory(), name), identifier.empty() ? m_subjectText : identifier, endedEarly);
 }
 
 SubjectIdentification::Outcome SubjectIdentification::Browse() {
+  if (!LooksForExisting()) return Outcome::Stay;
   const FileQuestion question = {.Title = "Select Data File",
                                  .Directory = Directory(),
                                  .Filters = {{"DAT files (*.dat)", "*.dat"}, {"All files (*.*)", "*"}}};

@@ -71,6 +71,7 @@ class SubjectIdentification {
   Outcome StayInBox();
   Outcome Refuse(const std::string& text);
   [[nodiscard]] std::string Directory() const;
+  [[nodiscard]] std::string ListedName() const;
   bool MayReplaceComplete(const std::string& subjectId);
   Outcome Load(const std::string& path, const std::string& subjectId, bool& endedEarly);
 

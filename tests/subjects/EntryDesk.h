@@ -71,7 +71,7 @@ struct EntryDesk {
       return arrow < 4 ? grid.Move(way.Line, way.Column) : grid.ExtendSelection(way.Line, way.Column);
     }
     switch (key) {
-      case 'e': return grid.Enter();
+      case 'e': static_cast<void>(grid.Enter()); return;
       case 't': return grid.Step(1);
       case 'T': return grid.Step(-1);
       case 'c': return grid.Click({5, 3});

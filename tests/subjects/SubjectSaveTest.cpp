@@ -145,13 +145,16 @@ TEST(SubjectSave, LosesNothingWhateverCallFails) {
       layer.FailNever();
       const bool wasAsked = boxes.Texts.size() > (done ? 1U : 0U);
       asked += wasAsked ? 1 : 0;
-      ASSERT_EQ(done, answer == BoxAnswer::Retry || !wasAsked) << call;
+      // A subject is saved also when only its autosave file could not go.
+      const bool keepsAutosave = done && scratch.Has("C:\\Param\\Temp.txt");
+      ASSERT_EQ(done, answer == BoxAnswer::Retry || !wasAsked || keepsAutosave) << call;
       if (!done) {
         EXPECT_EQ(record, Subject(7, note)) << call;
         if (complete) ExpectNothingLost(scratch, content, call);
         EXPECT_TRUE(SaveSubject(record, Project(), "C:\\Param", disk, boxes, desktop).Saved) << call;
       }
       Tree tree = scratch.Snapshot();
+      if (keepsAutosave) tree.erase("C/Param/Temp.txt");
       if (n == 0) saved = tree, savedRecord = record;
       // Given up just before the empty directories went: then no later save finds a reason to look at them.
       for (const char* left : {"C/P/Sdata/Unfinished/", "D/B/Sdata/Unfinished/"}) {
