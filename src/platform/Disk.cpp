@@ -10,6 +10,7 @@
 #include <system_error>
 
 #include "text/Encoding.h"
+#include "text/TypedText.h"
 
 namespace zova {
 
@@ -35,9 +36,7 @@ bool IsHidden(std::string_view name) noexcept {
 
 // A backslash would be taken for two components, a quote or a control character would break the file it is kept in.
 bool FitsStoredPath(std::string_view name) noexcept {
-  const auto breaks = [](char c) {
-    return c == '\\' || c == '"' || static_cast<unsigned char>(c) < 0x20 || c == '\x7f';
-  };
+  const auto breaks = [](char c) { return c == '\\' || BreaksField(c); };
   return IsValidUtf8(name) && std::none_of(name.begin(), name.end(), breaks);
 }
 

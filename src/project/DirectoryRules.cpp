@@ -7,6 +7,7 @@
 #include <optional>
 
 #include "text/Encoding.h"
+#include "text/TypedText.h"
 
 namespace zova {
 
@@ -17,12 +18,6 @@ namespace {
 constexpr std::string_view kBlanks = " \t";
 
 bool HasDriveLetter(std::string_view path) noexcept { return path.size() >= 2 && path[1] == ':'; }
-
-std::string_view Trimmed(std::string_view text) noexcept {
-  const std::size_t first = text.find_first_not_of(kBlanks);
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
-}
 
 // Where the directory is or would be, without links; nothing on a drive that is not ready.
 std::optional<fs::path> PlaceOf(std::string_view path, Disk& disk) {
@@ -41,8 +36,8 @@ std::optional<fs::path> PlaceOf(std::string_view path, Disk& disk) {
 bool IsFileNamePart(std::string_view name) noexcept {
   if (name.empty() || name.back() == '.') return false;
   return std::none_of(name.begin(), name.end(), [](char c) {
-    constexpr std::string_view kForbidden = "\\/:*?\"<>|\x7f";
-    return static_cast<unsigned char>(c) < 0x20 || kForbidden.find(c) != std::string_view::npos;
+    constexpr std::string_view kForbidden = "\\/:*?<>|";
+    return BreaksField(c) || kForbidden.find(c) != std::string_view::npos;
   });
 }
 
@@ -57,7 +52,7 @@ bool HasValidComponents(std::string_view path) noexcept {
 }
 
 std::string DirectoryFromText(std::string_view text, const DriveMap& drives) {
-  std::string path = drives.ToDrivePath(Trimmed(text));
+  std::string path = drives.ToDrivePath(WithoutOuterBlanks(text));
   if (HasDriveLetter(path)) {
     std::replace(path.begin(), path.end(), '/', '\\');
     if (path.size() > 2 && path[2] != '\\') path.insert(2, 1, '\\');

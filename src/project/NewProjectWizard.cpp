@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "project/ProjectFile.h"
+#include "text/TypedText.h"
 
 namespace zova {
 
@@ -14,9 +15,6 @@ using LeavePage = WizardFault (*)(WizardState&, const WizardTools&);
 constexpr std::array<LeavePage, NewProjectWizard::kPages> kLeavePage = {
     LeaveTitlePage,     LeaveDirectoriesPage, LeaveGeneralPage, LeaveCategoriesPage,
     LeaveVariablesPage, LeaveMinutesPage,     LeaveRatingsPage, LeaveAbbreviationPage};
-
-// A file keeps none of these; all are single bytes, so that no character is torn.
-bool BreaksFile(char c) noexcept { return static_cast<unsigned char>(c) < 0x20 || c == '\x7f' || c == '"'; }
 
 std::string DirectoryText(const std::string& directory) { return IsNoDirectory(directory) ? kNoDirectory : directory; }
 
@@ -75,12 +73,10 @@ const std::string& NewProjectWizard::Text(WizardBox box) const {
 
 void NewProjectWizard::SetText(WizardBox box, std::string_view text) {
   if (m_viewing) return;
-  std::string kept(text);
-  std::erase_if(kept, BreaksFile);
   if (box == WizardBox::Variable) {
-    m_state.Entries.Variables.SetEntryText(kept);
+    m_state.Entries.Variables.SetEntryText(text);
   } else {
-    m_state.Entries.Text(box) = std::move(kept);
+    m_state.Entries.Text(box) = FieldText(text);
   }
 }
 

@@ -4,24 +4,15 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <iterator>
 
 #include "text/Encoding.h"
+#include "text/TypedText.h"
 
 namespace zova {
 
 namespace {
 
 constexpr const char* kNoName = "You must have a name for each variable.";
-
-std::string Trimmed(std::string_view text) {
-  const std::size_t first = text.find_first_not_of(' ');
-  if (first == std::string_view::npos) return {};
-  return std::string(text.substr(first, text.find_last_not_of(' ') - first + 1));
-}
-
-// Names become columns of comma-separated files, in quotes that nothing escapes.
-bool FitsName(char c) noexcept { return static_cast<unsigned char>(c) >= 0x20 && c != '\x7f' && c != '"' && c != ','; }
 
 }  // namespace
 
@@ -79,11 +70,7 @@ void VariableEditor::Show(int variable, int level) {
   m_entry = Highlighted();
 }
 
-void VariableEditor::SetEntryText(std::string_view text) {
-  m_entry.clear();
-  if (AsksNothing()) return;
-  std::copy_if(text.begin(), text.end(), std::back_inserter(m_entry), FitsName);
-}
+void VariableEditor::SetEntryText(std::string_view text) { m_entry = AsksNothing() ? std::string() : ColumnText(text); }
 
 std::string VariableEditor::Prompt() const {
   if (AsksNothing()) return {};
@@ -117,7 +104,7 @@ void VariableEditor::NameHighlighted(const std::string& name) {
 }
 
 void VariableEditor::TakeEntry() {
-  if (Trimmed(m_entry).empty()) {
+  if (WithoutOuterBlanks(m_entry).empty()) {
     Show(m_variable, m_level);
     return;
   }
@@ -128,7 +115,7 @@ void VariableEditor::TakeEntry() {
 
 void VariableEditor::TakeStandingText() {
   // What an old file holds is not trimmed just because it was looked at.
-  const std::string name = Trimmed(m_entry);
+  const std::string name(WithoutOuterBlanks(m_entry));
   if (!name.empty() && m_entry != Highlighted()) NameHighlighted(name);
   Show(m_variable, m_level);
 }
@@ -161,7 +148,7 @@ void VariableEditor::DeleteHighlighted(MessageBoxes& boxes) {
 }
 
 int VariableEditor::FirstUnnamed() const {
-  const auto isUnnamed = [](const Variable& variable) { return Trimmed(variable.Name).empty(); };
+  const auto isUnnamed = [](const Variable& variable) { return WithoutOuterBlanks(variable.Name).empty(); };
   const auto found = std::find_if(m_variables.begin(), m_variables.end(), isUnnamed);
   return found == m_variables.end() ? 0 : static_cast<int>(found - m_variables.begin()) + 1;
 }
@@ -191,7 +178,7 @@ void VariableEditor::Review() {
 
 bool VariableEditor::Check(MessageBoxes& boxes) {
   // A name that was emptied in the box is told of; it stays what it was until another one is given.
-  const bool isEmptied = m_level == 0 && !Current().Name.empty() && Trimmed(m_entry).empty();
+  const bool isEmptied = m_level == 0 && !Current().Name.empty() && WithoutOuterBlanks(m_entry).empty();
   TakeStandingText();
   if (isEmptied) {
     boxes.Show({.Text = kNoName, .Icon = BoxIcon::Exclamation});
@@ -200,7 +187,7 @@ bool VariableEditor::Check(MessageBoxes& boxes) {
   if (HasNothing()) return true;
   for (int variable = 1; variable <= static_cast<int>(m_variables.size()); ++variable) {
     const Variable& checked = m_variables[static_cast<std::size_t>(variable - 1)];
-    if (Trimmed(checked.Name).empty()) {
+    if (WithoutOuterBlanks(checked.Name).empty()) {
       Show(variable, 0);
       boxes.Show({.Text = kNoName, .Icon = BoxIcon::Exclamation});
       return false;

@@ -3,6 +3,7 @@
 #include "project/DirectoryRules.h"
 #include "project/WizardPages.h"
 #include "text/Encoding.h"
+#include "text/TypedText.h"
 
 namespace zova {
 
@@ -31,7 +32,7 @@ bool MayShare(const std::string& abbreviation, MessageBoxes& boxes) {
 WizardFault LeaveAbbreviationPage(WizardState& state, const WizardTools& tools) {
   constexpr WizardBox kBox = WizardBox::Abbreviation;
   std::string& text = state.Entries.Text(kBox);
-  const std::string abbreviation(WithoutOuterSpaces(FirstCharacters(WithoutOuterSpaces(text), kAbbreviationLength)));
+  const std::string abbreviation(WithoutOuterBlanks(FirstCharacters(WithoutOuterBlanks(text), kAbbreviationLength)));
   text = abbreviation;
   if (abbreviation.empty()) return Refuse(tools, "You must have an abbreviation.", kBox, BoxIcon::Information);
   // Kept, although the spaces are gone by now.

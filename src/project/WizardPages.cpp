@@ -18,12 +18,6 @@ WizardBox Refuse(const WizardTools& tools, const char* text, WizardBox box, BoxI
   return box;
 }
 
-std::string_view WithoutOuterSpaces(std::string_view text) noexcept {
-  const std::size_t first = text.find_first_not_of(' ');
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(' ') - first + 1);
-}
-
 std::optional<std::int16_t> NumberInBox(std::string& text, std::size_t length, int least, int most) {
   text.resize(FirstCharacters(text, length).size());
   if (!IsWholeNumberText(text)) return std::nullopt;

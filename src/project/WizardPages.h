@@ -88,9 +88,6 @@ WizardBox Refuse(const WizardTools& tools, const char* text, WizardBox box, BoxI
 /// As "No" leaves the ratings: none in the record, no test rated. What the boxes hold stays.
 void DropRatings(ProjectParameters& project);
 
-/// Without the spaces at both ends.
-std::string_view WithoutOuterSpaces(std::string_view text) noexcept;
-
 /// The number in a box whose first `length` characters must be one, whole, and lie within `least` and `most`. The
 /// box keeps those characters. Nothing when it is no such number.
 std::optional<std::int16_t> NumberInBox(std::string& text, std::size_t length, int least, int most);

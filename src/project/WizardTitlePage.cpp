@@ -7,6 +7,7 @@
 #include "project/ProjectFile.h"
 #include "project/WizardPages.h"
 #include "text/Encoding.h"
+#include "text/TypedText.h"
 
 namespace zova {
 
@@ -17,13 +18,13 @@ constexpr std::size_t kExtensionLength = 4;
 // Kept: whatever follows the fourth last character, when that is a point, counts as a typed extension, "v1.2.3" becomes
 // "v1". The box keeps what was typed, or a second pass would take off more.
 std::string TitleFromText(std::string_view text) {
-  std::string_view title = WithoutOuterSpaces(text);
+  std::string_view title = WithoutOuterBlanks(text);
   const std::size_t count = CharacterCount(title);
   if (count >= kExtensionLength) {
     const std::string_view stem = FirstCharacters(title, count - kExtensionLength);
     if (title[stem.size()] == '.') title = stem;
   }
-  return std::string(WithoutOuterSpaces(title));
+  return std::string(WithoutOuterBlanks(title));
 }
 
 bool MayOverwrite(const std::string& title, MessageBoxes& boxes) {
@@ -51,7 +52,7 @@ void ProveName(const std::string& path, Disk& disk) {
 // A prefix that was chosen by hand stays. Page 8 trims its box, so that the spaces at the ends tell nothing.
 void OfferAbbreviation(const std::string& title, WizardState& state) {
   std::string& box = state.Entries.Text(WizardBox::Abbreviation);
-  const bool isOurs = box.empty() || WithoutOuterSpaces(box) == WithoutOuterSpaces(state.DefaultAbbreviation);
+  const bool isOurs = box.empty() || WithoutOuterBlanks(box) == WithoutOuterBlanks(state.DefaultAbbreviation);
   state.DefaultAbbreviation = FirstCharacters(title, kAbbreviationLength);
   if (isOurs) box = state.DefaultAbbreviation;
 }

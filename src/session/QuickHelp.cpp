@@ -43,7 +43,7 @@ constexpr auto kSentences = std::to_array<Sentence>({
     {"cmdPicHelp", "Opens the help topics."},
     {"cmdPicMaster", "Creates a master file with the scores of all subjects of the open project."},
     {"cmdPicMeans", "Reads a master file and shows its means by the levels of the variables."},
-    {"cmdPicUnfinished", "Lists the subjects whose entry was put aside, so that you can complete them."},
+    {"cmdPicUnfinished", "Takes up a subject whose entry was put aside, so that you can complete it."},
     {"cmdReview", "Cycles through the variables entered so far, one after another."},
     {"cmdSetPath", "Accepts the directory that stands in the box."},
     {"cmdSubCancel", "Leaves this subject without saving what was changed since the last save."},

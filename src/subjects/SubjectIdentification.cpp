@@ -9,18 +9,13 @@
 #include "subjects/SubjectFiles.h"
 #include "text/Encoding.h"
 #include "text/LeadingNumber.h"
+#include "text/TypedText.h"
 
 namespace zova {
 
 namespace {
 
 constexpr std::size_t kExtensionLength = 4;
-
-std::string Trimmed(std::string_view text) {
-  const std::size_t first = text.find_first_not_of(' ');
-  if (first == std::string_view::npos) return {};
-  return std::string(text.substr(first, text.find_last_not_of(' ') - first + 1));
-}
 
 // The whole marker here, its first two characters where files are saved: both forms are kept.
 std::string ExpectedPrefix(const ProjectParameters& project) {
@@ -79,12 +74,7 @@ std::string SubjectIdentification::LevelsList() const {
   return list;
 }
 
-void SubjectIdentification::SetSubjectText(const std::string& text) {
-  m_subjectText = text;
-  // It becomes a column of a comma-separated file, in quotes that nothing escapes.
-  std::erase_if(m_subjectText,
-                [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == '\x7f' || c == '"' || c == ','; });
-}
+void SubjectIdentification::SetSubjectText(const std::string& text) { m_subjectText = ColumnText(text); }
 
 SubjectIdentification::Outcome SubjectIdentification::StayInBox() {
   ++m_cursorMoves;
@@ -112,7 +102,7 @@ bool SubjectIdentification::StoreLevel() {
 }
 
 bool SubjectIdentification::TakeBox() {
-  m_subjectText = Trimmed(m_subjectText);
+  m_subjectText = std::string(WithoutOuterBlanks(m_subjectText));
   if (m_step == 1 ? IsSubjectId(m_subjectText) : StoreLevel()) return true;
   if (m_step == 1) {
     m_tools.Signals.Beep();
