@@ -2,9 +2,12 @@
 #include "app/EntryBox.h"
 
 #include <QClipboard>
+#include <QContextMenuEvent>
 #include <QGuiApplication>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QRegularExpressionValidator>
+#include <memory>
 
 #include "app/Controls.h"
 #include "subjects/EntryGrid.h"
@@ -17,8 +20,8 @@ constexpr int kPage = 10;  // lines
 
 // One number without a line end, as it may be pasted to be typed on.
 bool IsOneNumber(const QString& text) {
-  static const QRegularExpression pattern(QStringLiteral("\\A[0-9]{1,5}\\z"));
-  return pattern.match(text).hasMatch();
+  static const QRegularExpression kOneNumber(QStringLiteral("\\A[0-9]{1,5}\\z"));
+  return kOneNumber.match(text).hasMatch();
 }
 
 }  // namespace
@@ -79,14 +82,46 @@ bool EntryBox::TakeMove(const QKeyEvent& press, int lines, int columns) {
   return true;
 }
 
+// False for what is to be pasted into the box itself.
+bool EntryBox::TakePaste() {
+  const QString copied = QGuiApplication::clipboard()->text();
+  if (copied.isEmpty() || IsOneNumber(copied)) return false;
+  m_grid.Paste(FromQt(copied));
+  return true;
+}
+
+// False when there is text of the box to be copied.
+bool EntryBox::TakeCopy() {
+  if (hasSelectedText()) return false;
+  QGuiApplication::clipboard()->setText(ToQt(m_grid.Copy()));
+  return true;
+}
+
+// The edit menu copies and pastes what the keys do.
+void EntryBox::contextMenuEvent(QContextMenuEvent* event) {
+  const std::unique_ptr<QMenu> menu(createStandardContextMenu());
+  const auto redirect = [&](QKeySequence::StandardKey key, bool (EntryBox::*take)()) {
+    const QString shortcut = u'\t' + QKeySequence(key).toString(QKeySequence::NativeText);
+    for (QAction* action : menu->actions()) {
+      if (!action->text().endsWith(shortcut)) continue;
+      action->disconnect();
+      action->setEnabled(true);
+      connect(action, &QAction::triggered, this, [this, take, key] {
+        if (!(this->*take)()) key == QKeySequence::Copy ? copy() : paste();
+        emit Acted();
+      });
+    }
+  };
+  redirect(QKeySequence::Copy, &EntryBox::TakeCopy);
+  redirect(QKeySequence::Paste, &EntryBox::TakePaste);
+  menu->exec(event->globalPos());
+}
+
 bool EntryBox::TakeCommand(const QKeyEvent& press) {
-  const QString copied = press.matches(QKeySequence::Paste) ? QGuiApplication::clipboard()->text() : QString();
   const bool isRedoToo = press.keyCombination() == (Qt::CTRL | Qt::Key_Y);
-  if (!copied.isEmpty() && !IsOneNumber(copied)) {
-    m_grid.Paste(FromQt(copied));
-  } else if (press.matches(QKeySequence::Copy) && !hasSelectedText()) {
-    QGuiApplication::clipboard()->setText(ToQt(m_grid.Copy()));
-  } else if (press.matches(QKeySequence::Undo) && text().isEmpty()) {
+  if (press.matches(QKeySequence::Paste)) return TakePaste();
+  if (press.matches(QKeySequence::Copy)) return TakeCopy();
+  if (press.matches(QKeySequence::Undo) && text().isEmpty()) {
     m_grid.Undo();
   } else if ((press.matches(QKeySequence::Redo) || isRedoToo) && text().isEmpty()) {
     m_grid.Redo();

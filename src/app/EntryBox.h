@@ -23,6 +23,7 @@ class EntryBox : public QLineEdit {
   void Acted();
 
  protected:
+  void contextMenuEvent(QContextMenuEvent* event) override;
   bool event(QEvent* event) override;
 
  private:
@@ -30,6 +31,8 @@ class EntryBox : public QLineEdit {
   bool TakeKey(const QKeyEvent& press);
   bool TakeMove(const QKeyEvent& press, int lines, int columns = 0);
   bool TakeCommand(const QKeyEvent& press);
+  bool TakePaste();
+  bool TakeCopy();
 
   EntryGrid& m_grid;
 };

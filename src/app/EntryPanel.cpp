@@ -68,6 +68,8 @@ EntryPanel::EntryPanel(Session& session)
   connect(m_txtInput, &EntryBox::Acted, this, &EntryPanel::Report);
   connect(m_txtInput, &EntryBox::textEdited, m_grdInput, &EntryTable::ScrollToCursor);
   connect(m_grdInput, &EntryTable::Acted, this, &EntryPanel::Report);
+  m_side->widget()->installEventFilter(this);
+  FitSide();
   m_tmrAutoSave->setInterval(AutosaveTimer::kTickMilliseconds);
   connect(m_tmrAutoSave, &QTimer::timeout, this, [this] {
     ++m_waitingTicks;
@@ -126,7 +128,6 @@ void EntryPanel::Refresh() {
   m_framinbump->setEnabled(entry.KeepsMinutes());
   m_lblThisOne->setText(ToQt(entry.SubjectCaption()));
   m_lblProjectName->setText(tr("Project: ") + ToQt(m_session.ProjectCaption()));
-  m_side->setFixedWidth(m_side->widget()->minimumSizeHint().width() + m_side->verticalScrollBar()->sizeHint().width());
 }
 
 void EntryPanel::Report() {
@@ -170,8 +171,18 @@ void EntryPanel::keyPressEvent(QKeyEvent* event) {
   if (isDigit) QCoreApplication::sendEvent(m_txtInput, event);
 }
 
+// The column of buttons is as wide as its texts need, once they are laid out.
+void EntryPanel::FitSide() {
+  m_side->widget()->layout()->activate();
+  m_side->setFixedWidth(m_side->widget()->minimumSizeHint().width() + m_side->verticalScrollBar()->sizeHint().width());
+}
+
 bool EntryPanel::eventFilter(QObject* watched, QEvent* event) {
-  auto* button = static_cast<QPushButton*>(watched);
+  auto* button = qobject_cast<QPushButton*>(watched);
+  if (!button) {
+    if (event->type() == QEvent::LayoutRequest) FitSide();
+    return false;
+  }
   if (event->type() == QEvent::Shortcut) {
     button->click();  // at once: of itself it acts 100 ms later, when the next number is half typed
     return true;

@@ -35,6 +35,7 @@ class EntryPanel : public Panel {
   QPushButton* AddButton(QLayout& rows, const char* name, const QString& caption, std::function<void()> act);
   void Report();
   void FollowTimer();
+  void FitSide();
   void ActOnTicks();
 
   Session& m_session;

@@ -118,7 +118,12 @@ void EntryTable::mousePressEvent(QMouseEvent* event) {
   const QModelIndex pressed = indexAt(event->position().toPoint());
   m_dragging = event->button() == Qt::LeftButton && pressed.column() >= kItemColumn;
   if (!m_dragging) return;
-  m_grid.Click({pressed.row() + 1, pressed.column()});
+  const EntryCell cell{pressed.row() + 1, pressed.column()};
+  if (event->modifiers().testFlag(Qt::ShiftModifier)) {
+    m_grid.SelectTo(cell);
+  } else {
+    m_grid.Click(cell);
+  }
   emit Acted();
 }
 

@@ -47,7 +47,8 @@ int RunApplication(QApplication& application) {
   application.installEventFilter(new QuickHelpFilter(&application));
   QObject::connect(&window, &MainWindow::Ended, &application, [] { QCoreApplication::exit(); });
   window.show();
-  QTimer::singleShot(0, &window, &MainWindow::Start);
+  // Later than the window's own first events: a box at start-up is to stand before a window that has its place.
+  QTimer::singleShot(50, &window, &MainWindow::Start);
   return QApplication::exec();
 }
 

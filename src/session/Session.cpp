@@ -76,6 +76,7 @@ std::string Session::OpenCaption() const { return m_project ? "Change Project" :
 
 void Session::Show(Screen screen) {
   m_screen = screen;
+  if (screen == Screen::Main && m_project) LookForUnfinished();  // another computer may have left some, or taken them
   if (m_observer) m_observer();
 }
 

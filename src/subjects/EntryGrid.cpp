@@ -56,15 +56,15 @@ void EntryGrid::Move(int lines, int columns) {
 }
 
 void EntryGrid::Step(int direction) {
-  if (!m_text.empty()) return;
   EntryCell cell = m_cursor;
+  if (!TakeStandingText()) return;
   do {
     cell.Column += direction;
     if (cell.Column < kItemColumn || cell.Column > kRatingColumn) {
       cell.Line += direction;
       cell.Column = direction > 0 ? kItemColumn : kRatingColumn;
     }
-    if (cell.Line < 1 || cell.Line > Lines()) return;
+    if (cell.Line < 1 || cell.Line > Lines()) return;  // from the first or last cell: as far as entering led
   } while (!IsUsed(cell.Column));
   PlaceCursor(cell);
 }

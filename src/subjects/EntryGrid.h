@@ -50,7 +50,7 @@ class EntryGrid {
   bool TakeStandingText() { return m_text.empty() || Enter(); }
   /// The arrow keys; with text in the box they, and Step, do nothing.
   void Move(int lines, int columns);
-  /// Tab and Shift+Tab: the next or previous cell of the columns in use.
+  /// Tab and Shift+Tab, after taking what stands in the box: the next or previous cell of the columns in use.
   void Step(int direction);
   /// Shift+arrows, and the mouse from where it was pressed. The cursor goes along, the other end stays.
   void ExtendSelection(int lines, int columns) { SelectTo({m_cursor.Line + lines, m_cursor.Column + columns}); }

@@ -107,6 +107,7 @@ void EntryGrid::Paste(std::string_view text) {
     Refuse(block.Fault, "Line " + std::to_string(block.FaultLine) + " of the pasted data.");
     return;
   }
+  m_text.clear();  // else the next Enter would put it over what was pasted
   Change([&](RecallLists& lists) {
     int line = start.Line;
     for (const auto& cells : block.Lines) {

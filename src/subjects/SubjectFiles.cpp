@@ -22,13 +22,12 @@ void EnsureDirectory(Disk& disk, const std::string& directory) {
 
 void WriteCopy(Disk& disk, const std::string& destination, const std::string& fileName, const std::string& content,
                bool unfinished) {
-  if (!disk.DirectoryExists(destination)) {
-    throw FileError(FileOperation::Write, JoinPath(SubjectDirectory(destination), fileName), FileCause::PathNotFound);
-  }
-  EnsureDirectory(disk, SubjectDirectory(destination));
-  if (unfinished) EnsureDirectory(disk, UnfinishedDirectory(destination));
   const std::string directory = unfinished ? UnfinishedDirectory(destination) : SubjectDirectory(destination);
-  disk.Write(JoinPath(directory, fileName), content);
+  const std::string path = JoinPath(directory, fileName);
+  if (!disk.DirectoryExists(destination)) throw FileError(FileOperation::Write, path, FileCause::PathNotFound);
+  EnsureDirectory(disk, SubjectDirectory(destination));
+  if (unfinished) EnsureDirectory(disk, directory);
+  disk.Write(path, content);
 }
 
 // Case counts here, whatever the rules of the file system: "a1" and "A1" are two subjects.
