@@ -20,41 +20,41 @@ struct EntryDesk {
   /// B the preferences Skip Minutes and Next Blank Space; and at its end the number of the test that `lists` begin with
   /// and that is shown; before all, 1 or 2 for as many tests in place of 3. The tests' flags are "Y", "N" and, as in an
   /// older file, "y".
-  EntryDesk(MessageBoxes& shown, const std::string& setup, const std::string& lists) : boxes(shown) {
+  EntryDesk(MessageBoxes& shown, const std::string& setup, const std::string& lists) : Boxes(shown) {
     const auto has = [&](char letter) { return setup.find(letter) < setup.size() - 1; };
-    project = MakeProject({.Tests = 3, .Items = 5, .Minutes = 9, .MaxRating = 7, .Rated = "YNy"});
-    if (has('1') || has('2')) project.TestCount = static_cast<std::int16_t>(setup.front() - '0');
-    if (has('l')) project.ItemCount = 12;
-    project.MinutesRecorded = has('m');
-    project.Rated = has('r');
-    project.Abbreviation = "Ex";
-    project.ProjectFileName = "Study.prm";
-    project.PrimaryDir = "C:\\P";
-    project.BackupDir = "D:\\B";
-    for (const char* directory : {"C:\\P", "D:\\B", "C:\\Param"}) scratch.MakeDirectory(directory);
-    preferences = {.SkipMinutes = has('S'), .NextBlankSpace = has('B')};
-    record.SubjectId = "a1";
-    record.Lists = Lists(setup.back() - '0', lists);
-    entry.Open(project, "C:\\Param");
-    if (setup.back() != '1') grid.ShowTest(setup.back() - '0');
-    grid.TakeChangedLines();
+    Project = MakeProject({.Tests = 3, .Items = 5, .Minutes = 9, .MaxRating = 7, .Rated = "YNy"});
+    if (has('1') || has('2')) Project.TestCount = static_cast<std::int16_t>(setup.front() - '0');
+    if (has('l')) Project.ItemCount = 12;
+    Project.MinutesRecorded = has('m');
+    Project.Rated = has('r');
+    Project.Abbreviation = "Ex";
+    Project.ProjectFileName = "Study.prm";
+    Project.PrimaryDir = "C:\\P";
+    Project.BackupDir = "D:\\B";
+    for (const char* directory : {"C:\\P", "D:\\B", "C:\\Param"}) Files.MakeDirectory(directory);
+    Chosen = {.SkipMinutes = has('S'), .NextBlankSpace = has('B')};
+    Record.SubjectId = "a1";
+    Record.Lists = Lists(setup.back() - '0', lists);
+    Entry.Open(Project, "C:\\Param");
+    if (setup.back() != '1') Grid.ShowTest(setup.back() - '0');
+    Grid.TakeChangedLines();
   }
   [[nodiscard]] RecallLists Lists(int test, const std::string& lists) const {
-    return MakeLists(project, (test == 1 ? "" : test == 2 ? "| " : "| | ") + lists);
+    return MakeLists(Project, (test == 1 ? "" : test == 2 ? "| " : "| | ") + lists);
   }
 
   /// After each key the lines named as changed must be those that changed; all of another test.
   void Press(const std::string& keys) {
     for (const char key : keys) {
-      const RecallLists before = record.Lists;
-      const int test = grid.Test();
+      const RecallLists before = Record.Lists;
+      const int test = Grid.Test();
       PressOne(key);
       std::pair<int, int> lines = {1, 0};
-      for (int line = grid.Lines(); line >= 1; --line) {
-        if (test == grid.Test() && before.At(test, line) == record.Lists.At(test, line)) continue;
+      for (int line = Grid.Lines(); line >= 1; --line) {
+        if (test == Grid.Test() && before.At(test, line) == Record.Lists.At(test, line)) continue;
         lines = {line, std::max(line, lines.second)};
       }
-      const auto changed = grid.TakeChangedLines();
+      const auto changed = Grid.TakeChangedLines();
       if (std::string("fFqQE").find(key) != std::string::npos) continue;  // these lay out the grid anew
       EXPECT_EQ(std::pair(changed.FirstLine, changed.LastLine), lines) << key;
     }
@@ -68,80 +68,80 @@ struct EntryDesk {
     if (const auto arrow = arrows.find(key); arrow != std::string::npos) {
       const EntryCell ways[] = {{-1, 0}, {1, 0}, {0, -1}, {0, 1}};
       const EntryCell way = ways[arrow % 4];
-      return arrow < 4 ? grid.Move(way.Line, way.Column) : grid.ExtendSelection(way.Line, way.Column);
+      return arrow < 4 ? Grid.Move(way.Line, way.Column) : Grid.ExtendSelection(way.Line, way.Column);
     }
     switch (key) {
-      case 'e': static_cast<void>(grid.Enter()); return;
-      case 't': return grid.Step(1);
-      case 'T': return grid.Step(-1);
-      case 'c': return grid.Click({5, 3});
-      case 'n': return grid.ShowTest(grid.Test() + 1);
-      case 'i': return grid.InsertLine();
-      case 'x': return grid.DeleteSelectedLines();
-      case '+': return grid.AddMinute();
-      case '-': return grid.SubtractMinute();
-      case 'z': return grid.Undo();
-      case 'y': return grid.Redo();
-      case 'f': return entry.DoneWithTest();
-      case 'F': return static_cast<void>(ending = entry.DoneWithAllTests());
-      case 's': return static_cast<void>(entry.SaveIncomplete());
-      case 'q': return static_cast<void>(ending = entry.Cancel());
-      case 'Q': return entry.Abandon();
-      case 'E': return entry.Open(project, "C:\\Param");
-      case '.': return entry.Tick();
+      case 'e': static_cast<void>(Grid.Enter()); return;
+      case 't': return Grid.Step(1);
+      case 'T': return Grid.Step(-1);
+      case 'c': return Grid.Click({5, 3});
+      case 'n': return Grid.ShowTest(Grid.Test() + 1);
+      case 'i': return Grid.InsertLine();
+      case 'x': return Grid.DeleteSelectedLines();
+      case '+': return Grid.AddMinute();
+      case '-': return Grid.SubtractMinute();
+      case 'z': return Grid.Undo();
+      case 'y': return Grid.Redo();
+      case 'f': return Entry.DoneWithTest();
+      case 'F': return static_cast<void>(Ended = Entry.DoneWithAllTests());
+      case 's': return static_cast<void>(Entry.SaveIncomplete());
+      case 'q': return static_cast<void>(Ended = Entry.Cancel());
+      case 'Q': return Entry.Abandon();
+      case 'E': return Entry.Open(Project, "C:\\Param");
+      case '.': return Entry.Tick();
       case ':': return Press("...........");
-      case 'o': return entry.SetAutosave(false);
-      case 'O': return entry.SetAutosave(true);
-      case 'X': return static_cast<void>(std::filesystem::remove_all(scratch.Native("C:\\Param")));
-      case 'M': return scratch.MakeDirectory("C:\\Param");
+      case 'o': return Entry.SetAutosave(false);
+      case 'O': return Entry.SetAutosave(true);
+      case 'X': return static_cast<void>(std::filesystem::remove_all(Files.Native("C:\\Param")));
+      case 'M': return Files.MakeDirectory("C:\\Param");
       case 'N':
-        for (char i = '1'; i <= '9'; ++i) scratch.Put(std::string("C:\\P\\Sdata\\Unfinished\\Ex") + i + ".dat", "");
+        for (char i = '1'; i <= '9'; ++i) Files.Put(std::string("C:\\P\\Sdata\\Unfinished\\Ex") + i + ".dat", "");
         return;
-      default: return grid.SetEntryText(grid.EntryText() + key);
+      default: return Grid.SetEntryText(Grid.EntryText() + key);
     }
   }
 
   /// Like "@2,1-3,1* '4' b": cursor and the other end of a selection, a star when there are unsaved changes, the box's
   /// text, a beep.
   [[nodiscard]] std::string GridState() const {
-    const EntryBlock& block = grid.Selection();
-    const auto [line, column] = grid.Cursor();
+    const EntryBlock& block = Grid.Selection();
+    const auto [line, column] = Grid.Cursor();
     std::ostringstream text;
     text << "@" << line << "," << column;
     if (!block.IsOneCell()) {
       text << "-" << block.FirstLine + block.LastLine - line << "," << block.FirstColumn + block.LastColumn - column;
     }
-    if (record.HasUnsavedChanges) text << "*";
-    if (!grid.EntryText().empty()) text << " '" << grid.EntryText() << "'";
-    if (desktop.Beeps > 0) text << " b";
+    if (Record.HasUnsavedChanges) text << "*";
+    if (!Grid.EntryText().empty()) text << " '" << Grid.EntryText() << "'";
+    if (Signals.Beeps > 0) text << " b";
     return text.str();
   }
   /// Like "Test 2 Review @1,1* 3 N A": the test and what its button says, the grid, the ticks while the timer runs, N
   /// for a note, A for an autosave file.
   [[nodiscard]] std::string State() const {
     std::string text = "left";
-    if (entry.IsOpen())
+    if (Entry.IsOpen())
       text =
-          (entry.DoneCaption() == "Review" ? entry.TestCaption() + " " : "") + entry.DoneCaption() + " " + GridState();
-    if (entry.Timer().IsRunning()) text += " " + std::to_string(entry.Timer().Ticks());
-    if (!record.UnfinishedNote.empty()) text += " N";
-    if (scratch.Has("C:\\Param\\Temp.txt")) text += " A";
-    EXPECT_TRUE(entry.IsOpen() || record.Lists == Lists(1, ""));
-    return text + (ending.UnfinishedEmptied ? " emptied" : "");
+          (Entry.DoneCaption() == "Review" ? Entry.TestCaption() + " " : "") + Entry.DoneCaption() + " " + GridState();
+    if (Entry.Timer().IsRunning()) text += " " + std::to_string(Entry.Timer().Ticks());
+    if (!Record.UnfinishedNote.empty()) text += " N";
+    if (Files.Has("C:\\Param\\Temp.txt")) text += " A";
+    EXPECT_TRUE(Entry.IsOpen() || Record.Lists == Lists(1, ""));
+    return text + (Ended.UnfinishedEmptied ? " emptied" : "");
   }
 
-  Scratch scratch;
-  FailingFileLayer layer{scratch.Layer()};
-  Disk disk{layer, scratch.Drives()};
-  MessageBoxes& boxes;
-  FileErrorHandler errors{boxes};
-  CountingDesktop desktop;
-  ProjectParameters project;
-  SubjectRecord record;
-  Preferences preferences;
-  SubjectEntry entry{record, preferences, {disk, boxes, errors, desktop}};
-  EntryGrid& grid = entry.Grid();
-  SubjectEntry::Ending ending;
+  Scratch Files;
+  FailingFileLayer Layer{Files.Layer()};
+  Disk OnDisk{Layer, Files.Drives()};
+  MessageBoxes& Boxes;
+  FileErrorHandler Errors{Boxes};
+  CountingDesktop Signals;
+  ProjectParameters Project;
+  SubjectRecord Record;
+  Preferences Chosen;
+  SubjectEntry Entry{Record, Chosen, {OnDisk, Boxes, Errors, Signals}};
+  EntryGrid& Grid = Entry.Grid();
+  SubjectEntry::Ending Ended;
 };
 
 using BoxTable = std::map<std::string, ExpectedBox>;
@@ -172,18 +172,18 @@ inline void ExpectAll(const BoxTable& table, const std::vector<std::string>& cas
       boxes.Expect(box);
     }
     EntryDesk desk(boxes, setup, lists);
-    const RecallLists start = desk.record.Lists;
+    const RecallLists start = desk.Record.Lists;
     desk.Press(keys);
     if (after == "-") {
       EXPECT_EQ(desk.State(), state);
       continue;
     }
     EXPECT_EQ(desk.GridState(), state);
-    const int test = desk.grid.Test();
+    const int test = desk.Grid.Test();
     const RecallLists expected = desk.Lists(test, after);
-    for (int i = 1; i <= desk.grid.Lines(); ++i) EXPECT_EQ(desk.record.Lists.At(test, i), expected.At(test, i)) << i;
+    for (int i = 1; i <= desk.Grid.Lines(); ++i) EXPECT_EQ(desk.Record.Lists.At(test, i), expected.At(test, i)) << i;
     desk.Press(std::string(20, 'z'));
-    EXPECT_EQ(desk.record.Lists, start) << "undone";
+    EXPECT_EQ(desk.Record.Lists, start) << "undone";
   }
 }
 

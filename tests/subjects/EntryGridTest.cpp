@@ -94,17 +94,17 @@ TEST(EntryGrid, CopiesAndPastesWhole) {
   ScriptedBoxes boxes{{"The entered number was out of minute range.", BoxAnswer::Ok, "Line 2 of the pasted data."}};
   EntryDesk desk(boxes, "mr1", "1/2 0 5");
   desk.Press("ddrUUL");
-  const std::string copied = desk.grid.Copy();
+  const std::string copied = desk.Grid.Copy();
   EXPECT_EQ(copied, "1\t2\n\t\n5\t\n");
-  desk.grid.Paste("3\t4\n3\t10\n");
-  desk.grid.Paste("");
+  desk.Grid.Paste("3\t4\n3\t10\n");
+  desk.Grid.Paste("");
   EXPECT_EQ(desk.GridState(), "@1,1-3,2");
   desk.Press("drL");
-  desk.grid.Paste(copied);
-  desk.grid.TakeChangedLines();
+  desk.Grid.Paste(copied);
+  desk.Grid.TakeChangedLines();
   EXPECT_EQ(desk.GridState(), "@2,1-2,2*");
-  EXPECT_EQ(desk.grid.Copy(), "1\t2\n");
+  EXPECT_EQ(desk.Grid.Copy(), "1\t2\n");
   desk.Press("zurr");
-  desk.grid.Paste("7\r\n6");
-  EXPECT_EQ(desk.record.Lists, desk.Lists(1, "1/2/7 0/0/6 5"));
+  desk.Grid.Paste("7\r\n6");
+  EXPECT_EQ(desk.Record.Lists, desk.Lists(1, "1/2/7 0/0/6 5"));
 }

@@ -45,8 +45,8 @@ TEST(SubjectEntry, WalksThroughTheTests) {
   ScriptedBoxes boxes;
   EntryDesk desk(boxes, "2r1", "1 2 | 3");
   desk.Press("ff2e");
-  EXPECT_EQ(desk.record.Lists.At(2, 1).Item, 2) << "typed in the review";
-  EXPECT_EQ(desk.entry.SubjectCaption(), "Project: Study\nSubject: a1");
+  EXPECT_EQ(desk.Record.Lists.At(2, 1).Item, 2) << "typed in the review";
+  EXPECT_EQ(desk.Entry.SubjectCaption(), "Project: Study\nSubject: a1");
 }
 
 TEST(SubjectEntry, ChecksBeforeItSaves) {
@@ -103,11 +103,11 @@ TEST(SubjectEntry, AutosavesOnTheEleventhTick) {
     ScriptedBoxes boxes;
     EntryDesk desk(boxes, "2r1", "1/0/1 | 2");
     desk.Press(autosave);
-    desk.scratch.Put("C:\\Param\\Temp.txt", "restored");
-    desk.entry.Open(desk.project, "C:\\Param", true);
+    desk.Files.Put("C:\\Param\\Temp.txt", "restored");
+    desk.Entry.Open(desk.Project, "C:\\Param", true);
     EXPECT_EQ(desk.State(), autosave == "O" ? "Done with Test 1 @1,1* 0 A" : "Done with Test 1 @1,1*");
     if (autosave == "o") continue;
-    EXPECT_EQ(desk.scratch.Get("C:\\Param\\Temp.txt"), FormatAutosave(desk.record, desk.project));
+    EXPECT_EQ(desk.Files.Get("C:\\Param\\Temp.txt"), FormatAutosave(desk.Record, desk.Project));
   }
 }
 
@@ -121,19 +121,19 @@ TEST(SubjectEntry, StaysAsItIsWhenASaveIsGivenUp) {
       EntryDesk desk(boxes, "2r1", "0/0/1 | 2");
       desk.Press("s1e.");
       const std::string state = desk.State();
-      const std::string note = desk.record.UnfinishedNote;
-      const std::string content = FormatSubject(desk.record, desk.project);
+      const std::string note = desk.Record.UnfinishedNote;
+      const std::string content = FormatSubject(desk.Record, desk.Project);
       boxes.Texts.clear();
-      desk.layer.FailAt(n);
+      desk.Layer.FailAt(n);
       desk.Press(save);
-      failed = desk.layer.HasFailed();
-      desk.layer.FailNever();
+      failed = desk.Layer.HasFailed();
+      desk.Layer.FailNever();
       if (boxes.Texts.back().find("saved") == std::string::npos) {
         ++givenUp;
-        desk.ending.UnfinishedEmptied = false;  // told as soon as it is so
+        desk.Ended.UnfinishedEmptied = false;  // told as soon as it is so
         EXPECT_EQ(desk.State(), state);
-        EXPECT_EQ(desk.record.UnfinishedNote, note);
-        EXPECT_EQ(FormatSubject(desk.record, desk.project), content);
+        EXPECT_EQ(desk.Record.UnfinishedNote, note);
+        EXPECT_EQ(FormatSubject(desk.Record, desk.Project), content);
         desk.Press(save);
       }
       EXPECT_EQ(boxes.Texts.back(), kBoxes.at(save == "F" ? "saved" : "kept").Text);
