@@ -2,10 +2,7 @@
 #include "app/EntryTable.h"
 
 #include <QAbstractTableModel>
-#include <QHeaderView>
 #include <QMouseEvent>
-#include <QPainter>
-#include <QStyledItemDelegate>
 #include <algorithm>
 
 namespace zova {
@@ -13,35 +10,6 @@ namespace zova {
 namespace {
 
 constexpr const char* kHeadings[] = {"Item #", "Recalled", "Minute", "Rating"};
-
-class EntryDelegate final : public QStyledItemDelegate {
- public:
-  EntryDelegate(const EntryGrid& grid, QObject* parent) : QStyledItemDelegate(parent), m_grid(grid) {}
-
-  void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
-    const int column = index.column();
-    const bool isCursor = EntryCell{index.row() + 1, column} == m_grid.Cursor();
-    const bool isSelected = option.state.testFlag(QStyle::State_Selected);
-    const bool isGreyed = column != 0 && !m_grid.IsUsed(column);
-    auto ground = column == 0 ? QPalette::Button : isGreyed ? QPalette::Window : QPalette::Base;
-    if (isSelected) ground = QPalette::Highlight;
-    painter->fillRect(option.rect, option.palette.brush(QPalette::Active, ground));
-    if (isCursor) {  // in a frame of the text's own colour, which no other cell has
-      const double frame = std::max(3, option.fontMetrics.height() / 6);
-      const QBrush ink = option.palette.brush(QPalette::Active, QPalette::Text);
-      painter->setPen({ink, frame, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin});
-      painter->drawRect(QRectF(option.rect).adjusted(frame / 2, frame / 2, -frame / 2, -frame / 2));
-    }
-    QFont font = option.font;
-    font.setBold(isCursor);
-    painter->setFont(font);
-    painter->setPen(option.palette.color(QPalette::Active, isSelected ? QPalette::HighlightedText : QPalette::Text));
-    painter->drawText(option.rect, Qt::AlignCenter, index.data().toString());
-  }
-
- private:
-  const EntryGrid& m_grid;
-};
 
 }  // namespace
 
@@ -82,20 +50,11 @@ class EntryModel final : public QAbstractTableModel {
   int m_lines = 0;
 };
 
-EntryTable::EntryTable(EntryGrid& grid) : m_grid(grid), m_model(new EntryModel(grid, this)) {
-  setObjectName(QStringLiteral("grdInput"));
+EntryTable::EntryTable(EntryGrid& grid)
+    : NumberGrid("grdInput", [&grid](int column) { return !grid.IsUsed(column); }),
+      m_grid(grid),
+      m_model(new EntryModel(grid, this)) {
   setModel(m_model);
-  setItemDelegate(new EntryDelegate(grid, this));
-  setFocusPolicy(Qt::NoFocus);
-  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  verticalHeader()->hide();
-  verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-  verticalHeader()->setMinimumSectionSize(1);
-  verticalHeader()->setDefaultSectionSize(fontMetrics().height() * 3 / 2);
-  horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
-  horizontalHeader()->setSectionsClickable(false);
-  horizontalHeader()->setHighlightSections(false);
-  setMinimumSize(fontMetrics().averageCharWidth() * 40, fontMetrics().height() * 8);
 }
 
 void EntryTable::Refresh() {
@@ -111,8 +70,6 @@ void EntryTable::Refresh() {
   selectionModel()->setCurrentIndex(cursor, QItemSelectionModel::NoUpdate);
   ScrollToCursor();
 }
-
-void EntryTable::ScrollToCursor() { scrollTo(currentIndex()); }
 
 void EntryTable::mousePressEvent(QMouseEvent* event) {
   const QModelIndex pressed = indexAt(event->position().toPoint());
@@ -140,10 +97,5 @@ void EntryTable::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void EntryTable::mouseDoubleClickEvent(QMouseEvent* event) { mousePressEvent(event); }
-
-void EntryTable::resizeEvent(QResizeEvent* event) {
-  QTableView::resizeEvent(event);
-  ScrollToCursor();
-}
 
 }  // namespace zova

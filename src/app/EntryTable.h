@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QTableView>
-
+#include "app/NumberGrid.h"
 #include "subjects/EntryGrid.h"
 
 namespace zova {
@@ -11,13 +10,12 @@ class EntryModel;
 
 /// Shows the entry grid, drawing only what changed: a row per line, its number in column 0; the columns are the grid's.
 /// The mouse selects in it; the keyboard stays with the entry box.
-class EntryTable : public QTableView {
+class EntryTable : public NumberGrid {
   Q_OBJECT
 
  public:
   explicit EntryTable(EntryGrid& grid);
   void Refresh();
-  void ScrollToCursor();
 
  signals:
   /// The mouse chose cells.
@@ -27,7 +25,6 @@ class EntryTable : public QTableView {
   void mousePressEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
-  void resizeEvent(QResizeEvent* event) override;
 
  private:
   EntryGrid& m_grid;

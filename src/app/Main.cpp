@@ -9,6 +9,7 @@
 #include "app/Controls.h"
 #include "app/HelpWindow.h"
 #include "app/MainWindow.h"
+#include "app/ProgressPanel.h"
 #include "app/QtChoosers.h"
 #include "app/QtDesktop.h"
 #include "app/QtMessageBoxes.h"
@@ -40,8 +41,9 @@ int RunApplication(QApplication& application) {
   QtChoosers choosers(disk, desktop);
   QtSettings settings;
   HelpWindow help(disk);
-  Session session({disk, boxes, choosers, settings, desktop, help}, ProgramDirectoryPath(), InstalledData());
-  MainWindow window(session);
+  QtProgress progress;
+  Session session({disk, boxes, choosers, settings, desktop, help, progress}, ProgramDirectoryPath(), InstalledData());
+  MainWindow window(session, progress);
   boxes.SetBeforeShow([&window] { window.Refresh(); });
 
   application.installEventFilter(new QuickHelpFilter(&application));

@@ -3,7 +3,6 @@
 #include "app/MainPanel.h"
 
 #include <QGridLayout>
-#include <QGroupBox>
 #include <QHBoxLayout>
 #include <QIcon>
 #include <QKeyEvent>
@@ -62,6 +61,8 @@ MainPanel::MainPanel(const Session& session, RunCommand run) : m_session(session
   auto* grid = new QGridLayout;
   AddPictures(*grid);
   column->addLayout(grid);
+  m_lastMaster = MakeLastMasterGroup();
+  column->addWidget(m_lastMaster);
   column->addStretch();
   column->addWidget(MakeLabel("lblQuickHelp", "Right click something for fast help about it"));
 
@@ -89,6 +90,18 @@ QWidget* MainPanel::MakeProjectGroup() {
   return group;
 }
 
+QGroupBox* MainPanel::MakeLastMasterGroup() {
+  auto* group = Named(new QGroupBox("Last Master"), "fraLastMaster");
+  m_lastMasterPath = MakeLabel("lblLastMaster", {});
+  m_lastMasterPath->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  QPushButton* open = MakeButton("cmdLastMaster", "Open Fol&der");
+  connect(open, &QPushButton::clicked, this, [this] { m_run(&Session::OpenLastMasterFolder); });
+  auto* row = new QHBoxLayout(group);
+  row->addWidget(m_lastMasterPath, 1);
+  row->addWidget(open);
+  return group;
+}
+
 void MainPanel::AddPictures(QGridLayout& grid) {
   int place = 0;
   for (const Picture& picture : kPictures) {
@@ -105,6 +118,8 @@ void MainPanel::Refresh() {
   m_currentProject->setText(ToQt(m_session.ProjectCaption()));
   // "Project" is in both captions; its j is free, the letters of the menus are not.
   m_open->setText(ToQt(m_session.OpenCaption()).replace("ject", "&ject"));
+  m_lastMaster->setVisible(!m_session.LastMaster().empty());
+  m_lastMasterPath->setText(ToQt(m_session.LastMaster()));
 }
 
 }  // namespace zova

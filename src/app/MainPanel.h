@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QGroupBox>
 #include <QToolButton>
 #include <vector>
 
@@ -33,12 +34,15 @@ class MainPanel : public Panel {
 
  private:
   QWidget* MakeProjectGroup();
+  QGroupBox* MakeLastMasterGroup();
   void AddPictures(QGridLayout& grid);
 
   const Session& m_session;
   RunCommand m_run;
   QLabel* m_currentProject = nullptr;
   QPushButton* m_open = nullptr;
+  QGroupBox* m_lastMaster = nullptr;
+  QLabel* m_lastMasterPath = nullptr;
 };
 
 }  // namespace zova

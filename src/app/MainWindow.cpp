@@ -10,14 +10,19 @@
 
 #include "app/Controls.h"
 #include "app/EntryPanel.h"
+#include "app/GroupPanel.h"
 #include "app/IdentificationPanel.h"
 #include "app/LocationPanel.h"
 #include "app/MainPanel.h"
+#include "app/MasterPanel.h"
+#include "app/MeasurePanel.h"
+#include "app/OrderPanel.h"
+#include "app/ProgressPanel.h"
 #include "app/WizardPanel.h"
 
 namespace zova {
 
-MainWindow::MainWindow(Session& session)
+MainWindow::MainWindow(Session& session, QtProgress& progress)
     : m_session(session),
       m_menus(*menuBar(), session, [this](SessionCommand command) { Run(command); }),
       m_panels(Named(new QStackedWidget, "staPanels")),
@@ -25,7 +30,12 @@ MainWindow::MainWindow(Session& session)
       m_wizard(Add(new WizardPanel(session))),
       m_location(Add(new LocationPanel(session))),
       m_identification(Add(new IdentificationPanel(session))),
-      m_entry(Add(new EntryPanel(session))) {
+      m_entry(Add(new EntryPanel(session))),
+      m_masterOptions(Add(new MasterPanel(session.Masters(), [this] { return m_session.ProjectCaption(); }))),
+      m_measures(Add(new MeasurePanel(session.Masters(), [this] { Run(&Session::ShowMeasuresHelp); }))),
+      m_order(Add(new OrderPanel(session.Masters()))),
+      m_groups(Add(new GroupPanel(session.Masters()))),
+      m_progress(Add(new ProgressPanel(progress))) {
   setObjectName("frmZova");
   setWindowTitle("ZOVA");
   setCentralWidget(m_panels);
@@ -50,6 +60,20 @@ Panel* MainWindow::PanelOf(Screen screen) const {
     case Screen::BackupDestination: return m_location;
     case Screen::Identification: return m_identification;
     case Screen::Entry: return m_entry;
+    case Screen::Masters: return PanelOf(m_session.Masters().CurrentStage());
+  }
+  return m_main;
+}
+
+Panel* MainWindow::PanelOf(MasterFlow::Stage stage) const {
+  switch (stage) {
+    case MasterFlow::Stage::Closed: break;
+    case MasterFlow::Stage::Options: return m_masterOptions;
+    case MasterFlow::Stage::Measures: return m_measures;
+    case MasterFlow::Stage::OrderOfItems:
+    case MasterFlow::Stage::OrderOfGroups: return m_order;
+    case MasterFlow::Stage::GroupDetails: return m_groups;
+    case MasterFlow::Stage::Writing: return m_progress;
   }
   return m_main;
 }

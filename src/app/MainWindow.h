@@ -12,11 +12,14 @@ namespace zova {
 class Panel;
 
 /// The frame around the session: the menus, and the panel of the screen that is up.
+class QtProgress;
+
 class MainWindow : public QMainWindow {
   Q_OBJECT
 
  public:
-  explicit MainWindow(Session& session);
+  /// `progress` is what the session's runs tell how far they have come.
+  MainWindow(Session& session, QtProgress& progress);
   /// To be called once the window is shown, so that the first messages stand before it.
   void Start();
   /// Shows the session as it is now.
@@ -34,6 +37,7 @@ class MainWindow : public QMainWindow {
   [[nodiscard]] bool IsBusy() const;
   Panel* Add(Panel* panel);
   [[nodiscard]] Panel* PanelOf(Screen screen) const;
+  [[nodiscard]] Panel* PanelOf(MasterFlow::Stage stage) const;
 
   Session& m_session;
   Menus m_menus;
@@ -43,6 +47,11 @@ class MainWindow : public QMainWindow {
   Panel* m_location;
   Panel* m_identification;
   Panel* m_entry;
+  Panel* m_masterOptions;
+  Panel* m_measures;
+  Panel* m_order;
+  Panel* m_groups;
+  Panel* m_progress;
   bool m_running = false;
 };
 

@@ -3,7 +3,12 @@
 #include "app/QtDesktop.h"
 
 #include <QApplication>
+#include <QDesktopServices>
 #include <QMainWindow>
+#include <QUrl>
+
+#include "app/Controls.h"
+#include "platform/DriveMap.h"
 
 namespace zova {
 namespace {
@@ -27,6 +32,10 @@ void QtDesktop::Count(int& what, int by) {
 }
 
 void QtDesktop::Beep() { QApplication::beep(); }
+
+void QtDesktop::OpenFolder(const std::filesystem::path& directory) {
+  QDesktopServices::openUrl(QUrl::fromLocalFile(ToQt(PathText(directory))));
+}
 
 QtDesktop::Pause::Pause(QtDesktop& desktop) : m_desktop(desktop), m_window(WindowForDialogs()) {
   if (m_window) m_focus = m_window->focusWidget();

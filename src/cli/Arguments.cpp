@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <string_view>
 
+#include "master/NominalGroups.h"
+
 namespace zova {
 
 namespace {
@@ -23,6 +25,18 @@ std::vector<Measure> ParseMeasures(std::string_view list) {
   }
 }
 
+int GroupSizeOf(const std::string& text) {
+  const auto size = ParseGroupSize(text);
+  if (!size) throw UsageError(std::string("option '--group-size': ") + kGroupSizeFault);
+  return *size;
+}
+
+void RequireComplete(const Arguments& parsed) {
+  if (!parsed.GroupSize && parsed.GroupBy) throw UsageError("option '--group-by' needs '--group-size'");
+  if (!parsed.GroupSize && parsed.GroupOrderFile) throw UsageError("option '--group-order' needs '--group-size'");
+  if (parsed.ProjectFile.empty() && !parsed.Help && !parsed.Version) throw UsageError("no project file");
+}
+
 // An option's value: behind "=" or the next argument.
 class Values {
  public:
@@ -38,6 +52,13 @@ class Values {
     if (argument != option) return std::nullopt;
     if (AtEnd()) throw UsageError("option '" + option + "' needs a value");
     return TakeArgument();
+  }
+
+  // The same for a file, which has a name.
+  std::optional<std::string> FileOf(const std::string& argument, const std::string& option) {
+    auto file = Of(argument, option);
+    if (file && file->empty()) throw UsageError("option '" + option + "' needs a file");
+    return file;
   }
 
  private:
@@ -65,21 +86,27 @@ Arguments ParseArguments(const std::vector<std::string>& arguments) {
       parsed.Version = true;
     } else if (const auto names = values.Of(argument, "--measures")) {
       parsed.Measures = ParseMeasures(*names);
-    } else if (const auto order = values.Of(argument, "--serial-order")) {
-      if (order->empty()) throw UsageError("option '--serial-order' needs a file");
+    } else if (const auto order = values.FileOf(argument, "--serial-order")) {
       parsed.SerialOrderFile = *order;
     } else if (const auto destination = values.Of(argument, "--destination")) {
       parsed.Destination = *destination;
+    } else if (const auto size = values.Of(argument, "--group-size")) {
+      parsed.GroupSize = GroupSizeOf(*size);
+    } else if (const auto variable = values.Of(argument, "--group-by")) {
+      parsed.GroupBy = *variable;
+    } else if (const auto groupOrder = values.FileOf(argument, "--group-order")) {
+      parsed.GroupOrderFile = *groupOrder;
     } else {
       throw UsageError("unknown option '" + argument + "'");
     }
   }
-  if (parsed.ProjectFile.empty() && !parsed.Help && !parsed.Version) throw UsageError("no project file");
+  RequireComplete(parsed);
   return parsed;
 }
 
 const char* UsageText() {
-  return "Usage: zova-master [--measures BOX,...] [--serial-order FILE] [--destination FILE] PROJECT.prm\n"
+  return "Usage: zova-master [--measures BOX,...] [--serial-order FILE] [--destination FILE]\n"
+         "                   [--group-size N [--group-by VARIABLE] [--group-order FILE]] PROJECT.prm\n"
          "\n"
          "Writes the master of a recall experiment: one row per subject, one column per measure.\n"
          "\n"
@@ -89,6 +116,11 @@ const char* UsageText() {
          "  --serial-order FILE   also write the serial-position master; FILE holds a line 'item,position' per item\n"
          "  --destination FILE    where the master's header goes; a name without a directory lies in the primary\n"
          "                        directory, where the rows always go\n"
+         "  --group-size N        also write the combined master: a row per group of N subjects, their recall pooled\n"
+         "  --group-by VARIABLE   only subjects of one level of this variable form a group\n"
+         "  --group-order FILE    the order in which groups are formed; FILE holds a line '\"identifier\",position' "
+         "per\n"
+         "                        subject (default: the order of the rows); subjects without a line come last\n"
          "  --help, --version\n"
          "\n"
          "Files are paths of this system or drive-letter paths (C:\\Data\\Study.prm). C: is the home directory and Z:\n"

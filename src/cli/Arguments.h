@@ -22,7 +22,10 @@ struct Arguments {
   bool Version = false;
   std::optional<std::vector<Measure>> Measures;  ///< the boxes to leave checked
   std::optional<std::string> SerialOrderFile;
-  std::string Destination;  ///< "" for the default
+  std::string Destination;       ///< "" for the default
+  std::optional<int> GroupSize;  ///< asks for the combined master; without it none of the next two
+  std::optional<std::string> GroupBy;
+  std::optional<std::string> GroupOrderFile;
   std::string ProjectFile;
 };
 

@@ -6,10 +6,13 @@
 #include <exception>
 #include <filesystem>
 #include <iostream>
+#include <set>
 
 #include "cli/Arguments.h"
 #include "cli/Terminal.h"
+#include "master/CombinedMaster.h"
 #include "master/MasterRun.h"
+#include "master/SavedOrders.h"
 #include "platform/FileErrorHandler.h"
 #include "project/ProjectFile.h"
 #include "project/ProjectOpening.h"
@@ -34,16 +37,25 @@ class MasterCommand {
     const std::string projectFile = FilePath(m_arguments.ProjectFile);
     if (!WithRetry(m_errors, [&] { m_project = ReadProjectFile(m_disk, projectFile); })) return kStopped;
     if (!MayOpenProject(m_project, m_terminal)) return kStopped;
+    CombinedRequest combined;
+    if (m_arguments.GroupBy) combined.Separator = SeparatorByName(*m_arguments.GroupBy);
     MasterRequest request;
     if (!TellUnfinished() || !FillRequest(request)) return kStopped;
-    const MasterRunResult result = CreateMasters(m_project, request, {m_disk, m_terminal, m_terminal});
-    for (const std::filesystem::path& path : result.Written) std::cout << PathText(path) << '\n';
-    if (!result.Completed) return kStopped;
+    if (m_arguments.GroupSize && !FillCombinedRequest(request, combined)) return kStopped;
+    const RunSurroundings surroundings{m_disk, m_terminal, m_terminal};
+    const MasterRunResult result = CreateMasters(m_project, request, surroundings);
+    if (!Told(result)) return kStopped;
+    if (m_arguments.GroupSize && !Told(CreateCombinedMaster(m_project, combined, surroundings))) return kStopped;
     ShowMasterWarnings(result.Notices, m_terminal);
     return kDone;
   }
 
  private:
+  static bool Told(const MasterRunResult& result) {
+    for (const std::filesystem::path& path : result.Written) std::cout << PathText(path) << '\n';
+    return result.Completed;
+  }
+
   // A relative path of the platform starts from the current directory; drive-letter paths stay.
   [[nodiscard]] std::string FilePath(const std::string& text) const {
     const bool hasDrive = text.size() >= 2 && text[1] == ':';
@@ -73,10 +85,54 @@ class MasterCommand {
   bool ReadOrder(MasterRequest& request) {
     const std::string path = FilePath(*m_arguments.SerialOrderFile);
     if (!WithRetry(m_errors, [&] { request.Order = ReadSerialOrder(m_disk, path, m_project.ItemCount); })) return false;
-    const std::string fault = SerialOrderFault(*request.Order);
-    if (fault.empty()) return true;
-    m_terminal.Show({.Text = fault, .Icon = BoxIcon::Exclamation, .Details = "Reading '" + path + "'"});
-    return false;
+    return IsFaultless(SerialOrderFault(*request.Order), path);
+  }
+
+  bool IsFaultless(const std::optional<OrderFault>& fault, const std::string& path) {
+    if (fault)
+      m_terminal.Show({.Text = fault->Text, .Icon = BoxIcon::Exclamation, .Details = "Reading '" + path + "'"});
+    return !fault;
+  }
+
+  [[nodiscard]] std::size_t SeparatorByName(const std::string& name) const {
+    const auto variable = FindVariable(m_project, name);
+    if (!variable) throw UsageError("the project has no variable '" + name + "'");
+    return *variable;
+  }
+
+  // Before the first master is written, as the groups are asked for before it in the window.
+  bool FillCombinedRequest(const MasterRequest& request, CombinedRequest& combined) {
+    combined.Selection = request.Selection;
+    combined.Destination = request.Destination;
+    auto subjects =
+        ReadGroupSubjects(m_project, request.SubjectFileCount, combined.Separator.has_value(), m_disk, m_terminal);
+    if (!subjects) return false;
+    combined.Subjects = std::move(*subjects);
+    const std::vector<std::string>& ids = combined.Subjects.SubjectIds;
+    GroupOrder order = FirstGroupOrder(ids.size());
+    if (m_arguments.GroupOrderFile && !ReadGroupOrderFor(ids, order)) return false;
+    combined.Plan = FormGroups(combined.Subjects.LevelsOf(combined.Separator), order, *m_arguments.GroupSize);
+    const std::string text = GroupPlanText(combined.Plan, ids, m_project, combined.Separator);
+    if (combined.Plan.Groups.empty()) {
+      m_terminal.Show({.Text = kTooFewSubjects, .Icon = BoxIcon::Exclamation, .Details = text});
+      return false;
+    }
+    if (combined.Plan.HasLeftOver()) std::cerr << text << '\n';
+    return true;
+  }
+
+  bool ReadGroupOrderFor(const std::vector<std::string>& subjectIds, GroupOrder& order) {
+    const std::string path = FilePath(*m_arguments.GroupOrderFile);
+    GroupOrderLines lines;
+    if (!WithRetry(m_errors, [&] { lines = ReadGroupOrder(m_disk, path); })) return false;
+    if (!IsFaultless(GroupOrderFault(lines.SubjectIds, lines.Positions), path)) return false;
+    order = FitGroupOrder(lines, subjectIds);
+    // Nobody looks at the order before it is used: a misspelt identifier must not pass unseen.
+    const std::set<std::string_view> known(lines.SubjectIds.begin(), lines.SubjectIds.end());
+    for (const std::string& id : subjectIds) {
+      if (!known.contains(id)) std::cerr << "Subject " << id << " is not in '" << path << "' and comes last.\n";
+    }
+    return true;
   }
 
   bool TellUnfinished() {

@@ -2,9 +2,10 @@
 //
 // A line of a master:
 //
-//   identifier ( ", " level )* ( ", " value )*
+//   ( identifier | group ) ( ", " level )* ( ", " value )*
 //
-// where a level or value that is not negative has a blank of its own before it, so that two follow the comma. Names and
+// where a level or value that is not negative has a blank of its own before it, so that two follow the comma. A group
+// has XXXXXXX for a level that its members need not share. Names and
 // identifiers are not quoted; a comma in one (older files have them) becomes a column, and the pieces of a wide master
 // are cut at it.
 
@@ -139,6 +140,22 @@ void BuildMasterRow(std::string_view subjectId, const std::array<std::int16_t, k
   }
   RowSink sink(row);
   WalkMeasureColumns(project, selection, MasterKind::Individual, scores, sink);
+}
+
+void BuildGroupRow(std::string_view label, std::optional<std::size_t> separator, std::int16_t level,
+                   const ProjectParameters& project, const MeasureSelection& selection, const ScoringArrays& scores,
+                   std::string& row) {
+  row = label;
+  for (std::size_t v = 0; v < static_cast<std::size_t>(project.VariableCount); ++v) {
+    row += ", ";
+    if (separator == v) {
+      AppendSpacedNumber(row, static_cast<int>(level));
+    } else {
+      row += "XXXXXXX";
+    }
+  }
+  RowSink sink(row);
+  WalkMeasureColumns(project, selection, MasterKind::Combined, scores, sink);
 }
 
 std::vector<std::string_view> SplitWideMaster(std::string_view line, int columnCount) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -25,6 +26,12 @@ MasterHeaderLine BuildMasterHeader(const ProjectParameters& project, const Measu
 void BuildMasterRow(std::string_view subjectId, const std::array<std::int16_t, kMaxVariables>& levels,
                     const ProjectParameters& project, const MeasureSelection& selection, const ScoringArrays& scores,
                     std::string& row);
+
+/// The same for a nominal group. `separator` is the variable (from index 0) that keeps the groups apart, and the only
+/// one with a level; the others have "XXXXXXX".
+void BuildGroupRow(std::string_view label, std::optional<std::size_t> separator, std::int16_t level,
+                   const ProjectParameters& project, const MeasureSelection& selection, const ScoringArrays& scores,
+                   std::string& row);
 
 /// The pieces of a line of a master with `columnCount` columns: 256 columns, then 255 each, the last takes the rest
 /// (an uneven division that is kept). Cut at the commas, which belong to no piece; a line with fewer has empty pieces

@@ -8,27 +8,12 @@
 
 #include "master/SerialPositions.h"
 
-#include "platform/DataFileError.h"
 #include "scoring/Score.h"
-#include "text/Encoding.h"
-#include "text/FieldReader.h"
 #include "text/NumberText.h"
 
 namespace zova {
 
 namespace {
-
-SerialOrder ParseSerialOrder(std::string_view bytes, int itemCount) {
-  if (!LooksLikeDataText(bytes)) throw FieldError(FieldFault::EndOfData, 1);
-  const DataText text(bytes);
-  FieldReader reader(text.Content());
-  SerialOrder order(static_cast<std::size_t>(itemCount), 0);
-  for (int line = 1; line <= itemCount; ++line) {
-    const int item = reader.NextCount(itemCount, 1);
-    order[static_cast<std::size_t>(item) - 1] = reader.NextStrictNumber();
-  }
-  return order;
-}
 
 // The end positions stay as they are.
 SerialCounts Smoothed(const SerialCounts& shares, int testCount) {
@@ -53,26 +38,6 @@ void AppendShares(std::string& out, const char* type, const SerialCounts& shares
 }
 
 }  // namespace
-
-std::string SerialOrderFault(const SerialOrder& order) {
-  const int count = static_cast<int>(order.size());
-  std::vector<bool> used(order.size());
-  for (int item = 1; item <= count; ++item) {
-    const int position = order[static_cast<std::size_t>(item) - 1];
-    if (position < 1 || position > count) {
-      return "Item " + std::to_string(item) + " has no position from 1 to " + std::to_string(count) + ".";
-    }
-    if (used[static_cast<std::size_t>(position) - 1]) return "Position " + std::to_string(position) + " is used twice.";
-    used[static_cast<std::size_t>(position) - 1] = true;
-  }
-  return {};
-}
-
-SerialOrder ReadSerialOrder(Disk& disk, const std::string& path, int itemCount) {
-  std::string bytes;
-  disk.Read(path, bytes);
-  return ParsingFile(path, [&] { return ParseSerialOrder(bytes, itemCount); });
-}
 
 void AccumulateSerialPositions(const RecallLists& lists, const SerialOrder& order, SerialCounts& counts) {
   for (int test = 1; test <= lists.TestCount(); ++test) {

@@ -3,10 +3,8 @@
 
 #include <cstdint>
 #include <string>
-#include <string_view>
 #include <vector>
 
-#include "platform/Disk.h"
 #include "project/ProjectParameters.h"
 #include "scoring/ScoringArrays.h"
 #include "subjects/RecallLists.h"
@@ -18,14 +16,6 @@ using SerialOrder = std::vector<std::int16_t>;
 
 /// Number of recalls per serial position (row) and test.
 using SerialCounts = TestTable<float>;
-
-/// The first fault of an order, by item; "" when every position from 1 to the number of items is used once.
-std::string SerialOrderFault(const SerialOrder& order);
-
-/// Reads an order of `itemCount` lines "item,position"; what follows is passed over, as in every data file. An item
-/// without a line has position 0. Throws FileError; too few lines, and items outside 1 to `itemCount`, are no such file
-/// (end of data).
-SerialOrder ReadSerialOrder(Disk& disk, const std::string& path, int itemCount);
 
 /// Adds the entries of one subject's lists (lure-free in a false-memory project). Blanks have no serial position.
 void AccumulateSerialPositions(const RecallLists& lists, const SerialOrder& order, SerialCounts& counts);

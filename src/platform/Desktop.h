@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <filesystem>
 #include <string>
 
 namespace zova {
@@ -12,6 +13,8 @@ class Desktop {
   virtual void ShowBusyPointer() = 0;
   virtual void RestorePointer() = 0;
   virtual void Beep() = 0;
+  /// Shows a directory (a native path) in the system's file manager.
+  virtual void OpenFolder(const std::filesystem::path& directory) = 0;
 };
 
 /// How far a long run has come.

@@ -36,7 +36,8 @@ MenuStates MenusFor(const MenuFacts& facts) noexcept {
     case Screen::Wizard: states.Open = true; break;
     case Screen::Viewing:
     case Screen::ParamLocation:
-    case Screen::BackupDestination: break;
+    case Screen::BackupDestination:
+    case Screen::Masters: break;
     case Screen::Identification: AllowPreferences(states, facts); break;
     case Screen::Entry:
       AllowPreferences(states, facts);

@@ -27,7 +27,10 @@ Session::Session(const SessionPlatform& platform, std::string programDir, std::f
       m_wizard(platform.Files, platform.Boxes, m_errors),
       m_locationBrowser(platform.Files, platform.Boxes, kPathNotFound),
       m_identification(m_record, {platform.Files, platform.Boxes, m_errors, platform.Dialogs, platform.Pointer}),
-      m_entry(m_record, m_preferences, {platform.Files, platform.Boxes, m_errors, platform.Pointer}) {}
+      m_entry(m_record, m_preferences, {platform.Files, platform.Boxes, m_errors, platform.Pointer}),
+      m_masters({platform.Files, platform.Boxes, m_errors, platform.Pointer, platform.Bar}) {
+  m_masters.SetObserver([this] { FollowMasters(); });
+}
 
 void Session::Start() {
   FillProgramDirectory(m_installed, m_programDir, m_platform.Files);
@@ -181,6 +184,7 @@ void Session::Exit() {
 
 bool Session::Close() {
   if (m_ended) return true;
+  if (m_masters.CurrentStage() == MasterFlow::Stage::Writing) return false;
   if (m_screen == Screen::ParamLocation) {
     m_ended = m_location.Close().Next != LocationOutcome::Step::Stay;
   } else {

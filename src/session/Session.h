@@ -14,6 +14,7 @@
 #include "project/NewProjectWizard.h"
 #include "project/ParamLocation.h"
 #include "project/ProjectBackup.h"
+#include "session/MasterFlow.h"
 #include "session/MenuStates.h"
 #include "subjects/SubjectEntry.h"
 #include "subjects/SubjectIdentification.h"
@@ -28,6 +29,7 @@ struct SessionPlatform {
   SettingsStore& Settings;
   Desktop& Pointer;
   HelpViewer& Help;
+  Progress& Bar;
 };
 
 /// The application without its window: what is open, which screen is up, what the menus allow, and every command of
@@ -95,6 +97,13 @@ class Session {
   void CancelEntry();
   void AutosaveTick();
 
+  /// The screens of a master; `Shown` is Masters while its stage is not Closed.
+  MasterFlow& Masters() noexcept { return m_masters; }
+  void ShowMeasuresHelp();
+  /// The last master made in this run of the program, or "".
+  [[nodiscard]] const std::string& LastMaster() const noexcept { return m_masters.LastMaster(); }
+  void OpenLastMasterFolder();
+
   // The panel on which a directory is chosen, in its three forms.
   [[nodiscard]] LocationTexts LocationTextsShown() const;
   DirectoryBrowser& LocationBrowser() noexcept { return m_locationBrowser; }
@@ -119,6 +128,7 @@ class Session {
   /// True when a project is open now.
   bool OpenFirst();
   bool MayLeaveEntry(const MessageBox& question);
+  void FollowMasters();
   void OfferRestore();
   void RestoreAutosave();
   void Identify(SubjectIdentification::Purpose purpose);
@@ -137,6 +147,7 @@ class Session {
   SubjectRecord m_record;
   SubjectIdentification m_identification;
   SubjectEntry m_entry;
+  MasterFlow m_masters;
   bool m_entersNewSubjects = false;  // after a complete save the next one is asked for
   std::function<void()> m_observer;
   Screen m_screen = Screen::Main;

@@ -2,9 +2,9 @@
 //
 // The commands that lead into masters and means, and those of the Tools menu.
 
-#include "master/MasterRun.h"
 #include "project/ProjectFile.h"
 #include "project/ProjectOpening.h"
+#include "session/ProgramDirectory.h"
 #include "session/Session.h"
 
 namespace zova {
@@ -26,7 +26,20 @@ void Session::CreateNewMaster() {
       return;
     }
   }
-  CountSubjectFiles(*m_project, m_platform.Files, m_platform.Boxes);
+  m_masters.Open(*m_project);
+}
+
+void Session::FollowMasters() {
+  Show(m_masters.CurrentStage() == MasterFlow::Stage::Closed ? Screen::Main : Screen::Masters);
+}
+
+void Session::ShowMeasuresHelp() { m_platform.Help.ShowHelp(HelpFile(m_programDir), "measures"); }
+
+void Session::OpenLastMasterFolder() {
+  if (LastMaster().empty()) return;
+  WithRetry(m_errors, [&] {
+    m_platform.Pointer.OpenFolder(m_platform.Files.Resolve(LastMaster(), FileOperation::List).parent_path());
+  });
 }
 
 BackupTools Session::ToolsOfBackup() {

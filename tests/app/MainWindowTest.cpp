@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "app/MainWindow.h"
+#include "app/ProgressPanel.h"
 
 #include <gtest/gtest.h>
 
@@ -44,8 +45,10 @@ class MainWindowTest : public ::testing::Test {
   testing::FakeSettings m_settings;
   testing::CountingDesktop m_desktop;
   testing::FakeHelpViewer m_help;
-  Session m_session{{m_disk, m_boxes, m_choosers, m_settings, m_desktop, m_help}, "C:\\ZOVA", ZOVA_DATA};
-  MainWindow m_window{m_session};
+  testing::RecordingProgress m_progress;
+  Session m_session{{m_disk, m_boxes, m_choosers, m_settings, m_desktop, m_help, m_progress}, "C:\\ZOVA", ZOVA_DATA};
+  QtProgress m_shownProgress;
+  MainWindow m_window{m_session, m_shownProgress};
   bool m_hasEnded = false;
 };
 

@@ -8,10 +8,6 @@
 namespace zova::testing {
 namespace {
 
-struct SilentProgress final : Progress {
-  void Show(int, const std::string&) override {}
-};
-
 class EndToEndTest : public SessionTest {
  protected:
   void Type(WizardBox box, const char* text) { m_session->Wizard().SetText(box, text); }
@@ -222,8 +218,7 @@ TEST_F(EndToEndTest, OneSubjectIsInterruptedAndOneKeptUnfinished) {
   MasterRequest request{.Selection = {}, .SubjectFileCount = 2, .Destination = "", .Order = {}};
   request.Selection.SetDefaultMeasures(*m_session->OpenedProject());
   for (const MeasureBox& box : AllMeasureBoxes()) request.Selection.Check(box.Which, box.Which == Measure::Basic);
-  SilentProgress progress;
-  ASSERT_TRUE(CreateMasters(*m_session->OpenedProject(), request, {m_disk, Boxes, progress}).Completed);
+  ASSERT_TRUE(CreateMasters(*m_session->OpenedProject(), request, {m_disk, Boxes, m_progress}).Completed);
   EXPECT_EQ(m_scratch.Get("C:\\Data\\é x\\L'Été 1 Master.txt"),
             "Sub ID's, Group, Net(Test 1), Net(Test 2), Losses(Test 1 to 2), Gains(Test 1 to 2)\r\n"
             "1,  2,  2,  1,  1,  0\r\n2,  1,  0,  0,  0,  0\r\n")

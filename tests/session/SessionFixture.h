@@ -17,8 +17,9 @@ class SessionTest : public ::testing::Test {
   static constexpr const char* kSetting = "Startup/ParamPath$";
 
   Session& Make() {
-    m_session = std::make_unique<Session>(SessionPlatform{m_disk, Boxes, Dialogs, Settings, m_desktop, Help},
-                                          "C:\\ZOVA", m_scratch.Native("C:\\Installed"));
+    m_session =
+        std::make_unique<Session>(SessionPlatform{m_disk, Boxes, Dialogs, Settings, m_desktop, Help, m_progress},
+                                  "C:\\ZOVA", m_scratch.Native("C:\\Installed"));
     return *m_session;
   }
   /// Started with an existing Param directory.
@@ -40,6 +41,7 @@ class SessionTest : public ::testing::Test {
   FakeSettings Settings;
   FakeHelpViewer Help;
   CountingDesktop m_desktop;
+  RecordingProgress m_progress;
   std::unique_ptr<Session> m_session;
 };
 

@@ -64,7 +64,7 @@ TEST_F(SessionTest, ALostParamDirectoryIsMadeAgainOrLookedFor) {
 
 TEST_F(SessionTest, ASecondCopyOnOneParamDirectoryEnds) {
   Started();
-  Session second({m_disk, Boxes, Dialogs, Settings, m_desktop, Help}, "C:\\ZOVA", {});
+  Session second({m_disk, Boxes, Dialogs, Settings, m_desktop, Help, m_progress}, "C:\\ZOVA", {});
   Boxes.Expect({.Text = "ZOVA is already running with this 'Param' directory.", .Icon = BoxIcon::Critical});
   second.Start();
   EXPECT_TRUE(second.HasEnded());

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "platform/Choosers.h"
+#include "platform/Desktop.h"
 #include "platform/HelpViewer.h"
 #include "platform/SettingsStore.h"
 
@@ -41,6 +42,12 @@ class FakeSettings final : public SettingsStore {
   }
   void Remove(const std::string& section, const std::string& key) override { Values.erase(section + "/" + key); }
   std::map<std::string, std::string> Values;
+};
+
+/// The percentages shown, in their order.
+struct RecordingProgress final : Progress {
+  void Show(int percent, const std::string&) override { Shown.push_back(percent); }
+  std::vector<int> Shown;
 };
 
 class FakeHelpViewer final : public HelpViewer {

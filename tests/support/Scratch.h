@@ -88,10 +88,12 @@ class CountingDesktop final : public Desktop {
   void ShowBusyPointer() override { ++Busy, ++Shown; }
   void RestorePointer() override { --Busy; }
   void Beep() override { ++Beeps; }
+  void OpenFolder(const std::filesystem::path& directory) override { Folder = directory; }
 
   int Busy = 0;
   int Shown = 0;
   int Beeps = 0;
+  std::filesystem::path Folder;
 };
 
 }  // namespace zova::testing

@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/FlowPanel.h"
+
+#include <QKeyEvent>
+#include <QScrollArea>
+#include <QVBoxLayout>
+#include <utility>
+
+#include "app/Controls.h"
+
+namespace zova {
+
+FlowPanel::FlowPanel(MasterFlow& flow, const char* name) : m_flow(flow), m_buttons(new QHBoxLayout) {
+  setObjectName(QString::fromLatin1(name));
+  auto* rows = new QVBoxLayout(this);
+  m_buttons->addStretch();
+  rows->addLayout(m_buttons);
+}
+
+QVBoxLayout* FlowPanel::AddPage() {
+  auto* page = new QWidget;
+  auto* rows = new QVBoxLayout(page);
+  static_cast<QVBoxLayout*>(layout())->insertWidget(0, MakeScrolling(page), 1);
+  return rows;
+}
+
+QPushButton* FlowPanel::AddButton(const char* name, const QString& caption, std::function<void()> act) {
+  QPushButton* button = MakeButton(name, caption);
+  button->installEventFilter(this);
+  m_buttons->addWidget(button);
+  connect(button, &QPushButton::clicked, this, [this, act = std::move(act)] { Act(act); });
+  return button;
+}
+
+void FlowPanel::Act(const std::function<void()>& act) {
+  act();
+  Refresh();
+  emit Acted();
+  if (isVisible()) PlaceCursor();
+}
+
+void FlowPanel::PlaceCursor() { PlaceCursorIn(m_cursor); }
+
+void FlowPanel::showEvent(QShowEvent* event) {
+  Panel::showEvent(event);
+  if (event->spontaneous()) return;
+  Refresh();
+  PlaceCursor();
+}
+
+// Keys that the control with the focus has no use for.
+void FlowPanel::keyPressEvent(QKeyEvent* event) {
+  QPushButton* pressed = nullptr;
+  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) pressed = m_default;
+  if (event->key() == Qt::Key_Escape) pressed = m_cancel;
+  if (pressed == nullptr) return Panel::keyPressEvent(event);
+  if (!event->isAutoRepeat()) pressed->click();
+}
+
+bool FlowPanel::eventFilter(QObject* watched, QEvent* event) {
+  auto* button = static_cast<QAbstractButton*>(watched);
+  if (event->type() == QEvent::Shortcut) {
+    if (button->isCheckable()) button->setFocus(Qt::ShortcutFocusReason);
+    button->click();  // of itself it acts 100 ms later, when another screen may be up
+    return true;
+  }
+  // A double click is one press: its second half would press what stands at the same place on the next screen.
+  return event->type() == QEvent::MouseButtonDblClick && !button->isCheckable();
+}
+
+}  // namespace zova

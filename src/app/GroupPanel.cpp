@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/GroupPanel.h"
+
+#include <QListWidget>
+#include <QScrollArea>
+#include <QShowEvent>
+#include <QSignalBlocker>
+#include <QVBoxLayout>
+
+#include "app/Controls.h"
+
+namespace zova {
+
+GroupPanel::GroupPanel(MasterFlow& flow)
+    : FlowPanel(flow, "FraNomDet"),
+      m_txtPerGroup(Named(new QLineEdit, "txtPerGroup")),
+      m_lstVarName(Named(new QListWidget, "lstVarName")),
+      m_lblGroupsPreview(MakeLabel("lblGroupsPreview", {})) {
+  QVBoxLayout* rows = AddPage();
+  rows->addWidget(MakeLabel("lblPerGroup", tr("&Subjects per group:"), m_txtPerGroup));
+  rows->addWidget(m_txtPerGroup);
+  rows->addWidget(MakeLabel("lblVarNameList", tr("&Variable that keeps the groups apart:"), m_lstVarName));
+  rows->addWidget(m_lstVarName, 1);
+  QScrollArea* preview = MakeScrolling(m_lblGroupsPreview);
+  preview->setFocusPolicy(Qt::TabFocus);  // to be scrolled from the keyboard
+  preview->setAccessibleName(tr("Groups"));
+  m_lblGroupsPreview->setAlignment(Qt::AlignTop);
+  for (QWidget* part : {static_cast<QWidget*>(m_lstVarName), static_cast<QWidget*>(preview)}) {
+    part->setMinimumHeight(part->fontMetrics().lineSpacing() * 6);
+  }
+  rows->addWidget(preview, 1);
+  m_default = AddButton("cmdCreateMasterGo", tr("Co&ntinue"), [this] { m_flow.GoGroups(); });
+  m_cancel = AddButton("cmdGroupCancel", tr("&Cancel"), [this] { m_flow.CancelGroups(); });
+  MarkDefault(m_default, true);
+  m_cursor = m_txtPerGroup;
+  const auto report = [this] {
+    Refresh();
+    emit Acted();
+  };
+  connect(m_txtPerGroup, &QLineEdit::textEdited, this, [this, report](const QString& text) {
+    m_flow.Options().SetPerGroupText(FromQt(text));
+    report();
+  });
+  connect(m_lstVarName, &QListWidget::currentRowChanged, this, [this, report](int row) {
+    m_flow.Options().ChooseVariable(row);
+    report();
+  });
+}
+
+void GroupPanel::Refresh() {
+  if (m_flow.CurrentStage() != MasterFlow::Stage::GroupDetails) return;
+  ShowText(m_txtPerGroup, m_flow.Options().PerGroupText());
+  m_lblGroupsPreview->setText(ToQt(m_flow.GroupsPreview()));
+}
+
+// The project's variables stay the same while the panel is up.
+void GroupPanel::showEvent(QShowEvent* event) {
+  if (!event->spontaneous()) {
+    const QSignalBlocker quiet(m_lstVarName);
+    m_lstVarName->clear();
+    for (const std::string& choice : m_flow.Options().VariableChoices()) m_lstVarName->addItem(ToQt(choice));
+    m_lstVarName->setCurrentRow(m_flow.Options().ChosenVariable());
+  }
+  FlowPanel::showEvent(event);
+}
+
+}  // namespace zova

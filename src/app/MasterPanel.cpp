@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/MasterPanel.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QListWidget>
+#include <QVBoxLayout>
+#include <utility>
+
+#include "app/Controls.h"
+#include "app/DriveDirectoryList.h"
+
+namespace zova {
+
+MasterPanel::MasterPanel(MasterFlow& flow, std::function<std::string()> title)
+    : FlowPanel(flow, "FraSaveMaster"),
+      m_title(std::move(title)),
+      m_lblProjectName(MakeLabel("lblProjectName", {})),
+      m_txtMasterDest(Named(new QLineEdit, "txtMasterDest")),
+      m_directories(new DriveDirectoryList(flow.Options().Browser(), "drvMasterDest", "dirMasterDest")),
+      m_cmdMeasures(
+          MakeButton("cmdMeasures", tr("To change the default &measures selected for this study click here"))),
+      m_chkItemAnalysis(Named(new QCheckBox(tr("&Serial Position Analysis")), "chkItemAnalysis")),
+      m_chkCombine(Named(new QCheckBox(tr("Com&bine Scores Into Groups")), "chkCombine")) {
+  QVBoxLayout* rows = AddPage();
+  rows->addWidget(m_lblProjectName);
+  rows->addWidget(MakeLabel("lblDestination", tr("&Destination Directory"), m_txtMasterDest));
+  rows->addWidget(m_directories, 1);
+  rows->addWidget(m_txtMasterDest);
+  rows->addWidget(MakeLabel("lblMasterRows", tr("The rows always go to the master in the primary directory.")));
+  rows->addWidget(MakeLabel("lblmeasures", tr("Choose Measures"), m_cmdMeasures));
+  rows->addWidget(m_cmdMeasures, 0, Qt::AlignLeft);
+  rows->addWidget(
+      MakeLabel("lblItemAnalInst", tr("For an additional serial postion analysis please select the box below. ")));
+  rows->addWidget(MakeLabel("lblItemAnal", tr("Serial Position Master"), m_chkItemAnalysis));
+  rows->addWidget(m_chkItemAnalysis, 0, Qt::AlignLeft);
+  rows->addWidget(m_chkCombine, 0, Qt::AlignLeft);
+  QFont bold;  // only its weight is set: the rest comes from the window
+  bold.setBold(true);
+  for (const char* heading : {"lblDestination", "lblmeasures", "lblItemAnal"}) {
+    findChild<QLabel*>(heading)->setFont(bold);
+  }
+  findChild<QComboBox*>("drvMasterDest")->setAccessibleName(tr("Destination Drive"));
+  findChild<QListWidget*>("dirMasterDest")->setAccessibleName(tr("Destination Directory"));
+  m_txtMasterDest->setAccessibleName(tr("Master File"));
+  m_cancel = AddButton("cmdMastCancel", tr("&Cancel"), [this] { m_flow.CancelOptions(); });
+  m_default = AddButton("cmdCreateMaster", tr("Co&ntinue"), [this] { m_flow.Continue(); });
+  MarkDefault(m_default, true);
+  m_cursor = m_default;  // a key struck by mistake then changes no path
+  Connect();
+}
+
+void MasterPanel::Connect() {
+  connect(m_txtMasterDest, &QLineEdit::textEdited, this, [this](const QString& text) {
+    m_flow.Options().SetDestination(FromQt(text));
+    emit Acted();
+  });
+  connect(m_directories, &DriveDirectoryList::Acted, this, [this] {
+    m_flow.Options().FollowBrowser();
+    Refresh();
+    emit Acted();
+  });
+  m_cmdMeasures->installEventFilter(this);
+  connect(m_cmdMeasures, &QPushButton::clicked, this, [this] { Act([this] { m_flow.OpenMeasures(); }); });
+  ConnectBox(m_chkItemAnalysis, &MasterOptions::ChkItemAnalysis);
+  ConnectBox(m_chkCombine, &MasterOptions::ChkCombine);
+}
+
+void MasterPanel::ConnectBox(QCheckBox* box, bool MasterOptions::*option) {
+  box->installEventFilter(this);
+  connect(box, &QCheckBox::clicked, this, [this, option](bool checked) {
+    m_flow.Options().*option = checked;
+    emit Acted();
+  });
+}
+
+void MasterPanel::Refresh() {
+  const MasterOptions& options = m_flow.Options();
+  m_lblProjectName->setText(tr("Project: ") + ToQt(m_title()));
+  ShowText(m_txtMasterDest, options.Destination());
+  m_directories->Refresh();
+  m_chkItemAnalysis->setChecked(options.ChkItemAnalysis);
+  m_chkCombine->setChecked(options.ChkCombine);
+}
+
+}  // namespace zova

@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QElapsedTimer>
+#include <QPointer>
+
+#include "app/Panel.h"
+#include "platform/Desktop.h"
+
+class QLabel;
+class QProgressBar;
+
+namespace zova {
+
+class QtProgress;
+
+/// How far the writing of a master has come. It has nothing that could be pressed.
+class ProgressPanel : public Panel {
+  Q_OBJECT
+
+ public:
+  /// Shows what is told to `progress`.
+  explicit ProgressPanel(QtProgress& progress);
+  void Refresh() override {}  // what the run tells is shown at once
+  void ShowProgress(int percent, const std::string& text);
+
+ protected:
+  void showEvent(QShowEvent* event) override;
+
+ private:
+  QProgressBar* m_proMasterProgress;
+  QLabel* m_lblMasterProgress;
+};
+
+/// Keeps the window alive during a run: it repaints, but keys, clicks and its closing are discarded.
+class QtProgress final : public Progress {
+ public:
+  /// At most every 50 ms, unless it is the run's first or last.
+  void Show(int percent, const std::string& text) override;
+  void SetPanel(ProgressPanel* panel) { m_panel = panel; }
+
+ private:
+  QPointer<ProgressPanel> m_panel;
+  QElapsedTimer m_sinceShown;
+};
+
+}  // namespace zova

@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "master/MasterOptions.h"
+
+namespace zova {
+
+MasterOptions::MasterOptions(Disk& disk) : m_browser(disk, m_silent, "") {}
+
+void MasterOptions::Open(const ProjectParameters& project) {
+  m_project = &project;
+  Selection.SetDefaultMeasures(project);
+  m_browser.Reset();
+  m_browser.TryOpen(project.PrimaryDir);
+  m_destination = DefaultMasterPath(project);
+  m_variable = 0;
+  ResetMasterOptions();
+}
+
+void MasterOptions::ResetMasterOptions() noexcept {
+  ChkItemAnalysis = false;
+  ChkCombine = false;
+  m_perGroup.clear();
+}
+
+void MasterOptions::FollowBrowser() {
+  m_destination = JoinPath(m_browser.Path(), m_project->Abbreviation + " Master.txt");
+}
+
+std::vector<std::string> MasterOptions::VariableChoices() const {
+  std::vector<std::string> choices = {"(none)"};
+  if (m_project == nullptr) return choices;
+  const auto first = m_project->VariableNames.begin();
+  choices.insert(choices.end(), first, first + m_project->VariableCount);
+  return choices;
+}
+
+std::optional<std::size_t> MasterOptions::Separator() const noexcept {
+  if (m_variable < 1) return std::nullopt;
+  return static_cast<std::size_t>(m_variable) - 1;
+}
+
+}  // namespace zova

@@ -1,0 +1,209 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The order of the screens: options (and from them the measures), the serial order if asked for, the groups' details if
+// asked for, writing; then, with groups, their order and writing again. A command that does not fit the stage, such as
+// the second of a double click, does nothing.
+
+#include "session/MasterFlow.h"
+
+#include <utility>
+
+#include "master/MasterLines.h"
+
+namespace zova {
+
+namespace {
+
+// The two differ on purpose.
+MessageBox MastersCreated() { return {.Text = "Master(s) Successfully Created!"}; }
+MessageBox CombinedCreated() { return {.Text = "Master(s) successfully created!", .Icon = BoxIcon::Information}; }
+
+// A saved order as the disk has it; none when the user gave up reading it, so that it can be given anew.
+template <typename Read>
+auto SavedOrder(FileErrorHandler& errors, Read&& read) -> decltype(read()) {
+  decltype(read()) order;
+  if (!WithRetry(errors, [&] { order = read(); })) order.reset();
+  return order;
+}
+
+// What a row of the group order shows: "17, Man". An older file may have levels beyond those that have names.
+std::string SubjectName(const GroupSubjects& subjects, std::size_t subject, const ProjectParameters& project,
+                        std::optional<std::size_t> separator) {
+  const std::string& id = subjects.SubjectIds[subject];
+  if (!separator) return id;
+  const int level = subjects.Levels[subject][*separator];
+  if (level < 1 || level > project.LevelCounts[*separator]) return id + ", " + std::to_string(level);
+  return id + ", " + project.LevelNames[*separator][static_cast<std::size_t>(level) - 1];
+}
+
+}  // namespace
+
+MasterFlow::MasterFlow(const MasterTools& tools) : m_tools(tools), m_options(tools.Files), m_order(tools.Boxes) {}
+
+void MasterFlow::Show(Stage stage) {
+  m_stage = stage;
+  if (m_observer) m_observer();
+}
+
+bool MasterFlow::Open(const ProjectParameters& project) {
+  const auto count = CountSubjectFiles(project, m_tools.Files, m_tools.Boxes);
+  if (!count || *count == 0) return false;
+  m_project = &project;
+  m_request = {};
+  m_request.SubjectFileCount = *count;
+  m_options.Open(project);
+  Show(Stage::Options);
+  return true;
+}
+
+void MasterFlow::Continue() {
+  if (m_stage != Stage::Options) return;
+  m_request.Selection = m_options.Selection;
+  m_request.Destination = m_options.Destination();
+  m_request.Order.reset();
+  if (m_options.ChkItemAnalysis) {
+    m_order.OpenSerial(*m_project,
+                       SavedOrder(m_tools.Errors, [&] { return ReadSavedSerialOrder(m_tools.Files, *m_project); }));
+    Show(Stage::OrderOfItems);
+  } else if (m_options.ChkCombine) {
+    AskForGroups();
+  } else {
+    WriteMasters();
+  }
+}
+
+void MasterFlow::CancelOptions() {
+  if (m_stage != Stage::Options) return;
+  m_options.ResetMasterOptions();
+  Show(Stage::Closed);
+}
+
+void MasterFlow::OpenMeasures() {
+  if (m_stage == Stage::Options) Show(Stage::Measures);
+}
+
+void MasterFlow::CloseMeasures() {
+  if (m_stage == Stage::Measures) Show(Stage::Options);
+}
+
+void MasterFlow::GoSerial() {
+  if (m_stage != Stage::OrderOfItems || !m_order.Check()) return;
+  if (!WithRetry(m_tools.Errors, [&] { SaveSerialOrder(m_tools.Files, *m_project, m_order.Positions()); })) return;
+  m_request.Order = m_order.Positions();
+  if (m_options.ChkCombine) {
+    AskForGroups();
+  } else {
+    WriteMasters();
+  }
+}
+
+void MasterFlow::CancelOrder() {
+  if (m_stage == Stage::OrderOfItems) {
+    Show(Stage::Options);
+  } else if (m_stage == Stage::OrderOfGroups) {
+    Finish(MastersCreated());  // the masters that are written stay
+  }
+}
+
+void MasterFlow::AskForGroups() { Show(ReadSubjects() ? Stage::GroupDetails : Stage::Options); }
+
+bool MasterFlow::ReadSubjects() {
+  const BusyPointer busy(m_tools.Pointer);
+  const bool withLevels = m_project->VariableCount > 0;
+  auto subjects = ReadGroupSubjects(*m_project, m_request.SubjectFileCount, withLevels, m_tools.Files, m_tools.Boxes);
+  if (!subjects) return false;
+  m_subjects = std::move(*subjects);
+  m_savedGroupOrder =
+      SavedOrder(m_tools.Errors, [&] { return ReadSavedGroupOrder(m_tools.Files, *m_project, m_subjects.SubjectIds); });
+  return true;
+}
+
+GroupOrder MasterFlow::StartingOrder() const {
+  return m_savedGroupOrder ? *m_savedGroupOrder : FirstGroupOrder(m_subjects.SubjectIds.size());
+}
+
+std::optional<GroupPlan> MasterFlow::PlanGroups(const GroupOrder& order) const {
+  const auto size = ParseGroupSize(m_options.PerGroupText());
+  if (!size) return std::nullopt;
+  return FormGroups(m_subjects.LevelsOf(m_options.Separator()), order, *size);
+}
+
+std::string MasterFlow::GroupsPreview() {
+  if (m_stage != Stage::GroupDetails) return "";
+  const auto plan = PlanGroups(StartingOrder());
+  if (!plan) return "";
+  if (plan->Groups.empty()) return kTooFewSubjects;
+  return GroupPlanText(*plan, m_subjects.SubjectIds, *m_project, m_options.Separator());
+}
+
+void MasterFlow::GoGroups() {
+  if (m_stage != Stage::GroupDetails) return;
+  const auto plan = PlanGroups(StartingOrder());
+  if (!plan || plan->Groups.empty()) {
+    m_tools.Boxes.Show({.Text = plan ? kTooFewSubjects : kGroupSizeFault, .Icon = BoxIcon::Exclamation});
+    return;
+  }
+  WriteMasters();
+}
+
+void MasterFlow::CancelGroups() {
+  if (m_stage == Stage::GroupDetails) Show(Stage::Options);
+}
+
+void MasterFlow::WriteMasters() {
+  Show(Stage::Writing);
+  MasterRunResult result;
+  {
+    const BusyPointer busy(m_tools.Pointer);
+    result = CreateMasters(*m_project, m_request, {m_tools.Files, m_tools.Boxes, m_tools.Bar});
+  }
+  if (!result.Completed) return Show(Stage::Options);
+  NoteMaster(result);
+  // What stands in the file, which may be too large to be read for its first line.
+  m_lastHeader = BuildMasterHeader(*m_project, m_request.Selection, MasterKind::Individual).MasterHeader;
+  m_notices = std::move(result.Notices);
+  if (m_options.ChkCombine) {
+    AskForGroupOrder();
+  } else {
+    Finish(MastersCreated());
+  }
+}
+
+void MasterFlow::NoteMaster(const MasterRunResult& result) {
+  m_lastMaster = m_tools.Files.Drives().ToDrivePath(PathText(result.Written.front()));
+}
+
+void MasterFlow::AskForGroupOrder() {
+  std::vector<std::string> names;
+  for (std::size_t subject = 0; subject < m_subjects.SubjectIds.size(); ++subject) {
+    names.push_back(SubjectName(m_subjects, subject, *m_project, m_options.Separator()));
+  }
+  m_order.OpenGroups(m_subjects.SubjectIds, std::move(names), m_savedGroupOrder);
+  Show(Stage::OrderOfGroups);
+}
+
+void MasterFlow::GoCombine() {
+  if (m_stage != Stage::OrderOfGroups || !m_order.Check()) return;
+  const auto save = [&] { SaveGroupOrder(m_tools.Files, *m_project, m_subjects.SubjectIds, m_order.Positions()); };
+  if (!WithRetry(m_tools.Errors, save)) return;
+  Show(Stage::Writing);
+  MasterRunResult result;
+  {
+    const BusyPointer busy(m_tools.Pointer);
+    const CombinedRequest request = {m_request.Selection, m_request.Destination, m_subjects, m_options.Separator(),
+                                     PlanGroups(m_order.Positions()).value()};
+    result = CreateCombinedMaster(*m_project, request, {m_tools.Files, m_tools.Boxes, m_tools.Bar});
+  }
+  if (!result.Completed) return Show(Stage::OrderOfGroups);
+  NoteMaster(result);
+  Finish(CombinedCreated());
+}
+
+void MasterFlow::Finish(const MessageBox& message) {
+  Show(Stage::Closed);
+  ShowMasterWarnings(m_notices, m_tools.Boxes);
+  m_tools.Boxes.Show(message);
+  m_options.ResetMasterOptions();
+}
+
+}  // namespace zova

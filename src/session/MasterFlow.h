@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "master/CombinedMaster.h"
+#include "master/MasterOptions.h"
+#include "master/OrderEditor.h"
+#include "platform/Desktop.h"
+#include "platform/FileErrorHandler.h"
+
+namespace zova {
+
+struct MasterTools {
+  Disk& Files;
+  MessageBoxes& Boxes;
+  FileErrorHandler& Errors;
+  Desktop& Pointer;
+  Progress& Bar;
+};
+
+/// The screens of a master, from its options to its end, and the runs between them. The session shows the screen of
+/// the stage and is told of changes by the observer.
+class MasterFlow {
+ public:
+  enum class Stage { Closed, Options, Measures, OrderOfItems, GroupDetails, Writing, OrderOfGroups };
+
+  explicit MasterFlow(const MasterTools& tools);
+  /// Called when the stage changes while a command goes on.
+  void SetObserver(std::function<void()> observer) { m_observer = std::move(observer); }
+
+  /// Counts the subject files; false, told, when there is none. `project` must outlive the flow's screens.
+  bool Open(const ProjectParameters& project);
+  [[nodiscard]] Stage CurrentStage() const noexcept { return m_stage; }
+
+  MasterOptions& Options() noexcept { return m_options; }
+  OrderEditor& Order() noexcept { return m_order; }
+
+  void Continue();       ///< cmdCreateMaster
+  void CancelOptions();  ///< cmdMastCancel
+  void OpenMeasures();   ///< cmdMeasures
+  void CloseMeasures();  ///< cmdMeasureOK
+  void GoSerial();       ///< cmdGoSerial: checked, saved, then the groups' details or the run
+  void GoGroups();       ///< cmdCreateMasterGo
+  void GoCombine();      ///< cmdGoCombine: checked, saved, then the combined master
+  void CancelOrder();    ///< from either order screen
+  void CancelGroups();
+
+  /// What the groups' details would give, a line per level, or the fault of the number of subjects; read once.
+  [[nodiscard]] std::string GroupsPreview();
+
+  /// The last individual or combined master made, a drive-letter path; "" before the first.
+  [[nodiscard]] const std::string& LastMaster() const noexcept { return m_lastMaster; }
+  /// Header line of the project's new master, for those who read it; "" before the first.
+  [[nodiscard]] const std::string& LastHeader() const noexcept { return m_lastHeader; }
+
+ private:
+  void Show(Stage stage);
+  void AskForGroups();
+  bool ReadSubjects();
+  [[nodiscard]] std::optional<GroupPlan> PlanGroups(const GroupOrder& order) const;
+  [[nodiscard]] GroupOrder StartingOrder() const;
+  void WriteMasters();
+  void AskForGroupOrder();
+  void NoteMaster(const MasterRunResult& result);
+  void Finish(const MessageBox& message);
+
+  MasterTools m_tools;
+  const ProjectParameters* m_project = nullptr;
+  MasterOptions m_options;
+  OrderEditor m_order;
+  std::function<void()> m_observer;
+  Stage m_stage = Stage::Closed;
+  MasterRequest m_request;
+  GroupSubjects m_subjects;  // from the groups' details on
+  std::optional<GroupOrder> m_savedGroupOrder;
+  MasterNotices m_notices;
+  std::string m_lastMaster;
+  std::string m_lastHeader;
+};
+
+}  // namespace zova

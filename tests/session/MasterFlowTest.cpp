@@ -1,0 +1,176 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "session/MasterFlow.h"
+
+#include "scoring/Examples.h"
+#include "subjects/SubjectFile.h"
+#include "support/Scratch.h"
+#include "support/ScriptedBoxes.h"
+
+namespace zova::testing {
+namespace {
+
+constexpr const char* kMaster = "C:\\Data\\AB Master.txt";
+const ExpectedBox kCreated = {.Text = "Master(s) Successfully Created!", .Icon = BoxIcon::None};
+const ExpectedBox kCombinedCreated = {.Text = "Master(s) successfully created!", .Icon = BoxIcon::Information};
+
+// A flow over the data of five subjects, 1 to 3 men.
+struct Lab : MessageBoxes, Progress {
+  // "i" and "c" for the two boxes.
+  explicit Lab(std::string_view settings) {
+    Project.Abbreviation = "AB";
+    Project.PrimaryDir = "C:\\Data";
+    Project.VariableCount = Project.LevelCounts[0] = 1;
+    Project.LevelNames[0][0] = "Man";
+    for (int id = 1; id <= 5; ++id) Put(id, std::to_string(id % 3 + 1) + " 3 | 2 3");
+    Files.MakeDirectory("D:\\Out");
+    Flow.SetObserver([this] { Trail += "COMIDWG"[static_cast<int>(Flow.CurrentStage())]; });
+    EXPECT_TRUE(Flow.Open(Project));
+    Options.ChkItemAnalysis = settings.find('i') != std::string_view::npos;
+    Options.ChkCombine = settings.find('c') != std::string_view::npos;
+    Options.SetPerGroupText("2");
+  }
+  void Put(int id, const std::string& lists) {
+    SubjectRecord record;
+    record.Levels[0] = id <= 3 ? 1 : 2;
+    record.Lists = MakeLists(Project, lists);
+    Files.Put("C:\\Data\\Sdata\\AB Sub#" + std::to_string(id) + ".dat", FormatSubject(record, Project));
+  }
+  void Show(int, const std::string&) override {}
+  BoxAnswer Show(const MessageBox& box) override {
+    const BoxAnswer answer = Script.Show(box);
+    if (answer == BoxAnswer::Retry) Put(3, "1 | 2");  // mended
+    return answer;
+  }
+  // Gives every screen's command in turn; those of screens that are not up must do nothing. The initials of the stages,
+  // then of the masters that there are.
+  std::string Walk(char cancelAt = 0) {
+    for (const auto go :
+         {&MasterFlow::Continue, &MasterFlow::GoSerial, &MasterFlow::GoGroups, &MasterFlow::GoCombine}) {
+      if (Trail.back() != cancelAt)
+        (Flow.*go)();
+      else
+        Flow.CancelOptions(), Flow.CancelGroups(), Flow.CancelOrder();
+    }
+    std::string made = Trail + " ";
+    for (const auto& [name, bytes] : Files.Snapshot()) {
+      if (name.ends_with("Master.txt")) made += name[name.find("AB ") + 3];
+    }
+    return made;
+  }
+
+  ScriptedBoxes Script;
+  Scratch Files;
+  Disk OfFiles = Files.MakeDisk();
+  FileErrorHandler Errors{*this};
+  CountingDesktop Pointer;
+  ProjectParameters Project = MakeProject({.Items = 3});
+  std::string Trail;
+  MasterFlow Flow{{OfFiles, *this, Errors, Pointer, *this}};
+  MasterOptions& Options = Flow.Options();
+};
+
+TEST(MasterFlow, TheOrderOfTheScreensAndCancelAtEach) {
+  // The boxes and the screen to cancel.
+  const std::pair<std::string, std::string> kCases[] = {{"", "OWC M"},         {"i", "OIWC MS"}, {"c", "ODWGWC CM"},
+                                                        {"ic", "OIDWGWC CMS"}, {"icO", "OC "},   {"icI", "OIO "},
+                                                        {"cD", "ODO "},        {"icD", "OIDO "}, {"icG", "OIDWGC MS"}};
+  for (const auto& [settings, walk] : kCases) {
+    Lab lab(settings);
+    lab.Put(5, "|");  // nothing recalled: a notice, at the end of all
+    if (walk.find('W') != std::string::npos) {
+      lab.Script.Expect(
+          {"For at least 1 test, Bi-Directional ITR was unable to be calculated for subject(s): 5.  You "
+           "should delete these subjects before analysis."});
+      lab.Script.Expect(walk.find("GWC") != std::string::npos ? kCombinedCreated : kCreated);
+    }
+    EXPECT_EQ(lab.Walk(settings.empty() ? '\0' : settings.back()), walk);
+    const bool closed = walk.find('C') != std::string::npos;
+    EXPECT_EQ(lab.Options.ChkCombine, !closed) << walk << ": kept for another try";
+    EXPECT_EQ(lab.Options.PerGroupText(), closed ? "" : "2") << walk;
+  }
+}
+
+TEST(MasterFlow, DestinationsAndRunsThatStop) {
+  const auto type = [](const char* text) { return [text](Lab& lab) { lab.Options.SetDestination(text); }; };
+  const auto move = [](const char* path) {
+    return [path](Lab& lab) {
+      const bool isRoot = path[3] == 0;
+      isRoot ? lab.Options.Browser().SelectDrive(*path) : lab.Options.Browser().TryOpen(path);
+      lab.Options.FollowBrowser();
+    };
+  };
+  const auto spoil = [](Lab& lab) { lab.Put(3, "9 | 1"); };
+  const auto remove = [](Lab& lab) { std::filesystem::remove(lab.Files.Native("C:\\Data\\Sdata\\AB Sub#2.dat")); };
+  const auto combine = [&](Lab& lab) { remove(lab), lab.Options.ChkCombine = true; };
+  const ExpectedBox none, stop{"Subscript out of range", BoxAnswer::Cancel};
+  const ExpectedBox retry{stop.Text, BoxAnswer::Retry};
+  const ExpectedBox gone{std::make_error_code(std::errc::no_such_file_or_directory).message(), BoxAnswer::Cancel};
+  const ExpectedBox noDrive{"Path not found.  Please verify that the correct disk is in the drive.", BoxAnswer::Cancel};
+  const std::tuple<std::function<void(Lab&)>, ExpectedBox, const char*, std::string> kCases[] = {
+      {move("D:\\Out"), none, "OWC MM", "D:\\Out\\AB Master.txt"},
+      {move("D:\\"), none, "OWC MM", "D:\\AB Master.txt"},
+      {move("Q:\\"), none, "OWC M", kMaster},
+      {type("D:\\Out\\My.txt"), none, "OWC M", "D:\\Out\\My.txt"},
+      {type("Mine.txt"), none, "OWC M", "C:\\Data\\Mine.txt"},
+      {type(""), none, "OWC M", kMaster},
+      {spoil, retry, "OWC M", kMaster},
+      {spoil, stop, "OWO M", ""},
+      {type("Q:\\AB.txt"), noDrive, "OWO ", ""},
+      {remove, gone, "OWO M", ""},
+      {combine, gone, "OO ", ""}};
+  for (const auto& [act, box, walk, path] : kCases) {
+    Lab lab("");
+    act(lab);
+    if (!box.Text.empty()) lab.Script.Expect(box);
+    if (!path.empty()) lab.Script.Expect(kCreated);
+    EXPECT_EQ(lab.Walk(), walk);
+    EXPECT_EQ(lab.Flow.LastMaster(), path);
+    if (path.empty()) continue;
+    EXPECT_TRUE(lab.Files.Get(path).starts_with(lab.Flow.LastHeader() + "\r\n")) << path;
+    EXPECT_NE(lab.Files.Get(kMaster).find("5,  2,  2,  2, "), std::string::npos) << "rows stay with the data";
+  }
+}
+
+TEST(MasterFlow, GroupsAsPreviewedInTheirOrder) {
+  Lab lab("c");
+  lab.Flow.Continue();
+  lab.Options.ChooseVariable(1);
+  EXPECT_EQ(lab.Flow.GroupsPreview(), ", Man: 1 group of 2, left over: 3\n, 2: 1 group of 2");
+  for (const auto& [size, preview, box] :
+       {std::tuple("1", "", kGroupSizeFault), {"4", kTooFewSubjects, kTooFewSubjects}}) {
+    lab.Options.SetPerGroupText(size);
+    EXPECT_EQ(lab.Flow.GroupsPreview(), preview);
+    lab.Script.Expect({.Text = box, .Icon = BoxIcon::Exclamation});
+    lab.Flow.GoGroups();
+  }
+  lab.Options.SetPerGroupText("2");
+  lab.Flow.GoGroups();
+  EXPECT_EQ(lab.Flow.Order().RowName(2) + lab.Flow.Order().RowName(3), "3, Man4, 2");
+  lab.Flow.Order().Paste("3\n2\n1");
+  lab.Put(3, "9 | 1");
+  lab.Script.Expect({"Subscript out of range", BoxAnswer::Cancel, "Subject 3: item 9"});
+  lab.Flow.GoCombine();
+  EXPECT_EQ(lab.Trail, "ODWGWG");
+  lab.Put(3, "1 3 | 2 3");
+  lab.Script.Expect(kCombinedCreated);
+  lab.Flow.GoCombine();
+  const std::string bytes = lab.Files.Get(lab.Flow.LastMaster());
+
+  CombinedRequest request{{}, "", ReadGroupSubjects(lab.Project, 5, true, lab.OfFiles, lab).value(), 0, {}};
+  request.Selection.SetDefaultMeasures(lab.Project);
+  request.Plan.Groups = {{1, {2, 1}}, {2, {3, 4}}};
+  EXPECT_TRUE(CreateCombinedMaster(lab.Project, request, {lab.OfFiles, lab, lab}).Completed);
+  EXPECT_EQ(lab.Files.Get("C:\\Data\\AB Combined Master.txt"), bytes);
+
+  EXPECT_TRUE(lab.Flow.Open(lab.Project));
+  lab.Options.ChkCombine = true;
+  lab.Options.SetPerGroupText("2");
+  lab.Flow.Continue();
+  EXPECT_EQ(lab.Flow.GroupsPreview(), "2 groups of 2, left over: 5") << "no variable is chosen again";
+  lab.Options.ChooseVariable(1);
+  EXPECT_EQ(lab.Flow.GroupsPreview(), ", Man: 1 group of 2, left over: 1\n, 2: 1 group of 2") << "in the saved order";
+}
+
+}  // namespace
+}  // namespace zova::testing
