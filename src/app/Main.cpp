@@ -43,6 +43,7 @@ int RunApplication(QApplication& application) {
   HelpWindow help(disk);
   QtProgress progress;
   Session session({disk, boxes, choosers, settings, desktop, help, progress}, ProgramDirectoryPath(), InstalledData());
+  session.Prepare();  // so that the window comes up with the screen that it begins with
   MainWindow window(session, progress);
   boxes.SetBeforeShow([&window] { window.Refresh(); });
 

@@ -41,8 +41,10 @@ MainWindow::MainWindow(Session& session, QtProgress& progress)
   setCentralWidget(m_panels);
   m_session.SetObserver([this] { Refresh(); });
   Refresh();
-  setMinimumSize(QSize(640, 480).boundedTo(screen()->availableSize()));
-  resize(QSize(800, 600).expandedTo(sizeHint()).boundedTo(screen()->availableSize()));
+  // Less the window's title, so that its lower edge stays in sight on a small screen.
+  const QSize free = screen()->availableSize() - QSize(0, 2 * fontMetrics().height() + 8);
+  setMinimumSize(QSize(640, 480).boundedTo(free));
+  resize(QSize(800, 600).expandedTo(sizeHint()).boundedTo(free));
 }
 
 Panel* MainWindow::Add(Panel* panel) {

@@ -86,7 +86,11 @@ void WizardPage::Refresh() {
     label->setEnabled(asked);
   }
   for (const OptionPair& pair : m_options) {
-    (m_wizard.Option(pair.Option) ? pair.Yes : pair.No)->setChecked(true);
+    const bool isYes = m_wizard.Option(pair.Option);
+    (isYes ? pair.Yes : pair.No)->setChecked(true);
+    // Tab stops at the answer that is given; until it was clicked, Qt stops at the first.
+    pair.Yes->setFocusPolicy(isYes ? Qt::StrongFocus : Qt::ClickFocus);
+    pair.No->setFocusPolicy(isYes ? Qt::ClickFocus : Qt::StrongFocus);
     const bool asked = !pair.Asked || m_wizard.Asks(*pair.Asked);
     for (QWidget* control : std::initializer_list<QWidget*>{pair.Label, pair.Yes, pair.No}) control->setEnabled(asked);
   }

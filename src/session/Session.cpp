@@ -32,12 +32,17 @@ Session::Session(const SessionPlatform& platform, std::string programDir, std::f
   m_masters.SetObserver([this] { FollowMasters(); });
 }
 
-void Session::Start() {
+void Session::Prepare() {
+  m_prepared = true;
   FillProgramDirectory(m_installed, m_programDir, m_platform.Files);
   m_param.Load();
-  if (!m_param.IsRegistered()) {
-    ShowLocation(Screen::ParamLocation);
-  } else if (!m_param.Exists()) {
+  if (!m_param.IsRegistered()) ShowLocation(Screen::ParamLocation);
+}
+
+void Session::Start() {
+  if (!m_prepared) Prepare();
+  if (!m_param.IsRegistered()) return;
+  if (!m_param.Exists()) {
     StartWithLostParam();
   } else if (LockParam()) {
     OfferRestore();

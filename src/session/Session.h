@@ -42,7 +42,9 @@ class Session {
   /// Called whenever what the window shows may have changed while a command goes on with a message.
   void SetObserver(std::function<void()> observer) { m_observer = std::move(observer); }
 
-  /// From the stored setting to the main screen, or to the location screen.
+  /// What needs no window: reads the stored setting, and takes the location screen when there is none.
+  void Prepare();
+  /// From there to the main screen, or to the location screen, with all questions on the way.
   void Start();
   /// The program is to end.
   [[nodiscard]] bool HasEnded() const noexcept { return m_ended; }
@@ -155,6 +157,7 @@ class Session {
   SavedProject m_saved;  // of the open project
   bool m_hasUnfinished = false;
   bool m_restoring = false;  // never false again once set
+  bool m_prepared = false;
   bool m_restoreOffered = false;
   bool m_keepsAutosave = false;  // one that could not be restored
   bool m_ended = false;

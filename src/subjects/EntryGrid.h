@@ -48,14 +48,17 @@ class EntryGrid {
   bool Enter();
   /// Takes a number that was typed but not entered, as Enter would. False when it was refused.
   bool TakeStandingText() { return m_text.empty() || Enter(); }
-  /// The arrow keys; with text in the box they, and Step, do nothing.
+  /// The arrow keys; with text in the box they do nothing.
   void Move(int lines, int columns);
   /// Tab and Shift+Tab, after taking what stands in the box: the next or previous cell of the columns in use.
   void Step(int direction);
   /// Shift+arrows, and the mouse from where it was pressed. The cursor goes along, the other end stays.
   void ExtendSelection(int lines, int columns) { SelectTo({m_cursor.Line + lines, m_cursor.Column + columns}); }
   void SelectTo(EntryCell cell);
-  void Click(EntryCell cell) { PlaceCursor(cell); }
+  /// Takes what stands in the box first, which belongs to the cell that is left.
+  void Click(EntryCell cell) {
+    if (TakeStandingText()) PlaceCursor(cell);
+  }
 
   void InsertLine();
   void DeleteSelectedLines();

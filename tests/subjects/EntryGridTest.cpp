@@ -57,11 +57,13 @@ TEST(EntryGrid, LooksForTheNextBlank) {
 }
 
 TEST(EntryGrid, MovesAndSelects) {
-  ExpectAll(kBoxes, {"mr1; ; ul; ; @1,1", "1; ; ddddddrrr; ; @5,3", "1; ; rrddlu; ; @2,2", "1; ; 5dr; ; @1,1 '5'",
-                     "1; ; 5t3T; 5 3; @1,1*", "1; ; DD; ; @3,1-1,1", "1; ; ddrrUUULLLL; ; @1,1-3,3",
-                     "1; ; DDDU; ; @3,1-1,1", "1; ; DDd; ; @4,1", "1; ; drDRl; ; @3,2", "mr1; ; tttt; ; @2,2",
-                     "mr2; ; tttt; ; @3,1", "mr3; ; tttt; ; @2,2", "r1; ; ttt; ; @2,3", "1; ; rt; ; @2,1",
-                     "1; ; rT; ; @1,1", "mr2; ; ddT; ; @2,2", "mr1; ; Ttddddrrt; ; @5,3", "1; ; c; ; @5,3"});
+  ExpectAll(
+      kBoxes,
+      {"mr1; ; ul; ; @1,1",     "1; ; ddddddrrr; ; @5,3", "1; ; rrddlu; ; @2,2",      "1; ; 5dr; ; @1,1 '5'",
+       "1; ; 5t3T; 5 3; @1,1*", "mr1; ; 4c; 4; @5,3*",    "1; ; DD; ; @3,1-1,1",      "1; ; ddrrUUULLLL; ; @1,1-3,3",
+       "1; ; DDDU; ; @3,1-1,1", "1; ; DDd; ; @4,1",       "1; ; drDRl; ; @3,2",       "mr1; ; tttt; ; @2,2",
+       "mr2; ; tttt; ; @3,1",   "mr3; ; tttt; ; @2,2",    "r1; ; ttt; ; @2,3",        "1; ; rt; ; @2,1",
+       "1; ; rT; ; @1,1",       "mr2; ; ddT; ; @2,2",     "mr1; ; Ttddddrrt; ; @5,3", "1; ; c; ; @5,3"});
 }
 
 TEST(EntryGrid, FillsABlockOfOneColumn) {
