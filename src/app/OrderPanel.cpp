@@ -28,7 +28,9 @@ class OrderBox final : public NumberBox {
       case Qt::Key_Enter:
         if (!press.isAutoRepeat()) m_order.Enter();
         return true;
-      case Qt::Key_Escape: m_order.SetEntryText({}); return !isEmpty;  // when empty it cancels
+      case Qt::Key_Escape: m_order.SetEntryText({}); return true;  // it edits the box, and never cancels
+      case Qt::Key_Tab: m_order.Click(m_order.CursorRow() + 1); return true;
+      case Qt::Key_Backtab: m_order.Click(m_order.CursorRow() - 1); return true;
       case Qt::Key_Up: rows = -1; break;
       case Qt::Key_Down: rows = 1; break;
       case Qt::Key_PageUp: rows = -kPage; break;

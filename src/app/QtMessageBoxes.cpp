@@ -32,18 +32,17 @@ constexpr Offer kOffers[] = {{QMessageBox::Ok, BoxAnswer::Ok},
 QMessageBox::StandardButton ButtonOf(BoxAnswer answer) { return kAnswers[static_cast<std::size_t>(answer)]; }
 
 // A list of hundreds of subjects would make the box higher than the screen: it scrolls then, in place of the label
-// that Qt has laid out for secondary text.
-void ShowDetails(QMessageBox& box, const QString& details) {
-  box.setInformativeText(details);
-  auto* label = box.findChild<QLabel*>("qt_msgbox_informativelabel");
+// that Qt has laid out for it.
+void LetLongTextScroll(QMessageBox& box, const char* labelName, const QString& shown, const char* name) {
+  auto* label = box.findChild<QLabel*>(labelName);
   if (label == nullptr) return;
   label->setTextFormat(Qt::PlainText);  // the box's own format goes to its main text only
   const QFontMetrics metrics(label->font());
   const QSize screen = box.screen()->availableSize();
   const int width = std::min(metrics.averageCharWidth() * 70, screen.width() / 2);
-  if (metrics.boundingRect(0, 0, width, 0, Qt::TextWordWrap, details).height() < screen.height() / 2) return;
-  auto* text = Named(new QPlainTextEdit(details), "txtDetails");
-  text->setAccessibleName("Details");
+  if (metrics.boundingRect(0, 0, width, 0, Qt::TextWordWrap, shown).height() < screen.height() / 2) return;
+  auto* text = Named(new QPlainTextEdit(shown), name);
+  text->setAccessibleName("Message");
   text->setReadOnly(true);
   text->setTabChangesFocus(true);
   text->setMinimumSize(width, metrics.lineSpacing() * 12);
@@ -67,7 +66,10 @@ BoxAnswer QtMessageBoxes::Show(const MessageBox& box) {
   dialog.setStandardButtons(offer.Buttons);
   dialog.setDefaultButton(ButtonOf(standard));
   dialog.setEscapeButton(ButtonOf(offer.Escape));
-  if (!box.Details.empty()) ShowDetails(dialog, ToQt(box.Details));
+  dialog.setInformativeText(ToQt(box.Details));
+  LetLongTextScroll(dialog, "qt_msgbox_label", dialog.text(), "txtMessage");
+  if (!box.Details.empty())
+    LetLongTextScroll(dialog, "qt_msgbox_informativelabel", dialog.informativeText(), "txtDetails");
   const auto* pressed = std::find(std::begin(kAnswers), std::end(kAnswers), dialog.exec());
   return pressed == std::end(kAnswers) ? offer.Escape : static_cast<BoxAnswer>(pressed - kAnswers);
 }

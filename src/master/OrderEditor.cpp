@@ -64,16 +64,20 @@ void OrderEditor::SetEntryText(std::string_view text) {
 }
 
 void OrderEditor::Enter() {
-  if (m_text.empty()) return;
-  m_order[static_cast<std::size_t>(m_row)] = LeadingInteger16(std::exchange(m_text, {})).value_or(0);
-  Click(m_row + 1);
+  if (!m_text.empty()) Click(m_row + 1);
 }
 
 void OrderEditor::Move(int rows) {
   if (m_text.empty()) Click(m_row + rows);
 }
 
-void OrderEditor::Click(int row) { m_row = std::clamp(row, 0, Rows() - 1); }
+void OrderEditor::Click(int row) {
+  // What stands in the box belongs to the row that is left.
+  if (!m_text.empty()) {
+    m_order[static_cast<std::size_t>(m_row)] = LeadingInteger16(std::exchange(m_text, {})).value_or(0);
+  }
+  m_row = std::clamp(row, 0, Rows() - 1);
+}
 
 void OrderEditor::Paste(std::string_view text) {
   // Empty lines at the end are the spreadsheet's.

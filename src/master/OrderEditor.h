@@ -44,6 +44,7 @@ class OrderEditor {
   /// a number beyond 16 bits is none.
   void Enter();
   void Move(int rows);  ///< with the box empty
+  /// Takes what stands in the box for the row that is left, as Enter does.
   void Click(int row);
   /// A column of numbers from the cursor on, all of it or nothing; a fault is told.
   void Paste(std::string_view text);

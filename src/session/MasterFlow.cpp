@@ -158,7 +158,7 @@ void MasterFlow::WriteMasters() {
     result = CreateMasters(*m_project, m_request, {m_tools.Files, m_tools.Boxes, m_tools.Bar});
   }
   if (!result.Completed) return Show(Stage::Options);
-  NoteMaster(result);
+  m_lastMaster = DefaultMasterPath(*m_project);  // where the rows are, wherever the header went
   // What stands in the file, which may be too large to be read for its first line.
   m_lastHeader = BuildMasterHeader(*m_project, m_request.Selection, MasterKind::Individual).MasterHeader;
   m_notices = std::move(result.Notices);
@@ -167,10 +167,6 @@ void MasterFlow::WriteMasters() {
   } else {
     Finish(MastersCreated());
   }
-}
-
-void MasterFlow::NoteMaster(const MasterRunResult& result) {
-  m_lastMaster = m_tools.Files.Drives().ToDrivePath(PathText(result.Written.front()));
 }
 
 void MasterFlow::AskForGroupOrder() {
@@ -195,7 +191,7 @@ void MasterFlow::GoCombine() {
     result = CreateCombinedMaster(*m_project, request, {m_tools.Files, m_tools.Boxes, m_tools.Bar});
   }
   if (!result.Completed) return Show(Stage::OrderOfGroups);
-  NoteMaster(result);
+  m_lastMaster = m_tools.Files.Drives().ToDrivePath(PathText(result.Written.front()));
   Finish(CombinedCreated());
 }
 

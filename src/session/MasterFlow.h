@@ -64,7 +64,6 @@ class MasterFlow {
   [[nodiscard]] GroupOrder StartingOrder() const;
   void WriteMasters();
   void AskForGroupOrder();
-  void NoteMaster(const MasterRunResult& result);
   void Finish(const MessageBox& message);
 
   MasterTools m_tools;

@@ -176,6 +176,8 @@ void Session::FinishWizard() {
 }
 
 void Session::Exit() {
+  if (m_masters.CurrentStage() == MasterFlow::Stage::Writing) return;
+  FinishMasters();
   if (m_screen == Screen::Entry &&
       !MayLeaveEntry({.Text = "You will lose all unsaved changes.  Are you sure you want to do this?",
                       .Icon = BoxIcon::Exclamation,
@@ -187,9 +189,15 @@ void Session::Exit() {
   m_ended = true;
 }
 
+// Masters that are written are told of, with their notices, also when only the groups' order is left unanswered.
+void Session::FinishMasters() {
+  if (m_masters.CurrentStage() == MasterFlow::Stage::OrderOfGroups) m_masters.CancelOrder();
+}
+
 bool Session::Close() {
   if (m_ended) return true;
   if (m_masters.CurrentStage() == MasterFlow::Stage::Writing) return false;
+  FinishMasters();
   if (m_screen == Screen::ParamLocation) {
     m_ended = m_location.Close().Next != LocationOutcome::Step::Stay;
   } else {

@@ -131,6 +131,7 @@ class Session {
   bool OpenFirst();
   bool MayLeaveEntry(const MessageBox& question);
   void FollowMasters();
+  void FinishMasters();
   void OfferRestore();
   void RestoreAutosave();
   void Identify(SubjectIdentification::Purpose purpose);

@@ -135,6 +135,8 @@ TEST_F(MasterPanelsTest, AnOrderIsTypedAndTheFocusComesBackToItsBox) {
   Press('7'), m_boxes.Expect({.Text = "Position 7 is used twice."}), Alt("N");
   EXPECT_TRUE(Find("txtOrder")->hasFocus());
   Press(Qt::Key_Escape);
+  EXPECT_EQ(m_flow.CurrentStage(), Stage::OrderOfItems) << "Escape edits the box";
+  QTest::mouseClick(Find("cmdOrderCancel"), Qt::LeftButton);
   EXPECT_EQ(m_flow.CurrentStage(), Stage::Options);
 }
 
