@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QPlainTextEdit>
+#include <QScreen>
 #include <QSettings>
 #include <QTest>
 #include <QTimer>
@@ -39,6 +41,20 @@ TEST(QtMessageBoxesTest, EnterTakesTheDefaultAndEscapeTheSafeAnswer) {
       EXPECT_NE(QApplication::overrideCursor(), nullptr);
     }
   }
+}
+
+TEST(QtMessageBoxesTest, AVeryLongTextScrolls) {
+  std::string names = "1";
+  for (int subject = 2; subject <= 10000; ++subject) names += ", " + std::to_string(subject);
+  QtDesktop desktop;
+  QTimer::singleShot(50, [] {
+    auto* box = QApplication::activeModalWidget();
+    EXPECT_LT(box->height(), box->screen()->availableSize().height());
+    const auto* text = box->findChild<QPlainTextEdit*>("txtMessage");
+    EXPECT_TRUE(text != nullptr && text->isVisible() && text->toPlainText().endsWith(", 10000"));
+    QTest::keyClick(box, Qt::Key_Return);
+  });
+  EXPECT_EQ(QtMessageBoxes(desktop).Show({.Text = names}), BoxAnswer::Ok);
 }
 
 TEST(QtSettingsTest, KeepsTextsAndTellsOfAFailedWrite) {
