@@ -190,7 +190,7 @@ void MasterFlow::GoCombine() {
                                      PlanGroups(m_order.Positions()).value()};
     result = CreateCombinedMaster(*m_project, request, {m_tools.Files, m_tools.Boxes, m_tools.Bar});
   }
-  if (!result.Completed) return Show(Stage::OrderOfGroups);
+  if (!result.Completed) return Show(Stage::Options);
   m_lastMaster = m_tools.Files.Drives().ToDrivePath(PathText(result.Written.front()));
   Finish(CombinedCreated());
 }
