@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "platform/DirectoryBrowser.h"
+#include "platform/FileErrorHandler.h"
 #include "project/WizardPages.h"
 
 namespace zova {

@@ -7,7 +7,6 @@
 #include <string_view>
 
 #include "platform/Disk.h"
-#include "platform/FileErrorHandler.h"
 #include "platform/MessageBoxes.h"
 #include "project/ProjectParameters.h"
 #include "project/VariableEditor.h"

@@ -48,10 +48,12 @@ class MasterFlow {
   void CancelOrder();    ///< from either order screen
   void CancelGroups();
 
-  /// What the groups' details would give, a line per level, or the fault of the number of subjects; read once.
+  /// What the groups' details would give, a line per level, or that no group is possible; "" while the number of
+  /// subjects is none. The subjects' levels are read once, when the details are asked for.
   [[nodiscard]] std::string GroupsPreview();
 
-  /// The last individual or combined master made, a drive-letter path; "" before the first.
+  /// The last combined master made, or the file with the rows of the last individual one: a drive-letter path; ""
+  /// before the first.
   [[nodiscard]] const std::string& LastMaster() const noexcept { return m_lastMaster; }
   /// Header line of the project's new master, for those who read it; "" before the first.
   [[nodiscard]] const std::string& LastHeader() const noexcept { return m_lastHeader; }
