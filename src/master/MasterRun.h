@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "master/MeasureSelection.h"
+#include "master/ScoredSubject.h"
 #include "master/SerialPositions.h"
 #include "platform/Desktop.h"
 #include "platform/Disk.h"
@@ -23,6 +24,11 @@ struct MasterRequest {
   int SubjectFileCount = 0;
   std::string Destination;           ///< content of the destination box
   std::optional<SerialOrder> Order;  ///< asks for the serial-position master; every position once
+  /// Ask for a CSV of the measures, of the recalls (CleanExport.h, LongExport.h): a path like `Destination`; "" is
+  /// "AB Clean.csv", "AB Long.csv" in the destination's directory.
+  std::optional<std::string> CleanFile = std::nullopt;
+  std::optional<std::string> LongFile = std::nullopt;
+  ScoredSubjectSink* Sink = nullptr;  ///< gets every subject; not owned
 };
 
 /// The subjects for whom a score could not be computed, as notices; "" when there is none.

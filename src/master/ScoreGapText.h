@@ -1,0 +1,13 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string_view>
+
+#include "scoring/Score.h"
+
+namespace zova {
+
+/// Why a value could not be computed, in plain words: "fewer than 2 categories or 3 recalls". "" for None.
+std::string_view ScoreGapText(ScoreGap gap);
+
+}  // namespace zova

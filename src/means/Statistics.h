@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <cstddef>
+#include <optional>
+
+namespace zova {
+
+/// The two-sided critical value of Student's t: a t variable of `degrees` (at least 1) degrees of freedom lies between
+/// -t and t with probability `level` (between 0 and 1). 2.228 for 10 degrees and .95.
+double StudentT(int degrees, double level);
+
+/// n, mean and spread of a sample.
+struct SampleStatistics {
+  std::size_t N = 0;
+  std::optional<double> Mean;       ///< nothing for an empty sample
+  std::optional<double> Sd;         ///< of the sample (divided by n - 1); nothing below two values
+  std::optional<double> HalfWidth;  ///< of the 95 % confidence interval of the mean: t(n - 1) * Sd / sqrt(n)
+
+  [[nodiscard]] std::optional<double> Low() const {
+    return HalfWidth ? std::optional(*Mean - *HalfWidth) : std::nullopt;
+  }
+  [[nodiscard]] std::optional<double> High() const {
+    return HalfWidth ? std::optional(*Mean + *HalfWidth) : std::nullopt;
+  }
+};
+
+/// Takes values one by one in one pass (Welford 1962), without the loss of digits that sums of squares have.
+class Sample {
+ public:
+  void Add(double value) noexcept;
+  [[nodiscard]] SampleStatistics Statistics() const;
+
+ private:
+  std::size_t m_n = 0;
+  double m_mean = 0;
+  double m_squares = 0;
+};
+
+}  // namespace zova
