@@ -104,8 +104,8 @@ class MasterCommand {
   bool FillCombinedRequest(const MasterRequest& request, CombinedRequest& combined) {
     combined.Selection = request.Selection;
     combined.Destination = request.Destination;
-    auto subjects =
-        ReadGroupSubjects(m_project, request.SubjectFileCount, combined.Separator.has_value(), m_disk, m_terminal);
+    auto subjects = ReadGroupSubjects(m_project, request.SubjectFileCount, combined.Separator.has_value(), m_disk,
+                                      m_terminal, m_terminal);
     if (!subjects) return false;
     combined.Subjects = std::move(*subjects);
     const std::vector<std::string>& ids = combined.Subjects.SubjectIds;

@@ -100,6 +100,8 @@ struct MendingBoxes final : MessageBoxes {
 
 struct RecordingBar final : Progress {
   void Show(int percent, const std::string&) override { Percents += std::to_string(percent) + " "; }
+  void Breathe() override { ++Breaths; }
+  int Breaths = 0;
   std::string Percents;
 };
 
@@ -124,7 +126,7 @@ struct Lab {
   void Plan(int subjectCount) {
     ScriptedBoxes none;
     Disk disk = Files.MakeDisk();
-    Request.Subjects = ReadGroupSubjects(Project, subjectCount, true, disk, none).value();
+    Request.Subjects = ReadGroupSubjects(Project, subjectCount, true, disk, none, Bar).value();
     Request.Separator = 1;
     Request.Plan = FormGroups(Request.Subjects.LevelsOf(1), FirstGroupOrder(Request.Subjects.FileNames.size()), 2);
   }
@@ -195,15 +197,18 @@ TEST(CombinedMaster, AFailingMemberIsRetriedOrEndsTheRun) {
   EXPECT_EQ(lab.Files.Get(kCombined), first + "Group 2 (3+4), XXXXXXX,  1,  2\r\n");
   std::filesystem::remove(lab.Files.Native(path));
   EXPECT_TRUE(lab.Run(retry).Completed) << retry.Details;
-  EXPECT_NE(retry.Details.find(path), std::string::npos);
+  EXPECT_NE(retry.Details.find(path + "'\nSubject 4"), std::string::npos) << retry.Details;
 
   Disk disk = lab.Files.MakeDisk();
   std::filesystem::remove(lab.Files.Native(path));
   const std::string gone = std::make_error_code(std::errc::no_such_file_or_directory).message();
-  ScriptedBoxes missing{{gone, BoxAnswer::Cancel, "'C:\\Data\\Sdata\\'"}};
-  EXPECT_FALSE(ReadGroupSubjects(lab.Project, 4, false, disk, missing)) << "three files, where four were counted";
+  ScriptedBoxes missing{{gone, BoxAnswer::Cancel, "'C:\\Data\\Sdata\\'\n3 of 4 subject files were found."}};
+  lab.Bar.Breaths = 0;
+  EXPECT_FALSE(ReadGroupSubjects(lab.Project, 4, false, disk, missing, lab.Bar))
+      << "three files, where four were counted";
   retry.Mend = [&] { lab.Put(4, "1"); };
-  EXPECT_EQ(ReadGroupSubjects(lab.Project, 4, true, disk, retry)->SubjectIds.size(), 4U);
+  EXPECT_EQ(ReadGroupSubjects(lab.Project, 4, true, disk, retry, lab.Bar)->SubjectIds.size(), 4U);
+  EXPECT_GE(lab.Bar.Breaths, 4) << "one for each subject that is read";
 }
 
 TEST(CombinedMaster, AnOverflowIsTheGroups) {
