@@ -127,7 +127,8 @@ void MasterFlow::AskForGroups() {
 
 bool MasterFlow::ReadSubjects(bool withLevels) {
   const BusyPointer busy(m_tools.Pointer);
-  auto subjects = ReadGroupSubjects(*m_project, m_request.SubjectFileCount, withLevels, m_tools.Files, m_tools.Boxes);
+  auto subjects = ReadGroupSubjects(*m_project, m_request.SubjectFileCount, withLevels, m_tools.Files, m_tools.Boxes,
+                                    m_tools.Bar);
   if (!subjects) return false;
   const bool areOthers = subjects->SubjectIds != m_subjects.SubjectIds;
   m_subjects = std::move(*subjects);
