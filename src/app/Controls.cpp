@@ -18,7 +18,7 @@ class ActingAtOnce final : public QObject {
   bool eventFilter(QObject* watched, QEvent* event) override {
     auto* button = static_cast<QAbstractButton*>(watched);
     if (event->type() == QEvent::Shortcut) {
-      if (button->isCheckable()) button->setFocus(Qt::ShortcutFocusReason);
+      if (button->isCheckable()) PlaceCursorIn(button);
       button->click();  // of itself it acts 100 ms later, when another screen may be up
       return true;
     }

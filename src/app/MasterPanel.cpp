@@ -36,8 +36,11 @@ MasterPanel::MasterPanel(MasterFlow& flow)
   rows->addWidget(m_chkItemAnalysis, 0, Qt::AlignLeft);
   rows->addWidget(m_chkCombine, 0, Qt::AlignLeft);
   rows->addWidget(MakeLabel("lblExports", tr("Files for Other Programs"), m_chkExportClean));
-  rows->addWidget(m_chkExportClean, 0, Qt::AlignLeft);
-  rows->addWidget(m_chkExportLong, 0, Qt::AlignLeft);
+  auto* exports = new QHBoxLayout;  // in one row, so that all of the page is in sight at 800 x 600
+  exports->addWidget(m_chkExportClean);
+  exports->addWidget(m_chkExportLong);
+  exports->addStretch();
+  rows->addLayout(exports);
   QFont bold;  // only its weight is set: the rest comes from the window
   bold.setBold(true);
   for (const char* heading : {"lblDestination", "lblmeasures", "lblItemAnal", "lblExports"}) {

@@ -124,6 +124,7 @@ void OrderEditor::Set(Order order) {
 
 void OrderEditor::ShowChange(const Change& change, const Order& positions) {
   std::copy(positions.begin(), positions.end(), m_order.begin() + static_cast<std::ptrdiff_t>(change.First));
+  ++m_changes;
   Place(static_cast<int>(change.First));
 }
 

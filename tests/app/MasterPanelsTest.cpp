@@ -92,6 +92,8 @@ class MasterPanelsTest : public ::testing::Test {
 
 TEST_F(MasterPanelsTest, KeysReachTheOptionsAndTheMeasures) {
   EXPECT_EQ(Text("lblProjectName"), "Project: Recall");
+  QMetaObject::invokeMethod(Find("drvMasterDest"), "activated", Q_ARG(int, 0));
+  EXPECT_EQ(Text("txtMasterDest"), "C:\\Data\\AB Master.txt") << "of the drive that is shown";
   Find("drvMasterDest")->setFocus();
   Press(Qt::Key_Down);
   EXPECT_EQ(Text("txtMasterDest"), "D:\\AB Master.txt");
@@ -165,6 +167,8 @@ TEST_F(MasterPanelsTest, GroupsArePreviewedWhileTheyAreTypedAndTheBarReaches100)
   EXPECT_EQ(Text("lblOrderPlan").substr(0, 14), "The groups sho") << "while it is typed";
   Type({Qt::Key_Return, Qt::Key_Down, '1'});
   EXPECT_EQ(Text("lblOrderPlan"), "Sex, Man: 1 group of 2, left over: 5");
+  Press(Qt::Key_Escape), Press('Z', Qt::ControlModifier);
+  EXPECT_EQ(Text("lblOrderPlan"), "Sex, Man: 1 group of 2, left over: 9") << "undone";
   m_boxes.Expect({.Text = "Master(s) successfully created!"});
   Alt("N");
 }
