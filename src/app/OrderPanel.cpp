@@ -162,7 +162,7 @@ void OrderPanel::Arrange() {
   m_lblOrderPlan->setAlignment(Qt::AlignTop);
   m_plan->setFocusPolicy(Qt::TabFocus);  // to be scrolled from the keyboard
   m_plan->setAccessibleName(tr("Groups"));
-  m_plan->setFixedHeight(m_plan->fontMetrics().lineSpacing() * 4);
+  m_plan->setFixedHeight(m_plan->fontMetrics().lineSpacing() * 3);
   QLabel* prompt = MakeLabel("lblOrder", tr("New Or&der:"), m_txtOrder);
   prompt->setWordWrap(false);
   auto* rows = static_cast<QVBoxLayout*>(layout());
