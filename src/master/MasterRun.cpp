@@ -8,6 +8,7 @@
 #include "master/RunSteps.h"
 #include "scoring/ScoreSubject.h"
 #include "subjects/SubjectFiles.h"
+#include "text/TypedText.h"
 
 namespace zova {
 
@@ -86,10 +87,19 @@ std::string DefaultMasterPath(const ProjectParameters& project) {
 
 MasterDestination ResolveDestination(const std::string& text, const ProjectParameters& project,
                                      const DriveMap& drives) {
-  std::string path = drives.ToDrivePath(text);
+  constexpr const char* kSeparators = "\\/";
+  const std::string_view typed = WithoutOuterBlanks(text);
+  std::string path = drives.ToDrivePath(typed);
+  const bool hasDrive = path.size() > 1 && path[1] == ':';
+  if (hasDrive && path.find_first_of(kSeparators) != 2) path.insert(2, "\\");
+  const bool isDirectory = typed.ends_with('\\') || typed.ends_with('/') || (hasDrive && path.size() == 3);
+  const std::string defaultPath = DefaultMasterPath(project);
   if (path.empty()) {
-    path = DefaultMasterPath(project);
-  } else if (path.find_first_of("\\/") == std::string::npos) {
+    path = defaultPath;
+  } else if (isDirectory) {
+    if (!path.ends_with('/')) path = JoinPath(path, "");
+    path += LastPathComponent(defaultPath);
+  } else if (path.find_first_of(kSeparators) == std::string::npos) {
     path = JoinPath(project.PrimaryDir, path);
   }
   return {path, path.substr(0, path.size() - LastPathComponent(path).size())};

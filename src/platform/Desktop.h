@@ -13,8 +13,8 @@ class Desktop {
   virtual void ShowBusyPointer() = 0;
   virtual void RestorePointer() = 0;
   virtual void Beep() = 0;
-  /// Shows a directory (a native path) in the system's file manager.
-  virtual void OpenFolder(const std::filesystem::path& directory) = 0;
+  /// Shows a directory (a native path) in the system's file manager. False when the system has none that takes it.
+  virtual bool OpenFolder(const std::filesystem::path& directory) = 0;
 };
 
 /// How far a long run has come.
