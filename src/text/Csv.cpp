@@ -28,4 +28,13 @@ void AppendCsvField(std::string& line, std::string_view text) {
   line += '"';
 }
 
+void CsvHeader::Add(std::string_view name) {
+  if (!m_names.empty()) m_line += ',';
+  std::string unique(name);
+  for (int number = 2; !m_names.insert(unique).second; ++number) {
+    unique.assign(name).append(" (").append(std::to_string(number)).append(")");
+  }
+  AppendCsvField(m_line, unique);
+}
+
 }  // namespace zova
