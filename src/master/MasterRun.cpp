@@ -5,6 +5,7 @@
 
 #include "master/MasterRun.h"
 
+#include "master/RunExports.h"
 #include "master/RunSteps.h"
 #include "scoring/ScoreSubject.h"
 #include "subjects/SubjectFiles.h"
@@ -29,14 +30,16 @@ class MasterWriter {
         m_rowPath(DefaultMasterPath(project)),
         m_subjects(project, surroundings.Files, m_errors),
         m_files(project, MasterKind::Individual, m_subjects, surroundings.Files, m_errors, m_result.Written),
+        m_exports(project, request, m_destination, m_subjects, surroundings.Files, m_errors, m_result.Written),
         m_progress(surroundings.Bar, request.SubjectFileCount) {
     m_serialCounts.Reset(project.ItemCount, project.TestCount);
   }
 
   MasterRunResult Run() {
-    m_result.Completed = BuildHeader(m_project, m_request.Selection, MasterKind::Individual, m_boxes, m_header) &&
-                         m_subjects.List() && m_files.WriteHeader(m_destination.HeaderPath, m_header) && WriteRows() &&
-                         m_files.CloseRows() && (!m_request.Order || WriteSerialPositions());
+    m_result.Completed =
+        BuildHeader(m_project, m_request.Selection, MasterKind::Individual, m_boxes, m_header) && m_subjects.List() &&
+        m_exports.Prepare() && m_files.WriteHeader(m_destination.HeaderPath, m_header) && m_exports.WriteHeaders() &&
+        WriteRows() && m_files.CloseRows() && m_exports.Close() && (!m_request.Order || WriteSerialPositions());
     return std::move(m_result);
   }
 
@@ -47,6 +50,7 @@ class MasterWriter {
           m_errors, [&] { ReadAndScore(k); }, [&] { return m_subjects.Where(k); });
       if (!scored || !m_files.WriteRow(m_rowPath, m_row)) return false;
       const std::string id = m_subjects.SubjectId(k);
+      if (!HandOn({id, m_record, m_scores, m_row})) return false;
       if (m_scores.Categories.AnyArcFailed) {
         AddFailure(m_result.Notices.ArcFailureList,
                    "For at least 1 test, the ARC score was unable to be calculated for subject(s): ", id);
@@ -64,6 +68,10 @@ class MasterWriter {
     return true;
   }
 
+  bool HandOn(const ScoredSubject& subject) {
+    return m_exports.WriteRows(subject) && (m_request.Sink == nullptr || m_request.Sink->Take(subject));
+  }
+
   void ReadAndScore(int k) {
     m_subjects.Read(k, m_record);
     ScoreSubject(m_record.Lists, m_project, m_header.Families, m_scores);
@@ -72,7 +80,7 @@ class MasterWriter {
 
   bool WriteSerialPositions() {
     return m_files.WriteWhole(
-        m_destination.Directory + m_project.Abbreviation + " Serial Position Master.txt",
+        SerialMasterPath(m_destination, m_project),
         FormatSerialPositionMaster(m_serialCounts, m_project.TestCount, m_request.SubjectFileCount));
   }
 
@@ -86,6 +94,7 @@ class MasterWriter {
 
   SubjectReader m_subjects;
   MasterFiles m_files;
+  RunExports m_exports;
   RunProgress m_progress;
   MasterHeaderLine m_header;
   SubjectRecord m_record;
@@ -109,6 +118,10 @@ MasterDestination ResolveDestination(const std::string& text, const ProjectParam
     path = JoinPath(project.PrimaryDir, path);
   }
   return {path, path.substr(0, path.size() - LastPathComponent(path).size())};
+}
+
+std::string SerialMasterPath(const MasterDestination& destination, const ProjectParameters& project) {
+  return destination.Directory + project.Abbreviation + " Serial Position Master.txt";
 }
 
 std::optional<int> CountSubjectFiles(const ProjectParameters& project, Disk& disk, MessageBoxes& boxes) {
