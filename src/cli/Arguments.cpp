@@ -90,6 +90,10 @@ Arguments ParseArguments(const std::vector<std::string>& arguments) {
       parsed.SerialOrderFile = *order;
     } else if (const auto destination = values.Of(argument, "--destination")) {
       parsed.Destination = *destination;
+    } else if (const auto cleanFile = values.FileOf(argument, "--clean")) {
+      parsed.CleanFile = *cleanFile;
+    } else if (const auto longFile = values.FileOf(argument, "--long")) {
+      parsed.LongFile = *longFile;
     } else if (const auto size = values.Of(argument, "--group-size")) {
       parsed.GroupSize = GroupSizeOf(*size);
     } else if (const auto variable = values.Of(argument, "--group-by")) {
@@ -106,6 +110,7 @@ Arguments ParseArguments(const std::vector<std::string>& arguments) {
 
 const char* UsageText() {
   return "Usage: zova-master [--measures BOX,...] [--serial-order FILE] [--destination FILE]\n"
+         "                   [--clean FILE] [--long FILE]\n"
          "                   [--group-size N [--group-by VARIABLE] [--group-order FILE]] PROJECT.prm\n"
          "\n"
          "Writes the master of a recall experiment: one row per subject, one column per measure.\n"
@@ -116,6 +121,10 @@ const char* UsageText() {
          "  --serial-order FILE   also write the serial-position master; FILE holds a line 'item,position' per item\n"
          "  --destination FILE    where the master's header goes; a name without a directory lies in the primary\n"
          "                        directory, where the rows always go\n"
+         "  --clean FILE          also write the measures as a CSV for other programs: level names, nothing cut, "
+         "empty\n"
+         "                        fields with the reason for what could not be computed\n"
+         "  --long FILE           also write the recalls as a CSV, a row per studied and per recalled item\n"
          "  --group-size N        also write the combined master: a row per group of N subjects, their recall pooled\n"
          "  --group-by VARIABLE   only subjects of one level of this variable form a group\n"
          "  --group-order FILE    the order in which groups are formed; FILE holds a line '\"identifier\",position' "

@@ -23,6 +23,8 @@ struct Arguments {
   std::optional<std::vector<Measure>> Measures;  ///< the boxes to leave checked
   std::optional<std::string> SerialOrderFile;
   std::string Destination;       ///< "" for the default
+  std::optional<std::string> CleanFile;  ///< asks for the CSV of the measures
+  std::optional<std::string> LongFile;   ///< asks for the CSV of the recalls
   std::optional<int> GroupSize;  ///< asks for the combined master; without it none of the next two
   std::optional<std::string> GroupBy;
   std::optional<std::string> GroupOrderFile;

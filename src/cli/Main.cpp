@@ -76,6 +76,8 @@ class MasterCommand {
       for (const Measure measure : *m_arguments.Measures) request.Selection.Check(measure, true);
     }
     request.Destination = DestinationText();
+    if (m_arguments.CleanFile) request.CleanFile = FilePath(*m_arguments.CleanFile);
+    if (m_arguments.LongFile) request.LongFile = FilePath(*m_arguments.LongFile);
     const auto count = CountSubjectFiles(m_project, m_disk, m_terminal);
     if (count.value_or(0) == 0) return false;
     request.SubjectFileCount = *count;
