@@ -30,17 +30,17 @@ class LongExport {
   void Build(const ScoredSubject& subject, std::string& rows);
 
  private:
-  void AppendItem(std::string& row, const char* trialType, int position, int item) const;
-  void AddRow(std::string& rows, int test, std::string_view middle) const;
-  void AddRecalls(const RecallLists& lists, int test, std::string& rows);
+  void AppendItem(std::string& row, int item) const;
+  void AddRecalls(const RecallLists& lists, int test, std::string& rows) const;
 
   const ProjectParameters& m_project;
   bool m_hasLures;
-  std::vector<std::string> m_study;  // what the study rows of all subjects and tests have in common
-  // Kept between subjects so that a run allocates once.
-  std::string m_subject;  // the field that opens all of a subject's rows
-  std::string m_levels;   // what closes them
-  std::string m_recall;
+  // A row is put together of texts that stay the same: there are millions of them.
+  std::vector<std::string> m_items;   // by item: item, category, lure
+  std::vector<std::string> m_places;  // by position - 1: what stands before the item in the row of a recall
+  std::vector<std::string> m_study;   // a row of a studied item between test and levels
+  std::string m_opening;              // subject and test, with which a row begins
+  std::string m_end;                  // the levels and the line's end
 };
 
 }  // namespace zova
