@@ -128,8 +128,8 @@ class MasterCommand {
   bool FillCombinedRequest(const MasterRequest& request, CombinedRequest& combined) {
     combined.Selection = request.Selection;
     combined.Destination = request.Destination;
-    auto subjects =
-        ReadGroupSubjects(m_project, request.SubjectFileCount, combined.Separator.has_value(), m_disk, m_terminal);
+    auto subjects = ReadGroupSubjects(m_project, request.SubjectFileCount, combined.Separator.has_value(), m_disk,
+                                      m_terminal, m_terminal);
     if (!subjects) return false;
     combined.Subjects = std::move(*subjects);
     const std::vector<std::string>& ids = combined.Subjects.SubjectIds;
@@ -149,7 +149,7 @@ class MasterCommand {
     const std::string path = FilePath(*m_arguments.GroupOrderFile);
     GroupOrderLines lines;
     if (!WithRetry(m_errors, [&] { lines = ReadGroupOrder(m_disk, path); })) return false;
-    if (!IsFaultless(GroupOrderFault(lines.SubjectIds, lines.Positions), path)) return false;
+    if (!IsFaultless(GroupFileFault(lines, subjectIds), path)) return false;
     order = FitGroupOrder(lines, subjectIds);
     // Nobody looks at the order before it is used: a misspelt identifier must not pass unseen.
     const std::set<std::string_view> known(lines.SubjectIds.begin(), lines.SubjectIds.end());

@@ -19,27 +19,23 @@ void AddFailure(std::string& list, const char* opening, const std::string& subje
   list += subjectId;
 }
 
-class MasterWriter {
+class MasterWriter : private RunParts {
  public:
   MasterWriter(const ProjectParameters& project, const MasterRequest& request, const RunSurroundings& surroundings)
-      : m_project(project),
+      : RunParts(project, MasterKind::Individual, request.SubjectFileCount, surroundings),
         m_request(request),
-        m_boxes(surroundings.Boxes),
-        m_errors(surroundings.Boxes),
         m_destination(ResolveDestination(request.Destination, project, surroundings.Files.Drives())),
         m_rowPath(DefaultMasterPath(project)),
-        m_subjects(project, surroundings.Files, m_errors),
-        m_files(project, MasterKind::Individual, m_subjects, surroundings.Files, m_errors, m_result.Written),
-        m_exports(project, request, m_destination, m_subjects, surroundings.Files, m_errors, m_result.Written),
-        m_progress(surroundings.Bar, request.SubjectFileCount) {
+        m_exports(project, request, m_destination, surroundings.Files, m_errors, m_result.Written) {
     m_serialCounts.Reset(project.ItemCount, project.TestCount);
   }
 
   MasterRunResult Run() {
-    m_result.Completed =
-        BuildHeader(m_project, m_request.Selection, MasterKind::Individual, m_boxes, m_header) && m_subjects.List() &&
-        m_exports.Prepare() && m_files.WriteHeader(m_destination.HeaderPath, m_header) && m_exports.WriteHeaders() &&
-        WriteRows() && m_files.CloseRows() && m_exports.Close() && (!m_request.Order || WriteSerialPositions());
+    m_result.Completed = BuildHeader(m_project, m_request.Selection, MasterKind::Individual, m_boxes, m_header) &&
+                         m_subjects.List(m_request.SubjectFileCount) && m_exports.Prepare() &&
+                         m_files.WriteHeader(m_destination.HeaderPath, m_header) && m_exports.WriteHeaders() &&
+                         WriteRows() && m_files.CloseRows() && m_exports.Close() &&
+                         (!m_request.Order || WriteSerialPositions());
     return std::move(m_result);
   }
 
@@ -84,23 +80,11 @@ class MasterWriter {
         FormatSerialPositionMaster(m_serialCounts, m_project.TestCount, m_request.SubjectFileCount));
   }
 
-  const ProjectParameters& m_project;
   const MasterRequest& m_request;
-  MessageBoxes& m_boxes;
-  FileErrorHandler m_errors;
   MasterDestination m_destination;
   std::string m_rowPath;
-  MasterRunResult m_result;
-
-  SubjectReader m_subjects;
-  MasterFiles m_files;
   RunExports m_exports;
-  RunProgress m_progress;
-  MasterHeaderLine m_header;
-  SubjectRecord m_record;
-  ScoringArrays m_scores;
   SerialCounts m_serialCounts;
-  std::string m_row;
 };
 
 }  // namespace

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "master/OwnFiles.h"
 #include "master/SavedOrders.h"
 
 namespace zova {
@@ -28,9 +29,7 @@ std::string RunExports::PathOf(const std::string& asked, const char* name) const
 }
 
 // A CSV has no pieces, however many columns it has.
-MasterFiles RunExports::MakeFiles() const {
-  return {m_project, MasterKind::Individual, m_subjects, m_disk, m_errors, m_written};
-}
+MasterFiles RunExports::MakeFiles() const { return {m_project, MasterKind::Individual, m_disk, m_errors, m_written}; }
 
 bool RunExports::AreApart() {
   std::vector<std::string> paths = {m_destination.HeaderPath, DefaultMasterPath(m_project)};
@@ -41,6 +40,7 @@ bool RunExports::AreApart() {
   return WithRetry(m_errors, [&] {
     std::vector<std::filesystem::path> natives;
     for (std::size_t k = 0; k < paths.size(); ++k) {
+      if (k >= masters) RefuseOwnFile(paths[k], m_project, m_disk);
       const std::filesystem::path native = m_disk.Resolve(paths[k], FileOperation::Write);
       if (k >= masters && std::find(natives.begin(), natives.end(), native) != natives.end()) {
         throw FileError(FileOperation::Write, paths[k], std::make_error_code(std::errc::file_exists),

@@ -19,18 +19,16 @@ class RunExports {
  public:
   /// `written` gets each file once.
   RunExports(const ProjectParameters& project, const MasterRequest& request, const MasterDestination& destination,
-             const SubjectReader& subjects, Disk& disk, FileErrorHandler& errors,
-             std::vector<std::filesystem::path>& written)
+             Disk& disk, FileErrorHandler& errors, std::vector<std::filesystem::path>& written)
       : m_project(project),
         m_request(request),
         m_destination(destination),
-        m_subjects(subjects),
         m_disk(disk),
         m_errors(errors),
         m_written(written) {}
 
   /// Before anything is written: finds the serial order that studied items stand in (this run's, else the saved one),
-  /// and refuses a path that is another file of the run.
+  /// and refuses a path that is another file of the run or one of the project's own.
   bool Prepare();
   bool WriteHeaders();
   bool WriteRows(const ScoredSubject& subject);
@@ -55,7 +53,6 @@ class RunExports {
   const ProjectParameters& m_project;
   const MasterRequest& m_request;
   const MasterDestination& m_destination;
-  const SubjectReader& m_subjects;
   Disk& m_disk;
   FileErrorHandler& m_errors;
   std::vector<std::filesystem::path>& m_written;

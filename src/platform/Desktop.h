@@ -23,6 +23,8 @@ class Progress {
   virtual ~Progress() = default;
   /// `percent` from 0 to 100; `text` is the label beside the bar.
   virtual void Show(int percent, const std::string& text) = 0;
+  /// Lets the window repaint, at most every 50 ms; what the user does meanwhile is discarded.
+  virtual void Breathe() = 0;
 };
 
 /// Shows the busy pointer for as long as it lives.

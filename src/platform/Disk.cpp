@@ -71,6 +71,20 @@ void KeepPermissions(FileLayer& layer, const fs::path& from, const fs::path& to)
   }
 }
 
+enum class Devices { Allow, Refuse };
+
+// Before anything is opened: a pipe would wait for its reader, and a disk's node holds all files of the disk.
+void RequireWritable(FileLayer& layer, FileOperation operation, std::string_view path, const fs::path& target,
+                     Devices devices) {
+  const EntryKind kind = layer.Kind(target);
+  if (kind == EntryKind::Directory) throw std::system_error(std::make_error_code(std::errc::is_a_directory));
+  if (kind == EntryKind::Other || (kind == EntryKind::Device && devices == Devices::Refuse)) {
+    throw FileError(operation, std::string(path), std::make_error_code(std::errc::not_supported),
+                    "This is neither a file nor the name of a new one.");
+  }
+  if (layer.IsReadOnly(target)) throw std::system_error(std::make_error_code(std::errc::permission_denied));
+}
+
 [[noreturn]] void ThrowFileError(FileLayer& layer, FileOperation operation, std::string path, const fs::path& native,
                                  const std::error_code& code) {
   const bool notThere = code == std::errc::no_such_file_or_directory || code == std::errc::not_a_directory;
@@ -173,12 +187,29 @@ void Disk::WriteNative(const fs::path& native, std::string_view path, std::strin
                        Leftovers leftovers) {
   Guarded(FileOperation::Write, path, native, [&] {
     const fs::path target = m_layer.RealPath(native);
-    if (m_layer.Kind(target) == EntryKind::Directory) {
-      throw std::system_error(std::make_error_code(std::errc::is_a_directory));
-    }
-    if (m_layer.IsReadOnly(target)) throw std::system_error(std::make_error_code(std::errc::permission_denied));
+    RequireWritable(m_layer, FileOperation::Write, path, target, Devices::Refuse);  // the file would replace it
     if (leftovers == Leftovers::Remove) RemoveLeftoversIn(target.parent_path());
     ReplaceFile(target, content, durability);
+  });
+}
+
+void Disk::WriteInPlace(std::string_view path, std::string_view content) {
+  const fs::path native = Resolve(path, FileOperation::Write);
+  Guarded(FileOperation::Write, path, native, [&] {
+    RequireWritable(m_layer, FileOperation::Write, path, native, Devices::Allow);
+    std::unique_ptr<OutputFile> file = m_layer.Overwrite(native);
+    try {
+      file->Write(content);
+      file->Close();
+    } catch (const std::system_error&) {
+      file.reset();
+      try {
+        m_layer.Truncate(native, 0);
+      } catch (const std::system_error&) {
+        // The fault that is told is the first.
+      }
+      throw;
+    }
   });
 }
 
@@ -238,7 +269,8 @@ void Disk::CreateDirectories(std::string_view path) {
       last = m_layer.Kind(level);
       if (last == EntryKind::Missing) m_layer.CreateDirectory(level);
     }
-    if (last == EntryKind::File) throw std::system_error(std::make_error_code(std::errc::file_exists));
+    if (last != EntryKind::Missing && last != EntryKind::Directory)
+      throw std::system_error(std::make_error_code(std::errc::file_exists));
   });
 }
 
@@ -304,6 +336,7 @@ void AppendFile::Append(std::string_view bytes) {
   try {
     if (m_cutBackDue) CutBack();
     if (!m_file) {
+      RequireWritable(m_layer, FileOperation::Append, m_path, m_native, Devices::Allow);
       m_size = m_layer.Kind(m_native) == EntryKind::Missing ? 0 : m_layer.Size(m_native);
       m_file = m_layer.Append(m_native);
     }

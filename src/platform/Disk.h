@@ -64,6 +64,10 @@ class Disk {
   /// Creates or replaces the file in one step that a failure, or a kill at any moment, cannot leave half done.
   enum class Durability { OnDisk, Buffered };
   void Write(std::string_view path, std::string_view content, Durability durability = Durability::OnDisk);
+  /// Writes into the file that is there, so that its links, permissions and neighbours stay as they are, or a device;
+  /// makes one otherwise. What is no such target, or read-only, is refused before it is emptied. A write that fails
+  /// leaves an empty file.
+  void WriteInPlace(std::string_view path, std::string_view content);
   AppendFile OpenForAppend(std::string_view path);
 
   void Copy(std::string_view from, std::string_view to);

@@ -110,7 +110,8 @@ void MasterFlow::AskForGroups() { Show(ReadSubjects() ? Stage::GroupDetails : St
 bool MasterFlow::ReadSubjects() {
   const BusyPointer busy(m_tools.Pointer);
   const bool withLevels = m_project->VariableCount > 0;
-  auto subjects = ReadGroupSubjects(*m_project, m_request.SubjectFileCount, withLevels, m_tools.Files, m_tools.Boxes);
+  auto subjects = ReadGroupSubjects(*m_project, m_request.SubjectFileCount, withLevels, m_tools.Files, m_tools.Boxes,
+                                    m_tools.Bar);
   if (!subjects) return false;
   m_subjects = std::move(*subjects);
   m_savedGroupOrder =

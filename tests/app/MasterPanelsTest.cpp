@@ -159,7 +159,11 @@ TEST_F(MasterPanelsTest, TheBarIsDrawnAtMostEvery50MillisecondsAndInputIsDiscard
   QCoreApplication::postEvent(m_up->windowHandle(), new QCloseEvent);
   m_progress.Show(0, "");
   m_progress.Show(1, "");
+  m_progress.Breathe();
   EXPECT_EQ(bar->property("value"), 0);
+  QTest::qSleep(60);
+  m_progress.Breathe();
+  EXPECT_EQ(bar->property("value"), 1) << "what came too soon is not lost";
   QTest::qSleep(60);
   m_progress.Show(2, "");
   EXPECT_EQ(bar->property("value"), 2);

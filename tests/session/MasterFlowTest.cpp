@@ -37,6 +37,7 @@ struct Lab : MessageBoxes, Progress {
     Files.Put("C:\\Data\\Sdata\\AB Sub#" + std::to_string(id) + ".dat", FormatSubject(record, Project));
   }
   void Show(int, const std::string&) override {}
+  void Breathe() override {}
   BoxAnswer Show(const MessageBox& box) override {
     const BoxAnswer answer = Script.Show(box);
     if (answer == BoxAnswer::Retry) Put(3, "1 | 2");  // mended
@@ -160,7 +161,7 @@ TEST(MasterFlow, GroupsAsPreviewedInTheirOrder) {
   lab.Flow.GoCombine();
   const std::string bytes = lab.Files.Get(lab.Flow.LastMaster());
 
-  CombinedRequest request{{}, "", ReadGroupSubjects(lab.Project, 5, true, lab.OfFiles, lab).value(), 0, {}};
+  CombinedRequest request{{}, "", ReadGroupSubjects(lab.Project, 5, true, lab.OfFiles, lab, lab).value(), 0, {}};
   request.Selection.SetDefaultMeasures(lab.Project);
   request.Plan.Groups = {{1, {2, 1}}, {2, {3, 4}}};
   EXPECT_TRUE(CreateCombinedMaster(lab.Project, request, {lab.OfFiles, lab, lab}).Completed);
