@@ -124,7 +124,8 @@ class RunProgress {
 };
 
 /// What the runs of both kinds of master are made of. They derive from it.
-struct RunParts {
+class RunParts {
+ protected:
   /// `total`: of subjects or groups.
   RunParts(const ProjectParameters& project, MasterKind kind, int total, const RunSurroundings& surroundings)
       : m_project(project),

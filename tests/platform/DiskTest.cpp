@@ -154,13 +154,15 @@ TEST(Disk, WritesInPlaceIntoWhatIsThere) {
   scratch.MakeDirectory("D:\\directory");
   ASSERT_EQ(mkfifo(scratch.Native("D:\\pipe").c_str(), 0600), 0);
   Disk both = scratch.MakeDisk();
-  for (const auto& [path, cause] : {std::pair("C:\\hard", Message(std::errc::permission_denied)),
-                                    {"D:\\directory", Message(std::errc::is_a_directory)},
-                                    {"D:\\pipe", Message(std::errc::not_supported)},
-                                    {"D:\\none\\x", "path not found"}}) {
-    EXPECT_EQ(CauseOf([&] { both.Write(path, "refused"); }), cause) << path;
-    EXPECT_EQ(CauseOf([&] { both.WriteInPlace(path, "refused"); }), cause) << path;
-    EXPECT_EQ(CauseOf([&] { both.OpenForAppend(path).Append("refused"); }), cause) << path;
+  const std::pair<const char*, std::string> refusals[] = {{"C:\\hard", Message(std::errc::permission_denied)},
+                                                          {"D:\\directory", Message(std::errc::is_a_directory)},
+                                                          {"D:\\pipe", Message(std::errc::not_supported)},
+                                                          {"D:\\none\\x", "path not found"}};
+  for (const auto& refusal : refusals) {
+    const char* const path = refusal.first;
+    EXPECT_EQ(CauseOf([&] { both.Write(path, "refused"); }), refusal.second) << path;
+    EXPECT_EQ(CauseOf([&] { both.WriteInPlace(path, "refused"); }), refusal.second) << path;
+    EXPECT_EQ(CauseOf([&] { both.OpenForAppend(path).Append("refused"); }), refusal.second) << path;
   }
   EXPECT_EQ(TreeOf(scratch.Native("C:\\")), written) << "refused before it was emptied";
 }
