@@ -9,6 +9,7 @@
 #include <random>
 #include <system_error>
 
+#include "platform/FileFaults.h"
 #include "text/Encoding.h"
 #include "text/TypedText.h"
 
@@ -55,43 +56,12 @@ fs::path TemporaryBeside(const fs::path& target) {
          (std::string(kTemporaryPrefix) + std::to_string(random()) + std::string(kTemporarySuffix));
 }
 
-bool IsDirectoryMissing(FileLayer& layer, const fs::path& native) {
-  try {
-    return layer.Kind(native.parent_path()) != EntryKind::Directory;
-  } catch (const std::system_error&) {
-    return false;
-  }
-}
-
 // A file system without permissions is no reason to refuse a save.
 void KeepPermissions(FileLayer& layer, const fs::path& from, const fs::path& to) {
   try {
     if (layer.Kind(from) == EntryKind::File) layer.CopyPermissions(from, to);
   } catch (const std::system_error&) {
   }
-}
-
-enum class Devices { Allow, Refuse };
-
-// Before anything is opened: a pipe would wait for its reader, and a disk's node holds all files of the disk.
-void RequireWritable(FileLayer& layer, FileOperation operation, std::string_view path, const fs::path& target,
-                     Devices devices) {
-  const EntryKind kind = layer.Kind(target);
-  if (kind == EntryKind::Directory) throw std::system_error(std::make_error_code(std::errc::is_a_directory));
-  if (kind == EntryKind::Other || (kind == EntryKind::Device && devices == Devices::Refuse)) {
-    throw FileError(operation, std::string(path), std::make_error_code(std::errc::not_supported),
-                    "This is neither a file nor the name of a new one.");
-  }
-  if (layer.IsReadOnly(target)) throw std::system_error(std::make_error_code(std::errc::permission_denied));
-}
-
-[[noreturn]] void ThrowFileError(FileLayer& layer, FileOperation operation, std::string path, const fs::path& native,
-                                 const std::error_code& code) {
-  const bool notThere = code == std::errc::no_such_file_or_directory || code == std::errc::not_a_directory;
-  if (notThere && IsDirectoryMissing(layer, native)) {
-    throw FileError(operation, std::move(path), FileCause::PathNotFound);
-  }
-  throw FileError(operation, std::move(path), code);
 }
 
 }  // namespace
@@ -321,47 +291,6 @@ std::vector<std::string> Disk::ListDirectories(std::string_view directory) {
     if (!m_layer.CanEnter(native)) throw std::system_error(std::make_error_code(std::errc::permission_denied));
     return InListingOrder(std::move(names));
   });
-}
-
-AppendFile::AppendFile(FileLayer& layer, std::string path, fs::path native)
-    : m_layer(layer), m_path(std::move(path)), m_native(std::move(native)) {}
-
-void AppendFile::CutBack() {
-  m_file.reset();
-  m_layer.Truncate(m_native, m_size);
-  m_cutBackDue = false;
-}
-
-void AppendFile::Append(std::string_view bytes) {
-  try {
-    if (m_cutBackDue) CutBack();
-    if (!m_file) {
-      RequireWritable(m_layer, FileOperation::Append, m_path, m_native, Devices::Allow);
-      m_size = m_layer.Kind(m_native) == EntryKind::Missing ? 0 : m_layer.Size(m_native);
-      m_file = m_layer.Append(m_native);
-    }
-    m_cutBackDue = true;
-    m_file->Write(bytes);
-    m_cutBackDue = false;
-    m_size += bytes.size();
-  } catch (const std::system_error& error) {
-    try {
-      if (m_cutBackDue) CutBack();
-    } catch (const std::system_error&) {
-      // Still due: the next attempt begins with it.
-    }
-    ThrowFileError(m_layer, FileOperation::Append, m_path, m_native, error.code());
-  }
-}
-
-void AppendFile::Close() {
-  if (!m_file) return;
-  try {
-    m_file->Close();
-    m_file.reset();
-  } catch (const std::system_error& error) {
-    ThrowFileError(m_layer, FileOperation::Append, m_path, m_native, error.code());
-  }
 }
 
 }  // namespace zova

@@ -3,11 +3,11 @@
 
 #include <cstdint>
 #include <filesystem>
-#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "platform/AppendFile.h"
 #include "platform/DriveMap.h"
 #include "platform/FileError.h"
 #include "platform/FileLayer.h"
@@ -16,28 +16,6 @@ namespace zova {
 
 /// Largest file that is read: beyond it no data file is one of ours (a FileError, end of data).
 inline constexpr std::uintmax_t kMaxFileSize = 64ULL * 1024 * 1024;
-
-/// A file that rows are added to, held open between them.
-class AppendFile {
- public:
-  AppendFile(FileLayer& layer, std::string path, std::filesystem::path native);
-  /// Adds `bytes` whole or not at all: what a failed call left behind is cut off again. Throws FileError.
-  void Append(std::string_view bytes);
-  /// Tells of faults that only closing shows; the next Append would open the file again. Throws FileError.
-  void Close();
-  [[nodiscard]] const std::string& Path() const noexcept { return m_path; }
-  [[nodiscard]] const std::filesystem::path& Native() const noexcept { return m_native; }
-
- private:
-  void CutBack();
-
-  FileLayer& m_layer;
-  std::string m_path;
-  std::filesystem::path m_native;
-  std::unique_ptr<OutputFile> m_file;
-  std::uintmax_t m_size = 0;
-  bool m_cutBackDue = false;
-};
 
 /// The file system as the rules see it: drive-letter paths, looked up by exact spelling first, else without regard to
 /// case (bytewise first among equals), component by component; what does not exist is created as typed.
