@@ -28,4 +28,7 @@ class Terminal final : public MessageBoxes, public Progress {
   std::chrono::steady_clock::time_point m_lastShown{};
 };
 
+/// From here on standard output takes bytes as they are, line ends included, also where a system would change them.
+void SetStandardOutputBinary();
+
 }  // namespace zova

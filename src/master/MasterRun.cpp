@@ -5,6 +5,7 @@
 
 #include "master/MasterRun.h"
 
+#include "master/RunExports.h"
 #include "master/RunSteps.h"
 #include "scoring/ScoreSubject.h"
 #include "subjects/SubjectFiles.h"
@@ -25,15 +26,17 @@ class MasterWriter : private RunParts {
       : RunParts(project, MasterKind::Individual, request.SubjectFileCount, surroundings),
         m_request(request),
         m_destination(ResolveDestination(request.Destination, project, surroundings.Files.Drives())),
-        m_rowPath(DefaultMasterPath(project)) {
+        m_rowPath(DefaultMasterPath(project)),
+        m_exports(project, request, m_destination, surroundings.Files, m_errors, m_result.Written) {
     m_serialCounts.Reset(project.ItemCount, project.TestCount);
   }
 
   MasterRunResult Run() {
     m_result.Completed = BuildHeader(m_project, m_request.Selection, MasterKind::Individual, m_boxes, m_header) &&
-                         m_subjects.List(m_request.SubjectFileCount) &&
-                         m_files.WriteHeader(m_destination.HeaderPath, m_header) && WriteRows() &&
-                         m_files.CloseRows() && (!m_request.Order || WriteSerialPositions());
+                         m_subjects.List(m_request.SubjectFileCount) && m_exports.Prepare() &&
+                         m_files.WriteHeader(m_destination.HeaderPath, m_header) && m_exports.WriteHeaders() &&
+                         WriteRows() && m_files.CloseRows() && m_exports.Close() &&
+                         (!m_request.Order || WriteSerialPositions());
     return std::move(m_result);
   }
 
@@ -44,6 +47,7 @@ class MasterWriter : private RunParts {
           m_errors, [&] { ReadAndScore(k); }, [&] { return m_subjects.Where(k); });
       if (!scored || !m_files.WriteRow(m_rowPath, m_row)) return false;
       const std::string id = m_subjects.SubjectId(k);
+      if (!HandOn({id, m_record, m_scores, m_row})) return false;
       if (m_scores.Categories.AnyArcFailed) {
         AddFailure(m_result.Notices.ArcFailureList,
                    "For at least 1 test, the ARC score was unable to be calculated for subject(s): ", id);
@@ -61,6 +65,10 @@ class MasterWriter : private RunParts {
     return true;
   }
 
+  bool HandOn(const ScoredSubject& subject) {
+    return m_exports.WriteRows(subject) && (m_request.Sink == nullptr || m_request.Sink->Take(subject));
+  }
+
   void ReadAndScore(int k) {
     m_subjects.Read(k, m_record);
     ScoreSubject(m_record.Lists, m_project, m_header.Families, m_scores);
@@ -69,13 +77,14 @@ class MasterWriter : private RunParts {
 
   bool WriteSerialPositions() {
     return m_files.WriteWhole(
-        m_destination.Directory + m_project.Abbreviation + " Serial Position Master.txt",
+        SerialMasterPath(m_destination, m_project),
         FormatSerialPositionMaster(m_serialCounts, m_project.TestCount, m_request.SubjectFileCount));
   }
 
   const MasterRequest& m_request;
   MasterDestination m_destination;
   std::string m_rowPath;
+  RunExports m_exports;
   SerialCounts m_serialCounts;
 };
 
@@ -103,6 +112,10 @@ MasterDestination ResolveDestination(const std::string& text, const ProjectParam
     path = JoinPath(project.PrimaryDir, path);
   }
   return {path, path.substr(0, path.size() - LastPathComponent(path).size())};
+}
+
+std::string SerialMasterPath(const MasterDestination& destination, const ProjectParameters& project) {
+  return destination.Directory + project.Abbreviation + " Serial Position Master.txt";
 }
 
 std::optional<int> CountSubjectFiles(const ProjectParameters& project, Disk& disk, MessageBoxes& boxes) {

@@ -64,6 +64,9 @@ std::string DefaultMasterPath(const ProjectParameters& project);
 /// primary directory, and nothing is the default.
 MasterDestination ResolveDestination(const std::string& text, const ProjectParameters& project, const DriveMap& drives);
 
+/// The path of the serial-position master of a run with this destination.
+std::string SerialMasterPath(const MasterDestination& destination, const ProjectParameters& project);
+
 /// The number of the project's subject files; tells the user when there is none. Nothing when the user gave up a
 /// failed listing, or when there are more than a 16-bit count holds.
 std::optional<int> CountSubjectFiles(const ProjectParameters& project, Disk& disk, MessageBoxes& boxes);
