@@ -6,6 +6,7 @@
 #include <QCloseEvent>
 #include <QMenuBar>
 #include <QScreen>
+#include <QShortcut>
 #include <QStackedWidget>
 
 #include "app/Controls.h"
@@ -40,6 +41,8 @@ MainWindow::MainWindow(Session& session, QtProgress& progress)
   setWindowTitle("ZOVA");
   setCentralWidget(m_panels);
   m_session.SetObserver([this] { Refresh(); });
+  connect(new QShortcut(Qt::Key_F1, this), &QShortcut::activated, this,
+          [this] { Run(&Session::ShowScreenHelp); });
   Refresh();
   // Less the window's title, so that its lower edge stays in sight on a small screen.
   const QSize free = screen()->availableSize() - QSize(0, 2 * fontMetrics().height() + 8);

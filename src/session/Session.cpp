@@ -228,20 +228,4 @@ void Session::ToggleAutosave() {
   if (Menus().Autosave) m_entry.SetAutosave(!m_preferences.Autosave);
 }
 
-void Session::ShowTopics() {
-  m_location.NoteOtherAct();
-  m_platform.Help.ShowHelp(HelpFile(m_programDir), "");
-}
-
-void Session::ShowAbout() {
-  m_location.NoteOtherAct();
-  m_platform.Boxes.Show({.Text = "ZOVA\nVersion 2.0",
-                         .Icon = BoxIcon::Information,
-                         .Title = "About ZOVA 2.0",
-                         .Details = "Scores free-recall experiments with repeated tests.\n\n"
-                                    "Free software under the GNU General Public License, version 3 or later, without "
-                                    "any warranty.\n\nPlease report a fault to whoever gave you this program, with "
-                                    "the project's parameter file and what you did last."});
-}
-
 }  // namespace zova

@@ -82,6 +82,7 @@ class Session {
   void ChangeParamLocation();
   // Help
   void ShowTopics();
+  void ShowScreenHelp();  ///< of the screen that is up
   void ShowAbout();
 
   NewProjectWizard& Wizard() noexcept { return m_wizard; }

@@ -33,8 +33,6 @@ void Session::FollowMasters() {
   Show(m_masters.CurrentStage() == MasterFlow::Stage::Closed ? Screen::Main : Screen::Masters);
 }
 
-void Session::ShowMeasuresHelp() { m_platform.Help.ShowHelp(HelpFile(m_programDir), "measures"); }
-
 void Session::OpenLastMasterFolder() {
   if (LastMaster().empty()) return;
   WithRetry(m_errors, [&] {
