@@ -19,6 +19,8 @@ namespace {
 
 QString PlainText(const std::string& html) { return QTextDocumentFragment::fromHtml(ToQt(html)).toPlainText(); }
 
+QUrl AddressOf(const std::string& topic) { return QUrl("help:" + ToQt(topic)); }
+
 }  // namespace
 
 void HelpBrowser::SetPages(std::vector<HelpPage> pages) {
@@ -27,17 +29,15 @@ void HelpBrowser::SetPages(std::vector<HelpPage> pages) {
   setSource(QUrl());  // or a page of the same name would be taken for the one that is shown
 }
 
-int HelpBrowser::PageOf(const QString& topic) const {
+int HelpBrowser::PageOf(const QUrl& address) const {
   const auto found = std::find_if(m_pages.begin(), m_pages.end(),
-                                  [name = FromQt(topic)](const HelpPage& page) { return page.Topic == name; });
+                                  [&](const HelpPage& page) { return AddressOf(page.Topic) == address; });
   return found == m_pages.end() ? -1 : static_cast<int>(found - m_pages.begin());
 }
 
-int HelpBrowser::Shown() const { return PageOf(source().path()); }
-
 void HelpBrowser::Show(const QString& topic) {
-  const auto page = static_cast<std::size_t>(std::max(PageOf(topic), 0));
-  setSource(QUrl("help:" + ToQt(m_pages.at(page).Topic)));
+  const QUrl address = AddressOf(FromQt(topic));
+  setSource(PageOf(address) < 0 ? AddressOf(m_pages.front().Topic) : address);
 }
 
 bool HelpBrowser::FindInPages(const QString& text, QTextDocument::FindFlags direction) {
@@ -47,7 +47,7 @@ bool HelpBrowser::FindInPages(const QString& text, QTextDocument::FindFlags dire
   const int count = static_cast<int>(m_pages.size());
   // The last one is the page that is shown, once more from its other end.
   for (int step = 1; step <= count; ++step) {
-    const int at = (Shown() + (isBackward ? count - step : step)) % count;
+    const int at = (PageOf(source()) + (isBackward ? count - step : step)) % count;
     const HelpPage& page = m_pages.at(static_cast<std::size_t>(at));
     if (!PlainText(page.Html).contains(text, Qt::CaseInsensitive)) continue;
     Show(ToQt(page.Topic));
@@ -58,7 +58,7 @@ bool HelpBrowser::FindInPages(const QString& text, QTextDocument::FindFlags dire
 }
 
 QVariant HelpBrowser::loadResource(int type, const QUrl& address) {
-  const int page = PageOf(address.path());
+  const int page = PageOf(address);
   if (type != QTextDocument::HtmlResource || page < 0) return {};
   return ToQt(m_pages.at(static_cast<std::size_t>(page)).Html);
 }
@@ -188,10 +188,11 @@ void HelpWindow::FillList() {
   m_list->expandAll();
 }
 
-void HelpWindow::FollowPage() {
-  if (m_text->Shown() < 0) return;
+// The browser's source() is still the page before when it tells of a new one.
+void HelpWindow::FollowPage(const QUrl& address) {
+  const int page = m_text->PageOf(address);
   const QSignalBlocker quiet(m_list);
-  m_list->setCurrentItem(m_items.at(static_cast<std::size_t>(m_text->Shown())));
+  if (page >= 0) m_list->setCurrentItem(m_items.at(static_cast<std::size_t>(page)));
 }
 
 void HelpWindow::Find(QTextDocument::FindFlags direction) {

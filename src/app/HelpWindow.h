@@ -20,8 +20,8 @@ class HelpBrowser final : public QTextBrowser {
  public:
   void SetPages(std::vector<HelpPage> pages);
   [[nodiscard]] const std::vector<HelpPage>& Pages() const noexcept { return m_pages; }
-  /// The page shown, from 0; -1 before the first.
-  [[nodiscard]] int Shown() const;
+  /// From 0; -1 for an address that is none.
+  [[nodiscard]] int PageOf(const QUrl& address) const;
   /// Shows a page; "" and a topic that is not there show the first. The page before comes back by backward().
   void Show(const QString& topic);
   /// The next or the previous place of `text` from the cursor on, through all pages, without regard to case.
@@ -31,8 +31,6 @@ class HelpBrowser final : public QTextBrowser {
   QVariant loadResource(int type, const QUrl& address) override;
 
  private:
-  [[nodiscard]] int PageOf(const QString& topic) const;
-
   std::vector<HelpPage> m_pages;
 };
 
@@ -51,7 +49,7 @@ class HelpWindow : public QWidget, public HelpViewer {
   void AddKeys();
   void Load(const std::string& helpFile);
   void FillList();
-  void FollowPage();
+  void FollowPage(const QUrl& address);
   void Find(QTextDocument::FindFlags direction);
 
   Disk& m_disk;
