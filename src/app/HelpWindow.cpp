@@ -23,12 +23,6 @@ QUrl AddressOf(const std::string& topic) { return QUrl("help:" + ToQt(topic)); }
 
 }  // namespace
 
-void HelpBrowser::SetPages(std::vector<HelpPage> pages) {
-  m_pages = std::move(pages);
-  clearHistory();
-  setSource(QUrl());  // or a page of the same name would be taken for the one that is shown
-}
-
 int HelpBrowser::PageOf(const QUrl& address) const {
   const auto found = std::find_if(m_pages.begin(), m_pages.end(),
                                   [&](const HelpPage& page) { return AddressOf(page.Topic) == address; });
@@ -147,16 +141,18 @@ void HelpWindow::AddKeys() {
 }
 
 void HelpWindow::ShowHelp(const std::string& helpFile, const std::string& topic) {
-  Load(helpFile);
+  const bool isNew = Load(helpFile);
   show();
   raise();
   activateWindow();
   m_text->Show(ToQt(topic));
+  if (isNew) m_text->reload();  // a page of the same name may have been shown before
+  if (isNew) m_text->clearHistory();
   m_text->setFocus();  // so that the keys scroll it
 }
 
-void HelpWindow::Load(const std::string& helpFile) {
-  if (m_loaded == helpFile) return;
+bool HelpWindow::Load(const std::string& helpFile) {
+  if (m_loaded == helpFile) return false;
   m_found->clear();
   std::string text;
   try {
@@ -168,6 +164,7 @@ void HelpWindow::Load(const std::string& helpFile) {
   }
   m_text->SetPages(CutIntoPages(text));
   FillList();
+  return true;
 }
 
 void HelpWindow::FillList() {

@@ -18,7 +18,7 @@ class HelpBrowser final : public QTextBrowser {
   Q_OBJECT
 
  public:
-  void SetPages(std::vector<HelpPage> pages);
+  void SetPages(std::vector<HelpPage> pages) { m_pages = std::move(pages); }
   [[nodiscard]] const std::vector<HelpPage>& Pages() const noexcept { return m_pages; }
   /// From 0; -1 for an address that is none.
   [[nodiscard]] int PageOf(const QUrl& address) const;
@@ -47,7 +47,7 @@ class HelpWindow : public QWidget, public HelpViewer {
   QLayout* MakeButtons();
   QWidget* MakePages();
   void AddKeys();
-  void Load(const std::string& helpFile);
+  bool Load(const std::string& helpFile);
   void FillList();
   void FollowPage(const QUrl& address);
   void Find(QTextDocument::FindFlags direction);

@@ -41,8 +41,7 @@ MainWindow::MainWindow(Session& session, QtProgress& progress)
   setWindowTitle("ZOVA");
   setCentralWidget(m_panels);
   m_session.SetObserver([this] { Refresh(); });
-  connect(new QShortcut(Qt::Key_F1, this), &QShortcut::activated, this,
-          [this] { Run(&Session::ShowScreenHelp); });
+  connect(new QShortcut(Qt::Key_F1, this), &QShortcut::activated, this, [this] { Run(&Session::ShowScreenHelp); });
   Refresh();
   // Less the window's title, so that its lower edge stays in sight on a small screen.
   const QSize free = screen()->availableSize() - QSize(0, 2 * fontMetrics().height() + 8);
