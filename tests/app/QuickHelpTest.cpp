@@ -69,6 +69,13 @@ TEST_F(QuickHelpTest, ARightClickShowsTheSentenceUntilTheNextKey) {
     QCoreApplication::sendEvent(popup->windowHandle(), &key);
     EXPECT_EQ(QApplication::activePopupWidget(), nullptr) << control;
   }
+  QKeyEvent asks(QEvent::KeyPress, Qt::Key_F10, Qt::ShiftModifier);
+  QCoreApplication::sendEvent(panel.findChild<QWidget*>("dirParamPath"), &asks);
+  ASSERT_NE(QApplication::activePopupWidget(), nullptr);
+  QKeyEvent menu(QEvent::KeyPress, Qt::Key_Menu, Qt::NoModifier);  // on X11 it comes once more, to the sentence
+  QCoreApplication::sendEvent(QApplication::activePopupWidget()->windowHandle(), &menu);
+  ASSERT_NE(QApplication::activePopupWidget(), nullptr);
+  QApplication::activePopupWidget()->close();
 }
 
 }  // namespace

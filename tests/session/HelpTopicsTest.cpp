@@ -77,8 +77,9 @@ TEST_F(HelpCommandTest, ItIsOpenedAtItsContentsAndAtTheScreenThatIsUp) {
   session.Wizard().Next();
   session.ShowScreenHelp();
   EXPECT_EQ(Help.Shown, "C:\\ZOVA\\ZOVA2.hlp#wizard2");
-  Boxes.Expect(
-      {"This action will erase all of the entered parameters.  Are you sure you want to do this?", BoxAnswer::Yes});
+  Boxes.Expect({.Text = "This action will erase all of the entered parameters.  Are you sure you want to do this?",
+                .Answer = BoxAnswer::Yes,
+                .Title = "Warning"});
   session.CancelWizard();
   session.ChangeParamLocation();
   session.ShowScreenHelp();
