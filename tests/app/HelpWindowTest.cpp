@@ -14,7 +14,7 @@ class HelpWindowTest : public ::testing::Test {
  protected:
   HelpWindowTest() {
     m_scratch.Put("C:\\H.hlp",
-                  "<body>\n<h1><a name=\"contents\">Contents</a></h1>\n<p><a href=\"#arc\">ARC</a>\n"
+                  "<body>\n<h1><a name=\"contents\">Contents</a></h1>\n<p>plum, <a href=\"#arc\">ARC</a>\n"
                   "<h2><a name=\"net\">Net &amp; more</a></h2>\nrecall of Plums\n"
                   "<h3><a name=\"arc\">ARC</a></h3>\nplum, pear, PLUM\n");
   }
@@ -43,10 +43,10 @@ TEST_F(HelpWindowTest, SearchGoesThroughAllPagesAndBackReturns) {
     const char* Place;
   } kSteps[] = {{{}, "ARC|plum"},
                 {{}, "ARC|PLUM"},
+                {{}, "Contents|plum"},
                 {{}, "Net & more|Plum"},
-                {Qt::ShiftModifier, "ARC|PLUM"},
-                {Qt::ShiftModifier, "ARC|plum"},
-                {Qt::ShiftModifier, "Net & more|Plum"}};
+                {Qt::ShiftModifier, "Contents|plum"},
+                {Qt::ShiftModifier, "ARC|PLUM"}};
   for (const auto& [modifiers, place] : kSteps) {
     Key(Qt::Key_F3, modifiers);
     EXPECT_EQ(Place(), place);
@@ -54,8 +54,8 @@ TEST_F(HelpWindowTest, SearchGoesThroughAllPagesAndBackReturns) {
   QTest::keyClicks(m_window.focusWidget(), "x");
   Key(Qt::Key_Return);
   EXPECT_EQ(m_window.findChild<QLabel*>("lblHelpFound")->text(), "Not found");
-  Key(Qt::Key_Left, Qt::AltModifier);
-  EXPECT_EQ(Place().substr(0, 3), "ARC");
+  for (int page = 0; page < 2; ++page) Key(Qt::Key_Left, Qt::AltModifier);
+  EXPECT_EQ(Place().substr(0, 3), "Net");
   Key(Qt::Key_F1);
   EXPECT_EQ(m_list->currentItem()->text(0), "Contents");
   m_text->setFocus();
