@@ -101,6 +101,7 @@ QLayout* HelpWindow::MakeButtons() {
 
 QWidget* HelpWindow::MakePages() {
   m_text->setAccessibleName(tr("Help text"));
+  m_text->document()->setDefaultStyleSheet("table { margin-top: 8px; }");
   m_text->setOpenLinks(false);  // a link leads to a page of this file, never out of it
   connect(m_text, &QTextBrowser::anchorClicked, this, [this](const QUrl& link) { m_text->Show(link.fragment()); });
   connect(m_text, &QTextBrowser::sourceChanged, this, &HelpWindow::FollowPage);
