@@ -10,12 +10,15 @@ namespace zova {
 /// -t and t with probability `level` (between 0 and 1). 2.228 for 10 degrees and .95.
 double StudentT(int degrees, double level);
 
+/// The probability of the confidence intervals.
+inline constexpr double kConfidence = .95;
+
 /// n, mean and spread of a sample.
 struct SampleStatistics {
   std::size_t N = 0;
   std::optional<double> Mean;       ///< nothing for an empty sample
   std::optional<double> Sd;         ///< of the sample (divided by n - 1); nothing below two values
-  std::optional<double> HalfWidth;  ///< of the 95 % confidence interval of the mean: t(n - 1) * Sd / sqrt(n)
+  std::optional<double> HalfWidth;  ///< of the confidence interval of the mean: t(n - 1) * Sd / sqrt(n)
 
   [[nodiscard]] std::optional<double> Low() const {
     return HalfWidth ? std::optional(*Mean - *HalfWidth) : std::nullopt;
