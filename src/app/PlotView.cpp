@@ -149,6 +149,7 @@ void PrepareAxis(QCPAxis& axis, const QFont& font, const std::string& label) {
 
 void ShowNote(QCustomPlot& plot, const PlotPicture& picture, const QFont& font) {
   auto* note = new QCPItemText(&plot);
+  note->setClipToAxisRect(false);
   note->position->setType(QCPItemPosition::ptViewportRatio);
   note->position->setCoords(0.5, 0.5);
   note->setText(ToQt(picture.Note));
@@ -162,7 +163,6 @@ void DrawPicture(QCustomPlot& plot, const PlotPicture& picture, const QFont& fon
   QCPRange range(0, 0);
   AddSeries(plot, picture, fontSize, range);
   const bool isEmpty = picture.Series.empty();
-  plot.axisRect()->setVisible(!isEmpty);
   for (QCPAxis* axis : plot.axisRect()->axes())
     axis->setVisible(!isEmpty && (axis == plot.xAxis || axis == plot.yAxis));
   plot.legend->setVisible(picture.Series.size() > 1);

@@ -40,6 +40,13 @@ std::optional<PlotFormat> FormatOf(std::string_view path) {
   return std::nullopt;
 }
 
+bool HasIntervals(const PlotPicture& picture) {
+  return std::any_of(picture.Series.begin(), picture.Series.end(), [](const PlotSeries& series) {
+    return std::any_of(series.Points.begin(), series.Points.end(),
+                       [](const PlotPoint& point) { return point.HalfWidth.has_value(); });
+  });
+}
+
 }  // namespace
 
 bool IsMasterOfProject(const MasterTable& table, const std::string& path, const ProjectParameters& project,
@@ -201,7 +208,10 @@ void MeansExaminer::Compute() {
   m_uncomputed = std::accumulate(ofAll.begin(), ofAll.end(), std::size_t{0});
   m_picture = PictureOf(m_means);
   std::erase_if(m_picture.Series, [](const PlotSeries& series) { return series.Points.empty(); });
-  if (m_picture.Series.empty() && m_picture.Note.empty()) m_picture.Note = "There is no value to show.";
+  if (m_picture.Series.empty()) m_picture.Note = "There is no value to show.";
+  if (!HasIntervals(m_picture)) return;
+  m_picture.Note += m_picture.Note.empty() ? "" : "  ";
+  m_picture.Note += "Bars are 95 % confidence intervals.";
 }
 
 std::string MeansExaminer::FileLine() const {
