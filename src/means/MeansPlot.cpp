@@ -192,7 +192,7 @@ std::string TakeCommonPlace(std::vector<Drawn>& family) {
   if (HaveSame(family, &MeasureName::Test)) return TestText(family.front().Name);
   if (!HaveSame(family, &MeasureName::Index)) return {};
   const char* const what = axis == MeasureAxis::Minute ? "minute " : "lure ";
-  const std::string common = what + std::to_string(family.front().Name.Index);
+  std::string common = what + std::to_string(family.front().Name.Index);
   for (Drawn& drawn : family) {
     drawn.Name.Axis = MeasureAxis::Test;
     drawn.Name.Index = drawn.Name.Test;

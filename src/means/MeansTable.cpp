@@ -122,27 +122,33 @@ class OpenCell {
 std::vector<std::size_t> RowsByLevels(std::size_t rowCount, const std::vector<OccurringLevels>& variables) {
   std::vector<std::size_t> rows(rowCount);
   std::iota(rows.begin(), rows.end(), std::size_t{0});
-  for (auto levels = variables.rbegin(); levels != variables.rend(); ++levels) {
-    std::stable_sort(rows.begin(), rows.end(),
-                     [&](std::size_t a, std::size_t b) { return levels->OfRow[a] < levels->OfRow[b]; });
+  for (std::size_t variable = variables.size(); variable-- > 0;) {
+    const std::vector<std::size_t>& levels = variables[variable].OfRow;
+    std::stable_sort(rows.begin(), rows.end(), [&](std::size_t a, std::size_t b) { return levels[a] < levels[b]; });
   }
   return rows;
 }
 
 void AppendCells(const MasterTable& table, const MeansRequest& request, const std::vector<OccurringLevels>& variables,
                  std::vector<MeansCell>& cells) {
-  const std::vector<std::size_t> rows = RowsByLevels(table.RowCount(), variables);
+  const auto haveSameLevels = [&](std::size_t a, std::size_t b) {
+    return std::all_of(variables.begin(), variables.end(),
+                       [&](const OccurringLevels& levels) { return levels.OfRow[a] == levels.OfRow[b]; });
+  };
   OpenCell open(table, request);
-  for (std::size_t i = 0; i < rows.size(); ++i) {
-    open.Add(rows[i]);
-    const bool goesOn = i + 1 < rows.size() && std::all_of(variables.begin(), variables.end(), [&](const auto& levels) {
-                          return levels.OfRow[rows[i]] == levels.OfRow[rows[i + 1]];
-                        });
-    if (goesOn) continue;
+  std::optional<std::size_t> last;
+  const auto close = [&] {
     std::vector<std::string> names;
-    for (const OccurringLevels& levels : variables) names.push_back(levels.Names[levels.OfRow[rows[i]]]);
+    names.reserve(variables.size());
+    for (const OccurringLevels& levels : variables) names.push_back(levels.Names[levels.OfRow[*last]]);
     cells.push_back(open.Close(std::move(names)));
+  };
+  for (const std::size_t row : RowsByLevels(table.RowCount(), variables)) {
+    if (last && !haveSameLevels(*last, row)) close();
+    open.Add(row);
+    last = row;
   }
+  if (last) close();
 }
 
 // The fewest digits that give the same number when they are read back; a zero before the point, never an exponent.

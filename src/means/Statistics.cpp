@@ -15,7 +15,8 @@ double StudentT(int degrees, double level) {
 }
 
 void Sample::Add(double value) noexcept {
-  ++m_n;
+  if (m_n++ == 0) m_first = value;
+  value -= m_first;
   const double before = value - m_mean;
   m_mean += before / static_cast<double>(m_n);
   m_squares += before * (value - m_mean);
@@ -23,7 +24,7 @@ void Sample::Add(double value) noexcept {
 
 SampleStatistics Sample::Statistics() const {
   SampleStatistics statistics{m_n, std::nullopt, std::nullopt, std::nullopt};
-  if (m_n >= 1) statistics.Mean = m_mean;
+  if (m_n >= 1) statistics.Mean = m_first + m_mean;
   if (m_n < 2) return statistics;
   const auto n = static_cast<double>(m_n);
   statistics.Sd = std::sqrt(m_squares / (n - 1));

@@ -28,7 +28,8 @@ struct SampleStatistics {
   }
 };
 
-/// Takes values one by one in one pass (Welford 1962), without the loss of digits that sums of squares have.
+/// Takes values one by one in one pass (Welford 1962), without the loss of digits that sums of squares have; relative
+/// to the first value, so that a large mean costs none of the spread's digits either.
 class Sample {
  public:
   void Add(double value) noexcept;
@@ -36,7 +37,8 @@ class Sample {
 
  private:
   std::size_t m_n = 0;
-  double m_mean = 0;
+  double m_first = 0;
+  double m_mean = 0;  // less the first value
   double m_squares = 0;
 };
 
