@@ -100,17 +100,15 @@ MeansPanel::MeansPanel(Session& session)
       m_plotMeans(new PlotView("plotMeans")),
       m_lblPlotNote(MakeLabel("lblPlotNote", {})) {
   setObjectName(QStringLiteral("fraMeans"));
-  auto* page = new QWidget;
-  auto* rows = new QVBoxLayout(page);
-  rows->addWidget(MakeHead());
   auto* sides = Named(new QSplitter(Qt::Horizontal), "splMeans");
   sides->setChildrenCollapsible(false);
   sides->addWidget(MakeChoices());
   sides->addWidget(MakeResults());
   sides->setStretchFactor(1, 1);
-  rows->addWidget(sides, 1);
+  sides->setSizes({1, 3});
   auto* whole = new QVBoxLayout(this);
-  whole->addWidget(MakeScrolling(page), 1);
+  whole->addWidget(MakeHead());  // what wraps its text would make the scrolling page as high as it would like to be
+  whole->addWidget(MakeScrolling(sides), 1);
   whole->addWidget(MakeButtons());
   connect(m_lstMeasures, &QListWidget::itemSelectionChanged, this,
           [this] { Act([this] { m_rules.ChooseMeasures(ChosenRows(*m_lstMeasures)); }); });

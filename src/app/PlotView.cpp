@@ -62,25 +62,28 @@ void Style(QCPGraph& graph, const PlotPicture& picture, const PlotSeries& series
                          fontSize * 2 / 3});
 }
 
-// Series stand side by side so that their intervals do not cover each other.
-double OffsetOf(const PlotPicture& picture, std::size_t index) {
+// Series stand side by side so that their symbols and intervals do not cover each other; `room` is the distance of two
+// ticks in widths of a symbol.
+double OffsetOf(const PlotPicture& picture, std::size_t index, double room) {
   const bool hasIntervals = std::any_of(picture.Series.begin(), picture.Series.end(), [](const PlotSeries& series) {
     return std::any_of(series.Points.begin(), series.Points.end(),
                        [](const PlotPoint& point) { return point.HalfWidth.has_value(); });
   });
   const auto count = static_cast<double>(picture.Series.size());
-  const double step = std::min(0.08, 0.6 / count);
+  const double step = std::min(1 / room, 0.7 / count);
   return hasIntervals ? (static_cast<double>(index) - (count - 1) / 2) * step : 0;
 }
 
 // Takes the range of what is drawn, in which 0 always is.
 void AddSeries(QCustomPlot& plot, const PlotPicture& picture, double fontSize, QCPRange& range) {
+  const double symbols = plot.viewport().width() * 0.7 / fontSize;
+  const double room = symbols / static_cast<double>(std::max<std::size_t>(1, picture.Ticks.size()));
   std::size_t smoothed = 0;
   for (std::size_t index = 0; index < picture.Series.size(); ++index) {
     const PlotSeries& series = picture.Series[index];
     QVector<double> places, means, halves;
     for (const PlotPoint& point : series.Points) {
-      places << point.X + OffsetOf(picture, index);
+      places << point.X + OffsetOf(picture, index, room);
       means << point.Y;
       halves << point.HalfWidth.value_or(qQNaN());
       range.expand(point.Y - point.HalfWidth.value_or(0));
@@ -88,6 +91,7 @@ void AddSeries(QCustomPlot& plot, const PlotPicture& picture, double fontSize, Q
     }
     QCPGraph* graph = plot.addGraph();
     graph->setName(ToQt(series.Name));
+    if (picture.Series.size() == 1) graph->removeFromLegend();
     graph->setData(places, means, true);
     Style(*graph, picture, series, series.IsDashed ? smoothed++ : index - smoothed, fontSize);
     auto* intervals = new QCPErrorBars(plot.xAxis, plot.yAxis);
@@ -185,10 +189,14 @@ void DrawPicture(QCustomPlot& plot, const PlotPicture& picture, const QFont& fon
   FitTicks(plot, picture);
 }
 
-// The legend stands to the right of the axes and takes no more room than it needs.
+// The legend stands to the right of the axes, at the top, and takes no more room than it needs.
 void PreparePlot(QCustomPlot& plot) {
-  plot.plotLayout()->addElement(0, 1, plot.legend);
+  auto* side = new QCPLayoutGrid;
+  plot.plotLayout()->addElement(0, 1, side);
   plot.plotLayout()->setColumnStretchFactor(1, 0.001);
+  side->addElement(0, 0, plot.legend);
+  side->addElement(1, 0, new QCPLayoutElement(&plot));
+  side->setRowStretchFactor(0, 0.001);
   plot.legend->setFillOrder(QCPLegend::foRowsFirst);
   plot.axisRect()->setupFullAxesBox(false);
 }
