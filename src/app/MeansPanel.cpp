@@ -22,7 +22,8 @@
 
 namespace zova {
 
-// Asks the rules for each cell.
+// Asks the rules for each cell, but never between a change of theirs and the refresh that follows: a view that is laid
+// out anew in that time would ask for rows that are gone.
 class MeansModel final : public QAbstractTableModel {
  public:
   MeansModel(MeansExaminer& rules, QObject* parent) : QAbstractTableModel(parent), m_rules(rules) {}
@@ -32,6 +33,7 @@ class MeansModel final : public QAbstractTableModel {
     return parent.isValid() ? 0 : static_cast<int>(m_headings.size());
   }
   [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override {
+    if (m_results != m_rules.Results()) return {};
     switch (role) {
       case Qt::DisplayRole: return ToQt(m_rules.CellText(index.row(), index.column()));
       case Qt::ToolTipRole: return ToQt(m_rules.RowTip(index.row()));
@@ -47,15 +49,20 @@ class MeansModel final : public QAbstractTableModel {
     return ToQt(m_headings[static_cast<std::size_t>(section)]);
   }
 
-  void Follow() {
+  /// False when nothing has changed.
+  bool Follow() {
+    if (m_results == m_rules.Results()) return false;
     beginResetModel();
+    m_results = m_rules.Results();
     m_rows = m_rules.RowCount();
     m_headings = m_rules.Headings();
     endResetModel();
+    return true;
   }
 
  private:
   MeansExaminer& m_rules;
+  int m_results = -1;
   int m_rows = 0;
   std::vector<std::string> m_headings;
 };
@@ -105,7 +112,7 @@ MeansPanel::MeansPanel(Session& session)
   sides->addWidget(MakeChoices());
   sides->addWidget(MakeResults());
   sides->setStretchFactor(1, 1);
-  sides->setSizes({1, 3});
+  sides->setSizes({fontMetrics().averageCharWidth() * 36, fontMetrics().averageCharWidth() * 100});
   auto* whole = new QVBoxLayout(this);
   whole->addWidget(MakeHead());  // what wraps its text would make the scrolling page as high as it would like to be
   whole->addWidget(MakeScrolling(sides), 1);
@@ -136,6 +143,7 @@ QWidget* MeansPanel::MakeChoices() {
   m_lstMeansVariables->setSelectionMode(QAbstractItemView::MultiSelection);
   for (QListWidget* list : {m_lstMeasures, m_lstMeansVariables}) {
     list->setUniformItemSizes(true);
+    list->setTextElideMode(Qt::ElideNone);  // what differs stands at the end
     list->setMinimumSize(list->fontMetrics().averageCharWidth() * 26, list->fontMetrics().lineSpacing() * 5);
   }
   rows->addWidget(MakeLabel("lblMeasures", tr("&Measures:"), m_lstMeasures));
@@ -239,9 +247,7 @@ void MeansPanel::Refresh() {
   m_cmdMeansCopy->setEnabled(hasTable);
   m_cmdMeansSave->setEnabled(hasTable);
   m_cmdPlotSave->setEnabled(m_rules.HasPlot());
-  if (m_results == m_rules.Results()) return;
-  m_results = m_rules.Results();
-  m_model->Follow();
+  if (!m_model->Follow()) return;
   m_grdMeans->resizeColumnsToContents();
   m_plotMeans->ShowPicture(m_rules.Picture());
   // An empty plot says by itself why it is.

@@ -59,7 +59,6 @@ class MeansPanel : public Panel {
   QPushButton* m_cmdMeansSave = nullptr;
   QPushButton* m_cmdPlotSave = nullptr;
   int m_layouts = -1;  // as last shown
-  int m_results = -1;
 };
 
 }  // namespace zova

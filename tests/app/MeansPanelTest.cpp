@@ -56,6 +56,8 @@ TEST_F(MeansPanelTest, KeysReachTheRulesAndWhatComesOfThemShows) {
   panel.findChild<QTableView*>("grdMeans")->setFocus();
   press(Qt::Key_C, Qt::ControlModifier);
   EXPECT_TRUE(QGuiApplication::clipboard()->text().startsWith("Measure\tExperimenter\tn\tMean\t"));
+  session.Means().ChooseMeasures({});
+  EXPECT_FALSE(table->index(0, 0).data().isValid()) << "asked for before the refresh";
   press(Qt::Key_Escape);
   EXPECT_EQ(session.Shown(), Screen::Main);
 
