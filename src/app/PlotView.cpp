@@ -65,13 +65,9 @@ void Style(QCPGraph& graph, const PlotPicture& picture, const PlotSeries& series
 // Series stand side by side so that their symbols and intervals do not cover each other; `room` is the distance of two
 // ticks in widths of a symbol.
 double OffsetOf(const PlotPicture& picture, std::size_t index, double room) {
-  const bool hasIntervals = std::any_of(picture.Series.begin(), picture.Series.end(), [](const PlotSeries& series) {
-    return std::any_of(series.Points.begin(), series.Points.end(),
-                       [](const PlotPoint& point) { return point.HalfWidth.has_value(); });
-  });
   const auto count = static_cast<double>(picture.Series.size());
   const double step = std::min(1 / room, 0.7 / count);
-  return hasIntervals ? (static_cast<double>(index) - (count - 1) / 2) * step : 0;
+  return HasIntervals(picture) ? (static_cast<double>(index) - (count - 1) / 2) * step : 0;
 }
 
 // Takes the range of what is drawn, in which 0 always is.

@@ -40,14 +40,14 @@ std::optional<PlotFormat> FormatOf(std::string_view path) {
   return std::nullopt;
 }
 
+}  // namespace
+
 bool HasIntervals(const PlotPicture& picture) {
   return std::any_of(picture.Series.begin(), picture.Series.end(), [](const PlotSeries& series) {
     return std::any_of(series.Points.begin(), series.Points.end(),
                        [](const PlotPoint& point) { return point.HalfWidth.has_value(); });
   });
 }
-
-}  // namespace
 
 bool IsMasterOfProject(const MasterTable& table, const std::string& path, const ProjectParameters& project,
                        Disk& disk) {
@@ -216,12 +216,10 @@ void MeansExaminer::Compute() {
 
 std::string MeansExaminer::FileLine() const {
   if (m_path.empty()) return m_missing;
-  if (m_serial)
-    return "Serial-position master: " + m_path + " (" +
-           Counted(m_serial->Observed.size() / static_cast<std::size_t>(std::max(1, m_serial->TestCount)), "position",
-                   "positions") +
-           ")";
-  return "Master: " + m_path + " (" + Counted(m_table.RowCount(), "row", "rows") + ")";
+  const std::string size = m_serial
+                               ? Counted(static_cast<std::size_t>(m_serial->PositionCount), "position", "positions")
+                               : Counted(m_table.RowCount(), "row", "rows");
+  return (m_serial ? "Serial-position master: " : "Master: ") + m_path + " (" + size + ")";
 }
 
 std::string MeansExaminer::NoteLine() const {
@@ -346,8 +344,7 @@ void MeansExaminer::Save(const std::string& path, const std::string& bytes) {
     if (!isKept) m_tools.Files.Write(path, bytes);
   });
   if (!isKept) return;
-  m_tools.Boxes.Show({.Text = "'" + std::string(LastPathComponent(path)) +
-                              "' is not replaced: it holds a master or data of a project.  Please select another name.",
+  m_tools.Boxes.Show({.Text = "A master or a data file of a project is never replaced.  Please select another name.",
                       .Icon = BoxIcon::Exclamation,
                       .Details = path});
 }

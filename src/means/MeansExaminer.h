@@ -35,6 +35,9 @@ struct PlotTarget {
 /// the abbreviation and " Master" or " Combined Master"; and its variables are the project's.
 bool IsMasterOfProject(const MasterTable& table, const std::string& path, const ProjectParameters& project, Disk& disk);
 
+/// True when a point of the picture has a confidence interval.
+bool HasIntervals(const PlotPicture& picture);
+
 /// The rules of Examine Means: which master is read, what is chosen of it, and what table and plot show of that.
 /// Measures, variables, rows and columns count from 0. The master itself is never changed.
 class MeansExaminer {

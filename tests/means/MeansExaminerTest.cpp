@@ -205,9 +205,8 @@ TEST(MeansExaminer, NothingThatHoldsDataIsReplaced) {
   for (const char* path :
        {"D:\\New.prm", "C:\\Data\\Sdata\\AB Sub#1.dat", "c:\\data\\ab master.txt", "D:\\Odd.csv", "D:\\ROWS.TXT"}) {
     const Tree before = desk.Files.Snapshot();
-    desk.Boxes.Expect(
-        {.Text = "'" + std::string(LastPathComponent(path)) +
-                 "' is not replaced: it holds a master or data of a project.  Please select another name."});
+    desk.Boxes.Expect({.Text = "A master or a data file of a project is never replaced.  Please select another name.",
+                       .Details = path});
     desk.Save(path);
     EXPECT_EQ(desk.Files.Snapshot(), before) << path;
   }
