@@ -18,9 +18,7 @@ namespace zova {
 
 namespace {
 
-constexpr const char* kNoHeader =
-    "Its first line has no name of a measure.  The header of a master stands there, unless it was sent to another "
-    "destination.";
+constexpr const char* kNoHeader = "Its first line is no header: it has no name of a measure.";
 
 std::string Counted(std::size_t count, const char* one, const char* several) {
   return std::to_string(count) + " " + (count == 1 ? one : several);
@@ -28,9 +26,13 @@ std::string Counted(std::size_t count, const char* one, const char* several) {
 
 std::string_view FirstLine(std::string_view text) { return text.substr(0, text.find_first_of("\r\n")); }
 
+// Not where one lies on a drive that is not ready.
 bool IsSameFile(const std::string& left, const std::string& right, Disk& disk) {
-  const auto native = [&](const std::string& path) { return disk.Resolve(path, FileOperation::Write); };
-  return !left.empty() && !right.empty() && native(left) == native(right);
+  try {
+    return disk.Resolve(left, FileOperation::Read) == disk.Resolve(right, FileOperation::Read);
+  } catch (const FileError&) {
+    return false;
+  }
 }
 
 std::optional<PlotFormat> FormatOf(std::string_view path) {
@@ -66,17 +68,14 @@ void MeansExaminer::Open(const ProjectParameters& project, const std::string& he
   m_project = &project;
   m_header = header;
   const std::string path = DefaultMasterPath(project);
-  m_missing =
-      "There is no master of this project yet.  Select 'Create New Master' on the 'Options' menu first, or open "
-      "another "
-      "one here.";
+  m_missing = "There is no master of this project yet.  Create one with 'Create New Master', or open another one here.";
   bool exists = false;
   if (!WithRetry(m_tools.Errors, [&] { exists = m_tools.Files.FileExists(path); }) || !exists) return;
   m_missing = "The master of this project could not be read.";
   std::string bytes;
   if (!Read(path, bytes)) return;
   if (Take(bytes, m_header)) return Show(path);
-  m_missing = "'" + path + "' could not be read.  " + kNoHeader;
+  m_missing = "'" + path + "' could not be read.  " + kNoHeader + "  Create the master anew.";
 }
 
 void MeansExaminer::Close() {
@@ -286,9 +285,7 @@ std::string MeansExaminer::RowTip(int row) const {
 // What was not looked for is no 0.
 MeansLines MeansExaminer::Lines() const {
   MeansLines lines = LinesOf(m_means);
-  if (!m_isOwn) {
-    for (std::vector<std::string>& row : lines.Rows) row.back().clear();
-  }
+  for (std::vector<std::string>& row : lines.Rows) row.back() = m_isOwn ? row.back() : "";
   return lines;
 }
 
@@ -328,8 +325,8 @@ bool MeansExaminer::IsKept(const std::string& path) {
   if (EndsIgnoringCase(path, ".prm") || EndsIgnoringCase(path, ".dat")) return true;
   if (!m_tools.Files.FileExists(path)) return false;
   // Its rows may stand without a header.
-  if (IsSameFile(path, m_path, m_tools.Files)) return true;
-  if (IsSameFile(path, DefaultMasterPath(*m_project), m_tools.Files)) return true;
+  if (IsSameFile(path, m_path, m_tools.Files) || IsSameFile(path, DefaultMasterPath(*m_project), m_tools.Files))
+    return true;
   std::string bytes;
   m_tools.Files.Read(path, bytes);
   const DataText text(bytes);

@@ -117,8 +117,7 @@ TEST(MeansExaminer, WhichMasterIsShownAndWhatIsSaidOfIt) {
   const std::string foreign = "ID, Age, Net(Test 1)\r\n1, 2, 5\r\n";
   const std::string own = std::string("Master: ") + kMaster;
   const std::string foreignNote = "This is no master of the open project: ";
-  const ExpectedBox noMaster{.Text = "'Other.txt' is no master.",
-                             .Details = "Its first line has no name of a measure."};
+  const ExpectedBox noMaster{.Text = "'Other.txt' is no master.", .Details = "Its first line is no header"};
   const ExpectedBox gone{std::make_error_code(std::errc::no_such_file_or_directory).message(), BoxAnswer::Cancel};
   // What the project's master holds, header of the last run, the chosen file and what it holds, box, lines shown.
   const struct {
