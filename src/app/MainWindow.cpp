@@ -16,6 +16,7 @@
 #include "app/LocationPanel.h"
 #include "app/MainPanel.h"
 #include "app/MasterPanel.h"
+#include "app/MeansPanel.h"
 #include "app/MeasurePanel.h"
 #include "app/OrderPanel.h"
 #include "app/ProgressPanel.h"
@@ -36,7 +37,8 @@ MainWindow::MainWindow(Session& session, QtProgress& progress)
       m_measures(Add(new MeasurePanel(session.Masters(), [this] { Run(&Session::ShowMeasuresHelp); }))),
       m_order(Add(new OrderPanel(session.Masters()))),
       m_groups(Add(new GroupPanel(session.Masters()))),
-      m_progress(Add(new ProgressPanel(progress))) {
+      m_progress(Add(new ProgressPanel(progress))),
+      m_means(Add(new MeansPanel(session))) {
   setObjectName("frmZova");
   setWindowTitle("ZOVA");
   setCentralWidget(m_panels);
@@ -65,6 +67,7 @@ Panel* MainWindow::PanelOf(Screen screen) const {
     case Screen::Identification: return m_identification;
     case Screen::Entry: return m_entry;
     case Screen::Masters: return PanelOf(m_session.Masters().CurrentStage());
+    case Screen::Means: return m_means;
   }
   return m_main;
 }

@@ -6,6 +6,8 @@
 
 #include "master/MasterColumns.h"
 
+#include "text/NumberText.h"
+
 namespace zova {
 
 namespace {
@@ -229,6 +231,14 @@ class Walk {
 };
 
 }  // namespace
+
+void AppendColumnName(std::string& out, const ColumnName& name) {
+  out += name.Text0;
+  if (name.Number0 >= 0) AppendNumber(out, name.Number0);
+  out += name.Text1;
+  if (name.Number1 >= 0) AppendNumber(out, name.Number1);
+  out += name.Text2;
+}
 
 void WalkMeasureColumns(const ProjectParameters& project, const MeasureSelection& selection, MasterKind kind,
                         const ScoringArrays& scores, ColumnSink& sink) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 #include "master/MeasureSelection.h"
@@ -20,6 +21,9 @@ struct ColumnName {
   int Number1 = -1;
   std::string_view Text2 = {};
 };
+
+/// Appends the name as the header of a master has it.
+void AppendColumnName(std::string& out, const ColumnName& name);
 
 /// What a column belongs to: the box that asks for it, and the family that computes it.
 struct ColumnOrigin {

@@ -30,13 +30,8 @@ class HeaderSink final : public ColumnSink {
  private:
   void Add(const ColumnOrigin& origin, const ColumnName& name) {
     m_line.Families.Add(origin.Family);
-    std::string& out = m_line.MasterHeader;
-    out += ", ";
-    out += name.Text0;
-    if (name.Number0 >= 0) AppendNumber(out, name.Number0);
-    out += name.Text1;
-    if (name.Number1 >= 0) AppendNumber(out, name.Number1);
-    out += name.Text2;
+    m_line.MasterHeader += ", ";
+    AppendColumnName(m_line.MasterHeader, name);
   }
 
   MasterHeaderLine& m_line;

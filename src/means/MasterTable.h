@@ -17,8 +17,9 @@ struct MasterTable {
   std::vector<std::string> Levels;     ///< row by row, one per variable: the level's number, or XXXXXXX
   std::vector<double> Values;          ///< row by row, one per measure
   std::vector<bool> Uncomputed;        ///< as Values: a value that stands for one that could not be computed
+  bool HasSubjects = true;             ///< false: a later piece of a wide master, which begins with a measure
   int SkippedLines = 0;                ///< lines below the header that do not fit it
-  int RepeatedSubjects = 0;            ///< rows of a subject that an earlier row has already
+  int RepeatedSubjects = 0;            ///< rows of a subject that an earlier row has already; ParseMaster counts them
 
   [[nodiscard]] std::size_t RowCount() const noexcept { return Subjects.size(); }
   [[nodiscard]] const std::string& Level(std::size_t row, std::size_t variable) const {
@@ -43,9 +44,12 @@ bool TakeMasterHeader(std::string_view line, MasterTable& table);
 /// counted as skipped; an empty one is passed over.
 void AddMasterRow(std::string_view line, MasterTable& table);
 
-/// Takes `text`, a whole master (or a piece of a wide one), apart; fields without the blanks around them. Its first line
-/// is the header unless it is none: then `header` is, where rows stand without their own (the header went to another
-/// destination). Nothing when there is no header at all.
+/// The same where the identifier is known, which may hold commas then: `fields` is what follows it, behind the comma.
+void AddMasterRowOf(std::string_view subject, std::string_view fields, MasterTable& table);
+
+/// Takes `text`, a whole master (or a piece of a wide one), apart; fields without the blanks around them. Its first
+/// line is the header unless it is none: then `header` is, where rows stand without their own (the header went to
+/// another destination). Nothing when there is no header at all.
 std::optional<MasterTable> ParseMaster(std::string_view text, std::string_view header);
 
 }  // namespace zova

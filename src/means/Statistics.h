@@ -10,12 +10,15 @@ namespace zova {
 /// -t and t with probability `level` (between 0 and 1). 2.228 for 10 degrees and .95.
 double StudentT(int degrees, double level);
 
+/// The probability of the confidence intervals.
+inline constexpr double kConfidence = .95;
+
 /// n, mean and spread of a sample.
 struct SampleStatistics {
   std::size_t N = 0;
   std::optional<double> Mean;       ///< nothing for an empty sample
   std::optional<double> Sd;         ///< of the sample (divided by n - 1); nothing below two values
-  std::optional<double> HalfWidth;  ///< of the 95 % confidence interval of the mean: t(n - 1) * Sd / sqrt(n)
+  std::optional<double> HalfWidth;  ///< of the confidence interval of the mean: t(n - 1) * Sd / sqrt(n)
 
   [[nodiscard]] std::optional<double> Low() const {
     return HalfWidth ? std::optional(*Mean - *HalfWidth) : std::nullopt;
@@ -25,7 +28,8 @@ struct SampleStatistics {
   }
 };
 
-/// Takes values one by one in one pass (Welford 1962), without the loss of digits that sums of squares have.
+/// Takes values one by one in one pass (Welford 1962), without the loss of digits that sums of squares have; relative
+/// to the first value, so that a large mean costs none of the spread's digits either.
 class Sample {
  public:
   void Add(double value) noexcept;
@@ -33,7 +37,8 @@ class Sample {
 
  private:
   std::size_t m_n = 0;
-  double m_mean = 0;
+  double m_first = 0;
+  double m_mean = 0;  // less the first value
   double m_squares = 0;
 };
 

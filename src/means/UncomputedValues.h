@@ -13,7 +13,8 @@ namespace zova {
 /// nothing is marked in these. Shows no message; `bar` hears of the progress.
 int MarkUncomputed(MasterTable& table, const ProjectParameters& project, Disk& disk, Progress& bar);
 
-/// The master of a run as a table, without reading it back: the same values, marked.
+/// The master of a run as a table, without reading it back: the same values, marked. Without columns before the first
+/// subject. Commas in names do no harm here.
 class ScoredTable final : public ScoredSubjectSink {
  public:
   ScoredTable(const ProjectParameters& project, const MeasureSelection& selection);
@@ -21,9 +22,12 @@ class ScoredTable final : public ScoredSubjectSink {
   [[nodiscard]] const MasterTable& Table() const noexcept { return m_table; }
 
  private:
+  void TakeColumns();
+
   const ProjectParameters& m_project;
   MeasureSelection m_selection;
   MasterTable m_table;
+  std::vector<std::size_t> m_shares;  // the measure of the n-th share
 };
 
 }  // namespace zova

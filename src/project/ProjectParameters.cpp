@@ -13,6 +13,11 @@ bool IsTestRated(const ProjectParameters& project, int test) {
   return project.Rated == 1 && project.RatedTests.at(static_cast<std::size_t>(test) - 1) == "Y";
 }
 
+std::string_view LevelName(const ProjectParameters& project, std::size_t variable, int level) {
+  if (level < 1 || level > project.LevelCounts.at(variable)) return {};
+  return project.LevelNames.at(variable).at(static_cast<std::size_t>(level) - 1);
+}
+
 std::string ProjectTitle(const ProjectParameters& project) {
   const std::string& name = project.ProjectFileName;
   return name.size() < 4 ? std::string() : name.substr(0, name.size() - 4);

@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 namespace zova {
 
@@ -53,6 +54,9 @@ bool IsFalseMemoryInForce(const ProjectParameters& project) noexcept;
 
 /// True when ratings are kept and the test's flag is "Y". `test` counts from 1.
 bool IsTestRated(const ProjectParameters& project, int test);
+
+/// The name of a variable's level; "" for one beyond the names. `variable` counts from 0, `level` from 1.
+std::string_view LevelName(const ProjectParameters& project, std::size_t variable, int level);
 
 /// The project file's name without ".prm".
 std::string ProjectTitle(const ProjectParameters& project);

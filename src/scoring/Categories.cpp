@@ -10,13 +10,6 @@ namespace zova {
 
 namespace {
 
-// From 1; 0 for a blank or an item behind the last category.
-int CategoryOf(int item, const ProjectParameters& project) noexcept {
-  if (item < 1 || project.ItemsPerCategory < 1) return 0;
-  const int category = (item - 1) / project.ItemsPerCategory + 1;
-  return category <= project.CategoryCount ? category : 0;
-}
-
 void CountCategories(const RecallLists& lists, int test, const ProjectParameters& project, CategoryScores& scores,
                      std::vector<std::int16_t>& counts) {
   int previous = 0;

@@ -41,6 +41,13 @@ inline bool IsLure(int item, const ProjectParameters& project) noexcept {
   return item > 0 && item % project.ItemsPerCategory == 0;
 }
 
+/// The category of an item, from 1; 0 for a blank or an item behind the last category.
+inline int CategoryOf(int item, const ProjectParameters& project) noexcept {
+  if (item < 1 || project.ItemsPerCategory < 1) return 0;
+  const int category = (item - 1) / project.ItemsPerCategory + 1;
+  return category <= project.CategoryCount ? category : 0;
+}
+
 /// Parts the lists in true items and lures. Blanks stay with the true items.
 void StripLures(const RecallLists& lists, const ProjectParameters& project, RecallLists& trueLists,
                 RecallLists& lureLists);

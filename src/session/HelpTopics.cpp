@@ -67,6 +67,7 @@ std::string HelpTopicFor(const HelpPlace& place) {
     case Screen::Identification: return TopicOfPurpose(place.Purpose);
     case Screen::Entry: return "grid";
     case Screen::Masters: return TopicOfStage(place.Stage);
+    case Screen::Means: return "means";
   }
   return "main";
 }

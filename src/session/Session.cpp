@@ -28,8 +28,12 @@ Session::Session(const SessionPlatform& platform, std::string programDir, std::f
       m_locationBrowser(platform.Files, platform.Boxes, kPathNotFound),
       m_identification(m_record, {platform.Files, platform.Boxes, m_errors, platform.Dialogs, platform.Pointer}),
       m_entry(m_record, m_preferences, {platform.Files, platform.Boxes, m_errors, platform.Pointer}),
-      m_masters({platform.Files, platform.Boxes, m_errors, platform.Pointer, platform.Bar}) {
+      m_masters({platform.Files, platform.Boxes, m_errors, platform.Pointer, platform.Bar}),
+      m_means({platform.Files, platform.Boxes, m_errors, platform.Dialogs, platform.Pointer, platform.Bar}) {
   m_masters.SetObserver([this] { FollowMasters(); });
+  m_means.SetObserver([this] {
+    if (m_observer) m_observer();
+  });
 }
 
 void Session::Prepare() {

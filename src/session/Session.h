@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 
+#include "means/MeansExaminer.h"
 #include "platform/Choosers.h"
 #include "platform/Desktop.h"
 #include "platform/DirectoryBrowser.h"
@@ -107,6 +108,10 @@ class Session {
   [[nodiscard]] const std::string& LastMaster() const noexcept { return m_masters.LastMaster(); }
   void OpenLastMasterFolder();
 
+  /// The rules of Examine Means; `Shown` is Means while it is up.
+  MeansExaminer& Means() noexcept { return m_means; }
+  void CloseMeans();
+
   // The panel on which a directory is chosen, in its three forms.
   [[nodiscard]] LocationTexts LocationTextsShown() const;
   DirectoryBrowser& LocationBrowser() noexcept { return m_locationBrowser; }
@@ -152,6 +157,7 @@ class Session {
   SubjectIdentification m_identification;
   SubjectEntry m_entry;
   MasterFlow m_masters;
+  MeansExaminer m_means;
   bool m_entersNewSubjects = false;  // after a complete save the next one is asked for
   std::function<void()> m_observer;
   Screen m_screen = Screen::Main;

@@ -59,4 +59,14 @@ void AppendNumber(std::string& out, float value) {
 
 void AppendNumber(std::string& out, double value) { AppendReal(out, value, 15); }
 
+void AppendExactNumber(std::string& out, float value) {
+  if (value == 0.0F) {  // also -0
+    out += '0';
+    return;
+  }
+  char buffer[64];  // the longest single, 2^-149, takes 48
+  const auto result = std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::fixed);
+  out.append(buffer, result.ptr);
+}
+
 }  // namespace zova

@@ -13,6 +13,10 @@ void AppendNumber(std::string& out, float value);
 /// At most 15 significant digits.
 void AppendNumber(std::string& out, double value);
 
+/// For other programs: the fewest digits that give the same single when they are read back, with a zero before the
+/// point, never an exponent.
+void AppendExactNumber(std::string& out, float value);
+
 /// The same with one blank before a number that is not negative, as the rows of a master have it.
 template <typename Number>
 void AppendSpacedNumber(std::string& out, Number value) {

@@ -24,6 +24,7 @@ struct ExampleChooser final : Choosers {
     if (Meanwhile) Meanwhile();
     return "C:\\Param\\Example.prm";
   }
+  std::optional<std::string> ChooseNewFile(const FileQuestion&) override { return std::nullopt; }
   std::function<void()> Meanwhile;
 };
 

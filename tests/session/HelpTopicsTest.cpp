@@ -45,7 +45,7 @@ TEST(HelpTopics, EveryLinkLeadsToAPageAndTheContentsNameAllPagesInTheirOrder) {
 
 TEST(HelpTopics, EveryPlaceHasAPageOfItsOwn) {
   std::vector<HelpPlace> places;
-  for (int screen = 0; screen <= static_cast<int>(Screen::Masters); ++screen) {
+  for (int screen = 0; screen <= static_cast<int>(Screen::Means); ++screen) {
     places.push_back({.Shown = static_cast<Screen>(screen)});
   }
   for (int page = 2; page <= 8; ++page) places.push_back({.Shown = Screen::Wizard, .WizardPage = page});

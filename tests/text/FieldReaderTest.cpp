@@ -4,10 +4,12 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <functional>
 #include <string>
 #include <vector>
 
+#include "text/Csv.h"
 #include "text/LeadingNumber.h"
 #include "text/NumberText.h"
 
@@ -104,4 +106,36 @@ TEST(NumberText, HasNoZeroBeforeThePoint) {
   AppendNumber(others, -2.0 / 3);
   AppendNumber(others, -32768);
   EXPECT_EQ(others, ".3-.666666666666667-32768");
+}
+
+TEST(NumberText, ExactNumbersReadBackAsTheSameSingle) {
+  for (const auto& [value, text] : {std::pair(1.F / 3, "0.33333334"),
+                                    {-2.F / 3, "-0.6666667"},
+                                    {4.2F, "4.2"},
+                                    {1e-7F, "0.0000001"},
+                                    {16777216.F, "16777216"},
+                                    {-0.F, "0"}}) {
+    std::string out;
+    AppendExactNumber(out, value);
+    EXPECT_EQ(out, text);
+    EXPECT_EQ(std::strtof(out.c_str(), nullptr), value);
+  }
+}
+
+TEST(Csv, QuotesWhatAReaderWouldTakeApart) {
+  for (const auto& [text, field] : {std::pair("a b", "a b"),
+                                    {"", ""},
+                                    {"a,b", "\"a,b\""},
+                                    {"a\"", "\"a\"\"\""},
+                                    {"a\nb", "\"a\nb\""},
+                                    {"a\r", "\"a\r\""},
+                                    {" a", "\" a\""},
+                                    {"a\t", "\"a\t\""}}) {
+    std::string line = "x,";
+    AppendCsvField(line, text);
+    EXPECT_EQ(line, std::string("x,") + field);
+  }
+  CsvHeader header;
+  for (const char* name : {"", "a", "a", "a (2)", "a", "b,c"}) header.Add(name);
+  EXPECT_EQ(header.Line(), ",a,a (2),a (2) (2),a (3),\"b,c\"");
 }

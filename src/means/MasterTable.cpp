@@ -1,0 +1,121 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The lines are those of MasterLines.cpp. They are split at commas whatever the fields hold: names and identifiers are
+// not quoted. A comma in a variable's name (older files have some) therefore makes a line of names that no row fits.
+
+#include "means/MasterTable.h"
+
+#include <algorithm>
+#include <unordered_set>
+
+#include "means/MasterFields.h"
+#include "means/MeasureName.h"
+#include "text/Encoding.h"
+#include "text/TypedText.h"
+
+namespace zova {
+
+namespace {
+
+bool AppendFields(LineFields& fields, MasterTable& table) {
+  for (std::size_t variable = 0; variable < table.Variables.size(); ++variable) {
+    const auto level = fields.Next();
+    if (!level) return false;
+    table.Levels.emplace_back(*level);
+  }
+  for (std::size_t measure = 0; measure < table.Measures.size(); ++measure) {
+    const auto field = fields.Next();
+    const auto value = field ? MasterNumber(*field) : std::nullopt;
+    if (!value) return false;
+    table.Values.push_back(*value);
+  }
+  return !fields.Next();
+}
+
+// A row is taken whole or not at all.
+void AddFields(std::string_view subject, LineFields& fields, MasterTable& table) {
+  const std::size_t rows = table.RowCount();
+  if (AppendFields(fields, table)) {
+    table.Subjects.emplace_back(subject);
+    table.Uncomputed.resize(table.Values.size(), false);
+  } else {
+    table.Levels.resize(rows * table.Variables.size());
+    table.Values.resize(rows * table.Measures.size());
+    ++table.SkippedLines;
+  }
+}
+
+// At most what `text` can hold, however short its lines and long its header.
+void Reserve(std::string_view text, MasterTable& table) {
+  const auto lines = static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n')) + 1;
+  const std::size_t fields = text.size() / 2 + 1;
+  const std::size_t columns = std::max<std::size_t>(table.Measures.size(), 1);
+  const std::size_t rows = std::min(lines, fields / columns + 1);
+  table.Subjects.reserve(rows);
+  table.Levels.reserve(rows * table.Variables.size());
+  table.Values.reserve(rows * columns);
+  table.Uncomputed.reserve(rows * columns);
+}
+
+int CountRepeated(const MasterTable& table) {
+  if (!table.HasSubjects) return 0;
+  std::unordered_set<std::string_view> seen(table.RowCount());
+  return static_cast<int>(std::count_if(table.Subjects.begin(), table.Subjects.end(),
+                                        [&](const std::string& id) { return !seen.insert(id).second; }));
+}
+
+}  // namespace
+
+bool IsMasterHeader(std::string_view line) {
+  LineFields fields(line);
+  while (const auto field = fields.Next()) {
+    if (ParseMeasureName(*field)) return true;
+  }
+  return false;
+}
+
+bool TakeMasterHeader(std::string_view line, MasterTable& table) {
+  table = {};
+  if (!IsMasterHeader(line)) return false;
+  LineFields fields(line);
+  bool isFirst = true;
+  while (const auto field = fields.Next()) {
+    const bool isMeasure = !table.Measures.empty() || ParseMeasureName(*field);
+    if (isFirst) table.HasSubjects = !isMeasure;
+    if (isMeasure) {
+      table.Measures.emplace_back(*field);
+    } else if (!isFirst) {
+      table.Variables.emplace_back(*field);
+    }
+    isFirst = false;
+  }
+  return true;
+}
+
+void AddMasterRow(std::string_view line, MasterTable& table) {
+  if (WithoutOuterBlanks(line).empty()) return;
+  LineFields fields(line);
+  const std::string_view subject = table.HasSubjects ? *fields.Next() : std::string_view{};
+  AddFields(subject, fields, table);
+}
+
+void AddMasterRowOf(std::string_view subject, std::string_view fields, MasterTable& table) {
+  LineFields rest(fields);
+  AddFields(subject, rest, table);
+}
+
+std::optional<MasterTable> ParseMaster(std::string_view text, std::string_view header) {
+  text = WithoutMarks(text);
+  MasterTable table;
+  std::string_view rows = text;
+  if (!TakeMasterHeader(TakeLine(rows), table)) {
+    if (!TakeMasterHeader(header, table)) return std::nullopt;
+    rows = text;
+  }
+  Reserve(rows, table);
+  while (!rows.empty()) AddMasterRow(TakeLine(rows), table);
+  table.RepeatedSubjects = CountRepeated(table);
+  return table;
+}
+
+}  // namespace zova

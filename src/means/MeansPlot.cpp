@@ -1,0 +1,246 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "means/MeansPlot.h"
+
+#include <algorithm>
+#include <array>
+#include <map>
+
+#include "means/MeasureName.h"
+
+namespace zova {
+
+namespace {
+
+using Names = std::vector<std::string>;
+
+std::string Joined(const Names& names, std::string_view separator) {
+  std::string text;
+  for (const std::string& name : names) text.append(text.empty() ? "" : separator).append(name);
+  return text;
+}
+
+// A measure that is drawn, and its column in the means.
+struct Drawn {
+  MeasureName Name;
+  std::size_t Column = 0;
+};
+
+// The measures of the family that was chosen first, each once. A name that is none of ours is a family of its own.
+std::vector<Drawn> FirstFamily(const MeansTable& means) {
+  std::vector<Drawn> family;
+  for (std::size_t column = 0; column < means.Measures.size(); ++column) {
+    const std::string& text = means.Measures[column];
+    const auto same = [&](const Drawn& drawn) { return means.Measures[drawn.Column] == text; };
+    const MeasureName name = ParseMeasureName(text).value_or(MeasureName{text, text, {}, MeasureAxis::Test, 0, 0, {}});
+    const bool belongs = family.empty() || name.Family == family.front().Name.Family;
+    if (belongs && std::none_of(family.begin(), family.end(), same)) family.push_back({name, column});
+  }
+  return family;
+}
+
+std::string NoteOf(const MeansTable& means, const std::vector<Drawn>& family) {
+  const auto isDrawn = [&](const std::string& measure) {
+    return std::any_of(family.begin(), family.end(),
+                       [&](const Drawn& drawn) { return means.Measures[drawn.Column] == measure; });
+  };
+  const auto others = std::count_if(means.Measures.begin(), means.Measures.end(),
+                                    [&](const std::string& measure) { return !isDrawn(measure); });
+  if (others == 0) return {};
+  return others == 1 ? "1 chosen measure of another kind is not in the plot."
+                     : std::to_string(others) + " chosen measures of other kinds are not in the plot.";
+}
+
+std::string TestText(const MeasureName& name) { return "test " + std::to_string(name.Test); }
+
+// Where on its axis a measure stands: "test 1", "test 2, minute 3", "NNC".
+std::string PlaceText(const MeasureName& name) {
+  const std::string index = std::to_string(name.Index);
+  switch (name.Axis) {
+    case MeasureAxis::Test: return TestText(name);
+    case MeasureAxis::TestPair: return "tests " + std::to_string(name.Test) + " and " + index;
+    case MeasureAxis::Minute: return TestText(name) + ", minute " + index;
+    case MeasureAxis::RunningMinute: return "minute " + index + " over all tests";
+    case MeasureAxis::Pattern: return std::string(name.Pattern);
+    case MeasureAxis::Lure: return TestText(name) + ", lure " + index;
+  }
+  return {};
+}
+
+std::string TickText(const MeasureName& name) {
+  if (name.Axis == MeasureAxis::TestPair) return std::to_string(name.Test) + "-" + std::to_string(name.Index);
+  return name.Axis == MeasureAxis::Pattern ? std::string(name.Pattern) : std::to_string(name.Index);
+}
+
+// "Net recall, test 1 (items)"; `place` is what all that is drawn has in common.
+std::string YLabelOf(const MeasureName& name, const std::string& place) {
+  std::string label(name.Label);
+  if (name.Index > 0 && !place.empty()) label += ", " + place;
+  if (!name.Unit.empty()) label.append(" (").append(name.Unit).append(")");
+  return label;
+}
+
+bool IsNumber(const std::string& text) {
+  return !text.empty() && text.find_first_not_of("0123456789") == std::string::npos;
+}
+
+// The levels of a cell from variable `first` on; where all that is known is a number, "Sex 1".
+Names LevelsFrom(const MeansTable& means, const MeansCell& cell, std::size_t first) {
+  Names names;
+  for (std::size_t variable = first; variable < cell.Levels.size(); ++variable) {
+    const std::string& level = cell.Levels[variable];
+    names.push_back(IsNumber(level) ? means.Variables[variable] + " " + level : level);
+  }
+  return names;
+}
+
+void AddPoint(PlotSeries& series, double x, const SampleStatistics& statistics) {
+  if (statistics.Mean) series.Points.push_back({x, *statistics.Mean, statistics.HalfWidth});
+}
+
+// All cells but the total, which is last; the total when it is the only one.
+std::vector<const MeansCell*> DrawnCells(const MeansTable& means) {
+  std::vector<const MeansCell*> cells;
+  for (const MeansCell& cell : means.Cells) cells.push_back(&cell);
+  if (cells.size() > 1) cells.pop_back();
+  return cells;
+}
+
+void DropNameOfOnly(std::vector<PlotSeries>& series) {
+  if (series.size() == 1) series.front().Name.clear();
+}
+
+// One measure along the levels of the first variable.
+PlotPicture ByLevels(const MeansTable& means, const Drawn& drawn) {
+  PlotPicture picture;
+  picture.HasLines = false;
+  picture.YLabel = YLabelOf(drawn.Name, PlaceText(drawn.Name));
+  if (!means.Variables.empty()) picture.XLabel = means.Variables.front();
+  std::map<Names, std::size_t> places;  // of the series
+  for (const MeansCell* cell : DrawnCells(means)) {
+    const std::string level = cell->Levels.empty() ? "All" : cell->Levels.front();
+    if (picture.Ticks.empty() || picture.Ticks.back() != level) picture.Ticks.push_back(level);
+    const Names others = LevelsFrom(means, *cell, 1);
+    const auto [place, isNew] = places.emplace(others, picture.Series.size());
+    if (isNew) picture.Series.emplace_back().Name = Joined(others, ", ");
+    AddPoint(picture.Series[place->second], static_cast<double>(picture.Ticks.size()), cell->Measures[drawn.Column]);
+  }
+  DropNameOfOnly(picture.Series);
+  return picture;
+}
+
+bool HaveSame(const std::vector<Drawn>& family, int MeasureName::*number) {
+  return std::all_of(family.begin(), family.end(),
+                     [&](const Drawn& drawn) { return drawn.Name.*number == family.front().Name.*number; });
+}
+
+// The place on the axis, for sorting: pairs of neighbouring tests come before the pair of the first and the last.
+using Place = std::array<int, 3>;
+
+Place PlaceOf(const MeasureName& name) {
+  if (name.Axis != MeasureAxis::TestPair) return {0, 0, name.Index};
+  return {name.Index > name.Test + 1 ? 1 : 0, name.Test, name.Index};
+}
+
+// The axis of a family. Numbers keep their distances; pairs, patterns and lures stand side by side.
+class FamilyAxis {
+ public:
+  explicit FamilyAxis(const std::vector<Drawn>& family) : m_axis(family.front().Name.Axis) {
+    for (const Drawn& drawn : family) m_texts.emplace(PlaceOf(drawn.Name), TickText(drawn.Name));
+    int next = 0;
+    for (const auto& [place, text] : m_texts) {
+      next = HasDistances() ? place[2] - m_texts.begin()->first[2] + 1 : next + 1;
+      m_positions.emplace(place, next);
+    }
+  }
+
+  [[nodiscard]] int At(const MeasureName& name) const { return m_positions.find(PlaceOf(name))->second; }
+
+  [[nodiscard]] Names Ticks() const {
+    Names ticks;
+    for (const auto& [place, text] : m_texts) {
+      while (static_cast<int>(ticks.size()) + 1 < m_positions.find(place)->second) {  // a number that is not drawn
+        ticks.push_back(std::to_string(m_texts.begin()->first[2] + static_cast<int>(ticks.size())));
+      }
+      ticks.push_back(text);
+    }
+    return ticks;
+  }
+
+  // A line says that something goes on from point to point. From the last two tests to the first and the last nothing
+  // does.
+  [[nodiscard]] bool HasLines() const {
+    const bool anyFarPair = m_texts.rbegin()->first[0] == 1;
+    return HasDistances() || (m_axis == MeasureAxis::TestPair && !anyFarPair);
+  }
+
+ private:
+  [[nodiscard]] bool HasDistances() const {
+    return m_axis == MeasureAxis::Test || m_axis == MeasureAxis::Minute || m_axis == MeasureAxis::RunningMinute;
+  }
+
+  MeasureAxis m_axis;
+  std::map<Place, std::string> m_texts;
+  std::map<Place, int> m_positions;
+};
+
+// What the family is made of where its axis lies within tests: its only test, or the only minute or lure, which then
+// goes along the tests. "" where there are several of both, or where the axis goes over all tests anyway.
+std::string TakeCommonPlace(std::vector<Drawn>& family) {
+  const MeasureAxis axis = family.front().Name.Axis;
+  if (axis != MeasureAxis::Minute && axis != MeasureAxis::Lure) return {};
+  if (HaveSame(family, &MeasureName::Test)) return TestText(family.front().Name);
+  if (!HaveSame(family, &MeasureName::Index)) return {};
+  const char* const what = axis == MeasureAxis::Minute ? "minute " : "lure ";
+  std::string common = what + std::to_string(family.front().Name.Index);
+  for (Drawn& drawn : family) {
+    drawn.Name.Axis = MeasureAxis::Test;
+    drawn.Name.Index = drawn.Name.Test;
+  }
+  return common;
+}
+
+// A series per cell, and per test where the axis lies within several.
+void AddSeries(const MeansTable& means, const MeansCell& cell, const std::vector<Drawn>& family, const FamilyAxis& axis,
+               std::vector<PlotSeries>& all) {
+  const MeasureAxis kind = family.front().Name.Axis;
+  const bool perTest =
+      (kind == MeasureAxis::Minute || kind == MeasureAxis::Lure) && !HaveSame(family, &MeasureName::Test);
+  std::map<int, PlotSeries> series;
+  for (const Drawn& drawn : family) {
+    AddPoint(series[perTest ? drawn.Name.Test : 0], axis.At(drawn.Name), cell.Measures[drawn.Column]);
+  }
+  for (auto& [test, points] : series) {
+    Names names = LevelsFrom(means, cell, 0);
+    if (perTest) names.push_back("Test " + std::to_string(test));
+    points.Name = Joined(names, ", ");
+    all.push_back(std::move(points));
+  }
+}
+
+// Several measures of one family, along what they differ in.
+PlotPicture AlongAxis(const MeansTable& means, std::vector<Drawn> family) {
+  PlotPicture picture;
+  picture.YLabel = YLabelOf(family.front().Name, TakeCommonPlace(family));
+  std::sort(family.begin(), family.end(),
+            [](const Drawn& a, const Drawn& b) { return PlaceOf(a.Name) < PlaceOf(b.Name); });
+  const FamilyAxis axis(family);
+  picture.XLabel = AxisLabel(family.front().Name.Axis);
+  picture.Ticks = axis.Ticks();
+  picture.HasLines = axis.HasLines();
+  for (const MeansCell* cell : DrawnCells(means)) AddSeries(means, *cell, family, axis, picture.Series);
+  DropNameOfOnly(picture.Series);
+  return picture;
+}
+
+}  // namespace
+
+PlotPicture PictureOf(const MeansTable& means) {
+  const std::vector<Drawn> family = FirstFamily(means);
+  if (family.empty()) return {};
+  PlotPicture picture = family.size() == 1 ? ByLevels(means, family.front()) : AlongAxis(means, family);
+  picture.Note = NoteOf(means, family);
+  return picture;
+}
+
+}  // namespace zova

@@ -1,0 +1,244 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "means/MeansTable.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <numeric>
+#include <unordered_map>
+#include <utility>
+
+#include "master/NominalGroups.h"
+#include "text/Csv.h"
+#include "text/TypedText.h"
+
+namespace zova {
+
+namespace {
+
+constexpr std::string_view kNoLevel = "XXXXXXX";  // of a nominal group whose members need not share it
+constexpr const char* kAll = "(all)";
+
+std::optional<int> LevelNumber(std::string_view level) {
+  int number = 0;
+  const auto result = std::from_chars(level.data(), level.data() + level.size(), number);
+  if (level.empty() || result.ec != std::errc{} || result.ptr != level.data() + level.size()) return std::nullopt;
+  return number;
+}
+
+// The levels of one variable that occur, in the order they are shown in.
+struct OccurringLevels {
+  std::vector<std::string_view> Texts;
+  std::vector<std::string> Names;  // as Texts
+  std::vector<std::size_t> OfRow;  // index into both
+};
+
+// By number where all levels have one, else by text; what is no level comes last.
+void SortLevels(std::vector<std::string_view>& texts) {
+  const auto isNumber = [](std::string_view text) { return text == kNoLevel || LevelNumber(text); };
+  const bool byNumber = std::all_of(texts.begin(), texts.end(), isNumber);
+  std::sort(texts.begin(), texts.end(), [&](std::string_view a, std::string_view b) {
+    if ((a == kNoLevel) != (b == kNoLevel)) return b == kNoLevel;
+    const int left = byNumber ? LevelNumber(a).value_or(0) : 0;
+    const int right = byNumber ? LevelNumber(b).value_or(0) : 0;
+    return left != right ? left < right : a < b;
+  });
+}
+
+OccurringLevels LevelsOf(const MasterTable& table, std::size_t variable) {
+  OccurringLevels levels;
+  std::unordered_map<std::string_view, std::size_t> places;
+  for (std::size_t row = 0; row < table.RowCount(); ++row) {
+    if (places.emplace(table.Level(row, variable), 0).second) levels.Texts.push_back(table.Level(row, variable));
+  }
+  SortLevels(levels.Texts);
+  for (std::size_t place = 0; place < levels.Texts.size(); ++place) places[levels.Texts[place]] = place;
+  levels.OfRow.reserve(table.RowCount());
+  for (std::size_t row = 0; row < table.RowCount(); ++row) {
+    levels.OfRow.push_back(places.find(table.Level(row, variable))->second);
+  }
+  return levels;
+}
+
+// At its own place when its name stands there, since two variables may have one name.
+std::optional<std::size_t> VariableOf(const ProjectParameters& project, const MasterTable& table, std::size_t column) {
+  const std::string& name = table.Variables[column];
+  if (column < static_cast<std::size_t>(project.VariableCount) &&
+      WithoutOuterBlanks(project.VariableNames[column]) == name) {
+    return column;
+  }
+  return FindVariable(project, name);
+}
+
+// Two levels of one name are told apart by their numbers.
+void NameLevels(OccurringLevels& levels, const ProjectParameters* project, std::optional<std::size_t> variable) {
+  std::unordered_map<std::string, int> uses;
+  for (const std::string_view text : levels.Texts) {
+    std::string_view name;
+    if (project != nullptr && variable) name = LevelName(*project, *variable, LevelNumber(text).value_or(0));
+    ++uses[levels.Names.emplace_back(name.empty() ? text : name)];
+  }
+  for (std::size_t place = 0; place < levels.Names.size(); ++place) {
+    std::string& name = levels.Names[place];
+    if (uses[name] > 1) name.append(" (").append(levels.Texts[place]).append(")");
+  }
+}
+
+// The measures of one cell while its rows are taken.
+class OpenCell {
+ public:
+  OpenCell(const MasterTable& table, const MeansRequest& request)
+      : m_table(table),
+        m_request(request),
+        m_samples(request.Measures.size()),
+        m_uncomputed(request.Measures.size(), 0) {}
+
+  void Add(std::size_t row) {
+    for (std::size_t i = 0; i < m_samples.size(); ++i) {
+      const std::size_t measure = m_request.Measures[i];
+      const bool isUncomputed = m_table.IsUncomputed(row, measure);
+      if (isUncomputed) ++m_uncomputed[i];
+      if (!isUncomputed || !m_request.LeavesOutUncomputed) m_samples[i].Add(m_table.Value(row, measure));
+    }
+  }
+
+  // Leaves the cell empty for the next one.
+  MeansCell Close(std::vector<std::string> levels) {
+    MeansCell cell{std::move(levels), {}, m_uncomputed};
+    for (Sample& sample : m_samples) cell.Measures.push_back(std::exchange(sample, {}).Statistics());
+    std::fill(m_uncomputed.begin(), m_uncomputed.end(), 0);
+    return cell;
+  }
+
+ private:
+  const MasterTable& m_table;
+  const MeansRequest& m_request;
+  std::vector<Sample> m_samples;
+  std::vector<std::size_t> m_uncomputed;
+};
+
+// Sorted by their levels, the rows of a cell lie together, in their own order.
+std::vector<std::size_t> RowsByLevels(std::size_t rowCount, const std::vector<OccurringLevels>& variables) {
+  std::vector<std::size_t> rows(rowCount);
+  std::iota(rows.begin(), rows.end(), std::size_t{0});
+  for (std::size_t variable = variables.size(); variable-- > 0;) {
+    const std::vector<std::size_t>& levels = variables[variable].OfRow;
+    std::stable_sort(rows.begin(), rows.end(), [&](std::size_t a, std::size_t b) { return levels[a] < levels[b]; });
+  }
+  return rows;
+}
+
+void AppendCells(const MasterTable& table, const MeansRequest& request, const std::vector<OccurringLevels>& variables,
+                 std::vector<MeansCell>& cells) {
+  const auto haveSameLevels = [&](std::size_t a, std::size_t b) {
+    return std::all_of(variables.begin(), variables.end(),
+                       [&](const OccurringLevels& levels) { return levels.OfRow[a] == levels.OfRow[b]; });
+  };
+  OpenCell open(table, request);
+  std::optional<std::size_t> last;
+  const auto close = [&] {
+    std::vector<std::string> names;
+    names.reserve(variables.size());
+    for (const OccurringLevels& levels : variables) names.push_back(levels.Names[levels.OfRow[*last]]);
+    cells.push_back(open.Close(std::move(names)));
+  };
+  for (const std::size_t row : RowsByLevels(table.RowCount(), variables)) {
+    if (last && !haveSameLevels(*last, row)) close();
+    open.Add(row);
+    last = row;
+  }
+  if (last) close();
+}
+
+// The fewest digits that give the same number when they are read back; a zero before the point, never an exponent.
+std::string ExactNumber(double value) {
+  if (value == 0) return "0";  // also -0
+  char buffer[1100];           // the longest double, 2^-1074
+  const auto result = std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::fixed);
+  return {buffer, result.ptr};
+}
+
+std::string ExactNumber(const std::optional<double>& value) { return value ? ExactNumber(*value) : std::string(); }
+
+std::vector<std::string> LineOf(const MeansTable& means, const MeansCell& cell, std::size_t measure) {
+  const SampleStatistics& statistics = cell.Measures[measure];
+  std::vector<std::string> line = {means.Measures[measure]};
+  if (cell.Levels.empty()) {
+    line.insert(line.end(), means.Variables.size(), kAll);
+  } else {
+    line.insert(line.end(), cell.Levels.begin(), cell.Levels.end());
+  }
+  line.insert(line.end(), {std::to_string(statistics.N), ExactNumber(statistics.Mean), ExactNumber(statistics.Sd),
+                           ExactNumber(statistics.Low()), ExactNumber(statistics.High()),
+                           std::to_string(cell.Uncomputed[measure])});
+  return line;
+}
+
+template <typename AppendField>
+std::string TextOf(const MeansLines& lines, char separator, std::string_view lineEnd, AppendField appendField) {
+  std::string text;
+  const auto append = [&](const std::vector<std::string>& fields) {
+    for (std::size_t i = 0; i < fields.size(); ++i) {
+      if (i > 0) text += separator;
+      appendField(text, fields[i]);
+    }
+    text += lineEnd;
+  };
+  append(lines.Header);
+  for (const std::vector<std::string>& row : lines.Rows) append(row);
+  return text;
+}
+
+}  // namespace
+
+MeansTable ComputeMeans(const MasterTable& table, const MeansRequest& request, const ProjectParameters* project) {
+  MeansTable means;
+  for (const std::size_t measure : request.Measures) means.Measures.push_back(table.Measures[measure]);
+  std::vector<OccurringLevels> variables;
+  for (const std::size_t variable : request.Variables) {
+    means.Variables.push_back(table.Variables[variable]);
+    variables.push_back(LevelsOf(table, variable));
+    NameLevels(variables.back(), project, project != nullptr ? VariableOf(*project, table, variable) : std::nullopt);
+  }
+  if (!variables.empty()) AppendCells(table, request, variables, means.Cells);
+  OpenCell all(table, request);
+  for (std::size_t row = 0; row < table.RowCount(); ++row) all.Add(row);
+  means.Cells.push_back(all.Close({}));
+  return means;
+}
+
+MeansLines LinesOf(const MeansTable& means) {
+  MeansLines lines;
+  lines.Header = {"Measure"};
+  lines.Header.insert(lines.Header.end(), means.Variables.begin(), means.Variables.end());
+  lines.Header.insert(lines.Header.end(), {"n", "Mean", "SD", "95% CI Low", "95% CI High", "Not Computed"});
+  for (std::size_t measure = 0; measure < means.Measures.size(); ++measure) {
+    for (const MeansCell& cell : means.Cells) lines.Rows.push_back(LineOf(means, cell, measure));
+  }
+  return lines;
+}
+
+std::string CsvText(const MeansLines& lines) {
+  return TextOf(lines, ',', kCsvLineEnd,
+                [](std::string& text, const std::string& field) { AppendCsvField(text, field); });
+}
+
+// What would end a field or line becomes a blank: not every spreadsheet takes quotes here.
+std::string TabText(const MeansLines& lines) {
+  return TextOf(lines, '\t', "\n", [](std::string& text, const std::string& field) {
+    for (const char c : field) text += static_cast<unsigned char>(c) < 0x20 ? ' ' : c;
+  });
+}
+
+std::string ShownNumber(const std::optional<double>& value) {
+  if (!value) return {};
+  char buffer[330];  // the largest double has 309 digits before the point
+  const auto result =
+      std::to_chars(buffer, buffer + sizeof buffer, *value, std::chars_format::fixed, std::abs(*value) < 1 ? 3 : 2);
+  std::string text(buffer, result.ptr);
+  if (text == "-0.000") text.erase(0, 1);
+  return text;
+}
+
+}  // namespace zova

@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The file is that of SerialPositions.cpp.
+
+#include "means/SerialPositionTable.h"
+
+#include "means/MasterFields.h"
+#include "text/Encoding.h"
+
+namespace zova {
+
+namespace {
+
+constexpr std::string_view kPositionName = "SP(Test % Pos %)";
+
+// Test by test, position by position, none missing.
+bool TakeShape(const std::vector<std::string_view>& names, SerialPositionTable& table) {
+  if (names.size() < 2 || names.front() != "Type") return false;
+  const auto last = NumbersIn(names.back(), kPositionName);
+  if (!last) return false;
+  const auto [tests, positions] = *last;
+  const std::size_t columns = names.size() - 1;
+  if (static_cast<std::size_t>(tests) * static_cast<std::size_t>(positions) != columns) return false;
+  for (std::size_t column = 0; column < columns; ++column) {
+    const auto numbers = NumbersIn(names[column + 1], kPositionName);
+    const int index = static_cast<int>(column);
+    if (numbers != std::array<int, 2>{index / positions + 1, index % positions + 1}) return false;
+  }
+  table.TestCount = tests;
+  table.PositionCount = positions;
+  return true;
+}
+
+bool TakeShares(const std::vector<std::string_view>& fields, std::string_view type, std::size_t count,
+                std::vector<double>& shares) {
+  if (fields.size() != count + 1 || fields.front() != type) return false;
+  for (std::size_t column = 1; column <= count; ++column) {
+    const auto share = MasterNumber(fields[column]);
+    if (!share) return false;
+    shares.push_back(*share);
+  }
+  return true;
+}
+
+PlotSeries CurveOf(const std::vector<double>& shares, int test, int positionCount) {
+  PlotSeries curve;
+  auto share = shares.begin() + static_cast<std::ptrdiff_t>(test - 1) * positionCount;
+  for (int position = 1; position <= positionCount; ++position, ++share) {
+    curve.Points.push_back({static_cast<double>(position), *share, std::nullopt});
+  }
+  return curve;
+}
+
+}  // namespace
+
+std::optional<SerialPositionTable> ParseSerialPositionMaster(std::string_view text) {
+  text = WithoutMarks(text);
+  SerialPositionTable table;
+  if (!TakeShape(FieldsOf(TakeLine(text)), table)) return std::nullopt;
+  const auto count = static_cast<std::size_t>(table.TestCount) * static_cast<std::size_t>(table.PositionCount);
+  if (!TakeShares(FieldsOf(TakeLine(text)), "Actual", count, table.Observed) ||
+      !TakeShares(FieldsOf(TakeLine(text)), "Smooth", count, table.Smoothed)) {
+    return std::nullopt;
+  }
+  return table;
+}
+
+PlotPicture PictureOf(const SerialPositionTable& table, const std::vector<int>& tests) {
+  PlotPicture picture;
+  picture.XLabel = "Serial position";
+  picture.YLabel = "Recall (share of subjects)";
+  for (int position = 1; position <= table.PositionCount; ++position) {
+    picture.Ticks.push_back(std::to_string(position));
+  }
+  for (const int test : tests) {
+    const std::string name = "Test " + std::to_string(test);
+    picture.Series.push_back(CurveOf(table.Observed, test, table.PositionCount));
+    picture.Series.back().Name = name;
+    picture.Series.push_back(CurveOf(table.Smoothed, test, table.PositionCount));
+    picture.Series.back().Name = name + ", smoothed";
+    picture.Series.back().IsDashed = true;
+  }
+  return picture;
+}
+
+}  // namespace zova

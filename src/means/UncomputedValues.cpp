@@ -1,0 +1,251 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Only shares have gaps (MasterColumns.h). The walk over the columns hands them on in the same order for every
+// subject, so that the names are put together once, and from then on the n-th share is known by its place.
+
+#include "means/UncomputedValues.h"
+
+#include <algorithm>
+#include <limits>
+#include <unordered_map>
+
+#include "master/NominalGroups.h"
+#include "master/RunSteps.h"
+#include "scoring/ScoreSubject.h"
+#include "text/TypedText.h"
+
+namespace zova {
+
+namespace {
+
+constexpr std::size_t kNone = std::numeric_limits<std::size_t>::max();
+
+// Where the walk's columns stand in a table.
+class ColumnFinder final : public ColumnSink {
+ public:
+  explicit ColumnFinder(const MasterTable& table) {
+    for (std::size_t measure = 0; measure < table.Measures.size(); ++measure) {
+      m_measures.emplace(table.Measures[measure], measure);
+    }
+  }
+  void Count(const ColumnOrigin& origin, const ColumnName& name, std::int16_t) override { (void)Find(origin, name); }
+  void Share(const ColumnOrigin& origin, const ColumnName& name, const Ratio&) override {
+    Shares.push_back(Find(origin, name));
+  }
+
+  FamilySet Families;               // of which the table has a column
+  std::vector<std::size_t> Shares;  // the measure of the n-th share of a walk, or kNone
+
+ private:
+  std::size_t Find(const ColumnOrigin& origin, const ColumnName& name) {
+    m_name.clear();
+    AppendColumnName(m_name, name);
+    const auto found = m_measures.find(m_name);
+    if (found == m_measures.end()) return kNone;
+    Families.Add(origin.Family);
+    return found->second;
+  }
+
+  std::unordered_map<std::string_view, std::size_t> m_measures;
+  std::string m_name;
+};
+
+ColumnFinder FindColumns(const ProjectParameters& project, const MeasureSelection& selection,
+                         const MasterTable& table) {
+  ScoringArrays empty;
+  ResetScores(empty, project);
+  ColumnFinder finder(table);
+  WalkMeasureColumns(project, selection, MasterKind::Individual, empty, finder);
+  return finder;
+}
+
+// Marks the zeros of a row whose shares have no value.
+class GapMarker final : public ColumnSink {
+ public:
+  GapMarker(MasterTable& table, std::size_t row, const std::vector<std::size_t>& shares)
+      : m_table(table), m_row(row), m_shares(shares) {}
+  void Count(const ColumnOrigin&, const ColumnName&, std::int16_t) override {}
+  void Share(const ColumnOrigin&, const ColumnName&, const Ratio& value) override {
+    const std::size_t measure = m_shares[m_next++];
+    if (measure == kNone || value.Gap == ScoreGap::None || m_table.Value(m_row, measure) != 0) return;
+    m_table.Uncomputed[m_row * m_table.Measures.size() + measure] = true;
+  }
+
+ private:
+  MasterTable& m_table;
+  std::size_t m_row;
+  const std::vector<std::size_t>& m_shares;
+  std::size_t m_next = 0;
+};
+
+// Gives up every step that fails.
+class SilentBoxes final : public MessageBoxes {
+ public:
+  BoxAnswer Show(const MessageBox&) override { return BoxAnswer::Cancel; }
+};
+
+// The project's subjects by their identifiers; numbers from 1 as SubjectReader has them.
+class KnownSubjects {
+ public:
+  explicit KnownSubjects(const SubjectReader& reader) {
+    for (int k = 1; k <= reader.Count(); ++k) {
+      const std::string id(WithoutOuterBlanks(reader.SubjectId(k)));
+      m_longest = std::max(m_longest, id.size());
+      m_numbers.emplace(id, k);
+    }
+  }
+
+  // 0 for a subject that is not there.
+  [[nodiscard]] int NumberOf(std::string_view id) const {
+    const auto found = m_numbers.find(std::string(WithoutOuterBlanks(id)));
+    return found == m_numbers.end() ? 0 : found->second;
+  }
+
+  // The members that a label like "Group 3 (4+17+9)" names; none when they are not all known. Identifiers can hold a
+  // plus sign too, so that each has to begin where what follows it can be taken apart to the end.
+  [[nodiscard]] std::vector<int> MembersOf(std::string_view label) const {
+    const std::size_t open = label.find('(');
+    if (!label.starts_with("Group ") || open == std::string_view::npos || !label.ends_with(')')) return {};
+    const std::string_view ids = label.substr(open + 1, label.size() - open - 2);
+    std::vector<int> firsts(ids.size() + 2, 0);      // by place: the member there, when all from there on are known
+    std::vector<std::size_t> nexts(ids.size() + 2);  // and where the next one begins
+    for (std::size_t begin = ids.size(); begin-- > 0;) {
+      if (begin > 0 && ids[begin - 1] != '+') continue;
+      for (std::size_t end = begin; firsts[begin] == 0 && end < ids.size() && end - begin <= m_longest;) {
+        end = std::min(ids.find('+', end + 1), ids.size());
+        if (end < ids.size() && firsts[end + 1] == 0) continue;
+        firsts[begin] = NumberOf(ids.substr(begin, end - begin));
+        nexts[begin] = end + 1;
+      }
+    }
+    std::vector<int> members;
+    for (std::size_t place = 0; place < ids.size() && firsts[place] > 0; place = nexts[place]) {
+      members.push_back(firsts[place]);
+    }
+    return members;
+  }
+
+ private:
+  std::unordered_map<std::string, int> m_numbers;
+  std::size_t m_longest = 0;
+};
+
+// Scores the rows of a table again.
+class Rescoring {
+ public:
+  Rescoring(const ProjectParameters& project, const FamilySet& families, Disk& disk)
+      : m_project(project),
+        m_families(families),
+        m_errors(m_boxes),
+        m_reader(project, disk, m_errors),
+        m_isListed(m_reader.List()),
+        m_known(m_reader),
+        m_pool(project) {}
+
+  // False for a subject or group that cannot be scored.
+  bool Score(const std::string& subject) {
+    if (!m_isListed) return false;
+    const int number = m_known.NumberOf(subject);
+    const std::vector<int> members = number > 0 ? std::vector<int>{} : m_known.MembersOf(subject);
+    if (number == 0 && members.empty()) return false;
+    try {
+      if (number > 0) {
+        m_reader.Read(number, m_record);
+        ScoreSubject(m_record.Lists, m_project, m_families, m_scores);
+      } else {
+        ScoreGroup(members);
+      }
+      return true;
+    } catch (const FileError&) {
+      return false;
+    } catch (const RunError&) {
+      return false;
+    }
+  }
+
+  [[nodiscard]] const ScoringArrays& Scores() const noexcept { return m_scores; }
+
+ private:
+  void ScoreGroup(const std::vector<int>& members) {
+    m_pool.Reset();
+    for (const int member : members) {
+      m_reader.Read(member, m_record);
+      m_pool.Add(m_record.Lists);
+    }
+    ScoreSubject(m_pool.Pooled(), m_project, m_families, m_scores);
+  }
+
+  const ProjectParameters& m_project;
+  FamilySet m_families;
+  SilentBoxes m_boxes;
+  FileErrorHandler m_errors;
+  SubjectReader m_reader;
+  bool m_isListed;
+  KnownSubjects m_known;
+  GroupRecall m_pool;
+  SubjectRecord m_record;
+  ScoringArrays m_scores;
+};
+
+// Tells the bar of each new percentage.
+class ReadingProgress {
+ public:
+  ReadingProgress(Progress& bar, std::size_t total) : m_bar(bar), m_total(total) {}
+  void Show(std::size_t done) {
+    const int percent = static_cast<int>(done * 100 / m_total);
+    if (percent == m_percent) return;
+    m_percent = percent;
+    m_bar.Show(percent, "Reading subjects: " + std::to_string(percent) + "%");
+  }
+
+ private:
+  Progress& m_bar;
+  std::size_t m_total;
+  int m_percent = -1;
+};
+
+}  // namespace
+
+int MarkUncomputed(MasterTable& table, const ProjectParameters& project, Disk& disk, Progress& bar) {
+  MeasureSelection selection;
+  selection.SetDefaultMeasures(project);
+  const ColumnFinder columns = FindColumns(project, selection, table);
+  if (std::all_of(columns.Shares.begin(), columns.Shares.end(), [](std::size_t m) { return m == kNone; })) return 0;
+  Rescoring rescoring(project, columns.Families, disk);
+  ReadingProgress progress(bar, table.RowCount());
+  int failures = 0;
+  for (std::size_t row = 0; row < table.RowCount(); ++row) {
+    if (rescoring.Score(table.Subjects[row])) {
+      GapMarker marker(table, row, columns.Shares);
+      WalkMeasureColumns(project, selection, MasterKind::Individual, rescoring.Scores(), marker);
+    } else {
+      ++failures;
+    }
+    progress.Show(row + 1);
+  }
+  return failures;
+}
+
+ScoredTable::ScoredTable(const ProjectParameters& project, const MeasureSelection& selection)
+    : m_project(project), m_selection(selection) {}
+
+// The columns are found with the first subject: a master that could not have so many has none.
+bool ScoredTable::Take(const ScoredSubject& subject) {
+  if (m_table.Measures.empty()) TakeColumns();
+  const std::size_t row = m_table.RowCount();
+  const std::string_view fields = std::string_view(subject.MasterRow).substr(subject.SubjectId.size());
+  AddMasterRowOf(subject.SubjectId, fields.substr(std::min<std::size_t>(fields.size(), 1)), m_table);
+  if (m_table.RowCount() == row) return true;
+  GapMarker marker(m_table, row, m_shares);
+  WalkMeasureColumns(m_project, m_selection, MasterKind::Individual, subject.Scores, marker);
+  return true;
+}
+
+void ScoredTable::TakeColumns() {
+  TakeMasterHeader(BuildMasterHeader(m_project, m_selection, MasterKind::Individual).MasterHeader, m_table);
+  const auto names = m_project.VariableNames.begin();
+  m_table.Variables.assign(names, names + m_project.VariableCount);
+  m_shares = FindColumns(m_project, m_selection, m_table).Shares;
+}
+
+}  // namespace zova

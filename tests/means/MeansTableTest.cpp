@@ -1,0 +1,154 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "means/MeansTable.h"
+
+#include <set>
+#include <tuple>
+
+#include "means/MeasureName.h"
+#include "scoring/Examples.h"
+
+namespace zova::testing {
+namespace {
+
+TEST(Statistics, StudentTAsPrinted) {
+  const std::tuple<int, double, double> kPrinted[] = {{1, 12.706, 63.657}, {2, 4.303, 9.925},  {5, 2.571, 4.032},
+                                                      {10, 2.228, 3.169},  {30, 2.042, 2.750}, {120, 1.980, 2.617}};
+  for (const auto& [degrees, at95, at99] : kPrinted) {
+    EXPECT_NEAR(StudentT(degrees, .95), at95, .0005) << degrees;
+    EXPECT_NEAR(StudentT(degrees, .99), at99, .0005) << degrees;
+  }
+}
+
+TEST(Statistics, SpreadKeepsItsDigitsBesideALargeMean) {
+  Sample sample;
+  for (const double value : {1e9 + 1, 1e9 + 2, 1e9 + 4}) sample.Add(value);
+  EXPECT_DOUBLE_EQ(sample.Statistics().Mean.value_or(0), 1e9 + 7.0 / 3);
+  EXPECT_NEAR(sample.Statistics().Sd.value_or(0), 1.5275252316519468, 1e-12);
+}
+
+struct AllNames final : ColumnSink {
+  void Count(const ColumnOrigin&, const ColumnName& name, std::int16_t) override { Add(name); }
+  void Share(const ColumnOrigin&, const ColumnName& name, const Ratio&) override { Add(name); }
+  void Add(const ColumnName& name) { AppendColumnName(Names.emplace_back(), name); }
+  std::vector<std::string> Names;
+};
+
+TEST(MeasureName, EveryColumnOfAMasterHasAPlaceOfItsOwn) {
+  const ProjectParameters project = MakeProject(
+      {.Tests = 3, .Items = 8, .PerCategory = 4, .Minutes = 2, .MaxRating = 7, .Rated = "YYY", .Lures = true});
+  MeasureSelection everything;
+  everything.SetDefaultMeasures(project);
+  ScoringArrays scores;
+  ResetScores(scores, project);
+  AllNames columns;
+  WalkMeasureColumns(project, everything, MasterKind::Individual, scores, columns);
+  std::set<std::string> families;
+  std::set<std::tuple<std::string, int, int>> places;
+  for (const std::string& column : columns.Names) {
+    const auto name = ParseMeasureName(column);
+    ASSERT_TRUE(name) << column;
+    families.emplace(name->Family);
+    EXPECT_TRUE(places.emplace(name->Family, name->Test, name->Index).second) << column;
+  }
+  EXPECT_EQ(families.size(), 42U) << "the project misses a family";
+}
+
+TEST(MeasureName, NamesAreTakenApart) {
+  const std::tuple<const char*, MeasureAxis, int, int> kNames[] = {
+      {"Net(Test 12)", MeasureAxis::Test, 12, 12},
+      {"Up(Test 1 to 5)", MeasureAxis::TestPair, 1, 5},
+      {"Bi-ITR(Tests 2 and 3)", MeasureAxis::TestPair, 2, 3},
+      {"#OfCats(Test 2 Min 31)", MeasureAxis::Minute, 2, 31},
+      {"FalseCumulative(Min 90)", MeasureAxis::RunningMinute, 0, 90},
+      {"LuresWithPattern(NCC)", MeasureAxis::Pattern, 0, 4},
+      {"Lure(Test# 2 Lure# 3)", MeasureAxis::Lure, 2, 3}};
+  for (const auto& [text, axis, test, index] : kNames) {
+    const auto name = ParseMeasureName(text);
+    ASSERT_TRUE(name) << text;
+    EXPECT_EQ(std::tuple(name->Axis, name->Test, name->Index), std::tuple(axis, test, index)) << text;
+  }
+  for (const char* text : {"", "Sex", "Net", "Net(Test 1", "Net(Test 01)", "Net(Test 0)", "Net(Test 1) ", "net(Test 1)",
+                           "Net(Test 1 to 2)", "Up(Test 2 to 1)", "Bi-ITR(Test 1 to 2)", "Net(Test 123456)",
+                           "ItemsWithPattern()", "ItemsWithPattern(NX)", "ItemsWithPattern(NNNNNNNNNNNNNNNN)"}) {
+    EXPECT_FALSE(ParseMeasureName(text)) << text;
+  }
+}
+
+TEST(MasterTable, ReadsWhatFitsTheHeader) {
+  const char* const text =
+      "Sub ID's, Sex, Net(Test 1), Odd one, ArcScore(Test 1)\r\n"
+      "17,  2,  5,  0, -.457\n"
+      "\r\n"
+      "4, XXXXXXX,  12,  1,  .285\r\n"
+      "Sub ID's, Sex, Net(Test 1), Odd one, ArcScore(Test 1)\r\n"
+      "4,  1,  1e1,  0,  0\r\n4,  1,  inf,  0,  0\r\n4,  1,  ,  0,  0\r\n4,  1,  -,  0,  0\r\n"
+      "5,  1,  1,  1\r\n5,  1,  1,  1,  1,  1\r\n"
+      "17,1,1,2.5,1\x1a rest, 1, 1, 1, 1";
+  const auto table = ParseMaster(text, "");
+  ASSERT_TRUE(table);
+  EXPECT_EQ(table->Variables, std::vector<std::string>{"Sex"});
+  EXPECT_EQ(table->Measures, (std::vector<std::string>{"Net(Test 1)", "Odd one", "ArcScore(Test 1)"}));
+  EXPECT_EQ(table->Subjects, (std::vector<std::string>{"17", "4", "17"}));
+  EXPECT_EQ(table->Levels, (std::vector<std::string>{"2", "XXXXXXX", "1"}));
+  EXPECT_EQ(table->Values, (std::vector<double>{5, 0, -.457, 12, 1, .285, 1, 2.5, 1}));
+  EXPECT_EQ(table->SkippedLines, 7);
+  EXPECT_EQ(table->RepeatedSubjects, 1);
+
+  const auto piece = ParseMaster(" Lure(Test# 1 Lure# 1), Lure(Test# 1 Lure# 2)\r\n  1,  0\r\n  0,  1\r\n", "");
+  ASSERT_TRUE(piece);
+  EXPECT_EQ(piece->Subjects, (std::vector<std::string>{"", ""}));
+  EXPECT_EQ(piece->Values, (std::vector<double>{1, 0, 0, 1}));
+  EXPECT_EQ(piece->RepeatedSubjects, 0);
+
+  EXPECT_EQ(ParseMaster("1,  3\r\n2,  4\r\n", "Sub ID's, Net(Test 1)").value_or(MasterTable{}).Values,
+            (std::vector<double>{3, 4}));
+  EXPECT_FALSE(ParseMaster("1,  3\r\n", "Sub ID's, Sex"));
+}
+
+constexpr const char* kMaster =
+    "Sub ID's, Dose, Sex, Net(Test 1), ArcScore(Test 1)\r\n"
+    "1,  10,  2,  1,  0\r\n2,  2,  1,  5,  .5\r\n3,  10,  2,  3,  .25\r\n4,  2,  3,  5,  0\r\n5,  XXXXXXX,  1,  5,  "
+    "0\r\n";
+
+TEST(MeansTable, ARowPerCombinationAndTheTotal) {
+  auto table = ParseMaster(kMaster, "").value_or(MasterTable{});
+  ASSERT_EQ(table.RowCount(), 5U);
+  table.Uncomputed[1] = table.Uncomputed[7] = true;  // ArcScore of subjects 1 and 4
+  ProjectParameters project;
+  project.VariableCount = 2;
+  project.VariableNames = {"Sex", "Dose"};
+  project.LevelCounts = {2, 2};
+  project.LevelNames = {{{"Woman, or girl", "Woman, or girl"}, {"none", "low"}}};
+
+  EXPECT_EQ(CsvText(LinesOf(ComputeMeans(table, {{0}, {0, 1}}, &project))),
+            "Measure,Dose,Sex,n,Mean,SD,95% CI Low,95% CI High,Not Computed\r\n"
+            "Net(Test 1),low,\"Woman, or girl (1)\",1,5,,,,0\r\n"
+            "Net(Test 1),low,3,1,5,,,,0\r\n"
+            "Net(Test 1),10,\"Woman, or girl (2)\",2,2,1.4142135623730951,-10.706204736174694,14.706204736174694,0\r\n"
+            "Net(Test 1),XXXXXXX,\"Woman, or girl (1)\",1,5,,,,0\r\n"
+            "Net(Test 1),(all),(all),5,3.8,1.7888543819998317,1.5788439158417655,6.021156084158234,0\r\n");
+  const MeansTable computed = ComputeMeans(table, {{1, 0}, {0}, true}, nullptr);
+  EXPECT_EQ(TabText(LinesOf(computed)).substr(0, 147),
+            "Measure\tDose\tn\tMean\tSD\t95% CI Low\t95% CI High\tNot Computed\n"
+            "ArcScore(Test 1)\t2\t1\t0.5\t\t\t\t1\n"
+            "ArcScore(Test 1)\t10\t1\t0.25\t\t\t\t1\n"
+            "ArcScore(Test 1)\tXXXXXXX\t1");
+  EXPECT_EQ(computed.Cells.back().Measures[0].N, 3U);
+  EXPECT_EQ(computed.Cells.back().Measures[1].N, 5U);
+  EXPECT_EQ(ComputeMeans(table, {{1}, {0}}, nullptr).Cells[0].Measures[0].Mean, .25) << "marked, but not left out";
+
+  const MeansTable empty = ComputeMeans(ParseMaster("Sub ID's, Sex, Net(Test 1)", "").value(), {{0}, {0}}, nullptr);
+  EXPECT_EQ(CsvText(LinesOf(empty)),
+            "Measure,Sex,n,Mean,SD,95% CI Low,95% CI High,Not Computed\r\n"
+            "Net(Test 1),(all),0,,,,,0\r\n");
+}
+
+TEST(MeansTable, NumbersOnTheScreen) {
+  const std::pair<std::optional<double>, const char*> kCases[] = {
+      {{}, ""}, {12, "12.00"}, {-.457, "-0.457"}, {-.0001, "0.000"}, {1.005, "1.00"}, {.12345, "0.123"}};
+  for (const auto& [value, text] : kCases) EXPECT_EQ(ShownNumber(value), text);
+}
+
+}  // namespace
+}  // namespace zova::testing

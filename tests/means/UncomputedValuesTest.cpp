@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "means/UncomputedValues.h"
+
+#include "scoring/Examples.h"
+#include "subjects/SubjectFile.h"
+#include "support/FakePlatform.h"
+#include "support/Scratch.h"
+
+namespace zova::testing {
+namespace {
+
+// Eight items in two categories; two variables, the first with a comma in its name.
+struct Lab {
+  Lab() {
+    Project.Abbreviation = "AB";
+    Project.PrimaryDir = "C:\\Data";
+    Project.VariableCount = 1;
+    Project.VariableNames[0] = "Sex, or gender";
+    Selection.SetDefaultMeasures(Project);
+  }
+  void Put(const std::string& id, const std::string& lists) const {
+    SubjectRecord record;
+    record.Lists = MakeLists(Project, lists);
+    Files.Put("C:\\Data\\Sdata\\AB Sub#" + id + ".dat", FormatSubject(record, Project));
+  }
+  void Take(ScoredTable& table, const std::string& id, const std::string& lists) const {
+    SubjectRecord record;
+    record.Lists = MakeLists(Project, lists);
+    const ScoringArrays scores = Scored(Project, lists);
+    std::string row;
+    BuildMasterRow(id, record.Levels, Project, Selection, scores, row);
+    EXPECT_TRUE(table.Take({id, record, scores, row}));
+  }
+  // The rows with what is marked in them: "1: ArcScore(Test 1), ...; ".
+  static std::string Marked(const MasterTable& table) {
+    std::string text;
+    for (std::size_t row = 0; row < table.RowCount(); ++row) {
+      text += table.Subjects[row] + ":";
+      for (std::size_t m = 0; m < table.Measures.size(); ++m) {
+        if (table.IsUncomputed(row, m)) text += " " + table.Measures[m];
+      }
+      text += "; ";
+    }
+    return text;
+  }
+
+  Scratch Files;
+  ProjectParameters Project = MakeProject({.Items = 8, .PerCategory = 4});
+  MeasureSelection Selection;
+};
+
+TEST(UncomputedValues, OfARunWithoutReadingItBack) {
+  const Lab lab;
+  ScoredTable table(lab.Project, lab.Selection);
+  lab.Take(table, "1, the first", "1 5 6 2 | 1 2 5");  // a clustering of exactly 0, and one with a value
+  lab.Take(table, "2", "1 2 3 | ");
+  EXPECT_EQ(table.Table().Variables, std::vector<std::string>{"Sex, or gender"});
+  EXPECT_EQ(table.Table().SkippedLines, 0);
+  EXPECT_EQ(Lab::Marked(table.Table()),
+            "1, the first:; 2: ArcScore(Test 1) ArcScore(Test 2) Bi-ITR(Tests 1 and 2) AvgItemsPerCat(Test 2); ");
+}
+
+TEST(UncomputedValues, OfAMasterByScoringItsSubjectsAgain) {
+  Lab lab;
+  lab.Put("zero", "1 5 6 2 | 1 2 5");
+  lab.Put("gap", "1 2 3 | ");
+  lab.Put("full", "1 2 5 | 5 6 1");
+  lab.Put("a+b", " | ");
+  lab.Put("a", "1 | ");
+  lab.Put("c", " | 1");
+  lab.Files.Put("C:\\Data\\Sdata\\AB Sub#torn.dat", "1,2");
+  auto table = ParseMaster(
+      "Sub ID's, Net(Test 1), ArcScore(Test 1), AvgItemsPerCat(Test 2)\n"
+      "full,  0,  0,  0\nzero,  0,  0,  0\ngap,  0,  0,  0\ngap,  0,  .5,  0\ngone,  0,  0,  0\ntorn,  0,  0,  0\n"
+      "Group 1 (a+b+c),  0,  0,  0\nGroup 2 (gap+a),  0,  0,  0\nGroup 3 (a+gone),  0,  0,  0\n",
+      "");
+  ASSERT_TRUE(table);
+  Disk disk(lab.Files.MakeDisk());
+  RecordingProgress bar;
+  EXPECT_EQ(MarkUncomputed(*table, lab.Project, disk, bar), 3);
+  EXPECT_EQ(bar.Shown.back(), 100);
+  EXPECT_EQ(Lab::Marked(*table),
+            "full:; zero:; gap: ArcScore(Test 1) AvgItemsPerCat(Test 2); gap: AvgItemsPerCat(Test 2); gone:; torn:; "
+            "Group 1 (a+b+c): ArcScore(Test 1); Group 2 (gap+a): ArcScore(Test 1) AvgItemsPerCat(Test 2); "
+            "Group 3 (a+gone):; ");
+}
+
+TEST(UncomputedValues, AnOverflowElsewhereIsNoFault) {
+  Lab lab;
+  lab.Project = MakeProject({.Items = 200, .PerCategory = 100});
+  lab.Project.Abbreviation = "AB";
+  lab.Project.PrimaryDir = "C:\\Data";
+  lab.Put("1", Sequence(150) + "| " + Sequence(150));  // too many in common for Bi-ITR
+  Disk disk(lab.Files.MakeDisk());
+  RecordingProgress bar;
+  auto averages = ParseMaster("Sub ID's, AvgItemsPerCat(Test 1)\n1,  0\n", "");
+  EXPECT_EQ(MarkUncomputed(*averages, lab.Project, disk, bar), 0);
+  auto repetition = ParseMaster("Sub ID's, Bi-ITR(Tests 1 and 2)\n1,  0\n", "");
+  EXPECT_EQ(MarkUncomputed(*repetition, lab.Project, disk, bar), 1);
+}
+
+}  // namespace
+}  // namespace zova::testing
