@@ -6,6 +6,7 @@
 #include <QCloseEvent>
 #include <QMenuBar>
 #include <QScreen>
+#include <QShortcut>
 #include <QStackedWidget>
 
 #include "app/Controls.h"
@@ -15,6 +16,7 @@
 #include "app/LocationPanel.h"
 #include "app/MainPanel.h"
 #include "app/MasterPanel.h"
+#include "app/MeansPanel.h"
 #include "app/MeasurePanel.h"
 #include "app/OrderPanel.h"
 #include "app/ProgressPanel.h"
@@ -35,11 +37,13 @@ MainWindow::MainWindow(Session& session, QtProgress& progress)
       m_measures(Add(new MeasurePanel(session.Masters(), [this] { Run(&Session::ShowMeasuresHelp); }))),
       m_order(Add(new OrderPanel(session.Masters()))),
       m_groups(Add(new GroupPanel(session.Masters()))),
-      m_progress(Add(new ProgressPanel(progress))) {
+      m_progress(Add(new ProgressPanel(progress))),
+      m_means(Add(new MeansPanel(session))) {
   setObjectName("frmZova");
   setWindowTitle("ZOVA");
   setCentralWidget(m_panels);
   m_session.SetObserver([this] { Refresh(); });
+  connect(new QShortcut(Qt::Key_F1, this), &QShortcut::activated, this, [this] { Run(&Session::ShowScreenHelp); });
   Refresh();
   // Less the window's title, so that its lower edge stays in sight on a small screen.
   const QSize free = screen()->availableSize() - QSize(0, 2 * fontMetrics().height() + 8);
@@ -63,6 +67,7 @@ Panel* MainWindow::PanelOf(Screen screen) const {
     case Screen::Identification: return m_identification;
     case Screen::Entry: return m_entry;
     case Screen::Masters: return PanelOf(m_session.Masters().CurrentStage());
+    case Screen::Means: return m_means;
   }
   return m_main;
 }

@@ -54,9 +54,9 @@ constexpr MenuEntry kEntries[] = {
     {"mnuMoveParam", "&Change 'Param' Folder Location", &States::MoveParam, &Session::ChangeParamLocation},
 
     {"mnuHelp", "&Help"},
-    {"mnuTopics", "&Topics", &States::Topics, &Session::ShowTopics, nullptr, "F1"},
+    {"mnuTopics", "&Topics", &States::Topics, &Session::ShowTopics},
     kSeparator,
-    {"mnuAbout", "&About ZOVA 2.0", &States::About, &Session::ShowAbout},
+    {"mnuAbout", "&About ZOVA " ZOVA_VERSION, &States::About, &Session::ShowAbout},
 };
 
 }  // namespace

@@ -29,17 +29,37 @@ QString StartDirectory(Disk& disk, const std::string& path) {
   }
 }
 
+// "pdf" for the filter of "*.pdf"; "" for that of all files.
+QString EndingOf(const FileQuestion& question, const QStringList& filters, const QString& filter) {
+  const auto place = filters.indexOf(filter);
+  if (place < 0) return {};
+  const std::string& pattern = question.Filters[static_cast<std::size_t>(place)].Pattern;
+  return pattern.starts_with("*.") && pattern != "*.*" ? ToQt(pattern.substr(2)) : QString();
+}
+
 }  // namespace
 
-std::optional<std::string> QtChoosers::ChooseFile(const FileQuestion& question) {
+std::optional<std::string> QtChoosers::ChooseFile(const FileQuestion& question) { return Ask(question, false); }
+
+std::optional<std::string> QtChoosers::ChooseNewFile(const FileQuestion& question) { return Ask(question, true); }
+
+std::optional<std::string> QtChoosers::Ask(const FileQuestion& question, bool isNew) {
   const QtDesktop::Pause pause(m_desktop);
   QFileDialog dialog(pause.Window(), ToQt(question.Title), StartDirectory(m_disk, question.Directory));
-  dialog.setFileMode(QFileDialog::ExistingFile);
+  dialog.setFileMode(isNew ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+  dialog.setAcceptMode(isNew ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
   dialog.setOption(QFileDialog::HideNameFilterDetails);
 #if !defined(Q_OS_WIN) && !defined(Q_OS_MACOS)
   dialog.setOption(QFileDialog::DontUseNativeDialog);  // those of Linux cut the captions at their first bracket
 #endif
-  dialog.setNameFilters(FilterTexts(question.Filters));
+  const QStringList filters = FilterTexts(question.Filters);
+  dialog.setNameFilters(filters);
+  if (isNew) {
+    dialog.selectFile(ToQt(question.Name));
+    const auto follow = [&](const QString& filter) { dialog.setDefaultSuffix(EndingOf(question, filters, filter)); };
+    QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, follow);
+    follow(filters.value(0));
+  }
   if (dialog.exec() != QFileDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
   return m_disk.Drives().ToDrivePath(FromQt(QDir::toNativeSeparators(dialog.selectedFiles().constFirst())));
 }

@@ -11,8 +11,11 @@ class QtChoosers final : public Choosers {
  public:
   QtChoosers(Disk& disk, QtDesktop& desktop) : m_disk(disk), m_desktop(desktop) {}
   std::optional<std::string> ChooseFile(const FileQuestion& question) override;
+  std::optional<std::string> ChooseNewFile(const FileQuestion& question) override;
 
  private:
+  std::optional<std::string> Ask(const FileQuestion& question, bool isNew);
+
   Disk& m_disk;
   QtDesktop& m_desktop;
 };

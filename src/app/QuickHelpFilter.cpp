@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/QuickHelpFilter.h"
 
+#include <QApplication>
 #include <QContextMenuEvent>
 #include <QFrame>
 #include <QScreen>
@@ -12,6 +13,11 @@
 namespace zova {
 
 namespace {
+
+bool AsksForHelp(const QKeyEvent& event) {
+  return event.key() == Qt::Key_Menu || event.key() == Qt::Key_Shift ||
+         (event.key() == Qt::Key_F10 && event.modifiers() == Qt::ShiftModifier);
+}
 
 // A popup window: it takes all keys and clicks while it is open, and Qt gives the focus back when it closes.
 class SentencePopup final : public QFrame {
@@ -31,21 +37,38 @@ class SentencePopup final : public QFrame {
   }
 
  protected:
-  void keyPressEvent(QKeyEvent*) override { close(); }
+  void keyPressEvent(QKeyEvent* event) override {
+    if (!AsksForHelp(*event)) close();  // the key that opened it comes here as well, or is held down
+  }
   void mousePressEvent(QMouseEvent*) override { close(); }
 };
 
 }  // namespace
 
 bool QuickHelpFilter::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() != QEvent::ContextMenu || !watched->isWidgetType()) return false;
-  const auto* asked = static_cast<QContextMenuEvent*>(event);
+  if (!watched->isWidgetType()) return false;
   auto* control = static_cast<QWidget*>(watched);
+#ifndef Q_OS_WIN
+  // Qt itself knows Shift+F10 on Windows alone.
+  if (event->type() == QEvent::KeyPress && !QApplication::activePopupWidget()) {
+    const auto* press = static_cast<QKeyEvent*>(event);
+    if (press->key() == Qt::Key_F10 && press->modifiers() == Qt::ShiftModifier) {
+      const QPoint middle = control->rect().center();
+      QContextMenuEvent asked(QContextMenuEvent::Keyboard, middle, control->mapToGlobal(middle));
+      QCoreApplication::sendEvent(control, &asked);
+      return true;
+    }
+  }
+#endif
+  return event->type() == QEvent::ContextMenu && Answer(control, *static_cast<QContextMenuEvent*>(event));
+}
+
+bool QuickHelpFilter::Answer(QWidget* control, const QContextMenuEvent& event) {
   QPoint place = control->mapToGlobal(control->rect().bottomLeft());
-  if (asked->reason() == QContextMenuEvent::Mouse) {
-    place = asked->globalPos();
+  if (event.reason() == QContextMenuEvent::Mouse) {
+    place = event.globalPos();
     // A control that is greyed out may leave its clicks to what it stands on.
-    if (QWidget* child = control->childAt(asked->pos())) control = child;
+    if (QWidget* child = control->childAt(event.pos())) control = child;
   }
   for (; control; control = control->isWindow() ? nullptr : control->parentWidget()) {
     const bool hasEditMenu = qobject_cast<QLineEdit*>(control) && control->isEnabled();

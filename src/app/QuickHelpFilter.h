@@ -3,9 +3,12 @@
 
 #include <QObject>
 
+class QContextMenuEvent;
+class QWidget;
+
 namespace zova {
 
-/// To be installed on the QApplication. A right click on a control, or the keyboard's menu key, shows the control's
+/// To be installed on the QApplication. A right click on a control, or the menu key or Shift+F10, shows the control's
 /// one sentence beside it until the next key or click. A text box keeps its edit menu.
 class QuickHelpFilter : public QObject {
   Q_OBJECT
@@ -13,6 +16,9 @@ class QuickHelpFilter : public QObject {
  public:
   using QObject::QObject;
   bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  static bool Answer(QWidget* control, const QContextMenuEvent& event);
 };
 
 }  // namespace zova

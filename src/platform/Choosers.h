@@ -16,6 +16,7 @@ struct FileQuestion {
   std::string Title;
   std::string Directory;            ///< where the dialog starts, a drive-letter path
   std::vector<FileFilter> Filters;  ///< the first is chosen
+  std::string Name = {};            ///< proposed for a new file
 };
 
 /// The platform's dialogs that choose a file.
@@ -24,6 +25,9 @@ class Choosers {
   virtual ~Choosers() = default;
   /// The drive-letter path of an existing file; nothing when the user cancelled.
   virtual std::optional<std::string> ChooseFile(const FileQuestion& question) = 0;
+  /// That of a file to be written; replacing one that exists was agreed to. A name typed without an ending has that of
+  /// the chosen filter.
+  virtual std::optional<std::string> ChooseNewFile(const FileQuestion& question) = 0;
 };
 
 }  // namespace zova

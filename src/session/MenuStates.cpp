@@ -37,7 +37,8 @@ MenuStates MenusFor(const MenuFacts& facts) noexcept {
     case Screen::Viewing:
     case Screen::ParamLocation:
     case Screen::BackupDestination:
-    case Screen::Masters: break;
+    case Screen::Masters:
+    case Screen::Means: break;
     case Screen::Identification: AllowPreferences(states, facts); break;
     case Screen::Entry:
       AllowPreferences(states, facts);

@@ -28,8 +28,12 @@ Session::Session(const SessionPlatform& platform, std::string programDir, std::f
       m_locationBrowser(platform.Files, platform.Boxes, kPathNotFound),
       m_identification(m_record, {platform.Files, platform.Boxes, m_errors, platform.Dialogs, platform.Pointer}),
       m_entry(m_record, m_preferences, {platform.Files, platform.Boxes, m_errors, platform.Pointer}),
-      m_masters({platform.Files, platform.Boxes, m_errors, platform.Pointer, platform.Bar}) {
+      m_masters({platform.Files, platform.Boxes, m_errors, platform.Pointer, platform.Bar}),
+      m_means({platform.Files, platform.Boxes, m_errors, platform.Dialogs, platform.Pointer, platform.Bar}) {
   m_masters.SetObserver([this] { FollowMasters(); });
+  m_means.SetObserver([this] {
+    if (m_observer) m_observer();
+  });
 }
 
 void Session::Prepare() {
@@ -228,22 +232,6 @@ void Session::ToggleNextBlankSpace() noexcept {
 
 void Session::ToggleAutosave() {
   if (Menus().Autosave) m_entry.SetAutosave(!m_preferences.Autosave);
-}
-
-void Session::ShowTopics() {
-  m_location.NoteOtherAct();
-  m_platform.Help.ShowHelp(HelpFile(m_programDir), "");
-}
-
-void Session::ShowAbout() {
-  m_location.NoteOtherAct();
-  m_platform.Boxes.Show({.Text = "ZOVA\nVersion 2.0",
-                         .Icon = BoxIcon::Information,
-                         .Title = "About ZOVA 2.0",
-                         .Details = "Scores free-recall experiments with repeated tests.\n\n"
-                                    "Free software under the GNU General Public License, version 3 or later, without "
-                                    "any warranty.\n\nPlease report a fault to whoever gave you this program, with "
-                                    "the project's parameter file and what you did last."});
 }
 
 }  // namespace zova

@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 
+#include "means/MeansExaminer.h"
 #include "platform/Choosers.h"
 #include "platform/Desktop.h"
 #include "platform/DirectoryBrowser.h"
@@ -82,6 +83,7 @@ class Session {
   void ChangeParamLocation();
   // Help
   void ShowTopics();
+  void ShowScreenHelp();  ///< of the screen that is up
   void ShowAbout();
 
   NewProjectWizard& Wizard() noexcept { return m_wizard; }
@@ -105,6 +107,10 @@ class Session {
   /// The last master made in this run of the program, or "".
   [[nodiscard]] const std::string& LastMaster() const noexcept { return m_masters.LastMaster(); }
   void OpenLastMasterFolder();
+
+  /// The rules of Examine Means; `Shown` is Means while it is up.
+  MeansExaminer& Means() noexcept { return m_means; }
+  void CloseMeans();
 
   // The panel on which a directory is chosen, in its three forms.
   [[nodiscard]] LocationTexts LocationTextsShown() const;
@@ -151,6 +157,7 @@ class Session {
   SubjectIdentification m_identification;
   SubjectEntry m_entry;
   MasterFlow m_masters;
+  MeansExaminer m_means;
   bool m_entersNewSubjects = false;  // after a complete save the next one is asked for
   std::function<void()> m_observer;
   Screen m_screen = Screen::Main;

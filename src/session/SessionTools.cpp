@@ -9,7 +9,17 @@
 
 namespace zova {
 
-void Session::ExamineMeans() { OpenFirst(); }
+void Session::ExamineMeans() {
+  if (!OpenFirst()) return;
+  m_screen = Screen::Means;
+  m_means.Open(*m_project, m_masters.LastHeader());
+}
+
+void Session::CloseMeans() {
+  if (m_screen != Screen::Means) return;
+  m_means.Close();
+  Show(Screen::Main);
+}
 
 void Session::CreateNewMaster() {
   if (!OpenFirst()) return;
@@ -32,8 +42,6 @@ void Session::CreateNewMaster() {
 void Session::FollowMasters() {
   Show(m_masters.CurrentStage() == MasterFlow::Stage::Closed ? Screen::Main : Screen::Masters);
 }
-
-void Session::ShowMeasuresHelp() { m_platform.Help.ShowHelp(HelpFile(m_programDir), "measures"); }
 
 void Session::OpenLastMasterFolder() {
   if (LastMaster().empty()) return;

@@ -24,6 +24,7 @@ struct ExampleChooser final : Choosers {
     if (Meanwhile) Meanwhile();
     return "C:\\Param\\Example.prm";
   }
+  std::optional<std::string> ChooseNewFile(const FileQuestion&) override { return std::nullopt; }
   std::function<void()> Meanwhile;
 };
 
@@ -83,6 +84,10 @@ TEST_F(MainWindowTest, EntriesAndPanelFollowTheSession) {
   EXPECT_FALSE(Entry("mnuautosave")->isChecked() || m_session.Chosen().Autosave);
   Entry("mnuView")->trigger();
   EXPECT_TRUE(m_window.findChild<QWidget*>("fraParam")->isVisible());
+  m_window.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&m_window));
+  QTest::keyClick(m_window.findChild<QWidget*>("txtExp"), Qt::Key_F1);
+  EXPECT_EQ(m_help.Shown, "C:\\ZOVA\\ZOVA2.hlp#viewing");
   EXPECT_TRUE(!Entry("mnuOpen")->isEnabled() && Entry("mnuTopics")->isEnabled());
 }
 

@@ -30,6 +30,7 @@ class ScriptedChoosers final : public Choosers {
     Answers.pop_front();
     return answer;
   }
+  std::optional<std::string> ChooseNewFile(const FileQuestion& question) override { return ChooseFile(question); }
   std::deque<std::optional<std::string>> Answers;
   std::vector<FileQuestion> Questions;
 };

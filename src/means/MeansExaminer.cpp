@@ -1,0 +1,349 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "means/MeansExaminer.h"
+
+#include <algorithm>
+#include <numeric>
+#include <set>
+#include <utility>
+
+#include "master/MasterRun.h"
+#include "means/MeasureName.h"
+#include "means/UncomputedValues.h"
+#include "project/DirectoryRules.h"
+#include "text/Encoding.h"
+#include "text/TypedText.h"
+
+namespace zova {
+
+namespace {
+
+constexpr const char* kNoHeader = "Its first line is no header: it has no name of a measure.";
+
+std::string Counted(std::size_t count, const char* one, const char* several) {
+  return std::to_string(count) + " " + (count == 1 ? one : several);
+}
+
+std::string_view FirstLine(std::string_view text) { return text.substr(0, text.find_first_of("\r\n")); }
+
+// Not where one lies on a drive that is not ready.
+bool IsSameFile(const std::string& left, const std::string& right, Disk& disk) {
+  try {
+    return disk.Resolve(left, FileOperation::Read) == disk.Resolve(right, FileOperation::Read);
+  } catch (const FileError&) {
+    return false;
+  }
+}
+
+std::optional<PlotFormat> FormatOf(std::string_view path) {
+  if (EndsIgnoringCase(path, ".pdf")) return PlotFormat::Pdf;
+  if (EndsIgnoringCase(path, ".svg")) return PlotFormat::Svg;
+  if (EndsIgnoringCase(path, ".png")) return PlotFormat::Png;
+  return std::nullopt;
+}
+
+}  // namespace
+
+bool HasIntervals(const PlotPicture& picture) {
+  return std::any_of(picture.Series.begin(), picture.Series.end(), [](const PlotSeries& series) {
+    return std::any_of(series.Points.begin(), series.Points.end(),
+                       [](const PlotPoint& point) { return point.HalfWidth.has_value(); });
+  });
+}
+
+bool IsMasterOfProject(const MasterTable& table, const std::string& path, const ProjectParameters& project,
+                       Disk& disk) {
+  const std::string_view name = LastPathComponent(path);
+  const bool isNamedSo = BeginsIgnoringCase(name, project.Abbreviation + " Master") ||
+                         BeginsIgnoringCase(name, project.Abbreviation + " Combined Master");
+  if (!isNamedSo && !IsSameDirectory(DirectoryOfPath(path), project.PrimaryDir, disk)) return false;
+  const auto end = project.VariableNames.begin() + project.VariableCount;
+  return std::equal(
+      table.Variables.begin(), table.Variables.end(), project.VariableNames.begin(), end,
+      [](const std::string& left, const std::string& right) { return left == WithoutOuterBlanks(right); });
+}
+
+void MeansExaminer::Open(const ProjectParameters& project, const std::string& header) {
+  Close();
+  m_project = &project;
+  m_header = header;
+  const std::string path = DefaultMasterPath(project);
+  m_missing = "There is no master of this project yet.  Create one with 'Create New Master', or open another one here.";
+  bool exists = false;
+  if (!WithRetry(m_tools.Errors, [&] { exists = m_tools.Files.FileExists(path); }) || !exists) return;
+  m_missing = "The master of this project could not be read.";
+  std::string bytes;
+  if (!Read(path, bytes)) return;
+  if (Take(bytes, m_header)) return Show(path);
+  m_missing = "'" + path + "' could not be read.  " + kNoHeader + "  Create the master anew.";
+}
+
+void MeansExaminer::Close() {
+  m_project = nullptr;
+  m_path.clear();
+  m_missing.clear();
+  m_isOwn = false;
+  m_table = {};
+  m_serial.reset();
+  m_measureNames.clear();
+  m_request = {};
+  ++m_layouts;
+  Compute();
+}
+
+void MeansExaminer::ChooseMaster() {
+  if (m_project == nullptr) return;
+  const auto path =
+      m_tools.Dialogs.ChooseFile({.Title = "Open Master",
+                                  .Directory = m_project->PrimaryDir,
+                                  .Filters = {{"Text files (*.txt)", "*.txt"}, {"All files (*.*)", "*"}}});
+  std::string bytes;
+  if (!path || !Read(*path, bytes)) return;
+  const bool isOwnFile = IsSameFile(*path, DefaultMasterPath(*m_project), m_tools.Files);
+  if (Take(bytes, isOwnFile ? m_header : "")) return Show(*path);
+  m_tools.Boxes.Show({.Text = "'" + std::string(LastPathComponent(*path)) + "' is no master.",
+                      .Icon = BoxIcon::Exclamation,
+                      .Details = kNoHeader});
+}
+
+bool MeansExaminer::Read(const std::string& path, std::string& bytes) {
+  const BusyPointer busy(m_tools.Pointer);
+  return WithRetry(m_tools.Errors, [&] { m_tools.Files.Read(path, bytes); });
+}
+
+// What was shown stays when the text is no master.
+bool MeansExaminer::Take(const std::string& bytes, std::string_view header) {
+  const BusyPointer busy(m_tools.Pointer);
+  if (!LooksLikeDataText(bytes)) return false;
+  const DataText text(bytes);
+  if (auto serial = ParseSerialPositionMaster(text.Content())) {
+    m_serial = std::move(serial);
+    m_table = {};
+    m_measureNames.clear();
+    for (int test = 1; test <= m_serial->TestCount; ++test) m_measureNames.push_back("Test " + std::to_string(test));
+    return true;
+  }
+  auto table = ParseMaster(text.Content(), header);
+  if (!table) return false;
+  m_serial.reset();
+  m_table = std::move(*table);
+  m_measureNames = m_table.Measures;
+  return true;
+}
+
+void MeansExaminer::Show(const std::string& path) {
+  m_path = path;
+  m_request = {};
+  if (!m_measureNames.empty()) m_request.Measures = {0};
+  m_unchecked = 0;
+  m_isOwn = !m_serial && IsMasterOfProject(m_table, path, *m_project, m_tools.Files);
+  ++m_layouts;
+  Compute();
+  if (!m_isOwn || m_table.RowCount() == 0) return;
+  m_isReading = true;
+  if (m_observer) m_observer();
+  {
+    const BusyPointer busy(m_tools.Pointer);
+    m_unchecked = MarkUncomputed(m_table, *m_project, m_tools.Files, m_tools.Bar);
+  }
+  m_isReading = false;
+  Compute();
+}
+
+void MeansExaminer::ChooseMeasures(const std::vector<std::size_t>& measures) {
+  m_request.Measures = measures;
+  Compute();
+}
+
+void MeansExaminer::ChooseVariables(const std::vector<std::size_t>& variables) {
+  const auto isIn = [](const std::vector<std::size_t>& where, std::size_t variable) {
+    return std::find(where.begin(), where.end(), variable) != where.end();
+  };
+  std::vector<std::size_t>& chosen = m_request.Variables;
+  std::erase_if(chosen, [&](std::size_t variable) { return !isIn(variables, variable); });
+  for (const std::size_t variable : variables) {
+    if (!isIn(chosen, variable)) chosen.push_back(variable);
+  }
+  Compute();
+}
+
+void MeansExaminer::ChooseWholeSeries() {
+  const auto familyOf = [this](std::size_t measure) {
+    const auto name = ParseMeasureName(m_measureNames[measure]);
+    return std::string(name ? name->Family : std::string_view(m_measureNames[measure]));
+  };
+  std::set<std::string> families;
+  for (const std::size_t measure : m_request.Measures) families.insert(familyOf(measure));
+  std::vector<std::size_t> measures;
+  for (std::size_t measure = 0; measure < m_measureNames.size(); ++measure) {
+    // The tests of a serial-position master are one series.
+    if (m_serial || families.contains(familyOf(measure))) measures.push_back(measure);
+  }
+  ChooseMeasures(measures);
+}
+
+void MeansExaminer::SetLeavesOut(bool leavesOut) {
+  m_request.LeavesOutUncomputed = leavesOut;
+  Compute();
+}
+
+void MeansExaminer::Compute() {
+  ++m_results;
+  m_uncomputed = 0;
+  m_means = {};
+  m_picture = {};
+  if (m_request.Measures.empty()) {
+    m_picture.Note = m_path.empty() ? "There is no master to show." : "Choose a measure.";
+    return;
+  }
+  if (m_serial) {
+    std::vector<int> tests;
+    for (const std::size_t measure : m_request.Measures) tests.push_back(static_cast<int>(measure) + 1);
+    m_picture = PictureOf(*m_serial, tests);
+    return;
+  }
+  m_means = ComputeMeans(m_table, m_request, m_isOwn ? m_project : nullptr);
+  const std::vector<std::size_t>& ofAll = m_means.Cells.back().Uncomputed;
+  m_uncomputed = std::accumulate(ofAll.begin(), ofAll.end(), std::size_t{0});
+  m_picture = PictureOf(m_means);
+  std::erase_if(m_picture.Series, [](const PlotSeries& series) { return series.Points.empty(); });
+  if (m_picture.Series.empty()) m_picture.Note = "There is no value to show.";
+  if (!HasIntervals(m_picture)) return;
+  m_picture.Note += m_picture.Note.empty() ? "" : "  ";
+  m_picture.Note += "Bars are 95 % confidence intervals.";
+}
+
+std::string MeansExaminer::FileLine() const {
+  if (m_path.empty()) return m_missing;
+  const std::string size = m_serial
+                               ? Counted(static_cast<std::size_t>(m_serial->PositionCount), "position", "positions")
+                               : Counted(m_table.RowCount(), "row", "rows");
+  return (m_serial ? "Serial-position master: " : "Master: ") + m_path + " (" + size + ")";
+}
+
+std::string MeansExaminer::NoteLine() const {
+  if (m_path.empty()) return "";
+  if (m_isReading) return "Reading the subjects, for the values that could not be computed ...";
+  if (m_serial) return "A serial-position master is only plotted: the shares of the subjects, and smoothed ones.";
+  std::string note;
+  const auto add = [&note](const std::string& sentence) { note += (note.empty() ? "" : "  ") + sentence; };
+  if (m_uncomputed > 0) {
+    add(Counted(m_uncomputed, "value", "values") + " of the chosen measures could not be computed and " +
+        (LeavesOut() ? (m_uncomputed == 1 ? "is left out." : "are left out.")
+                     : std::string(m_uncomputed == 1 ? "counts" : "count") + " as 0 (*), as in the master."));
+  }
+  if (!m_isOwn) {
+    add("This is no master of the open project: its levels are numbers, and values that could not be computed, which "
+        "stand as 0, are not known.");
+  }
+  if (m_unchecked > 0) {
+    add(Counted(static_cast<std::size_t>(m_unchecked), "row has no subject", "rows have no subject") +
+        " that could be scored again: values that could not be computed are not known there.");
+  }
+  if (m_table.SkippedLines > 0) {
+    add(Counted(static_cast<std::size_t>(m_table.SkippedLines), "line does", "lines do") + " not fit the header and " +
+        (m_table.SkippedLines == 1 ? "was" : "were") + " skipped.");
+  }
+  if (m_table.RepeatedSubjects > 0) {
+    add(Counted(static_cast<std::size_t>(m_table.RepeatedSubjects), "row repeats", "rows repeat") +
+        " a subject of an earlier row; each counts.");
+  }
+  return note;
+}
+
+std::vector<std::string> MeansExaminer::Headings() const {
+  return m_means.Measures.empty() ? std::vector<std::string>() : LinesOf({m_means.Variables, {}, {}}).Header;
+}
+
+std::string MeansExaminer::CellText(int row, int column) const {
+  const std::size_t cells = m_means.Cells.size();
+  const std::size_t measure = static_cast<std::size_t>(row) / cells;
+  const MeansCell& cell = m_means.Cells[static_cast<std::size_t>(row) % cells];
+  const SampleStatistics& sample = cell.Measures[measure];
+  const auto variables = static_cast<int>(m_means.Variables.size());
+  if (column == 0) return m_means.Measures[measure];
+  if (column <= variables) return cell.Levels.empty() ? "(all)" : cell.Levels[static_cast<std::size_t>(column) - 1];
+  switch (column - variables) {
+    case 1: return std::to_string(sample.N);
+    case 2: return ShownNumber(sample.Mean) + (cell.Uncomputed[measure] > 0 && !LeavesOut() ? "*" : "");
+    case 3: return ShownNumber(sample.Sd);
+    case 4: return ShownNumber(sample.Low());
+    case 5: return ShownNumber(sample.High());
+    default: return m_isOwn ? std::to_string(cell.Uncomputed[measure]) : "";
+  }
+}
+
+std::string MeansExaminer::RowTip(int row) const {
+  const std::size_t cells = m_means.Cells.size();
+  const MeansCell& cell = m_means.Cells[static_cast<std::size_t>(row) % cells];
+  const std::size_t uncomputed = cell.Uncomputed[static_cast<std::size_t>(row) / cells];
+  if (uncomputed == 0) return "";
+  return Counted(uncomputed, "value", "values") + " could not be computed; " +
+         (LeavesOut() ? "left out here." : "counted as 0 here, as in the master.");
+}
+
+// What was not looked for is no 0.
+MeansLines MeansExaminer::Lines() const {
+  MeansLines lines = LinesOf(m_means);
+  for (std::vector<std::string>& row : lines.Rows) row.back() = m_isOwn ? row.back() : "";
+  return lines;
+}
+
+FileQuestion MeansExaminer::QuestionForSaving(const char* title, const char* ending) const {
+  return {.Title = title,
+          .Directory = m_project->PrimaryDir,
+          .Filters = {},
+          .Name = m_project->Abbreviation + " " + ending};
+}
+
+void MeansExaminer::SaveTable() {
+  if (RowCount() == 0) return;
+  FileQuestion question = QuestionForSaving("Save Table", "Means.csv");
+  question.Filters = {{"CSV files (*.csv)", "*.csv"}, {"All files (*.*)", "*"}};
+  if (const auto path = m_tools.Dialogs.ChooseNewFile(question)) Save(*path, CsvText(Lines()));
+}
+
+std::optional<PlotTarget> MeansExaminer::AskPlotFile() {
+  if (!HasPlot()) return std::nullopt;
+  FileQuestion question = QuestionForSaving("Save Plot", "Means.pdf");
+  question.Filters = {{"PDF files (*.pdf)", "*.pdf"}, {"SVG files (*.svg)", "*.svg"}, {"PNG files (*.png)", "*.png"}};
+  const auto path = m_tools.Dialogs.ChooseNewFile(question);
+  if (!path) return std::nullopt;
+  const auto format = FormatOf(*path);
+  if (format) return PlotTarget{*path, *format};
+  m_tools.Boxes.Show({.Text = "The name of a plot's file ends in '.pdf', '.svg' or '.png'.",
+                      .Icon = BoxIcon::Exclamation,
+                      .Details = *path});
+  return std::nullopt;
+}
+
+void MeansExaminer::SavePlot(const PlotTarget& target, const std::string& bytes) { Save(target.Path, bytes); }
+
+// True for files that nothing here may replace: parameters, subjects' data, and masters under whatever name. Throws
+// FileError.
+bool MeansExaminer::IsKept(const std::string& path) {
+  if (EndsIgnoringCase(path, ".prm") || EndsIgnoringCase(path, ".dat")) return true;
+  if (!m_tools.Files.FileExists(path)) return false;
+  // Its rows may stand without a header.
+  if (IsSameFile(path, m_path, m_tools.Files) || IsSameFile(path, DefaultMasterPath(*m_project), m_tools.Files))
+    return true;
+  std::string bytes;
+  m_tools.Files.Read(path, bytes);
+  const DataText text(bytes);
+  return IsMasterHeader(FirstLine(text.Content())) || ParseSerialPositionMaster(text.Content()).has_value();
+}
+
+void MeansExaminer::Save(const std::string& path, const std::string& bytes) {
+  const BusyPointer busy(m_tools.Pointer);
+  bool isKept = false;
+  WithRetry(m_tools.Errors, [&] {
+    isKept = IsKept(path);
+    if (!isKept) m_tools.Files.Write(path, bytes);
+  });
+  if (!isKept) return;
+  m_tools.Boxes.Show({.Text = "A master or a data file of a project is never replaced.  Please select another name.",
+                      .Icon = BoxIcon::Exclamation,
+                      .Details = path});
+}
+
+}  // namespace zova

@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/MeansPanel.h"
+
+#include <QAbstractButton>
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QKeySequence>
+#include <QLabel>
+#include <QTableView>
+#include <QTest>
+#include <QWindow>
+#include <set>
+
+#include "app/PlotView.h"
+#include "session/QuickHelp.h"
+#include "session/SessionFixture.h"
+
+namespace zova::testing {
+namespace {
+
+using MeansPanelTest = SessionTest;
+
+TEST_F(MeansPanelTest, KeysReachTheRulesAndWhatComesOfThemShows) {
+  Session& session = Started();
+  m_scratch.Put("C:\\Param\\Example.prm", ReadFile(ZOVA_DATA "/Sample Data/Example.prm"));
+  m_scratch.Put("C:\\ZOVA\\Sample Data\\Example Master.txt",
+                "ID, Experimenter, Interval, Net(Test 1), ArcScore(Test 1), Net(Test 2)\r\n1, 1, 2, 5, 0, 8\r\n");
+  Dialogs.Answers.emplace_back("C:\\Param\\Example.prm");
+  session.ExamineMeans();
+  ASSERT_EQ(session.Shown(), Screen::Means);
+  MeansPanel panel(session);
+  QObject::connect(&panel, &Panel::Acted, &panel, &Panel::Refresh);
+  panel.show();
+  panel.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&panel));
+  const auto press = [&](int key, Qt::KeyboardModifiers held = {}) {
+    QTest::keyClick(panel.windowHandle(), static_cast<Qt::Key>(key), held);
+  };
+  const auto* table = panel.findChild<QTableView*>("grdMeans")->model();
+  const auto shown = [&] {
+    std::string text;
+    for (int row = 0; row < table->rowCount(); ++row) {
+      text += table->index(row, 0).data().toString().toStdString() + " " +
+              table->index(row, 1).data().toString().toStdString() + "; ";
+    }
+    return text;
+  };
+  EXPECT_EQ(shown(), "Net(Test 1) 1; ");
+  press(Qt::Key_Down, Qt::ShiftModifier);
+  EXPECT_EQ(shown(), "Net(Test 1) 1; ArcScore(Test 1) 1; ");
+  press(Qt::Key_A), press(Qt::Key_N);  // by its letter
+  press(Qt::Key_Home), press(Qt::Key_S, Qt::AltModifier);
+  QTRY_COMPARE(shown(), "Net(Test 1) 1; Net(Test 2) 1; ");
+  press(Qt::Key_V, Qt::AltModifier), press(Qt::Key_Space);
+  EXPECT_EQ(shown(), "Net(Test 1) Joe; Net(Test 1) (all); Net(Test 2) Joe; Net(Test 2) (all); ");
+  panel.findChild<QTableView*>("grdMeans")->setFocus();
+  press(Qt::Key_C, Qt::ControlModifier);
+  EXPECT_TRUE(QGuiApplication::clipboard()->text().startsWith("Measure\tExperimenter\tn\tMean\t"));
+  session.Means().ChooseMeasures({});
+  EXPECT_FALSE(table->index(0, 0).data().isValid()) << "asked for before the refresh";
+  press(Qt::Key_Escape);
+  EXPECT_EQ(session.Shown(), Screen::Main);
+
+  std::multiset<QString> keys{"Alt+F", "Alt+O", "Alt+P", "Alt+T", "Alt+H"};
+  for (const auto* control : panel.findChildren<QWidget*>()) {
+    const bool isText = control->inherits("QLabel") || control->inherits("QAbstractButton");
+    if (!isText || control->inherits("QTableCornerButton") || control->objectName().startsWith("qt_")) continue;
+    EXPECT_FALSE(QuickHelp(control->objectName().toStdString()).empty()) << control->objectName().toStdString();
+    keys.insert(QKeySequence::mnemonic(control->property("text").toString()).toString());
+  }
+  for (const QString& key : keys) EXPECT_TRUE(key.isEmpty() || keys.count(key) == 1) << key.toStdString();
+}
+
+TEST(PlotView, EachPictureIsDrawnInEachFormat) {
+  const PlotSeries one{"", false, {{1, 4.5, 1.5}, {2, 3, {}}}};
+  const PlotSeries smoothed{"Test 1, smoothed", true, {{1, 2, {}}, {2, 3, {}}}};
+  const std::pair<const char*, PlotPicture> kPictures[] = {
+      {"one series", {"Sex", "Net recall (items)", {"Man", "Woman"}, {one}, false, ""}},
+      {"a curve", {"Position", "Recalled (share)", {"1", "2"}, {one, smoothed}, true, ""}},
+      {"nothing", {"", "", {}, {}, true, "Choose a measure."}}};
+  for (const auto& [what, picture] : kPictures) {
+    const QByteArray pdf = RenderPicture(picture, PlotFormat::Pdf);
+    EXPECT_TRUE(pdf.startsWith("%PDF-") && pdf.contains("/ToUnicode")) << what << ": its text is text";
+    const QByteArray svg = RenderPicture(picture, PlotFormat::Svg);
+    const std::string label = picture.Series.empty() ? picture.Note : picture.YLabel;
+    EXPECT_TRUE(svg.startsWith("<?xml") && svg.contains(">" + QByteArray::fromStdString(label) + "<")) << what;
+    const QImage png = QImage::fromData(RenderPicture(picture, PlotFormat::Png), "PNG");
+    EXPECT_EQ(png.size(), QSize(1891, 1300)) << what;
+    int inked = 0;
+    for (int y = 0; y < png.height(); ++y) {
+      for (int x = 0; x < png.width(); ++x) inked += qGray(png.pixel(x, y)) < 128;
+    }
+    EXPECT_TRUE(inked > 1000 && inked < 100000) << what << ": " << inked;
+  }
+}
+
+}  // namespace
+}  // namespace zova::testing

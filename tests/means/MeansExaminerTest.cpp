@@ -1,0 +1,230 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "means/MeansExaminer.h"
+
+#include "master/SerialPositions.h"
+#include "scoring/Examples.h"
+#include "subjects/SubjectFile.h"
+#include "support/FakePlatform.h"
+#include "support/Scratch.h"
+#include "support/ScriptedBoxes.h"
+
+namespace zova::testing {
+namespace {
+
+constexpr const char* kMaster = "C:\\Data\\AB Master.txt";
+const std::string kHeader = "Sub ID's, Sex, Net(Test 1), Net(Test 2), ArcScore(Test 1), ArcScore(Test 2)\r\n";
+const std::string kRows = "1,  1,  3,  2,  1,  0\r\n2,  2,  3,  3, -2, -2\r\n9,  2,  0,  1,  0,  0\r\n";
+
+// The master of three subjects; those of "9" have no ARC score, and test 2 of "1" neither.
+struct Desk {
+  Desk() {
+    Project.Abbreviation = "AB";
+    Project.PrimaryDir = "C:\\Data";
+    Project.VariableCount = 1;
+    Project.VariableNames[0] = "Sex";
+    Project.LevelCounts[0] = 2;
+    Project.LevelNames[0] = {"Man", "Woman"};
+    Put("1", 1, "1 2 3 | 2 1");
+    Put("2", 2, "1 3 2 | 1 3 2");
+    Put("9", 2, "| 4");
+    Files.Put(kMaster, kHeader + kRows);
+  }
+  void Put(const std::string& id, std::int16_t level, const std::string& lists) {
+    SubjectRecord record;
+    record.Levels.fill(level);
+    record.Lists = MakeLists(Project, lists);
+    Files.Put("C:\\Data\\Sdata\\AB Sub#" + id + ".dat", FormatSubject(record, Project));
+  }
+  void Choose(const std::string& path) {
+    Dialogs.Answers.emplace_back(path);
+    Means.ChooseMaster();
+  }
+  void Save(const std::string& path) {
+    Dialogs.Answers.emplace_back(path);
+    Means.SaveTable();
+  }
+  // Rows between bars, measures by their first letter and test: "N1 Man 1 3.00 ... | ...".
+  [[nodiscard]] std::string Table() const {
+    std::string text;
+    for (int row = 0; row < Means.RowCount(); ++row) {
+      text += row == 0 ? "" : " | ";
+      for (int column = 0; column < static_cast<int>(Means.Headings().size()); ++column) {
+        const std::string cell = Means.CellText(row, column);
+        text += (column == 0 ? cell.substr(0, 1) + cell[cell.size() - 2] : " " + cell);
+      }
+    }
+    return text;
+  }
+
+  Scratch Files;
+  Disk OfFiles = Files.MakeDisk();
+  ScriptedBoxes Boxes;
+  FileErrorHandler Errors{Boxes};
+  ScriptedChoosers Dialogs;
+  CountingDesktop Pointer;
+  RecordingProgress Bar;
+  ProjectParameters Project = MakeProject({.Items = 4, .PerCategory = 2});
+  MeansExaminer Means{{OfFiles, Boxes, Errors, Dialogs, Pointer, Bar}};
+};
+
+TEST(MeansExaminer, TheTableFollowsWhatIsChosenAndLeavesOutWhatWasNotComputed) {
+  Desk desk;
+  MeansExaminer& means = desk.Means;
+  std::string whileReading;
+  means.SetObserver([&] { whileReading = means.NoteLine(); });
+  means.Open(desk.Project, "");
+  EXPECT_EQ(means.FileLine(), "Master: C:\\Data\\AB Master.txt (3 rows)");
+  EXPECT_TRUE(whileReading.starts_with("Reading the subjects"));
+  EXPECT_EQ(desk.Table(), "N1 3 2.00 1.73 -2.30 6.30 0") << "the first measure, no variable";
+  EXPECT_TRUE(means.NoteLine().empty() && !means.CanLeaveOut() && means.HasPlot());
+
+  means.ChooseVariables({0});
+  means.ChooseMeasures({2});
+  EXPECT_EQ(desk.Table(), "A1 Man 1 1.00    0 | A1 Woman 2 -1.00* 1.41 -13.71 11.71 1 | A1 (all) 3 " +
+                              ShownNumber(-1.0 / 3) + "* 1.53 -4.13 3.46 1");
+  EXPECT_EQ(means.NoteLine(),
+            "1 value of the chosen measures could not be computed and counts as 0 (*), as in the master.");
+  EXPECT_EQ(means.RowTip(0), "");
+  EXPECT_EQ(means.RowTip(1), "1 value could not be computed; counted as 0 here, as in the master.");
+  means.SetLeavesOut(true);
+  EXPECT_EQ(desk.Table(),
+            "A1 Man 1 1.00    0 | A1 Woman 1 -2.00    1 | A1 (all) 2 " + ShownNumber(-.5) + " 2.12 -19.56 18.56 1");
+  EXPECT_EQ(means.NoteLine(), "1 value of the chosen measures could not be computed and is left out.");
+
+  means.ChooseWholeSeries();
+  EXPECT_EQ(means.ChosenMeasures(), (std::vector<std::size_t>{2, 3}));
+  EXPECT_TRUE(means.NoteLine().starts_with("3 values ")) << means.NoteLine();
+  const int results = means.Results();
+  means.ChooseMeasures({});
+  EXPECT_TRUE(means.Results() > results && !means.HasPlot() && means.RowCount() == 0 && !means.CanLeaveOut());
+  EXPECT_EQ(means.Picture().Note, "Choose a measure.");
+}
+
+TEST(MeansExaminer, VariablesKeepTheOrderInWhichTheyWereChosen) {
+  Desk desk;
+  desk.Files.Put("D:\\Two.txt", "ID, Age, Sex, Net(Test 1)\r\n1, 1, 2, 5\r\n");
+  desk.Means.Open(desk.Project, "");
+  desk.Choose("D:\\Two.txt");
+  desk.Means.ChooseVariables({1});
+  desk.Means.ChooseVariables({0, 1});
+  EXPECT_EQ(desk.Table(), "N1 2 1 1 5.00     | N1 (all) (all) 1 5.00    ");
+  desk.Means.ChooseVariables({0});
+  EXPECT_EQ(desk.Means.ChosenVariables(), std::vector<std::size_t>{0});
+}
+
+TEST(MeansExaminer, WhichMasterIsShownAndWhatIsSaidOfIt) {
+  const std::string foreign = "ID, Age, Net(Test 1)\r\n1, 2, 5\r\n";
+  const std::string own = std::string("Master: ") + kMaster;
+  const std::string foreignNote = "This is no master of the open project: ";
+  const ExpectedBox noMaster{.Text = "'Other.txt' is no master.", .Details = "Its first line is no header"};
+  const ExpectedBox gone{std::make_error_code(std::errc::no_such_file_or_directory).message(), BoxAnswer::Cancel};
+  // What the project's master holds, header of the last run, the chosen file and what it holds, box, lines shown.
+  const struct {
+    const char* What;
+    std::string Master, Header, Path, Other;
+    std::optional<ExpectedBox> Box;
+    std::string File, Note;
+  } kCases[] = {{"none", "", "", "", "", {}, "There is no master of this project yet.", ""},
+                {"rows whose header went elsewhere", kRows, kHeader, "", "", {}, own + " (3 rows)", ""},
+                {"and is not known", kRows, "", "", "", {}, std::string("'") + kMaster + "' could not be read.", ""},
+                {"lines that do not fit, a repeated subject",
+                 kHeader + kRows + "7\r\n8\r\n" + kRows,
+                 "",
+                 "",
+                 "",
+                 {},
+                 own + " (6 rows)",
+                 "2 lines do not fit the header and were skipped.  3 rows repeat a subject"},
+                {"a subject that is gone",
+                 kHeader + kRows + "X,  2,  0,  1,  0,  0\r\n",
+                 "",
+                 "",
+                 "",
+                 {},
+                 own + " (4 rows)",
+                 "1 row has no subject that could be scored again"},
+                {"a foreign one",
+                 kHeader + kRows,
+                 "",
+                 "D:\\Other.txt",
+                 foreign,
+                 {},
+                 "Master: D:\\Other.txt (1 row)",
+                 foreignNote},
+                {"the project's variables alone",
+                 kHeader,
+                 "",
+                 "D:\\Other.txt",
+                 kHeader,
+                 {},
+                 "Master: D:\\Other.txt (0 rows)",
+                 foreignNote},
+                {"and its name", kHeader, "", "D:\\ab combined master.TXT", kHeader, {}, "Master: D:\\ab com", ""},
+                {"or its directory", kHeader, "", "C:\\Data\\Mine.txt", kHeader, {}, "Master: C:\\Data\\Mine.txt", ""},
+                {"no text", kHeader + kRows, "", "D:\\Other.txt", std::string("Net(Test 1)\0", 12), noMaster, own, ""},
+                {"no master", kHeader + kRows, "", "D:\\Other.txt", kRows, noMaster, own, ""},
+                {"no file", kHeader + kRows, "", "D:\\Other.txt", "", gone, own, ""}};
+  for (const auto& c : kCases) {
+    SCOPED_TRACE(c.What);
+    Desk desk;
+    desk.Files.Put(kMaster, c.Master);
+    if (c.Master.empty()) std::filesystem::remove(desk.Files.Native(kMaster));
+    if (!c.Other.empty()) desk.Files.Put(c.Path, c.Other);
+    if (c.Box) desk.Boxes.Expect(*c.Box);
+    desk.Means.Open(desk.Project, c.Header);
+    if (!c.Path.empty()) desk.Choose(c.Path);
+    EXPECT_TRUE(desk.Means.FileLine().starts_with(c.File)) << desk.Means.FileLine();
+    EXPECT_TRUE(desk.Means.NoteLine().starts_with(c.Note)) << desk.Means.NoteLine();
+    EXPECT_EQ(desk.Means.NoteLine().empty(), c.Note.empty()) << desk.Means.NoteLine();
+  }
+}
+
+TEST(MeansExaminer, ASerialPositionMasterIsPlottedOnly) {
+  Desk desk;
+  SerialCounts counts;
+  counts.Reset(4, 2);
+  desk.Files.Put("D:\\S.txt", FormatSerialPositionMaster(counts, 2, 3));
+  desk.Means.Open(desk.Project, "");
+  desk.Choose("D:\\S.txt");
+  EXPECT_EQ(desk.Means.Measures(), (std::vector<std::string>{"Test 1", "Test 2"}));
+  EXPECT_TRUE(desk.Means.Variables().empty() && desk.Means.RowCount() == 0 && desk.Means.HasPlot());
+  desk.Means.ChooseWholeSeries();
+  EXPECT_EQ(desk.Means.Picture().Series.size(), 4U) << "observed and smoothed, of both tests";
+  desk.Means.SaveTable();
+}
+
+TEST(MeansExaminer, NothingThatHoldsDataIsReplaced) {
+  Desk desk;
+  desk.Files.Put("D:\\Old.csv", "Measure,n\r\n");
+  desk.Files.Put("D:\\Odd.csv", kHeader);
+  desk.Files.Put("D:\\Rows.txt", kHeader);
+  desk.Means.Open(desk.Project, "");
+  desk.Choose("D:\\Rows.txt");
+  for (const char* path :
+       {"D:\\New.prm", "C:\\Data\\Sdata\\AB Sub#1.dat", "c:\\data\\ab master.txt", "D:\\Odd.csv", "D:\\ROWS.TXT"}) {
+    const Tree before = desk.Files.Snapshot();
+    desk.Boxes.Expect({.Text = "A master or a data file of a project is never replaced.  Please select another name.",
+                       .Details = path});
+    desk.Save(path);
+    EXPECT_EQ(desk.Files.Snapshot(), before) << path;
+  }
+  desk.Save("D:\\Old.csv");
+  EXPECT_EQ(desk.Files.Get("D:\\Old.csv").substr(0, 10), "Measure,n,");
+  desk.Boxes.Expect(
+      {.Text = "Path not found.  Please verify that the correct disk is in the drive.", .Answer = BoxAnswer::Cancel});
+  desk.Save("Q:\\New.csv");
+  EXPECT_EQ(desk.Dialogs.Questions.back().Name, "AB Means.csv");
+
+  desk.Choose(kMaster);
+  desk.Dialogs.Answers = {"D:\\P.PNG", "D:\\P.gif"};
+  const auto target = desk.Means.AskPlotFile();
+  ASSERT_TRUE(target && target->Format == PlotFormat::Png);
+  desk.Means.SavePlot(*target, "bytes");
+  EXPECT_EQ(desk.Files.Get("D:\\P.PNG"), "bytes");
+  desk.Boxes.Expect({.Text = "The name of a plot's file ends in '.pdf', '.svg' or '.png'.", .Details = "D:\\P.gif"});
+  EXPECT_FALSE(desk.Means.AskPlotFile());
+}
+
+}  // namespace
+}  // namespace zova::testing
