@@ -1,9 +1,33 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/Controls.h"
 
+#include <QBoxLayout>
+#include <QEvent>
 #include <QScrollArea>
+#include <utility>
+
+#include "app/Panel.h"
 
 namespace zova {
+
+namespace {
+
+class ActingAtOnce final : public QObject {
+ public:
+  explicit ActingAtOnce(QAbstractButton* button) : QObject(button) { button->installEventFilter(this); }
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    auto* button = static_cast<QAbstractButton*>(watched);
+    if (event->type() == QEvent::Shortcut) {
+      if (button->isCheckable()) PlaceCursorIn(button);
+      button->click();  // of itself it acts 100 ms later, when another screen may be up
+      return true;
+    }
+    // A double click is one press: its second half would press what stands at the same place on the next screen.
+    return event->type() == QEvent::MouseButtonDblClick && !button->isCheckable();
+  }
+};
+
+}  // namespace
 
 QLabel* MakeLabel(const char* name, const QString& text, QWidget* buddy) {
   QLabel* label = Named(new QLabel(text), name);
@@ -19,6 +43,22 @@ QPushButton* MakeButton(const char* name, const QString& caption) {
   button->setAutoDefault(true);
   return button;
 }
+
+QPushButton* AddButton(QBoxLayout& row, const char* name, const QString& caption, Panel& panel,
+                       std::function<void()> act) {
+  QPushButton* button = MakeButton(name, caption);
+  button->setFocusPolicy(Qt::TabFocus);
+  ActAtOnce(button);
+  row.addWidget(button);
+  QObject::connect(button, &QPushButton::clicked, &panel, [&panel, act = std::move(act)] {
+    act();
+    panel.Refresh();
+    emit panel.Acted();
+  });
+  return button;
+}
+
+void ActAtOnce(QAbstractButton* button) { new ActingAtOnce(button); }
 
 void MarkDefault(QPushButton* button, bool isDefault) {
   button->setAutoDefault(!isDefault);  // else Qt takes the mark away with the focus

@@ -56,8 +56,10 @@ DriveDirectoryList::DriveDirectoryList(DirectoryBrowser& browser, const char* dr
   m_directories->installEventFilter(this);
   m_directories->setMinimumHeight(8 * m_directories->fontMetrics().lineSpacing());
   m_directories->setIconSize(QSize(1, 1) * style()->pixelMetric(QStyle::PM_SmallIconSize));
-  connect(m_drives, &QComboBox::activated, this,
-          [this](int row) { Answer(m_browser.SelectDrive(m_shownDrives.at(static_cast<std::size_t>(row)))); });
+  connect(m_drives, &QComboBox::activated, this, [this](int row) {
+    const char letter = m_shownDrives.at(static_cast<std::size_t>(row));
+    if (letter != m_browser.Drive()) Answer(m_browser.SelectDrive(letter));
+  });
   connect(m_directories, &QListWidget::doubleClicked, this,
           [this](const QModelIndex& index) { Answer(m_browser.Open(static_cast<std::size_t>(index.row()))); });
   Fill();

@@ -15,7 +15,8 @@ class QVBoxLayout;
 namespace zova {
 
 /// A list of drives above a list of directories. A double click, Enter or Space opens the highlighted directory;
-/// Backspace or Left the one above the open directory. Arrows and typed letters only move the highlight.
+/// Backspace or Left the one above the open directory. Arrows and typed letters only move the highlight. Choosing the
+/// drive that is shown changes nothing.
 class DriveDirectoryList : public QWidget {
   Q_OBJECT
 

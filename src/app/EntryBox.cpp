@@ -18,6 +18,10 @@ void EntryBox::PasteIntoGrid(const std::string& text) { m_grid.Paste(text); }
 
 std::string EntryBox::CopyOfGrid() const { return m_grid.Copy(); }
 
+void EntryBox::UndoInGrid() { m_grid.Undo(); }
+
+void EntryBox::RedoInGrid() { m_grid.Redo(); }
+
 bool EntryBox::TakeKey(const QKeyEvent& press) {
   switch (press.key()) {
     case Qt::Key_Return:
@@ -36,7 +40,7 @@ bool EntryBox::TakeKey(const QKeyEvent& press) {
     case Qt::Key_Right: return TakeMove(press, 0, 1);
     case Qt::Key_Home: return text().isEmpty() && TakeMove(press, -m_grid.Lines());
     case Qt::Key_End: return text().isEmpty() && TakeMove(press, m_grid.Lines());
-    default: return TakeCommand(press);
+    default: return NumberBox::TakeKey(press);
   }
 }
 
@@ -47,18 +51,6 @@ bool EntryBox::TakeMove(const QKeyEvent& press, int lines, int columns) {
     return false;
   } else {
     m_grid.Move(lines, columns);
-  }
-  return true;
-}
-
-bool EntryBox::TakeCommand(const QKeyEvent& press) {
-  const bool isRedoToo = press.keyCombination() == (Qt::CTRL | Qt::Key_Y);
-  if (press.matches(QKeySequence::Undo) && text().isEmpty()) {
-    m_grid.Undo();
-  } else if ((press.matches(QKeySequence::Redo) || isRedoToo) && text().isEmpty()) {
-    m_grid.Redo();
-  } else {
-    return NumberBox::TakeKey(press);
   }
   return true;
 }

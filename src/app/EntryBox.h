@@ -19,11 +19,12 @@ class EntryBox : public NumberBox {
   bool TakeKey(const QKeyEvent& press) override;
   void PasteIntoGrid(const std::string& text) override;
   [[nodiscard]] std::string CopyOfGrid() const override;
+  void UndoInGrid() override;
+  void RedoInGrid() override;
 
  private:
-  // Each: true for a key of the grid's.
+  // True for a key of the grid's.
   bool TakeMove(const QKeyEvent& press, int lines, int columns = 0);
-  bool TakeCommand(const QKeyEvent& press);
 
   EntryGrid& m_grid;
 };

@@ -2,8 +2,6 @@
 #include "app/EntryTable.h"
 
 #include <QAbstractTableModel>
-#include <QMouseEvent>
-#include <algorithm>
 
 namespace zova {
 
@@ -71,31 +69,15 @@ void EntryTable::Refresh() {
   ScrollToCursor();
 }
 
-void EntryTable::mousePressEvent(QMouseEvent* event) {
-  const QModelIndex pressed = indexAt(event->position().toPoint());
-  m_dragging = event->button() == Qt::LeftButton && pressed.column() >= kItemColumn;
-  if (!m_dragging) return;
-  const EntryCell cell{pressed.row() + 1, pressed.column()};
-  if (event->modifiers().testFlag(Qt::ShiftModifier)) {
+void EntryTable::PressCell(int row, int column, bool extends) {
+  const EntryCell cell{row + 1, column};
+  if (extends) {
     m_grid.SelectTo(cell);
   } else {
     m_grid.Click(cell);
   }
-  emit Acted();
 }
 
-// Comes only while a button is held. Beyond the edge it goes to the next line, so that dragging scrolls.
-void EntryTable::mouseMoveEvent(QMouseEvent* event) {
-  if (!m_dragging) return;
-  const QPoint place = event->position().toPoint();
-  const int bottom = viewport()->height() - 1;
-  const int row = rowAt(std::clamp(place.y(), 0, bottom));
-  const int beyond = place.y() < 0 ? -1 : place.y() > bottom ? 1 : 0;
-  const int column = columnAt(std::clamp(place.x(), 0, viewport()->width() - 1));
-  m_grid.SelectTo({row < 0 ? m_grid.Lines() : row + 1 + beyond, column});
-  emit Acted();
-}
-
-void EntryTable::mouseDoubleClickEvent(QMouseEvent* event) { mousePressEvent(event); }
+void EntryTable::DragTo(int row, int column) { m_grid.SelectTo({row + 1, column}); }
 
 }  // namespace zova

@@ -20,15 +20,14 @@ FlowPanel::FlowPanel(MasterFlow& flow, const char* name) : m_flow(flow), m_butto
 QVBoxLayout* FlowPanel::AddPage() {
   auto* page = new QWidget;
   auto* rows = new QVBoxLayout(page);
+  rows->setContentsMargins(0, 0, rows->spacing(), 0);  // the panel has margins of its own
   static_cast<QVBoxLayout*>(layout())->insertWidget(0, MakeScrolling(page), 1);
   return rows;
 }
 
 QPushButton* FlowPanel::AddButton(const char* name, const QString& caption, std::function<void()> act) {
-  QPushButton* button = MakeButton(name, caption);
-  button->installEventFilter(this);
-  m_buttons->addWidget(button);
-  connect(button, &QPushButton::clicked, this, [this, act = std::move(act)] { Act(act); });
+  QPushButton* button = zova::AddButton(*m_buttons, name, caption, *this, std::move(act));
+  connect(button, &QPushButton::clicked, this, &FlowPanel::PlaceCursor);
   return button;
 }
 
@@ -36,10 +35,12 @@ void FlowPanel::Act(const std::function<void()>& act) {
   act();
   Refresh();
   emit Acted();
-  if (isVisible()) PlaceCursor();
+  PlaceCursor();
 }
 
-void FlowPanel::PlaceCursor() { PlaceCursorIn(m_cursor); }
+void FlowPanel::PlaceCursor() {
+  if (isVisible()) PlaceCursorIn(m_cursor);
+}
 
 void FlowPanel::showEvent(QShowEvent* event) {
   Panel::showEvent(event);
@@ -55,17 +56,6 @@ void FlowPanel::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Escape) pressed = m_cancel;
   if (pressed == nullptr) return Panel::keyPressEvent(event);
   if (!event->isAutoRepeat()) pressed->click();
-}
-
-bool FlowPanel::eventFilter(QObject* watched, QEvent* event) {
-  auto* button = static_cast<QAbstractButton*>(watched);
-  if (event->type() == QEvent::Shortcut) {
-    if (button->isCheckable()) button->setFocus(Qt::ShortcutFocusReason);
-    button->click();  // of itself it acts 100 ms later, when another screen may be up
-    return true;
-  }
-  // A double click is one press: its second half would press what stands at the same place on the next screen.
-  return event->type() == QEvent::MouseButtonDblClick && !button->isCheckable();
 }
 
 }  // namespace zova

@@ -21,14 +21,13 @@ class FlowPanel : public Panel {
   FlowPanel(MasterFlow& flow, const char* name);
   /// The rows of the page.
   QVBoxLayout* AddPage();
-  /// Below the page, in the order of the calls. Acts at once, and once for a double click.
+  /// Below the page, in the order of the calls.
   QPushButton* AddButton(const char* name, const QString& caption, std::function<void()> act);
   void Act(const std::function<void()>& act);
-  virtual void PlaceCursor();
+  void PlaceCursor();
 
   void showEvent(QShowEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
-  bool eventFilter(QObject* watched, QEvent* event) override;
 
   MasterFlow& m_flow;
   QWidget* m_cursor = nullptr;  // the control that has the cursor when the panel comes up

@@ -3,7 +3,6 @@
 
 #include <QListWidget>
 #include <QScrollArea>
-#include <QShowEvent>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
@@ -41,27 +40,27 @@ GroupPanel::GroupPanel(MasterFlow& flow)
     m_flow.Options().SetPerGroupText(FromQt(text));
     report();
   });
-  connect(m_lstVarName, &QListWidget::currentRowChanged, this, [this, report](int row) {
-    m_flow.Options().ChooseVariable(row);
-    report();
-  });
+  // After the key or click that chose it: all subjects may be read, and the choice go back.
+  connect(
+      m_lstVarName, &QListWidget::currentRowChanged, this,
+      [this, report](int row) {
+        m_flow.ChooseVariable(row);
+        report();
+      },
+      Qt::QueuedConnection);
 }
 
 void GroupPanel::Refresh() {
   if (m_flow.CurrentStage() != MasterFlow::Stage::GroupDetails) return;
   ShowText(m_txtPerGroup, m_flow.Options().PerGroupText());
   m_lblGroupsPreview->setText(ToQt(m_flow.GroupsPreview()));
-}
-
-// The project's variables stay the same while the panel is up.
-void GroupPanel::showEvent(QShowEvent* event) {
-  if (!event->spontaneous()) {
-    const QSignalBlocker quiet(m_lstVarName);
+  const QSignalBlocker quiet(m_lstVarName);
+  const std::vector<std::string> choices = m_flow.Options().VariableChoices();
+  if (choices != m_choices) {
     m_lstVarName->clear();
-    for (const std::string& choice : m_flow.Options().VariableChoices()) m_lstVarName->addItem(ToQt(choice));
-    m_lstVarName->setCurrentRow(m_flow.Options().ChosenVariable());
+    for (const std::string& choice : m_choices = choices) m_lstVarName->addItem(ToQt(choice));
   }
-  FlowPanel::showEvent(event);
+  m_lstVarName->setCurrentRow(m_flow.Options().ChosenVariable());
 }
 
 }  // namespace zova

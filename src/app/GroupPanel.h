@@ -17,12 +17,10 @@ class GroupPanel : public FlowPanel {
   explicit GroupPanel(MasterFlow& flow);
   void Refresh() override;
 
- protected:
-  void showEvent(QShowEvent* event) override;
-
  private:
   QLineEdit* m_txtPerGroup;
   QListWidget* m_lstVarName;
+  std::vector<std::string> m_choices;  // in the list
   QLabel* m_lblGroupsPreview;
 };
 

@@ -23,12 +23,12 @@ IdentificationPanel::IdentificationPanel(Session& session)
   rows->addLayout(row);
   AddText(*row, "lblInfCtr", &SubjectIdentification::Counter);
   row->addStretch();
-  m_cmdBrowse = AddButton(*row, "cmdBrowse", tr("B&rowse"), [this] { m_session.BrowseSubject(); });
-  m_cmdOK = AddButton(*row, "cmdOK", tr("O&K"), [this] { m_session.LoadTypedSubject(); });
-  m_cmdBack = AddButton(*row, "cmdBack", tr("<<&Back"), [this] { m_rules.Back(); });
-  m_cmdNext = AddButton(*row, "cmdNext", tr("&Next >>"), [this] { m_rules.Next(); });
-  m_cmdEntered = AddButton(*row, "cmdEntered", tr("&Done!"), [this] { m_session.FinishIdentification(); });
-  m_cmdCancel = AddButton(*row, "cmdCancel", tr("&Cancel"), [this] { m_session.CancelIdentification(); });
+  m_cmdBrowse = AddButton(*row, "cmdBrowse", tr("B&rowse"), *this, [this] { m_session.BrowseSubject(); });
+  m_cmdOK = AddButton(*row, "cmdOK", tr("O&K"), *this, [this] { m_session.LoadTypedSubject(); });
+  m_cmdBack = AddButton(*row, "cmdBack", tr("<<&Back"), *this, [this] { m_rules.Back(); });
+  m_cmdNext = AddButton(*row, "cmdNext", tr("&Next >>"), *this, [this] { m_rules.Next(); });
+  m_cmdEntered = AddButton(*row, "cmdEntered", tr("&Done!"), *this, [this] { m_session.FinishIdentification(); });
+  m_cmdCancel = AddButton(*row, "cmdCancel", tr("&Cancel"), *this, [this] { m_session.CancelIdentification(); });
   connect(m_txtSub, &QLineEdit::textEdited, this, [this](const QString& text) {
     m_rules.SetSubjectText(FromQt(text));
     // What is dropped had just been put in before the cursor.
@@ -68,20 +68,6 @@ QLabel* IdentificationPanel::AddText(QBoxLayout& rows, const char* name, Getter 
   rows.addWidget(label);
   m_texts.emplace_back(label, text);
   return label;
-}
-
-QPushButton* IdentificationPanel::AddButton(QBoxLayout& row, const char* name, const QString& caption,
-                                            std::function<void()> act) {
-  QPushButton* button = MakeButton(name, caption);
-  button->setFocusPolicy(Qt::TabFocus);  // after a click the cursor stands where the rules put it
-  button->installEventFilter(this);
-  row.addWidget(button);
-  connect(button, &QPushButton::clicked, this, [this, act = std::move(act)] {
-    act();
-    Refresh();
-    emit Acted();
-  });
-  return button;
 }
 
 void IdentificationPanel::Refresh() {
@@ -132,8 +118,5 @@ void IdentificationPanel::keyPressEvent(QKeyEvent* event) {
     default: Panel::keyPressEvent(event);
   }
 }
-
-// A double click is one press: its second half would press what stands at the same place on the next screen.
-bool IdentificationPanel::eventFilter(QObject*, QEvent* event) { return event->type() == QEvent::MouseButtonDblClick; }
 
 }  // namespace zova

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <QLineEdit>
-#include <functional>
 #include <vector>
 
 #include "app/Panel.h"
@@ -27,14 +26,12 @@ class IdentificationPanel : public Panel {
  protected:
   void showEvent(QShowEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
-  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   using Getter = std::string (SubjectIdentification::*)() const;
 
   QWidget* MakePage();
   QLabel* AddText(QBoxLayout& rows, const char* name, Getter text);
-  QPushButton* AddButton(QBoxLayout& row, const char* name, const QString& caption, std::function<void()> act);
   void PlaceCursor();
   [[nodiscard]] QPushButton* DefaultButton() const;
 

@@ -32,7 +32,7 @@ MainWindow::MainWindow(Session& session, QtProgress& progress)
       m_location(Add(new LocationPanel(session))),
       m_identification(Add(new IdentificationPanel(session))),
       m_entry(Add(new EntryPanel(session))),
-      m_masterOptions(Add(new MasterPanel(session.Masters(), [this] { return m_session.ProjectCaption(); }))),
+      m_masterOptions(Add(new MasterPanel(session.Masters()))),
       m_measures(Add(new MeasurePanel(session.Masters(), [this] { Run(&Session::ShowMeasuresHelp); }))),
       m_order(Add(new OrderPanel(session.Masters()))),
       m_groups(Add(new GroupPanel(session.Masters()))),

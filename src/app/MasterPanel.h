@@ -16,21 +16,21 @@ class MasterPanel : public FlowPanel {
   Q_OBJECT
 
  public:
-  /// `title` answers the title of the open project.
-  MasterPanel(MasterFlow& flow, std::function<std::string()> title);
+  explicit MasterPanel(MasterFlow& flow);
   void Refresh() override;
 
  private:
   void Connect();
   void ConnectBox(QCheckBox* box, bool MasterOptions::*option);
 
-  std::function<std::string()> m_title;
   QLabel* m_lblProjectName;
   QLineEdit* m_txtMasterDest;
   DriveDirectoryList* m_directories;
   QPushButton* m_cmdMeasures;
   QCheckBox* m_chkItemAnalysis;
   QCheckBox* m_chkCombine;
+  QCheckBox* m_chkExportClean;
+  QCheckBox* m_chkExportLong;
 };
 
 }  // namespace zova

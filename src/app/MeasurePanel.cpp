@@ -54,7 +54,7 @@ void MeasurePanel::AddBox(QGroupBox& frame, const MeasureBox& measure, char acce
   auto* box = new QCheckBox(caption.insert(caption.indexOf(QLatin1Char(accessKey)), u'&'));
   box->setObjectName(Ascii(measure.Name));
   static_cast<QVBoxLayout*>(frame.layout())->addWidget(box, 0, Qt::AlignLeft);
-  box->installEventFilter(this);
+  ActAtOnce(box);
   m_boxes.emplace_back(box, measure.Which);
   connect(box, &QCheckBox::clicked, this, [this, which = measure.Which](bool checked) {
     m_flow.Options().Selection.Check(which, checked);

@@ -46,7 +46,16 @@ bool NumberBox::event(QEvent* event) {
 bool NumberBox::TakeKey(const QKeyEvent& press) {
   if (press.matches(QKeySequence::Paste)) return TakePaste();
   if (press.matches(QKeySequence::Copy)) return TakeCopy();
-  return false;
+  if (!text().isEmpty()) return false;
+  const bool isRedoToo = press.keyCombination() == (Qt::CTRL | Qt::Key_Y);
+  if (press.matches(QKeySequence::Undo)) {
+    UndoInGrid();
+  } else if (press.matches(QKeySequence::Redo) || isRedoToo) {
+    RedoInGrid();
+  } else {
+    return false;
+  }
+  return true;
 }
 
 // False for what is to be pasted into the box itself.

@@ -25,10 +25,13 @@ class NumberBox : public QLineEdit {
 
   void contextMenuEvent(QContextMenuEvent* event) override;
   bool event(QEvent* event) override;
-  /// True for a key of the grid's. Of itself it takes those that copy and paste.
+  /// True for a key of the grid's. Of itself it takes those that copy and paste, and with the box empty those that undo
+  /// and redo.
   virtual bool TakeKey(const QKeyEvent& press);
   virtual void PasteIntoGrid(const std::string& text) = 0;
   [[nodiscard]] virtual std::string CopyOfGrid() const = 0;
+  virtual void UndoInGrid() = 0;
+  virtual void RedoInGrid() = 0;
 
  private:
   bool TakePaste();

@@ -2,6 +2,7 @@
 #include "app/NumberGrid.h"
 
 #include <QHeaderView>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QStyledItemDelegate>
 #include <algorithm>
@@ -64,5 +65,27 @@ void NumberGrid::resizeEvent(QResizeEvent* event) {
   QTableView::resizeEvent(event);
   ScrollToCursor();
 }
+
+void NumberGrid::mousePressEvent(QMouseEvent* event) {
+  const QModelIndex pressed = indexAt(event->position().toPoint());
+  m_dragging = event->button() == Qt::LeftButton && pressed.column() > 0;
+  if (!m_dragging) return;
+  PressCell(pressed.row(), pressed.column(), event->modifiers().testFlag(Qt::ShiftModifier));
+  emit Acted();
+}
+
+// Comes only while a button is held. Beyond the edge it goes to the next row, so that dragging scrolls.
+void NumberGrid::mouseMoveEvent(QMouseEvent* event) {
+  if (!m_dragging) return;
+  const QPoint place = event->position().toPoint();
+  const int bottom = viewport()->height() - 1;
+  const int row = rowAt(std::clamp(place.y(), 0, bottom));
+  const int beyond = place.y() < 0 ? -1 : place.y() > bottom ? 1 : 0;
+  const int column = columnAt(std::clamp(place.x(), 0, viewport()->width() - 1));
+  DragTo(row < 0 ? model()->rowCount() - 1 : row + beyond, column);
+  emit Acted();
+}
+
+void NumberGrid::mouseDoubleClickEvent(QMouseEvent* event) { mousePressEvent(event); }
 
 }  // namespace zova

@@ -3,11 +3,12 @@
 
 #include "app/FlowPanel.h"
 
+class QLabel;
+
 namespace zova {
 
 class NumberBox;
-class NumberGrid;
-class OrderModel;
+class OrderTable;
 
 /// The screen on which the order of the study items or of the subjects is typed. The focus comes back to its box.
 class OrderPanel : public FlowPanel {
@@ -21,8 +22,13 @@ class OrderPanel : public FlowPanel {
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
-  OrderModel* m_model;
-  NumberGrid* m_grdOrder;
+  void Arrange();
+
+  QLabel* m_lblProjectName;
+  QLabel* m_lblOrderTitle;
+  OrderTable* m_grdOrder;
+  QLabel* m_lblOrderPlan;
+  QWidget* m_plan;
   NumberBox* m_txtOrder;
   QPushButton* m_cmdGoSerial;
   QPushButton* m_cmdGoCombine;

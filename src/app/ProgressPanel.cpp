@@ -51,21 +51,38 @@ ProgressPanel::ProgressPanel(QtProgress& progress)
   progress.SetPanel(this);
 }
 
-void ProgressPanel::ShowProgress(int percent, const std::string& text) {
-  m_proMasterProgress->setValue(percent);
-  m_lblMasterProgress->setText(ToQt(text));
+void ProgressPanel::SetProgress(int percent, const std::string& text) {
+  m_percent = percent;
+  m_text = ToQt(text);
+}
+
+void ProgressPanel::ShowProgress() {
+  m_proMasterProgress->setValue(m_percent);
+  m_lblMasterProgress->setText(m_text);
 }
 
 // Each run begins anew.
 void ProgressPanel::showEvent(QShowEvent* event) {
   Panel::showEvent(event);
-  if (!event->spontaneous()) ShowProgress(0, {});
+  if (event->spontaneous()) return;
+  SetProgress(0, {});
+  ShowProgress();
 }
 
 void QtProgress::Show(int percent, const std::string& text) {
+  if (m_panel) m_panel->SetProgress(percent, text);
   const bool isInside = percent > 0 && percent < 100;
-  if (isInside && m_sinceShown.isValid() && m_sinceShown.elapsed() < kMilliseconds) return;
-  if (m_panel) m_panel->ShowProgress(percent, text);
+  if (!isInside || !IsTooSoon()) Repaint();
+}
+
+void QtProgress::Breathe() {
+  if (!IsTooSoon()) Repaint();
+}
+
+bool QtProgress::IsTooSoon() const { return m_sinceShown.isValid() && m_sinceShown.elapsed() < kMilliseconds; }
+
+void QtProgress::Repaint() {
+  if (m_panel) m_panel->ShowProgress();
   const DiscardedInput discarded;
   QCoreApplication::processEvents();
   m_sinceShown.start();

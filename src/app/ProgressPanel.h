@@ -3,6 +3,7 @@
 
 #include <QElapsedTimer>
 #include <QPointer>
+#include <QString>
 
 #include "app/Panel.h"
 #include "platform/Desktop.h"
@@ -22,12 +23,16 @@ class ProgressPanel : public Panel {
   /// Shows what is told to `progress`.
   explicit ProgressPanel(QtProgress& progress);
   void Refresh() override {}  // what the run tells is shown at once
-  void ShowProgress(int percent, const std::string& text);
+  /// What ShowProgress will show.
+  void SetProgress(int percent, const std::string& text);
+  void ShowProgress();
 
  protected:
   void showEvent(QShowEvent* event) override;
 
  private:
+  int m_percent = 0;
+  QString m_text;
   QProgressBar* m_proMasterProgress;
   QLabel* m_lblMasterProgress;
 };
@@ -35,11 +40,15 @@ class ProgressPanel : public Panel {
 /// Keeps the window alive during a run: it repaints, but keys, clicks and its closing are discarded.
 class QtProgress final : public Progress {
  public:
-  /// At most every 50 ms, unless it is the run's first or last.
+  /// At most every 50 ms, unless it is the run's first or last; what came too soon is shown by the next Breathe.
   void Show(int percent, const std::string& text) override;
+  void Breathe() override;
   void SetPanel(ProgressPanel* panel) { m_panel = panel; }
 
  private:
+  [[nodiscard]] bool IsTooSoon() const;
+  void Repaint();
+
   QPointer<ProgressPanel> m_panel;
   QElapsedTimer m_sinceShown;
 };

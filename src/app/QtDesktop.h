@@ -13,7 +13,7 @@ class QtDesktop final : public Desktop {
   void ShowBusyPointer() override { Count(m_busy, 1); }
   void RestorePointer() override { Count(m_busy, -1); }
   void Beep() override;
-  void OpenFolder(const std::filesystem::path& directory) override;
+  bool OpenFolder(const std::filesystem::path& directory) override;
 
   /// Lives while a box or dialog is up: the pointer is the normal one, however busy the program is, and the focus comes
   /// back to where it was.

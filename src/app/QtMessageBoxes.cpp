@@ -2,7 +2,9 @@
 
 #include "app/QtMessageBoxes.h"
 
+#include <QApplication>
 #include <QGridLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPlainTextEdit>
@@ -30,6 +32,23 @@ constexpr Offer kOffers[] = {{QMessageBox::Ok, BoxAnswer::Ok},
                              {QMessageBox::Cancel, BoxAnswer::Cancel}};
 
 QMessageBox::StandardButton ButtonOf(BoxAnswer answer) { return kAnswers[static_cast<std::size_t>(answer)]; }
+
+// A box is answered by a key that was pressed for it, not by one that is still held from what led there.
+class HeldKeysDiscarded final : public QObject {
+ public:
+  HeldKeysDiscarded() { qApp->installEventFilter(this); }
+  bool eventFilter(QObject*, QEvent* event) override {
+    const bool isOverride = event->type() == QEvent::ShortcutOverride;
+    if (m_pressed || (event->type() != QEvent::KeyPress && !isOverride)) return false;
+    const bool isHeld = static_cast<const QKeyEvent*>(event)->isAutoRepeat();
+    m_pressed = !isHeld;
+    if (isHeld && isOverride) event->accept();  // no shortcut's either
+    return isHeld;
+  }
+
+ private:
+  bool m_pressed = false;
+};
 
 // A list of hundreds of subjects would make the box higher than the screen: it scrolls then, in place of the label
 // that Qt has laid out for it.
@@ -70,6 +89,7 @@ BoxAnswer QtMessageBoxes::Show(const MessageBox& box) {
   LetLongTextScroll(dialog, "qt_msgbox_label", dialog.text(), "txtMessage");
   if (!box.Details.empty())
     LetLongTextScroll(dialog, "qt_msgbox_informativelabel", dialog.informativeText(), "txtDetails");
+  const HeldKeysDiscarded discarded;
   const auto* pressed = std::find(std::begin(kAnswers), std::end(kAnswers), dialog.exec());
   return pressed == std::end(kAnswers) ? offer.Escape : static_cast<BoxAnswer>(pressed - kAnswers);
 }

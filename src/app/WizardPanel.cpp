@@ -4,7 +4,6 @@
 #include <QKeyEvent>
 #include <QScrollArea>
 #include <QShowEvent>
-#include <utility>
 
 #include "app/Controls.h"
 #include "app/WizardPages.h"
@@ -44,24 +43,11 @@ void WizardPanel::AddButtons(QVBoxLayout& rows) {
   rows.addLayout(row);
   row->addWidget(m_lblCounter);
   row->addStretch();
-  m_cmdBack1 = AddButton(*row, "cmdBack1", "<<&Back", [this] { m_session.Wizard().Back(); });
-  m_cmdNext1 = AddButton(*row, "cmdNext1", "&Next >>", [this] { m_session.Wizard().Next(); });
-  m_cmdEntered1 = AddButton(*row, "cmdEntered1", "&Done!", [this] { m_session.FinishWizard(); });
-  m_cmdCancel1 = AddButton(*row, "cmdCancel1", "&Cancel", [this] { m_session.CancelWizard(); });
+  m_cmdBack1 = AddButton(*row, "cmdBack1", "<<&Back", *this, [this] { m_session.Wizard().Back(); });
+  m_cmdNext1 = AddButton(*row, "cmdNext1", "&Next >>", *this, [this] { m_session.Wizard().Next(); });
+  m_cmdEntered1 = AddButton(*row, "cmdEntered1", "&Done!", *this, [this] { m_session.FinishWizard(); });
+  m_cmdCancel1 = AddButton(*row, "cmdCancel1", "&Cancel", *this, [this] { m_session.CancelWizard(); });
   for (QPushButton* button : {m_cmdNext1, m_cmdEntered1}) MarkDefault(button, true);  // one of them is in sight
-}
-
-QPushButton* WizardPanel::AddButton(QHBoxLayout& row, const char* name, const QString& caption,
-                                    std::function<void()> act) {
-  QPushButton* button = MakeButton(name, caption);
-  button->setFocusPolicy(Qt::TabFocus);  // after a click the cursor stands where the rules put it
-  button->installEventFilter(this);
-  row.addWidget(button);
-  connect(button, &QPushButton::clicked, this, [this, act = std::move(act)] {
-    act();
-    emit Acted();
-  });
-  return button;
 }
 
 void WizardPanel::Refresh() {
@@ -103,12 +89,6 @@ void WizardPanel::showEvent(QShowEvent* event) {
   if (event->spontaneous()) return;
   Refresh();
   PlaceCursor();
-}
-
-// A double click is one press: without this its second half would press the button of the next page, which stands at
-// the same place.
-bool WizardPanel::eventFilter(QObject* watched, QEvent* event) {
-  return event->type() == QEvent::MouseButtonDblClick || Panel::eventFilter(watched, event);
 }
 
 }  // namespace zova

@@ -6,7 +6,6 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QStackedWidget>
-#include <functional>
 #include <vector>
 
 #include "app/Panel.h"
@@ -27,12 +26,10 @@ class WizardPanel : public Panel {
  protected:
   void keyPressEvent(QKeyEvent* event) override;
   void showEvent(QShowEvent* event) override;
-  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   void AddPages();
   void AddButtons(QVBoxLayout& rows);
-  QPushButton* AddButton(QHBoxLayout& row, const char* name, const QString& caption, std::function<void()> act);
   void PlaceCursor();
   [[nodiscard]] QPushButton* DefaultButton() const;
 

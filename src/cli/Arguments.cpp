@@ -11,18 +11,26 @@ namespace zova {
 
 namespace {
 
-std::vector<Measure> ParseMeasures(std::string_view list) {
-  std::vector<Measure> measures;
-  if (list.empty()) return measures;
+// The names between the commas; "" has none.
+std::vector<std::string> SplitNames(std::string_view list) {
+  std::vector<std::string> names;
+  if (list.empty()) return names;
   for (;;) {
     const std::size_t end = std::min(list.find(','), list.size());
-    const std::string_view name = list.substr(0, end);
-    const auto measure = MeasureByName(name);
-    if (!measure) throw UsageError("unknown measure '" + std::string(name) + "'");
-    measures.push_back(*measure);
-    if (end == list.size()) return measures;
+    names.emplace_back(list.substr(0, end));
+    if (end == list.size()) return names;
     list.remove_prefix(end + 1);
   }
+}
+
+std::vector<Measure> ParseMeasures(std::string_view list) {
+  std::vector<Measure> measures;
+  for (const std::string& name : SplitNames(list)) {
+    const auto measure = MeasureByName(name);
+    if (!measure) throw UsageError("unknown measure '" + name + "'");
+    measures.push_back(*measure);
+  }
+  return measures;
 }
 
 int GroupSizeOf(const std::string& text) {
@@ -34,6 +42,7 @@ int GroupSizeOf(const std::string& text) {
 void RequireComplete(const Arguments& parsed) {
   if (!parsed.GroupSize && parsed.GroupBy) throw UsageError("option '--group-by' needs '--group-size'");
   if (!parsed.GroupSize && parsed.GroupOrderFile) throw UsageError("option '--group-order' needs '--group-size'");
+  if (!parsed.Means && parsed.ComputedOnly) throw UsageError("option '--computed-only' needs '--means'");
   if (parsed.ProjectFile.empty() && !parsed.Help && !parsed.Version) throw UsageError("no project file");
 }
 
@@ -90,6 +99,14 @@ Arguments ParseArguments(const std::vector<std::string>& arguments) {
       parsed.SerialOrderFile = *order;
     } else if (const auto destination = values.Of(argument, "--destination")) {
       parsed.Destination = *destination;
+    } else if (const auto cleanFile = values.FileOf(argument, "--clean")) {
+      parsed.CleanFile = *cleanFile;
+    } else if (const auto longFile = values.FileOf(argument, "--long")) {
+      parsed.LongFile = *longFile;
+    } else if (const auto variables = values.Of(argument, "--means")) {
+      parsed.Means = SplitNames(*variables);
+    } else if (argument == "--computed-only") {
+      parsed.ComputedOnly = true;
     } else if (const auto size = values.Of(argument, "--group-size")) {
       parsed.GroupSize = GroupSizeOf(*size);
     } else if (const auto variable = values.Of(argument, "--group-by")) {
@@ -106,6 +123,7 @@ Arguments ParseArguments(const std::vector<std::string>& arguments) {
 
 const char* UsageText() {
   return "Usage: zova-master [--measures BOX,...] [--serial-order FILE] [--destination FILE]\n"
+         "                   [--clean FILE] [--long FILE] [--means VARIABLE,... [--computed-only]]\n"
          "                   [--group-size N [--group-by VARIABLE] [--group-order FILE]] PROJECT.prm\n"
          "\n"
          "Writes the master of a recall experiment: one row per subject, one column per measure.\n"
@@ -116,6 +134,12 @@ const char* UsageText() {
          "  --serial-order FILE   also write the serial-position master; FILE holds a line 'item,position' per item\n"
          "  --destination FILE    where the master's header goes; a name without a directory lies in the primary\n"
          "                        directory, where the rows always go\n"
+         "  --clean FILE          also write the measures as a CSV for other programs: level names, nothing cut, "
+         "empty\n"
+         "                        fields with the reason for what could not be computed\n"
+         "  --long FILE           also write the recalls as a CSV, a row per studied and per recalled item\n"
+         "  --means VARIABLE,...  print the means of all measures by these variables, crossed, as a CSV; '' for none\n"
+         "  --computed-only       leave out of the means what could not be computed (0 in the master)\n"
          "  --group-size N        also write the combined master: a row per group of N subjects, their recall pooled\n"
          "  --group-by VARIABLE   only subjects of one level of this variable form a group\n"
          "  --group-order FILE    the order in which groups are formed; FILE holds a line '\"identifier\",position' "
@@ -126,7 +150,8 @@ const char* UsageText() {
          "Files are paths of this system or drive-letter paths (C:\\Data\\Study.prm). C: is the home directory and Z:\n"
          "the root; ZOVA_DRIVES='C=/dir;D=/dir' sets other drives.\n"
          "\n"
-         "The paths that were written go to standard output. Ends with 0 when the masters are made, 1 when the run\n"
+         "The paths that were written go to standard output, with --means to standard error. Ends with 0 when the "
+         "masters are made, 1 when the run\n"
          "stopped or there is no data, 2 on wrong usage.\n";
 }
 

@@ -22,8 +22,12 @@ struct Arguments {
   bool Version = false;
   std::optional<std::vector<Measure>> Measures;  ///< the boxes to leave checked
   std::optional<std::string> SerialOrderFile;
-  std::string Destination;       ///< "" for the default
-  std::optional<int> GroupSize;  ///< asks for the combined master; without it none of the next two
+  std::string Destination;                        ///< "" for the default
+  std::optional<std::string> CleanFile;           ///< asks for the CSV of the measures
+  std::optional<std::string> LongFile;            ///< asks for the CSV of the recalls
+  std::optional<std::vector<std::string>> Means;  ///< asks for the table of means, by these variables
+  bool ComputedOnly = false;                      ///< only with Means
+  std::optional<int> GroupSize;                   ///< asks for the combined master; without it none of the next two
   std::optional<std::string> GroupBy;
   std::optional<std::string> GroupOrderFile;
   std::string ProjectFile;

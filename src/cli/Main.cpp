@@ -6,6 +6,7 @@
 #include <exception>
 #include <filesystem>
 #include <iostream>
+#include <numeric>
 #include <set>
 
 #include "cli/Arguments.h"
@@ -13,6 +14,8 @@
 #include "master/CombinedMaster.h"
 #include "master/MasterRun.h"
 #include "master/SavedOrders.h"
+#include "means/MeansTable.h"
+#include "means/UncomputedValues.h"
 #include "platform/FileErrorHandler.h"
 #include "project/ProjectFile.h"
 #include "project/ProjectOpening.h"
@@ -38,22 +41,41 @@ class MasterCommand {
     if (!WithRetry(m_errors, [&] { m_project = ReadProjectFile(m_disk, projectFile); })) return kStopped;
     if (!MayOpenProject(m_project, m_terminal)) return kStopped;
     CombinedRequest combined;
-    if (m_arguments.GroupBy) combined.Separator = SeparatorByName(*m_arguments.GroupBy);
+    if (m_arguments.GroupBy) combined.Separator = VariableByName(*m_arguments.GroupBy);
+    MeansRequest means = FindMeansVariables();
     MasterRequest request;
     if (!TellUnfinished() || !FillRequest(request)) return kStopped;
     if (m_arguments.GroupSize && !FillCombinedRequest(request, combined)) return kStopped;
     const RunSurroundings surroundings{m_disk, m_terminal, m_terminal};
+    std::optional<ScoredTable> table;
+    if (m_arguments.Means) request.Sink = &table.emplace(m_project, request.Selection);
     const MasterRunResult result = CreateMasters(m_project, request, surroundings);
     if (!Told(result)) return kStopped;
+    if (table) PrintMeans(table->Table(), std::move(means));
     if (m_arguments.GroupSize && !Told(CreateCombinedMaster(m_project, combined, surroundings))) return kStopped;
     ShowMasterWarnings(result.Notices, m_terminal);
     return kDone;
   }
 
  private:
-  static bool Told(const MasterRunResult& result) {
-    for (const std::filesystem::path& path : result.Written) std::cout << PathText(path) << '\n';
+  [[nodiscard]] bool Told(const MasterRunResult& result) const {
+    std::ostream& out = m_arguments.Means ? std::cerr : std::cout;  // a table stands alone on standard output
+    for (const std::filesystem::path& path : result.Written) out << PathText(path) << '\n';
     return result.Completed;
+  }
+
+  [[nodiscard]] MeansRequest FindMeansVariables() const {
+    MeansRequest request{.Measures = {}, .Variables = {}, .LeavesOutUncomputed = m_arguments.ComputedOnly};
+    if (!m_arguments.Means) return request;
+    for (const std::string& name : *m_arguments.Means) request.Variables.push_back(VariableByName(name));
+    return request;
+  }
+
+  void PrintMeans(const MasterTable& table, MeansRequest request) const {
+    request.Measures.resize(table.Measures.size());
+    std::iota(request.Measures.begin(), request.Measures.end(), std::size_t{0});
+    SetStandardOutputBinary();
+    std::cout << CsvText(LinesOf(ComputeMeans(table, request, &m_project)));
   }
 
   // A relative path of the platform starts from the current directory; drive-letter paths stay.
@@ -76,6 +98,8 @@ class MasterCommand {
       for (const Measure measure : *m_arguments.Measures) request.Selection.Check(measure, true);
     }
     request.Destination = DestinationText();
+    if (m_arguments.CleanFile) request.CleanFile = FilePath(*m_arguments.CleanFile);
+    if (m_arguments.LongFile) request.LongFile = FilePath(*m_arguments.LongFile);
     const auto count = CountSubjectFiles(m_project, m_disk, m_terminal);
     if (count.value_or(0) == 0) return false;
     request.SubjectFileCount = *count;
@@ -94,7 +118,7 @@ class MasterCommand {
     return !fault;
   }
 
-  [[nodiscard]] std::size_t SeparatorByName(const std::string& name) const {
+  [[nodiscard]] std::size_t VariableByName(const std::string& name) const {
     const auto variable = FindVariable(m_project, name);
     if (!variable) throw UsageError("the project has no variable '" + name + "'");
     return *variable;
@@ -104,8 +128,8 @@ class MasterCommand {
   bool FillCombinedRequest(const MasterRequest& request, CombinedRequest& combined) {
     combined.Selection = request.Selection;
     combined.Destination = request.Destination;
-    auto subjects =
-        ReadGroupSubjects(m_project, request.SubjectFileCount, combined.Separator.has_value(), m_disk, m_terminal);
+    auto subjects = ReadGroupSubjects(m_project, request.SubjectFileCount, combined.Separator.has_value(), m_disk,
+                                      m_terminal, m_terminal);
     if (!subjects) return false;
     combined.Subjects = std::move(*subjects);
     const std::vector<std::string>& ids = combined.Subjects.SubjectIds;
@@ -125,7 +149,7 @@ class MasterCommand {
     const std::string path = FilePath(*m_arguments.GroupOrderFile);
     GroupOrderLines lines;
     if (!WithRetry(m_errors, [&] { lines = ReadGroupOrder(m_disk, path); })) return false;
-    if (!IsFaultless(GroupOrderFault(lines.SubjectIds, lines.Positions), path)) return false;
+    if (!IsFaultless(GroupFileFault(lines, subjectIds), path)) return false;
     order = FitGroupOrder(lines, subjectIds);
     // Nobody looks at the order before it is used: a misspelt identifier must not pass unseen.
     const std::set<std::string_view> known(lines.SubjectIds.begin(), lines.SubjectIds.end());

@@ -6,6 +6,7 @@
 #include <iostream>
 
 #ifdef _WIN32
+#include <fcntl.h>
 #include <io.h>
 #else
 #include <unistd.h>
@@ -64,6 +65,13 @@ void Terminal::Show(int percent, const std::string& text) {
 void Terminal::EndProgressLine() {
   if (m_lineOpen) std::cerr << '\n';
   m_lineOpen = false;
+}
+
+void SetStandardOutputBinary() {
+#ifdef _WIN32
+  std::cout.flush();
+  _setmode(_fileno(stdout), _O_BINARY);
+#endif
 }
 
 }  // namespace zova

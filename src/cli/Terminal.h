@@ -17,6 +17,7 @@ class Terminal final : public MessageBoxes, public Progress {
   Terminal();
   BoxAnswer Show(const MessageBox& box) override;
   void Show(int percent, const std::string& text) override;
+  void Breathe() override {}
 
  private:
   void EndProgressLine();
@@ -26,5 +27,8 @@ class Terminal final : public MessageBoxes, public Progress {
   bool m_lineOpen = false;
   std::chrono::steady_clock::time_point m_lastShown{};
 };
+
+/// From here on standard output takes bytes as they are, line ends included, also where a system would change them.
+void SetStandardOutputBinary();
 
 }  // namespace zova

@@ -12,18 +12,13 @@ namespace zova {
 
 namespace {
 
-class CombinedWriter {
+class CombinedWriter : private RunParts {
  public:
   CombinedWriter(const ProjectParameters& project, const CombinedRequest& request, const RunSurroundings& surroundings)
-      : m_project(project),
+      : RunParts(project, MasterKind::Combined, static_cast<int>(request.Plan.Groups.size()), surroundings),
         m_request(request),
-        m_boxes(surroundings.Boxes),
-        m_errors(surroundings.Boxes),
         m_path(ResolveDestination(request.Destination, project, surroundings.Files.Drives()).Directory +
                project.Abbreviation + " Combined Master.txt"),
-        m_subjects(project, surroundings.Files, m_errors),
-        m_files(project, MasterKind::Combined, m_subjects, surroundings.Files, m_errors, m_result.Written),
-        m_progress(surroundings.Bar, static_cast<int>(request.Plan.Groups.size())),
         m_recall(project) {}
 
   MasterRunResult Run() {
@@ -75,21 +70,9 @@ class CombinedWriter {
     return true;
   }
 
-  const ProjectParameters& m_project;
   const CombinedRequest& m_request;
-  MessageBoxes& m_boxes;
-  FileErrorHandler m_errors;
   std::string m_path;
-  MasterRunResult m_result;
-
-  SubjectReader m_subjects;
-  MasterFiles m_files;
-  RunProgress m_progress;
-  MasterHeaderLine m_header;
-  SubjectRecord m_record;
   GroupRecall m_recall;
-  ScoringArrays m_scores;
-  std::string m_row;
 };
 
 }  // namespace
@@ -102,10 +85,10 @@ std::vector<std::int16_t> GroupSubjects::LevelsOf(std::optional<std::size_t> var
 }
 
 std::optional<GroupSubjects> ReadGroupSubjects(const ProjectParameters& project, int subjectFileCount, bool withLevels,
-                                               Disk& disk, MessageBoxes& boxes) {
+                                               Disk& disk, MessageBoxes& boxes, Progress& bar) {
   FileErrorHandler errors(boxes);
-  SubjectReader reader(project, disk, errors);
-  if (!reader.List()) return std::nullopt;
+  SubjectReader reader(project, disk, errors, bar);
+  if (!reader.List(subjectFileCount)) return std::nullopt;
   GroupSubjects subjects;
   SubjectRecord record;
   for (int k = 1; k <= subjectFileCount; ++k) {

@@ -31,9 +31,10 @@ struct CombinedRequest {
 };
 
 /// Lists the first `subjectFileCount` subjects and, `withLevels`, reads each for its levels; the lists are not kept.
-/// Errors are asked about as in the run of the masters; nothing when the user gave up.
+/// The window breathes through `bar`. Errors are asked about as in the run of the masters; nothing when the user gave
+/// up.
 std::optional<GroupSubjects> ReadGroupSubjects(const ProjectParameters& project, int subjectFileCount, bool withLevels,
-                                               Disk& disk, MessageBoxes& boxes);
+                                               Disk& disk, MessageBoxes& boxes, Progress& bar);
 
 /// Writes the combined master, a row per group, into the destination's directory, and its pieces beside the data when
 /// it is wide. A member that cannot be read is asked about as in the individual run; rows written until then stay.

@@ -17,20 +17,26 @@ class MasterOptions {
  public:
   explicit MasterOptions(Disk& disk);
 
-  /// Default measures, both boxes unchecked, the destination at its default with the lists on the primary directory.
+  /// Default measures, all other boxes unchecked, the destination at its default with the lists on the primary
+  /// directory.
   void Open(const ProjectParameters& project);
-  /// Unchecks the two boxes and empties the number of subjects per group.
+  /// Unchecks the boxes below and empties the number of subjects per group.
   void ResetMasterOptions() noexcept;
 
   MeasureSelection Selection;
   bool ChkItemAnalysis = false;
   bool ChkCombine = false;
+  bool ChkExportClean = false;  ///< the measures, the recalls as CSV files
+  bool ChkExportLong = false;
 
   [[nodiscard]] const std::string& Destination() const noexcept { return m_destination; }
   void SetDestination(const std::string& text) { m_destination = text; }
+  /// Puts the path that the text stands for in its place (ResolveDestination); in a directory that is there, the
+  /// master's name.
+  void SettleDestination();
   /// Drive and directory lists; an error in moving them is not told.
   DirectoryBrowser& Browser() noexcept { return m_browser; }
-  /// The lists moved: the destination is the master's name in their directory.
+  /// The destination is the master's name in the lists' directory, if that is another one than before.
   void FollowBrowser();
 
   // The nominal-group panel.
@@ -48,9 +54,11 @@ class MasterOptions {
     BoxAnswer Show(const MessageBox& box) override { return box.Default; }
   };
 
+  Disk& m_disk;
   SilentBoxes m_silent;
   const ProjectParameters* m_project = nullptr;
   DirectoryBrowser m_browser;
+  std::string m_followed;  // the lists' directory that the destination last had to do with
   std::string m_destination;
   std::string m_perGroup;
   int m_variable = 0;

@@ -5,9 +5,11 @@
 
 #include "master/MasterRun.h"
 
+#include "master/RunExports.h"
 #include "master/RunSteps.h"
 #include "scoring/ScoreSubject.h"
 #include "subjects/SubjectFiles.h"
+#include "text/TypedText.h"
 
 namespace zova {
 
@@ -18,25 +20,23 @@ void AddFailure(std::string& list, const char* opening, const std::string& subje
   list += subjectId;
 }
 
-class MasterWriter {
+class MasterWriter : private RunParts {
  public:
   MasterWriter(const ProjectParameters& project, const MasterRequest& request, const RunSurroundings& surroundings)
-      : m_project(project),
+      : RunParts(project, MasterKind::Individual, request.SubjectFileCount, surroundings),
         m_request(request),
-        m_boxes(surroundings.Boxes),
-        m_errors(surroundings.Boxes),
         m_destination(ResolveDestination(request.Destination, project, surroundings.Files.Drives())),
         m_rowPath(DefaultMasterPath(project)),
-        m_subjects(project, surroundings.Files, m_errors),
-        m_files(project, MasterKind::Individual, m_subjects, surroundings.Files, m_errors, m_result.Written),
-        m_progress(surroundings.Bar, request.SubjectFileCount) {
+        m_exports(project, request, m_destination, surroundings.Files, m_errors, m_result.Written) {
     m_serialCounts.Reset(project.ItemCount, project.TestCount);
   }
 
   MasterRunResult Run() {
     m_result.Completed = BuildHeader(m_project, m_request.Selection, MasterKind::Individual, m_boxes, m_header) &&
-                         m_subjects.List() && m_files.WriteHeader(m_destination.HeaderPath, m_header) && WriteRows() &&
-                         m_files.CloseRows() && (!m_request.Order || WriteSerialPositions());
+                         m_subjects.List(m_request.SubjectFileCount) && m_exports.Prepare() &&
+                         m_files.WriteHeader(m_destination.HeaderPath, m_header) && m_exports.WriteHeaders() &&
+                         WriteRows() && m_files.CloseRows() && m_exports.Close() &&
+                         (!m_request.Order || WriteSerialPositions());
     return std::move(m_result);
   }
 
@@ -47,6 +47,7 @@ class MasterWriter {
           m_errors, [&] { ReadAndScore(k); }, [&] { return m_subjects.Where(k); });
       if (!scored || !m_files.WriteRow(m_rowPath, m_row)) return false;
       const std::string id = m_subjects.SubjectId(k);
+      if (!HandOn({id, m_record, m_scores, m_row})) return false;
       if (m_scores.Categories.AnyArcFailed) {
         AddFailure(m_result.Notices.ArcFailureList,
                    "For at least 1 test, the ARC score was unable to be calculated for subject(s): ", id);
@@ -64,6 +65,10 @@ class MasterWriter {
     return true;
   }
 
+  bool HandOn(const ScoredSubject& subject) {
+    return m_exports.WriteRows(subject) && (m_request.Sink == nullptr || m_request.Sink->Take(subject));
+  }
+
   void ReadAndScore(int k) {
     m_subjects.Read(k, m_record);
     ScoreSubject(m_record.Lists, m_project, m_header.Families, m_scores);
@@ -72,26 +77,15 @@ class MasterWriter {
 
   bool WriteSerialPositions() {
     return m_files.WriteWhole(
-        m_destination.Directory + m_project.Abbreviation + " Serial Position Master.txt",
+        SerialMasterPath(m_destination, m_project),
         FormatSerialPositionMaster(m_serialCounts, m_project.TestCount, m_request.SubjectFileCount));
   }
 
-  const ProjectParameters& m_project;
   const MasterRequest& m_request;
-  MessageBoxes& m_boxes;
-  FileErrorHandler m_errors;
   MasterDestination m_destination;
   std::string m_rowPath;
-  MasterRunResult m_result;
-
-  SubjectReader m_subjects;
-  MasterFiles m_files;
-  RunProgress m_progress;
-  MasterHeaderLine m_header;
-  SubjectRecord m_record;
-  ScoringArrays m_scores;
+  RunExports m_exports;
   SerialCounts m_serialCounts;
-  std::string m_row;
 };
 
 }  // namespace
@@ -102,13 +96,26 @@ std::string DefaultMasterPath(const ProjectParameters& project) {
 
 MasterDestination ResolveDestination(const std::string& text, const ProjectParameters& project,
                                      const DriveMap& drives) {
-  std::string path = drives.ToDrivePath(text);
+  constexpr const char* kSeparators = "\\/";
+  const std::string_view typed = WithoutOuterBlanks(text);
+  std::string path = drives.ToDrivePath(typed);
+  const bool hasDrive = path.size() > 1 && path[1] == ':';
+  if (hasDrive && path.find_first_of(kSeparators) != 2) path.insert(2, "\\");
+  const bool isDirectory = typed.ends_with('\\') || typed.ends_with('/') || (hasDrive && path.size() == 3);
+  const std::string defaultPath = DefaultMasterPath(project);
   if (path.empty()) {
-    path = DefaultMasterPath(project);
-  } else if (path.find_first_of("\\/") == std::string::npos) {
+    path = defaultPath;
+  } else if (isDirectory) {
+    if (!path.ends_with('/')) path = JoinPath(path, "");
+    path += LastPathComponent(defaultPath);
+  } else if (path.find_first_of(kSeparators) == std::string::npos) {
     path = JoinPath(project.PrimaryDir, path);
   }
   return {path, path.substr(0, path.size() - LastPathComponent(path).size())};
+}
+
+std::string SerialMasterPath(const MasterDestination& destination, const ProjectParameters& project) {
+  return destination.Directory + project.Abbreviation + " Serial Position Master.txt";
 }
 
 std::optional<int> CountSubjectFiles(const ProjectParameters& project, Disk& disk, MessageBoxes& boxes) {

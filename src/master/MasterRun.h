@@ -59,9 +59,13 @@ struct MasterDestination {
 /// The path of the individual master in the primary directory: the destination box's first content.
 std::string DefaultMasterPath(const ProjectParameters& project);
 
-/// The destination box's `text`: a path of the platform becomes a drive path, a name alone lies in the primary
-/// directory, and nothing is the default.
+/// The destination box's `text`, without the blanks around it: a path of the platform becomes a drive path, one that
+/// ends with a backslash gets the master's name, a drive without a path means its root, a name alone lies in the
+/// primary directory, and nothing is the default.
 MasterDestination ResolveDestination(const std::string& text, const ProjectParameters& project, const DriveMap& drives);
+
+/// The path of the serial-position master of a run with this destination.
+std::string SerialMasterPath(const MasterDestination& destination, const ProjectParameters& project);
 
 /// The number of the project's subject files; tells the user when there is none. Nothing when the user gave up a
 /// failed listing, or when there are more than a 16-bit count holds.

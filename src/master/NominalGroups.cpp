@@ -40,10 +40,9 @@ std::string LevelText(const ProjectParameters& project, std::size_t variable, st
 std::optional<int> ParseGroupSize(std::string_view text) {
   const std::string_view digits = WithoutOuterBlanks(text);
   if (digits.empty() || digits.find_first_not_of("0123456789") != std::string_view::npos) return std::nullopt;
-  constexpr int kBeyondAnyCount = INT16_MAX + 1;
   const auto size = LeadingInteger16(digits);
   if (size && *size < 2) return std::nullopt;
-  return size ? *size : kBeyondAnyCount;
+  return size ? *size : kBeyondAnySize;
 }
 
 std::optional<std::size_t> FindVariable(const ProjectParameters& project, std::string_view name) {
@@ -82,8 +81,8 @@ std::string GroupPlanText(const GroupPlan& plan, const std::vector<std::string>&
     if (!text.empty()) text += '\n';
     if (separator) text += LevelText(project, *separator, level.Level) + ": ";
     text += level.GroupCount == 0 ? "no" : std::to_string(level.GroupCount);
-    text += level.GroupCount == 1 ? " group of " : " groups of ";
-    text += std::to_string(plan.SubjectsPerGroup);
+    text += level.GroupCount == 1 ? " group" : " groups";
+    if (plan.SubjectsPerGroup < kBeyondAnySize) text += " of " + std::to_string(plan.SubjectsPerGroup);
     const char* opening = ", left over: ";
     for (const std::size_t subject : level.LeftOver) {
       text += opening + subjectIds[subject];

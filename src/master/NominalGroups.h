@@ -47,8 +47,11 @@ struct GroupPlan {
 inline constexpr const char* kGroupSizeFault = "Subjects per group must be a number greater than 1.  Please re-enter.";
 inline constexpr const char* kTooFewSubjects = "There are not enough subjects for one group.";
 
-/// The whole text as a whole number of at least 2; nothing for all else. One larger than any number of subjects is some
-/// such number.
+/// A group size that is larger than any number of subjects.
+inline constexpr int kBeyondAnySize = INT16_MAX + 1;
+
+/// The whole text as a whole number of at least 2; nothing for all else. One larger than any number of subjects is
+/// `kBeyondAnySize`.
 std::optional<int> ParseGroupSize(std::string_view text);
 
 /// The variable of that name (from index 0): spelt so, else without regard to case.
@@ -59,7 +62,7 @@ std::optional<std::size_t> FindVariable(const ProjectParameters& project, std::s
 GroupPlan FormGroups(const std::vector<std::int16_t>& levels, const GroupOrder& order, int subjectsPerGroup);
 
 /// What `plan` gives, a line per level: "Sex, Male: 2 groups of 3, left over: 5, 9". Identifiers in the order of the
-/// listing.
+/// listing. Of a size beyond any, "no groups".
 std::string GroupPlanText(const GroupPlan& plan, const std::vector<std::string>& subjectIds,
                           const ProjectParameters& project, std::optional<std::size_t> separator);
 

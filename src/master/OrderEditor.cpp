@@ -3,6 +3,7 @@
 #include "master/OrderEditor.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <iterator>
 #include <utility>
 
@@ -52,31 +53,123 @@ void OrderEditor::OpenGroups(std::vector<std::string> subjectIds, std::vector<st
 void OrderEditor::Begin(Order order) {
   m_order = std::move(order);
   m_text.clear();
-  m_row = 0;
+  m_history.clear();
+  m_next = 0;
+  Place(0);
   ++m_layouts;
+  ++m_changes;
+}
+
+std::string OrderEditor::Title() const {
+  return m_use == Use::SerialPositions ? "Order of presentation of the items" : "Order of the subjects in the groups";
 }
 
 std::string OrderEditor::RowHeading() const { return m_use == Use::SerialPositions ? "Item #" : "Subject"; }
 
+OrderEditor::Rows OrderEditor::Selection() const noexcept {
+  return {std::min(m_anchor, m_row), std::max(m_anchor, m_row)};
+}
+
+void OrderEditor::Place(int row) {
+  SelectTo(row);
+  m_anchor = m_row;
+}
+
+void OrderEditor::SelectTo(int row) {
+  m_row = std::clamp(row, 0, RowCount() - 1);
+  if (!m_text.empty()) ++m_changes;  // it is for other rows now
+}
+
 void OrderEditor::SetEntryText(std::string_view text) {
   m_text.clear();
   std::copy_if(text.begin(), text.end(), std::back_inserter(m_text), IsDigit);
+  ++m_changes;
+}
+
+void OrderEditor::PutText(Order& order) const {
+  if (m_text.empty()) return;
+  std::int16_t position = LeadingInteger16(m_text).value_or(0);
+  const auto [first, last] = Selection();
+  for (int row = first; row <= last; ++row) {
+    order[static_cast<std::size_t>(row)] = position;
+    if (position > 0) position = position < INT16_MAX ? static_cast<std::int16_t>(position + 1) : std::int16_t{0};
+  }
+}
+
+OrderEditor::Order OrderEditor::PendingOrder() const {
+  Order order = m_order;
+  PutText(order);
+  return order;
+}
+
+void OrderEditor::TakeText() {
+  Order order = PendingOrder();
+  m_text.clear();
+  Set(std::move(order));
+}
+
+// Every change goes through here, to be undone; what changed nothing is nothing to undo.
+void OrderEditor::Set(Order order) {
+  ++m_changes;
+  const auto first = std::mismatch(order.begin(), order.end(), m_order.begin());
+  if (first.first == order.end()) return;
+  const auto last = std::mismatch(order.rbegin(), order.rend(), m_order.rbegin());
+  m_history.erase(m_history.begin() + static_cast<std::ptrdiff_t>(m_next), m_history.end());
+  m_history.push_back({static_cast<std::size_t>(first.first - order.begin()),
+                       {first.second, last.second.base()},
+                       {first.first, last.first.base()}});
+  ++m_next;
+  m_order = std::move(order);
+}
+
+void OrderEditor::ShowChange(const Change& change, const Order& positions) {
+  std::copy(positions.begin(), positions.end(), m_order.begin() + static_cast<std::ptrdiff_t>(change.First));
+  ++m_changes;
+  Place(static_cast<int>(change.First));
+}
+
+void OrderEditor::Undo() {
+  if (m_next == 0) return;
+  const Change& change = m_history[--m_next];
+  ShowChange(change, change.Before);
+}
+
+void OrderEditor::Redo() {
+  if (m_next == m_history.size()) return;
+  const Change& change = m_history[m_next++];
+  ShowChange(change, change.After);
 }
 
 void OrderEditor::Enter() {
-  if (!m_text.empty()) Click(m_row + 1);
+  if (m_text.empty()) return;
+  TakeText();
+  if (m_anchor == m_row) Place(m_row + 1);
 }
 
 void OrderEditor::Move(int rows) {
-  if (m_text.empty()) Click(m_row + rows);
+  if (m_text.empty()) Place(m_row + rows);
 }
 
 void OrderEditor::Click(int row) {
-  // What stands in the box belongs to the row that is left.
-  if (!m_text.empty()) {
-    m_order[static_cast<std::size_t>(m_row)] = LeadingInteger16(std::exchange(m_text, {})).value_or(0);
+  TakeText();
+  Place(row);
+}
+
+void OrderEditor::Delete() {
+  Order order = m_order;
+  const auto [first, last] = Selection();
+  std::fill(order.begin() + first, order.begin() + last + 1, std::int16_t{0});
+  Set(std::move(order));
+}
+
+std::string OrderEditor::Copy() const {
+  const Rows rows = m_anchor == m_row ? Rows{0, RowCount() - 1} : Selection();
+  std::string column;
+  for (int row = rows.First; row <= rows.Last; ++row) {
+    if (const int position = Position(row); position != 0) column += std::to_string(position);
+    column += '\n';
   }
-  m_row = std::clamp(row, 0, Rows() - 1);
+  return column;
 }
 
 void OrderEditor::Paste(std::string_view text) {
@@ -84,7 +177,7 @@ void OrderEditor::Paste(std::string_view text) {
   text = text.substr(0, text.find_last_not_of(" \r\n") + 1);
   if (text.empty()) return;
   Order order = m_order;
-  const auto start = static_cast<std::size_t>(m_row);
+  const auto start = static_cast<std::size_t>(Selection().First);
   for (std::size_t row = start; !text.empty(); ++row) {
     const auto position = PastedPosition(TakeLine(text));
     if (!position || row >= order.size()) {
@@ -95,19 +188,22 @@ void OrderEditor::Paste(std::string_view text) {
     }
     order[row] = *position;
   }
-  m_order = std::move(order);
   m_text.clear();  // else the next Enter would put it over what was pasted
-  ++m_layouts;
+  Set(std::move(order));
 }
 
 // A row behind the last has no name but its number.
 std::string OrderEditor::NoPositionText(std::size_t row) const {
   const bool isSubject = m_use == Use::GroupMembers;
   const std::string name = isSubject && row < m_subjectIds.size() ? m_subjectIds[row] : std::to_string(row + 1);
-  return (isSubject ? "Subject " : "Item ") + name + " has no position from 1 to " + std::to_string(Rows()) + ".";
+  return (isSubject ? "Subject " : "Item ") + name + " has no position from 1 to " + std::to_string(RowCount()) + ".";
 }
 
-void OrderEditor::Reset() { Begin(m_first); }
+void OrderEditor::Reset() {
+  m_text.clear();
+  Set(m_first);
+  Place(0);
+}
 
 bool OrderEditor::Check() {
   Enter();

@@ -1,16 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// A master is replaced by its header in one step, so that until then the old one is whole; from then on the file holds
-// the header and whole rows only.
+// A master is emptied and written in place: its file may be a link, a device, or lie where no other can be made. It
+// holds the header and whole rows, or, where the header itself could not be written, nothing.
 
 #include "master/RunSteps.h"
 
 #include <algorithm>
+#include <set>
 
+#include "master/OwnFiles.h"
 #include "platform/DataFileError.h"
 #include "subjects/SubjectFile.h"
 #include "subjects/SubjectFiles.h"
-#include "text/Encoding.h"
 
 namespace zova {
 
@@ -39,18 +40,27 @@ bool BuildHeader(const ProjectParameters& project, const MeasureSelection& selec
   }
 }
 
-bool SubjectReader::List() {
-  const std::string directory = SubjectDirectory(m_project.PrimaryDir);
+// It held subjects when the master was asked for, so that it is lost, not empty.
+void SubjectReader::FindDirectory() {
+  const std::string sdata = SubjectDirectory(m_project.PrimaryDir);
+  for (const std::string& directory : {m_project.PrimaryDir, sdata}) {
+    if (!m_disk.DirectoryExists(directory)) throw FileError(FileOperation::List, directory, FileCause::PathNotFound);
+  }
+  m_native = m_disk.Resolve(sdata, FileOperation::Read);
+}
+
+bool SubjectReader::List(int expected) {
+  m_expected = expected;
   return WithRetry(m_errors, [&] {
-    m_names = ListSubjectFiles(m_disk, m_project, directory);
-    m_native = m_disk.Resolve(directory, FileOperation::Read);
+    FindDirectory();
+    m_names = ListSubjectFiles(m_disk, m_project, SubjectDirectory(m_project.PrimaryDir));
   });
 }
 
 bool SubjectReader::Take(std::vector<std::string> names) {
   m_names = std::move(names);
-  return WithRetry(m_errors,
-                   [&] { m_native = m_disk.Resolve(SubjectDirectory(m_project.PrimaryDir), FileOperation::Read); });
+  m_expected = Count();
+  return WithRetry(m_errors, [&] { FindDirectory(); });
 }
 
 std::string SubjectReader::SubjectId(int k) const { return SubjectIdFromFileName(m_project, Name(k)); }
@@ -59,28 +69,36 @@ std::string SubjectReader::Where(int k) const {
   return "'" + JoinPath(SubjectDirectory(m_project.PrimaryDir), Name(k)) + "'\nSubject " + SubjectId(k);
 }
 
-bool SubjectReader::IsSubjectFile(const std::filesystem::path& native) const {
-  return native.parent_path() == m_native &&
-         std::find(m_names.begin(), m_names.end(), PathText(native.filename())) != m_names.end();
+void SubjectReader::Read(int k, SubjectRecord& record) {
+  m_bar.Breathe();
+  if (k > Count() && m_toldMissing) TakeNewNames();
+  if (k > Count()) {  // files went while the screen was open; which ones nobody knows
+    m_toldMissing = true;
+    const std::string found =
+        std::to_string(Count()) + " of " + std::to_string(m_expected) + " subject files were found.";
+    throw FileError(FileOperation::Read, JoinPath(SubjectDirectory(m_project.PrimaryDir), ""),
+                    std::make_error_code(std::errc::no_such_file_or_directory), found);
+  }
+  try {
+    ReadFile(Name(k), record);
+  } catch (FileError& error) {
+    error.AddDetail("Subject " + SubjectId(k));
+    throw;
+  }
 }
 
-void SubjectReader::Read(int k, SubjectRecord& record) {
-  const std::string directory = SubjectDirectory(m_project.PrimaryDir);
-  const auto index = static_cast<std::size_t>(k) - 1;
-  if (index >= m_names.size()) TakeNewNames();
-  if (index >= m_names.size()) {  // files went while the screen was open
-    throw FileError(FileOperation::Read, JoinPath(directory, ""),
-                    std::make_error_code(std::errc::no_such_file_or_directory));
-  }
-  const std::string path = JoinPath(directory, m_names[index]);
-  m_disk.ReadNative(m_native / PathFromText(m_names[index]), path, m_bytes);
+void SubjectReader::ReadFile(const std::string& name, SubjectRecord& record) {
+  const std::string path = JoinPath(SubjectDirectory(m_project.PrimaryDir), name);
+  m_disk.ReadNative(m_native / PathFromText(name), path, m_bytes);
   ParsingFile(path, [&] { ParseSubject(m_bytes, m_project, record); });
 }
 
 // After a Retry the missing files may be back; those already read are not read again.
 void SubjectReader::TakeNewNames() {
+  FindDirectory();
+  const std::set<std::string> known(m_names.begin(), m_names.end());
   for (std::string& name : ListSubjectFiles(m_disk, m_project, SubjectDirectory(m_project.PrimaryDir))) {
-    if (std::find(m_names.begin(), m_names.end(), name) == m_names.end()) m_names.push_back(std::move(name));
+    if (!known.contains(name)) m_names.push_back(std::move(name));
   }
 }
 
@@ -91,19 +109,10 @@ std::string MasterFiles::PiecePath(std::size_t piece) const {
 
 bool MasterFiles::WriteWhole(const std::string& path, const std::string& content) {
   return WithRetry(m_errors, [&] {
-    RefuseDataFile(path);
-    m_disk.Write(path, content, Disk::Durability::Buffered);
+    RefuseOwnFile(path, m_project, m_disk);
+    m_disk.WriteInPlace(path, content);
     NoteWritten(m_disk.Resolve(path, FileOperation::Write));
   });
-}
-
-// A destination is taken as it stands, but a master never replaces what it is made from.
-void MasterFiles::RefuseDataFile(const std::string& path) {
-  const std::filesystem::path native = m_disk.Resolve(path, FileOperation::Write);
-  if (m_subjects.IsSubjectFile(native) || (EndsIgnoringCase(PathText(native), ".prm") && m_disk.FileExists(path))) {
-    throw FileError(FileOperation::Write, path, std::make_error_code(std::errc::file_exists),
-                    "A master cannot take the place of a project's own file.");
-  }
 }
 
 void MasterFiles::NoteWritten(const std::filesystem::path& native) {
@@ -138,6 +147,7 @@ bool MasterFiles::WriteRow(const std::string& path, std::string_view row) {
 bool MasterFiles::OpenRowFiles(const std::string& path) {
   const int pieceCount = IsWide() ? m_columnCount / kMaxColumnsUnsplit + 1 : 0;
   return WithRetry(m_errors, [&] {
+    RefuseOwnFile(path, m_project, m_disk);
     m_rowFiles.clear();
     m_rowFiles.push_back(m_disk.OpenForAppend(path));
     for (int piece = 1; piece <= pieceCount; ++piece) {

@@ -9,10 +9,12 @@
 #include <vector>
 
 #include "master/MasterLines.h"
+#include "master/MasterRun.h"
 #include "platform/Desktop.h"
 #include "platform/Disk.h"
 #include "platform/FileErrorHandler.h"
 #include "scoring/RunError.h"
+#include "scoring/ScoringArrays.h"
 #include "subjects/SubjectRecord.h"
 
 namespace zova {
@@ -40,29 +42,35 @@ bool WithRunRetry(FileErrorHandler& errors, Step&& step, Where&& where) {
 /// The subject files of a run, read one at a time. Subjects count from 1.
 class SubjectReader {
  public:
-  SubjectReader(const ProjectParameters& project, Disk& disk, FileErrorHandler& errors)
-      : m_project(project), m_disk(disk), m_errors(errors) {}
+  SubjectReader(const ProjectParameters& project, Disk& disk, FileErrorHandler& errors, Progress& bar)
+      : m_project(project), m_disk(disk), m_errors(errors), m_bar(bar) {}
 
-  /// Lists the project's files, or takes the names of an earlier listing. False when the user gave up.
-  bool List();
+  /// Lists the project's files, of which there were `expected`, or takes the names of an earlier listing. A directory
+  /// that is missing is told as such. False when the user gave up.
+  bool List(int expected);
   bool Take(std::vector<std::string> names);
   [[nodiscard]] const std::string& Name(int k) const { return m_names[static_cast<std::size_t>(k) - 1]; }
   [[nodiscard]] int Count() const noexcept { return static_cast<int>(m_names.size()); }
   [[nodiscard]] std::string SubjectId(int k) const;
   /// The file and the subject, for the box of a run-time error.
   [[nodiscard]] std::string Where(int k) const;
-  [[nodiscard]] bool IsSubjectFile(const std::filesystem::path& native) const;
 
-  /// Fills `record`. Throws FileError; where fewer files were listed, one that names the directory.
+  /// Fills `record`, and lets the window breathe. Throws FileError, which names the subject; where fewer files were
+  /// listed, one that names the directory, and the next call lists anew.
   void Read(int k, SubjectRecord& record);
 
  private:
+  void FindDirectory();
   void TakeNewNames();
+  void ReadFile(const std::string& name, SubjectRecord& record);
 
   const ProjectParameters& m_project;
   Disk& m_disk;
   FileErrorHandler& m_errors;
+  Progress& m_bar;
   std::vector<std::string> m_names;
+  int m_expected = 0;
+  bool m_toldMissing = false;
   std::filesystem::path m_native;
   std::string m_bytes;  // kept between subjects so that a run allocates once
 };
@@ -72,29 +80,27 @@ class SubjectReader {
 class MasterFiles {
  public:
   /// `written` gets each file once.
-  MasterFiles(const ProjectParameters& project, MasterKind kind, const SubjectReader& subjects, Disk& disk,
-              FileErrorHandler& errors, std::vector<std::filesystem::path>& written)
-      : m_project(project), m_kind(kind), m_subjects(subjects), m_disk(disk), m_errors(errors), m_written(written) {}
+  MasterFiles(const ProjectParameters& project, MasterKind kind, Disk& disk, FileErrorHandler& errors,
+              std::vector<std::filesystem::path>& written)
+      : m_project(project), m_kind(kind), m_disk(disk), m_errors(errors), m_written(written) {}
 
   /// Replaces the file `path` by the header, and the pieces by theirs.
   bool WriteHeader(const std::string& path, const MasterHeaderLine& header);
   /// Adds to the file `path` (the same for all rows) and to the pieces.
   bool WriteRow(const std::string& path, std::string_view row);
   bool CloseRows();
-  /// Writes a file that is no master with rows.
+  /// Writes a file that is no master with rows. None may take the place of a project's own file.
   bool WriteWhole(const std::string& path, const std::string& content);
 
  private:
   [[nodiscard]] bool IsWide() const { return m_columnCount > kMaxColumnsUnsplit; }
   [[nodiscard]] std::string PiecePath(std::size_t piece) const;
-  void RefuseDataFile(const std::string& path);
   void NoteWritten(const std::filesystem::path& native);
   bool OpenRowFiles(const std::string& path);
   bool AppendLine(AppendFile& file, std::string_view text);
 
   const ProjectParameters& m_project;
   MasterKind m_kind;
-  const SubjectReader& m_subjects;
   Disk& m_disk;
   FileErrorHandler& m_errors;
   std::vector<std::filesystem::path>& m_written;
@@ -115,6 +121,32 @@ class RunProgress {
   Progress& m_bar;
   int m_total;
   int m_percent = -1;
+};
+
+/// What the runs of both kinds of master are made of. They derive from it.
+class RunParts {
+ protected:
+  /// `total`: of subjects or groups.
+  RunParts(const ProjectParameters& project, MasterKind kind, int total, const RunSurroundings& surroundings)
+      : m_project(project),
+        m_boxes(surroundings.Boxes),
+        m_errors(surroundings.Boxes),
+        m_subjects(project, surroundings.Files, m_errors, surroundings.Bar),
+        m_files(project, kind, surroundings.Files, m_errors, m_result.Written),
+        m_progress(surroundings.Bar, total) {}
+
+  const ProjectParameters& m_project;
+  MessageBoxes& m_boxes;
+  FileErrorHandler m_errors;
+  MasterRunResult m_result;
+
+  SubjectReader m_subjects;
+  MasterFiles m_files;
+  RunProgress m_progress;
+  MasterHeaderLine m_header;
+  SubjectRecord m_record;
+  ScoringArrays m_scores;
+  std::string m_row;
 };
 
 }  // namespace zova

@@ -67,6 +67,14 @@ auto ParseFields(std::string_view bytes, Parse&& parse) {
   return parse(reader);
 }
 
+// They are no lines.
+bool OnlyBlankLinesFollow(FieldReader reader) {
+  while (!reader.AtEnd()) {
+    if (!reader.Next().empty() || !reader.AtLineStart()) return false;
+  }
+  return true;
+}
+
 SerialOrder ParseSerialOrder(FieldReader& reader, int itemCount) {
   SerialOrder order(static_cast<std::size_t>(itemCount), 0);
   for (int line = 1; line <= itemCount; ++line) {
@@ -79,11 +87,9 @@ SerialOrder ParseSerialOrder(FieldReader& reader, int itemCount) {
 GroupOrderLines ParseGroupOrder(FieldReader& reader) {
   GroupOrderLines lines;
   do {
-    const std::string_view subjectId = reader.Next();
-    if (subjectId.empty() && reader.AtEnd()) break;  // a blank line at the end
-    lines.SubjectIds.emplace_back(subjectId);
+    lines.SubjectIds.emplace_back(reader.Next());
     lines.Positions.push_back(reader.NextStrictNumber());
-  } while (!reader.AtEnd());
+  } while (!OnlyBlankLinesFollow(reader));
   return lines;
 }
 
@@ -141,6 +147,17 @@ GroupOrderLines ReadGroupOrder(Disk& disk, const std::string& path) {
   return ParsingFile(path, [&] { return ParseFields(bytes, ParseGroupOrder); });
 }
 
+std::optional<OrderFault> GroupFileFault(const GroupOrderLines& lines, const std::vector<std::string>& subjectIds) {
+  if (auto fault = GroupOrderFault(lines.SubjectIds, lines.Positions)) return fault;
+  std::map<std::string_view, int> unused;  // of the subjects with this name; a first line for none is passed over
+  for (const std::string& id : subjectIds) ++unused[id];
+  for (std::size_t row = 0; row < lines.SubjectIds.size(); ++row) {
+    int& left = unused.try_emplace(lines.SubjectIds[row], 1).first->second;
+    if (--left < 0) return OrderFault{"Subject " + lines.SubjectIds[row] + " has more than one position.", row};
+  }
+  return std::nullopt;
+}
+
 GroupOrder FitGroupOrder(const GroupOrderLines& lines, const std::vector<std::string>& subjectIds) {
   std::multimap<std::string_view, std::int16_t> saved;
   for (std::size_t line = 0; line < lines.SubjectIds.size(); ++line) {
@@ -163,7 +180,7 @@ std::optional<SerialOrder> ReadSavedSerialOrder(Disk& disk, const ProjectParamet
   bool hasMore = false;
   auto order = ParseSaved(disk, SerialOrderPath(project), [&](FieldReader& reader) {
     SerialOrder parsed = ParseSerialOrder(reader, project.ItemCount);
-    hasMore = !reader.AtEnd();  // a longer list was ordered
+    hasMore = !OnlyBlankLinesFollow(reader);  // a longer list was ordered
     return parsed;
   });
   if (hasMore || (order && SerialOrderFault(*order))) order.reset();

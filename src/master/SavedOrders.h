@@ -19,7 +19,7 @@ struct OrderFault {
 };
 
 /// The first fault by item, by subject; nothing when every position from 1 to their number is used once. A position
-/// that was not given is 0.
+/// that was not given is 0. The subjects of a file are numbered by its own lines, however many there are today.
 std::optional<OrderFault> SerialOrderFault(const SerialOrder& order);
 std::optional<OrderFault> GroupOrderFault(const std::vector<std::string>& subjectIds, const GroupOrder& order);
 
@@ -40,6 +40,10 @@ struct GroupOrderLines {
 
 /// Reads lines "identifier",position to the end of the file. Throws FileError.
 GroupOrderLines ReadGroupOrder(Disk& disk, const std::string& path);
+
+/// The same of a file that someone gave, and what he did not mean: more lines for an identifier than there are subjects
+/// of that name (one line, where there is none).
+std::optional<OrderFault> GroupFileFault(const GroupOrderLines& lines, const std::vector<std::string>& subjectIds);
 
 /// The order that `lines` (without fault) give the subjects of today: those with a line in the order of their
 /// positions, then the new ones as they are listed. Lines of subjects that went are passed over.

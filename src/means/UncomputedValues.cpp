@@ -133,12 +133,12 @@ class KnownSubjects {
 // Scores the rows of a table again.
 class Rescoring {
  public:
-  Rescoring(const ProjectParameters& project, const FamilySet& families, Disk& disk)
+  Rescoring(const ProjectParameters& project, const FamilySet& families, Disk& disk, Progress& bar)
       : m_project(project),
         m_families(families),
         m_errors(m_boxes),
-        m_reader(project, disk, m_errors),
-        m_isListed(m_reader.List()),
+        m_reader(project, disk, m_errors, bar),
+        m_isListed(m_reader.List(0)),
         m_known(m_reader),
         m_pool(project) {}
 
@@ -211,7 +211,7 @@ int MarkUncomputed(MasterTable& table, const ProjectParameters& project, Disk& d
   selection.SetDefaultMeasures(project);
   const ColumnFinder columns = FindColumns(project, selection, table);
   if (std::all_of(columns.Shares.begin(), columns.Shares.end(), [](std::size_t m) { return m == kNone; })) return 0;
-  Rescoring rescoring(project, columns.Families, disk);
+  Rescoring rescoring(project, columns.Families, disk, bar);
   ReadingProgress progress(bar, table.RowCount());
   int failures = 0;
   for (std::size_t row = 0; row < table.RowCount(); ++row) {

@@ -13,8 +13,8 @@ class Desktop {
   virtual void ShowBusyPointer() = 0;
   virtual void RestorePointer() = 0;
   virtual void Beep() = 0;
-  /// Shows a directory (a native path) in the system's file manager.
-  virtual void OpenFolder(const std::filesystem::path& directory) = 0;
+  /// Shows a directory (a native path) in the system's file manager. False when the system has none that takes it.
+  virtual bool OpenFolder(const std::filesystem::path& directory) = 0;
 };
 
 /// How far a long run has come.
@@ -23,6 +23,8 @@ class Progress {
   virtual ~Progress() = default;
   /// `percent` from 0 to 100; `text` is the label beside the bar.
   virtual void Show(int percent, const std::string& text) = 0;
+  /// Lets the window repaint, at most every 50 ms; what the user does meanwhile is discarded.
+  virtual void Breathe() = 0;
 };
 
 /// Shows the busy pointer for as long as it lives.

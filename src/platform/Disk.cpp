@@ -9,6 +9,7 @@
 #include <random>
 #include <system_error>
 
+#include "platform/FileFaults.h"
 #include "text/Encoding.h"
 #include "text/TypedText.h"
 
@@ -55,29 +56,12 @@ fs::path TemporaryBeside(const fs::path& target) {
          (std::string(kTemporaryPrefix) + std::to_string(random()) + std::string(kTemporarySuffix));
 }
 
-bool IsDirectoryMissing(FileLayer& layer, const fs::path& native) {
-  try {
-    return layer.Kind(native.parent_path()) != EntryKind::Directory;
-  } catch (const std::system_error&) {
-    return false;
-  }
-}
-
 // A file system without permissions is no reason to refuse a save.
 void KeepPermissions(FileLayer& layer, const fs::path& from, const fs::path& to) {
   try {
     if (layer.Kind(from) == EntryKind::File) layer.CopyPermissions(from, to);
   } catch (const std::system_error&) {
   }
-}
-
-[[noreturn]] void ThrowFileError(FileLayer& layer, FileOperation operation, std::string path, const fs::path& native,
-                                 const std::error_code& code) {
-  const bool notThere = code == std::errc::no_such_file_or_directory || code == std::errc::not_a_directory;
-  if (notThere && IsDirectoryMissing(layer, native)) {
-    throw FileError(operation, std::move(path), FileCause::PathNotFound);
-  }
-  throw FileError(operation, std::move(path), code);
 }
 
 }  // namespace
@@ -173,12 +157,29 @@ void Disk::WriteNative(const fs::path& native, std::string_view path, std::strin
                        Leftovers leftovers) {
   Guarded(FileOperation::Write, path, native, [&] {
     const fs::path target = m_layer.RealPath(native);
-    if (m_layer.Kind(target) == EntryKind::Directory) {
-      throw std::system_error(std::make_error_code(std::errc::is_a_directory));
-    }
-    if (m_layer.IsReadOnly(target)) throw std::system_error(std::make_error_code(std::errc::permission_denied));
+    RequireWritable(m_layer, FileOperation::Write, path, target, Devices::Refuse);  // the file would replace it
     if (leftovers == Leftovers::Remove) RemoveLeftoversIn(target.parent_path());
     ReplaceFile(target, content, durability);
+  });
+}
+
+void Disk::WriteInPlace(std::string_view path, std::string_view content) {
+  const fs::path native = Resolve(path, FileOperation::Write);
+  Guarded(FileOperation::Write, path, native, [&] {
+    RequireWritable(m_layer, FileOperation::Write, path, native, Devices::Allow);
+    std::unique_ptr<OutputFile> file = m_layer.Overwrite(native);
+    try {
+      file->Write(content);
+      file->Close();
+    } catch (const std::system_error&) {
+      file.reset();
+      try {
+        m_layer.Truncate(native, 0);
+      } catch (const std::system_error&) {
+        // The fault that is told is the first.
+      }
+      throw;
+    }
   });
 }
 
@@ -238,7 +239,8 @@ void Disk::CreateDirectories(std::string_view path) {
       last = m_layer.Kind(level);
       if (last == EntryKind::Missing) m_layer.CreateDirectory(level);
     }
-    if (last == EntryKind::File) throw std::system_error(std::make_error_code(std::errc::file_exists));
+    if (last != EntryKind::Missing && last != EntryKind::Directory)
+      throw std::system_error(std::make_error_code(std::errc::file_exists));
   });
 }
 
@@ -289,46 +291,6 @@ std::vector<std::string> Disk::ListDirectories(std::string_view directory) {
     if (!m_layer.CanEnter(native)) throw std::system_error(std::make_error_code(std::errc::permission_denied));
     return InListingOrder(std::move(names));
   });
-}
-
-AppendFile::AppendFile(FileLayer& layer, std::string path, fs::path native)
-    : m_layer(layer), m_path(std::move(path)), m_native(std::move(native)) {}
-
-void AppendFile::CutBack() {
-  m_file.reset();
-  m_layer.Truncate(m_native, m_size);
-  m_cutBackDue = false;
-}
-
-void AppendFile::Append(std::string_view bytes) {
-  try {
-    if (m_cutBackDue) CutBack();
-    if (!m_file) {
-      m_size = m_layer.Kind(m_native) == EntryKind::Missing ? 0 : m_layer.Size(m_native);
-      m_file = m_layer.Append(m_native);
-    }
-    m_cutBackDue = true;
-    m_file->Write(bytes);
-    m_cutBackDue = false;
-    m_size += bytes.size();
-  } catch (const std::system_error& error) {
-    try {
-      if (m_cutBackDue) CutBack();
-    } catch (const std::system_error&) {
-      // Still due: the next attempt begins with it.
-    }
-    ThrowFileError(m_layer, FileOperation::Append, m_path, m_native, error.code());
-  }
-}
-
-void AppendFile::Close() {
-  if (!m_file) return;
-  try {
-    m_file->Close();
-    m_file.reset();
-  } catch (const std::system_error& error) {
-    ThrowFileError(m_layer, FileOperation::Append, m_path, m_native, error.code());
-  }
 }
 
 }  // namespace zova

@@ -3,11 +3,11 @@
 
 #include <cstdint>
 #include <filesystem>
-#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "platform/AppendFile.h"
 #include "platform/DriveMap.h"
 #include "platform/FileError.h"
 #include "platform/FileLayer.h"
@@ -16,28 +16,6 @@ namespace zova {
 
 /// Largest file that is read: beyond it no data file is one of ours (a FileError, end of data).
 inline constexpr std::uintmax_t kMaxFileSize = 64ULL * 1024 * 1024;
-
-/// A file that rows are added to, held open between them.
-class AppendFile {
- public:
-  AppendFile(FileLayer& layer, std::string path, std::filesystem::path native);
-  /// Adds `bytes` whole or not at all: what a failed call left behind is cut off again. Throws FileError.
-  void Append(std::string_view bytes);
-  /// Tells of faults that only closing shows; the next Append would open the file again. Throws FileError.
-  void Close();
-  [[nodiscard]] const std::string& Path() const noexcept { return m_path; }
-  [[nodiscard]] const std::filesystem::path& Native() const noexcept { return m_native; }
-
- private:
-  void CutBack();
-
-  FileLayer& m_layer;
-  std::string m_path;
-  std::filesystem::path m_native;
-  std::unique_ptr<OutputFile> m_file;
-  std::uintmax_t m_size = 0;
-  bool m_cutBackDue = false;
-};
 
 /// The file system as the rules see it: drive-letter paths, looked up by exact spelling first, else without regard to
 /// case (bytewise first among equals), component by component; what does not exist is created as typed.
@@ -64,6 +42,10 @@ class Disk {
   /// Creates or replaces the file in one step that a failure, or a kill at any moment, cannot leave half done.
   enum class Durability { OnDisk, Buffered };
   void Write(std::string_view path, std::string_view content, Durability durability = Durability::OnDisk);
+  /// Writes into the file that is there, so that its links, permissions and neighbours stay as they are, or a device;
+  /// makes one otherwise. What is no such target, or read-only, is refused before it is emptied. A write that fails
+  /// leaves an empty file.
+  void WriteInPlace(std::string_view path, std::string_view content);
   AppendFile OpenForAppend(std::string_view path);
 
   void Copy(std::string_view from, std::string_view to);

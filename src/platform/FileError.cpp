@@ -27,6 +27,11 @@ FileError::FileError(FileOperation operation, std::string path, FileCause cause,
       m_cause(cause),
       m_detail(std::move(detail)) {}
 
+void FileError::AddDetail(const std::string& line) {
+  if (!m_detail.empty()) m_detail += '\n';
+  m_detail += line;
+}
+
 FileError::FileError(FileOperation operation, std::string path, std::error_code code, std::string detail)
     : FileError(operation, std::move(path), FileCause::System, std::move(detail)) {
   m_code = code;

@@ -31,6 +31,7 @@ class FileError : public std::runtime_error {
   [[nodiscard]] FileCause Cause() const noexcept { return m_cause; }
   /// Meaningful when the cause is `System`.
   [[nodiscard]] std::error_code Code() const noexcept { return m_code; }
+  void AddDetail(const std::string& line);
   /// More about the place of the fault ("line 12: ..."), or "".
   [[nodiscard]] const std::string& Detail() const noexcept { return m_detail; }
 

@@ -10,7 +10,13 @@
 
 namespace zova {
 
-enum class EntryKind { Missing, File, Directory };
+enum class EntryKind {
+  Missing,
+  File,
+  Directory,
+  Device,  ///< takes bytes one after the other, as a terminal or the null device does
+  Other    ///< a pipe, a socket, a whole disk: nothing that takes a file's bytes
+};
 
 struct DirectoryEntry {
   std::string Name;  ///< UTF-8, as it stands on the disk
@@ -41,14 +47,17 @@ class FileLayer {
   virtual bool IsReadOnly(const std::filesystem::path& path) = 0;
   /// The file that a link, or a chain of links, stands for, also when there is none yet; other paths stay.
   virtual std::filesystem::path RealPath(const std::filesystem::path& path) = 0;
+  /// A device has none: 0.
   virtual std::uintmax_t Size(const std::filesystem::path& path) = 0;
   /// Replaces `content` by the file's bytes; fails with std::errc::file_too_large above `limit`.
   virtual void Read(const std::filesystem::path& path, std::string& content, std::uintmax_t limit) = 0;
   /// Files and directories, links to them included, in no particular order.
   virtual std::vector<DirectoryEntry> List(const std::filesystem::path& directory) = 0;
-  /// `Create` fails when the file exists; `Append` makes it when it does not.
+  /// `Create` fails when the file exists; `Append` and `Overwrite`, which empties it, make it when it does not.
   virtual std::unique_ptr<OutputFile> Create(const std::filesystem::path& path) = 0;
   virtual std::unique_ptr<OutputFile> Append(const std::filesystem::path& path) = 0;
+  virtual std::unique_ptr<OutputFile> Overwrite(const std::filesystem::path& path) = 0;
+  /// Of a device nothing can be cut off, and nothing is.
   virtual void Truncate(const std::filesystem::path& path, std::uintmax_t size) = 0;
   /// Gives `to` the permissions and, where the user may, the group of `from`.
   virtual void CopyPermissions(const std::filesystem::path& from, const std::filesystem::path& to) = 0;
@@ -72,6 +81,7 @@ class NativeFileLayer final : public FileLayer {
   std::vector<DirectoryEntry> List(const std::filesystem::path& directory) override;
   std::unique_ptr<OutputFile> Create(const std::filesystem::path& path) override;
   std::unique_ptr<OutputFile> Append(const std::filesystem::path& path) override;
+  std::unique_ptr<OutputFile> Overwrite(const std::filesystem::path& path) override;
   void Truncate(const std::filesystem::path& path, std::uintmax_t size) override;
   void CopyPermissions(const std::filesystem::path& from, const std::filesystem::path& to) override;
   void Rename(const std::filesystem::path& from, const std::filesystem::path& to) override;

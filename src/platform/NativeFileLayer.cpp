@@ -86,8 +86,21 @@ class NativeOutputFile final : public OutputFile {
 };
 
 EntryKind KindOf(const fs::file_status& status) noexcept {
-  if (fs::is_directory(status)) return EntryKind::Directory;
-  return fs::exists(status) ? EntryKind::File : EntryKind::Missing;
+  switch (status.type()) {
+    case fs::file_type::none:
+    case fs::file_type::not_found: return EntryKind::Missing;
+    case fs::file_type::directory: return EntryKind::Directory;
+    case fs::file_type::character: return EntryKind::Device;
+    case fs::file_type::block:
+    case fs::file_type::fifo:
+    case fs::file_type::socket: return EntryKind::Other;
+    default: return EntryKind::File;
+  }
+}
+
+bool IsDevice(const fs::path& path) {
+  std::error_code code;
+  return KindOf(fs::status(path, code)) == EntryKind::Device;
 }
 
 }  // namespace
@@ -135,6 +148,7 @@ fs::path NativeFileLayer::RealPath(const fs::path& path) {
 }
 
 std::uintmax_t NativeFileLayer::Size(const fs::path& path) {
+  if (IsDevice(path)) return 0;
   std::error_code code;
   const std::uintmax_t size = fs::file_size(path, code);
   Check(code);
@@ -184,7 +198,12 @@ std::unique_ptr<OutputFile> NativeFileLayer::Append(const fs::path& path) {
   return std::make_unique<NativeOutputFile>(Open(path, "ab"));
 }
 
+std::unique_ptr<OutputFile> NativeFileLayer::Overwrite(const fs::path& path) {
+  return std::make_unique<NativeOutputFile>(Open(path, "wb"));
+}
+
 void NativeFileLayer::Truncate(const fs::path& path, std::uintmax_t size) {
+  if (IsDevice(path)) return;
   std::error_code code;
   fs::resize_file(path, size, code);
   Check(code);

@@ -26,6 +26,11 @@ auto SavedOrder(FileErrorHandler& errors, Read&& read) -> decltype(read()) {
   return order;
 }
 
+// Named by default, in the destination's directory.
+std::optional<std::string> FileBeside(bool isAskedFor) {
+  return isAskedFor ? std::optional<std::string>("") : std::nullopt;
+}
+
 // What a row of the group order shows: "17, Man". An older file may have levels beyond those that have names.
 std::string SubjectName(const GroupSubjects& subjects, std::size_t subject, const ProjectParameters& project,
                         std::optional<std::size_t> separator) {
@@ -45,6 +50,8 @@ void MasterFlow::Show(Stage stage) {
   if (m_observer) m_observer();
 }
 
+std::string MasterFlow::ProjectLine() const { return "Project: " + (m_project ? ProjectTitle(*m_project) : ""); }
+
 bool MasterFlow::Open(const ProjectParameters& project) {
   const auto count = CountSubjectFiles(project, m_tools.Files, m_tools.Boxes);
   if (!count || *count == 0) return false;
@@ -59,7 +66,10 @@ bool MasterFlow::Open(const ProjectParameters& project) {
 void MasterFlow::Continue() {
   if (m_stage != Stage::Options) return;
   m_request.Selection = m_options.Selection;
+  m_options.SettleDestination();
   m_request.Destination = m_options.Destination();
+  m_request.CleanFile = FileBeside(m_options.ChkExportClean);
+  m_request.LongFile = FileBeside(m_options.ChkExportLong);
   m_request.Order.reset();
   if (m_options.ChkItemAnalysis) {
     m_order.OpenSerial(*m_project,
@@ -105,17 +115,39 @@ void MasterFlow::CancelOrder() {
   }
 }
 
-void MasterFlow::AskForGroups() { Show(ReadSubjects() ? Stage::GroupDetails : Stage::Options); }
+// The panel is up before anything is read. A variable of an earlier try is chosen again.
+void MasterFlow::AskForGroups() {
+  const int chosen = m_options.ChosenVariable();
+  m_options.ChooseVariable(0);
+  m_hasLevels = false;
+  if (!ReadSubjects(false)) return Show(Stage::Options);
+  Show(Stage::GroupDetails);
+  ChooseVariable(chosen);
+}
 
-bool MasterFlow::ReadSubjects() {
+bool MasterFlow::ReadSubjects(bool withLevels) {
   const BusyPointer busy(m_tools.Pointer);
-  const bool withLevels = m_project->VariableCount > 0;
-  auto subjects = ReadGroupSubjects(*m_project, m_request.SubjectFileCount, withLevels, m_tools.Files, m_tools.Boxes);
+  auto subjects = ReadGroupSubjects(*m_project, m_request.SubjectFileCount, withLevels, m_tools.Files, m_tools.Boxes,
+                                    m_tools.Bar);
   if (!subjects) return false;
+  const bool areOthers = subjects->SubjectIds != m_subjects.SubjectIds;
   m_subjects = std::move(*subjects);
+  if (withLevels && !areOthers) return true;
   m_savedGroupOrder =
       SavedOrder(m_tools.Errors, [&] { return ReadSavedGroupOrder(m_tools.Files, *m_project, m_subjects.SubjectIds); });
   return true;
+}
+
+void MasterFlow::ChooseVariable(int choice) {
+  if (m_stage != Stage::GroupDetails) return;
+  m_wantedVariable = choice;
+  if (m_isReading) return;  // a second choice, that came while the window was kept alive
+  if (choice > 0 && !m_hasLevels) {
+    m_isReading = true;
+    m_hasLevels = ReadSubjects(true);
+    m_isReading = false;
+  }
+  m_options.ChooseVariable(m_hasLevels ? m_wantedVariable : 0);
 }
 
 GroupOrder MasterFlow::StartingOrder() const {
@@ -134,6 +166,17 @@ std::string MasterFlow::GroupsPreview() {
   if (!plan) return "";
   if (plan->Groups.empty()) return kTooFewSubjects;
   return GroupPlanText(*plan, m_subjects.SubjectIds, *m_project, m_options.Separator());
+}
+
+const std::string& MasterFlow::OrderPreview() {
+  if (m_stage != Stage::OrderOfGroups || m_previewedChange == m_order.Changes()) return m_orderPreview;
+  m_previewedChange = m_order.Changes();
+  const GroupOrder order = m_order.PendingOrder();
+  m_orderPreview =
+      GroupOrderFault(m_subjects.SubjectIds, order)
+          ? "The groups show here once every subject has a position of its own."
+          : GroupPlanText(PlanGroups(order).value(), m_subjects.SubjectIds, *m_project, m_options.Separator());
+  return m_orderPreview;
 }
 
 void MasterFlow::GoGroups() {
@@ -195,11 +238,12 @@ void MasterFlow::GoCombine() {
   Finish(CombinedCreated());
 }
 
+// The screen of the run stays up behind its messages.
 void MasterFlow::Finish(const MessageBox& message) {
-  Show(Stage::Closed);
   ShowMasterWarnings(m_notices, m_tools.Boxes);
   m_tools.Boxes.Show(message);
   m_options.ResetMasterOptions();
+  Show(Stage::Closed);
 }
 
 }  // namespace zova

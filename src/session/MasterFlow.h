@@ -34,6 +34,8 @@ class MasterFlow {
   /// Counts the subject files; false, told, when there is none. `project` must outlive the flow's screens.
   bool Open(const ProjectParameters& project);
   [[nodiscard]] Stage CurrentStage() const noexcept { return m_stage; }
+  /// "Project: " and the title of the project of the last opening.
+  [[nodiscard]] std::string ProjectLine() const;
 
   MasterOptions& Options() noexcept { return m_options; }
   OrderEditor& Order() noexcept { return m_order; }
@@ -48,20 +50,27 @@ class MasterFlow {
   void CancelOrder();    ///< from either order screen
   void CancelGroups();
 
+  /// Chooses the variable that keeps the groups apart (MasterOptions::VariableChoices) on the groups' details. With the
+  /// first one all subjects are read for their levels; while they are not, it is "(none)".
+  void ChooseVariable(int choice);
   /// What the groups' details would give, a line per level, or that no group is possible; "" while the number of
-  /// subjects is none. The subjects' levels are read once, when the details are asked for.
+  /// subjects is none.
   [[nodiscard]] std::string GroupsPreview();
+  /// The same for the order of the groups as it stands, its box included; what is missing while it has a fault.
+  [[nodiscard]] const std::string& OrderPreview();
 
   /// The last combined master made, or the file with the rows of the last individual one: a drive-letter path; ""
   /// before the first.
   [[nodiscard]] const std::string& LastMaster() const noexcept { return m_lastMaster; }
   /// Header line of the project's new master, for those who read it; "" before the first.
   [[nodiscard]] const std::string& LastHeader() const noexcept { return m_lastHeader; }
+  /// To be called when the project is closed, or another one taken.
+  void ForgetHeader() noexcept { m_lastHeader.clear(); }
 
  private:
   void Show(Stage stage);
   void AskForGroups();
-  bool ReadSubjects();
+  bool ReadSubjects(bool withLevels);
   [[nodiscard]] std::optional<GroupPlan> PlanGroups(const GroupOrder& order) const;
   [[nodiscard]] GroupOrder StartingOrder() const;
   void WriteMasters();
@@ -76,7 +85,12 @@ class MasterFlow {
   Stage m_stage = Stage::Closed;
   MasterRequest m_request;
   GroupSubjects m_subjects;  // from the groups' details on
+  bool m_hasLevels = false;
+  bool m_isReading = false;
+  int m_wantedVariable = 0;
   std::optional<GroupOrder> m_savedGroupOrder;
+  std::string m_orderPreview;  // of the order at that change
+  int m_previewedChange = 0;
   MasterNotices m_notices;
   std::string m_lastMaster;
   std::string m_lastHeader;

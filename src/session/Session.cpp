@@ -93,12 +93,14 @@ void Session::Show(Screen screen) {
 }
 
 void Session::TakeProject(ProjectParameters project, std::string file) {
+  m_masters.ForgetHeader();
   m_project = std::move(project);
   m_saved = {std::move(file), m_project->BackupDir};
   LookForUnfinished();
 }
 
 void Session::CloseProject() {
+  m_masters.ForgetHeader();
   m_project.reset();
   m_saved = {};
   m_hasUnfinished = false;

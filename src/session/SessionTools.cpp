@@ -47,9 +47,14 @@ void Session::ShowMeasuresHelp() { m_platform.Help.ShowHelp(HelpFile(m_programDi
 
 void Session::OpenLastMasterFolder() {
   if (LastMaster().empty()) return;
+  bool opened = true;
   WithRetry(m_errors, [&] {
-    m_platform.Pointer.OpenFolder(m_platform.Files.Resolve(LastMaster(), FileOperation::List).parent_path());
+    opened = m_platform.Pointer.OpenFolder(m_platform.Files.Resolve(LastMaster(), FileOperation::List).parent_path());
   });
+  if (opened) return;
+  m_platform.Boxes.Show({.Text = "The folder could not be opened.",
+                         .Icon = BoxIcon::Exclamation,
+                         .Details = std::string(DirectoryOfPath(LastMaster()))});
 }
 
 BackupTools Session::ToolsOfBackup() {

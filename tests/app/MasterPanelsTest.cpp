@@ -1,10 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <QAbstractButton>
 #include <QClipboard>
 #include <QCloseEvent>
 #include <QGuiApplication>
+#include <QLabel>
 #include <QTableView>
 #include <QTest>
 #include <QWindow>
+#include <map>
+#include <set>
 
 #include "app/GroupPanel.h"
 #include "app/MasterPanel.h"
@@ -27,6 +31,7 @@ class MasterPanelsTest : public ::testing::Test {
   void SetUp() override {
     m_project = MakeProject({.Items = 40});
     m_project.Abbreviation = "AB";
+    m_project.ProjectFileName = "Recall.prm";
     m_project.PrimaryDir = "C:\\Data";
     m_project.VariableCount = 1;
     m_project.VariableNames[0] = "Sex";
@@ -76,7 +81,7 @@ class MasterPanelsTest : public ::testing::Test {
   ProjectParameters m_project;
   MasterFlow m_flow{{m_disk, m_boxes, m_errors, m_desktop, m_progress}};
   MasterOptions& m_options = m_flow.Options();
-  MasterPanel m_master{m_flow, [] { return "Recall"; }};
+  MasterPanel m_master{m_flow};
   MeasurePanel m_measures{m_flow, [this] { ++m_helps; }};
   OrderPanel m_order{m_flow};
   GroupPanel m_details{m_flow};
@@ -87,12 +92,14 @@ class MasterPanelsTest : public ::testing::Test {
 
 TEST_F(MasterPanelsTest, KeysReachTheOptionsAndTheMeasures) {
   EXPECT_EQ(Text("lblProjectName"), "Project: Recall");
+  QMetaObject::invokeMethod(Find("drvMasterDest"), "activated", Q_ARG(int, 0));
+  EXPECT_EQ(Text("txtMasterDest"), "C:\\Data\\AB Master.txt") << "of the drive that is shown";
   Find("drvMasterDest")->setFocus();
   Press(Qt::Key_Down);
   EXPECT_EQ(Text("txtMasterDest"), "D:\\AB Master.txt");
-  Alt("D"), Press(Qt::Key_End), Press('1'), Alt("SB");
+  Alt("D"), Press(Qt::Key_End), Press('1'), Alt("SBWR");
   EXPECT_EQ(m_options.Destination(), "D:\\AB Master.txt1");
-  EXPECT_TRUE(m_options.ChkItemAnalysis && m_options.ChkCombine);
+  EXPECT_TRUE(m_options.ChkItemAnalysis && m_options.ChkCombine && m_options.ChkExportClean && m_options.ChkExportLong);
   Alt("M"), Press(Qt::Key_Space), Alt("WE");
   EXPECT_EQ(m_helps, 1);
   for (const MeasureBox& box : AllMeasureBoxes()) {
@@ -132,6 +139,14 @@ TEST_F(MasterPanelsTest, AnOrderIsTypedAndTheFocusComesBackToItsBox) {
   expect("3 1 2 ", 0, "pasted");
   QTest::mouseClick(Find("cmdOrderReset"), Qt::LeftButton);
   expect("1 2 3 ", 0, "reset");
+  Press('Z', Qt::ControlModifier), Press(Qt::Key_Down, Qt::ShiftModifier), Press('C', Qt::ControlModifier);
+  EXPECT_EQ(QGuiApplication::clipboard()->text(), "3\n1\n");
+  Press(Qt::Key_Delete);
+  expect("  2 ", 1, "undone, and two rows emptied");
+  QTest::mouseClick(grid->viewport(), Qt::LeftButton, Qt::ShiftModifier,
+                    grid->visualRect(grid->model()->index(2, 1)).center());
+  Type({'1', Qt::Key_Return});
+  expect("1 2 3 ", 2, "counted up");
   Press('7'), m_boxes.Expect({.Text = "Position 7 is used twice."}), Alt("N");
   EXPECT_TRUE(Find("txtOrder")->hasFocus());
   Press(Qt::Key_Escape);
@@ -148,8 +163,30 @@ TEST_F(MasterPanelsTest, GroupsArePreviewedWhileTheyAreTypedAndTheBarReaches100)
   Press(Qt::Key_Return);
   ASSERT_EQ(m_flow.CurrentStage(), Stage::OrderOfGroups);
   EXPECT_EQ(m_writing.findChild<QWidget*>("proMasterProgress")->property("value"), 100);
+  Type({'3'});
+  EXPECT_EQ(Text("lblOrderPlan").substr(0, 14), "The groups sho") << "while it is typed";
+  Type({Qt::Key_Return, Qt::Key_Down, '1'});
+  EXPECT_EQ(Text("lblOrderPlan"), "Sex, Man: 1 group of 2, left over: 5");
+  Press(Qt::Key_Escape), Press('Z', Qt::ControlModifier);
+  EXPECT_EQ(Text("lblOrderPlan"), "Sex, Man: 1 group of 2, left over: 9") << "undone";
   m_boxes.Expect({.Text = "Master(s) successfully created!"});
   Alt("N");
+}
+
+// Keys that clash do nothing, and silently.
+TEST_F(MasterPanelsTest, AccessKeysOfAScreenAreUnique) {
+  for (const QWidget* panel : std::initializer_list<QWidget*>{&m_master, &m_measures, &m_order, &m_details}) {
+    std::set<QString> keys{"Alt+F", "Alt+O", "Alt+P", "Alt+T", "Alt+H"};
+    const auto add = [&](const QString& text) {
+      const QString key = QKeySequence::mnemonic(text).toString();
+      EXPECT_TRUE(key.isEmpty() || keys.insert(key).second) << text.toStdString();
+    };
+    for (const auto* button : panel->findChildren<QAbstractButton*>()) {
+      if (button->objectName() != "cmdGoCombine") add(button->text());  // in the place of cmdGoSerial
+    }
+    for (const auto* label : panel->findChildren<QLabel*>()) add(label->buddy() ? label->text() : QString());
+    EXPECT_GT(keys.size(), 8U) << panel->objectName().toStdString();
+  }
 }
 
 TEST_F(MasterPanelsTest, TheBarIsDrawnAtMostEvery50MillisecondsAndInputIsDiscarded) {
@@ -159,7 +196,11 @@ TEST_F(MasterPanelsTest, TheBarIsDrawnAtMostEvery50MillisecondsAndInputIsDiscard
   QCoreApplication::postEvent(m_up->windowHandle(), new QCloseEvent);
   m_progress.Show(0, "");
   m_progress.Show(1, "");
+  m_progress.Breathe();
   EXPECT_EQ(bar->property("value"), 0);
+  QTest::qSleep(60);
+  m_progress.Breathe();
+  EXPECT_EQ(bar->property("value"), 1) << "what came too soon is not lost";
   QTest::qSleep(60);
   m_progress.Show(2, "");
   EXPECT_EQ(bar->property("value"), 2);

@@ -3,11 +3,13 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QKeyEvent>
 #include <QPlainTextEdit>
 #include <QScreen>
 #include <QSettings>
 #include <QTest>
 #include <QTimer>
+#include <QWindow>
 
 #include "app/Controls.h"
 #include "app/QtMessageBoxes.h"
@@ -34,6 +36,11 @@ TEST(QtMessageBoxesTest, EnterTakesTheDefaultAndEscapeTheSafeAnswer) {
         for (const auto* label : QApplication::activeModalWidget()->findChildren<QLabel*>()) {
           EXPECT_TRUE(label->text().isEmpty() || label->textFormat() == Qt::PlainText) << FromQt(label->text());
         }
+        for (const auto type : {QEvent::ShortcutOverride, QEvent::KeyPress}) {
+          QKeyEvent held(type, key, Qt::NoModifier, {}, true);
+          QCoreApplication::sendEvent(QApplication::activeModalWidget()->windowHandle(), &held);
+        }
+        EXPECT_TRUE(QApplication::activeModalWidget()->isVisible()) << "a key that is held from before answers nothing";
         QTest::keyClick(QApplication::activeModalWidget(), key);
       });
       const MessageBox box = {.Text = "<b>", .Buttons = c.Buttons, .Default = c.Default, .Details = "R & D"};

@@ -76,6 +76,9 @@ TEST_F(Command, RefusesWrongUsage) {
         {"Ab.prm --serial-order", "option '--serial-order' needs a value"},
         {"Ab.prm --group-by Sex", "option '--group-by' needs '--group-size'"},
         {"--group-size 2 --group-by Sax Ab.prm", "the project has no variable 'Sax'"},
+        {"--clean c.csv --means '' --means Sax Ab.prm", "the project has no variable 'Sax'"},
+        {"--computed-only Ab.prm", "option '--computed-only' needs '--means'"},
+        {"--clean= Ab.prm", "option '--clean' needs a file"},
         {"--group-size 1 Ab.prm",
          "option '--group-size': Subjects per group must be a number greater than 1.  Please re-enter."}})
     Expect(arguments, 2, {}, std::string("zova-master: ") + fault + "\n" + usage);
@@ -102,6 +105,42 @@ TEST_F(Command, CombinesSubjectsIntoGroups) {
   EXPECT_EQ(Files.Get("D:\\Out\\AB Combined Master.txt"), header + "Group 1 (3+1),  2,  1,  1,  0\r\n");
   Files.Put("C:\\order.dat", "\"3\",1\r\n\"1\",1\r\n");
   Expect(options + "--group-order order.dat Ab.prm", 1, {}, "Position 1 is used twice.\nReading 'C:\\order.dat'\n");
+}
+
+TEST_F(Command, HandsOnToOtherPrograms) {
+  ProjectParameters project = MakeProject({.Items = 2});
+  project.Abbreviation = "AB";
+  project.PrimaryDir = "C:\\Data";
+  project.VariableCount = 2;
+  project.VariableNames = {"Sex", "Age"};
+  project.LevelCounts = {2, 1};
+  project.LevelNames = {{{"f", "m"}, {"old"}}};
+  SubjectRecord record;
+  record.Levels = {2, 1};
+  record.Lists = MakeLists(project, "1 2 | ");
+  Files.Put("C:\\Ab.prm", FormatProject(project, kCurrentMarker));
+  Files.Put("C:\\Data\\Sdata\\AB Sub#1.dat", FormatSubject(record, project));
+  record.Lists = MakeLists(project, "1 | 1");
+  Files.Put("C:\\Data\\Sdata\\AB Sub#2.dat", FormatSubject(record, project));
+
+  const std::string notice =
+      "For at least 1 test, Bi-Directional ITR was unable to be calculated for subject(s): 1.  You should delete these "
+      "subjects before analysis.\n";
+  Expect("--measures chkBi --clean c.csv --long 'D:\\Out\\l.csv' Ab.prm", 0, {kMaster, "C:\\c.csv", "D:\\Out\\l.csv"},
+         notice);
+  EXPECT_EQ(Files.Get("C:\\c.csv"),
+            "Subject,Sex,Age,Bi-ITR(Tests 1 and 2),Not Computed\r\n1,m,old,,Bi-ITR(Tests 1 and 2): a list is empty\r\n"
+            "2,m,old,0,\r\n");
+  EXPECT_TRUE(Files.Get("D:\\Out\\l.csv").ends_with("2,2,study,2,2,m,old\r\n2,2,recall,1,1,m,old\r\n"));
+
+  const std::string written = Files.Native(kMaster).string() + "\n" + notice;
+  const std::string measure = "\r\nBi-ITR(Tests 1 and 2),";
+  const std::string tail = "n,Mean,SD,95% CI Low,95% CI High,Not Computed";
+  Expect("--measures chkBi --means age,Sex Ab.prm >../table", 0, {}, written);
+  EXPECT_EQ(ReadFile(Files.Root() / "table"),
+            "Measure,Age,Sex," + tail + measure + "old,m,2,0,0,0,0,1" + measure + "(all),(all),2,0,0,0,0,1\r\n");
+  Expect("--measures chkBi --means '' --computed-only Ab.prm >../table", 0, {}, written);
+  EXPECT_EQ(ReadFile(Files.Root() / "table"), "Measure," + tail + measure + "1,0,,,,1\r\n");
 }
 
 TEST_F(Command, SaysWhyThereIsNoMaster) {

@@ -23,6 +23,7 @@ struct RecordingBar final : Progress {
     Percents += std::to_string(percent) + " ";
     EXPECT_EQ(text, "The master is " + std::to_string(percent) + "% Complete.");
   }
+  void Breathe() override {}
   std::string Percents;
 };
 
@@ -143,10 +144,69 @@ TEST(MasterRun, FilesThatWentOrEndEarlyStopIt) {
 
   lab.Put("AB Sub#2.dat", "2");
   ScriptedBoxes gone{{std::make_error_code(std::errc::no_such_file_or_directory).message(), BoxAnswer::Cancel,
-                      "'C:\\Data\\Sdata\\'", BoxIcon::Exclamation, BoxButtons::RetryCancel}};
+                      "'C:\\Data\\Sdata\\'\n3 of 4 subject files", BoxIcon::Exclamation, BoxButtons::RetryCancel}};
   EXPECT_FALSE(lab.Run(gone).Completed) << "three files, where four were counted";
-  EXPECT_EQ(lab.Files.Get(kMaster), first + "2,  1\r\n3,  2\r\n");
+  const std::string rows = first + "2,  1\r\n3,  2\r\n";
+  EXPECT_EQ(lab.Files.Get(kMaster), rows);
+  MendingBoxes retry;
+  retry.Mend = [&] { lab.Put("AB Sub#15.dat", "1"), --lab.Request.SubjectFileCount; };
+  EXPECT_TRUE(lab.Run(retry).Completed);
+  EXPECT_EQ(lab.Files.Get(kMaster), rows + "15,  1\r\n") << "where the listing had it does not count any more";
+
+  const std::string lost = "Path not found.  Please verify that the correct disk is in the drive.";
+  for (const auto& [directory, named] :
+       {std::pair("C:\\Data\\Sdata", "'C:\\Data\\Sdata'"), {"C:\\Data", "'C:\\Data'"}}) {
+    std::filesystem::rename(lab.Files.Native(directory), lab.Files.Native("D:\\away"));
+    const Tree before = lab.Files.Snapshot();
+    ScriptedBoxes path{{lost, BoxAnswer::Cancel, named, BoxIcon::Exclamation, BoxButtons::RetryCancel}};
+    EXPECT_FALSE(lab.Run(path).Completed);
+    EXPECT_EQ(lab.Files.Snapshot(), before) << "nothing is written without subjects";
+    std::filesystem::rename(lab.Files.Native("D:\\away"), lab.Files.Native(directory));
+  }
 }
+
+#ifndef _WIN32
+TEST(MasterRun, NeverTakesThePlaceOfAProjectsOwnFile) {
+  namespace fs = std::filesystem;
+  Lab lab({.Tests = 1, .Items = 2});
+  lab.Project.BackupDir = "D:\\Backup";
+  lab.Put("AB Sub#1.dat", "1 2");
+  for (const char* path :
+       {"C:\\Data\\AB.prm", "C:\\Data\\AB Serial Order.dat", "C:\\Data\\AB Combine Order.dat", "C:\\Param\\Temp.txt",
+        "C:\\Param\\Temp 1.txt", "C:\\Data\\Sdata\\XY1.dat", "C:\\Data\\Sdata\\Unfinished\\AB Sub#2.dat",
+        "D:\\Backup\\Sdata\\AB Sub#1.dat", "D:\\Out\\Temp.txt", "D:\\Out\\plain.dat"}) {
+    lab.Files.Put(path, "kept");
+  }
+  const fs::path out = lab.Files.Native("D:\\Out");
+  const fs::path subject = lab.Files.Native("C:\\Data\\Sdata\\AB Sub#1.dat");
+  fs::create_symlink("../../C/Data/Sdata/AB Sub#1.dat", out / "soft.txt");
+  fs::create_symlink("soft.txt", out / "softer.txt");
+  fs::create_directory_symlink(subject.parent_path(), out / "linked");
+  fs::create_hard_link(subject, out / "hard.txt");
+  fs::create_hard_link(lab.Files.Native("C:\\Data\\AB.prm"), out / "hard.csv");
+  fs::create_hard_link(out / "plain.dat", out / "twin.dat");
+  const Tree before = lab.Files.Snapshot();
+  for (const char* own :
+       {"C:\\Data\\Sdata\\AB Sub#1.dat", "c:\\data\\SDATA\\ab sub#1.DAT", "C:\\Data\\Sdata\\..\\Sdata\\AB Sub#1.dat",
+        "D:\\Out\\soft.txt", "D:\\Out\\softer.txt", "D:\\Out\\linked\\XY1.dat", "D:\\Out\\linked\\..\\AB.PRM",
+        "D:\\Out\\hard.txt", "D:\\Out\\hard.csv", "AB.prm", "AB Serial Order.dat", "ab combine order.DAT",
+        "C:\\Param\\Temp.txt", "C:\\Param\\temp 1.txt", "C:\\Data\\Sdata\\Unfinished\\AB Sub#2.dat",
+        "D:\\Backup\\Sdata\\AB Sub#1.dat"}) {
+    lab.Request.Destination = own;
+    ScriptedBoxes refused{{std::make_error_code(std::errc::file_exists).message(), BoxAnswer::Cancel,
+                           "A master cannot take the place of a project's own file."}};
+    EXPECT_FALSE(lab.Run(refused).Completed) << own;
+    EXPECT_EQ(lab.Files.Snapshot(), before) << own;
+  }
+  ScriptedBoxes none;
+  for (const char* allowed :
+       {"D:\\Out\\Temp.txt", "D:\\Out\\twin.dat", "C:\\Data\\Sdata\\mine.txt", "C:\\Param\\Temporal.txt"}) {
+    lab.Request.Destination = allowed;
+    EXPECT_TRUE(lab.Run(none).Completed) << allowed;
+    EXPECT_EQ(lab.Files.Get(allowed), "Sub ID's, Net(Test 1)\r\n");
+  }
+}
+#endif
 
 // Two subjects, and columns enough for three pieces.
 struct WideLab : Lab {
@@ -154,6 +214,8 @@ struct WideLab : Lab {
     Put("AB Sub#1.dat", "1/1 2/130 | 2/7");
     Put("AB Sub#2.dat", "2/2 | 1/1 2/2");
     Request.Order = SerialOrder{2, 1};
+    Request.CleanFile = "";
+    Request.LongFile = "D:\\Out\\Recalls.csv";
     Files.Put(kMaster, "the master before\r\n");
   }
 };
@@ -196,8 +258,8 @@ TEST(MasterRun, SurvivesTheFailureOfAnySingleDiskCall) {
       }
     }
   }
-  EXPECT_EQ(rowFilesNotClosed, 4 * 4) << "four files, each closed badly in four runs";
-  EXPECT_EQ(masters.size(), 4U) << "the old one, the header alone, and one row and two behind it";
+  EXPECT_EQ(rowFilesNotClosed, 6 * 4) << "four files of the master and two exports, each closed badly in four runs";
+  EXPECT_EQ(masters.size(), 5U) << "the old one, none, the header alone, and one row and two behind it";
 }
 
 TEST(MasterRun, LargestShapes) {

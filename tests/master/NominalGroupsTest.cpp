@@ -41,7 +41,8 @@ TEST(NominalGroups, AreCutWithinLevelsInTheirOrder) {
   const GroupPlan unseparated = FormGroups(std::vector<std::int16_t>(7, 0), FirstGroupOrder(7), 4);
   EXPECT_EQ(unseparated.Groups, (std::vector<NominalGroup>{{0, {0, 1, 2, 3}}}));
   EXPECT_EQ(GroupPlanText(unseparated, ids, project, {}), "1 group of 4, left over: e, f, g");
-  EXPECT_TRUE(FormGroups(levels, FirstGroupOrder(7), 32768).Groups.empty());
+  const GroupPlan none = FormGroups({0, 0}, FirstGroupOrder(2), ParseGroupSize("99999").value());
+  EXPECT_EQ(GroupPlanText(none, ids, project, {}), "no groups, left over: a, b") << "not of 32768";
   EXPECT_EQ(GroupLabel(1, {"4", "17", "9"}), "Group 1 (4+17+9)");
   EXPECT_EQ(FindVariable(project, "sex"), std::size_t{1});
   EXPECT_EQ(FindVariable(project, ""), std::nullopt) << "names behind the project's variables are none";
@@ -99,6 +100,8 @@ struct MendingBoxes final : MessageBoxes {
 
 struct RecordingBar final : Progress {
   void Show(int percent, const std::string&) override { Percents += std::to_string(percent) + " "; }
+  void Breathe() override { ++Breaths; }
+  int Breaths = 0;
   std::string Percents;
 };
 
@@ -123,7 +126,7 @@ struct Lab {
   void Plan(int subjectCount) {
     ScriptedBoxes none;
     Disk disk = Files.MakeDisk();
-    Request.Subjects = ReadGroupSubjects(Project, subjectCount, true, disk, none).value();
+    Request.Subjects = ReadGroupSubjects(Project, subjectCount, true, disk, none, Bar).value();
     Request.Separator = 1;
     Request.Plan = FormGroups(Request.Subjects.LevelsOf(1), FirstGroupOrder(Request.Subjects.FileNames.size()), 2);
   }
@@ -194,15 +197,18 @@ TEST(CombinedMaster, AFailingMemberIsRetriedOrEndsTheRun) {
   EXPECT_EQ(lab.Files.Get(kCombined), first + "Group 2 (3+4), XXXXXXX,  1,  2\r\n");
   std::filesystem::remove(lab.Files.Native(path));
   EXPECT_TRUE(lab.Run(retry).Completed) << retry.Details;
-  EXPECT_NE(retry.Details.find(path), std::string::npos);
+  EXPECT_NE(retry.Details.find(path + "'\nSubject 4"), std::string::npos) << retry.Details;
 
   Disk disk = lab.Files.MakeDisk();
   std::filesystem::remove(lab.Files.Native(path));
   const std::string gone = std::make_error_code(std::errc::no_such_file_or_directory).message();
-  ScriptedBoxes missing{{gone, BoxAnswer::Cancel, "'C:\\Data\\Sdata\\'"}};
-  EXPECT_FALSE(ReadGroupSubjects(lab.Project, 4, false, disk, missing)) << "three files, where four were counted";
+  ScriptedBoxes missing{{gone, BoxAnswer::Cancel, "'C:\\Data\\Sdata\\'\n3 of 4 subject files were found."}};
+  lab.Bar.Breaths = 0;
+  EXPECT_FALSE(ReadGroupSubjects(lab.Project, 4, false, disk, missing, lab.Bar))
+      << "three files, where four were counted";
   retry.Mend = [&] { lab.Put(4, "1"); };
-  EXPECT_EQ(ReadGroupSubjects(lab.Project, 4, true, disk, retry)->SubjectIds.size(), 4U);
+  EXPECT_EQ(ReadGroupSubjects(lab.Project, 4, true, disk, retry, lab.Bar)->SubjectIds.size(), 4U);
+  EXPECT_GE(lab.Bar.Breaths, 4) << "one for each subject that is read";
 }
 
 TEST(CombinedMaster, AnOverflowIsTheGroups) {
@@ -226,6 +232,8 @@ TEST(SavedOrders, FitOrAreIgnored) {
   SaveSerialOrder(disk, lab.Project, {4, 1, 3, 2});
   EXPECT_EQ(lab.Files.Get(items), "1,4\r\n2,1\r\n3,3\r\n4,2\r\n");
   EXPECT_EQ(ReadSavedSerialOrder(disk, lab.Project), (SerialOrder{4, 1, 3, 2}));
+  lab.Files.Put(items, "1,4\n2,1\n3,3\n4,2\n\n\n");
+  EXPECT_EQ(ReadSavedSerialOrder(disk, lab.Project), (SerialOrder{4, 1, 3, 2})) << "blank lines are none";
   for (const char* bytes :
        {"", "1,1\n2,2\n3,3\n", "1,1\n2,2\n3,3\n4,4\n5,5\n", "1,1\n2,2\n3,3\n4,3\n", "1,1\n1,2\n2,3\n3,4\n"}) {
     lab.Files.Put(items, bytes);
@@ -238,7 +246,7 @@ TEST(SavedOrders, FitOrAreIgnored) {
   const auto read = [&](const std::vector<std::string>& ids) { return ReadSavedGroupOrder(disk, lab.Project, ids); };
   EXPECT_EQ(read({"1", "3", "a, b"}), (GroupOrder{3, 2, 1}));
   EXPECT_EQ(read({"0", "1", "2", "3"}), (GroupOrder{3, 2, 4, 1})) << "one went, new ones at the end";
-  lab.Files.Put(groups, "\"1\",2\n\"1\",1\n");
+  lab.Files.Put(groups, "\"1\",2\n\"1\",1\n\n\n");
   EXPECT_EQ(read({"1", "1", "1"}), (GroupOrder{2, 1, 3})) << "two files, one identifier";
   for (const char* bytes : {"", "\"1\"", "\"1\",x\n", "\"1\",2\n", "\"1\",1\n\"2\",1\n"}) {
     lab.Files.Put(groups, bytes);
@@ -246,7 +254,12 @@ TEST(SavedOrders, FitOrAreIgnored) {
   }
   const auto fault = GroupOrderFault({"8", "x", "9"}, {1, 0, 1});
   EXPECT_TRUE(fault && fault->Text == "Subject x has no position from 1 to 3." && fault->Row == 1);
-  EXPECT_EQ(GroupOrderFault({"8", "x", "9"}, {2, 3, 2})->Text, "Position 2 is used twice.");
+  for (const auto& [lines, text] : {std::pair(GroupOrderLines{{"8", "x", "9"}, {2, 3, 2}}, "Position 2 is used twice."),
+                                    {{{"x", "9", "x"}, {1, 2, 3}}, "Subject x has more than one position."},
+                                    {{{"gone", "gone"}, {1, 2}}, "Subject gone has more than one position."},
+                                    {{{"2", "2", "gone"}, {3, 2, 1}}, ""}}) {
+    EXPECT_EQ(GroupFileFault(lines, {"x", "2", "2"}).value_or(OrderFault{}).Text, text);
+  }
 }
 
 }  // namespace

@@ -10,22 +10,36 @@
 namespace zova::testing {
 namespace {
 
-// "1 3 2 4 @0 7": the positions, the cursor's row, the box.
+// "1 3 2 4 @0[0-1] 7": the positions, the cursor's row, several selected rows, the box.
 std::string StateOf(const OrderEditor& editor) {
   std::string state;
   for (const int position : editor.Positions()) state += std::to_string(position) + " ";
-  return state + "@" + std::to_string(editor.CursorRow()) + " " + editor.EntryText();
+  state += "@" + std::to_string(editor.CursorRow());
+  if (const auto [first, last] = editor.Selection(); first != last) {
+    state += "[" + std::to_string(first) + "-" + std::to_string(last) + "]";
+  }
+  return state + " " + editor.EntryText();
 }
 
 TEST(OrderEditor, EveryCommand) {
-  const auto type = [](OrderEditor& e, const char* text) { e.SetEntryText(text), e.Enter(); };
+  using E = OrderEditor;
+  const auto select = [](E& e, int from, int to) { e.Click(from), e.SelectTo(to); };
+  const auto type = [](E& e, const char* text) { e.SetEntryText(text), e.Enter(); };
   const std::tuple<const char*, std::function<void(OrderEditor&)>, const char*> kCases[] = {
-      {"what Check would refuse", [&](OrderEditor& e) { type(e, "-9a"), type(e, "0"); }, "9 0 2 4 @2 "},
-      {"no number of 16 bits", [&](OrderEditor& e) { type(e, "32768"); }, "0 3 2 4 @1 "},
-      {"the last row stays", [&](OrderEditor& e) { e.Enter(), e.Move(9), type(e, "5"), e.Click(7); }, "1 3 2 5 @3 "},
-      {"no arrows over a text", [](OrderEditor& e) { e.SetEntryText("7"), e.Move(1); }, "1 3 2 4 @0 7"},
-      {"a column", [](OrderEditor& e) { e.Click(1), e.SetEntryText("8"), e.Paste(" 2\r\n9 \r4\n\n"); }, "1 2 9 4 @1 "},
-      {"Reset, lures last", [&](OrderEditor& e) { type(e, "4"), e.SetEntryText("3"), e.Reset(); }, "1 3 2 4 @0 "}};
+      {"what Check would refuse", [&](E& e) { type(e, "-9a"), type(e, "0"); }, "9 0 2 4 @2 "},
+      {"no number of 16 bits", [&](E& e) { type(e, "32768"); }, "0 3 2 4 @1 "},
+      {"the last row stays", [&](E& e) { e.Enter(), e.Move(9), type(e, "5"), e.Click(7); }, "1 3 2 5 @3 "},
+      {"no arrows over a text", [](E& e) { e.SetEntryText("7"), e.Move(1); }, "1 3 2 4 @0 7"},
+      {"a column", [](E& e) { e.Click(1), e.SetEntryText("8"), e.Paste(" 2\r\n9 \r4\n\n"); }, "1 2 9 4 @1 "},
+      {"counts up", [&](E& e) { select(e, 2, 1), type(e, "7"); }, "1 7 8 4 @1[1-2] "},
+      {"Delete", [&](E& e) { select(e, 3, 2), e.Delete(), e.Click(0), e.Delete(); }, "0 3 0 0 @0 "},
+      {"paste at the selection", [&](E& e) { select(e, 3, 2), e.Paste("9\n8"); }, "1 3 9 8 @2[2-3] "},
+      {"undo", [&](E& e) { type(e, "4"), e.Delete(), e.Reset(), e.Undo(), e.Undo(); }, "4 3 2 4 @1 "},
+      {"redo, nothing twice", [&](E& e) { type(e, "4"), e.Reset(), e.Undo(), e.Undo(), e.Redo(), e.Redo(), e.Redo(); },
+       "1 3 2 4 @0 "},
+      {"what differs in one row", [&](E& e) { select(e, 0, 3), e.Paste("1\n2\n3\n4"), e.Undo(); }, "1 3 2 4 @1 "},
+      {"a change ends redoing", [&](E& e) { type(e, "4"), e.Undo(), type(e, "2"), e.Redo(); }, "2 3 2 4 @1 "},
+      {"Reset, lures last", [&](E& e) { type(e, "4"), e.SetEntryText("3"), e.Reset(); }, "1 3 2 4 @0 "}};
   for (const auto& [why, act, state] : kCases) {
     ScriptedBoxes boxes;
     OrderEditor editor(boxes);

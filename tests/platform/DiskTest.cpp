@@ -4,6 +4,10 @@
 
 #include <gtest/gtest.h>
 
+#ifndef _WIN32
+#include <sys/stat.h>
+#endif
+
 #include <functional>
 
 #include "support/FailingFileLayer.h"
@@ -123,6 +127,44 @@ TEST(Disk, KeepsWhatAFileIs) {
   fs::permissions(scratch.Native("C:\\real"), fs::perms(0444));
   EXPECT_EQ(CauseOf([&] { disk.Write("C:\\real", "refused"); }), Message(std::errc::permission_denied));
   EXPECT_EQ(scratch.Snapshot(), (Tree{{"C/", ""}, {"C/real", "new"}, {"D/", ""}, {"D/link", "new"}}));
+}
+
+TEST(Disk, WritesInPlaceIntoWhatIsThere) {
+  Scratch scratch;
+  Disk disk(scratch.Layer(), DriveMap({{'C', scratch.Native("C:\\")}, {'Z', "/"}}));
+  scratch.Put("C:\\real", "older and longer");
+  fs::create_symlink("real", scratch.Native("C:\\soft"));
+  fs::create_hard_link(scratch.Native("C:\\real"), scratch.Native("C:\\hard"));
+  fs::permissions(scratch.Native("C:\\real"), fs::perms(0604));
+  disk.WriteInPlace("C:\\SOFT", "new");
+  disk.WriteInPlace("C:\\other", "made");
+  const Tree written = {{"real", "new"}, {"soft", "new"}, {"hard", "new"}, {"other", "made"}};
+  EXPECT_EQ(TreeOf(scratch.Native("C:\\")), written);
+  EXPECT_TRUE(fs::is_symlink(scratch.Native("C:\\soft")));
+  EXPECT_EQ(fs::status(scratch.Native("C:\\real")).permissions(), fs::perms(0604));
+
+  disk.WriteInPlace("Z:\\dev\\null", "gone");
+  EXPECT_TRUE(fs::is_character_file("/dev/null"));
+  AppendFile full = disk.OpenForAppend("Z:\\dev\\full");
+  for (int attempt = 1; attempt <= 2; ++attempt) {
+    EXPECT_EQ(CauseOf([&] { full.Append("row"); }), Message(std::errc::no_space_on_device)) << attempt;
+  }
+
+  fs::permissions(scratch.Native("C:\\real"), fs::perms(0444));
+  scratch.MakeDirectory("D:\\directory");
+  ASSERT_EQ(mkfifo(scratch.Native("D:\\pipe").c_str(), 0600), 0);
+  Disk both = scratch.MakeDisk();
+  const std::pair<const char*, std::string> refusals[] = {{"C:\\hard", Message(std::errc::permission_denied)},
+                                                          {"D:\\directory", Message(std::errc::is_a_directory)},
+                                                          {"D:\\pipe", Message(std::errc::not_supported)},
+                                                          {"D:\\none\\x", "path not found"}};
+  for (const auto& refusal : refusals) {
+    const char* const path = refusal.first;
+    EXPECT_EQ(CauseOf([&] { both.Write(path, "refused"); }), refusal.second) << path;
+    EXPECT_EQ(CauseOf([&] { both.WriteInPlace(path, "refused"); }), refusal.second) << path;
+    EXPECT_EQ(CauseOf([&] { both.OpenForAppend(path).Append("refused"); }), refusal.second) << path;
+  }
+  EXPECT_EQ(TreeOf(scratch.Native("C:\\")), written) << "refused before it was emptied";
 }
 #endif
 

@@ -37,7 +37,9 @@ struct Lab : MessageBoxes, Progress {
     Files.Put("C:\\Data\\Sdata\\AB Sub#" + std::to_string(id) + ".dat", FormatSubject(record, Project));
   }
   void Show(int, const std::string&) override {}
+  void Breathe() override {}
   BoxAnswer Show(const MessageBox& box) override {
+    EXPECT_NE(Flow.CurrentStage(), MasterFlow::Stage::Closed) << "what ran stays up behind its messages";
     const BoxAnswer answer = Script.Show(box);
     if (answer == BoxAnswer::Retry) Put(3, "1 | 2");  // mended
     return answer;
@@ -100,6 +102,8 @@ TEST(MasterFlow, DestinationsAndRunsThatStop) {
       lab.Options.FollowBrowser();
     };
   };
+  const auto native = [](Lab& lab) { lab.Options.SetDestination(PathText(lab.Files.Native("D:\\Out")) + "/"); };
+  const auto stay = [](Lab& lab) { lab.Options.SetDestination("Mine.txt"), lab.Options.FollowBrowser(); };
   const auto spoil = [](Lab& lab) { lab.Put(3, "9 | 1"); };
   const auto remove = [](Lab& lab) { std::filesystem::remove(lab.Files.Native("C:\\Data\\Sdata\\AB Sub#2.dat")); };
   const auto combine = [&](Lab& lab) { remove(lab), lab.Options.ChkCombine = true; };
@@ -112,8 +116,13 @@ TEST(MasterFlow, DestinationsAndRunsThatStop) {
       {move("D:\\"), none, "OWC MM", "D:\\AB Master.txt"},
       {move("Q:\\"), none, "OWC M", kMaster},
       {type("D:\\Out\\My.txt"), none, "OWC M", "D:\\Out\\My.txt"},
-      {type("Mine.txt"), none, "OWC M", "C:\\Data\\Mine.txt"},
-      {type(""), none, "OWC M", kMaster},
+      {type(" Mine.txt "), none, "OWC M", "C:\\Data\\Mine.txt"},
+      {type(" \t"), none, "OWC M", kMaster},
+      {type("D:"), none, "OWC MM", "D:\\AB Master.txt"},
+      {type("D:Out"), none, "OWC MM", "D:\\Out\\AB Master.txt"},
+      {type("D:\\Out\\"), none, "OWC MM", "D:\\Out\\AB Master.txt"},
+      {native, none, "OWC MM", "D:\\Out\\AB Master.txt"},
+      {stay, none, "OWC M", "C:\\Data\\Mine.txt"},
       {spoil, retry, "OWC M", kMaster},
       {spoil, stop, "OWO M", ""},
       {type("Q:\\AB.txt"), noDrive, "OWO ", ""},
@@ -127,6 +136,7 @@ TEST(MasterFlow, DestinationsAndRunsThatStop) {
     EXPECT_EQ(lab.Walk(), walk);
     EXPECT_EQ(lab.Flow.LastMaster(), path.empty() ? "" : "C:\\Data\\AB Master.txt") << "where the rows are";
     if (path.empty()) continue;
+    EXPECT_EQ(lab.Options.Destination(), path) << "stands in the box";
     EXPECT_TRUE(lab.Files.Get(path).starts_with(lab.Flow.LastHeader() + "\r\n")) << path;
     EXPECT_NE(lab.Files.Get(kMaster).find("5,  2,  2,  2, "), std::string::npos) << "rows stay with the data";
   }
@@ -134,8 +144,14 @@ TEST(MasterFlow, DestinationsAndRunsThatStop) {
 
 TEST(MasterFlow, GroupsAsPreviewedInTheirOrder) {
   Lab lab("c");
+  lab.Files.Put("C:\\Data\\Sdata\\AB Sub#3.dat", "");
   lab.Flow.Continue();
-  lab.Options.ChooseVariable(1);
+  EXPECT_EQ(lab.Flow.GroupsPreview(), "2 groups of 2, left over: 5") << "no subject is read";
+  lab.Script.Expect({"This is not a valid file format.  Please select a different file."});
+  lab.Flow.ChooseVariable(1);
+  EXPECT_EQ(lab.Options.ChosenVariable(), 0) << "given up";
+  lab.Put(3, "1 3 | 2 3");
+  lab.Flow.ChooseVariable(1);
   EXPECT_EQ(lab.Flow.GroupsPreview(), ", Man: 1 group of 2, left over: 3\n, 2: 1 group of 2");
   for (const auto& [size, preview, box] :
        {std::tuple("1", "", kGroupSizeFault), {"4", kTooFewSubjects, kTooFewSubjects}}) {
@@ -147,7 +163,11 @@ TEST(MasterFlow, GroupsAsPreviewedInTheirOrder) {
   lab.Options.SetPerGroupText("2");
   lab.Flow.GoGroups();
   EXPECT_EQ(lab.Flow.Order().RowName(2) + lab.Flow.Order().RowName(3), "3, Man4, 2");
+  EXPECT_EQ(lab.Flow.OrderPreview(), ", Man: 1 group of 2, left over: 3\n, 2: 1 group of 2");
+  lab.Flow.Order().SetEntryText("3");
+  EXPECT_EQ(lab.Flow.OrderPreview(), "The groups show here once every subject has a position of its own.");
   lab.Flow.Order().Paste("3\n2\n1");
+  EXPECT_EQ(lab.Flow.OrderPreview(), ", Man: 1 group of 2, left over: 1\n, 2: 1 group of 2");
   lab.Put(3, "9 | 1");
   lab.Script.Expect({"Subscript out of range", BoxAnswer::Cancel, "Subject 3: item 9"});
   lab.Flow.GoCombine();
@@ -160,7 +180,7 @@ TEST(MasterFlow, GroupsAsPreviewedInTheirOrder) {
   lab.Flow.GoCombine();
   const std::string bytes = lab.Files.Get(lab.Flow.LastMaster());
 
-  CombinedRequest request{{}, "", ReadGroupSubjects(lab.Project, 5, true, lab.OfFiles, lab).value(), 0, {}};
+  CombinedRequest request{{}, "", ReadGroupSubjects(lab.Project, 5, true, lab.OfFiles, lab, lab).value(), 0, {}};
   request.Selection.SetDefaultMeasures(lab.Project);
   request.Plan.Groups = {{1, {2, 1}}, {2, {3, 4}}};
   EXPECT_TRUE(CreateCombinedMaster(lab.Project, request, {lab.OfFiles, lab, lab}).Completed);
@@ -171,7 +191,7 @@ TEST(MasterFlow, GroupsAsPreviewedInTheirOrder) {
   lab.Options.SetPerGroupText("2");
   lab.Flow.Continue();
   EXPECT_EQ(lab.Flow.GroupsPreview(), "2 groups of 2, left over: 5") << "no variable is chosen again";
-  lab.Options.ChooseVariable(1);
+  lab.Flow.ChooseVariable(1);
   EXPECT_EQ(lab.Flow.GroupsPreview(), ", Man: 1 group of 2, left over: 1\n, 2: 1 group of 2") << "in the saved order";
 }
 

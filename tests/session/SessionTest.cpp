@@ -4,6 +4,7 @@
 
 #include "project/ProjectFile.h"
 #include "session/SessionFixture.h"
+#include "subjects/SubjectFile.h"
 
 namespace zova::testing {
 namespace {
@@ -127,6 +128,33 @@ TEST_F(SessionTest, PicturesOpenAProjectFirst) {
   Boxes.Expect({.Text = "You do not have unfinished data for this project.", .Icon = BoxIcon::Information});
   session.UnfinishedBusiness();
   EXPECT_FALSE(session.Menus().Unfinished);
+}
+
+TEST_F(SessionTest, WhatIsKeptOfTheLastMaster) {
+  Session& session = Started();
+  m_scratch.Put("C:\\Param\\Example.prm", Example());
+  OpenProject(session, "C:\\Param\\Example.prm");
+  SubjectRecord record;
+  ResetLists(record, *session.OpenedProject());
+  m_scratch.Put("C:\\ZOVA\\Sample Data\\Sdata\\Example Sub#1.dat", FormatSubject(record, *session.OpenedProject()));
+  session.CreateNewMaster();
+  for (const char* failure : {"ARC score was", "Bi-Directional ITR was"}) {
+    Boxes.Expect({.Text = std::string("For at least 1 test, ") + (*failure == 'A' ? "the " : "") + failure +
+                          " unable to be calculated for subject(s): 1.  You should delete these subjects before "
+                          "analysis."});
+  }
+  Boxes.Expect({.Text = "Master(s) Successfully Created!", .Icon = BoxIcon::None});
+  session.Masters().Continue();
+  EXPECT_EQ(session.Shown(), Screen::Main);
+  EXPECT_NE(session.Masters().LastHeader(), "");
+  session.OpenLastMasterFolder();
+  EXPECT_EQ(m_desktop.Folder, m_scratch.Native("C:\\ZOVA\\Sample Data"));
+  m_desktop.HasFileManager = false;
+  Boxes.Expect({"The folder could not be opened.", BoxAnswer::Ok, "C:\\ZOVA\\Sample Data", BoxIcon::Exclamation});
+  session.OpenLastMasterFolder();
+  OpenProject(session, "C:\\Param\\Example.prm");
+  EXPECT_EQ(session.Masters().LastHeader(), "") << "the project was taken anew";
+  EXPECT_EQ(session.LastMaster(), "C:\\ZOVA\\Sample Data\\Example Master.txt");
 }
 
 TEST_F(SessionTest, OpenDuringTheWizardCancelsItFirst) {

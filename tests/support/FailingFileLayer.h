@@ -49,6 +49,9 @@ class FailingFileLayer final : public FileLayer {
   std::unique_ptr<OutputFile> Append(const Path& path) override {
     return Pass("Append"), std::make_unique<File>(*this, m_inner.Append(path));
   }
+  std::unique_ptr<OutputFile> Overwrite(const Path& path) override {
+    return Pass("Overwrite"), std::make_unique<File>(*this, m_inner.Overwrite(path));
+  }
   void Truncate(const Path& path, std::uintmax_t size) override { Pass("Truncate"), m_inner.Truncate(path, size); }
   void CopyPermissions(const Path& from, const Path& to) override {
     Pass("CopyPermissions"), m_inner.CopyPermissions(from, to);

@@ -48,6 +48,7 @@ class FakeSettings final : public SettingsStore {
 /// The percentages shown, in their order.
 struct RecordingProgress final : Progress {
   void Show(int percent, const std::string&) override { Shown.push_back(percent); }
+  void Breathe() override {}
   std::vector<int> Shown;
 };
 

@@ -88,7 +88,11 @@ class CountingDesktop final : public Desktop {
   void ShowBusyPointer() override { ++Busy, ++Shown; }
   void RestorePointer() override { --Busy; }
   void Beep() override { ++Beeps; }
-  void OpenFolder(const std::filesystem::path& directory) override { Folder = directory; }
+  bool OpenFolder(const std::filesystem::path& directory) override {
+    Folder = directory;
+    return HasFileManager;
+  }
+  bool HasFileManager = true;
 
   int Busy = 0;
   int Shown = 0;

@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "master/RunExports.h"
+
+#include <algorithm>
+
+#include "master/OwnFiles.h"
+#include "master/SavedOrders.h"
+
+namespace zova {
+
+bool RunExports::Prepare() {
+  if (m_request.CleanFile) {
+    m_clean.emplace(Export<CleanExport>{PathOf(*m_request.CleanFile, " Clean.csv"), MakeFiles(),
+                                        CleanExport(m_project, m_request.Selection)});
+  }
+  if (m_request.LongFile) {
+    std::optional<SerialOrder> order = m_request.Order;
+    if (!order && !WithRetry(m_errors, [&] { order = ReadSavedSerialOrder(m_disk, m_project); })) return false;
+    m_long.emplace(
+        Export<LongExport>{PathOf(*m_request.LongFile, " Long.csv"), MakeFiles(), LongExport(m_project, order)});
+  }
+  return AreApart();
+}
+
+std::string RunExports::PathOf(const std::string& asked, const char* name) const {
+  if (asked.empty()) return m_destination.Directory + m_project.Abbreviation + name;
+  return ResolveDestination(asked, m_project, m_disk.Drives()).HeaderPath;
+}
+
+// A CSV has no pieces, however many columns it has.
+MasterFiles RunExports::MakeFiles() const { return {m_project, MasterKind::Individual, m_disk, m_errors, m_written}; }
+
+bool RunExports::AreApart() {
+  std::vector<std::string> paths = {m_destination.HeaderPath, DefaultMasterPath(m_project)};
+  if (m_request.Order) paths.push_back(SerialMasterPath(m_destination, m_project));
+  const std::size_t masters = paths.size();
+  if (m_clean) paths.push_back(m_clean->Path);
+  if (m_long) paths.push_back(m_long->Path);
+  return WithRetry(m_errors, [&] {
+    std::vector<std::filesystem::path> natives;
+    for (std::size_t k = 0; k < paths.size(); ++k) {
+      if (k >= masters) RefuseOwnFile(paths[k], m_project, m_disk);
+      const std::filesystem::path native = m_disk.Resolve(paths[k], FileOperation::Write);
+      if (k >= masters && std::find(natives.begin(), natives.end(), native) != natives.end()) {
+        throw FileError(FileOperation::Write, paths[k], std::make_error_code(std::errc::file_exists),
+                        "Each file of a run needs a name of its own.");
+      }
+      natives.push_back(native);
+    }
+  });
+}
+
+template <typename Format>
+bool RunExports::WriteHeader(std::optional<Export<Format>>& file) {
+  return !file || file->Files.WriteHeader(file->Path, {file->Rows.Header(), 0, {}});
+}
+
+bool RunExports::WriteHeaders() { return WriteHeader(m_clean) && WriteHeader(m_long); }
+
+template <typename Format>
+bool RunExports::Write(const ScoredSubject& subject, std::optional<Export<Format>>& file) {
+  if (!file) return true;
+  file->Rows.Build(subject, m_rows);
+  return m_rows.empty() || file->Files.WriteRow(file->Path, m_rows);  // empty: a project without tests
+}
+
+bool RunExports::WriteRows(const ScoredSubject& subject) { return Write(subject, m_clean) && Write(subject, m_long); }
+
+bool RunExports::Close() { return (!m_clean || m_clean->Files.CloseRows()) && (!m_long || m_long->Files.CloseRows()); }
+
+}  // namespace zova

@@ -1,0 +1,125 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "master/MasterRun.h"
+#include "master/ScoreGapText.h"
+#include "scoring/Examples.h"
+#include "subjects/SubjectFile.h"
+#include "support/FakePlatform.h"
+#include "support/Scratch.h"
+#include "support/ScriptedBoxes.h"
+
+namespace zova::testing {
+namespace {
+
+// Keeps the rows of the master that it is handed.
+struct RowSink final : ScoredSubjectSink {
+  bool Take(const ScoredSubject& subject) override { return Rows += subject.MasterRow + "\n", --Left > 0; }
+  std::string Rows;
+  int Left = 100;
+};
+
+struct ExportLab {
+  explicit ExportLab(const Shape& shape) : Project(MakeProject(shape)) {
+    Project.Abbreviation = "AB";
+    Project.PrimaryDir = "C:\\Data";
+    Request.Selection.SetDefaultMeasures(Project);
+    Request.CleanFile = "";
+    Request.LongFile = "";
+  }
+  void Put(const std::string& id, std::int16_t level, const std::string& lists) {
+    SubjectRecord record;
+    record.Levels.fill(level);
+    record.Lists = MakeLists(Project, lists);
+    Files.Put("C:\\Data\\Sdata\\AB Sub#" + id + ".dat", FormatSubject(record, Project));
+    ++Request.SubjectFileCount;
+  }
+  MasterRunResult Run(MessageBoxes& boxes) {
+    Disk disk = Files.MakeDisk();
+    RecordingProgress bar;
+    return CreateMasters(Project, Request, {disk, boxes, bar});
+  }
+
+  Scratch Files;
+  ProjectParameters Project;
+  MasterRequest Request;
+};
+
+TEST(Exports, WhatOtherProgramsRead) {
+  ExportLab lab({.Items = 6, .PerCategory = 3, .Minutes = 9, .MaxRating = 5, .Rated = "NY", .Lures = true});
+  lab.Project.VariableCount = 2;
+  lab.Project.VariableNames = {"Subject", "list"};
+  lab.Project.LevelCounts = {2, 1};
+  lab.Project.LevelNames[0] = {"Young, \"fit\"", "Old"};
+  lab.Project.LevelNames[1] = {" late"};
+  lab.Request.Selection = Only(lab.Project, {Measure::Cat, Measure::Bi, Measure::Rat});
+  lab.Request.Selection.Check(Measure::Rat, false);
+  lab.Put("07", 1, "4/1/3 1/2/4 2/2/4 | 2/1/5 3/1/1 0/1 2/9 1/9/2");  // a lure, a blank, a repeat, no rating
+  lab.Put("8", 2, "1/1 | ");
+  // Item 2 came first; a row of the lures' positions is never wanted.
+  lab.Files.Put("C:\\Data\\AB Serial Order.dat", "1,2\r\n2,1\r\n3,6\r\n4,3\r\n5,4\r\n6,5\r\n");
+  RowSink sink;
+  lab.Request.Sink = &sink;
+  ScriptedBoxes none;
+  const MasterRunResult result = lab.Run(none);
+  EXPECT_EQ(lab.Files.Get("C:\\Data\\AB Clean.csv"),
+            "Subject,Subject (2),list,ArcScore(Test 1),ArcScore(Test 2),Bi-ITR(Tests 1 and 2),"
+            "#OfCategoriesUsed(Test 1),#OfCategoriesUsed(Test 2),AvgItemsPerCat(Test 1),AvgItemsPerCat(Test 2),"
+            "Not Computed\r\n"
+            "07,\"Young, \"\"fit\"\"\",\" late\",1,,-1.3333334,2,1,1.5,3,"
+            "ArcScore(Test 2): fewer than 2 categories or 3 recalls\r\n"
+            "8,Old,2,,,,1,0,1,,ArcScore(Test 1): fewer than 2 categories or 3 recalls; ArcScore(Test 2): fewer than 2 "
+            "categories or 3 recalls; Bi-ITR(Tests 1 and 2): a list is empty; AvgItemsPerCat(Test 2): a list is "
+            "empty\r\n");
+  const auto study = [](const std::string& subjectAndTest, const std::string& levels) {
+    std::string rows;
+    for (const char* middle : {"1,2,1,0", "2,1,1,0", "3,4,2,0", "4,5,2,0"}) {
+      rows.append(subjectAndTest).append(",study,").append(middle).append(",,,").append(levels).append("\r\n");
+    }
+    return rows;
+  };
+  const std::string seven = "\"Young, \"\"fit\"\"\",\" late\"";
+  EXPECT_EQ(lab.Files.Get("C:\\Data\\AB Long.csv"),
+            "subject,list,trial_type,position,item,category,lure,minute,rating,Subject,list (2)\r\n" +
+                study("07,1", seven) + "07,1,recall,1,4,2,0,1,," + seven + "\r\n07,1,recall,2,1,1,0,2,," + seven +
+                "\r\n07,1,recall,3,2,1,0,2,," + seven + "\r\n" + study("07,2", seven) + "07,2,recall,1,2,1,0,1,5," +
+                seven + "\r\n07,2,recall,2,3,1,1,1,1," + seven + "\r\n07,2,recall,4,2,1,0,9,," + seven +
+                "\r\n07,2,recall,5,1,1,0,9,2," + seven + "\r\n" + study("8,1", "Old,2") +
+                "8,1,recall,1,1,1,0,1,,Old,2\r\n" + study("8,2", "Old,2"));
+  const std::string master = lab.Files.Get("C:\\Data\\AB Master.txt");
+  EXPECT_EQ(std::count(sink.Rows.begin(), sink.Rows.end(), '\n'), 2);
+  EXPECT_NE(master.find(sink.Rows.substr(0, sink.Rows.find('\n')) + "\r\n"), std::string::npos);
+  EXPECT_EQ(result.Written,
+            (std::vector{lab.Files.Native("C:\\Data\\AB Master.txt"), lab.Files.Native("C:\\Data\\AB Clean.csv"),
+                         lab.Files.Native("C:\\Data\\AB Long.csv")}));
+
+  sink.Left = 1;  // gives up after the first subject
+  EXPECT_FALSE(lab.Run(none).Completed);
+  EXPECT_EQ(lab.Files.Get("C:\\Data\\AB Clean.csv").find("\r\n8,"), std::string::npos);
+}
+
+TEST(Exports, StandBesideTheMasterAndReplaceNoOtherFile) {
+  ExportLab lab({.Tests = 1, .Items = 3});
+  lab.Put("1", 0, "3");
+  lab.Files.MakeDirectory("D:\\Out");
+  lab.Request.Destination = "D:\\Out\\m.txt";
+  lab.Request.Order = SerialOrder{3, 1, 2};
+  lab.Request.LongFile = "bare.csv";
+  ScriptedBoxes boxes;
+  EXPECT_TRUE(lab.Run(boxes).Completed);
+  EXPECT_EQ(lab.Files.Get("D:\\Out\\AB Clean.csv"), "Subject,Net(Test 1),Not Computed\r\n1,1,\r\n");
+  EXPECT_EQ(lab.Files.Get("C:\\Data\\bare.csv"),
+            "subject,list,trial_type,position,item\r\n1,1,study,1,2\r\n1,1,study,2,3\r\n1,1,study,3,1\r\n"
+            "1,1,recall,1,3\r\n");
+
+  const Tree before = lab.Files.Snapshot();
+  for (const char* taken : {"D:\\Out\\m.txt", "ab master.TXT", "D:\\Out\\AB Serial Position Master.txt",
+                            "D:\\Out\\AB Clean.csv", "C:\\Data\\Sdata\\AB Sub#1.dat"}) {
+    lab.Request.LongFile = taken;
+    boxes.Expect({std::make_error_code(std::errc::file_exists).message(), BoxAnswer::Cancel, taken});
+    EXPECT_FALSE(lab.Run(boxes).Completed) << taken;
+    EXPECT_EQ(lab.Files.Snapshot(), before) << taken;
+  }
+}
+
+}  // namespace
+}  // namespace zova::testing
