@@ -114,57 +114,33 @@ TEST(MeansExaminer, VariablesKeepTheOrderInWhichTheyWereChosen) {
 }
 
 TEST(MeansExaminer, WhichMasterIsShownAndWhatIsSaidOfIt) {
-  const std::string foreign = "ID, Age, Net(Test 1)\r\n1, 2, 5\r\n";
-  const std::string own = std::string("Master: ") + kMaster;
+  const std::string full = kHeader + kRows, odd = full + "7\r\n8\r\n" + kRows;
+  const std::string gone = full + "X, 2, 0, 1, 0, 0\r\n", foreign = "ID, Age, Net(Test 1)\r\n1, 2, 5\r\n";
+  const std::string path = "D:\\Other.txt", own = std::string("Master: ") + kMaster, other = "Master: " + path;
+  const std::string oddNote = "2 lines do not fit the header and were skipped.  3 rows repeat a subject";
+  const std::string goneNote = "1 row has no subject that could be scored again";
   const std::string foreignNote = "This is no master of the open project: ";
   const ExpectedBox noMaster{.Text = "'Other.txt' is no master.", .Details = "Its first line is no header"};
-  const ExpectedBox gone{std::make_error_code(std::errc::no_such_file_or_directory).message(), BoxAnswer::Cancel};
-  // What the project's master holds, header of the last run, the chosen file and what it holds, box, lines shown.
+  const ExpectedBox noFile{std::make_error_code(std::errc::no_such_file_or_directory).message(), BoxAnswer::Cancel};
+  // What the project's master holds, the header of the last run, the chosen file and what it holds; box, lines shown.
   const struct {
     const char* What;
     std::string Master, Header, Path, Other;
     std::optional<ExpectedBox> Box;
     std::string File, Note;
   } kCases[] = {{"none", "", "", "", "", {}, "There is no master of this project yet.", ""},
-                {"rows whose header went elsewhere", kRows, kHeader, "", "", {}, own + " (3 rows)", ""},
+                {"a header that went elsewhere", kRows, kHeader, "", "", {}, own + " (3 rows)", ""},
+                {"the same, chosen", kRows, kHeader, kMaster, kRows, {}, own + " (3 rows)", ""},
                 {"and is not known", kRows, "", "", "", {}, std::string("'") + kMaster + "' could not be read.", ""},
-                {"lines that do not fit, a repeated subject",
-                 kHeader + kRows + "7\r\n8\r\n" + kRows,
-                 "",
-                 "",
-                 "",
-                 {},
-                 own + " (6 rows)",
-                 "2 lines do not fit the header and were skipped.  3 rows repeat a subject"},
-                {"a subject that is gone",
-                 kHeader + kRows + "X,  2,  0,  1,  0,  0\r\n",
-                 "",
-                 "",
-                 "",
-                 {},
-                 own + " (4 rows)",
-                 "1 row has no subject that could be scored again"},
-                {"a foreign one",
-                 kHeader + kRows,
-                 "",
-                 "D:\\Other.txt",
-                 foreign,
-                 {},
-                 "Master: D:\\Other.txt (1 row)",
-                 foreignNote},
-                {"the project's variables alone",
-                 kHeader,
-                 "",
-                 "D:\\Other.txt",
-                 kHeader,
-                 {},
-                 "Master: D:\\Other.txt (0 rows)",
-                 foreignNote},
-                {"and its name", kHeader, "", "D:\\ab combined master.TXT", kHeader, {}, "Master: D:\\ab com", ""},
-                {"or its directory", kHeader, "", "C:\\Data\\Mine.txt", kHeader, {}, "Master: C:\\Data\\Mine.txt", ""},
-                {"no text", kHeader + kRows, "", "D:\\Other.txt", std::string("Net(Test 1)\0", 12), noMaster, own, ""},
-                {"no master", kHeader + kRows, "", "D:\\Other.txt", kRows, noMaster, own, ""},
-                {"no file", kHeader + kRows, "", "D:\\Other.txt", "", gone, own, ""}};
+                {"lines that do not fit, repeated subjects", odd, "", "", "", {}, own + " (6 rows)", oddNote},
+                {"a subject that is gone", gone, "", "", "", {}, own + " (4 rows)", goneNote},
+                {"a foreign one", full, "", path, foreign, {}, other + " (1 row)", foreignNote},
+                {"the project's variables alone", full, "", path, kHeader, {}, other + " (0 rows)", foreignNote},
+                {"and its name", full, "", "D:\\ab combined master.TXT", kHeader, {}, "Master: D:\\ab com", ""},
+                {"or its directory", full, "", "C:\\Data\\Mine.txt", kHeader, {}, "Master: C:\\Data\\Mine.txt", ""},
+                {"no text", full, "", path, kHeader + '\0', noMaster, own, ""},
+                {"no master", full, "", path, kRows, noMaster, own, ""},
+                {"no file", full, "", path, "", noFile, own, ""}};
   for (const auto& c : kCases) {
     SCOPED_TRACE(c.What);
     Desk desk;
