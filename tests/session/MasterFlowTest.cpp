@@ -117,6 +117,7 @@ TEST(MasterFlow, DestinationsAndRunsThatStop) {
       {move("Q:\\"), none, "OWC M", kMaster},
       {type("D:\\Out\\My.txt"), none, "OWC M", "D:\\Out\\My.txt"},
       {type(" Mine.txt "), none, "OWC M", "C:\\Data\\Mine.txt"},
+      {type("Sdata/"), none, "OWC MM", "C:\\Data\\Sdata/AB Master.txt"},
       {type(" \t"), none, "OWC M", kMaster},
       {type("D:"), none, "OWC MM", "D:\\AB Master.txt"},
       {type("D:Out"), none, "OWC MM", "D:\\Out\\AB Master.txt"},
