@@ -28,13 +28,6 @@ std::map<std::int16_t, std::vector<std::size_t>> SortedByLevel(const std::vector
   return sorted;
 }
 
-// An older file may have levels beyond those that have names.
-std::string LevelText(const ProjectParameters& project, std::size_t variable, std::int16_t level) {
-  const bool hasName = level >= 1 && level <= project.LevelCounts[variable];
-  return project.VariableNames[variable] + ", " +
-         (hasName ? project.LevelNames[variable][static_cast<std::size_t>(level) - 1] : std::to_string(level));
-}
-
 }  // namespace
 
 std::optional<int> ParseGroupSize(std::string_view text) {
@@ -79,7 +72,9 @@ std::string GroupPlanText(const GroupPlan& plan, const std::vector<std::string>&
   std::string text;
   for (const LevelPlan& level : plan.Levels) {
     if (!text.empty()) text += '\n';
-    if (separator) text += LevelText(project, *separator, level.Level) + ": ";
+    if (separator) {
+      text += project.VariableNames[*separator] + ", " + LevelText(project, *separator, level.Level) + ": ";
+    }
     text += level.GroupCount == 0 ? "no" : std::to_string(level.GroupCount);
     text += level.GroupCount == 1 ? " group" : " groups";
     if (plan.SubjectsPerGroup < kBeyondAnySize) text += " of " + std::to_string(plan.SubjectsPerGroup);

@@ -18,6 +18,11 @@ std::string_view LevelName(const ProjectParameters& project, std::size_t variabl
   return project.LevelNames.at(variable).at(static_cast<std::size_t>(level) - 1);
 }
 
+std::string LevelText(const ProjectParameters& project, std::size_t variable, int level) {
+  const std::string_view name = LevelName(project, variable, level);
+  return name.empty() ? std::to_string(level) : std::string(name);
+}
+
 std::string ProjectTitle(const ProjectParameters& project) {
   const std::string& name = project.ProjectFileName;
   return name.size() < 4 ? std::string() : name.substr(0, name.size() - 4);
