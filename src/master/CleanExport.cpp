@@ -54,7 +54,7 @@ class ValueSink final : public ColumnSink {
 }  // namespace
 
 void AppendLevelField(std::string& line, const ProjectParameters& project, std::size_t variable, int level) {
-  AppendCsvField(line, LevelText(project, variable, level));
+  AppendCsvField(line, LevelLabel(project, variable, level));
 }
 
 std::string CleanExport::Header() const {

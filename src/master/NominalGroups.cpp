@@ -28,6 +28,10 @@ std::map<std::int16_t, std::vector<std::size_t>> SortedByLevel(const std::vector
   return sorted;
 }
 
+std::string LevelText(const ProjectParameters& project, std::size_t variable, std::int16_t level) {
+  return project.VariableNames[variable] + ", " + LevelLabel(project, variable, level);
+}
+
 }  // namespace
 
 std::optional<int> ParseGroupSize(std::string_view text) {
@@ -72,9 +76,7 @@ std::string GroupPlanText(const GroupPlan& plan, const std::vector<std::string>&
   std::string text;
   for (const LevelPlan& level : plan.Levels) {
     if (!text.empty()) text += '\n';
-    if (separator) {
-      text += project.VariableNames[*separator] + ", " + LevelText(project, *separator, level.Level) + ": ";
-    }
+    if (separator) text += LevelText(project, *separator, level.Level) + ": ";
     text += level.GroupCount == 0 ? "no" : std::to_string(level.GroupCount);
     text += level.GroupCount == 1 ? " group" : " groups";
     if (plan.SubjectsPerGroup < kBeyondAnySize) text += " of " + std::to_string(plan.SubjectsPerGroup);

@@ -2,6 +2,8 @@
 
 #include "project/ProjectParameters.h"
 
+#include <algorithm>
+
 namespace zova {
 
 bool IsFalseMemoryInForce(const ProjectParameters& project) noexcept {
@@ -18,9 +20,12 @@ std::string_view LevelName(const ProjectParameters& project, std::size_t variabl
   return project.LevelNames.at(variable).at(static_cast<std::size_t>(level) - 1);
 }
 
-std::string LevelText(const ProjectParameters& project, std::size_t variable, int level) {
+std::string LevelLabel(const ProjectParameters& project, std::size_t variable, int level) {
   const std::string_view name = LevelName(project, variable, level);
-  return name.empty() ? std::to_string(level) : std::string(name);
+  if (name.empty()) return std::to_string(level);
+  const auto begin = project.LevelNames[variable].begin();
+  const bool isOnly = std::count(begin, begin + project.LevelCounts[variable], name) == 1;
+  return isOnly ? std::string(name) : std::string(name) + " (" + std::to_string(level) + ")";
 }
 
 std::string ProjectTitle(const ProjectParameters& project) {

@@ -36,7 +36,7 @@ std::string SubjectName(const GroupSubjects& subjects, std::size_t subject, cons
                         std::optional<std::size_t> separator) {
   const std::string& id = subjects.SubjectIds[subject];
   if (!separator) return id;
-  return id + ", " + LevelText(project, *separator, subjects.Levels[subject][*separator]);
+  return id + ", " + LevelLabel(project, *separator, subjects.Levels[subject][*separator]);
 }
 
 }  // namespace
