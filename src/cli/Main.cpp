@@ -31,10 +31,7 @@ constexpr int kWrongUsage = 2;
 class MasterCommand {
  public:
   explicit MasterCommand(Arguments arguments)
-      : m_arguments(std::move(arguments)),
-        m_disk(m_layer, DriveMap::FromEnvironment()),
-
-        m_errors(m_terminal) {}
+      : m_arguments(std::move(arguments)), m_disk(m_layer, DriveMap::FromEnvironment()), m_errors(m_terminal) {}
 
   int Run() {
     const std::string projectFile = FilePath(m_arguments.ProjectFile);
@@ -79,16 +76,19 @@ class MasterCommand {
   }
 
   // A relative path of the platform starts from the current directory; drive-letter paths stay.
-  [[nodiscard]] std::string FilePath(const std::string& text) const {
+  static std::string FromHere(const std::string& text) {
     const bool hasDrive = text.size() >= 2 && text[1] == ':';
-    if (hasDrive || m_disk.Drives().ToNative(text)) return m_disk.Drives().ToDrivePath(text);
-    return m_disk.Drives().ToDrivePath(PathText(std::filesystem::absolute(PathFromText(text))));
+    return hasDrive ? text : PathText(std::filesystem::absolute(PathFromText(text)));
+  }
+
+  [[nodiscard]] std::string FilePath(const std::string& text) const {
+    return m_disk.Drives().ToDrivePath(FromHere(text));
   }
 
   // The destination box's text: a name alone is left to mean a file in the primary directory.
   [[nodiscard]] std::string DestinationText() const {
     const std::string& text = m_arguments.Destination;
-    return text.find('/') == std::string::npos || text.find('\\') != std::string::npos ? text : FilePath(text);
+    return text.find('/') == std::string::npos || text.find('\\') != std::string::npos ? text : FromHere(text);
   }
 
   bool FillRequest(MasterRequest& request) {
@@ -98,8 +98,8 @@ class MasterCommand {
       for (const Measure measure : *m_arguments.Measures) request.Selection.Check(measure, true);
     }
     request.Destination = DestinationText();
-    if (m_arguments.CleanFile) request.CleanFile = FilePath(*m_arguments.CleanFile);
-    if (m_arguments.LongFile) request.LongFile = FilePath(*m_arguments.LongFile);
+    if (m_arguments.CleanFile) request.CleanFile = FromHere(*m_arguments.CleanFile);
+    if (m_arguments.LongFile) request.LongFile = FromHere(*m_arguments.LongFile);
     const auto count = CountSubjectFiles(m_project, m_disk, m_terminal);
     if (count.value_or(0) == 0) return false;
     request.SubjectFileCount = *count;

@@ -54,12 +54,7 @@ class ValueSink final : public ColumnSink {
 }  // namespace
 
 void AppendLevelField(std::string& line, const ProjectParameters& project, std::size_t variable, int level) {
-  const std::string_view name = LevelName(project, variable, level);
-  if (name.empty()) {
-    AppendNumber(line, level);
-  } else {
-    AppendCsvField(line, name);
-  }
+  AppendCsvField(line, LevelLabel(project, variable, level));
 }
 
 std::string CleanExport::Header() const {

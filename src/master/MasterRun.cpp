@@ -96,22 +96,23 @@ std::string DefaultMasterPath(const ProjectParameters& project) {
 
 MasterDestination ResolveDestination(const std::string& text, const ProjectParameters& project,
                                      const DriveMap& drives) {
-  constexpr const char* kSeparators = "\\/";
+  const std::string path = ResolveFile(text, LastPathComponent(DefaultMasterPath(project)), project, drives);
+  return {path, path.substr(0, path.size() - LastPathComponent(path).size())};
+}
+
+std::string ResolveFile(const std::string& text, std::string_view name, const ProjectParameters& project,
+                        const DriveMap& drives) {
   const std::string_view typed = WithoutOuterBlanks(text);
   std::string path = drives.ToDrivePath(typed);
   const bool hasDrive = path.size() > 1 && path[1] == ':';
-  if (hasDrive && path.find_first_of(kSeparators) != 2) path.insert(2, "\\");
-  const bool isDirectory = typed.ends_with('\\') || typed.ends_with('/') || (hasDrive && path.size() == 3);
-  const std::string defaultPath = DefaultMasterPath(project);
-  if (path.empty()) {
-    path = defaultPath;
-  } else if (isDirectory) {
-    if (!path.ends_with('/')) path = JoinPath(path, "");
-    path += LastPathComponent(defaultPath);
-  } else if (path.find_first_of(kSeparators) == std::string::npos) {
-    path = JoinPath(project.PrimaryDir, path);
-  }
-  return {path, path.substr(0, path.size() - LastPathComponent(path).size())};
+  if (hasDrive && path.find_first_of("\\/") != 2) path.insert(2, "\\");
+  const bool isDirectory =
+      typed.empty() || typed.ends_with('\\') || typed.ends_with('/') || (hasDrive && path.size() == 3);
+  const bool isBelowPrimary = !hasDrive && !path.starts_with('/') && path.find('\\') == std::string::npos;
+  if (isBelowPrimary) path = JoinPath(project.PrimaryDir, path);
+  if (!isDirectory) return path;
+  if (!path.ends_with('/')) path = JoinPath(path, "");
+  return path.append(name);
 }
 
 std::string SerialMasterPath(const MasterDestination& destination, const ProjectParameters& project) {

@@ -60,9 +60,13 @@ struct MasterDestination {
 std::string DefaultMasterPath(const ProjectParameters& project);
 
 /// The destination box's `text`, without the blanks around it: a path of the platform becomes a drive path, one that
-/// ends with a backslash gets the master's name, a drive without a path means its root, a name alone lies in the
-/// primary directory, and nothing is the default.
+/// ends with a separator gets the master's name, a drive without a path means its root, what has no backslash lies
+/// below the primary directory, and nothing is the default.
 MasterDestination ResolveDestination(const std::string& text, const ProjectParameters& project, const DriveMap& drives);
+
+/// The same for a file that is called `name` when none is given.
+std::string ResolveFile(const std::string& text, std::string_view name, const ProjectParameters& project,
+                        const DriveMap& drives);
 
 /// The path of the serial-position master of a run with this destination.
 std::string SerialMasterPath(const MasterDestination& destination, const ProjectParameters& project);

@@ -24,8 +24,8 @@ bool RunExports::Prepare() {
 }
 
 std::string RunExports::PathOf(const std::string& asked, const char* name) const {
-  if (asked.empty()) return m_destination.Directory + m_project.Abbreviation + name;
-  return ResolveDestination(asked, m_project, m_disk.Drives()).HeaderPath;
+  const std::string own = m_project.Abbreviation + name;
+  return asked.empty() ? m_destination.Directory + own : ResolveFile(asked, own, m_project, m_disk.Drives());
 }
 
 // A CSV has no pieces, however many columns it has.

@@ -42,10 +42,9 @@ void AppendFile::Append(std::string_view bytes) {
 }
 
 void AppendFile::Close() {
-  if (!m_file) return;
+  const std::unique_ptr<OutputFile> file = std::move(m_file);  // it is closed also when closing fails
   try {
-    m_file->Close();
-    m_file.reset();
+    if (file) file->Close();
   } catch (const std::system_error& error) {
     ThrowFileError(m_layer, FileOperation::Append, m_path, m_native, error.code());
   }

@@ -19,7 +19,6 @@ class AppendFile {
   void Append(std::string_view bytes);
   /// Tells of faults that only closing shows; the next Append would open the file again. Throws FileError.
   void Close();
-  [[nodiscard]] const std::string& Path() const noexcept { return m_path; }
   [[nodiscard]] const std::filesystem::path& Native() const noexcept { return m_native; }
 
  private:

@@ -8,7 +8,7 @@
 
 #include <utility>
 
-#include "master/MasterLines.h"
+#include "master/RunSteps.h"
 
 namespace zova {
 
@@ -31,14 +31,12 @@ std::optional<std::string> FileBeside(bool isAskedFor) {
   return isAskedFor ? std::optional<std::string>("") : std::nullopt;
 }
 
-// What a row of the group order shows: "17, Man". An older file may have levels beyond those that have names.
+// What a row of the group order shows: "17, Man".
 std::string SubjectName(const GroupSubjects& subjects, std::size_t subject, const ProjectParameters& project,
                         std::optional<std::size_t> separator) {
   const std::string& id = subjects.SubjectIds[subject];
   if (!separator) return id;
-  const int level = subjects.Levels[subject][*separator];
-  if (level < 1 || level > project.LevelCounts[*separator]) return id + ", " + std::to_string(level);
-  return id + ", " + project.LevelNames[*separator][static_cast<std::size_t>(level) - 1];
+  return id + ", " + LevelLabel(project, *separator, subjects.Levels[subject][*separator]);
 }
 
 }  // namespace
@@ -71,6 +69,8 @@ void MasterFlow::Continue() {
   m_request.CleanFile = FileBeside(m_options.ChkExportClean);
   m_request.LongFile = FileBeside(m_options.ChkExportLong);
   m_request.Order.reset();
+  // Told before an order is typed and saved for a master that cannot be.
+  if (!BuildHeader(*m_project, m_request.Selection, MasterKind::Individual, m_tools.Boxes, m_header)) return;
   if (m_options.ChkItemAnalysis) {
     m_order.OpenSerial(*m_project,
                        SavedOrder(m_tools.Errors, [&] { return ReadSavedSerialOrder(m_tools.Files, *m_project); }));
@@ -127,8 +127,8 @@ void MasterFlow::AskForGroups() {
 
 bool MasterFlow::ReadSubjects(bool withLevels) {
   const BusyPointer busy(m_tools.Pointer);
-  auto subjects = ReadGroupSubjects(*m_project, m_request.SubjectFileCount, withLevels, m_tools.Files, m_tools.Boxes,
-                                    m_tools.Bar);
+  auto subjects =
+      ReadGroupSubjects(*m_project, m_request.SubjectFileCount, withLevels, m_tools.Files, m_tools.Boxes, m_tools.Bar);
   if (!subjects) return false;
   const bool areOthers = subjects->SubjectIds != m_subjects.SubjectIds;
   m_subjects = std::move(*subjects);
@@ -203,7 +203,7 @@ void MasterFlow::WriteMasters() {
   if (!result.Completed) return Show(Stage::Options);
   m_lastMaster = DefaultMasterPath(*m_project);  // where the rows are, wherever the header went
   // What stands in the file, which may be too large to be read for its first line.
-  m_lastHeader = BuildMasterHeader(*m_project, m_request.Selection, MasterKind::Individual).MasterHeader;
+  m_lastHeader = m_header.MasterHeader;
   m_notices = std::move(result.Notices);
   if (m_options.ChkCombine) {
     AskForGroupOrder();

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "master/CombinedMaster.h"
+#include "master/MasterLines.h"
 #include "master/MasterOptions.h"
 #include "master/OrderEditor.h"
 #include "platform/Desktop.h"
@@ -84,7 +85,8 @@ class MasterFlow {
   std::function<void()> m_observer;
   Stage m_stage = Stage::Closed;
   MasterRequest m_request;
-  GroupSubjects m_subjects;  // from the groups' details on
+  MasterHeaderLine m_header;  // of the request
+  GroupSubjects m_subjects;   // from the groups' details on
   bool m_hasLevels = false;
   bool m_isReading = false;
   int m_wantedVariable = 0;

@@ -56,6 +56,8 @@ TEST_F(Command, WritesTheMasterWhereverItIsTold) {
   }
   Expect("--destination Bare.txt Ab.prm", 0, {"C:\\Data\\Bare.txt", kMaster}, "");
   Expect("--destination ../D/Out/a.txt Ab.prm", 0, {"D:\\Out\\a.txt", kMaster}, "");
+  Expect("--clean ../D/Out/ --long x.csv --destination ../D/Out/ Ab.prm", 0,
+         {"D:\\Out\\AB Master.txt", "D:\\Out\\AB Clean.csv", "C:\\x.csv", kMaster}, "");
   const char* serial = "D:\\Out\\AB Serial Position Master.txt";
   Files.Put("C:\\order.dat", "1,2\n2,1\n");
   Files.Put("C:\\Data\\Sdata\\Unfinished\\AB Sub#7.dat", "");

@@ -104,6 +104,10 @@ TEST(MasterFlow, DestinationsAndRunsThatStop) {
   };
   const auto native = [](Lab& lab) { lab.Options.SetDestination(PathText(lab.Files.Native("D:\\Out")) + "/"); };
   const auto stay = [](Lab& lab) { lab.Options.SetDestination("Mine.txt"), lab.Options.FollowBrowser(); };
+  const auto widen = [](Lab& lab) {
+    lab.Project.TestCount = 15;  // 32,768 patterns
+    lab.Options.ChkItemAnalysis = true;
+  };
   const auto spoil = [](Lab& lab) { lab.Put(3, "9 | 1"); };
   const auto remove = [](Lab& lab) { std::filesystem::remove(lab.Files.Native("C:\\Data\\Sdata\\AB Sub#2.dat")); };
   const auto combine = [&](Lab& lab) { remove(lab), lab.Options.ChkCombine = true; };
@@ -117,12 +121,14 @@ TEST(MasterFlow, DestinationsAndRunsThatStop) {
       {move("Q:\\"), none, "OWC M", kMaster},
       {type("D:\\Out\\My.txt"), none, "OWC M", "D:\\Out\\My.txt"},
       {type(" Mine.txt "), none, "OWC M", "C:\\Data\\Mine.txt"},
+      {type("Sdata/"), none, "OWC MM", "C:\\Data\\Sdata/AB Master.txt"},
       {type(" \t"), none, "OWC M", kMaster},
       {type("D:"), none, "OWC MM", "D:\\AB Master.txt"},
       {type("D:Out"), none, "OWC MM", "D:\\Out\\AB Master.txt"},
       {type("D:\\Out\\"), none, "OWC MM", "D:\\Out\\AB Master.txt"},
       {native, none, "OWC MM", "D:\\Out\\AB Master.txt"},
       {stay, none, "OWC M", "C:\\Data\\Mine.txt"},
+      {widen, {"Overflow", BoxAnswer::Cancel, "uncheck 'General Data: Item Pattern"}, "O ", ""},
       {spoil, retry, "OWC M", kMaster},
       {spoil, stop, "OWO M", ""},
       {type("Q:\\AB.txt"), noDrive, "OWO ", ""},
