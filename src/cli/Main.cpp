@@ -43,6 +43,7 @@ class MasterCommand {
     MasterRequest request;
     if (!TellUnfinished() || !FillRequest(request)) return kStopped;
     if (m_arguments.GroupSize && !FillCombinedRequest(request, combined)) return kStopped;
+    request.CombinedFollows = m_arguments.GroupSize.has_value();
     const RunSurroundings surroundings{m_disk, m_terminal, m_terminal};
     std::optional<ScoredTable> table;
     if (m_arguments.Means) request.Sink = &table.emplace(m_project, request.Selection);
