@@ -54,12 +54,7 @@ class ValueSink final : public ColumnSink {
 }  // namespace
 
 void AppendLevelField(std::string& line, const ProjectParameters& project, std::size_t variable, int level) {
-  const std::string_view name = LevelName(project, variable, level);
-  if (name.empty()) {
-    AppendNumber(line, level);
-  } else {
-    AppendCsvField(line, name);
-  }
+  AppendCsvField(line, LevelLabel(project, variable, level));
 }
 
 std::string CleanExport::Header() const {
@@ -68,7 +63,7 @@ std::string CleanExport::Header() const {
   CsvHeader header;
   header.Add("Subject");
   for (std::size_t v = 0; v < static_cast<std::size_t>(m_project.VariableCount); ++v) {
-    header.Add(m_project.VariableNames[v]);
+    header.AddVariable(m_project.VariableNames[v]);
   }
   NameSink sink(header);
   WalkMeasureColumns(m_project, m_selection, MasterKind::Individual, empty, sink);

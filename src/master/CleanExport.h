@@ -10,8 +10,7 @@
 
 namespace zova {
 
-/// Appends a subject's level of a variable (from index 0) as a CSV field: its name, or the number of one beyond the
-/// names.
+/// Appends a subject's level of a variable (from index 0) as a CSV field (`LevelLabel`).
 void AppendLevelField(std::string& line, const ProjectParameters& project, std::size_t variable, int level);
 
 /// The individual master for other programs: a CSV (RFC 4180) with a line per subject. Its columns are "Subject", the

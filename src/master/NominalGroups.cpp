@@ -28,11 +28,8 @@ std::map<std::int16_t, std::vector<std::size_t>> SortedByLevel(const std::vector
   return sorted;
 }
 
-// An older file may have levels beyond those that have names.
 std::string LevelText(const ProjectParameters& project, std::size_t variable, std::int16_t level) {
-  const bool hasName = level >= 1 && level <= project.LevelCounts[variable];
-  return project.VariableNames[variable] + ", " +
-         (hasName ? project.LevelNames[variable][static_cast<std::size_t>(level) - 1] : std::to_string(level));
+  return project.VariableNames[variable] + ", " + LevelLabel(project, variable, level);
 }
 
 }  // namespace

@@ -2,6 +2,8 @@
 
 #include "project/ProjectParameters.h"
 
+#include <algorithm>
+
 namespace zova {
 
 bool IsFalseMemoryInForce(const ProjectParameters& project) noexcept {
@@ -16,6 +18,14 @@ bool IsTestRated(const ProjectParameters& project, int test) {
 std::string_view LevelName(const ProjectParameters& project, std::size_t variable, int level) {
   if (level < 1 || level > project.LevelCounts.at(variable)) return {};
   return project.LevelNames.at(variable).at(static_cast<std::size_t>(level) - 1);
+}
+
+std::string LevelLabel(const ProjectParameters& project, std::size_t variable, int level) {
+  const std::string_view name = LevelName(project, variable, level);
+  if (name.empty()) return std::to_string(level);
+  const auto begin = project.LevelNames[variable].begin();
+  const bool isOnly = std::count(begin, begin + project.LevelCounts[variable], name) == 1;
+  return isOnly ? std::string(name) : std::string(name) + " (" + std::to_string(level) + ")";
 }
 
 std::string ProjectTitle(const ProjectParameters& project) {

@@ -58,6 +58,10 @@ bool IsTestRated(const ProjectParameters& project, int test);
 /// The name of a variable's level; "" for one beyond the names. `variable` counts from 0, `level` from 1.
 std::string_view LevelName(const ProjectParameters& project, std::size_t variable, int level);
 
+/// A level as tables show it: its name, with the number where another level has the same ("low (2)"); only the number
+/// of one without a name.
+std::string LevelLabel(const ProjectParameters& project, std::size_t variable, int level);
+
 /// The project file's name without ".prm".
 std::string ProjectTitle(const ProjectParameters& project);
 
