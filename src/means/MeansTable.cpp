@@ -105,7 +105,7 @@ class OpenCell {
   // Leaves the cell empty for the next one.
   MeansCell Close(std::vector<std::string> levels) {
     MeansCell cell{std::move(levels), {}, m_uncomputed};
-    for (Sample& sample : m_samples) cell.Measures.push_back(std::exchange(sample, {}).Statistics());
+    for (Sample& sample : m_samples) cell.Measures.push_back(std::exchange(sample, {}).Statistics(m_critical));
     std::fill(m_uncomputed.begin(), m_uncomputed.end(), 0);
     return cell;
   }
@@ -115,6 +115,7 @@ class OpenCell {
   const MeansRequest& m_request;
   std::vector<Sample> m_samples;
   std::vector<std::size_t> m_uncomputed;
+  CriticalValues m_critical;
 };
 
 // Sorted by their levels, the rows of a cell lie together, in their own order.
