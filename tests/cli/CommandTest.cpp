@@ -129,7 +129,8 @@ TEST_F(Command, HandsOnToOtherPrograms) {
   Expect("--measures chkBi --clean c.csv --long 'D:\\Out\\l.csv' Ab.prm", 0, {kMaster, "C:\\c.csv", "D:\\Out\\l.csv"},
          notice);
   EXPECT_EQ(Files.Get("C:\\c.csv"),
-            "Subject,Sex,Age,Bi-ITR(Tests 1 and 2),Not Computed\r\n1,m,old,,Bi-ITR(Tests 1 and 2): a list is empty\r\n"
+            "Subject,Sex,Age,Bi-ITR(Tests 1 and 2),Not Computed\r\n1,m,old,,Bi-ITR(Tests 1 and 2): no recall to "
+            "compute it from\r\n"
             "2,m,old,0,\r\n");
   EXPECT_TRUE(Files.Get("D:\\Out\\l.csv").ends_with("2,2,study,2,2,m,old\r\n2,2,recall,1,1,m,old\r\n"));
 

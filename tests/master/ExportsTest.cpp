@@ -69,8 +69,8 @@ TEST(Exports, WhatOtherProgramsRead) {
       "07,\"Young, \"\"fit\"\"\",\" late\",1,,-1.3333334,2,1,1.5,3,"
       "ArcScore(Test 2): fewer than 2 categories or 3 recalls\r\n"
       "8,Old,due (2),,,,1,0,1,,ArcScore(Test 1): fewer than 2 categories or 3 recalls; ArcScore(Test 2): fewer than 2 "
-      "categories or 3 recalls; Bi-ITR(Tests 1 and 2): a list is empty; AvgItemsPerCat(Test 2): a list is "
-      "empty\r\n");
+      "categories or 3 recalls; Bi-ITR(Tests 1 and 2): no recall to compute it from; AvgItemsPerCat(Test 2): "
+      "no recall to compute it from\r\n");
   const auto study = [](const std::string& subjectAndTest, const std::string& levels) {
     std::string rows;
     for (const char* middle : {"1,2,1,0", "2,1,1,0", "3,4,2,0", "4,5,2,0"}) {
