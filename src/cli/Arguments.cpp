@@ -137,7 +137,7 @@ const char* UsageText() {
          "  --clean FILE          also write the measures as a CSV for other programs: level names, nothing cut,\n"
          "                        empty fields and the reason for what could not be computed\n"
          "  --long FILE           also write the recalls as a CSV, a row per studied and per recalled item\n"
-         "  --means VARIABLE,...  print the subjects' means by these variables, crossed, as a CSV; '' for none\n"
+         "  --means VARIABLE,...  print the means of all measures by these variables, crossed, as a CSV; '' for none\n"
          "  --computed-only       leave out of the means what could not be computed (0 in the master)\n"
          "  --group-size N        also write the combined master: a row per group of N subjects, their recall pooled\n"
          "  --group-by VARIABLE   only subjects of one level of this variable form a group\n"
