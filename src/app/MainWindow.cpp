@@ -48,7 +48,7 @@ MainWindow::MainWindow(Session& session, QtProgress& progress)
       m_order(Add(new OrderPanel(session.Masters()))),
       m_groups(Add(new GroupPanel(session.Masters()))),
       m_progress(Add(new ProgressPanel(progress))),
-      m_blank(Add(new BlankPanel)),
+      m_blank(Add(Named(new BlankPanel, "fraMastersDone"))),
       m_means(Add(new MeansPanel(session))) {
   setObjectName("frmZova");
   setWindowTitle("ZOVA");

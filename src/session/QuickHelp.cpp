@@ -110,6 +110,7 @@ constexpr auto kSentences = std::to_array<Sentence>({
     {"fraLastMaster", "The master that was made last, since the program was started."},
     {"fraMain", "The main screen, from which you open projects, enter subjects and make masters."},
     {"fraMasterProgress", "The master is being written; this cannot be stopped."},
+    {"fraMastersDone", "The masters are written; a message says so."},
     {"fraMeans",
      "Means of a master by the levels of its variables are shown on this screen, as a table and as a plot."},
     {"fraMinute", "Measures for recalls that were entered with their minute."},
