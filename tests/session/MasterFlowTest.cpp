@@ -16,7 +16,7 @@ const ExpectedBox kCombinedCreated = {.Text = "Master(s) successfully created!",
 
 // A flow over the data of five subjects, 1 to 3 men.
 struct Lab : MessageBoxes, Progress {
-  // "i" and "c" for the two boxes.
+  // "i", "c" and "e" for the boxes: serial positions, groups, both CSV files.
   explicit Lab(std::string_view settings) {
     Project.Abbreviation = "AB";
     Project.PrimaryDir = "C:\\Data";
@@ -28,6 +28,7 @@ struct Lab : MessageBoxes, Progress {
     EXPECT_TRUE(Flow.Open(Project));
     Options.ChkItemAnalysis = settings.find('i') != std::string_view::npos;
     Options.ChkCombine = settings.find('c') != std::string_view::npos;
+    Options.ChkExportClean = Options.ChkExportLong = settings.find('e') != std::string_view::npos;
     Options.SetPerGroupText("2");
   }
   void Put(int id, const std::string& lists) {
@@ -39,13 +40,13 @@ struct Lab : MessageBoxes, Progress {
   void Show(int, const std::string&) override {}
   void Breathe() override {}
   BoxAnswer Show(const MessageBox& box) override {
-    EXPECT_NE(Flow.CurrentStage(), MasterFlow::Stage::Closed) << "what ran stays up behind its messages";
+    EXPECT_NE(Flow.CurrentStage(), MasterFlow::Stage::Closed) << "the main screen comes after the messages";
     const BoxAnswer answer = Script.Show(box);
     if (answer == BoxAnswer::Retry) Put(3, "1 | 2");  // mended
     return answer;
   }
   // Gives every screen's command in turn; those of screens that are not up must do nothing. The initials of the stages,
-  // then of the masters that there are.
+  // then of the masters and CSV files that there are.
   std::string Walk(char cancelAt = 0) {
     for (const auto go :
          {&MasterFlow::Continue, &MasterFlow::GoSerial, &MasterFlow::GoGroups, &MasterFlow::GoCombine}) {
@@ -56,7 +57,7 @@ struct Lab : MessageBoxes, Progress {
     }
     std::string made = Trail + " ";
     for (const auto& [name, bytes] : Files.Snapshot()) {
-      if (name.ends_with("Master.txt")) made += name[name.find("AB ") + 3];
+      if (name.ends_with("Master.txt") || name.ends_with(".csv")) made += name[name.find("AB ") + 3];
     }
     return made;
   }
