@@ -80,7 +80,7 @@ std::string GroupPlanText(const GroupPlan& plan, const std::vector<std::string>&
     text += level.GroupCount == 0 ? "no" : std::to_string(level.GroupCount);
     text += level.GroupCount == 1 ? " group" : " groups";
     if (plan.SubjectsPerGroup < kBeyondAnySize) text += " of " + std::to_string(plan.SubjectsPerGroup);
-    const char* opening = ", left over: ";
+    const char* opening = level.LeftOver.size() == 1 ? ", left over: subject " : ", left over: subjects ";
     for (const std::size_t subject : level.LeftOver) {
       text += opening + subjectIds[subject];
       opening = ", ";

@@ -61,8 +61,8 @@ std::optional<std::size_t> FindVariable(const ProjectParameters& project, std::s
 /// has a level per subject in the order of their listing; `order` is without fault.
 GroupPlan FormGroups(const std::vector<std::int16_t>& levels, const GroupOrder& order, int subjectsPerGroup);
 
-/// What `plan` gives, a line per level: "Sex, Male: 2 groups of 3, left over: 5, 9". Identifiers in the order of the
-/// listing. Of a size beyond any, "no groups".
+/// What `plan` gives, a line per level: "Sex, Male: 2 groups of 3, left over: subjects 5, 9". Identifiers in the order
+/// of the listing. Of a size beyond any, "no groups".
 std::string GroupPlanText(const GroupPlan& plan, const std::vector<std::string>& subjectIds,
                           const ProjectParameters& project, std::optional<std::size_t> separator);
 

@@ -18,7 +18,9 @@ namespace zova {
 
 namespace {
 
+constexpr const char* kNoText = "It is no text.";
 constexpr const char* kNoHeader = "Its first line is no header: it has no name of a measure.";
+constexpr const char* kNoRows = "None of its lines fits its header.";
 
 std::string Counted(std::size_t count, const char* one, const char* several) {
   return std::to_string(count) + " " + (count == 1 ? one : several);
@@ -74,8 +76,10 @@ void MeansExaminer::Open(const ProjectParameters& project, const std::string& he
   m_missing = "The master of this project could not be read.";
   std::string bytes;
   if (!Read(path, bytes)) return;
-  if (Take(bytes, m_header)) return Show(path);
-  m_missing = "'" + path + "' could not be read.  " + kNoHeader + "  Create the master anew.";
+  const auto fault = Take(bytes, m_header);
+  if (!fault) return Show(path);
+  m_missing = "'" + path + "' could not be read.  " + *fault + "  Create the master anew" +
+              (*fault == kNoHeader ? ", with this destination if its header went to another one." : ".");
 }
 
 void MeansExaminer::Close() {
@@ -100,10 +104,11 @@ void MeansExaminer::ChooseMaster() {
   std::string bytes;
   if (!path || !Read(*path, bytes)) return;
   const bool isOwnFile = IsSameFile(*path, DefaultMasterPath(*m_project), m_tools.Files);
-  if (Take(bytes, isOwnFile ? m_header : "")) return Show(*path);
+  const auto fault = Take(bytes, isOwnFile ? m_header : "");
+  if (!fault) return Show(*path);
   m_tools.Boxes.Show({.Text = "'" + std::string(LastPathComponent(*path)) + "' is no master.",
                       .Icon = BoxIcon::Exclamation,
-                      .Details = kNoHeader});
+                      .Details = *fault});
 }
 
 bool MeansExaminer::Read(const std::string& path, std::string& bytes) {
@@ -112,23 +117,24 @@ bool MeansExaminer::Read(const std::string& path, std::string& bytes) {
 }
 
 // What was shown stays when the text is no master.
-bool MeansExaminer::Take(const std::string& bytes, std::string_view header) {
+std::optional<std::string> MeansExaminer::Take(const std::string& bytes, std::string_view header) {
   const BusyPointer busy(m_tools.Pointer);
-  if (!LooksLikeDataText(bytes)) return false;
+  if (!LooksLikeDataText(bytes)) return kNoText;
   const DataText text(bytes);
   if (auto serial = ParseSerialPositionMaster(text.Content())) {
     m_serial = std::move(serial);
     m_table = {};
     m_measureNames.clear();
     for (int test = 1; test <= m_serial->TestCount; ++test) m_measureNames.push_back("Test " + std::to_string(test));
-    return true;
+    return std::nullopt;
   }
   auto table = ParseMaster(text.Content(), header, m_project);
-  if (!table) return false;
+  if (!table) return kNoHeader;
+  if (table->RowCount() == 0 && table->SkippedLines > 0) return kNoRows;
   m_serial.reset();
   m_table = std::move(*table);
   m_measureNames = m_table.Measures;
-  return true;
+  return std::nullopt;
 }
 
 void MeansExaminer::Show(const std::string& path) {
@@ -232,7 +238,10 @@ std::string MeansExaminer::NoteLine() const {
         (LeavesOut() ? (m_uncomputed == 1 ? "is left out." : "are left out.")
                      : std::string(m_uncomputed == 1 ? "counts" : "count") + " as 0 (*), as in the master."));
   }
-  if (!m_isOwn) {
+  if (!m_table.HasSubjects) {
+    add("This piece of a wide master has no identifiers: values that could not be computed, which stand as 0, are not "
+        "known.  The whole master has them.");
+  } else if (!m_isOwn) {
     add("This is no master of the open project: its levels are numbers, and values that could not be computed, which "
         "stand as 0, are not known.");
   }

@@ -91,7 +91,8 @@ class MeansExaminer {
 
  private:
   bool Read(const std::string& path, std::string& bytes);
-  [[nodiscard]] bool Take(const std::string& bytes, std::string_view header);
+  /// Nothing, or why the text is no master.
+  std::optional<std::string> Take(const std::string& bytes, std::string_view header);
   void Show(const std::string& path);
   void Compute();
   [[nodiscard]] MeansLines Lines() const;

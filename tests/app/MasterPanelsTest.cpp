@@ -157,18 +157,18 @@ TEST_F(MasterPanelsTest, AnOrderIsTypedAndTheFocusComesBackToItsBox) {
 
 TEST_F(MasterPanelsTest, GroupsArePreviewedWhileTheyAreTypedAndTheBarReaches100) {
   Alt("B"), Press(Qt::Key_Return), Press('2');
-  EXPECT_EQ(Text("lblGroupsPreview"), "1 group of 2, left over: 9");
+  EXPECT_EQ(Text("lblGroupsPreview"), "1 group of 2, left over: subject 9");
   Alt("V"), Press(Qt::Key_Down);
-  EXPECT_EQ(Text("lblGroupsPreview"), "Sex, Man: 1 group of 2, left over: 9");
+  EXPECT_EQ(Text("lblGroupsPreview"), "Sex, Man: 1 group of 2, left over: subject 9");
   Press(Qt::Key_Return);
   ASSERT_EQ(m_flow.CurrentStage(), Stage::OrderOfGroups);
   EXPECT_EQ(m_writing.findChild<QWidget*>("proMasterProgress")->property("value"), 100);
   Type({'3'});
   EXPECT_EQ(Text("lblOrderPlan").substr(0, 14), "The groups sho") << "while it is typed";
   Type({Qt::Key_Return, Qt::Key_Down, '1'});
-  EXPECT_EQ(Text("lblOrderPlan"), "Sex, Man: 1 group of 2, left over: 5");
+  EXPECT_EQ(Text("lblOrderPlan"), "Sex, Man: 1 group of 2, left over: subject 5");
   Press(Qt::Key_Escape), Press('Z', Qt::ControlModifier);
-  EXPECT_EQ(Text("lblOrderPlan"), "Sex, Man: 1 group of 2, left over: 9") << "undone";
+  EXPECT_EQ(Text("lblOrderPlan"), "Sex, Man: 1 group of 2, left over: subject 9") << "undone";
   m_boxes.Expect({.Text = "Master(s) successfully created!"});
   Alt("N");
 }

@@ -91,19 +91,20 @@ TEST_F(Command, CombinesSubjectsIntoGroups) {
   const char* combined = "C:\\Data\\AB Combined Master.txt";
   const std::string header = "Sub ID's, Net(Test 1), Net(Test 2), Losses(Test 1 to 2), Gains(Test 1 to 2)\r\n";
   const std::string options = "--measures chkBasic --group-size 2 ";
-  Expect(options + "Ab.prm", 1, {}, "There are not enough subjects for one group.\nno groups of 2, left over: 1\n");
+  Expect(options + "Ab.prm", 1, {},
+         "There are not enough subjects for one group.\nno groups of 2, left over: subject 1\n");
   EXPECT_FALSE(Files.Has(kMaster)) << "said before anything is written";
 
   for (const char* id : {"2", "3"}) {
     Files.Put(std::string("C:\\Data\\Sdata\\AB Sub#") + id + ".dat", Files.Get("C:\\Data\\Sdata\\AB Sub#1.dat"));
   }
-  Expect(options + "Ab.prm", 0, {kMaster, combined}, "1 group of 2, left over: 3\n");
+  Expect(options + "Ab.prm", 0, {kMaster, combined}, "1 group of 2, left over: subject 3\n");
   EXPECT_EQ(Files.Get(combined), header + "Group 1 (1+2),  2,  1,  1,  0\r\n");
   Files.Put("C:\\Data\\AB Combine Order.dat", "\"1\",1\r\n\"2\",2\r\n\"3\",3\r\n");  // not named, not taken
   Files.Put("C:\\order.dat", "\"3\",1\r\n\"1\",2\r\n");
   Expect(options + "--group-order order.dat --destination ../D/Out/a.txt Ab.prm", 0,
          {"D:\\Out\\a.txt", kMaster, "D:\\Out\\AB Combined Master.txt"},
-         "Subject 2 is not in 'C:\\order.dat' and comes last.\n1 group of 2, left over: 2\n");
+         "Subject 2 is not in 'C:\\order.dat' and comes last.\n1 group of 2, left over: subject 2\n");
   EXPECT_EQ(Files.Get("D:\\Out\\AB Combined Master.txt"), header + "Group 1 (3+1),  2,  1,  1,  0\r\n");
   Files.Put("C:\\order.dat", "\"3\",1\r\n\"1\",1\r\n");
   Expect(options + "--group-order order.dat Ab.prm", 1, {}, "Position 1 is used twice.\nReading 'C:\\order.dat'\n");

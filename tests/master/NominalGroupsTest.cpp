@@ -34,15 +34,15 @@ TEST(NominalGroups, AreCutWithinLevelsInTheirOrder) {
   const GroupPlan listed = FormGroups(levels, FirstGroupOrder(7), 2);
   EXPECT_EQ(listed.Groups, (std::vector<NominalGroup>{{1, {1, 4}}, {2, {0, 2}}, {2, {3, 5}}}));
   EXPECT_EQ(GroupPlanText(listed, ids, project, 1),
-            "Sex, Man: 1 group of 2\nSex, Woman: 2 groups of 2\nSex, 3: no groups of 2, left over: g");
+            "Sex, Man: 1 group of 2\nSex, Woman: 2 groups of 2\nSex, 3: no groups of 2, left over: subject g");
   const GroupPlan ordered = FormGroups(levels, {7, 6, 5, 4, 3, 2, 1}, 3);
   EXPECT_EQ(ordered.Groups, (std::vector<NominalGroup>{{2, {5, 3, 2}}}));
   EXPECT_EQ(ordered.Levels, (std::vector<LevelPlan>{{1, 2, 0, {4, 1}}, {2, 4, 1, {0}}, {3, 1, 0, {6}}}));
   const GroupPlan unseparated = FormGroups(std::vector<std::int16_t>(7, 0), FirstGroupOrder(7), 4);
   EXPECT_EQ(unseparated.Groups, (std::vector<NominalGroup>{{0, {0, 1, 2, 3}}}));
-  EXPECT_EQ(GroupPlanText(unseparated, ids, project, {}), "1 group of 4, left over: e, f, g");
+  EXPECT_EQ(GroupPlanText(unseparated, ids, project, {}), "1 group of 4, left over: subjects e, f, g");
   const GroupPlan none = FormGroups({0, 0}, FirstGroupOrder(2), ParseGroupSize("99999").value());
-  EXPECT_EQ(GroupPlanText(none, ids, project, {}), "no groups, left over: a, b") << "not of 32768";
+  EXPECT_EQ(GroupPlanText(none, ids, project, {}), "no groups, left over: subjects a, b") << "not of 32768";
   EXPECT_EQ(GroupLabel(1, {"4", "17", "9"}), "Group 1 (4+17+9)");
   EXPECT_EQ(FindVariable(project, "sex"), std::size_t{1});
   EXPECT_EQ(FindVariable(project, ""), std::nullopt) << "names behind the project's variables are none";

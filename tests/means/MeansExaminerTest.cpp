@@ -121,6 +121,8 @@ TEST(MeansExaminer, WhichMasterIsShownAndWhatIsSaidOfIt) {
   const std::string goneNote = "1 row has no subject that could be scored again";
   const std::string foreignNote = "This is no master of the open project: ";
   const ExpectedBox noMaster{.Text = "'Other.txt' is no master.", .Details = "Its first line is no header"};
+  const ExpectedBox noText{.Text = noMaster.Text, .Details = "It is no text."};
+  const ExpectedBox noRows{.Text = noMaster.Text, .Details = "None of its lines fits its header."};
   const ExpectedBox noFile{std::make_error_code(std::errc::no_such_file_or_directory).message(), BoxAnswer::Cancel};
   // What the project's master holds, the header of the last run, the chosen file and what it holds; box, lines shown.
   const struct {
@@ -138,7 +140,8 @@ TEST(MeansExaminer, WhichMasterIsShownAndWhatIsSaidOfIt) {
                 {"the project's variables alone", full, "", path, kHeader, {}, other + " (0 rows)", foreignNote},
                 {"and its name", full, "", "D:\\ab combined master.TXT", kHeader, {}, "Master: D:\\ab com", ""},
                 {"or its directory", full, "", "C:\\Data\\Mine.txt", kHeader, {}, "Master: C:\\Data\\Mine.txt", ""},
-                {"no text", full, "", path, kHeader + '\0', noMaster, own, ""},
+                {"no text", full, "", path, kHeader + '\0', noText, own, ""},
+                {"no row that fits", full, "", path, kHeader + "1,2,3\r\n", noRows, own, ""},
                 {"no master", full, "", path, kRows, noMaster, own, ""},
                 {"no file", full, "", path, "", noFile, own, ""}};
   for (const auto& c : kCases) {

@@ -160,13 +160,13 @@ TEST(MasterFlow, GroupsAsPreviewedInTheirOrder) {
   Lab lab("c");
   lab.Files.Put("C:\\Data\\Sdata\\AB Sub#3.dat", "");
   lab.Flow.Continue();
-  EXPECT_EQ(lab.Flow.GroupsPreview(), "2 groups of 2, left over: 5") << "no subject is read";
+  EXPECT_EQ(lab.Flow.GroupsPreview(), "2 groups of 2, left over: subject 5") << "no subject is read";
   lab.Script.Expect({"This is not a valid file format.  Please select a different file."});
   lab.Flow.ChooseVariable(1);
   EXPECT_EQ(lab.Options.ChosenVariable(), 0) << "given up";
   lab.Put(3, "1 3 | 2 3");
   lab.Flow.ChooseVariable(1);
-  EXPECT_EQ(lab.Flow.GroupsPreview(), ", Man: 1 group of 2, left over: 3\n, 2: 1 group of 2");
+  EXPECT_EQ(lab.Flow.GroupsPreview(), ", Man: 1 group of 2, left over: subject 3\n, 2: 1 group of 2");
   for (const auto& [size, preview, box] :
        {std::tuple("1", "", kGroupSizeFault), {"4", kTooFewSubjects, kTooFewSubjects}}) {
     lab.Options.SetPerGroupText(size);
@@ -177,11 +177,11 @@ TEST(MasterFlow, GroupsAsPreviewedInTheirOrder) {
   lab.Options.SetPerGroupText("2");
   lab.Flow.GoGroups();
   EXPECT_EQ(lab.Flow.Order().RowName(2) + lab.Flow.Order().RowName(3), "3, Man4, 2");
-  EXPECT_EQ(lab.Flow.OrderPreview(), ", Man: 1 group of 2, left over: 3\n, 2: 1 group of 2");
+  EXPECT_EQ(lab.Flow.OrderPreview(), ", Man: 1 group of 2, left over: subject 3\n, 2: 1 group of 2");
   lab.Flow.Order().SetEntryText("3");
   EXPECT_EQ(lab.Flow.OrderPreview(), "The groups show here once every subject has a position of its own.");
   lab.Flow.Order().Paste("3\n2\n1");
-  EXPECT_EQ(lab.Flow.OrderPreview(), ", Man: 1 group of 2, left over: 1\n, 2: 1 group of 2");
+  EXPECT_EQ(lab.Flow.OrderPreview(), ", Man: 1 group of 2, left over: subject 1\n, 2: 1 group of 2");
   lab.Put(3, "9 | 1");
   lab.Script.Expect({"Subscript out of range", BoxAnswer::Cancel, "Subject 3: item 9"});
   lab.Flow.GoCombine();
@@ -204,9 +204,10 @@ TEST(MasterFlow, GroupsAsPreviewedInTheirOrder) {
   lab.Options.ChkCombine = true;
   lab.Options.SetPerGroupText("2");
   lab.Flow.Continue();
-  EXPECT_EQ(lab.Flow.GroupsPreview(), "2 groups of 2, left over: 5") << "no variable is chosen again";
+  EXPECT_EQ(lab.Flow.GroupsPreview(), "2 groups of 2, left over: subject 5") << "no variable is chosen again";
   lab.Flow.ChooseVariable(1);
-  EXPECT_EQ(lab.Flow.GroupsPreview(), ", Man: 1 group of 2, left over: 1\n, 2: 1 group of 2") << "in the saved order";
+  EXPECT_EQ(lab.Flow.GroupsPreview(), ", Man: 1 group of 2, left over: subject 1\n, 2: 1 group of 2")
+      << "in the saved order";
 }
 
 }  // namespace
