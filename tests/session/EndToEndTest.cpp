@@ -2,7 +2,8 @@
 //
 // Whole jobs, from a project to the files on the disk, as the window asks for them.
 
-#include "master/MasterRun.h"
+#include <sstream>
+
 #include "session/SessionFixture.h"
 
 namespace zova::testing {
@@ -162,15 +163,6 @@ TEST_F(EndToEndTest, OneSubjectIsInterruptedAndOneKeptUnfinished) {
     const Tree sdata = TreeOf(m_scratch.Native(JoinPath(directory, "Sdata")));
     EXPECT_EQ(sdata, (Tree{{"L'Été 1 Sub#1.dat", one}, {"L'Été 1 Sub#2.dat", two}})) << directory;
   }
-
-  MasterRequest request{.Selection = {}, .SubjectFileCount = 2, .Destination = "", .Order = {}};
-  request.Selection.SetDefaultMeasures(*m_session->OpenedProject());
-  for (const MeasureBox& box : AllMeasureBoxes()) request.Selection.Check(box.Which, box.Which == Measure::Basic);
-  ASSERT_TRUE(CreateMasters(*m_session->OpenedProject(), request, {m_disk, Boxes, m_progress}).Completed);
-  EXPECT_EQ(m_scratch.Get("C:\\Data\\é x\\L'Été 1 Master.txt"),
-            "Sub ID's, Group, Net(Test 1), Net(Test 2), Losses(Test 1 to 2), Gains(Test 1 to 2)\r\n"
-            "1,  2,  2,  1,  1,  0\r\n2,  1,  0,  0,  0,  0\r\n")
-      << "item 3 is a lure";
 }
 
 }  // namespace

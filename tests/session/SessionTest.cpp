@@ -80,16 +80,20 @@ TEST_F(SessionTest, OpeningAsksForUnfinishedSubjectsAndRefusesBackupCopies) {
   Boxes.Expect({kUnfinished, BoxAnswer::No, "", {}, BoxButtons::YesNoCancel});
   OpenProject(session, kExample);
   EXPECT_EQ(Dialogs.Questions.front().Title, "Load Project");
-  EXPECT_EQ(Dialogs.Questions.front().Directory, "C:\\Param");
+  EXPECT_EQ(Dialogs.Questions.front().Directory + Dialogs.Questions.front().Filters.at(1).Pattern, "C:\\Param*");
   EXPECT_EQ(session.ProjectCaption(), "Example");
   EXPECT_EQ(session.OpenCaption(), "Change Project");
   EXPECT_TRUE(session.Menus().Unfinished);
   EXPECT_TRUE(session.Menus().SkipMinutes);
 
-  // A file that is none leaves the open project, and the dialog comes again.
-  Dialogs.Answers = {"D:\\Broken.prm", std::nullopt};
-  Boxes.Expect({.Text = "This is not a valid file format.  Please select a different file.", .Details = "Broken.prm"});
-  session.OpenExistingProject();
+  // The open project stays until another is read: the dialog comes again for a file that is none, not for a missing
+  // one.
+  Dialogs.Answers = {"D:\\Broken.prm", "D:\\Broken.prm", std::nullopt, "D:\\none.prm"};
+  const std::string missing = std::make_error_code(std::errc::no_such_file_or_directory).message();
+  const ExpectedBox noProject{"This is not a valid file format.  Please select a different file."};
+  const ExpectedBox retry{missing, BoxAnswer::Retry, "none.prm"}, cancel{missing, BoxAnswer::Cancel};
+  for (const ExpectedBox& box : {noProject, noProject, retry, cancel}) Boxes.Expect(box);
+  for (int times = 0; times < 2; ++times) session.OpenExistingProject();
   EXPECT_EQ(session.ProjectCaption(), "Example");
 
   Boxes.Expect({.Text = "You cannot use the backup parameters to open this project.  If the proper project file does "
