@@ -24,6 +24,16 @@
 
 namespace zova {
 
+namespace {
+
+// Stands behind the messages at the end of the masters.
+class BlankPanel final : public Panel {
+ public:
+  void Refresh() override {}
+};
+
+}  // namespace
+
 MainWindow::MainWindow(Session& session, QtProgress& progress)
     : m_session(session),
       m_menus(*menuBar(), session, [this](SessionCommand command) { Run(command); }),
@@ -38,6 +48,7 @@ MainWindow::MainWindow(Session& session, QtProgress& progress)
       m_order(Add(new OrderPanel(session.Masters()))),
       m_groups(Add(new GroupPanel(session.Masters()))),
       m_progress(Add(new ProgressPanel(progress))),
+      m_blank(Add(Named(new BlankPanel, "fraMastersDone"))),
       m_means(Add(new MeansPanel(session))) {
   setObjectName("frmZova");
   setWindowTitle("ZOVA");
@@ -81,6 +92,7 @@ Panel* MainWindow::PanelOf(MasterFlow::Stage stage) const {
     case MasterFlow::Stage::OrderOfGroups: return m_order;
     case MasterFlow::Stage::GroupDetails: return m_groups;
     case MasterFlow::Stage::Writing: return m_progress;
+    case MasterFlow::Stage::Finished: return m_blank;
   }
   return m_main;
 }

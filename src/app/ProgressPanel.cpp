@@ -83,8 +83,12 @@ bool QtProgress::IsTooSoon() const { return m_sinceShown.isValid() && m_sinceSho
 
 void QtProgress::Repaint() {
   if (m_panel) m_panel->ShowProgress();
-  const DiscardedInput discarded;
-  QCoreApplication::processEvents();
+  if (m_panel && m_panel->isVisible()) {
+    const DiscardedInput discarded;
+    QCoreApplication::processEvents();
+  } else {
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+  }
   m_sinceShown.start();
 }
 

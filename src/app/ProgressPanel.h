@@ -22,7 +22,7 @@ class ProgressPanel : public Panel {
  public:
   /// Shows what is told to `progress`.
   explicit ProgressPanel(QtProgress& progress);
-  void Refresh() override {}  // what the run tells is shown at once
+  void Refresh() override { ShowProgress(); }  // before a box of the run, say
   /// What ShowProgress will show.
   void SetProgress(int percent, const std::string& text);
   void ShowProgress();
@@ -37,7 +37,8 @@ class ProgressPanel : public Panel {
   QLabel* m_lblMasterProgress;
 };
 
-/// Keeps the window alive during a run: it repaints, but keys, clicks and its closing are discarded.
+/// Keeps the window alive during long work: it repaints. What the user does during a run is discarded; while files are
+/// read for another screen keys and clicks wait for the end.
 class QtProgress final : public Progress {
  public:
   /// At most every 50 ms, unless it is the run's first or last; what came too soon is shown by the next Breathe.

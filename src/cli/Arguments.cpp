@@ -134,25 +134,22 @@ const char* UsageText() {
          "  --serial-order FILE   also write the serial-position master; FILE holds a line 'item,position' per item\n"
          "  --destination FILE    where the master's header goes; a name without a directory lies in the primary\n"
          "                        directory, where the rows always go\n"
-         "  --clean FILE          also write the measures as a CSV for other programs: level names, nothing cut, "
-         "empty\n"
-         "                        fields with the reason for what could not be computed\n"
+         "  --clean FILE          also write the measures as a CSV for other programs: level names, nothing cut,\n"
+         "                        empty fields and the reason for what could not be computed\n"
          "  --long FILE           also write the recalls as a CSV, a row per studied and per recalled item\n"
          "  --means VARIABLE,...  print the means of all measures by these variables, crossed, as a CSV; '' for none\n"
          "  --computed-only       leave out of the means what could not be computed (0 in the master)\n"
          "  --group-size N        also write the combined master: a row per group of N subjects, their recall pooled\n"
          "  --group-by VARIABLE   only subjects of one level of this variable form a group\n"
-         "  --group-order FILE    the order in which groups are formed; FILE holds a line '\"identifier\",position' "
-         "per\n"
-         "                        subject (default: the order of the rows); subjects without a line come last\n"
+         "  --group-order FILE    the order in which groups are formed; FILE holds a line '\"identifier\",position'\n"
+         "                        per subject (default: the order of the rows); subjects without a line come last\n"
          "  --help, --version\n"
          "\n"
          "Files are paths of this system or drive-letter paths (C:\\Data\\Study.prm). C: is the home directory and Z:\n"
          "the root; ZOVA_DRIVES='C=/dir;D=/dir' sets other drives.\n"
          "\n"
-         "The paths that were written go to standard output, with --means to standard error. Ends with 0 when the "
-         "masters are made, 1 when the run\n"
-         "stopped or there is no data, 2 on wrong usage.\n";
+         "The paths that were written go to standard output, with --means to standard error. Ends with 0 when the\n"
+         "masters are made, 1 when the run stopped or there is no data, 2 on wrong usage.\n";
 }
 
 }  // namespace zova

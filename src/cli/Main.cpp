@@ -43,6 +43,7 @@ class MasterCommand {
     MasterRequest request;
     if (!TellUnfinished() || !FillRequest(request)) return kStopped;
     if (m_arguments.GroupSize && !FillCombinedRequest(request, combined)) return kStopped;
+    request.CombinedFollows = m_arguments.GroupSize.has_value();
     const RunSurroundings surroundings{m_disk, m_terminal, m_terminal};
     std::optional<ScoredTable> table;
     if (m_arguments.Means) request.Sink = &table.emplace(m_project, request.Selection);
@@ -64,7 +65,16 @@ class MasterCommand {
   [[nodiscard]] MeansRequest FindMeansVariables() const {
     MeansRequest request{.Measures = {}, .Variables = {}, .LeavesOutUncomputed = m_arguments.ComputedOnly};
     if (!m_arguments.Means) return request;
-    for (const std::string& name : *m_arguments.Means) request.Variables.push_back(VariableByName(name));
+    const std::vector<std::string>& names = *m_arguments.Means;
+    for (std::size_t first = 0; first < names.size(); ++first) {
+      // The name of a variable in an older file may hold commas.
+      std::string name = names[first];
+      std::size_t last = first;
+      while (!FindVariable(m_project, name) && last + 1 < names.size()) name += "," + names[++last];
+      const bool isKnown = FindVariable(m_project, name).has_value();
+      request.Variables.push_back(VariableByName(isKnown ? name : names[first]));
+      first = last;
+    }
     return request;
   }
 

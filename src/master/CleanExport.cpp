@@ -63,7 +63,7 @@ std::string CleanExport::Header() const {
   CsvHeader header;
   header.Add("Subject");
   for (std::size_t v = 0; v < static_cast<std::size_t>(m_project.VariableCount); ++v) {
-    header.Add(m_project.VariableNames[v]);
+    header.AddVariable(m_project.VariableNames[v]);
   }
   NameSink sink(header);
   WalkMeasureColumns(m_project, m_selection, MasterKind::Individual, empty, sink);

@@ -16,7 +16,8 @@ void AppendLevelField(std::string& line, const ProjectParameters& project, std::
 /// The individual master for other programs: a CSV (RFC 4180) with a line per subject. Its columns are "Subject", the
 /// variables with the names of their levels, the measures of the selection under their names in the master, and
 /// "Not Computed". Ratios stand as they were before the cut; one that could not be computed is empty, and the last
-/// column says why: "ArcScore(Test 1): fewer than 2 categories or 3 recalls; Bi-ITR(Tests 1 and 2): a list is empty".
+/// column says why: "ArcScore(Test 1): fewer than 2 categories or 3 recalls; Bi-ITR(Tests 1 and 2): no recall to
+/// compute it from".
 class CleanExport {
  public:
   CleanExport(const ProjectParameters& project, const MeasureSelection& selection)

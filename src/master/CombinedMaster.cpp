@@ -17,8 +17,8 @@ class CombinedWriter : private RunParts {
   CombinedWriter(const ProjectParameters& project, const CombinedRequest& request, const RunSurroundings& surroundings)
       : RunParts(project, MasterKind::Combined, static_cast<int>(request.Plan.Groups.size()), surroundings),
         m_request(request),
-        m_path(ResolveDestination(request.Destination, project, surroundings.Files.Drives()).Directory +
-               project.Abbreviation + " Combined Master.txt"),
+        m_path(
+            CombinedMasterPath(ResolveDestination(request.Destination, project, surroundings.Files.Drives()), project)),
         m_recall(project) {}
 
   MasterRunResult Run() {

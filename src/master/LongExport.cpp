@@ -56,7 +56,7 @@ std::string LongExport::Header() const {
   if (m_project.MinutesRecorded == 1) header.Add("minute");
   if (m_project.Rated == 1) header.Add("rating");
   for (std::size_t v = 0; v < static_cast<std::size_t>(m_project.VariableCount); ++v) {
-    header.Add(m_project.VariableNames[v]);
+    header.AddVariable(m_project.VariableNames[v]);
   }
   return header.Line();
 }

@@ -119,6 +119,10 @@ std::string SerialMasterPath(const MasterDestination& destination, const Project
   return destination.Directory + project.Abbreviation + " Serial Position Master.txt";
 }
 
+std::string CombinedMasterPath(const MasterDestination& destination, const ProjectParameters& project) {
+  return destination.Directory + project.Abbreviation + " Combined Master.txt";
+}
+
 std::optional<int> CountSubjectFiles(const ProjectParameters& project, Disk& disk, MessageBoxes& boxes) {
   FileErrorHandler errors(boxes);
   std::size_t found = 0;

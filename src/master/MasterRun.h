@@ -28,6 +28,7 @@ struct MasterRequest {
   /// "AB Clean.csv", "AB Long.csv" in the destination's directory.
   std::optional<std::string> CleanFile = std::nullopt;
   std::optional<std::string> LongFile = std::nullopt;
+  bool CombinedFollows = false;       ///< a combined master is to be made next, so that nothing may take its place
   ScoredSubjectSink* Sink = nullptr;  ///< gets every subject; not owned
 };
 
@@ -68,8 +69,9 @@ MasterDestination ResolveDestination(const std::string& text, const ProjectParam
 std::string ResolveFile(const std::string& text, std::string_view name, const ProjectParameters& project,
                         const DriveMap& drives);
 
-/// The path of the serial-position master of a run with this destination.
+/// The paths of the serial-position master and of the combined one with this destination.
 std::string SerialMasterPath(const MasterDestination& destination, const ProjectParameters& project);
+std::string CombinedMasterPath(const MasterDestination& destination, const ProjectParameters& project);
 
 /// The number of the project's subject files; tells the user when there is none. Nothing when the user gave up a
 /// failed listing, or when there are more than a 16-bit count holds.

@@ -6,7 +6,6 @@
 #include "master/OwnFiles.h"
 
 #include <algorithm>
-#include <array>
 #include <vector>
 
 #include "subjects/SubjectFiles.h"
@@ -41,6 +40,10 @@ bool IsAutosaveName(std::string_view name) {
   return number.find_first_not_of(" 0123456789") == std::string_view::npos;
 }
 
+bool IsOrderName(std::string_view name) {
+  return EndsIgnoringCase(name, " Serial Order.dat") || EndsIgnoringCase(name, " Combine Order.dat");
+}
+
 class OwnFiles {
  public:
   OwnFiles(const ProjectParameters& project, Disk& disk) {
@@ -54,6 +57,7 @@ class OwnFiles {
 
   [[nodiscard]] bool Hold(const fs::path& file) const {
     std::error_code code;
+    if (IsOrderName(PathText(file.filename()))) return !fs::exists(file, code) || fs::is_regular_file(file, code);
     if (!fs::is_regular_file(file, code)) return false;
     const fs::path real = fs::canonical(file, code);
     if (IsNamedSo(code ? file : real)) return true;
@@ -63,10 +67,7 @@ class OwnFiles {
  private:
   [[nodiscard]] bool IsNamedSo(const fs::path& file) const {
     const std::string name = PathText(file.filename());
-    constexpr std::array kEnds = {".prm", " Serial Order.dat", " Combine Order.dat"};
-    if (std::any_of(kEnds.begin(), kEnds.end(), [&](const char* end) { return EndsIgnoringCase(name, end); })) {
-      return true;
-    }
+    if (EndsIgnoringCase(name, ".prm") || IsOrderName(name)) return true;
     const fs::path directory = file.parent_path();
     if (EndsIgnoringCase(name, ".dat")) {
       return std::any_of(m_subjectDirectories.begin(), m_subjectDirectories.end(),

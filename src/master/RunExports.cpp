@@ -31,19 +31,21 @@ std::string RunExports::PathOf(const std::string& asked, const char* name) const
 // A CSV has no pieces, however many columns it has.
 MasterFiles RunExports::MakeFiles() const { return {m_project, MasterKind::Individual, m_disk, m_errors, m_written}; }
 
+// Header and rows are of one master. Of all else the later file would take the place of the earlier one.
 bool RunExports::AreApart() {
   std::vector<std::string> paths = {m_destination.HeaderPath, DefaultMasterPath(m_project)};
+  const std::size_t first = paths.size();
   if (m_request.Order) paths.push_back(SerialMasterPath(m_destination, m_project));
-  const std::size_t masters = paths.size();
+  if (m_request.CombinedFollows) paths.push_back(CombinedMasterPath(m_destination, m_project));
   if (m_clean) paths.push_back(m_clean->Path);
   if (m_long) paths.push_back(m_long->Path);
   return WithRetry(m_errors, [&] {
     std::vector<std::filesystem::path> natives;
-    for (std::size_t k = 0; k < paths.size(); ++k) {
-      if (k >= masters) RefuseOwnFile(paths[k], m_project, m_disk);
-      const std::filesystem::path native = m_disk.Resolve(paths[k], FileOperation::Write);
-      if (k >= masters && std::find(natives.begin(), natives.end(), native) != natives.end()) {
-        throw FileError(FileOperation::Write, paths[k], std::make_error_code(std::errc::file_exists),
+    for (const std::string& path : paths) {
+      RefuseOwnFile(path, m_project, m_disk);
+      const std::filesystem::path native = m_disk.Resolve(path, FileOperation::Write);
+      if (natives.size() >= first && std::find(natives.begin(), natives.end(), native) != natives.end()) {
+        throw FileError(FileOperation::Write, path, std::make_error_code(std::errc::file_exists),
                         "Each file of a run needs a name of its own.");
       }
       natives.push_back(native);

@@ -28,7 +28,7 @@ class RunExports {
         m_written(written) {}
 
   /// Before anything is written: finds the serial order that studied items stand in (this run's, else the saved one),
-  /// and refuses a path that is another file of the run (a combined master and pieces aside) or one of the project's
+  /// and refuses a path that is another file of the run (pieces aside) or one of the project's
   /// own.
   bool Prepare();
   bool WriteHeaders();

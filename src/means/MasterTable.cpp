@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
 // The lines are those of MasterLines.cpp. They are split at commas whatever the fields hold: names and identifiers are
-// not quoted. A comma in a variable's name (older files have some) therefore makes a line of names that no row fits.
+// not quoted. A comma in a variable's name (older files have some) therefore makes a line of names that no row fits,
+// unless the names are known.
 
 #include "means/MasterTable.h"
 
@@ -57,6 +58,24 @@ void Reserve(std::string_view text, MasterTable& table) {
   table.Uncomputed.reserve(rows * columns);
 }
 
+bool BeginsWithMeasure(std::string_view line) { return ParseMeasureName(*LineFields(line).Next()).has_value(); }
+
+// What stands behind identifier and variables where these are the project's, and a measure follows.
+std::optional<std::string_view> BehindVariables(std::string_view line, const ProjectParameters& project) {
+  if (BeginsWithMeasure(line)) return std::nullopt;  // a later piece
+  line.remove_prefix(std::min(line.find(','), line.size()));
+  for (std::size_t v = 0; v < static_cast<std::size_t>(project.VariableCount); ++v) {
+    const std::string_view name = WithoutOuterBlanks(project.VariableNames[v]);
+    if (!line.starts_with(',')) return std::nullopt;
+    line = WithoutOuterBlanks(line.substr(1));
+    if (!line.starts_with(name)) return std::nullopt;
+    line = WithoutOuterBlanks(line.substr(name.size()));
+  }
+  if (!line.starts_with(',')) return std::nullopt;
+  line.remove_prefix(1);
+  return BeginsWithMeasure(line) ? std::optional(line) : std::nullopt;
+}
+
 int CountRepeated(const MasterTable& table) {
   if (!table.HasSubjects) return 0;
   std::unordered_set<std::string_view> seen(table.RowCount());
@@ -74,9 +93,16 @@ bool IsMasterHeader(std::string_view line) {
   return false;
 }
 
-bool TakeMasterHeader(std::string_view line, MasterTable& table) {
+bool TakeMasterHeader(std::string_view line, const ProjectParameters* project, MasterTable& table) {
   table = {};
   if (!IsMasterHeader(line)) return false;
+  if (const auto measures = project != nullptr ? BehindVariables(line, *project) : std::nullopt) {
+    for (std::size_t v = 0; v < static_cast<std::size_t>(project->VariableCount); ++v) {
+      table.Variables.emplace_back(WithoutOuterBlanks(project->VariableNames[v]));
+    }
+    for (const std::string_view name : FieldsOf(*measures)) table.Measures.emplace_back(name);
+    return true;
+  }
   LineFields fields(line);
   bool isFirst = true;
   while (const auto field = fields.Next()) {
@@ -104,12 +130,13 @@ void AddMasterRowOf(std::string_view subject, std::string_view fields, MasterTab
   AddFields(subject, rest, table);
 }
 
-std::optional<MasterTable> ParseMaster(std::string_view text, std::string_view header) {
+std::optional<MasterTable> ParseMaster(std::string_view text, std::string_view header,
+                                       const ProjectParameters* project) {
   text = WithoutMarks(text);
   MasterTable table;
   std::string_view rows = text;
-  if (!TakeMasterHeader(TakeLine(rows), table)) {
-    if (!TakeMasterHeader(header, table)) return std::nullopt;
+  if (!TakeMasterHeader(TakeLine(rows), project, table)) {
+    if (!TakeMasterHeader(header, project, table)) return std::nullopt;
     rows = text;
   }
   Reserve(rows, table);

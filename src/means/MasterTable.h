@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#include "project/ProjectParameters.h"
+
 namespace zova {
 
 /// A master read back: a row per subject, or per nominal group. Rows, variables and measures count from 0.
@@ -36,9 +38,10 @@ struct MasterTable {
 /// True for a line of column names: one of its fields is the name of a measure.
 bool IsMasterHeader(std::string_view line);
 
-/// Empties `table` and gives it the columns of a header line: identifier, variables, measures; the variables end where
-/// the first name of a measure stands. False for a line that is none.
-bool TakeMasterHeader(std::string_view line, MasterTable& table);
+/// Empties `table` and gives it the columns of a header line: identifier, variables, measures. Where the variables are
+/// those of `project` (null where none is known), they are taken as they are, whatever commas their names hold; else
+/// they end where the first name of a measure stands. False for a line that is none.
+bool TakeMasterHeader(std::string_view line, const ProjectParameters* project, MasterTable& table);
 
 /// Adds one row (a line without its end). A line with another number of fields, or whose measures are no numbers, is
 /// counted as skipped; an empty one is passed over.
@@ -49,7 +52,9 @@ void AddMasterRowOf(std::string_view subject, std::string_view fields, MasterTab
 
 /// Takes `text`, a whole master (or a piece of a wide one), apart; fields without the blanks around them. Its first
 /// line is the header unless it is none: then `header` is, where rows stand without their own (the header went to
-/// another destination). Nothing when there is no header at all.
-std::optional<MasterTable> ParseMaster(std::string_view text, std::string_view header);
+/// another destination). Nothing when there is no header at all. `project` as above: the open one, whose master this
+/// may be.
+std::optional<MasterTable> ParseMaster(std::string_view text, std::string_view header,
+                                       const ProjectParameters* project = nullptr);
 
 }  // namespace zova

@@ -123,7 +123,7 @@ bool MeansExaminer::Take(const std::string& bytes, std::string_view header) {
     for (int test = 1; test <= m_serial->TestCount; ++test) m_measureNames.push_back("Test " + std::to_string(test));
     return true;
   }
-  auto table = ParseMaster(text.Content(), header);
+  auto table = ParseMaster(text.Content(), header, m_project);
   if (!table) return false;
   m_serial.reset();
   m_table = std::move(*table);

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <map>
+#include <unordered_set>
 
 #include "means/MeasureName.h"
 
@@ -26,26 +27,26 @@ struct Drawn {
   std::size_t Column = 0;
 };
 
-// The measures of the family that was chosen first, each once. A name that is none of ours is a family of its own.
-std::vector<Drawn> FirstFamily(const MeansTable& means) {
+// The measures of the family that was chosen first, each once, and how many there are of other families. A name that is
+// none of ours is a family of its own.
+std::vector<Drawn> FirstFamily(const MeansTable& means, std::size_t& others) {
   std::vector<Drawn> family;
+  std::unordered_set<std::string_view> seen;
+  others = 0;
   for (std::size_t column = 0; column < means.Measures.size(); ++column) {
     const std::string& text = means.Measures[column];
-    const auto same = [&](const Drawn& drawn) { return means.Measures[drawn.Column] == text; };
+    if (!seen.insert(text).second) continue;
     const MeasureName name = ParseMeasureName(text).value_or(MeasureName{text, text, {}, MeasureAxis::Test, 0, 0, {}});
-    const bool belongs = family.empty() || name.Family == family.front().Name.Family;
-    if (belongs && std::none_of(family.begin(), family.end(), same)) family.push_back({name, column});
+    if (family.empty() || name.Family == family.front().Name.Family) {
+      family.push_back({name, column});
+    } else {
+      ++others;
+    }
   }
   return family;
 }
 
-std::string NoteOf(const MeansTable& means, const std::vector<Drawn>& family) {
-  const auto isDrawn = [&](const std::string& measure) {
-    return std::any_of(family.begin(), family.end(),
-                       [&](const Drawn& drawn) { return means.Measures[drawn.Column] == measure; });
-  };
-  const auto others = std::count_if(means.Measures.begin(), means.Measures.end(),
-                                    [&](const std::string& measure) { return !isDrawn(measure); });
+std::string NoteOf(std::size_t others) {
   if (others == 0) return {};
   return others == 1 ? "1 chosen measure of another kind is not in the plot."
                      : std::to_string(others) + " chosen measures of other kinds are not in the plot.";
@@ -236,10 +237,11 @@ PlotPicture AlongAxis(const MeansTable& means, std::vector<Drawn> family) {
 }  // namespace
 
 PlotPicture PictureOf(const MeansTable& means) {
-  const std::vector<Drawn> family = FirstFamily(means);
+  std::size_t others = 0;
+  const std::vector<Drawn> family = FirstFamily(means, others);
   if (family.empty()) return {};
   PlotPicture picture = family.size() == 1 ? ByLevels(means, family.front()) : AlongAxis(means, family);
-  picture.Note = NoteOf(means, family);
+  picture.Note = NoteOf(others);
   return picture;
 }
 

@@ -24,7 +24,7 @@ struct PlotSeries {
 
 struct PlotPicture {
   std::string XLabel;              ///< "Test", or the names of the variables
-  std::string YLabel;              ///< measure and unit, "Items recalled (items)"
+  std::string YLabel;              ///< measure and unit, "Net recall (items)"
   std::vector<std::string> Ticks;  ///< the text at x = 1, 2, ...
   std::vector<PlotSeries> Series;
   bool HasLines = true;  ///< false: separate means

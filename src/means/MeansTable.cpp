@@ -71,13 +71,12 @@ std::optional<std::size_t> VariableOf(const ProjectParameters& project, const Ma
   return FindVariable(project, name);
 }
 
-// Two levels of one name are told apart by their numbers.
+// A level that is called like the number of one without a name is told apart from that.
 void NameLevels(OccurringLevels& levels, const ProjectParameters* project, std::optional<std::size_t> variable) {
   std::unordered_map<std::string, int> uses;
   for (const std::string_view text : levels.Texts) {
-    std::string_view name;
-    if (project != nullptr && variable) name = LevelName(*project, *variable, LevelNumber(text).value_or(0));
-    ++uses[levels.Names.emplace_back(name.empty() ? text : name)];
+    const auto number = project != nullptr && variable ? LevelNumber(text) : std::nullopt;
+    ++uses[levels.Names.emplace_back(number ? LevelLabel(*project, *variable, *number) : std::string(text))];
   }
   for (std::size_t place = 0; place < levels.Names.size(); ++place) {
     std::string& name = levels.Names[place];
@@ -106,7 +105,7 @@ class OpenCell {
   // Leaves the cell empty for the next one.
   MeansCell Close(std::vector<std::string> levels) {
     MeansCell cell{std::move(levels), {}, m_uncomputed};
-    for (Sample& sample : m_samples) cell.Measures.push_back(std::exchange(sample, {}).Statistics());
+    for (Sample& sample : m_samples) cell.Measures.push_back(std::exchange(sample, {}).Statistics(m_critical));
     std::fill(m_uncomputed.begin(), m_uncomputed.end(), 0);
     return cell;
   }
@@ -116,6 +115,7 @@ class OpenCell {
   const MeansRequest& m_request;
   std::vector<Sample> m_samples;
   std::vector<std::size_t> m_uncomputed;
+  CriticalValues m_critical;
 };
 
 // Sorted by their levels, the rows of a cell lie together, in their own order.
@@ -210,9 +210,11 @@ MeansTable ComputeMeans(const MasterTable& table, const MeansRequest& request, c
 
 MeansLines LinesOf(const MeansTable& means) {
   MeansLines lines;
-  lines.Header = {"Measure"};
-  lines.Header.insert(lines.Header.end(), means.Variables.begin(), means.Variables.end());
-  lines.Header.insert(lines.Header.end(), {"n", "Mean", "SD", "95% CI Low", "95% CI High", "Not Computed"});
+  CsvHeader header;
+  header.Add("Measure");
+  for (const std::string& variable : means.Variables) header.AddVariable(variable);
+  for (const char* name : {"n", "Mean", "SD", "95% CI Low", "95% CI High", "Not Computed"}) header.Add(name);
+  lines.Header = header.Names();
   for (std::size_t measure = 0; measure < means.Measures.size(); ++measure) {
     for (const MeansCell& cell : means.Cells) lines.Rows.push_back(LineOf(means, cell, measure));
   }

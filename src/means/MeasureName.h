@@ -20,9 +20,8 @@ enum class MeasureAxis {
 /// The name of a measure's column, taken apart.
 struct MeasureName {
   std::string_view Family;  ///< the text before the bracket, "Net"; the same for all columns of a series
-  std::string_view Label;   ///< in plain words, for the axis: "Items recalled"
-  std::string_view
-      Unit;  ///< "items", "categories", "rating points", "pairs", "share of items", "index": what is counted
+  std::string_view Label;   ///< in plain words, for the axis: "Net recall"
+  std::string_view Unit;    ///< "items", "rating points", "share of items"; "" for an index without one
   MeasureAxis Axis = MeasureAxis::Test;
   int Test = 0;   ///< of a pair the earlier one; 0 where there is none
   int Index = 0;  ///< from 1, the place on the axis: test, later test, minute, lure; pattern number + 1

@@ -14,6 +14,12 @@ double StudentT(int degrees, double level) {
   return boost::math::quantile(boost::math::complement(distribution, (1 - level) / 2));
 }
 
+double CriticalValues::Of(std::size_t degrees) {
+  const auto [value, isNew] = m_values.emplace(degrees, 0);
+  if (isNew) value->second = StudentT(static_cast<int>(degrees), kConfidence);
+  return value->second;
+}
+
 void Sample::Add(double value) noexcept {
   if (m_n++ == 0) m_first = value;
   value -= m_first;
@@ -22,13 +28,13 @@ void Sample::Add(double value) noexcept {
   m_squares += before * (value - m_mean);
 }
 
-SampleStatistics Sample::Statistics() const {
+SampleStatistics Sample::Statistics(CriticalValues& critical) const {
   SampleStatistics statistics{m_n, std::nullopt, std::nullopt, std::nullopt};
   if (m_n >= 1) statistics.Mean = m_first + m_mean;
   if (m_n < 2) return statistics;
   const auto n = static_cast<double>(m_n);
   statistics.Sd = std::sqrt(m_squares / (n - 1));
-  statistics.HalfWidth = StudentT(static_cast<int>(m_n - 1), kConfidence) * *statistics.Sd / std::sqrt(n);
+  statistics.HalfWidth = critical.Of(m_n - 1) * *statistics.Sd / std::sqrt(n);
   return statistics;
 }
 

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <optional>
+#include <unordered_map>
 
 namespace zova {
 
@@ -12,6 +13,16 @@ double StudentT(int degrees, double level);
 
 /// The probability of the confidence intervals.
 inline constexpr double kConfidence = .95;
+
+/// The critical values of the confidence intervals, each found once: a table has as many intervals as it has cells and
+/// measures, but few sizes of samples.
+class CriticalValues {
+ public:
+  double Of(std::size_t degrees);
+
+ private:
+  std::unordered_map<std::size_t, double> m_values;
+};
 
 /// n, mean and spread of a sample.
 struct SampleStatistics {
@@ -33,7 +44,11 @@ struct SampleStatistics {
 class Sample {
  public:
   void Add(double value) noexcept;
-  [[nodiscard]] SampleStatistics Statistics() const;
+  [[nodiscard]] SampleStatistics Statistics(CriticalValues& critical) const;
+  [[nodiscard]] SampleStatistics Statistics() const {
+    CriticalValues critical;
+    return Statistics(critical);
+  }
 
  private:
   std::size_t m_n = 0;

@@ -59,6 +59,24 @@ ColumnFinder FindColumns(const ProjectParameters& project, const MeasureSelectio
   return finder;
 }
 
+// Takes the columns of a walk into a table, by their names as they are.
+class ColumnTaker final : public ColumnSink {
+ public:
+  explicit ColumnTaker(std::vector<std::string>& measures) : m_measures(measures) {}
+  void Count(const ColumnOrigin&, const ColumnName& name, std::int16_t) override {
+    AppendColumnName(m_measures.emplace_back(), name);
+  }
+  void Share(const ColumnOrigin&, const ColumnName& name, const Ratio&) override {
+    Shares.push_back(m_measures.size());
+    AppendColumnName(m_measures.emplace_back(), name);
+  }
+
+  std::vector<std::size_t> Shares;  // as ColumnFinder has them
+
+ private:
+  std::vector<std::string>& m_measures;
+};
+
 // Marks the zeros of a row whose shares have no value.
 class GapMarker final : public ColumnSink {
  public:
@@ -227,11 +245,17 @@ int MarkUncomputed(MasterTable& table, const ProjectParameters& project, Disk& d
 }
 
 ScoredTable::ScoredTable(const ProjectParameters& project, const MeasureSelection& selection)
-    : m_project(project), m_selection(selection) {}
+    : m_project(project), m_selection(selection) {
+  const auto names = project.VariableNames.begin();
+  m_table.Variables.assign(names, names + project.VariableCount);
+  ScoringArrays empty;
+  ResetScores(empty, project);
+  ColumnTaker taker(m_table.Measures);
+  WalkMeasureColumns(project, selection, MasterKind::Individual, empty, taker);
+  m_shares = std::move(taker.Shares);
+}
 
-// The columns are found with the first subject: a master that could not have so many has none.
 bool ScoredTable::Take(const ScoredSubject& subject) {
-  if (m_table.Measures.empty()) TakeColumns();
   const std::size_t row = m_table.RowCount();
   const std::string_view fields = std::string_view(subject.MasterRow).substr(subject.SubjectId.size());
   AddMasterRowOf(subject.SubjectId, fields.substr(std::min<std::size_t>(fields.size(), 1)), m_table);
@@ -239,13 +263,6 @@ bool ScoredTable::Take(const ScoredSubject& subject) {
   GapMarker marker(m_table, row, m_shares);
   WalkMeasureColumns(m_project, m_selection, MasterKind::Individual, subject.Scores, marker);
   return true;
-}
-
-void ScoredTable::TakeColumns() {
-  TakeMasterHeader(BuildMasterHeader(m_project, m_selection, MasterKind::Individual).MasterHeader, m_table);
-  const auto names = m_project.VariableNames.begin();
-  m_table.Variables.assign(names, names + m_project.VariableCount);
-  m_shares = FindColumns(m_project, m_selection, m_table).Shares;
 }
 
 }  // namespace zova

@@ -13,8 +13,8 @@ namespace zova {
 /// nothing is marked in these. Shows no message; `bar` hears of the progress.
 int MarkUncomputed(MasterTable& table, const ProjectParameters& project, Disk& disk, Progress& bar);
 
-/// The master of a run as a table, without reading it back: the same values, marked. Without columns before the first
-/// subject. Commas in names do no harm here.
+/// The master of a run as a table, without reading it back: the same values, marked. What names and identifiers hold
+/// does no harm here, neither commas nor the name of a measure.
 class ScoredTable final : public ScoredSubjectSink {
  public:
   ScoredTable(const ProjectParameters& project, const MeasureSelection& selection);
@@ -22,8 +22,6 @@ class ScoredTable final : public ScoredSubjectSink {
   [[nodiscard]] const MasterTable& Table() const noexcept { return m_table; }
 
  private:
-  void TakeColumns();
-
   const ProjectParameters& m_project;
   MeasureSelection m_selection;
   MasterTable m_table;

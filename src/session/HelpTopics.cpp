@@ -19,7 +19,8 @@ std::string TopicOfStage(MasterFlow::Stage stage) {
     case MasterFlow::Stage::Measures: return "measures";
     case MasterFlow::Stage::OrderOfItems: return "itemorder";
     case MasterFlow::Stage::GroupDetails: return "groups";
-    case MasterFlow::Stage::Writing: return "writing";
+    case MasterFlow::Stage::Writing:
+    case MasterFlow::Stage::Finished: return "writing";
     case MasterFlow::Stage::OrderOfGroups: return "grouporder";
   }
   return "master";

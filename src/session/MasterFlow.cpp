@@ -69,6 +69,7 @@ void MasterFlow::Continue() {
   m_request.CleanFile = FileBeside(m_options.ChkExportClean);
   m_request.LongFile = FileBeside(m_options.ChkExportLong);
   m_request.Order.reset();
+  m_request.CombinedFollows = m_options.ChkCombine;
   // Told before an order is typed and saved for a master that cannot be.
   if (!BuildHeader(*m_project, m_request.Selection, MasterKind::Individual, m_tools.Boxes, m_header)) return;
   if (m_options.ChkItemAnalysis) {
@@ -238,8 +239,8 @@ void MasterFlow::GoCombine() {
   Finish(CombinedCreated());
 }
 
-// The screen of the run stays up behind its messages.
 void MasterFlow::Finish(const MessageBox& message) {
+  Show(Stage::Finished);
   ShowMasterWarnings(m_notices, m_tools.Boxes);
   m_tools.Boxes.Show(message);
   m_options.ResetMasterOptions();

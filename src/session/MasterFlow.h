@@ -26,7 +26,8 @@ struct MasterTools {
 /// the stage and is told of changes by the observer.
 class MasterFlow {
  public:
-  enum class Stage { Closed, Options, Measures, OrderOfItems, GroupDetails, Writing, OrderOfGroups };
+  /// Finished: nothing is up but the messages at the end.
+  enum class Stage { Closed, Options, Measures, OrderOfItems, GroupDetails, Writing, OrderOfGroups, Finished };
 
   explicit MasterFlow(const MasterTools& tools);
   /// Called when the stage changes while a command goes on.

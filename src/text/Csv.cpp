@@ -2,6 +2,8 @@
 
 #include "text/Csv.h"
 
+#include <unordered_set>
+
 namespace zova {
 
 namespace {
@@ -28,13 +30,30 @@ void AppendCsvField(std::string& line, std::string_view text) {
   line += '"';
 }
 
-void CsvHeader::Add(std::string_view name) {
-  if (!m_names.empty()) m_line += ',';
-  std::string unique(name);
-  for (int number = 2; !m_names.insert(unique).second; ++number) {
-    unique.assign(name).append(" (").append(std::to_string(number)).append(")");
+std::vector<std::string> CsvHeader::Names() const {
+  std::vector<std::string> names(m_columns.size());
+  std::unordered_set<std::string> taken;
+  for (const bool givesWay : {false, true}) {
+    for (std::size_t i = 0; i < m_columns.size(); ++i) {
+      if (m_columns[i].GivesWay != givesWay) continue;
+      names[i] = m_columns[i].Name;
+      for (int number = 2; !taken.insert(names[i]).second; ++number) {
+        names[i] = m_columns[i].Name + " (" + std::to_string(number) + ")";
+      }
+    }
   }
-  AppendCsvField(m_line, unique);
+  return names;
+}
+
+std::string CsvHeader::Line() const {
+  std::string line;
+  bool isFirst = true;
+  for (const std::string& name : Names()) {
+    if (!isFirst) line += ',';
+    isFirst = false;
+    AppendCsvField(line, name);
+  }
+  return line;
 }
 
 }  // namespace zova

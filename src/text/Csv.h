@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <functional>
-#include <set>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace zova {
 
@@ -15,17 +14,25 @@ inline constexpr std::string_view kCsvLineEnd = "\r\n";
 /// ends that a reader might drop. The commas between fields are the caller's.
 void AppendCsvField(std::string& line, std::string_view text);
 
-/// The line of column names, put together column by column. No two are the same: a name that stands already gets a
-/// number, "Subject (2)".
+/// The column names of a file, column by column. No two are the same: a name that another column has gets a number,
+/// "Subject (2)".
 class CsvHeader {
  public:
-  void Add(std::string_view name);
+  /// A column of the file's own: its name is there to be relied on.
+  void Add(std::string_view name) { m_columns.push_back({std::string(name), false}); }
+  /// A column that somebody else named; it gives way to all of the file's own, those behind it too.
+  void AddVariable(std::string_view name) { m_columns.push_back({std::string(name), true}); }
+
+  [[nodiscard]] std::vector<std::string> Names() const;
   /// Without its line end.
-  [[nodiscard]] const std::string& Line() const noexcept { return m_line; }
+  [[nodiscard]] std::string Line() const;
 
  private:
-  std::set<std::string, std::less<>> m_names;
-  std::string m_line;
+  struct Column {
+    std::string Name;
+    bool GivesWay;
+  };
+  std::vector<Column> m_columns;
 };
 
 }  // namespace zova

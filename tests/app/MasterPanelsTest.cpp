@@ -173,6 +173,7 @@ TEST_F(MasterPanelsTest, GroupsArePreviewedWhileTheyAreTypedAndTheBarReaches100)
 TEST_F(MasterPanelsTest, TheBarIsDrawnAtMostEvery50MillisecondsAndInputIsDiscarded) {
   const auto* bar = m_writing.findChild<QWidget*>("proMasterProgress");
   Alt("D");
+  m_writing.show();
   QCoreApplication::postEvent(m_up->windowHandle(), new QKeyEvent(QEvent::KeyPress, Qt::Key_7, {}, "7"));
   QCoreApplication::postEvent(m_up->windowHandle(), new QCloseEvent);
   m_progress.Show(0, "");

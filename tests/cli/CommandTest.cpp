@@ -114,7 +114,7 @@ TEST_F(Command, HandsOnToOtherPrograms) {
   project.Abbreviation = "AB";
   project.PrimaryDir = "C:\\Data";
   project.VariableCount = 2;
-  project.VariableNames = {"Sex", "Age"};
+  project.VariableNames = {"Sex", "Age, then"};
   project.LevelCounts = {2, 1};
   project.LevelNames = {{{"f", "m"}, {"old"}}};
   SubjectRecord record;
@@ -130,17 +130,19 @@ TEST_F(Command, HandsOnToOtherPrograms) {
       "subjects before analysis.\n";
   Expect("--measures chkBi --clean c.csv --long 'D:\\Out\\l.csv' Ab.prm", 0, {kMaster, "C:\\c.csv", "D:\\Out\\l.csv"},
          notice);
-  EXPECT_EQ(Files.Get("C:\\c.csv"),
-            "Subject,Sex,Age,Bi-ITR(Tests 1 and 2),Not Computed\r\n1,m,old,,Bi-ITR(Tests 1 and 2): a list is empty\r\n"
-            "2,m,old,0,\r\n");
+  EXPECT_EQ(
+      Files.Get("C:\\c.csv"),
+      "Subject,Sex,\"Age, then\",Bi-ITR(Tests 1 and 2),Not Computed\r\n1,m,old,,Bi-ITR(Tests 1 and 2): no recall to "
+      "compute it from\r\n"
+      "2,m,old,0,\r\n");
   EXPECT_TRUE(Files.Get("D:\\Out\\l.csv").ends_with("2,2,study,2,2,m,old\r\n2,2,recall,1,1,m,old\r\n"));
 
   const std::string written = Files.Native(kMaster).string() + "\n" + notice;
   const std::string measure = "\r\nBi-ITR(Tests 1 and 2),";
   const std::string tail = "n,Mean,SD,95% CI Low,95% CI High,Not Computed";
-  Expect("--measures chkBi --means age,Sex Ab.prm >../table", 0, {}, written);
-  EXPECT_EQ(ReadFile(Files.Root() / "table"),
-            "Measure,Age,Sex," + tail + measure + "old,m,2,0,0,0,0,1" + measure + "(all),(all),2,0,0,0,0,1\r\n");
+  Expect("--measures chkBi --means 'age, then,Sex' Ab.prm >../table", 0, {}, written);
+  EXPECT_EQ(ReadFile(Files.Root() / "table"), "Measure,\"Age, then\",Sex," + tail + measure + "old,m,2,0,0,0,0,1" +
+                                                  measure + "(all),(all),2,0,0,0,0,1\r\n");
   Expect("--measures chkBi --means '' --computed-only Ab.prm >../table", 0, {}, written);
   EXPECT_EQ(ReadFile(Files.Root() / "table"), "Measure," + tail + measure + "1,0,,,,1\r\n");
 }

@@ -48,9 +48,9 @@ TEST(Exports, WhatOtherProgramsRead) {
   ExportLab lab({.Items = 6, .PerCategory = 3, .Minutes = 9, .MaxRating = 5, .Rated = "NY", .Lures = true});
   lab.Project.VariableCount = 2;
   lab.Project.VariableNames = {"Subject", "list"};
-  lab.Project.LevelCounts = {2, 1};
+  lab.Project.LevelCounts = {2, 3};
   lab.Project.LevelNames[0] = {"Young, \"fit\"", "Old"};
-  lab.Project.LevelNames[1] = {" late"};
+  lab.Project.LevelNames[1] = {" late", "due", "due"};
   lab.Request.Selection = Only(lab.Project, {Measure::Cat, Measure::Bi, Measure::Rat});
   lab.Request.Selection.Check(Measure::Rat, false);
   lab.Put("07", 1, "4/1/3 1/2/4 2/2/4 | 2/1/5 3/1/1 0/1 2/9 1/9/2");  // a lure, a blank, a repeat, no rating
@@ -61,15 +61,16 @@ TEST(Exports, WhatOtherProgramsRead) {
   lab.Request.Sink = &sink;
   ScriptedBoxes none;
   const MasterRunResult result = lab.Run(none);
-  EXPECT_EQ(lab.Files.Get("C:\\Data\\AB Clean.csv"),
-            "Subject,Subject (2),list,ArcScore(Test 1),ArcScore(Test 2),Bi-ITR(Tests 1 and 2),"
-            "#OfCategoriesUsed(Test 1),#OfCategoriesUsed(Test 2),AvgItemsPerCat(Test 1),AvgItemsPerCat(Test 2),"
-            "Not Computed\r\n"
-            "07,\"Young, \"\"fit\"\"\",\" late\",1,,-1.3333334,2,1,1.5,3,"
-            "ArcScore(Test 2): fewer than 2 categories or 3 recalls\r\n"
-            "8,Old,2,,,,1,0,1,,ArcScore(Test 1): fewer than 2 categories or 3 recalls; ArcScore(Test 2): fewer than 2 "
-            "categories or 3 recalls; Bi-ITR(Tests 1 and 2): a list is empty; AvgItemsPerCat(Test 2): a list is "
-            "empty\r\n");
+  EXPECT_EQ(
+      lab.Files.Get("C:\\Data\\AB Clean.csv"),
+      "Subject,Subject (2),list,ArcScore(Test 1),ArcScore(Test 2),Bi-ITR(Tests 1 and 2),"
+      "#OfCategoriesUsed(Test 1),#OfCategoriesUsed(Test 2),AvgItemsPerCat(Test 1),AvgItemsPerCat(Test 2),"
+      "Not Computed\r\n"
+      "07,\"Young, \"\"fit\"\"\",\" late\",1,,-1.3333334,2,1,1.5,3,"
+      "ArcScore(Test 2): fewer than 2 categories or 3 recalls\r\n"
+      "8,Old,due (2),,,,1,0,1,,ArcScore(Test 1): fewer than 2 categories or 3 recalls; ArcScore(Test 2): fewer than 2 "
+      "categories or 3 recalls; Bi-ITR(Tests 1 and 2): no recall to compute it from; AvgItemsPerCat(Test 2): "
+      "no recall to compute it from\r\n");
   const auto study = [](const std::string& subjectAndTest, const std::string& levels) {
     std::string rows;
     for (const char* middle : {"1,2,1,0", "2,1,1,0", "3,4,2,0", "4,5,2,0"}) {
@@ -83,8 +84,8 @@ TEST(Exports, WhatOtherProgramsRead) {
                 study("07,1", seven) + "07,1,recall,1,4,2,0,1,," + seven + "\r\n07,1,recall,2,1,1,0,2,," + seven +
                 "\r\n07,1,recall,3,2,1,0,2,," + seven + "\r\n" + study("07,2", seven) + "07,2,recall,1,2,1,0,1,5," +
                 seven + "\r\n07,2,recall,2,3,1,1,1,1," + seven + "\r\n07,2,recall,4,2,1,0,9,," + seven +
-                "\r\n07,2,recall,5,1,1,0,9,2," + seven + "\r\n" + study("8,1", "Old,2") +
-                "8,1,recall,1,1,1,0,1,,Old,2\r\n" + study("8,2", "Old,2"));
+                "\r\n07,2,recall,5,1,1,0,9,2," + seven + "\r\n" + study("8,1", "Old,due (2)") +
+                "8,1,recall,1,1,1,0,1,,Old,due (2)\r\n" + study("8,2", "Old,due (2)"));
   const std::string master = lab.Files.Get("C:\\Data\\AB Master.txt");
   EXPECT_EQ(std::count(sink.Rows.begin(), sink.Rows.end(), '\n'), 2);
   EXPECT_NE(master.find(sink.Rows.substr(0, sink.Rows.find('\n')) + "\r\n"), std::string::npos);

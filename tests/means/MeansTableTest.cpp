@@ -106,6 +106,24 @@ TEST(MasterTable, ReadsWhatFitsTheHeader) {
   EXPECT_FALSE(ParseMaster("1,  3\r\n", "Sub ID's, Sex"));
 }
 
+TEST(MasterTable, TheProjectsVariablesAreKnownWhateverTheirNames) {
+  ProjectParameters project;
+  project.VariableCount = 2;
+  project.VariableNames = {"Sex, or gender", "Net(Test 1) "};
+  const char* const own =
+      "Sub ID's, Sex, or gender, Net(Test 1) , Net(Test 1), Losses(Test 1 to 2)\n1,  2,  1,  5,  0\n";
+  const auto table = ParseMaster(own, "", &project).value_or(MasterTable{});
+  EXPECT_EQ(table.Variables, (std::vector<std::string>{"Sex, or gender", "Net(Test 1)"}));
+  EXPECT_EQ(table.Measures, (std::vector<std::string>{"Net(Test 1)", "Losses(Test 1 to 2)"}));
+  EXPECT_EQ(table.Values, (std::vector<double>{5, 0}));
+
+  project.VariableCount = 1;
+  const auto foreign = ParseMaster("Sub ID's, Sex, or gender, Age, Net(Test 1)\n", "", &project);
+  EXPECT_EQ(foreign.value_or(MasterTable{}).Variables, (std::vector<std::string>{"Sex", "or gender", "Age"}));
+  project.VariableCount = 0;
+  EXPECT_FALSE(ParseMaster(" Lure(Test# 1 Lure# 1), Lure(Test# 1 Lure# 2)\n", "", &project)->HasSubjects);
+}
+
 constexpr const char* kMaster =
     "Sub ID's, Dose, Sex, Net(Test 1), ArcScore(Test 1)\r\n"
     "1,  10,  2,  1,  0\r\n2,  2,  1,  5,  .5\r\n3,  10,  2,  3,  .25\r\n4,  2,  3,  5,  0\r\n5,  XXXXXXX,  1,  5,  "

@@ -10,13 +10,13 @@
 namespace zova::testing {
 namespace {
 
-// Eight items in two categories; two variables, the first with a comma in its name.
+// Eight items in two categories; two variables, with a comma in the name and with that of a measure.
 struct Lab {
   Lab() {
     Project.Abbreviation = "AB";
     Project.PrimaryDir = "C:\\Data";
-    Project.VariableCount = 1;
-    Project.VariableNames[0] = "Sex, or gender";
+    Project.VariableCount = 2;
+    Project.VariableNames = {"Sex, or gender", "Net(Test 2)"};
     Selection.SetDefaultMeasures(Project);
   }
   void Put(const std::string& id, const std::string& lists) const {
@@ -55,7 +55,7 @@ TEST(UncomputedValues, OfARunWithoutReadingItBack) {
   ScoredTable table(lab.Project, lab.Selection);
   lab.Take(table, "1, the first", "1 5 6 2 | 1 2 5");  // a clustering of exactly 0, and one with a value
   lab.Take(table, "2", "1 2 3 | ");
-  EXPECT_EQ(table.Table().Variables, std::vector<std::string>{"Sex, or gender"});
+  EXPECT_EQ(table.Table().Variables, (std::vector<std::string>{"Sex, or gender", "Net(Test 2)"}));
   EXPECT_EQ(table.Table().SkippedLines, 0);
   EXPECT_EQ(Lab::Marked(table.Table()),
             "1, the first:; 2: ArcScore(Test 1) ArcScore(Test 2) Bi-ITR(Tests 1 and 2) AvgItemsPerCat(Test 2); ");

@@ -16,7 +16,7 @@ const ExpectedBox kCombinedCreated = {.Text = "Master(s) successfully created!",
 
 // A flow over the data of five subjects, 1 to 3 men.
 struct Lab : MessageBoxes, Progress {
-  // "i" and "c" for the two boxes.
+  // "i", "c" and "e" for the boxes: serial positions, groups, both CSV files.
   explicit Lab(std::string_view settings) {
     Project.Abbreviation = "AB";
     Project.PrimaryDir = "C:\\Data";
@@ -24,10 +24,11 @@ struct Lab : MessageBoxes, Progress {
     Project.LevelNames[0][0] = "Man";
     for (int id = 1; id <= 5; ++id) Put(id, std::to_string(id % 3 + 1) + " 3 | 2 3");
     Files.MakeDirectory("D:\\Out");
-    Flow.SetObserver([this] { Trail += "COMIDWG"[static_cast<int>(Flow.CurrentStage())]; });
+    Flow.SetObserver([this] { Trail += "COMIDWGF"[static_cast<int>(Flow.CurrentStage())]; });
     EXPECT_TRUE(Flow.Open(Project));
     Options.ChkItemAnalysis = settings.find('i') != std::string_view::npos;
     Options.ChkCombine = settings.find('c') != std::string_view::npos;
+    Options.ChkExportClean = Options.ChkExportLong = settings.find('e') != std::string_view::npos;
     Options.SetPerGroupText("2");
   }
   void Put(int id, const std::string& lists) {
@@ -39,13 +40,13 @@ struct Lab : MessageBoxes, Progress {
   void Show(int, const std::string&) override {}
   void Breathe() override {}
   BoxAnswer Show(const MessageBox& box) override {
-    EXPECT_NE(Flow.CurrentStage(), MasterFlow::Stage::Closed) << "what ran stays up behind its messages";
+    EXPECT_NE(Flow.CurrentStage(), MasterFlow::Stage::Closed) << "the main screen comes after the messages";
     const BoxAnswer answer = Script.Show(box);
     if (answer == BoxAnswer::Retry) Put(3, "1 | 2");  // mended
     return answer;
   }
   // Gives every screen's command in turn; those of screens that are not up must do nothing. The initials of the stages,
-  // then of the masters that there are.
+  // then of the masters and CSV files that there are.
   std::string Walk(char cancelAt = 0) {
     for (const auto go :
          {&MasterFlow::Continue, &MasterFlow::GoSerial, &MasterFlow::GoGroups, &MasterFlow::GoCombine}) {
@@ -56,7 +57,7 @@ struct Lab : MessageBoxes, Progress {
     }
     std::string made = Trail + " ";
     for (const auto& [name, bytes] : Files.Snapshot()) {
-      if (name.ends_with("Master.txt")) made += name[name.find("AB ") + 3];
+      if (name.ends_with("Master.txt") || name.ends_with(".csv")) made += name[name.find("AB ") + 3];
     }
     return made;
   }
@@ -74,9 +75,9 @@ struct Lab : MessageBoxes, Progress {
 
 TEST(MasterFlow, TheOrderOfTheScreensAndCancelAtEach) {
   // The boxes and the screen to cancel.
-  const std::pair<std::string, std::string> kCases[] = {{"", "OWC M"},         {"i", "OIWC MS"}, {"c", "ODWGWC CM"},
-                                                        {"ic", "OIDWGWC CMS"}, {"icO", "OC "},   {"icI", "OIO "},
-                                                        {"cD", "ODO "},        {"icD", "OIDO "}, {"icG", "OIDWGC MS"}};
+  const std::pair<std::string, std::string> kCases[] = {
+      {"", "OWFC M"},  {"i", "OIWFC MS"}, {"c", "ODWGWFC CM"}, {"ic", "OIDWGWFC CMS"}, {"icO", "OC "},
+      {"icI", "OIO "}, {"cD", "ODO "},    {"icD", "OIDO "},    {"icG", "OIDWGFC MS"}};
   for (const auto& [settings, walk] : kCases) {
     Lab lab(settings);
     lab.Put(5, "|");  // nothing recalled: a notice, at the end of all
@@ -84,7 +85,7 @@ TEST(MasterFlow, TheOrderOfTheScreensAndCancelAtEach) {
       lab.Script.Expect(
           {"For at least 1 test, Bi-Directional ITR was unable to be calculated for subject(s): 5.  You "
            "should delete these subjects before analysis."});
-      lab.Script.Expect(walk.find("GWC") != std::string::npos ? kCombinedCreated : kCreated);
+      lab.Script.Expect(walk.find("GWFC") != std::string::npos ? kCombinedCreated : kCreated);
     }
     EXPECT_EQ(lab.Walk(settings.empty() ? '\0' : settings.back()), walk);
     const bool closed = walk.find('C') != std::string::npos;
@@ -108,6 +109,10 @@ TEST(MasterFlow, DestinationsAndRunsThatStop) {
     lab.Project.TestCount = 15;  // 32,768 patterns
     lab.Options.ChkItemAnalysis = true;
   };
+  const auto clash = [](Lab& lab) {
+    lab.Options.ChkItemAnalysis = true;
+    lab.Options.SetDestination("AB Serial Position Master.txt");
+  };
   const auto spoil = [](Lab& lab) { lab.Put(3, "9 | 1"); };
   const auto remove = [](Lab& lab) { std::filesystem::remove(lab.Files.Native("C:\\Data\\Sdata\\AB Sub#2.dat")); };
   const auto combine = [&](Lab& lab) { remove(lab), lab.Options.ChkCombine = true; };
@@ -115,21 +120,24 @@ TEST(MasterFlow, DestinationsAndRunsThatStop) {
   const ExpectedBox retry{stop.Text, BoxAnswer::Retry};
   const ExpectedBox gone{std::make_error_code(std::errc::no_such_file_or_directory).message(), BoxAnswer::Cancel};
   const ExpectedBox noDrive{"Path not found.  Please verify that the correct disk is in the drive.", BoxAnswer::Cancel};
+  const ExpectedBox taken{std::make_error_code(std::errc::file_exists).message(), BoxAnswer::Cancel};
   const std::tuple<std::function<void(Lab&)>, ExpectedBox, const char*, std::string> kCases[] = {
-      {move("D:\\Out"), none, "OWC MM", "D:\\Out\\AB Master.txt"},
-      {move("D:\\"), none, "OWC MM", "D:\\AB Master.txt"},
-      {move("Q:\\"), none, "OWC M", kMaster},
-      {type("D:\\Out\\My.txt"), none, "OWC M", "D:\\Out\\My.txt"},
-      {type(" Mine.txt "), none, "OWC M", "C:\\Data\\Mine.txt"},
-      {type("Sdata/"), none, "OWC MM", "C:\\Data\\Sdata/AB Master.txt"},
-      {type(" \t"), none, "OWC M", kMaster},
-      {type("D:"), none, "OWC MM", "D:\\AB Master.txt"},
-      {type("D:Out"), none, "OWC MM", "D:\\Out\\AB Master.txt"},
-      {type("D:\\Out\\"), none, "OWC MM", "D:\\Out\\AB Master.txt"},
-      {native, none, "OWC MM", "D:\\Out\\AB Master.txt"},
-      {stay, none, "OWC M", "C:\\Data\\Mine.txt"},
+      {move("D:\\Out"), none, "OWFC MM", "D:\\Out\\AB Master.txt"},
+      {move("D:\\"), none, "OWFC MM", "D:\\AB Master.txt"},
+      {move("Q:\\"), none, "OWFC M", kMaster},
+      {type("D:\\Out\\My.txt"), none, "OWFC M", "D:\\Out\\My.txt"},
+      {type(" Mine.txt "), none, "OWFC M", "C:\\Data\\Mine.txt"},
+      {type("Sdata/"), none, "OWFC MM", "C:\\Data\\Sdata/AB Master.txt"},
+      {type(" \t"), none, "OWFC M", kMaster},
+      {type("D:"), none, "OWFC MM", "D:\\AB Master.txt"},
+      {type("D:Out"), none, "OWFC MM", "D:\\Out\\AB Master.txt"},
+      {type("D:\\Out\\"), none, "OWFC MM", "D:\\Out\\AB Master.txt"},
+      {native, none, "OWFC MM", "D:\\Out\\AB Master.txt"},
+      {stay, none, "OWFC M", "C:\\Data\\Mine.txt"},
       {widen, {"Overflow", BoxAnswer::Cancel, "uncheck 'General Data: Item Pattern"}, "O ", ""},
-      {spoil, retry, "OWC M", kMaster},
+      {clash, taken, "OIWO ", ""},
+      {type("AB Combine Order.dat"), taken, "OWO ", ""},
+      {spoil, retry, "OWFC M", kMaster},
       {spoil, stop, "OWO M", ""},
       {type("Q:\\AB.txt"), noDrive, "OWO ", ""},
       {remove, gone, "OWO M", ""},

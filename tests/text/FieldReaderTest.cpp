@@ -138,4 +138,9 @@ TEST(Csv, QuotesWhatAReaderWouldTakeApart) {
   CsvHeader header;
   for (const char* name : {"", "a", "a", "a (2)", "a", "b,c"}) header.Add(name);
   EXPECT_EQ(header.Line(), ",a,a (2),a (2) (2),a (3),\"b,c\"");
+  CsvHeader table;
+  table.Add("Measure");
+  for (const char* name : {"n", "n", "Sex"}) table.AddVariable(name);
+  table.Add("n");
+  EXPECT_EQ(table.Line(), "Measure,n (2),n (3),Sex,n");
 }
