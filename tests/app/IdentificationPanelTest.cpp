@@ -5,7 +5,6 @@
 #include <QPushButton>
 #include <QTest>
 
-#include "project/ProjectFile.h"
 #include "session/SessionFixture.h"
 
 namespace zova::testing {
@@ -14,10 +13,7 @@ namespace {
 class IdentificationPanelTest : public SessionTest {
  protected:
   void Start() {
-    m_scratch.Put("C:\\Param\\Example.prm", FormatProject(ExampleProject("C:\\ZOVA"), kCurrentMarker));
-    m_scratch.MakeDirectory("C:\\ZOVA\\Sample Data\\Sdata");
-    OpenProject(Started(), "C:\\Param\\Example.prm");
-    m_session->EnterSubjects();
+    OpenExample().EnterSubjects();
     m_panel = std::make_unique<IdentificationPanel>(*m_session);
     m_panel->show();
     m_panel->activateWindow();

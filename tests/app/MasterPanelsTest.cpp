@@ -1,14 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include <QAbstractButton>
 #include <QClipboard>
 #include <QCloseEvent>
 #include <QGuiApplication>
-#include <QLabel>
 #include <QTableView>
 #include <QTest>
 #include <QWindow>
 #include <map>
-#include <set>
 
 #include "app/GroupPanel.h"
 #include "app/MasterPanel.h"
@@ -171,22 +168,6 @@ TEST_F(MasterPanelsTest, GroupsArePreviewedWhileTheyAreTypedAndTheBarReaches100)
   EXPECT_EQ(Text("lblOrderPlan"), "Sex, Man: 1 group of 2, left over: subject 9") << "undone";
   m_boxes.Expect({.Text = "Master(s) successfully created!"});
   Alt("N");
-}
-
-// Keys that clash do nothing, and silently.
-TEST_F(MasterPanelsTest, AccessKeysOfAScreenAreUnique) {
-  for (const QWidget* panel : std::initializer_list<QWidget*>{&m_master, &m_measures, &m_order, &m_details}) {
-    std::set<QString> keys{"Alt+F", "Alt+O", "Alt+P", "Alt+T", "Alt+H"};
-    const auto add = [&](const QString& text) {
-      const QString key = QKeySequence::mnemonic(text).toString();
-      EXPECT_TRUE(key.isEmpty() || keys.insert(key).second) << text.toStdString();
-    };
-    for (const auto* button : panel->findChildren<QAbstractButton*>()) {
-      if (button->objectName() != "cmdGoCombine") add(button->text());  // in the place of cmdGoSerial
-    }
-    for (const auto* label : panel->findChildren<QLabel*>()) add(label->buddy() ? label->text() : QString());
-    EXPECT_GT(keys.size(), 8U) << panel->objectName().toStdString();
-  }
 }
 
 TEST_F(MasterPanelsTest, TheBarIsDrawnAtMostEvery50MillisecondsAndInputIsDiscarded) {

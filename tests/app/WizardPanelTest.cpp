@@ -4,11 +4,9 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
-#include <QKeySequence>
 #include <QRegularExpression>
 #include <QTest>
 #include <map>
-#include <set>
 
 #include "app/Controls.h"
 #include "project/ProjectFile.h"
@@ -119,22 +117,6 @@ TEST_F(WizardPanelTest, ViewingChangesNothing) {
     EXPECT_EQ(Where(), "5 lblVarLevel2 <2. Jane>");
   }
   for (auto* box : panel.findChildren<QLineEdit*>()) EXPECT_TRUE(box->isReadOnly());
-}
-
-// Keys that clash do nothing, and silently.
-TEST_F(WizardPanelTest, AccessKeysOfAPageAreUnique) {
-  for (int page = 1; page <= NewProjectWizard::kPages; ++page) {
-    QStringList texts{"&F", "&O", "&P", "&T", "&H", "<<&Back", "&Next >>", "&Cancel", "&Done!"};
-    const QWidget* frame = Find(("FraPrmScr" + std::to_string(page)).c_str());
-    for (const auto* button : frame->findChildren<QAbstractButton*>()) texts += button->text();
-    for (const auto* label : frame->findChildren<QLabel*>()) texts += label->buddy() ? label->text() : QString();
-    std::set<QString> keys;
-    for (const QString& text : texts) {
-      const QString key = QKeySequence::mnemonic(text).toString();
-      EXPECT_TRUE(key.isEmpty() || keys.insert(key).second) << page << FromQt(text);
-    }
-    EXPECT_GT(keys.size(), 9U);
-  }
 }
 
 }  // namespace

@@ -17,9 +17,6 @@ using enum BoxAnswer;
 using Typed = std::vector<std::pair<WizardBox, std::string>>;
 using Boxes = std::vector<ExpectedBox>;
 
-ExpectedBox Told(const std::string& text, BoxIcon icon = BoxIcon::Exclamation) {
-  return {.Text = text, .Icon = icon, .Buttons = BoxButtons::Ok};
-}
 ExpectedBox Asked(const std::string& text, BoxAnswer answer, BoxAnswer preset = Yes) {
   return {text, answer, "", BoxIcon::Exclamation, BoxButtons::YesNoCancel, preset};
 }

@@ -19,9 +19,6 @@ const std::string kMoved = "'Param' directory successfully moved!";
 const std::string kCreated = "'Param' directory successfully created.";
 const std::string kUndeleted = "ZOVA could not delete the old directory.";
 
-ExpectedBox Told(const std::string& text, BoxIcon icon = BoxIcon::Exclamation) {
-  return {text, BoxAnswer::Ok, "", icon, BoxButtons::Ok};
-}
 const ExpectedBox kNotFound = Told("Path not found.  Please verify that the correct disk is in the drive.");
 ExpectedBox Restore(BoxAnswer answer) {
   const std::string text = "Do you want to restore this directory to the original 'Param' location at: '" + kOld +

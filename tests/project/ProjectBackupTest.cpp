@@ -30,9 +30,8 @@ ExpectedBox HasBackup(BoxAnswer answer) {
       "'No'.  Do you want to specify a new backup location?";
   return {text, answer, "", BoxIcon::Question, BoxButtons::YesNoCancel, BoxAnswer::No};
 }
-ExpectedBox Told(const char* text, BoxIcon icon = BoxIcon::Information) { return {text, BoxAnswer::Ok, "", icon}; }
-const ExpectedBox kCreated = Told("The backup directory and files were successfully created.");
-const ExpectedBox kUpdated = Told("The backup data files were updated.");
+const ExpectedBox kCreated = Told("The backup directory and files were successfully created.", BoxIcon::Information);
+const ExpectedBox kUpdated = Told("The backup data files were updated.", BoxIcon::Information);
 using Names = std::vector<std::string>;
 const Names kPrimary{"AB Sub#1.dat", "ab sub#2.DAT"};
 const std::string kOwnFile =
@@ -106,13 +105,13 @@ TEST(ProjectBackup, NewDestinations) {
     EXPECT_TRUE(lab.Project == ParseProject(kOwnFile, "") && lab.Files.Snapshot() == tree) << text;
   };
   for (const char* text : {"", "(none)", "New"}) {
-    refuses(text, {Told("Invalid format. Please redo.", BoxIcon::Exclamation)});
+    refuses(text, {Told("Invalid format. Please redo.")});
   }
   for (const char* text : {"D:\\a|b", "D:\\New\\..", "D:\\File"}) {
-    refuses(text, {Told("Invalid Backup directory name.", BoxIcon::Exclamation)});
+    refuses(text, {Told("Invalid Backup directory name.")});
   }
   for (const std::string& text : {std::string(" c:/DATA\\ "), lab.Files.Native("D:/Link").string()}) {
-    refuses(text, {Told("The primary and backup directories cannot be the same.", BoxIcon::Exclamation)});
+    refuses(text, {Told("The primary and backup directories cannot be the same.")});
   }
   refuses("X:\\New", {NotFound("'X:\\New'", BoxAnswer::Retry), NotFound("'X:\\New'")});
   refuses("D:\\No\\Deep", {Missing("D:\\No\\Deep", BoxAnswer::No)});
@@ -161,8 +160,7 @@ TEST(ProjectBackup, NothingIsCopiedOntoItselfOrToNowhere) {
       "There was not a backup location for this project.  If you saved one manually you can create an 'Sdata' folder "
       "in your primary directory and copy all data (.dat) files to it.  You can determine your primary directory by "
       "selecting 'Options', 'View Parameters', then 'Next'.";
-  ScriptedBoxes boxes{HasBackup(BoxAnswer::No), kUpdated, Restored(), NotFound("'(none)\\Sdata'"),
-                      Told(noBackup, BoxIcon::Exclamation)};
+  ScriptedBoxes boxes{HasBackup(BoxAnswer::No), kUpdated, Restored(), NotFound("'(none)\\Sdata'"), Told(noBackup)};
   Lab lab(boxes);
   lab.Lose("D:/Backup/Sdata");
   fs::create_directory_symlink(lab.Files.Native("C:/Data/Sdata"), lab.Files.Native("D:/Backup/Sdata"));

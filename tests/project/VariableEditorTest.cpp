@@ -18,8 +18,6 @@ static void Type(VariableEditor& editor, std::initializer_list<const char*> name
   for (const char* name : names) editor.SetEntryText(name), editor.TakeEntry();
 }
 
-static ExpectedBox Told(const char* text) { return {text, BoxAnswer::Ok, "", BoxIcon::Exclamation, BoxButtons::Ok}; }
-
 TEST(VariableEditor, AsksForOneNameAfterAnother) {
   VariableEditor editor;
   editor.HighlightLevel(1), Type(editor, {"", "  "});

@@ -1,65 +1,27 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// Whole jobs, from an empty account to the files on the disk, as the window asks for them.
+// Whole jobs, from a project to the files on the disk, as the window asks for them.
 
-#include "master/MasterRun.h"
+#include <sstream>
+
 #include "session/SessionFixture.h"
 
 namespace zova::testing {
 namespace {
 
+constexpr const char* kOwnFile =
+    "2,6,1,2,3,1,3,,,1,5,,1,\"L'Été 1\",\"C:\\Data\\é x\",\"D:\\Bk\",\"L'Été 1.prm\",1,,\"VB Version\"\r\n"
+    "2\r\n\"Group\"\r\n\"old\"\r\n\"new\"\r\n\"N\"\r\n\"Y\"\r\n";
+
 class EndToEndTest : public SessionTest {
  protected:
-  void Type(WizardBox box, const char* text) { m_session->Wizard().SetText(box, text); }
-  void Name(const char* name) {
-    Type(WizardBox::Variable, name);
-    m_session->Wizard().TakeVariableEntry();
-  }
-  void Next(std::initializer_list<ExpectedBox> boxes = {}) {
-    const int page = m_session->Wizard().Page();
-    for (const ExpectedBox& box : boxes) Boxes.Expect(box);
-    m_session->Wizard().Next();
-    EXPECT_EQ(m_session->Wizard().Page(), page + 1);
-  }
-  static ExpectedBox Create(const std::string& directory) {
-    return {"'" + directory + "' Directory does not exist.  Do you wish to create it?", BoxAnswer::Yes};
-  }
-  void DefineProject() {
-    NewProjectWizard& wizard = m_session->Wizard();
-    m_session->CreateNewProject();
-    Type(WizardBox::Title, " L'Été 1.prm ");
-    Next();
-    Type(WizardBox::Primary, "C:\\Data\\é x\\");
-    Type(WizardBox::Backup, "D:\\Bk");
-    Next({Create("C:\\Data\\é x"), Create("D:\\Bk")});
-    Type(WizardBox::Tests, "2");
-    Type(WizardBox::Items, "4");
-    Next();
-    wizard.SetOption(WizardOption::Categorized, true);
-    Type(WizardBox::Categories, "2");
-    wizard.SetOption(WizardOption::FalseMemory, true);
-    Next();
-    wizard.SetOption(WizardOption::Variables, true);
-    for (const char* name : {"Group", "old", "new"}) Name(name);
-    Next();
-    wizard.SetOption(WizardOption::Minutes, true);
-    Type(WizardBox::Minutes, "3");
-    Next();
-    wizard.SetOption(WizardOption::Ratings, true);
-    Type(WizardBox::MaxRating, "5");
-    wizard.SetRated(2, true);
-    Next();
-  }
-  void FinishProject(BoxAnswer entersData) {
-    Boxes.Expect({.Text = "ZOVA will not allow you to make changes to the parameters once they are completed.  If you "
-                          "are not sure that the parameters are correct, please select the 'No' button and use the "
-                          "'Back' button to verify all of the parameters for your project.  If you are sure that the "
-                          "parameters are correct then select 'Yes'.  Are you sure these parameters are correct?",
-                  .Answer = BoxAnswer::Yes,
-                  .Default = BoxAnswer::No,
-                  .Title = "Warning"});
-    Boxes.Expect({"Do you want to continue by entering data for this project now?", entersData});
-    m_session->FinishWizard();
+  Session& OpenStudy() {
+    for (const char* directory : {"C:\\Param", "C:\\Data\\é x"}) {
+      m_scratch.Put(JoinPath(directory, "L'Été 1.prm"), kOwnFile);
+    }
+    for (const char* directory : {"C:\\Data\\é x\\Sdata", "D:\\Bk\\Sdata"}) m_scratch.MakeDirectory(directory);
+    OpenProject(Started(), "C:\\Param\\L'Été 1.prm");
+    return *m_session;
   }
   /// Steps 1 and 2 of a new subject.
   void Identify(const char* subject, const char* level) {
@@ -80,28 +42,9 @@ class EndToEndTest : public SessionTest {
   }
 };
 
-constexpr const char* kOwnFile =
-    "2,6,1,2,3,1,3,,,1,5,,1,\"L'Été 1\",\"C:\\Data\\é x\",\"D:\\Bk\",\"L'Été 1.prm\",1,,\"VB Version\"\r\n"
-    "2\r\n\"Group\"\r\n\"old\"\r\n\"new\"\r\n\"N\"\r\n\"Y\"\r\n";
-
-TEST_F(EndToEndTest, AProjectIsDefinedReopenedViewedBackedUpLostAndRestored) {
-  Started();
-  DefineProject();
-  FinishProject(BoxAnswer::No);
-  for (const char* directory : {"C:\\Param", "C:\\Data\\é x", "D:\\Bk"}) {
-    EXPECT_EQ(m_scratch.Get(JoinPath(directory, "L'Été 1.prm")), kOwnFile);
-    EXPECT_EQ(m_scratch.Has(JoinPath(directory, "Sdata")), std::string(directory) != "C:\\Param");
-  }
-
-  m_session.reset();  // the program ends, and starts again
-  Session& session = Started();
-  OpenProject(session, "C:\\Param\\L'Été 1.prm");
+TEST_F(EndToEndTest, AProjectIsViewedBackedUpLostAndRestored) {
+  Session& session = OpenStudy();
   session.ViewParameters();
-  const NewProjectWizard& wizard = session.Wizard();
-  for (int page = 1; page < NewProjectWizard::kPages; ++page) Next();
-  EXPECT_EQ(wizard.Text(WizardBox::Items) + wizard.Text(WizardBox::Backup), "6D:\\Bk");
-  EXPECT_TRUE(wizard.ShowsLuresIncluded() && wizard.Entries().RatedTests[1] && !wizard.Entries().RatedTests[0]);
-  EXPECT_EQ(wizard.Variables().LevelLabels(), (std::vector<std::string>{"1. old", "2. new"}));
   session.FinishWizard();
   EXPECT_EQ(session.Shown(), Screen::Main);
 
@@ -114,7 +57,7 @@ TEST_F(EndToEndTest, AProjectIsDefinedReopenedViewedBackedUpLostAndRestored) {
   session.CreateNewBackup();
   EXPECT_EQ(session.LocationTextsShown().Title, "New Backup Destination");
   session.SetLocationText("D:\\New");
-  Boxes.Expect(Create("D:\\New"));
+  Boxes.Expect({"'D:\\New' Directory does not exist.  Do you wish to create it?", BoxAnswer::Yes});
   Boxes.Expect({.Text = "The backup directory and files were successfully created.", .Icon = BoxIcon::Information});
   session.AcceptLocation();
   EXPECT_EQ(session.Shown(), Screen::Main);
@@ -140,23 +83,29 @@ TEST_F(EndToEndTest, AProjectIsDefinedReopenedViewedBackedUpLostAndRestored) {
 
   // From now on a new project's parameter file gets no copy in its backup directory.
   session.CreateNewProject();
-  m_scratch.MakeDirectory("D:\\Bk");
-  Type(WizardBox::Title, "Second");
-  Next();
-  Type(WizardBox::Primary, "C:\\Second");
-  Type(WizardBox::Backup, "D:\\Bk");
-  Next({Create("C:\\Second")});
-  Type(WizardBox::Tests, "1");
-  Type(WizardBox::Items, "3");
-  for (int page = 3; page < NewProjectWizard::kPages; ++page) Next();
-  FinishProject(BoxAnswer::No);
+  for (const char* directory : {"C:\\Second", "D:\\Bk"}) m_scratch.MakeDirectory(directory);
+  for (const auto& [box, text] : {std::pair(WizardBox::Title, "Second"),
+                                  {WizardBox::Primary, "C:\\Second"},
+                                  {WizardBox::Backup, "D:\\Bk"},
+                                  {WizardBox::Tests, "1"},
+                                  {WizardBox::Items, "3"}}) {
+    session.Wizard().SetText(box, text);
+  }
+  for (int page = 1; page < NewProjectWizard::kPages; ++page) session.Wizard().Next();
+  Boxes.Expect({.Text = "ZOVA will not allow you to make changes to the parameters once they are completed.  If you "
+                        "are not sure that the parameters are correct, please select the 'No' button and use the "
+                        "'Back' button to verify all of the parameters for your project.  If you are sure that the "
+                        "parameters are correct then select 'Yes'.  Are you sure these parameters are correct?",
+                .Answer = BoxAnswer::Yes,
+                .Title = "Warning"});
+  Boxes.Expect({"Do you want to continue by entering data for this project now?", BoxAnswer::Yes});
+  session.FinishWizard();
+  EXPECT_EQ(session.Shown(), Screen::Identification);
   EXPECT_TRUE(m_scratch.Has("C:\\Second\\Second.prm") && !m_scratch.Has("D:\\Bk\\Second.prm"));
 }
 
 TEST_F(EndToEndTest, OneSubjectIsInterruptedAndOneKeptUnfinished) {
-  Started();
-  DefineProject();
-  FinishProject(BoxAnswer::Yes);
+  OpenStudy().EnterSubjects();
   Identify("1", "2");
   Enter("4 1 1 2");
   m_session->Entry().Grid().Step(-1);  // Tab back: the minute was mistyped
@@ -214,15 +163,6 @@ TEST_F(EndToEndTest, OneSubjectIsInterruptedAndOneKeptUnfinished) {
     const Tree sdata = TreeOf(m_scratch.Native(JoinPath(directory, "Sdata")));
     EXPECT_EQ(sdata, (Tree{{"L'Été 1 Sub#1.dat", one}, {"L'Été 1 Sub#2.dat", two}})) << directory;
   }
-
-  MasterRequest request{.Selection = {}, .SubjectFileCount = 2, .Destination = "", .Order = {}};
-  request.Selection.SetDefaultMeasures(*m_session->OpenedProject());
-  for (const MeasureBox& box : AllMeasureBoxes()) request.Selection.Check(box.Which, box.Which == Measure::Basic);
-  ASSERT_TRUE(CreateMasters(*m_session->OpenedProject(), request, {m_disk, Boxes, m_progress}).Completed);
-  EXPECT_EQ(m_scratch.Get("C:\\Data\\é x\\L'Été 1 Master.txt"),
-            "Sub ID's, Group, Net(Test 1), Net(Test 2), Losses(Test 1 to 2), Gains(Test 1 to 2)\r\n"
-            "1,  2,  2,  1,  1,  0\r\n2,  1,  0,  0,  0,  0\r\n")
-      << "item 3 is a lure";
 }
 
 }  // namespace

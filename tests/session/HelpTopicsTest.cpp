@@ -7,7 +7,7 @@
 #include <regex>
 #include <set>
 
-#include "session/SessionFixture.h"
+#include "support/Scratch.h"
 
 namespace zova {
 namespace {
@@ -62,28 +62,6 @@ TEST(HelpTopics, EveryPlaceHasAPageOfItsOwn) {
     const std::string topic = HelpTopicFor(place);
     EXPECT_EQ(free.erase(topic), 1U) << "'" << topic << "' is no page, or that of two places";
   }
-}
-
-class HelpCommandTest : public testing::SessionTest {};
-
-TEST_F(HelpCommandTest, ItIsOpenedAtItsContentsAndAtTheScreenThatIsUp) {
-  Session& session = Started();
-  session.ShowTopics();
-  EXPECT_EQ(Help.Shown, "C:\\ZOVA\\ZOVA2.hlp#");
-  session.ShowScreenHelp();
-  EXPECT_EQ(Help.Shown, "C:\\ZOVA\\ZOVA2.hlp#main");
-  session.CreateNewProject();
-  session.Wizard().SetText(WizardBox::Title, "Birds");
-  session.Wizard().Next();
-  session.ShowScreenHelp();
-  EXPECT_EQ(Help.Shown, "C:\\ZOVA\\ZOVA2.hlp#wizard2");
-  Boxes.Expect({.Text = "This action will erase all of the entered parameters.  Are you sure you want to do this?",
-                .Answer = BoxAnswer::Yes,
-                .Title = "Warning"});
-  session.CancelWizard();
-  session.ChangeParamLocation();
-  session.ShowScreenHelp();
-  EXPECT_EQ(Help.Shown, "C:\\ZOVA\\ZOVA2.hlp#moveparam");
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 
+#include "project/ProjectFile.h"
 #include "session/Session.h"
 #include "support/FakePlatform.h"
 #include "support/Scratch.h"
@@ -15,6 +16,7 @@ namespace zova::testing {
 class SessionTest : public ::testing::Test {
  protected:
   static constexpr const char* kSetting = "Startup/ParamPath$";
+  static constexpr const char* kExample = "C:\\Param\\Example.prm";
 
   Session& Make() {
     m_session =
@@ -32,6 +34,14 @@ class SessionTest : public ::testing::Test {
   void OpenProject(Session& session, const std::string& path) {
     Dialogs.Answers.emplace_back(path);
     session.OpenExistingProject();
+  }
+
+  /// Started, with the example or another project in its place open.
+  Session& OpenExample(const ProjectParameters& project = ExampleProject("C:\\ZOVA")) {
+    m_scratch.Put(kExample, FormatProject(project, kCurrentMarker));
+    m_scratch.MakeDirectory("C:\\ZOVA\\Sample Data\\Sdata");
+    OpenProject(Started(), kExample);
+    return *m_session;
   }
 
   Scratch m_scratch;

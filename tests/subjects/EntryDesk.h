@@ -62,7 +62,8 @@ struct EntryDesk {
   /// 3e: 3, Enter. udlr: arrows; capitals extend the selection. tT: Tab. c: clicks line 5, column 3. n: shows the next
   /// test. i insert, x delete, + and - bump, z undo, y redo. f: done with the test, F: with all. s: saves as
   /// incomplete, q: Cancel, Q: the program ends, E: the screen opens again. ". :" one tick, eleven. o, O: Autosave off,
-  /// on. X, M: the Param directory vanishes, is back. N: nine others are unfinished.
+  /// on. X, M: the Param directory vanishes, is back. N: nine others are unfinished. W: the 12th call to the disk
+  /// fails.
   void PressOne(char key) {
     const std::string arrows = "udlrUDLR";
     if (const auto arrow = arrows.find(key); arrow != std::string::npos) {
@@ -94,6 +95,7 @@ struct EntryDesk {
       case 'O': return Entry.SetAutosave(true);
       case 'X': return static_cast<void>(std::filesystem::remove_all(Files.Native("C:\\Param")));
       case 'M': return Files.MakeDirectory("C:\\Param");
+      case 'W': return Layer.FailAt(12);
       case 'N':
         for (char i = '1'; i <= '9'; ++i) Files.Put(std::string("C:\\P\\Sdata\\Unfinished\\Ex") + i + ".dat", "");
         return;
@@ -145,10 +147,6 @@ struct EntryDesk {
 };
 
 using BoxTable = std::map<std::string, ExpectedBox>;
-
-inline ExpectedBox Told(const std::string& text, BoxIcon icon = BoxIcon::Exclamation) {
-  return {text, BoxAnswer::Ok, "", icon, BoxButtons::Ok};
-}
 
 /// Runs "setup; lists; keys; lists then; state; boxes" and looks at the shown test's lists and the grid's state; with
 /// "-" for "lists then" at the screen's state. Boxes are named as in the table; "?Y" (N, C, R) says Yes (No, Cancel,

@@ -11,6 +11,12 @@ namespace {
 
 const BoxTable kBoxes = {
     {"item", Told("The entered number was out of item range.")},
+    {"minute", Told("The entered number was out of minute range.")},
+    {"rating", Told("The entered number was out of the rating range.")},
+    {"no minutes", Told("You cannot enter minutes for this project.")},
+    {"no ratings", Told("You cannot enter ratings for this project.")},
+    {"no block", Told("The parameters do not allow ratings to be entered for this project.")},
+    {"fill", Told("You cannot fill the 'Recalled' column with all the same number.")},
     {"cell", Told("You cannot enter ratings for this test.")},
     {"block", Told("You cannot enter ratings on this test.")},
     {"only minutes.", Told("You can only select items in the 'Minute' column for this.")},
@@ -33,11 +39,12 @@ const BoxTable kBoxes = {
 }  // namespace
 
 TEST(EntryGrid, TakesOneCell) {
-  ExpectAll(kBoxes,
-            {"mr1; ; 3e4e5e; 3/4/5; @2,1*", "mr1; ; 5e; 5; @1,2*", "mr1; 2; 6e; 2; @1,1; item",
-             "mr1; 2; 65537e; 2; @1,1; item", "mr1; 2; 99999999999999999999e; 2; @1,1; item", "mr1; 2; e; 2; @1,1",
-             "mr1; ; a3.,e; 3; @1,2*", "mr1; 2/4; 2e; 2/4; @1,2", "mr1; 2/4; 00e; 0/4; @1,2*", "mr1; ; r9e; 0/9; @1,3*",
-             "mr1; ; rr7e; 0/0/7; @2,1*", "mr2; ; rr1e; ; @1,3; cell"});
+  ExpectAll(kBoxes, {"mr1; ; 3e4e5e; 3/4/5; @2,1*", "mr1; ; 5e; 5; @1,2*", "mr1; 2; 6e; 2; @1,1; item",
+                     "mr1; 2; 65537e; 2; @1,1; item", "mr1; 2; 99999999999999999999e; 2; @1,1; item",
+                     "mr1; 2; e; 2; @1,1", "mr1; ; a3.,e; 3; @1,2*", "mr1; 2/4; 2e; 2/4; @1,2",
+                     "mr1; 2/4; 00e; 0/4; @1,2*", "mr1; ; r9e; 0/9; @1,3*", "mr1; ; rr7e; 0/0/7; @2,1*",
+                     "mr2; ; rr1e; ; @1,3; cell", "mr1; ; r10e; ; @1,2; minute", "mr1; ; rr8e; ; @1,3; rating",
+                     "mr3; ; rr7e; 0/0/7; @2,1*", "r1; ; r1e; ; @1,2; no minutes", "m1; ; rr1e; ; @1,3; no ratings"});
 }
 
 TEST(EntryGrid, MovesOn) {
@@ -67,29 +74,44 @@ TEST(EntryGrid, MovesAndSelects) {
 }
 
 TEST(EntryGrid, FillsABlockOfOneColumn) {
-  ExpectAll(kBoxes, {"mr1; 1/1 2 3 4; rDD4e; 1/4 2/4 3/4 4; @3,2-1,2*", "mr1; 1/1 2/2; rD0e; 1 2; @2,2-1,2*",
-                     "mr1; 1/4 2/4; rD4e; 1/4 2/4; @2,2-1,2", "mrB1; ; ddrrU7e; 0 0/0/7 0/0/7; @2,3-3,3*",
-                     "mr2; ; rrD1e; ; @2,3-1,3; block", "mr3; ; rrD1e; ; @2,3-1,3; block", "mr1; ; De; ; @2,1-1,1",
-                     "mr1; ; Re; ; @1,2-1,1 b", "mr1; ; RD4e; ; @2,2-1,1 '4' b"});
+  ExpectAll(kBoxes,
+            {"mr1; 1/1 2 3 4; rDD4e; 1/4 2/4 3/4 4; @3,2-1,2*", "mr1; 1/1 2/2; rD0e; 1 2; @2,2-1,2*",
+             "mr1; 1/4 2/4; rD4e; 1/4 2/4; @2,2-1,2", "mrB1; ; ddrrU7e; 0 0/0/7 0/0/7; @2,3-3,3*",
+             "mr2; ; rrD1e; ; @2,3-1,3; block", "mr3; ; rrD1e; ; @2,3-1,3; block", "r1; ; rD1e; ; @2,2-1,2; no minutes",
+             "m1; ; rrD8e; ; @2,3-1,3; no block", "mr1; ; rD10e; ; @2,2-1,2; minute",
+             "mr1; ; rrD8e; ; @2,3-1,3; rating", "mr1; ; D1e; ; @2,1-1,1; fill", "mr1; ; De; ; @2,1-1,1",
+             "mr1; ; Re; ; @1,2-1,1 b", "mr1; ; RD4e; ; @2,2-1,1 '4' b"});
 }
 
 TEST(EntryGrid, InsertsDeletesAndBumps) {
-  ExpectAll(
-      kBoxes,
-      {"mr1; 1/1/1 2/2 3; dri; 1/1/1 0 2/2 3; @2,2*", "mr1; 1 2 3; dDDi; 1 0 2 3; @2,1*", "mr1; 1 2; ddi; 1 2; @3,1",
-       "mr1; 1 2 3 4 5/1; i; 1 2 3 4 5/1; @1,1; loss?N", "mr1; 1 2 3 4 5/1; ddddi; 1 2 3 4; @5,1*; loss?Y",
-       "mr1; 1/1 2 3/3 4; drx; 1/1 3/3 4; @2,2*", "mr1; 1 2 3 4 5; ddUUx; 4 5; @1,1*", "mr1; 1; ddDx; 1; @3,1",
-       "l1; 1; DDDDDDDDDx; ; @1,1*", "l1; 1; DDDDDDDDDDx; 1; @11,1-1,1; over 10?N",
-       "l1; 1; DDDDDDDDDDx; ; @1,1*; over 10?Y", "m1; 1/9 2/1 3; rDD+; 1/9 2/2 3/1; @3,2-1,2*",
-       "m1; 1/9 2/1 3; rDD-; 1/8 2 3; @3,2-1,2*", "m1; 1; r-; 1; @1,2*", "m1; 1/1; +; 1/1; @1,1; only minutes.",
-       "m1; 1/1; -; 1/1; @1,1; only minutes", "m1; 1/1; R+; 1/1; @1,2-1,1; only minutes.", "r1; 1; r+; 1; @1,2"});
+  ExpectAll(kBoxes, {"mr1; 1/1/1 2/2 3; dri; 1/1/1 0 2/2 3; @2,2*",
+                     "mr1; 1 2 3; dDDi; 1 0 2 3; @2,1*",
+                     "mr1; 1 2; ddi; 1 2; @3,1",
+                     "mr1; 1 2 3 4 5/1; i; 1 2 3 4 5/1; @1,1; loss?N",
+                     "mr1; 1 2 3 4 5/1; ddddi; 1 2 3 4; @5,1*; loss?Y",
+                     "mr1; 1/1 2 3/3 4; drx; 1/1 3/3 4; @2,2*",
+                     "mr1; 1 2 3 4 5; ddUUx; 4 5; @1,1*",
+                     "mr1; 1; ddDx; 1; @3,1",
+                     "l1; 1; DDDDDDDDDx; ; @1,1*",
+                     "l1; 1; DDDDDDDDDDx; 1; @11,1-1,1; over 10?N",
+                     "l1; 1; DDDDDDDDDDx; ; @1,1*; over 10?Y",
+                     "m1; 1/9 2/1 3; rDD+; 1/9 2/2 3/1; @3,2-1,2*",
+                     "m1; 1/9 2/1 3; rDD-; 1/8 2 3; @3,2-1,2*",
+                     "m1; 1; r-; 1; @1,2*",
+                     "m1; 1/32767 2; rD+; 1/32767 2/1; @2,2-1,2*",
+                     "m1; 1/32767; r-; 1/32766; @1,2*",
+                     "m1; 1 2 3 4 5; ddddx; 1 2 3 4; @5,1*",
+                     "m1; 1/1; +; 1/1; @1,1; only minutes.",
+                     "m1; 1/1; -; 1/1; @1,1; only minutes",
+                     "m1; 1/1; R+; 1/1; @1,2-1,1; only minutes.",
+                     "r1; 1; r+; 1; @1,2"});
 }
 
 TEST(EntryGrid, UndoesAndRedoesWhereItHappened) {
-  ExpectAll(kBoxes,
-            {"mr1; ; 3e4ez; 3; @1,2*", "mr1; ; 3e4ezz; ; @1,1*", "mr1; ; 3e4ezzyyy; 3/4; @1,2*",
-             "mr1; ; 3ez5ey; 5; @1,2*", "mr1; 3; zy; 3; @1,1", "mr1; 1/2; 2ez2e3ez; 2/2; @1,2*",
-             "mr1; 1 2 3 4 5; dDxz; 1 2 3 4 5; @2,1*", "mr1; ; 3en4ezz; ; @1,1*", "mr1; ; 3en4ezzyy; 4; @1,1*"});
+  ExpectAll(kBoxes, {"mr1; ; 3e4ez; 3; @1,2*", "mr1; ; 3e4ezz; ; @1,1*", "mr1; ; 3e4ezzyyy; 3/4; @1,2*",
+                     "mr1; ; 3ez5ey; 5; @1,2*", "mr1; 3; zy; 3; @1,1", "mr1; ; 3ez0ey; 3; @1,1*",
+                     "mr1; 1/2; 2ez2e3ez; 2/2; @1,2*", "mr1; 1 2 3 4 5; dDxz; 1 2 3 4 5; @2,1*",
+                     "mr1; ; 3en4ezz; ; @1,1*", "mr1; ; 3en4ezzyy; 4; @1,1*"});
 }
 
 TEST(EntryGrid, CopiesAndPastesWhole) {

@@ -33,6 +33,7 @@ const BoxTable kBoxes = {
       .Buttons = BoxButtons::YesNo,
       .Default = BoxAnswer::Yes,
       .Title = "Warning"}},
+    {"full", {std::make_error_code(std::errc::no_space_on_device).message(), BoxAnswer::Cancel}},
     {"path", {"Path not found.  Please verify that the correct disk is in the drive.", BoxAnswer::Cancel, "Temp.txt"}}};
 
 }  // namespace
@@ -82,6 +83,9 @@ TEST(SubjectEntry, EndsInEveryWay) {
                      "2r1; ; qfFsqQO.z; -; left",
                      "1r1; ; fqE; -; Done with Test 1 @1,1 0",
                      "1r1; ; f; -; Test 1 Review @1,1 0",
+                     "2r1; 1/0/1 | 2; s2e.WF; -; Done with Test 1 @1,3* 1 N; kept, full?C",
+                     "2r1; ; 2e.Ws; -; Done with Test 1 @1,3* 1; full?C",
+                     "2r1; 1/0/1 | 2; WFF; -; left; full?C, saved",
                      "2r1; ; 3eqEz; -; Done with Test 1 @1,1 0; lose?Y",
                      "2r1; ; X:MqE:; -; Done with Test 1 @1,1 0 A; path?C"});
 }
@@ -108,36 +112,5 @@ TEST(SubjectEntry, AutosavesOnTheEleventhTick) {
     EXPECT_EQ(desk.State(), autosave == "O" ? "Done with Test 1 @1,1* 0 A" : "Done with Test 1 @1,1*");
     if (autosave == "o") continue;
     EXPECT_EQ(desk.Files.Get("C:\\Param\\Temp.txt"), FormatAutosave(desk.Record, desk.Project));
-  }
-}
-
-TEST(SubjectEntry, StaysAsItIsWhenASaveIsGivenUp) {
-  for (const std::string save : {"F", "s"}) {
-    int givenUp = 0;
-    bool failed = true;
-    for (int n = 1; failed; ++n) {
-      SCOPED_TRACE(save + std::to_string(n));
-      AnsweringBoxes boxes(BoxAnswer::Cancel);
-      EntryDesk desk(boxes, "2r1", "0/0/1 | 2");
-      desk.Press("s1e.");
-      const std::string state = desk.State();
-      const std::string note = desk.Record.UnfinishedNote;
-      const std::string content = FormatSubject(desk.Record, desk.Project);
-      boxes.Texts.clear();
-      desk.Layer.FailAt(n);
-      desk.Press(save);
-      failed = desk.Layer.HasFailed();
-      desk.Layer.FailNever();
-      if (boxes.Texts.back().find("saved") == std::string::npos) {
-        ++givenUp;
-        desk.Ended.UnfinishedEmptied = false;  // told as soon as it is so
-        EXPECT_EQ(desk.State(), state);
-        EXPECT_EQ(desk.Record.UnfinishedNote, note);
-        EXPECT_EQ(FormatSubject(desk.Record, desk.Project), content);
-        desk.Press(save);
-      }
-      EXPECT_EQ(boxes.Texts.back(), kBoxes.at(save == "F" ? "saved" : "kept").Text);
-    }
-    EXPECT_GT(givenUp, 20);
   }
 }

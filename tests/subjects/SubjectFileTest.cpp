@@ -2,8 +2,7 @@
 
 #include "subjects/SubjectFile.h"
 
-#include <gtest/gtest.h>
-
+#include "scoring/Examples.h"
 #include "subjects/SubjectFiles.h"
 #include "support/Scratch.h"
 
@@ -18,9 +17,7 @@ const std::string kLists = "\"Group\",2\r\n1,5,1,3\r\n2,2,1,4\r\n3,0,0,0\r\n1,5,
 const std::string kExample = kHeader + kLists;
 
 ProjectParameters GroupProject(const std::string& marker = "VB Version") {
-  ProjectParameters project;
-  project.TestCount = 2;
-  project.ItemCount = 3;
+  ProjectParameters project = MakeProject({.Tests = 2, .Items = 3});
   project.VariableCount = 1;
   project.VariableNames[0] = "Group";
   project.Abbreviation = "Exp";
@@ -33,12 +30,7 @@ SubjectRecord ExampleSubject(bool rated = true) {
   SubjectRecord record;
   record.SubjectId = "12";
   record.Levels[0] = 2;
-  ResetLists(record, GroupProject());
-  record.Lists.At(1, 1) = {5, 1, static_cast<std::int16_t>(rated ? 3 : 0)};
-  record.Lists.At(1, 2) = {2, 1, static_cast<std::int16_t>(rated ? 4 : 0)};
-  record.Lists.At(2, 1) = {5, 2, static_cast<std::int16_t>(rated ? 3 : 0)};
-  record.Lists.RecallCount(1) = 2;
-  record.Lists.RecallCount(2) = 1;
+  record.Lists = MakeLists(GroupProject(), rated ? "5/1/3 2/1/4 | 5/2/3" : "5/1 2/1 | 5/2");
   return record;
 }
 

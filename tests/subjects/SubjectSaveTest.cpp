@@ -2,10 +2,9 @@
 //
 // Saving a subject: what it leaves on the disk, with every single call failing, and with the program killed.
 
-#include <gtest/gtest.h>
-
 #include <set>
 
+#include "scoring/Examples.h"
 #include "subjects/SubjectFile.h"
 #include "subjects/SubjectFiles.h"
 #include "support/FailingFileLayer.h"
@@ -25,22 +24,17 @@ using namespace zova::testing;
 namespace {
 
 ProjectParameters Project(const std::string& backup = "D:\\B") {
-  ProjectParameters project;
-  project.TestCount = 1;
-  project.ItemCount = 20;
+  ProjectParameters project = MakeProject({.Tests = 1, .Items = 20});
   project.Abbreviation = "Ex";
   project.PrimaryDir = "C:\\P";
   project.BackupDir = backup;
-  project.FormatMarker = "VB Version";
   return project;
 }
 
 SubjectRecord Subject(std::int16_t item, const std::string& note = "") {
   SubjectRecord record;
   record.SubjectId = "a1";
-  ResetLists(record, Project());
-  record.Lists.At(1, 1).Item = item;
-  record.Lists.RecallCount(1) = 1;
+  record.Lists = MakeLists(Project(), std::to_string(item));
   record.UnfinishedNote = note;
   record.HasUnsavedChanges = true;
   return record;

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <deque>
+#include <functional>
 #include <map>
 #include <optional>
 #include <string>
@@ -17,11 +18,13 @@
 namespace zova::testing {
 
 /// File dialogs that are answered as listed; one that is not expected fails the test, and so does an answer left over.
+/// `Meanwhile` happens in a dialog's event loop.
 class ScriptedChoosers final : public Choosers {
  public:
   ~ScriptedChoosers() override { EXPECT_TRUE(Answers.empty()) << "a file dialog was never shown"; }
   std::optional<std::string> ChooseFile(const FileQuestion& question) override {
     Questions.push_back(question);
+    if (Meanwhile) Meanwhile();
     if (Answers.empty()) {
       ADD_FAILURE() << "unexpected file dialog: " << question.Title;
       return std::nullopt;
@@ -33,6 +36,7 @@ class ScriptedChoosers final : public Choosers {
   std::optional<std::string> ChooseNewFile(const FileQuestion& question) override { return ChooseFile(question); }
   std::deque<std::optional<std::string>> Answers;
   std::vector<FileQuestion> Questions;
+  std::function<void()> Meanwhile;
 };
 
 class FakeSettings final : public SettingsStore {

@@ -23,6 +23,11 @@ struct ExpectedBox {
   std::string Title = "ZOVA";
 };
 
+/// A box that only tells.
+inline ExpectedBox Told(const std::string& text, BoxIcon icon = BoxIcon::Exclamation) {
+  return {text, BoxAnswer::Ok, "", icon, BoxButtons::Ok};
+}
+
 /// Message boxes that must be shown exactly as listed: a box that is not expected, one with another text, an answer
 /// that the box does not offer, and one never shown fail the test.
 class ScriptedBoxes final : public MessageBoxes {
