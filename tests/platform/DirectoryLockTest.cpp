@@ -4,6 +4,13 @@
 
 #include "support/Scratch.h"
 
+#ifndef _WIN32
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
+#endif
+
 using namespace zova;
 using namespace zova::testing;
 
@@ -43,4 +50,22 @@ TEST(DirectoryLock, GoesByTheDirectoryItself) {
   EXPECT_EQ(second.Acquire(param), Outcome::Unavailable) << "read-only";
 }
 
+TEST(DirectoryLock, EndsWithAKilledProgram) {
+  const Scratch scratch;
+  int ready[2] = {};
+  ASSERT_EQ(pipe(ready), 0);
+  DirectoryLock lock;
+  const pid_t child = fork();
+  if (child == 0) {
+    lock.Acquire(scratch.Root());
+    if (write(ready[1], "y", 1) == 1) pause();
+    _exit(1);
+  }
+  char answer = 0;
+  EXPECT_EQ(read(ready[0], &answer, 1), 1);
+  EXPECT_EQ(lock.Acquire(scratch.Root()), Outcome::InUse);
+  ASSERT_EQ(kill(child, SIGKILL), 0);
+  ASSERT_EQ(waitpid(child, nullptr, 0), child);
+  EXPECT_EQ(lock.Acquire(scratch.Root()), Outcome::Held);
+}
 #endif
