@@ -46,10 +46,9 @@ std::vector<Drawn> FirstFamily(const MeansTable& means, std::size_t& others) {
   return family;
 }
 
-std::string NoteOf(std::size_t others) {
-  if (others == 0) return {};
-  return others == 1 ? "1 chosen measure of another kind is not in the plot."
-                     : std::to_string(others) + " chosen measures of other kinds are not in the plot.";
+void AddToNote(std::size_t count, const char* one, const char* several, std::string& note) {
+  if (count == 0) return;
+  note.append(note.empty() ? "" : "  ").append(std::to_string(count)).append(count == 1 ? one : several);
 }
 
 std::string TestText(const MeasureName& name) { return "test " + std::to_string(name.Test); }
@@ -107,26 +106,52 @@ std::vector<const MeansCell*> DrawnCells(const MeansTable& means) {
   return cells;
 }
 
-void DropNameOfOnly(std::vector<PlotSeries>& series) {
-  if (series.size() == 1) series.front().Name.clear();
-}
+// The series of a plot along the first variable's levels: the combinations of the other levels, in the order of those
+// also where the first level lacks some.
+class SeriesOfOthers {
+ public:
+  SeriesOfOthers(const MeansTable& means, const std::vector<const MeansCell*>& cells) : m_means(means) {
+    for (const MeansCell* cell : cells) m_places.emplace(KeyOf(*cell), 0);
+    std::size_t next = 0;
+    for (auto& [key, place] : m_places) place = next++;
+  }
 
-// One measure along the levels of the first variable.
-PlotPicture ByLevels(const MeansTable& means, const Drawn& drawn) {
+  [[nodiscard]] std::size_t Count() const { return m_places.size(); }
+  [[nodiscard]] std::size_t At(const MeansCell& cell) const { return m_places.find(KeyOf(cell))->second; }
+
+ private:
+  using Key = std::vector<std::ptrdiff_t>;
+
+  [[nodiscard]] Key KeyOf(const MeansCell& cell) const {
+    Key key;
+    for (std::size_t variable = 1; variable < cell.Levels.size(); ++variable) {
+      const Names& levels = m_means.LevelNames[variable];
+      key.push_back(std::find(levels.begin(), levels.end(), cell.Levels[variable]) - levels.begin());
+    }
+    return key;
+  }
+
+  const MeansTable& m_means;
+  std::map<Key, std::size_t> m_places;
+};
+
+// One measure along the levels of the first variable; `empty` counts the cells without values.
+PlotPicture ByLevels(const MeansTable& means, const Drawn& drawn, std::size_t& empty) {
   PlotPicture picture;
   picture.HasLines = false;
   picture.YLabel = YLabelOf(drawn.Name, PlaceText(drawn.Name));
   if (!means.Variables.empty()) picture.XLabel = means.Variables.front();
-  std::map<Names, std::size_t> places;  // of the series
-  for (const MeansCell* cell : DrawnCells(means)) {
+  const std::vector<const MeansCell*> cells = DrawnCells(means);
+  const SeriesOfOthers places(means, cells);
+  picture.Series.resize(places.Count());
+  for (const MeansCell* cell : cells) {
     const std::string level = cell->Levels.empty() ? "All" : cell->Levels.front();
     if (picture.Ticks.empty() || picture.Ticks.back() != level) picture.Ticks.push_back(level);
-    const Names others = LevelsFrom(means, *cell, 1);
-    const auto [place, isNew] = places.emplace(others, picture.Series.size());
-    if (isNew) picture.Series.emplace_back().Name = Joined(others, ", ");
-    AddPoint(picture.Series[place->second], static_cast<double>(picture.Ticks.size()), cell->Measures[drawn.Column]);
+    PlotSeries& series = picture.Series[places.At(*cell)];
+    series.Name = Joined(LevelsFrom(means, *cell, 1), ", ");
+    if (!cell->Measures[drawn.Column].Mean) ++empty;
+    AddPoint(series, static_cast<double>(picture.Ticks.size()), cell->Measures[drawn.Column]);
   }
-  DropNameOfOnly(picture.Series);
   return picture;
 }
 
@@ -219,8 +244,8 @@ void AddSeries(const MeansTable& means, const MeansCell& cell, const std::vector
   }
 }
 
-// Several measures of one family, along what they differ in.
-PlotPicture AlongAxis(const MeansTable& means, std::vector<Drawn> family) {
+// Several measures of one family, along what they differ in; `empty` counts the lines without values.
+PlotPicture AlongAxis(const MeansTable& means, std::vector<Drawn> family, std::size_t& empty) {
   PlotPicture picture;
   picture.YLabel = YLabelOf(family.front().Name, TakeCommonPlace(family));
   std::sort(family.begin(), family.end(),
@@ -230,7 +255,7 @@ PlotPicture AlongAxis(const MeansTable& means, std::vector<Drawn> family) {
   picture.Ticks = axis.Ticks();
   picture.HasLines = axis.HasLines();
   for (const MeansCell* cell : DrawnCells(means)) AddSeries(means, *cell, family, axis, picture.Series);
-  DropNameOfOnly(picture.Series);
+  for (const PlotSeries& series : picture.Series) empty += series.Points.empty() ? 1 : 0;
   return picture;
 }
 
@@ -240,8 +265,14 @@ PlotPicture PictureOf(const MeansTable& means) {
   std::size_t others = 0;
   const std::vector<Drawn> family = FirstFamily(means, others);
   if (family.empty()) return {};
-  PlotPicture picture = family.size() == 1 ? ByLevels(means, family.front()) : AlongAxis(means, family);
-  picture.Note = NoteOf(others);
+  std::size_t empty = 0;
+  PlotPicture picture = family.size() == 1 ? ByLevels(means, family.front(), empty) : AlongAxis(means, family, empty);
+  std::erase_if(picture.Series, [](const PlotSeries& series) { return series.Points.empty(); });
+  AddToNote(others, " chosen measure of another kind is not in the plot.",
+            " chosen measures of other kinds are not in the plot.", picture.Note);
+  if (picture.Series.empty()) return picture;
+  AddToNote(empty, " combination without values is not in the plot.",
+            " combinations without values are not in the plot.", picture.Note);
   return picture;
 }
 

@@ -17,9 +17,9 @@ struct PlotPoint {
 };
 
 struct PlotSeries {
-  std::string Name;               ///< for the legend; "" when there is just one
+  std::string Name;               ///< for the legend; "" when neither levels nor tests tell it apart
   bool IsDashed = false;          ///< a smoothed curve beside the observed one
-  std::vector<PlotPoint> Points;  ///< ascending; a cell without values has none
+  std::vector<PlotPoint> Points;  ///< ascending; in a means picture never empty
 };
 
 struct PlotPicture {
@@ -34,7 +34,8 @@ struct PlotPicture {
 /// The picture of a means table. One measure: the means of the cells, the first variable's levels along the axis and a
 /// series per combination of the others. Several of one family: lines along the family's axis (tests, pairs of tests,
 /// minutes, patterns, lures), a series per cell, and per test where the axis lies within tests. The total is drawn only
-/// when there is no other cell. Measures of further families are left out, and told in the note.
+/// when there is no other cell. Measures of further families and cells without values are left out, and told in the
+/// note.
 PlotPicture PictureOf(const MeansTable& means);
 
 }  // namespace zova

@@ -200,6 +200,7 @@ MeansTable ComputeMeans(const MasterTable& table, const MeansRequest& request, c
     means.Variables.push_back(table.Variables[variable]);
     variables.push_back(LevelsOf(table, variable));
     NameLevels(variables.back(), project, project != nullptr ? VariableOf(*project, table, variable) : std::nullopt);
+    means.LevelNames.push_back(variables.back().Names);
   }
   if (!variables.empty()) AppendCells(table, request, variables, means.Cells);
   OpenCell all(table, request);

@@ -29,6 +29,7 @@ struct MeansTable {
   /// Combinations in ascending order of the level numbers, the first variable slowest; the total last. Just the total
   /// without variables; nothing but it, with n = 0, for a master without rows.
   std::vector<MeansCell> Cells;
+  std::vector<std::vector<std::string>> LevelNames{};  ///< as Variables: the levels that occur, in ascending order
 };
 
 /// One pass over the rows. `project` gives the levels their names when the master is its own, else null: then levels,

@@ -89,7 +89,23 @@ TEST(MeansPlot, NothingToDraw) {
   EXPECT_EQ(Described(PictureOf(MeansTable{})), "; ; |");
   const auto none = ParseMaster("Sub ID's, Sex, Net(Test 1)", "");
   EXPECT_EQ(Described(PictureOf(ComputeMeans(*none, {{0}, {0}}, nullptr))),
-            "Sex; Net recall, test 1 (items); All . []");
+            "Sex; Net recall, test 1 (items); All .");
+}
+
+TEST(MeansPlot, SeriesKeepTheirNamesAndTheOrderOfTheLevels) {
+  const auto pictureOf = [](const std::string& rows, const MeansRequest& request, const std::vector<std::size_t>& uncomputed) {
+    auto table = *ParseMaster("Sub ID's, Age, Sex, ArcScore(Test 1), ArcScore(Test 2)\r\n" + rows, "");
+    for (const std::size_t row : uncomputed) table.Uncomputed[2 * row] = table.Uncomputed[2 * row + 1] = true;
+    return Described(PictureOf(ComputeMeans(table, request, nullptr)));
+  };
+  const std::string rows = "1, 1, 2, 5, 6\r\n2, 2, 10, 7, 8\r\n3, 2, 1, 3, 4\r\n";
+  const std::string byAge = "Age; Adjusted ratio of clustering (ARC), test 1; ";
+  EXPECT_EQ(pictureOf(rows, {{0}, {0, 1}}, {}), byAge + "1 2 . [Sex 1 2=3~] [Sex 2 1=5~] [Sex 10 2=7~]");
+  EXPECT_EQ(pictureOf(rows, {{0}, {0, 1}, true}, {0, 1}),
+            byAge + "1 2 . [Sex 1 2=3~]2 combinations without values are not in the plot.");
+  EXPECT_EQ(pictureOf(rows, {{0, 1}, {1}, true}, {0, 2}),
+            "Test; Adjusted ratio of clustering (ARC); 1 2 | [Sex 10 1=7~ 2=8~]"
+            "2 combinations without values are not in the plot.");
 }
 
 TEST(MeansPlot, SerialPositions) {
