@@ -24,7 +24,7 @@ constexpr double kCmPerInch = 2.54;
 constexpr int kDotsPerInch = 96;  // of the layout; formats scale it
 constexpr int kPixelsPerInch = 300;
 constexpr int kFontPixels = 12;
-constexpr int kLegendRows = 16;
+constexpr int kLegendPages = 4;  // heights of a figure that its legend takes at most
 
 // Dark enough for white paper, and apart from each other for colour-blind readers (Okabe and Ito 2008).
 constexpr QRgb kColors[] = {0x000000, 0x0072b2, 0xc04a00, 0x00795a, 0x8a4a7c, 0x555555};
@@ -33,10 +33,20 @@ struct Symbol {
   QCPScatterStyle::ScatterShape Shape;
   bool IsFilled;
 };
-constexpr Symbol kSymbols[] = {{QCPScatterStyle::ssCircle, true},   {QCPScatterStyle::ssSquare, false},
-                               {QCPScatterStyle::ssTriangle, true}, {QCPScatterStyle::ssDiamond, false},
-                               {QCPScatterStyle::ssSquare, true},   {QCPScatterStyle::ssCircle, false},
-                               {QCPScatterStyle::ssDiamond, true}};
+// The most different ones first. In black and white they alone tell separate means apart.
+constexpr Symbol kSymbols[] = {{QCPScatterStyle::ssCircle, true},
+                               {QCPScatterStyle::ssSquare, false},
+                               {QCPScatterStyle::ssTriangle, true},
+                               {QCPScatterStyle::ssDiamond, false},
+                               {QCPScatterStyle::ssSquare, true},
+                               {QCPScatterStyle::ssCircle, false},
+                               {QCPScatterStyle::ssDiamond, true},
+                               {QCPScatterStyle::ssTriangle, false},
+                               {QCPScatterStyle::ssTriangleInverted, true},
+                               {QCPScatterStyle::ssCross, false},
+                               {QCPScatterStyle::ssTriangleInverted, false},
+                               {QCPScatterStyle::ssCrossCircle, false},
+                               {QCPScatterStyle::ssCrossSquare, false}};
 
 template <typename Item, std::size_t N>
 const Item& InTurn(const Item (&items)[N], std::size_t index) {
@@ -70,8 +80,20 @@ double OffsetOf(const PlotPicture& picture, std::size_t index, double room) {
   return HasIntervals(picture) ? (static_cast<double>(index) - (count - 1) / 2) * step : 0;
 }
 
+// In lines of about the same length when it is longer than `room`.
+QString Wrapped(const QString& text, const QFontMetricsF& metrics, double room) {
+  if (metrics.horizontalAdvance(text) <= room) return text;
+  qsizetype cut = -1;
+  for (qsizetype blank = text.indexOf(' '); blank >= 0; blank = text.indexOf(' ', blank + 1)) {
+    if (cut < 0 || std::abs(2 * blank - text.size()) < std::abs(2 * cut - text.size())) cut = blank;
+  }
+  if (cut < 0) return text;
+  return Wrapped(text.left(cut), metrics, room) + '\n' + Wrapped(text.mid(cut + 1), metrics, room);
+}
+
 // Takes the range of what is drawn, in which 0 always is.
-void AddSeries(QCustomPlot& plot, const PlotPicture& picture, double fontSize, QCPRange& range) {
+void AddSeries(QCustomPlot& plot, const PlotPicture& picture, const QFont& font, double fontSize, QCPRange& range) {
+  const QFontMetricsF metrics(font);
   const double symbols = plot.viewport().width() * 0.7 / fontSize;
   const double room = symbols / static_cast<double>(std::max<std::size_t>(1, picture.Ticks.size()));
   std::size_t smoothed = 0;
@@ -86,12 +108,10 @@ void AddSeries(QCustomPlot& plot, const PlotPicture& picture, double fontSize, Q
       range.expand(point.Y + point.HalfWidth.value_or(0));
     }
     QCPGraph* graph = plot.addGraph();
-    graph->setName(ToQt(series.Name));
-    if (picture.Series.size() == 1) graph->removeFromLegend();
+    graph->setName(Wrapped(ToQt(series.Name), metrics, plot.viewport().width() - fontSize * 6));
     graph->setData(places, means, true);
     Style(*graph, picture, series, series.IsDashed ? smoothed++ : index - smoothed, fontSize);
     auto* intervals = new QCPErrorBars(plot.xAxis, plot.yAxis);
-    intervals->removeFromLegend();
     intervals->setDataPlottable(graph);
     intervals->setData(halves);
     intervals->setPen(QPen(graph->pen().color(), fontSize / 12));
@@ -100,14 +120,12 @@ void AddSeries(QCustomPlot& plot, const PlotPicture& picture, double fontSize, Q
   }
 }
 
-// In two lines when one is longer than the axis.
-QString Wrapped(const QString& text, const QFontMetricsF& metrics, double room) {
-  if (metrics.horizontalAdvance(text) <= room) return text;
-  qsizetype cut = -1;
-  for (qsizetype blank = text.indexOf(' '); blank >= 0; blank = text.indexOf(' ', blank + 1)) {
-    if (cut < 0 || std::abs(2 * blank - text.size()) < std::abs(2 * cut - text.size())) cut = blank;
-  }
-  return cut < 0 ? text : text.left(cut) + '\n' + text.mid(cut + 1);
+// Half a step at both ends of the axis, or what a whole symbol takes where steps are small.
+void FitRange(QCustomPlot& plot, const PlotPicture& picture, double fontSize) {
+  const auto count = static_cast<double>(picture.Ticks.size());
+  const double symbol = fontSize * count / std::max(1, plot.axisRect()->width());
+  const double room = std::max(0.5, 0.35 + symbol);
+  plot.xAxis->setRange(1 - room, count + room);
 }
 
 // Texts that do not fit side by side stand upright; of those that do not fit upright either, each second, fifth, tenth
@@ -115,7 +133,7 @@ QString Wrapped(const QString& text, const QFontMetricsF& metrics, double room) 
 void FitTicks(QCustomPlot& plot, const PlotPicture& picture) {
   const QFontMetricsF metrics(plot.xAxis->tickLabelFont());
   const auto count = static_cast<double>(picture.Ticks.size());
-  const double room = plot.axisRect()->width() / std::max(1.0, count);
+  const double room = plot.axisRect()->width() / plot.xAxis->range().size();
   double widest = 0;
   bool isNumber = true;
   for (const std::string& tick : picture.Ticks) {
@@ -149,52 +167,61 @@ void PrepareAxis(QCPAxis& axis, const QFont& font, const std::string& label) {
 
 void ShowNote(QCustomPlot& plot, const PlotPicture& picture, const QFont& font) {
   auto* note = new QCPItemText(&plot);
-  note->setClipToAxisRect(false);
   note->position->setType(QCPItemPosition::ptViewportRatio);
   note->position->setCoords(0.5, 0.5);
   note->setText(ToQt(picture.Note));
   note->setFont(font);
 }
 
+enum class Page { View, Figure };
+
+// Where the legend stands below the axes, a figure grows by it; in a view the axes keep half of the height with their
+// texts, and a third without. Their room must have been laid out.
+void FitLegend(QCustomPlot& plot, PlotLegend& legend, Page page) {
+  const QRect view = plot.viewport();
+  if (page == Page::Figure) {
+    legend.Fit(view.height() * kLegendPages, PlotView::tr("%1 more names do not fit here."));
+    return plot.setViewport(view.adjusted(0, 0, 0, legend.Height()));
+  }
+  const QCPAxisRect& axes = *plot.axisRect();
+  const int texts = axes.outerRect().height() - axes.height();
+  legend.Fit(std::min(view.height() / 2, view.height() * 2 / 3 - texts),
+             PlotView::tr("%1 more names are in the saved plot."));
+}
+
+void FitAxes(QCustomPlot& plot, const PlotPicture& picture, const QFont& font, double fontSize) {
+  plot.replot(QCustomPlot::rpQueuedRefresh);
+  const QFontMetricsF metrics(font);
+  plot.xAxis->setLabel(Wrapped(ToQt(picture.XLabel), metrics, plot.axisRect()->width()));
+  plot.yAxis->setLabel(Wrapped(ToQt(picture.YLabel), metrics, plot.axisRect()->height()));
+  FitRange(plot, picture, fontSize);
+  FitTicks(plot, picture);
+}
+
 // Lays the picture out anew; `fontSize` is the height of its letters in pixels.
-void DrawPicture(QCustomPlot& plot, const PlotPicture& picture, const QFont& font, double fontSize) {
+void DrawPicture(QCustomPlot& plot, PlotLegend& legend, const PlotPicture& picture, const QFont& font, double fontSize,
+                 Page page) {
   plot.clearItems();
+  plot.legend->clearItems();  // at once, not one by one with what they name
   plot.clearPlottables();
   QCPRange range(0, 0);
-  AddSeries(plot, picture, fontSize, range);
+  AddSeries(plot, picture, font, fontSize, range);
+  legend.Arrange(font, fontSize);
   const bool isEmpty = picture.Series.empty();
   for (QCPAxis* axis : plot.axisRect()->axes())
     axis->setVisible(!isEmpty && (axis == plot.xAxis || axis == plot.yAxis));
-  plot.legend->setVisible(picture.Series.size() > 1);
   if (isEmpty) return ShowNote(plot, picture, font);
-  plot.legend->setFont(font);
-  plot.legend->setBorderPen(Qt::NoPen);
-  plot.legend->setIconSize(static_cast<int>(fontSize * 3), static_cast<int>(fontSize));
-  plot.legend->setWrap(kLegendRows);
   const double margin = range.size() > 0 ? range.size() * 0.05 : 0.5;
   plot.yAxis->setRange(range.lower < 0 ? range.lower - margin : 0, range.upper + margin);
-  plot.xAxis->setRange(0.5, static_cast<double>(picture.Ticks.size()) + 0.5);
   PrepareAxis(*plot.xAxis, font, picture.XLabel);
   PrepareAxis(*plot.yAxis, font, picture.YLabel);
   plot.yAxis->grid()->setVisible(range.lower < 0);  // its line at 0 alone
   plot.yAxis->grid()->setPen(Qt::NoPen);
-  plot.replot(QCustomPlot::rpImmediateRefresh);
-  const QFontMetricsF metrics(font);
-  plot.xAxis->setLabel(Wrapped(ToQt(picture.XLabel), metrics, plot.axisRect()->width()));
-  plot.yAxis->setLabel(Wrapped(ToQt(picture.YLabel), metrics, plot.axisRect()->height()));
-  FitTicks(plot, picture);
-}
-
-// The legend stands to the right of the axes, at the top, and takes no more room than it needs.
-void PreparePlot(QCustomPlot& plot) {
-  auto* side = new QCPLayoutGrid;
-  plot.plotLayout()->addElement(0, 1, side);
-  plot.plotLayout()->setColumnStretchFactor(1, 0.001);
-  side->addElement(0, 0, plot.legend);
-  side->addElement(1, 0, new QCPLayoutElement(&plot));
-  side->setRowStretchFactor(0, 0.001);
-  plot.legend->setFillOrder(QCPLegend::foRowsFirst);
-  plot.axisRect()->setupFullAxesBox(false);
+  FitAxes(plot, picture, font, fontSize);
+  if (!legend.IsBelow()) return;
+  plot.replot(QCustomPlot::rpQueuedRefresh);
+  FitLegend(plot, legend, page);
+  FitAxes(plot, picture, font, fontSize);
 }
 
 void Paint(QCustomPlot& plot, QPaintDevice& device, double scale) {
@@ -210,17 +237,17 @@ void Paint(QCustomPlot& plot, QPaintDevice& device, double scale) {
 
 }  // namespace
 
-PlotView::PlotView(const char* name) {
+PlotView::PlotView(const char* name) : m_legend(*this) {
   setObjectName(QString::fromLatin1(name));
   setAccessibleName(tr("Plot of Means"));
   setMinimumSize(fontMetrics().averageCharWidth() * 40, fontMetrics().height() * 12);
-  PreparePlot(*this);
+  axisRect()->setupFullAxesBox(false);
 }
 
 void PlotView::ShowPicture(const PlotPicture& picture) {
   m_picture = picture;
-  DrawPicture(*this, m_picture, font(), fontMetrics().height() * 0.75);
-  replot(QCustomPlot::rpQueuedReplot);
+  DrawPicture(*this, m_legend, m_picture, font(), fontMetrics().height() * 0.75, Page::View);
+  replot(QCustomPlot::rpQueuedRefresh);
 }
 
 void PlotView::resizeEvent(QResizeEvent* event) {
@@ -230,20 +257,22 @@ void PlotView::resizeEvent(QResizeEvent* event) {
 
 QByteArray RenderPicture(const PlotPicture& picture, PlotFormat format) {
   const auto dots = [](double cm, int perInch) { return static_cast<int>(std::lround(cm / kCmPerInch * perInch)); };
-  const QSize size(dots(kWidthInCm, kDotsPerInch), dots(kHeightInCm, kDotsPerInch));
   QCustomPlot plot;
-  PreparePlot(plot);
-  plot.setViewport(QRect(QPoint(), size));
+  PlotLegend legend(plot);
+  plot.axisRect()->setupFullAxesBox(false);
+  plot.setViewport(QRect(0, 0, dots(kWidthInCm, kDotsPerInch), dots(kHeightInCm, kDotsPerInch)));
   QFont font(plot.font());
   font.setPixelSize(kFontPixels);  // the same on every device
-  DrawPicture(plot, picture, font, kFontPixels);
+  DrawPicture(plot, legend, picture, font, kFontPixels, Page::Figure);
+  const QSize size = plot.viewport().size();
+  const double grownCm = legend.Height() * kCmPerInch / kDotsPerInch;
   QByteArray bytes;
   QBuffer buffer(&bytes);
   buffer.open(QIODevice::WriteOnly);
   switch (format) {
     case PlotFormat::Pdf: {
       QPdfWriter device(&buffer);
-      device.setPageSize(QPageSize(QSizeF(kWidthInCm * 10, kHeightInCm * 10), QPageSize::Millimeter));
+      device.setPageSize(QPageSize(QSizeF(kWidthInCm, kHeightInCm + grownCm) * 10, QPageSize::Millimeter));
       device.setPageMargins({});
       Paint(plot, device, static_cast<double>(device.logicalDpiX()) / kDotsPerInch);
       break;

@@ -3,6 +3,7 @@
 
 #include <qcustomplot.h>
 
+#include "app/PlotLegend.h"
 #include "means/MeansPlot.h"
 
 namespace zova {
@@ -23,9 +24,11 @@ class PlotView : public QCustomPlot {
 
  private:
   PlotPicture m_picture;
+  PlotLegend m_legend;
 };
 
-/// The picture as the bytes of a file, 16 x 11 cm in each format; the text of PDF and SVG stays text.
+/// The picture as the bytes of a file, 16 x 11 cm in each format, higher by a legend that stands below the axes; the
+/// text of PDF and SVG stays text.
 QByteArray RenderPicture(const PlotPicture& picture, PlotFormat format);
 
 }  // namespace zova

@@ -6,6 +6,7 @@
 #include <QTableView>
 #include <QTest>
 #include <QWindow>
+#include <set>
 
 #include "app/PlotView.h"
 #include "session/SessionFixture.h"
@@ -76,6 +77,31 @@ TEST(PlotView, EachPictureIsDrawnInEachFormat) {
     }
     EXPECT_TRUE(inked > 1000 && inked < 100000) << what << ": " << inked;
   }
+}
+
+TEST(PlotView, ManyNamesStandBelowTheAxesAndLeaveThemTheirRoom) {
+  PlotPicture picture{"Sex", "Net recall (items)", {"Man", "Woman"}, {}, false, ""};
+  for (int line = 1; line <= 41; ++line) {
+    picture.Series.push_back({"Line no. " + std::to_string(line), false, {{1, 4.5, 1.5}, {2, 3, {}}}});
+  }
+  EXPECT_EQ(RenderPicture(picture, PlotFormat::Svg).count(">Line no. "), 41);
+  const QImage png = QImage::fromData(RenderPicture(picture, PlotFormat::Png), "PNG");
+  EXPECT_TRUE(png.width() == 1891 && png.height() > 1600 && png.height() < 2200) << png.height();
+  PlotView view("plotMeans");
+  view.show();                          // sizes reach only what is shown
+  for (const int width : {560, 700}) {  // drawn anew over places that were left empty
+    view.resize(width, 256);
+    view.ShowPicture(picture);
+    EXPECT_GE(view.axisRect()->outerRect().height(), 115);
+    EXPECT_LE(view.legend->outerRect().bottom(), 256 - view.fontMetrics().height()) << "its last line says what lacks";
+    EXPECT_LT(view.legend->itemCount(), 41);
+  }
+  std::set<std::pair<int, bool>> symbols;
+  for (int line = 0; line < 13; ++line) {
+    const QCPScatterStyle& style = view.graph(line)->scatterStyle();
+    symbols.emplace(style.shape(), style.brush().color() == Qt::white);
+  }
+  EXPECT_EQ(symbols.size(), 13U);
 }
 
 }  // namespace
