@@ -88,12 +88,12 @@ TEST(MeansPlot, Pictures) {
 TEST(MeansPlot, NothingToDraw) {
   EXPECT_EQ(Described(PictureOf(MeansTable{})), "; ; |");
   const auto none = ParseMaster("Sub ID's, Sex, Net(Test 1)", "");
-  EXPECT_EQ(Described(PictureOf(ComputeMeans(*none, {{0}, {0}}, nullptr))),
-            "Sex; Net recall, test 1 (items); All .");
+  EXPECT_EQ(Described(PictureOf(ComputeMeans(*none, {{0}, {0}}, nullptr))), "Sex; Net recall, test 1 (items); All .");
 }
 
 TEST(MeansPlot, SeriesKeepTheirNamesAndTheOrderOfTheLevels) {
-  const auto pictureOf = [](const std::string& rows, const MeansRequest& request, const std::vector<std::size_t>& uncomputed) {
+  const auto pictureOf = [](const std::string& rows, const MeansRequest& request,
+                            const std::vector<std::size_t>& uncomputed) {
     auto table = *ParseMaster("Sub ID's, Age, Sex, ArcScore(Test 1), ArcScore(Test 2)\r\n" + rows, "");
     for (const std::size_t row : uncomputed) table.Uncomputed[2 * row] = table.Uncomputed[2 * row + 1] = true;
     return Described(PictureOf(ComputeMeans(table, request, nullptr)));
