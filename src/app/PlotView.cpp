@@ -193,9 +193,10 @@ void FitAxes(QCustomPlot& plot, const PlotPicture& picture, const QFont& font, d
   plot.replot(QCustomPlot::rpQueuedRefresh);
   const QFontMetricsF metrics(font);
   plot.xAxis->setLabel(Wrapped(ToQt(picture.XLabel), metrics, plot.axisRect()->width()));
-  plot.yAxis->setLabel(Wrapped(ToQt(picture.YLabel), metrics, plot.axisRect()->height()));
   FitRange(plot, picture, fontSize);
   FitTicks(plot, picture);
+  if (plot.xAxis->tickLabelRotation() != 0) plot.replot(QCustomPlot::rpQueuedRefresh);  // texts that took height
+  plot.yAxis->setLabel(Wrapped(ToQt(picture.YLabel), metrics, plot.axisRect()->height()));
 }
 
 // Lays the picture out anew; `fontSize` is the height of its letters in pixels.
