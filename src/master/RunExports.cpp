@@ -6,8 +6,23 @@
 
 #include "master/OwnFiles.h"
 #include "master/SavedOrders.h"
+#include "text/Encoding.h"
 
 namespace zova {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+// Also by a link, and where neither is there yet: once the first is written, the other's spelling finds it.
+bool IsSameFile(const fs::path& left, const fs::path& right) {
+  std::error_code code;
+  if (fs::exists(left, code) && fs::exists(right, code)) return fs::equivalent(left, right, code);
+  return EqualsIgnoringCase(PathText(left.filename()), PathText(right.filename())) &&
+         (left.parent_path() == right.parent_path() || fs::equivalent(left.parent_path(), right.parent_path(), code));
+}
+
+}  // namespace
 
 bool RunExports::Prepare() {
   if (m_request.CleanFile) {
@@ -40,11 +55,12 @@ bool RunExports::AreApart() {
   if (m_clean) paths.push_back(m_clean->Path);
   if (m_long) paths.push_back(m_long->Path);
   return WithRetry(m_errors, [&] {
-    std::vector<std::filesystem::path> natives;
+    std::vector<fs::path> natives;
     for (const std::string& path : paths) {
       RefuseOwnFile(path, m_project, m_disk);
-      const std::filesystem::path native = m_disk.Resolve(path, FileOperation::Write);
-      if (natives.size() >= first && std::find(natives.begin(), natives.end(), native) != natives.end()) {
+      const fs::path native = m_disk.Resolve(path, FileOperation::Write);
+      const auto isTaken = [&](const fs::path& other) { return IsSameFile(native, other); };
+      if (natives.size() >= first && std::any_of(natives.begin(), natives.end(), isTaken)) {
         throw FileError(FileOperation::Write, path, std::make_error_code(std::errc::file_exists),
                         "Each file of a run needs a name of its own.");
       }

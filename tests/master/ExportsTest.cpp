@@ -11,6 +11,8 @@
 namespace zova::testing {
 namespace {
 
+namespace fs = std::filesystem;
+
 // Keeps the rows of the master that it is handed.
 struct RowSink final : ScoredSubjectSink {
   bool Take(const ScoredSubject& subject) override { return Rows += subject.MasterRow + "\n", --Left > 0; }
@@ -119,6 +121,17 @@ TEST(Exports, StandBesideTheMasterAndReplaceNoOtherFile) {
     boxes.Expect({std::make_error_code(std::errc::file_exists).message(), BoxAnswer::Cancel, taken});
     EXPECT_FALSE(lab.Run(boxes).Completed) << taken;
     EXPECT_EQ(lab.Files.Snapshot(), before) << taken;
+  }
+  // One file under two names: once it is there, either spelling finds it; and links.
+  fs::create_hard_link(lab.Files.Native("D:\\Out\\AB Clean.csv"), lab.Files.Native("D:\\Out\\hard.csv"));
+  fs::create_symlink("AB Clean.csv", lab.Files.Native("D:\\Out\\soft.csv"));
+  for (const auto& [clean, taken] : {std::pair("D:\\Out\\new.csv", "D:\\Out\\NEW.csv"),
+                                     {"D:\\Out\\AB Clean.csv", "D:\\Out\\hard.csv"},
+                                     {"D:\\Out\\soft.csv", "D:\\Out\\AB Clean.csv"}}) {
+    lab.Request.CleanFile = clean;
+    lab.Request.LongFile = taken;
+    boxes.Expect({std::make_error_code(std::errc::file_exists).message(), BoxAnswer::Cancel, taken});
+    EXPECT_FALSE(lab.Run(boxes).Completed) << taken;
   }
 }
 
