@@ -76,8 +76,8 @@ void OrderEditor::Place(int row) {
 }
 
 void OrderEditor::SelectTo(int row) {
-  m_row = std::clamp(row, 0, RowCount() - 1);
-  if (!m_text.empty()) ++m_changes;  // it is for other rows now
+  m_row = std::clamp(row, 0, std::max(RowCount() - 1, 0));  // an older project may have no items
+  if (!m_text.empty()) ++m_changes;                         // it is for other rows now
 }
 
 void OrderEditor::SetEntryText(std::string_view text) {
@@ -87,7 +87,7 @@ void OrderEditor::SetEntryText(std::string_view text) {
 }
 
 void OrderEditor::PutText(Order& order) const {
-  if (m_text.empty()) return;
+  if (m_text.empty() || order.empty()) return;
   std::int16_t position = LeadingInteger16(m_text).value_or(0);
   const auto [first, last] = Selection();
   for (int row = first; row <= last; ++row) {
@@ -156,6 +156,7 @@ void OrderEditor::Click(int row) {
 }
 
 void OrderEditor::Delete() {
+  if (m_order.empty()) return;
   Order order = m_order;
   const auto [first, last] = Selection();
   std::fill(order.begin() + first, order.begin() + last + 1, std::int16_t{0});

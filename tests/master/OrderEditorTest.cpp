@@ -49,6 +49,18 @@ TEST(OrderEditor, EveryCommand) {
   }
 }
 
+TEST(OrderEditor, ProjectWithoutItems) {
+  ScriptedBoxes boxes;
+  OrderEditor editor(boxes);
+  editor.OpenSerial({}, {});
+  editor.SetEntryText("1");
+  editor.Enter();
+  editor.Delete();
+  editor.Move(1);
+  EXPECT_EQ(StateOf(editor), "@0 ");
+  EXPECT_TRUE(editor.Check());
+}
+
 TEST(OrderEditor, FaultsOfPastesAndOfTheWhole) {
   ScriptedBoxes boxes;
   OrderEditor editor(boxes);
