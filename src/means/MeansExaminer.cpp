@@ -8,11 +8,10 @@
 #include <utility>
 
 #include "master/MasterRun.h"
+#include "means/MasterOfProject.h"
 #include "means/MeasureName.h"
 #include "means/UncomputedValues.h"
-#include "project/DirectoryRules.h"
 #include "text/Encoding.h"
-#include "text/TypedText.h"
 
 namespace zova {
 
@@ -51,18 +50,6 @@ bool HasIntervals(const PlotPicture& picture) {
     return std::any_of(series.Points.begin(), series.Points.end(),
                        [](const PlotPoint& point) { return point.HalfWidth.has_value(); });
   });
-}
-
-bool IsMasterOfProject(const MasterTable& table, const std::string& path, const ProjectParameters& project,
-                       Disk& disk) {
-  const std::string_view name = LastPathComponent(path);
-  const bool isNamedSo = BeginsIgnoringCase(name, project.Abbreviation + " Master") ||
-                         BeginsIgnoringCase(name, project.Abbreviation + " Combined Master");
-  if (!isNamedSo && !IsSameDirectory(DirectoryOfPath(path), project.PrimaryDir, disk)) return false;
-  const auto end = project.VariableNames.begin() + project.VariableCount;
-  return std::equal(
-      table.Variables.begin(), table.Variables.end(), project.VariableNames.begin(), end,
-      [](const std::string& left, const std::string& right) { return left == WithoutOuterBlanks(right); });
 }
 
 void MeansExaminer::Open(const ProjectParameters& project, const std::string& header) {

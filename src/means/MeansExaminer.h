@@ -31,10 +31,6 @@ struct PlotTarget {
   PlotFormat Format = PlotFormat::Pdf;
 };
 
-/// True when the master at `path` is one of the project's: it lies in the primary directory, or its name begins with
-/// the abbreviation and " Master" or " Combined Master"; and its variables are the project's.
-bool IsMasterOfProject(const MasterTable& table, const std::string& path, const ProjectParameters& project, Disk& disk);
-
 /// True when a point of the picture has a confidence interval.
 bool HasIntervals(const PlotPicture& picture);
 

@@ -28,6 +28,7 @@ struct Desk {
     Put("1", 1, "1 2 3 | 2 1");
     Put("2", 2, "1 3 2 | 1 3 2");
     Put("9", 2, "| 4");
+    Files.Put("C:\\Data\\Sdata\\Z Sub#1.dat", "another project's");
     Files.Put(kMaster, kHeader + kRows);
   }
   void Put(const std::string& id, std::int16_t level, const std::string& lists) {
@@ -130,20 +131,22 @@ TEST(MeansExaminer, WhichMasterIsShownAndWhatIsSaidOfIt) {
     std::string Master, Header, Path, Other;
     std::optional<ExpectedBox> Box;
     std::string File, Note;
-  } kCases[] = {{"none", "", "", "", "", {}, "There is no master of this project yet.", ""},
-                {"a header that went elsewhere", kRows, kHeader, "", "", {}, own + " (3 rows)", ""},
-                {"the same, chosen", kRows, kHeader, kMaster, kRows, {}, own + " (3 rows)", ""},
-                {"and is not known", kRows, "", "", "", {}, std::string("'") + kMaster + "' could not be read.", ""},
-                {"lines that do not fit, repeated subjects", odd, "", "", "", {}, own + " (6 rows)", oddNote},
-                {"a subject that is gone", gone, "", "", "", {}, own + " (4 rows)", goneNote},
-                {"a foreign one", full, "", path, foreign, {}, other + " (1 row)", foreignNote},
-                {"the project's variables alone", full, "", path, kHeader, {}, other + " (0 rows)", foreignNote},
-                {"and its name", full, "", "D:\\ab combined master.TXT", kHeader, {}, "Master: D:\\ab com", ""},
-                {"or its directory", full, "", "C:\\Data\\Mine.txt", kHeader, {}, "Master: C:\\Data\\Mine.txt", ""},
-                {"no text", full, "", path, kHeader + '\0', noText, own, ""},
-                {"no row that fits", full, "", path, kHeader + "1,2,3\r\n", noRows, own, ""},
-                {"no master", full, "", path, kRows, noMaster, own, ""},
-                {"no file", full, "", path, "", noFile, own, ""}};
+  } kCases[] = {
+      {"none", "", "", "", "", {}, "There is no master of this project yet.", ""},
+      {"a header that went elsewhere", kRows, kHeader, "", "", {}, own + " (3 rows)", ""},
+      {"the same, chosen", kRows, kHeader, kMaster, kRows, {}, own + " (3 rows)", ""},
+      {"and is not known", kRows, "", "", "", {}, std::string("'") + kMaster + "' could not be read.", ""},
+      {"lines that do not fit, repeated subjects", odd, "", "", "", {}, own + " (6 rows)", oddNote},
+      {"a subject that is gone", gone, "", "", "", {}, own + " (4 rows)", goneNote},
+      {"a foreign one", full, "", path, foreign, {}, other + " (1 row)", foreignNote},
+      {"the project's variables alone", full, "", path, kHeader, {}, other + " (0 rows)", foreignNote},
+      {"and its name", full, "", "D:\\ab combined master.TXT", kHeader, {}, "Master: D:\\ab com", ""},
+      {"another project's in its directory", full, "", "C:\\Data\\Z Master.txt", full, {}, "Master: C:", foreignNote},
+      {"or its directory", full, "", "C:\\Data\\Mine.txt", kHeader, {}, "Master: C:\\Data\\Mine.txt", ""},
+      {"no text", full, "", path, kHeader + '\0', noText, own, ""},
+      {"no row that fits", full, "", path, kHeader + "1,2,3\r\n", noRows, own, ""},
+      {"no master", full, "", path, kRows, noMaster, own, ""},
+      {"no file", full, "", path, "", noFile, own, ""}};
   for (const auto& c : kCases) {
     SCOPED_TRACE(c.What);
     Desk desk;
