@@ -59,6 +59,9 @@ bool RunExports::AreApart() {
     for (const std::string& path : paths) {
       RefuseOwnFile(path, m_project, m_disk);
       const fs::path native = m_disk.Resolve(path, FileOperation::Write);
+      if (std::error_code code; !fs::is_directory(native.parent_path(), code)) {  // told before a master is replaced
+        throw FileError(FileOperation::Write, path, std::make_error_code(std::errc::no_such_file_or_directory));
+      }
       const auto isTaken = [&](const fs::path& other) { return IsSameFile(native, other); };
       if (natives.size() >= first && std::any_of(natives.begin(), natives.end(), isTaken)) {
         throw FileError(FileOperation::Write, path, std::make_error_code(std::errc::file_exists),

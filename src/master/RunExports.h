@@ -28,8 +28,7 @@ class RunExports {
         m_written(written) {}
 
   /// Before anything is written: finds the serial order that studied items stand in (this run's, else the saved one),
-  /// and refuses a path that is another file of the run (pieces aside) or one of the project's
-  /// own.
+  /// and refuses a path without its directory and one that is another file of the run (pieces aside) or the project's.
   bool Prepare();
   bool WriteHeaders();
   bool WriteRows(const ScoredSubject& subject);

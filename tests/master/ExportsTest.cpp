@@ -122,6 +122,10 @@ TEST(Exports, StandBesideTheMasterAndReplaceNoOtherFile) {
     EXPECT_FALSE(lab.Run(boxes).Completed) << taken;
     EXPECT_EQ(lab.Files.Snapshot(), before) << taken;
   }
+  lab.Request.LongFile = "D:\\Gone\\AB Long.csv";
+  boxes.Expect({std::make_error_code(std::errc::no_such_file_or_directory).message(), BoxAnswer::Cancel, "Gone"});
+  EXPECT_FALSE(lab.Run(boxes).Completed);
+  EXPECT_EQ(lab.Files.Snapshot(), before) << "told before the master is replaced";
   // One file under two names: once it is there, either spelling finds it; and links.
   fs::create_hard_link(lab.Files.Native("D:\\Out\\AB Clean.csv"), lab.Files.Native("D:\\Out\\hard.csv"));
   fs::create_symlink("AB Clean.csv", lab.Files.Native("D:\\Out\\soft.csv"));
