@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <map>
+#include <unordered_map>
 #include <unordered_set>
 
 #include "means/MeasureName.h"
@@ -110,7 +111,11 @@ std::vector<const MeansCell*> DrawnCells(const MeansTable& means) {
 // also where the first level lacks some.
 class SeriesOfOthers {
  public:
-  SeriesOfOthers(const MeansTable& means, const std::vector<const MeansCell*>& cells) : m_means(means) {
+  SeriesOfOthers(const MeansTable& means, const std::vector<const MeansCell*>& cells) {
+    for (const Names& levels : means.LevelNames) {
+      auto& ranks = m_ranks.emplace_back();
+      for (const std::string& level : levels) ranks.emplace(level, ranks.size());
+    }
     for (const MeansCell* cell : cells) m_places.emplace(KeyOf(*cell), 0);
     std::size_t next = 0;
     for (auto& [key, place] : m_places) place = next++;
@@ -120,18 +125,17 @@ class SeriesOfOthers {
   [[nodiscard]] std::size_t At(const MeansCell& cell) const { return m_places.find(KeyOf(cell))->second; }
 
  private:
-  using Key = std::vector<std::ptrdiff_t>;
+  using Key = std::vector<std::size_t>;
 
   [[nodiscard]] Key KeyOf(const MeansCell& cell) const {
     Key key;
     for (std::size_t variable = 1; variable < cell.Levels.size(); ++variable) {
-      const Names& levels = m_means.LevelNames[variable];
-      key.push_back(std::find(levels.begin(), levels.end(), cell.Levels[variable]) - levels.begin());
+      key.push_back(m_ranks[variable].find(cell.Levels[variable])->second);
     }
     return key;
   }
 
-  const MeansTable& m_means;
+  std::vector<std::unordered_map<std::string_view, std::size_t>> m_ranks;  // by variable: the places of its levels
   std::map<Key, std::size_t> m_places;
 };
 

@@ -9,8 +9,8 @@
 
 namespace zova {
 
-/// A serial-position master read back: shares of the subjects, test by test, position by position. One
-/// can be above 1, since a repeated item counts each time.
+/// A serial-position master read back: shares of the subjects, test by test, position by position. One can be above 1,
+/// since a repeated item counts each time.
 struct SerialPositionTable {
   int TestCount = 0;
   int PositionCount = 0;

@@ -18,6 +18,7 @@ inline constexpr double kConfidence = .95;
 /// measures, but few sizes of samples.
 class CriticalValues {
  public:
+  /// `degrees` of freedom, at least 1.
   double Of(std::size_t degrees);
 
  private:
@@ -45,10 +46,6 @@ class Sample {
  public:
   void Add(double value) noexcept;
   [[nodiscard]] SampleStatistics Statistics(CriticalValues& critical) const;
-  [[nodiscard]] SampleStatistics Statistics() const {
-    CriticalValues critical;
-    return Statistics(critical);
-  }
 
  private:
   std::size_t m_n = 0;

@@ -23,7 +23,8 @@ class Progress {
   virtual ~Progress() = default;
   /// `percent` from 0 to 100; `text` is the label beside the bar.
   virtual void Show(int percent, const std::string& text) = 0;
-  /// Lets the window repaint, at most every 50 ms; what the user does meanwhile is discarded.
+  /// Lets the window repaint, at most every 50 ms. What the user does meanwhile is discarded while the bar is up, and
+  /// waits while it is not.
   virtual void Breathe() = 0;
 };
 
