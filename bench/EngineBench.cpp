@@ -10,7 +10,7 @@
 #include <random>
 #include <stdexcept>
 
-#include "master/MasterLines.h"
+#include "master/columns/MasterLines.h"
 #include "scoring/ScoreSubject.h"
 #include "subjects/SubjectFile.h"
 

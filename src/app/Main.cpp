@@ -6,15 +6,15 @@
 #include <QIcon>
 #include <QTimer>
 
-#include "app/Controls.h"
-#include "app/HelpWindow.h"
 #include "app/MainWindow.h"
-#include "app/ProgressPanel.h"
-#include "app/QtChoosers.h"
-#include "app/QtDesktop.h"
-#include "app/QtMessageBoxes.h"
-#include "app/QtSettings.h"
-#include "app/QuickHelpFilter.h"
+#include "app/desktop/HelpWindow.h"
+#include "app/desktop/QtChoosers.h"
+#include "app/desktop/QtDesktop.h"
+#include "app/desktop/QtMessageBoxes.h"
+#include "app/desktop/QtSettings.h"
+#include "app/desktop/QuickHelpFilter.h"
+#include "app/screens/ProgressPanel.h"
+#include "app/widgets/Controls.h"
 
 namespace zova {
 namespace {

@@ -9,18 +9,18 @@
 #include <QShortcut>
 #include <QStackedWidget>
 
-#include "app/Controls.h"
-#include "app/EntryPanel.h"
-#include "app/GroupPanel.h"
-#include "app/IdentificationPanel.h"
-#include "app/LocationPanel.h"
-#include "app/MainPanel.h"
-#include "app/MasterPanel.h"
-#include "app/MeansPanel.h"
-#include "app/MeasurePanel.h"
-#include "app/OrderPanel.h"
-#include "app/ProgressPanel.h"
-#include "app/WizardPanel.h"
+#include "app/screens/EntryPanel.h"
+#include "app/screens/GroupPanel.h"
+#include "app/screens/IdentificationPanel.h"
+#include "app/screens/LocationPanel.h"
+#include "app/screens/MainPanel.h"
+#include "app/screens/MasterPanel.h"
+#include "app/screens/MeansPanel.h"
+#include "app/screens/MeasurePanel.h"
+#include "app/screens/OrderPanel.h"
+#include "app/screens/ProgressPanel.h"
+#include "app/screens/WizardPanel.h"
+#include "app/widgets/Controls.h"
 
 namespace zova {
 

@@ -3,7 +3,7 @@
 
 #include <QMainWindow>
 
-#include "app/Menus.h"
+#include "app/widgets/Menus.h"
 
 class QStackedWidget;
 

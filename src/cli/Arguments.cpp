@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <string_view>
 
-#include "master/NominalGroups.h"
+#include "master/groups/NominalGroups.h"
 
 namespace zova {
 

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "master/MeasureSelection.h"
+#include "master/columns/MeasureSelection.h"
 
 namespace zova {
 

@@ -4,8 +4,8 @@
 #include <chrono>
 #include <string>
 
-#include "platform/Desktop.h"
-#include "platform/MessageBoxes.h"
+#include "platform/desktop/Desktop.h"
+#include "platform/desktop/MessageBoxes.h"
 
 namespace zova {
 

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "means/MasterTable.h"
-#include "platform/Disk.h"
+#include "platform/files/Disk.h"
 
 namespace zova {
 

@@ -7,7 +7,7 @@
 #include <set>
 #include <utility>
 
-#include "master/MasterRun.h"
+#include "master/run/MasterRun.h"
 #include "means/MasterOfProject.h"
 #include "means/MeasureName.h"
 #include "means/UncomputedValues.h"

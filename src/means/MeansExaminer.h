@@ -8,10 +8,10 @@
 
 #include "means/MeansPlot.h"
 #include "means/SerialPositionTable.h"
-#include "platform/Choosers.h"
-#include "platform/Desktop.h"
-#include "platform/Disk.h"
-#include "platform/FileErrorHandler.h"
+#include "platform/desktop/Choosers.h"
+#include "platform/desktop/Desktop.h"
+#include "platform/desktop/FileErrorHandler.h"
+#include "platform/files/Disk.h"
 
 namespace zova {
 

@@ -9,7 +9,7 @@
 #include <unordered_map>
 #include <utility>
 
-#include "master/NominalGroups.h"
+#include "master/groups/NominalGroups.h"
 #include "text/Csv.h"
 #include "text/TypedText.h"
 

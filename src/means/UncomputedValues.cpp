@@ -9,8 +9,8 @@
 #include <limits>
 #include <unordered_map>
 
-#include "master/NominalGroups.h"
-#include "master/RunSteps.h"
+#include "master/groups/NominalGroups.h"
+#include "master/run/RunSteps.h"
 #include "scoring/ScoreSubject.h"
 #include "text/TypedText.h"
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "master/MasterRun.h"
-#include "master/ScoredSubject.h"
+#include "master/exports/ScoredSubject.h"
+#include "master/run/MasterRun.h"
 #include "means/MasterTable.h"
 
 namespace zova {

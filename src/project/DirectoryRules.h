@@ -4,8 +4,8 @@
 #include <string>
 #include <string_view>
 
-#include "platform/Disk.h"
-#include "platform/MessageBoxes.h"
+#include "platform/desktop/MessageBoxes.h"
+#include "platform/files/Disk.h"
 
 namespace zova {
 

@@ -3,9 +3,9 @@
 
 #include <string>
 
-#include "platform/DirectoryLock.h"
-#include "platform/Disk.h"
-#include "platform/SettingsStore.h"
+#include "platform/desktop/SettingsStore.h"
+#include "platform/files/DirectoryLock.h"
+#include "platform/files/Disk.h"
 
 namespace zova {
 

@@ -10,7 +10,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/FileCopier.h"
+#include "platform/files/FileCopier.h"
 #include "project/DirectoryRules.h"
 #include "project/ProjectFile.h"
 #include "text/Encoding.h"

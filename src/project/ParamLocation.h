@@ -4,8 +4,8 @@
 #include <optional>
 #include <string>
 
-#include "platform/Desktop.h"
-#include "platform/FileErrorHandler.h"
+#include "platform/desktop/Desktop.h"
+#include "platform/desktop/FileErrorHandler.h"
 #include "project/ParamDirectory.h"
 
 namespace zova {

@@ -11,7 +11,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/FileCopier.h"
+#include "platform/files/FileCopier.h"
 #include "project/DirectoryRules.h"
 #include "project/ProjectFile.h"
 

@@ -4,10 +4,10 @@
 #include <optional>
 #include <string>
 
-#include "platform/Choosers.h"
-#include "platform/Desktop.h"
-#include "platform/Disk.h"
-#include "platform/FileErrorHandler.h"
+#include "platform/desktop/Choosers.h"
+#include "platform/desktop/Desktop.h"
+#include "platform/desktop/FileErrorHandler.h"
+#include "platform/files/Disk.h"
 #include "project/ParamLocation.h"
 #include "project/ProjectParameters.h"
 

@@ -4,8 +4,8 @@
 #include <string>
 #include <string_view>
 
-#include "platform/Disk.h"
-#include "platform/FileErrorHandler.h"
+#include "platform/desktop/FileErrorHandler.h"
+#include "platform/files/Disk.h"
 #include "project/ProjectParameters.h"
 
 namespace zova {

@@ -18,7 +18,7 @@
 // Then, in all layouts, when there are variables: a line per variable with its level count; per variable its name and
 // its levels' names, a line each. Then, not in the oldest layout, when ratings are kept: a line "Y" or "N" per test.
 
-#include "platform/DataFileError.h"
+#include "platform/files/DataFileError.h"
 #include "project/ProjectFile.h"
 #include "text/Encoding.h"
 #include "text/FieldReader.h"

@@ -4,10 +4,10 @@
 #include <optional>
 #include <string>
 
-#include "platform/Choosers.h"
-#include "platform/Disk.h"
-#include "platform/FileErrorHandler.h"
-#include "platform/MessageBoxes.h"
+#include "platform/desktop/Choosers.h"
+#include "platform/desktop/FileErrorHandler.h"
+#include "platform/desktop/MessageBoxes.h"
+#include "platform/files/Disk.h"
 #include "project/ProjectParameters.h"
 
 namespace zova {

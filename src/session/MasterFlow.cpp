@@ -8,7 +8,7 @@
 
 #include <utility>
 
-#include "master/RunSteps.h"
+#include "master/run/RunSteps.h"
 
 namespace zova {
 

@@ -5,12 +5,12 @@
 #include <optional>
 #include <string>
 
-#include "master/CombinedMaster.h"
-#include "master/MasterLines.h"
-#include "master/MasterOptions.h"
-#include "master/OrderEditor.h"
-#include "platform/Desktop.h"
-#include "platform/FileErrorHandler.h"
+#include "master/columns/MasterLines.h"
+#include "master/groups/OrderEditor.h"
+#include "master/run/CombinedMaster.h"
+#include "master/run/MasterOptions.h"
+#include "platform/desktop/Desktop.h"
+#include "platform/desktop/FileErrorHandler.h"
 
 namespace zova {
 

@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <string>
 
-#include "platform/Disk.h"
+#include "platform/files/Disk.h"
 
 namespace zova {
 

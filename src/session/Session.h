@@ -7,18 +7,18 @@
 #include <string>
 
 #include "means/MeansExaminer.h"
-#include "platform/Choosers.h"
-#include "platform/Desktop.h"
-#include "platform/DirectoryBrowser.h"
-#include "platform/HelpViewer.h"
-#include "platform/SettingsStore.h"
-#include "project/NewProjectWizard.h"
+#include "platform/desktop/Choosers.h"
+#include "platform/desktop/Desktop.h"
+#include "platform/desktop/DirectoryBrowser.h"
+#include "platform/desktop/HelpViewer.h"
+#include "platform/desktop/SettingsStore.h"
 #include "project/ParamLocation.h"
 #include "project/ProjectBackup.h"
+#include "project/wizard/NewProjectWizard.h"
 #include "session/MasterFlow.h"
 #include "session/MenuStates.h"
-#include "subjects/SubjectEntry.h"
 #include "subjects/SubjectIdentification.h"
+#include "subjects/entry/SubjectEntry.h"
 
 namespace zova {
 

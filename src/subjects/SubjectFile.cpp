@@ -13,7 +13,7 @@
 
 #include "subjects/SubjectFiles.h"
 
-#include "platform/DataFileError.h"
+#include "platform/files/DataFileError.h"
 #include "text/Encoding.h"
 #include "text/FieldReader.h"
 #include "text/Records.h"

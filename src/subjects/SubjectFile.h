@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/Disk.h"
+#include "platform/files/Disk.h"
 #include "subjects/SubjectRecord.h"
 #include "text/FieldReader.h"
 

@@ -5,9 +5,9 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/Desktop.h"
-#include "platform/Disk.h"
-#include "platform/FileErrorHandler.h"
+#include "platform/desktop/Desktop.h"
+#include "platform/desktop/FileErrorHandler.h"
+#include "platform/files/Disk.h"
 #include "subjects/SubjectRecord.h"
 
 namespace zova {

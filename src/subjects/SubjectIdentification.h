@@ -3,10 +3,10 @@
 
 #include <string>
 
-#include "platform/Choosers.h"
-#include "platform/Desktop.h"
-#include "platform/Disk.h"
-#include "platform/FileErrorHandler.h"
+#include "platform/desktop/Choosers.h"
+#include "platform/desktop/Desktop.h"
+#include "platform/desktop/FileErrorHandler.h"
+#include "platform/files/Disk.h"
 #include "subjects/SubjectRecord.h"
 
 namespace zova {

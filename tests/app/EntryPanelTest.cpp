@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/EntryPanel.h"
+#include "app/screens/EntryPanel.h"
 
 #include <QClipboard>
 #include <QDialog>

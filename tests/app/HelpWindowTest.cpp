@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/HelpWindow.h"
+#include "app/desktop/HelpWindow.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/IdentificationPanel.h"
+#include "app/screens/IdentificationPanel.h"
 
 #include <QLabel>
 #include <QPushButton>

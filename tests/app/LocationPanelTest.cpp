@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/LocationPanel.h"
+#include "app/screens/LocationPanel.h"
 
 #include <QCoreApplication>
 #include <QKeyEvent>

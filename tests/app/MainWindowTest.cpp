@@ -9,8 +9,8 @@
 #include <QTest>
 #include <set>
 
-#include "app/Panel.h"
-#include "app/ProgressPanel.h"
+#include "app/screens/ProgressPanel.h"
+#include "app/widgets/Panel.h"
 #include "session/SessionFixture.h"
 
 namespace zova::testing {

@@ -7,11 +7,11 @@
 #include <QWindow>
 #include <map>
 
-#include "app/GroupPanel.h"
-#include "app/MasterPanel.h"
-#include "app/MeasurePanel.h"
-#include "app/OrderPanel.h"
-#include "app/ProgressPanel.h"
+#include "app/screens/GroupPanel.h"
+#include "app/screens/MasterPanel.h"
+#include "app/screens/MeasurePanel.h"
+#include "app/screens/OrderPanel.h"
+#include "app/screens/ProgressPanel.h"
 #include "scoring/Examples.h"
 #include "subjects/SubjectFile.h"
 #include "support/Scratch.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/MeansPanel.h"
+#include "app/screens/MeansPanel.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -8,7 +8,7 @@
 #include <QWindow>
 #include <set>
 
-#include "app/PlotView.h"
+#include "app/plots/PlotView.h"
 #include "session/SessionFixture.h"
 
 namespace zova::testing {

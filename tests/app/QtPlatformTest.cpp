@@ -11,9 +11,9 @@
 #include <QTimer>
 #include <QWindow>
 
-#include "app/Controls.h"
-#include "app/QtMessageBoxes.h"
-#include "app/QtSettings.h"
+#include "app/desktop/QtMessageBoxes.h"
+#include "app/desktop/QtSettings.h"
+#include "app/widgets/Controls.h"
 #include "support/Scratch.h"
 
 namespace zova {

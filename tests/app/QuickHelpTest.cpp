@@ -6,11 +6,11 @@
 #include <QWindow>
 #include <set>
 
-#include "app/HelpWindow.h"
-#include "app/LocationPanel.h"
 #include "app/MainWindow.h"
-#include "app/ProgressPanel.h"
-#include "app/QuickHelpFilter.h"
+#include "app/desktop/HelpWindow.h"
+#include "app/desktop/QuickHelpFilter.h"
+#include "app/screens/LocationPanel.h"
+#include "app/screens/ProgressPanel.h"
 #include "session/SessionFixture.h"
 
 namespace zova::testing {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/WizardPanel.h"
+#include "app/screens/WizardPanel.h"
 
 #include <gtest/gtest.h>
 
@@ -8,7 +8,7 @@
 #include <QTest>
 #include <map>
 
-#include "app/Controls.h"
+#include "app/widgets/Controls.h"
 #include "project/ProjectFile.h"
 #include "session/SessionFixture.h"
 

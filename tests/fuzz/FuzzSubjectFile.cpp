@@ -10,8 +10,8 @@
 #include <string>
 
 #include "Require.h"
-#include "master/MasterLines.h"
-#include "master/MeasureSelection.h"
+#include "master/columns/MasterLines.h"
+#include "master/columns/MeasureSelection.h"
 #include "scoring/ScoreSubject.h"
 #include "subjects/SubjectFile.h"
 #include "text/Encoding.h"

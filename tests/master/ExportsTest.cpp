@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "master/MasterRun.h"
-#include "master/ScoreGapText.h"
+#include "master/exports/ScoreGapText.h"
+#include "master/run/MasterRun.h"
 #include "scoring/Examples.h"
 #include "subjects/SubjectFile.h"
 #include "support/FakePlatform.h"

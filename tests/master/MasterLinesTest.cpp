@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "master/MasterLines.h"
+#include "master/columns/MasterLines.h"
 
 #include "scoring/Examples.h"
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "master/MasterRun.h"
+#include "master/run/MasterRun.h"
 
 #include <functional>
 #include <set>
 
-#include "master/SavedOrders.h"
+#include "master/groups/SavedOrders.h"
 #include "scoring/Examples.h"
 #include "subjects/SubjectFile.h"
 #include "support/FailingFileLayer.h"

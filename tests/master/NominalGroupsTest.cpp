@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "master/NominalGroups.h"
+#include "master/groups/NominalGroups.h"
 
 #include <functional>
 
-#include "master/CombinedMaster.h"
-#include "master/SavedOrders.h"
+#include "master/groups/SavedOrders.h"
+#include "master/run/CombinedMaster.h"
 #include "scoring/Examples.h"
 #include "subjects/SubjectFile.h"
 #include "support/Scratch.h"

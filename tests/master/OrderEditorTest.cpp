@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "master/OrderEditor.h"
+#include "master/groups/OrderEditor.h"
 
 #include <functional>
 

@@ -2,7 +2,7 @@
 
 #include "means/MeansExaminer.h"
 
-#include "master/SerialPositions.h"
+#include "master/groups/SerialPositions.h"
 #include "scoring/Examples.h"
 #include "subjects/SubjectFile.h"
 #include "support/FakePlatform.h"

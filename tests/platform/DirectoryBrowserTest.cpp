@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "platform/DirectoryBrowser.h"
+#include "platform/desktop/DirectoryBrowser.h"
 
 #include "support/FailingFileLayer.h"
 #include "support/Scratch.h"

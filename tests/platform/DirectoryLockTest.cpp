@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "platform/DirectoryLock.h"
+#include "platform/files/DirectoryLock.h"
 
 #include "support/Scratch.h"
 

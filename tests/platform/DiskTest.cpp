@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "platform/Disk.h"
+#include "platform/files/Disk.h"
 
 #include <gtest/gtest.h>
 

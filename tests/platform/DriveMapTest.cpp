@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "platform/DriveMap.h"
+#include "platform/files/DriveMap.h"
 
 #include <gtest/gtest.h>
 

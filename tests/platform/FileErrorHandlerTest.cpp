@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "platform/FileErrorHandler.h"
+#include "platform/desktop/FileErrorHandler.h"
 
 #include <gtest/gtest.h>
 

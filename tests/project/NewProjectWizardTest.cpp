@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "project/NewProjectWizard.h"
+#include "project/wizard/NewProjectWizard.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "project/VariableEditor.h"
+#include "project/wizard/VariableEditor.h"
 
 #include "support/ScriptedBoxes.h"
 

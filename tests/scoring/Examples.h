@@ -9,7 +9,7 @@
 #include <sstream>
 #include <string>
 
-#include "master/MasterLines.h"
+#include "master/columns/MasterLines.h"
 
 namespace zova::testing {
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "subjects/CompletionChecks.h"
+#include "subjects/entry/CompletionChecks.h"
 
 #include <gtest/gtest.h>
 

@@ -7,7 +7,7 @@
 #include <sstream>
 
 #include "scoring/Examples.h"
-#include "subjects/SubjectEntry.h"
+#include "subjects/entry/SubjectEntry.h"
 #include "support/FailingFileLayer.h"
 #include "support/Scratch.h"
 #include "support/ScriptedBoxes.h"

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "subjects/EntryLists.h"
+#include "subjects/entry/EntryLists.h"
 
 #include <gtest/gtest.h>
 
 #include "scoring/Examples.h"
-#include "subjects/EntryHistory.h"
+#include "subjects/entry/EntryHistory.h"
 
 using namespace zova;
 using namespace zova::testing;

@@ -7,7 +7,7 @@
 #include <system_error>
 #include <utility>
 
-#include "platform/FileLayer.h"
+#include "platform/files/FileLayer.h"
 
 namespace zova::testing {
 

@@ -10,10 +10,10 @@
 #include <string>
 #include <vector>
 
-#include "platform/Choosers.h"
-#include "platform/Desktop.h"
-#include "platform/HelpViewer.h"
-#include "platform/SettingsStore.h"
+#include "platform/desktop/Choosers.h"
+#include "platform/desktop/Desktop.h"
+#include "platform/desktop/HelpViewer.h"
+#include "platform/desktop/SettingsStore.h"
 
 namespace zova::testing {
 

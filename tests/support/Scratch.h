@@ -11,8 +11,8 @@
 #include <string>
 #include <string_view>
 
-#include "platform/Desktop.h"
-#include "platform/Disk.h"
+#include "platform/desktop/Desktop.h"
+#include "platform/files/Disk.h"
 
 namespace zova::testing {
 

@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/MessageBoxes.h"
+#include "platform/desktop/MessageBoxes.h"
 
 namespace zova::testing {
 

@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "app/desktop/QtChoosers.h"
+
+#include <QDir>
+#include <QFileDialog>
+
+#include "app/widgets/Controls.h"
+
+namespace zova {
+namespace {
+
+// Captions carry a wildcard in brackets of their own. Qt takes the last pair for the patterns and, told to hide the
+// details, shows what stands before it. "*.*" means every file here, also one without a point in its name.
+QStringList FilterTexts(const std::vector<FileFilter>& filters) {
+  QStringList texts;
+  for (const FileFilter& filter : filters) {
+    texts << ToQt(filter.Caption + " (" + (filter.Pattern == "*.*" ? "*" : filter.Pattern) + ")");
+  }
+  return texts;
+}
+
+// As it is spelt on the disk, or where the dialog begins by itself.
+QString StartDirectory(Disk& disk, const std::string& path) {
+  try {
+    return ToQt(PathText(disk.Resolve(path, FileOperation::List)));
+  } catch (const FileError&) {
+    return {};
+  }
+}
+
+// "pdf" for the filter of "*.pdf"; "" for that of all files.
+QString EndingOf(const FileQuestion& question, const QStringList& filters, const QString& filter) {
+  const auto place = filters.indexOf(filter);
+  if (place < 0) return {};
+  const std::string& pattern = question.Filters[static_cast<std::size_t>(place)].Pattern;
+  return pattern.starts_with("*.") && pattern != "*.*" ? ToQt(pattern.substr(2)) : QString();
+}
+
+}  // namespace
+
+std::optional<std::string> QtChoosers::ChooseFile(const FileQuestion& question) { return Ask(question, false); }
+
+std::optional<std::string> QtChoosers::ChooseNewFile(const FileQuestion& question) { return Ask(question, true); }
+
+std::optional<std::string> QtChoosers::Ask(const FileQuestion& question, bool isNew) {
+  const QtDesktop::Pause pause(m_desktop);
+  QFileDialog dialog(pause.Window(), ToQt(question.Title), StartDirectory(m_disk, question.Directory));
+  dialog.setFileMode(isNew ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+  dialog.setAcceptMode(isNew ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+  dialog.setOption(QFileDialog::HideNameFilterDetails);
+#if !defined(Q_OS_WIN) && !defined(Q_OS_MACOS)
+  dialog.setOption(QFileDialog::DontUseNativeDialog);  // those of Linux cut the captions at their first bracket
+#endif
+  const QStringList filters = FilterTexts(question.Filters);
+  dialog.setNameFilters(filters);
+  if (isNew) {
+    dialog.selectFile(ToQt(question.Name));
+    const auto follow = [&](const QString& filter) { dialog.setDefaultSuffix(EndingOf(question, filters, filter)); };
+    QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, follow);
+    follow(filters.value(0));
+  }
+  if (dialog.exec() != QFileDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
+  return m_disk.Drives().ToDrivePath(FromQt(QDir::toNativeSeparators(dialog.selectedFiles().constFirst())));
+}
+
+}  // namespace zova

@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QPointer>
+#include <QWidget>
+
+#include "platform/desktop/Desktop.h"
+
+namespace zova {
+
+class QtDesktop final : public Desktop {
+ public:
+  void ShowBusyPointer() override { Count(m_busy, 1); }
+  void RestorePointer() override { Count(m_busy, -1); }
+  void Beep() override;
+  bool OpenFolder(const std::filesystem::path& directory) override;
+
+  /// Lives while a box or dialog is up: the pointer is the normal one, however busy the program is, and the focus comes
+  /// back to where it was.
+  class Pause {
+   public:
+    explicit Pause(QtDesktop& desktop);
+    ~Pause();
+    Pause(const Pause&) = delete;
+    Pause& operator=(const Pause&) = delete;
+    /// What the box belongs to: the active window, or the main window of a program in the background.
+    [[nodiscard]] QWidget* Window() const { return m_window; }
+
+   private:
+    QtDesktop& m_desktop;
+    QPointer<QWidget> m_window;
+    QPointer<QWidget> m_focus;
+  };
+
+ private:
+  void Count(int& what, int by);
+
+  int m_busy = 0;
+  int m_pauses = 0;
+  bool m_shown = false;
+};
+
+}  // namespace zova

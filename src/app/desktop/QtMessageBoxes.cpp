@@ -1,0 +1,97 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "app/desktop/QtMessageBoxes.h"
+
+#include <QApplication>
+#include <QGridLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QMessageBox>
+#include <QPlainTextEdit>
+#include <QScreen>
+#include <algorithm>
+
+#include "app/widgets/Controls.h"
+
+namespace zova {
+namespace {
+
+// The tables stand in the order of the enumerators.
+constexpr QMessageBox::Icon kIcons[] = {QMessageBox::NoIcon, QMessageBox::Information, QMessageBox::Question,
+                                        QMessageBox::Warning, QMessageBox::Critical};
+constexpr QMessageBox::StandardButton kAnswers[] = {QMessageBox::Ok, QMessageBox::Yes, QMessageBox::No,
+                                                    QMessageBox::Cancel, QMessageBox::Retry};
+struct Offer {
+  QMessageBox::StandardButtons Buttons;
+  BoxAnswer Escape;
+};
+constexpr Offer kOffers[] = {{QMessageBox::Ok, BoxAnswer::Ok},
+                             {QMessageBox::Yes | QMessageBox::No, BoxAnswer::No},
+                             {QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, BoxAnswer::Cancel},
+                             {QMessageBox::Retry | QMessageBox::Cancel, BoxAnswer::Cancel},
+                             {QMessageBox::Cancel, BoxAnswer::Cancel}};
+
+QMessageBox::StandardButton ButtonOf(BoxAnswer answer) { return kAnswers[static_cast<std::size_t>(answer)]; }
+
+// A box is answered by a key that was pressed for it, not by one that is still held from what led there.
+class HeldKeysDiscarded final : public QObject {
+ public:
+  HeldKeysDiscarded() { qApp->installEventFilter(this); }
+  bool eventFilter(QObject*, QEvent* event) override {
+    const bool isOverride = event->type() == QEvent::ShortcutOverride;
+    if (m_pressed || (event->type() != QEvent::KeyPress && !isOverride)) return false;
+    const bool isHeld = static_cast<const QKeyEvent*>(event)->isAutoRepeat();
+    m_pressed = !isHeld;
+    if (isHeld && isOverride) event->accept();  // no shortcut's either
+    return isHeld;
+  }
+
+ private:
+  bool m_pressed = false;
+};
+
+// A list of hundreds of subjects would make the box higher than the screen: it scrolls then, in place of the label
+// that Qt has laid out for it.
+void LetLongTextScroll(QMessageBox& box, const char* labelName, const QString& shown, const char* name) {
+  auto* label = box.findChild<QLabel*>(labelName);
+  if (label == nullptr) return;
+  label->setTextFormat(Qt::PlainText);  // the box's own format goes to its main text only
+  const QFontMetrics metrics(label->font());
+  const QSize screen = box.screen()->availableSize();
+  const int width = std::min(metrics.averageCharWidth() * 70, screen.width() / 2);
+  if (metrics.boundingRect(0, 0, width, 0, Qt::TextWordWrap, shown).height() < screen.height() / 2) return;
+  auto* text = Named(new QPlainTextEdit(shown), name);
+  text->setAccessibleName("Message");
+  text->setReadOnly(true);
+  text->setTabChangesFocus(true);
+  text->setMinimumSize(width, metrics.lineSpacing() * 12);
+  delete box.layout()->replaceWidget(label, text);
+  label->hide();
+}
+
+}  // namespace
+
+BoxAnswer QtMessageBoxes::Show(const MessageBox& box) {
+  if (m_beforeShow) m_beforeShow();
+  const QtDesktop::Pause pause(m_desktop);
+  const Offer& offer = kOffers[static_cast<std::size_t>(box.Buttons)];
+  // Without a default Qt takes the leftmost button, which may be the dangerous one.
+  const BoxAnswer standard = offer.Buttons.testFlag(ButtonOf(box.Default)) ? box.Default : offer.Escape;
+  QMessageBox dialog(pause.Window());
+  dialog.setWindowTitle(ToQt(box.Title));
+  dialog.setIcon(kIcons[static_cast<std::size_t>(box.Icon)]);
+  dialog.setTextFormat(Qt::PlainText);
+  dialog.setText(ToQt(box.Text));
+  dialog.setStandardButtons(offer.Buttons);
+  dialog.setDefaultButton(ButtonOf(standard));
+  dialog.setEscapeButton(ButtonOf(offer.Escape));
+  dialog.setInformativeText(ToQt(box.Details));
+  LetLongTextScroll(dialog, "qt_msgbox_label", dialog.text(), "txtMessage");
+  if (!box.Details.empty())
+    LetLongTextScroll(dialog, "qt_msgbox_informativelabel", dialog.informativeText(), "txtDetails");
+  const HeldKeysDiscarded discarded;
+  const auto* pressed = std::find(std::begin(kAnswers), std::end(kAnswers), dialog.exec());
+  return pressed == std::end(kAnswers) ? offer.Escape : static_cast<BoxAnswer>(pressed - kAnswers);
+}
+
+}  // namespace zova

@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <functional>
+#include <utility>
+
+#include "app/desktop/QtDesktop.h"
+#include "platform/desktop/MessageBoxes.h"
+
+namespace zova {
+
+/// The platform's message boxes. Texts are plain; the answer of Escape and of the window's own closing is Cancel, else
+/// No, else OK.
+class QtMessageBoxes final : public MessageBoxes {
+ public:
+  explicit QtMessageBoxes(QtDesktop& desktop) : m_desktop(desktop) {}
+  /// Called before a box comes up: behind it the window shows what the box is about.
+  void SetBeforeShow(std::function<void()> beforeShow) { m_beforeShow = std::move(beforeShow); }
+  BoxAnswer Show(const MessageBox& box) override;
+
+ private:
+  QtDesktop& m_desktop;
+  std::function<void()> m_beforeShow;
+};
+
+}  // namespace zova

@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/desktop/QuickHelpFilter.h"
+
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QFrame>
+#include <QScreen>
+#include <QVBoxLayout>
+
+#include "app/widgets/Controls.h"
+#include "session/QuickHelp.h"
+
+namespace zova {
+
+namespace {
+
+bool AsksForHelp(const QKeyEvent& event) {
+  return event.key() == Qt::Key_Menu || event.key() == Qt::Key_Shift ||
+         (event.key() == Qt::Key_F10 && event.modifiers() == Qt::ShiftModifier);
+}
+
+// A popup window: it takes all keys and clicks while it is open, and Qt gives the focus back when it closes.
+class SentencePopup final : public QFrame {
+ public:
+  SentencePopup(const QString& sentence, const QPoint& place, QWidget* owner) : QFrame(owner, Qt::Popup) {
+    setAttribute(Qt::WA_DeleteOnClose);
+    setFrameShape(QFrame::StyledPanel);
+    QLabel* label = MakeLabel("lblQuickHelpText", sentence);
+    (new QVBoxLayout(this))->addWidget(label);
+    // A screen reader reads what gets the focus.
+    label->setFocusPolicy(Qt::StrongFocus);
+    label->setFocus(Qt::PopupFocusReason);
+    adjustSize();
+    const QRect screen = owner->screen()->availableGeometry();
+    move(qMax(screen.left(), qMin(place.x(), screen.right() - width())),
+         qMax(screen.top(), qMin(place.y(), screen.bottom() - height())));
+  }
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override {
+    if (!AsksForHelp(*event)) close();  // the key that opened it comes here as well, or is held down
+  }
+  void mousePressEvent(QMouseEvent*) override { close(); }
+};
+
+}  // namespace
+
+bool QuickHelpFilter::eventFilter(QObject* watched, QEvent* event) {
+  if (!watched->isWidgetType()) return false;
+  auto* control = static_cast<QWidget*>(watched);
+#ifndef Q_OS_WIN
+  // Qt itself knows Shift+F10 on Windows alone.
+  if (event->type() == QEvent::KeyPress && !QApplication::activePopupWidget()) {
+    const auto* press = static_cast<QKeyEvent*>(event);
+    if (press->key() == Qt::Key_F10 && press->modifiers() == Qt::ShiftModifier) {
+      const QPoint middle = control->rect().center();
+      QContextMenuEvent asked(QContextMenuEvent::Keyboard, middle, control->mapToGlobal(middle));
+      QCoreApplication::sendEvent(control, &asked);
+      return true;
+    }
+  }
+#endif
+  return event->type() == QEvent::ContextMenu && Answer(control, *static_cast<QContextMenuEvent*>(event));
+}
+
+bool QuickHelpFilter::Answer(QWidget* control, const QContextMenuEvent& event) {
+  QPoint place = control->mapToGlobal(control->rect().bottomLeft());
+  if (event.reason() == QContextMenuEvent::Mouse) {
+    place = event.globalPos();
+    // A control that is greyed out may leave its clicks to what it stands on.
+    if (QWidget* child = control->childAt(event.pos())) control = child;
+  }
+  for (; control; control = control->isWindow() ? nullptr : control->parentWidget()) {
+    const bool hasEditMenu = qobject_cast<QLineEdit*>(control) && control->isEnabled();
+    if (hasEditMenu || control->contextMenuPolicy() != Qt::DefaultContextMenu) return false;
+    const std::string_view sentence = QuickHelp(FromQt(control->objectName()));
+    if (sentence.empty()) continue;
+    (new SentencePopup(ToQt(std::string(sentence)), place, control->window()))->show();
+    return true;
+  }
+  return false;
+}
+
+}  // namespace zova

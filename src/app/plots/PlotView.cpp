@@ -1,0 +1,301 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The same drawing goes to the screen and to files. It is laid out twice: where ticks do not fit side by side depends
+// on the room that the labels of the axes leave.
+
+#include "app/plots/PlotView.h"
+
+#include <QBuffer>
+#include <QPdfWriter>
+#include <QSvgGenerator>
+#include <algorithm>
+#include <cmath>
+
+#include "app/widgets/Controls.h"
+#include "means/MeansExaminer.h"
+
+namespace zova {
+
+namespace {
+
+constexpr double kWidthInCm = 16;
+constexpr double kHeightInCm = 11;
+constexpr double kCmPerInch = 2.54;
+constexpr int kDotsPerInch = 96;  // of the layout; formats scale it
+constexpr int kPixelsPerInch = 300;
+constexpr int kFontPixels = 12;
+constexpr int kLegendPages = 4;  // heights of a figure that its legend takes at most
+
+// Dark enough for white paper, and apart from each other for colour-blind readers (Okabe and Ito 2008).
+constexpr QRgb kColors[] = {0x000000, 0x0072b2, 0xc04a00, 0x00795a, 0x8a4a7c, 0x555555};
+constexpr Qt::PenStyle kDashes[] = {Qt::SolidLine, Qt::DashLine, Qt::DotLine, Qt::DashDotLine, Qt::DashDotDotLine};
+struct Symbol {
+  QCPScatterStyle::ScatterShape Shape;
+  bool IsFilled;
+};
+// The most different ones first. In black and white they alone tell separate means apart.
+constexpr Symbol kSymbols[] = {{QCPScatterStyle::ssCircle, true},
+                               {QCPScatterStyle::ssSquare, false},
+                               {QCPScatterStyle::ssTriangle, true},
+                               {QCPScatterStyle::ssDiamond, false},
+                               {QCPScatterStyle::ssSquare, true},
+                               {QCPScatterStyle::ssCircle, false},
+                               {QCPScatterStyle::ssDiamond, true},
+                               {QCPScatterStyle::ssTriangle, false},
+                               {QCPScatterStyle::ssTriangleInverted, true},
+                               {QCPScatterStyle::ssCross, false},
+                               {QCPScatterStyle::ssTriangleInverted, false},
+                               {QCPScatterStyle::ssCrossCircle, false},
+                               {QCPScatterStyle::ssCrossSquare, false}};
+
+template <typename Item, std::size_t N>
+const Item& InTurn(const Item (&items)[N], std::size_t index) {
+  return items[index % N];
+}
+
+// `index` of the series among those of its kind; a smoothed curve goes with the observed one of the same index.
+void Style(QCPGraph& graph, const PlotPicture& picture, const PlotSeries& series, std::size_t index, double fontSize) {
+  const bool hasSmoothed =
+      std::any_of(picture.Series.begin(), picture.Series.end(), [](const PlotSeries& other) { return other.IsDashed; });
+  const QColor color(InTurn(kColors, index));
+  QPen pen(color, fontSize / 10);
+  if (series.IsDashed) {
+    pen.setStyle(kDashes[1 + index % (std::size(kDashes) - 1)]);
+  } else if (!hasSmoothed) {
+    pen.setStyle(InTurn(kDashes, index));
+  }
+  graph.setPen(pen);
+  graph.setLineStyle(picture.HasLines ? QCPGraph::lsLine : QCPGraph::lsNone);
+  if (series.IsDashed) return;
+  const Symbol& symbol = InTurn(kSymbols, index);
+  graph.setScatterStyle({symbol.Shape, QPen(color, fontSize / 10), symbol.IsFilled ? QBrush(color) : QBrush(Qt::white),
+                         fontSize * 2 / 3});
+}
+
+// Series stand side by side so that their symbols and intervals do not cover each other; `room` is the distance of two
+// ticks in widths of a symbol.
+double OffsetOf(const PlotPicture& picture, std::size_t index, double room) {
+  const auto count = static_cast<double>(picture.Series.size());
+  const double step = std::min(1 / room, 0.7 / count);
+  return HasIntervals(picture) ? (static_cast<double>(index) - (count - 1) / 2) * step : 0;
+}
+
+// In lines of about the same length when it is longer than `room`.
+QString Wrapped(const QString& text, const QFontMetricsF& metrics, double room) {
+  if (metrics.horizontalAdvance(text) <= room) return text;
+  qsizetype cut = -1;
+  for (qsizetype blank = text.indexOf(' '); blank >= 0; blank = text.indexOf(' ', blank + 1)) {
+    if (cut < 0 || std::abs(2 * blank - text.size()) < std::abs(2 * cut - text.size())) cut = blank;
+  }
+  if (cut < 0) return text;
+  return Wrapped(text.left(cut), metrics, room) + '\n' + Wrapped(text.mid(cut + 1), metrics, room);
+}
+
+// Takes the range of what is drawn, in which 0 always is.
+void AddSeries(QCustomPlot& plot, const PlotPicture& picture, const QFont& font, double fontSize, QCPRange& range) {
+  const QFontMetricsF metrics(font);
+  const double symbols = plot.viewport().width() * 0.7 / fontSize;
+  const double room = symbols / static_cast<double>(std::max<std::size_t>(1, picture.Ticks.size()));
+  std::size_t smoothed = 0;
+  for (std::size_t index = 0; index < picture.Series.size(); ++index) {
+    const PlotSeries& series = picture.Series[index];
+    QVector<double> places, means, halves;
+    for (const PlotPoint& point : series.Points) {
+      places << point.X + OffsetOf(picture, index, room);
+      means << point.Y;
+      halves << point.HalfWidth.value_or(qQNaN());
+      range.expand(point.Y - point.HalfWidth.value_or(0));
+      range.expand(point.Y + point.HalfWidth.value_or(0));
+    }
+    QCPGraph* graph = plot.addGraph();
+    graph->setName(Wrapped(ToQt(series.Name), metrics, plot.viewport().width() - fontSize * 6));
+    graph->setData(places, means, true);
+    Style(*graph, picture, series, series.IsDashed ? smoothed++ : index - smoothed, fontSize);
+    auto* intervals = new QCPErrorBars(plot.xAxis, plot.yAxis);
+    intervals->setDataPlottable(graph);
+    intervals->setData(halves);
+    intervals->setPen(QPen(graph->pen().color(), fontSize / 12));
+    intervals->setWhiskerWidth(fontSize / 2);
+    intervals->setSymbolGap(0);
+  }
+}
+
+// Half a step at both ends of the axis, or what a whole symbol takes where steps are small.
+void FitRange(QCustomPlot& plot, const PlotPicture& picture, double fontSize) {
+  const auto count = static_cast<double>(picture.Ticks.size());
+  const double symbol = fontSize * count / std::max(1, plot.axisRect()->width());
+  const double room = std::max(0.5, 0.35 + symbol);
+  plot.xAxis->setRange(1 - room, count + room);
+}
+
+// Texts that do not fit side by side stand upright; of those that do not fit upright either, each second, fifth, tenth
+// ... remains.
+void FitTicks(QCustomPlot& plot, const PlotPicture& picture) {
+  const QFontMetricsF metrics(plot.xAxis->tickLabelFont());
+  const auto count = static_cast<double>(picture.Ticks.size());
+  const double room = plot.axisRect()->width() / plot.xAxis->range().size();
+  double widest = 0;
+  bool isNumber = true;
+  for (const std::string& tick : picture.Ticks) {
+    const QString text = ToQt(tick);
+    widest = std::max(widest, metrics.horizontalAdvance(text + ' '));
+    text.toInt(&isNumber);
+    if (!isNumber) break;
+  }
+  for (const std::string& tick : picture.Ticks) widest = std::max(widest, metrics.horizontalAdvance(ToQt(tick) + ' '));
+  const bool isUpright = !isNumber && widest > room;
+  const double needed = isUpright ? metrics.height() : widest;
+  int step = 1;
+  for (int next = 1; step * room < needed && step < static_cast<int>(count); ++next) {
+    constexpr int kSteps[] = {1, 2, 5};
+    step = kSteps[next % 3] * static_cast<int>(std::pow(10, next / 3));
+  }
+  const QSharedPointer<QCPAxisTickerText> ticker(new QCPAxisTickerText);
+  for (int place = step; place <= static_cast<int>(count); place += step) {
+    ticker->addTick(place, ToQt(picture.Ticks[static_cast<std::size_t>(place) - 1]));
+  }
+  plot.xAxis->setTicker(ticker);
+  plot.xAxis->setTickLabelRotation(isUpright ? -90 : 0);
+}
+
+void PrepareAxis(QCPAxis& axis, const QFont& font, const std::string& label) {
+  axis.setLabelFont(font);
+  axis.setTickLabelFont(font);
+  axis.setLabel(ToQt(label));
+  axis.grid()->setVisible(false);
+}
+
+void ShowNote(QCustomPlot& plot, const PlotPicture& picture, const QFont& font) {
+  auto* note = new QCPItemText(&plot);
+  note->position->setType(QCPItemPosition::ptViewportRatio);
+  note->position->setCoords(0.5, 0.5);
+  note->setText(ToQt(picture.Note));
+  note->setFont(font);
+}
+
+enum class Page { View, Figure };
+
+// Where the legend stands below the axes, a figure grows by it; in a view the axes keep half of the height with their
+// texts, and a third without. Their room must have been laid out.
+void FitLegend(QCustomPlot& plot, PlotLegend& legend, Page page) {
+  const QRect view = plot.viewport();
+  if (page == Page::Figure) {
+    legend.Fit(view.height() * kLegendPages, PlotView::tr("%1 more names do not fit here."));
+    return plot.setViewport(view.adjusted(0, 0, 0, legend.Height()));
+  }
+  const QCPAxisRect& axes = *plot.axisRect();
+  const int texts = axes.outerRect().height() - axes.height();
+  legend.Fit(std::min(view.height() / 2, view.height() * 2 / 3 - texts),
+             PlotView::tr("%1 more names are in the saved plot."));
+}
+
+void FitAxes(QCustomPlot& plot, const PlotPicture& picture, const QFont& font, double fontSize) {
+  plot.replot(QCustomPlot::rpQueuedRefresh);
+  const QFontMetricsF metrics(font);
+  plot.xAxis->setLabel(Wrapped(ToQt(picture.XLabel), metrics, plot.axisRect()->width()));
+  FitRange(plot, picture, fontSize);
+  FitTicks(plot, picture);
+  if (plot.xAxis->tickLabelRotation() != 0) plot.replot(QCustomPlot::rpQueuedRefresh);  // texts that took height
+  plot.yAxis->setLabel(Wrapped(ToQt(picture.YLabel), metrics, plot.axisRect()->height()));
+}
+
+// Lays the picture out anew; `fontSize` is the height of its letters in pixels.
+void DrawPicture(QCustomPlot& plot, PlotLegend& legend, const PlotPicture& picture, const QFont& font, double fontSize,
+                 Page page) {
+  plot.clearItems();
+  plot.legend->clearItems();  // at once, not one by one with what they name
+  plot.clearPlottables();
+  QCPRange range(0, 0);
+  AddSeries(plot, picture, font, fontSize, range);
+  legend.Arrange(font, fontSize);
+  const bool isEmpty = picture.Series.empty();
+  for (QCPAxis* axis : plot.axisRect()->axes())
+    axis->setVisible(!isEmpty && (axis == plot.xAxis || axis == plot.yAxis));
+  if (isEmpty) return ShowNote(plot, picture, font);
+  const double margin = range.size() > 0 ? range.size() * 0.05 : 0.5;
+  plot.yAxis->setRange(range.lower < 0 ? range.lower - margin : 0, range.upper + margin);
+  PrepareAxis(*plot.xAxis, font, picture.XLabel);
+  PrepareAxis(*plot.yAxis, font, picture.YLabel);
+  plot.yAxis->grid()->setVisible(range.lower < 0);  // its line at 0 alone
+  plot.yAxis->grid()->setPen(Qt::NoPen);
+  FitAxes(plot, picture, font, fontSize);
+  if (!legend.IsBelow()) return;
+  plot.replot(QCustomPlot::rpQueuedRefresh);
+  FitLegend(plot, legend, page);
+  FitAxes(plot, picture, font, fontSize);
+}
+
+void Paint(QCustomPlot& plot, QPaintDevice& device, double scale) {
+  QCPPainter painter;
+  painter.begin(&device);
+  painter.setMode(QCPPainter::pmVectorized);
+  painter.setMode(QCPPainter::pmNoCaching);
+  painter.setMode(QCPPainter::pmNonCosmetic);
+  painter.scale(scale, scale);
+  plot.toPainter(&painter, plot.viewport().width(), plot.viewport().height());
+  painter.end();
+}
+
+}  // namespace
+
+PlotView::PlotView(const char* name) : m_legend(*this) {
+  setObjectName(QString::fromLatin1(name));
+  setAccessibleName(tr("Plot of Means"));
+  setMinimumSize(fontMetrics().averageCharWidth() * 40, fontMetrics().height() * 12);
+  axisRect()->setupFullAxesBox(false);
+}
+
+void PlotView::ShowPicture(const PlotPicture& picture) {
+  m_picture = picture;
+  DrawPicture(*this, m_legend, m_picture, font(), fontMetrics().height() * 0.75, Page::View);
+  replot(QCustomPlot::rpQueuedRefresh);
+}
+
+void PlotView::resizeEvent(QResizeEvent* event) {
+  QCustomPlot::resizeEvent(event);
+  ShowPicture(m_picture);
+}
+
+QByteArray RenderPicture(const PlotPicture& picture, PlotFormat format) {
+  const auto dots = [](double cm, int perInch) { return static_cast<int>(std::lround(cm / kCmPerInch * perInch)); };
+  QCustomPlot plot;
+  PlotLegend legend(plot);
+  plot.axisRect()->setupFullAxesBox(false);
+  plot.setViewport(QRect(0, 0, dots(kWidthInCm, kDotsPerInch), dots(kHeightInCm, kDotsPerInch)));
+  QFont font(plot.font());
+  font.setPixelSize(kFontPixels);  // the same on every device
+  DrawPicture(plot, legend, picture, font, kFontPixels, Page::Figure);
+  const QSize size = plot.viewport().size();
+  const double grownCm = legend.Height() * kCmPerInch / kDotsPerInch;
+  QByteArray bytes;
+  QBuffer buffer(&bytes);
+  buffer.open(QIODevice::WriteOnly);
+  switch (format) {
+    case PlotFormat::Pdf: {
+      QPdfWriter device(&buffer);
+      device.setPageSize(QPageSize(QSizeF(kWidthInCm, kHeightInCm + grownCm) * 10, QPageSize::Millimeter));
+      device.setPageMargins({});
+      Paint(plot, device, static_cast<double>(device.logicalDpiX()) / kDotsPerInch);
+      break;
+    }
+    case PlotFormat::Svg: {
+      QSvgGenerator device;
+      device.setOutputDevice(&buffer);
+      device.setResolution(kDotsPerInch);
+      device.setSize(size);
+      device.setViewBox(QRect(QPoint(), size));
+      Paint(plot, device, 1);
+      break;
+    }
+    case PlotFormat::Png: {
+      QImage image = plot.toPixmap(size.width(), size.height(), double{kPixelsPerInch} / kDotsPerInch).toImage();
+      image.setDotsPerMeterX(dots(100, kPixelsPerInch));
+      image.setDotsPerMeterY(dots(100, kPixelsPerInch));
+      image.save(&buffer, "PNG");
+      break;
+    }
+  }
+  return bytes;
+}
+
+}  // namespace zova

@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <functional>
+
+#include "app/widgets/Panel.h"
+
+class QGroupBox;
+class QLabel;
+class QPushButton;
+class QScrollArea;
+class QTimer;
+
+namespace zova {
+
+class EntryBox;
+class EntryTable;
+class Session;
+
+/// The screen on which a subject's recalls are typed. Whatever is pressed or clicked, the focus comes back to the box.
+class EntryPanel : public Panel {
+  Q_OBJECT
+
+ public:
+  explicit EntryPanel(Session& session);
+  void Refresh() override;
+
+ protected:
+  void showEvent(QShowEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  QScrollArea* MakeSide();
+  QPushButton* AddButton(QLayout& rows, const char* name, const QString& caption, std::function<void()> act);
+  void Report();
+  void FollowTimer();
+  void FitSide();
+  void ActOnTicks();
+
+  Session& m_session;
+  EntryTable* m_grdInput;
+  EntryBox* m_txtInput;
+  QLabel* m_lblTUpdate;
+  QLabel* m_lblThisOne;
+  QLabel* m_lblProjectName;
+  QPushButton* m_cmdDone = nullptr;
+  QGroupBox* m_framinbump = nullptr;
+  QScrollArea* m_side;
+  QTimer* m_tmrAutoSave;
+  int m_timerStarts = 0;
+  int m_waitingTicks = 0;
+};
+
+}  // namespace zova

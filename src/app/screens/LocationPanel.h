@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+
+#include "app/widgets/Panel.h"
+
+class QLabel;
+class QLineEdit;
+
+namespace zova {
+
+class DriveDirectoryList;
+class Session;
+
+/// Where a directory is chosen: for the Param directory in its two forms, and for a new backup destination.
+class LocationPanel : public Panel {
+  Q_OBJECT
+
+ public:
+  explicit LocationPanel(Session& session, QWidget* parent = nullptr);
+  void Refresh() override;
+
+ protected:
+  void showEvent(QShowEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  void Arrange();
+  void Take(const std::string& path);
+  void Accept();
+  void Cancel();
+  void Report();
+
+  Session& m_session;
+  QWidget* m_form;
+  QLabel* m_title;
+  QLabel* m_instruction;
+  QLabel* m_note;
+  QLineEdit* m_path;
+  QLabel* m_result;
+  DriveDirectoryList* m_directories;
+};
+
+}  // namespace zova

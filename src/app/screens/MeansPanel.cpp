@@ -1,0 +1,277 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/screens/MeansPanel.h"
+
+#include <QAbstractTableModel>
+#include <QAction>
+#include <QCheckBox>
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QItemSelectionModel>
+#include <QKeyEvent>
+#include <QListWidget>
+#include <QScrollArea>
+#include <QSignalBlocker>
+#include <QSplitter>
+#include <QTableView>
+#include <algorithm>
+
+#include "app/plots/PlotView.h"
+#include "app/widgets/Controls.h"
+#include "session/Session.h"
+
+namespace zova {
+
+// Asks the rules for each cell, but never between a change of theirs and the refresh that follows: a view that is laid
+// out anew in that time would ask for rows that are gone.
+class MeansModel final : public QAbstractTableModel {
+ public:
+  MeansModel(MeansExaminer& rules, QObject* parent) : QAbstractTableModel(parent), m_rules(rules) {}
+
+  [[nodiscard]] int rowCount(const QModelIndex& parent) const override { return parent.isValid() ? 0 : m_rows; }
+  [[nodiscard]] int columnCount(const QModelIndex& parent) const override {
+    return parent.isValid() ? 0 : static_cast<int>(m_headings.size());
+  }
+  [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override {
+    if (m_results != m_rules.Results()) return {};
+    switch (role) {
+      case Qt::DisplayRole: return ToQt(m_rules.CellText(index.row(), index.column()));
+      case Qt::ToolTipRole: return ToQt(m_rules.RowTip(index.row()));
+      case Qt::TextAlignmentRole: {
+        const bool isNumber = index.column() > static_cast<int>(m_headings.size()) - 7;
+        return static_cast<int>(Qt::AlignVCenter | (isNumber ? Qt::AlignRight : Qt::AlignLeft));
+      }
+      default: return {};
+    }
+  }
+  [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation, int role) const override {
+    if (role != Qt::DisplayRole || orientation != Qt::Horizontal) return {};
+    return ToQt(m_headings[static_cast<std::size_t>(section)]);
+  }
+
+  /// False when nothing has changed.
+  bool Follow() {
+    if (m_results == m_rules.Results()) return false;
+    beginResetModel();
+    m_results = m_rules.Results();
+    m_rows = m_rules.RowCount();
+    m_headings = m_rules.Headings();
+    endResetModel();
+    return true;
+  }
+
+ private:
+  MeansExaminer& m_rules;
+  int m_results = -1;
+  int m_rows = 0;
+  std::vector<std::string> m_headings;
+};
+
+namespace {
+
+std::vector<std::size_t> ChosenRows(const QListWidget& list) {
+  std::vector<std::size_t> rows;
+  for (int row = 0; row < list.count(); ++row) {
+    if (list.item(row)->isSelected()) rows.push_back(static_cast<std::size_t>(row));
+  }
+  return rows;
+}
+
+void Choose(QListWidget& list, const std::vector<std::size_t>& rows) {
+  if (ChosenRows(list) == rows) return;
+  const auto indexOf = [&](std::size_t row) { return list.model()->index(static_cast<int>(row), 0); };
+  QItemSelection chosen;  // by neighbouring rows: one by one, thousands of them would take seconds
+  for (std::size_t first = 0, next = 1; first < rows.size(); first = next++) {
+    while (next < rows.size() && rows[next] == rows[next - 1] + 1) ++next;
+    chosen.append({indexOf(rows[first]), indexOf(rows[next - 1])});
+  }
+  const QSignalBlocker quiet(&list);
+  list.selectionModel()->select(chosen, QItemSelectionModel::ClearAndSelect);
+}
+
+void Fill(QListWidget& list, const std::vector<std::string>& texts) {
+  const QSignalBlocker quiet(&list);
+  list.clear();
+  for (const std::string& text : texts) list.addItem(ToQt(text));
+  list.setCurrentRow(0, QItemSelectionModel::NoUpdate);
+}
+
+}  // namespace
+
+MeansPanel::MeansPanel(Session& session)
+    : m_session(session),
+      m_rules(session.Means()),
+      m_lblProjectName(MakeLabel("lblProjectName", {})),
+      m_lblMeansFile(MakeLabel("lblMeansFile", {})),
+      m_lblMeansNote(MakeLabel("lblMeansNote", {})),
+      m_lstMeasures(Named(new QListWidget, "lstMeasures")),
+      m_lstMeansVariables(Named(new QListWidget, "lstMeansVariables")),
+      m_chkMeansLeaveOut(Named(new QCheckBox(tr("&Leave out values that could not be computed")), "chkMeansLeaveOut")),
+      m_grdMeans(Named(new QTableView, "grdMeans")),
+      m_model(new MeansModel(m_rules, this)),
+      m_plotMeans(new PlotView("plotMeans")),
+      m_lblPlotNote(MakeLabel("lblPlotNote", {})) {
+  setObjectName(QStringLiteral("fraMeans"));
+  auto* sides = Named(new QSplitter(Qt::Horizontal), "splMeans");
+  sides->setChildrenCollapsible(false);
+  sides->addWidget(MakeChoices());
+  sides->addWidget(MakeResults());
+  sides->setStretchFactor(1, 1);
+  sides->setSizes({fontMetrics().averageCharWidth() * 36, fontMetrics().averageCharWidth() * 100});
+  auto* whole = new QVBoxLayout(this);
+  whole->addWidget(MakeHead());  // what wraps its text would make the scrolling page as high as it would like to be
+  whole->addWidget(MakeScrolling(sides), 1);
+  whole->addWidget(MakeButtons());
+  connect(m_lstMeasures, &QListWidget::itemSelectionChanged, this,
+          [this] { Act([this] { m_rules.ChooseMeasures(ChosenRows(*m_lstMeasures)); }); });
+  connect(m_lstMeasures, &QListWidget::itemDoubleClicked, this,
+          [this] { Act([this] { m_rules.ChooseWholeSeries(); }); });
+  connect(m_lstMeansVariables, &QListWidget::itemSelectionChanged, this,
+          [this] { Act([this] { m_rules.ChooseVariables(ChosenRows(*m_lstMeansVariables)); }); });
+  connect(m_chkMeansLeaveOut, &QCheckBox::clicked, this,
+          [this](bool checked) { Act([this, checked] { m_rules.SetLeavesOut(checked); }); });
+}
+
+QWidget* MeansPanel::MakeHead() {
+  auto* head = new QWidget;
+  auto* rows = new QVBoxLayout(head);
+  rows->setContentsMargins({});
+  for (QLabel* line : {m_lblProjectName, m_lblMeansFile, m_lblMeansNote}) rows->addWidget(line);
+  return head;
+}
+
+QWidget* MeansPanel::MakeChoices() {
+  auto* choices = new QWidget;
+  auto* rows = new QVBoxLayout(choices);
+  rows->setContentsMargins({});
+  m_lstMeasures->setSelectionMode(QAbstractItemView::ExtendedSelection);
+  m_lstMeansVariables->setSelectionMode(QAbstractItemView::MultiSelection);
+  for (QListWidget* list : {m_lstMeasures, m_lstMeansVariables}) {
+    list->setUniformItemSizes(true);
+    list->setTextElideMode(Qt::ElideNone);  // what differs stands at the end
+    list->setMinimumSize(list->fontMetrics().averageCharWidth() * 26, list->fontMetrics().lineSpacing() * 5);
+  }
+  rows->addWidget(MakeLabel("lblMeasures", tr("&Measures:"), m_lstMeasures));
+  rows->addWidget(m_lstMeasures, 3);
+  m_cmdMeansFamily =
+      AddButton(*choices, "cmdMeansFamily", tr("Whole &Series"), [this] { m_rules.ChooseWholeSeries(); });
+  rows->addWidget(MakeLabel("lblMeansVariables", tr("&Variables:"), m_lstMeansVariables));
+  rows->addWidget(m_lstMeansVariables, 1);
+  return choices;
+}
+
+QWidget* MeansPanel::MakeResults() {
+  auto* results = Named(new QSplitter(Qt::Vertical), "splMeansResults");
+  results->setChildrenCollapsible(false);
+  auto* table = new QWidget;
+  auto* rows = new QVBoxLayout(table);
+  rows->setContentsMargins({});
+  rows->addWidget(m_chkMeansLeaveOut, 0, Qt::AlignLeft);
+  rows->addWidget(m_grdMeans, 1);
+  m_grdMeans->setModel(m_model);
+  m_grdMeans->setAccessibleName(tr("Means"));
+  m_grdMeans->setTabKeyNavigation(false);
+  m_grdMeans->verticalHeader()->hide();
+  m_grdMeans->verticalHeader()->setDefaultSectionSize(fontMetrics().height() * 3 / 2);
+  m_grdMeans->horizontalHeader()->setHighlightSections(false);
+  m_grdMeans->horizontalHeader()->setResizeContentsPrecision(100);
+  m_grdMeans->setMinimumHeight(fontMetrics().height() * 7);
+  auto* copy = new QAction(m_grdMeans);
+  copy->setShortcut(QKeySequence::Copy);
+  copy->setShortcutContext(Qt::WidgetShortcut);
+  connect(copy, &QAction::triggered, this, [this] { Copy(); });
+  m_grdMeans->addAction(copy);
+  results->addWidget(table);
+  auto* plot = new QWidget;
+  auto* plotRows = new QVBoxLayout(plot);
+  plotRows->setContentsMargins({});
+  plotRows->addWidget(m_plotMeans, 1);
+  plotRows->addWidget(m_lblPlotNote);
+  results->addWidget(plot);
+  results->setStretchFactor(0, 2);
+  results->setStretchFactor(1, 3);
+  return results;
+}
+
+QWidget* MeansPanel::MakeButtons() {
+  auto* buttons = new QWidget;
+  auto* row = new QHBoxLayout(buttons);
+  row->setContentsMargins({});
+  AddButton(*buttons, "cmdMeansOpen", tr("Open M&aster..."), [this] { m_rules.ChooseMaster(); });
+  row->addStretch();
+  m_cmdMeansCopy = AddButton(*buttons, "cmdMeansCopy", tr("Cop&y Table"), [this] { Copy(); });
+  m_cmdMeansSave = AddButton(*buttons, "cmdMeansSave", tr("Save Ta&ble..."), [this] { m_rules.SaveTable(); });
+  m_cmdPlotSave = AddButton(*buttons, "cmdPlotSave", tr("Sav&e Plot..."), [this] { SavePlot(); });
+  AddButton(*buttons, "cmdMeansClose", tr("&Close"), [this] { m_session.CloseMeans(); });
+  return buttons;
+}
+
+QPushButton* MeansPanel::AddButton(QWidget& row, const char* name, const QString& caption, std::function<void()> act) {
+  QPushButton* button = MakeButton(name, caption);
+  row.layout()->addWidget(button);
+  connect(button, &QPushButton::clicked, this, [this, act = std::move(act)] { Act(act); });
+  return button;
+}
+
+void MeansPanel::Act(const std::function<void()>& act) {
+  act();
+  emit Acted();
+}
+
+void MeansPanel::Copy() { QGuiApplication::clipboard()->setText(ToQt(m_rules.TableText())); }
+
+void MeansPanel::SavePlot() {
+  const auto target = m_rules.AskPlotFile();
+  if (target) m_rules.SavePlot(*target, RenderPicture(m_rules.Picture(), target->Format).toStdString());
+}
+
+void MeansPanel::FillLists() {
+  m_layouts = m_rules.Layouts();
+  Fill(*m_lstMeasures, m_rules.Measures());
+  Fill(*m_lstMeansVariables, m_rules.Variables());
+}
+
+void MeansPanel::ShowChosen() {
+  std::vector<std::size_t> variables = m_rules.ChosenVariables();
+  std::sort(variables.begin(), variables.end());
+  Choose(*m_lstMeasures, m_rules.ChosenMeasures());
+  Choose(*m_lstMeansVariables, variables);
+}
+
+void MeansPanel::Refresh() {
+  m_lblProjectName->setText(tr("Project: ") + ToQt(m_session.ProjectCaption()));
+  m_lblMeansFile->setText(ToQt(m_rules.FileLine()));
+  m_lblMeansNote->setText(ToQt(m_rules.NoteLine()));
+  m_lblMeansNote->setVisible(!m_lblMeansNote->text().isEmpty());
+  if (m_layouts != m_rules.Layouts()) FillLists();
+  ShowChosen();
+  m_chkMeansLeaveOut->setEnabled(m_rules.CanLeaveOut());
+  m_chkMeansLeaveOut->setChecked(m_rules.LeavesOut());
+  m_cmdMeansFamily->setEnabled(!m_rules.ChosenMeasures().empty());
+  const bool hasTable = m_rules.RowCount() > 0;
+  m_cmdMeansCopy->setEnabled(hasTable);
+  m_cmdMeansSave->setEnabled(hasTable);
+  m_cmdPlotSave->setEnabled(m_rules.HasPlot());
+  if (!m_model->Follow()) return;
+  m_grdMeans->resizeColumnsToContents();
+  m_plotMeans->ShowPicture(m_rules.Picture());
+  // An empty plot says by itself why it is.
+  m_lblPlotNote->setText(m_rules.HasPlot() ? ToQt(m_rules.Picture().Note) : QString());
+  m_lblPlotNote->setVisible(!m_lblPlotNote->text().isEmpty());
+}
+
+void MeansPanel::showEvent(QShowEvent* event) {
+  Panel::showEvent(event);
+  if (event->spontaneous()) return;
+  Refresh();
+  PlaceCursorIn(m_lstMeasures);
+}
+
+// Keys that the control with the focus has no use for.
+void MeansPanel::keyPressEvent(QKeyEvent* event) {
+  if (event->key() != Qt::Key_Escape || event->isAutoRepeat()) return Panel::keyPressEvent(event);
+  Act([this] { m_session.CloseMeans(); });
+}
+
+}  // namespace zova

@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <functional>
+
+#include "app/widgets/Panel.h"
+
+class QCheckBox;
+class QLabel;
+class QListWidget;
+class QPushButton;
+class QTableView;
+
+namespace zova {
+
+class MeansExaminer;
+class MeansModel;
+class PlotView;
+class Session;
+
+/// Means by the levels of the variables: what is chosen of a master on the left, table above plot on the right.
+class MeansPanel : public Panel {
+  Q_OBJECT
+
+ public:
+  explicit MeansPanel(Session& session);
+  void Refresh() override;
+
+ protected:
+  void showEvent(QShowEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  [[nodiscard]] QWidget* MakeHead();
+  [[nodiscard]] QWidget* MakeChoices();
+  [[nodiscard]] QWidget* MakeResults();
+  [[nodiscard]] QWidget* MakeButtons();
+  QPushButton* AddButton(QWidget& row, const char* name, const QString& caption, std::function<void()> act);
+  void FillLists();
+  void ShowChosen();
+  void Act(const std::function<void()>& act);
+  void Copy();
+  void SavePlot();
+
+  Session& m_session;
+  MeansExaminer& m_rules;
+  QLabel* m_lblProjectName;
+  QLabel* m_lblMeansFile;
+  QLabel* m_lblMeansNote;
+  QListWidget* m_lstMeasures;
+  QListWidget* m_lstMeansVariables;
+  QPushButton* m_cmdMeansFamily = nullptr;
+  QCheckBox* m_chkMeansLeaveOut;
+  QTableView* m_grdMeans;
+  MeansModel* m_model;
+  PlotView* m_plotMeans;
+  QLabel* m_lblPlotNote;
+  QPushButton* m_cmdMeansCopy = nullptr;
+  QPushButton* m_cmdMeansSave = nullptr;
+  QPushButton* m_cmdPlotSave = nullptr;
+  int m_layouts = -1;  // as last shown
+};
+
+}  // namespace zova

@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <utility>
+#include <vector>
+
+#include "app/widgets/FlowPanel.h"
+
+class QCheckBox;
+class QGroupBox;
+
+namespace zova {
+
+/// Which families of measures become columns of the master.
+class MeasurePanel : public FlowPanel {
+  Q_OBJECT
+
+ public:
+  /// `help` shows the help topic on measures.
+  MeasurePanel(MasterFlow& flow, std::function<void()> help);
+  void Refresh() override;
+
+ private:
+  void AddBox(QGroupBox& frame, const MeasureBox& measure, char accessKey);
+
+  std::vector<std::pair<QCheckBox*, Measure>> m_boxes;
+};
+
+}  // namespace zova

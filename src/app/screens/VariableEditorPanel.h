@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QPushButton>
+#include <vector>
+
+#include "app/screens/WizardPage.h"
+
+namespace zova {
+
+/// Page 5: the between-subject variables and their levels. The labels of the variable and of its levels take the
+/// focus by Tab, by the arrows Up and Down, and by a click; the one that has it is highlighted.
+class VariableEditorPanel : public WizardPage {
+  Q_OBJECT
+
+ public:
+  explicit VariableEditorPanel(NewProjectWizard& wizard);
+  void Refresh() override;
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
+
+ private:
+  using Act = void (NewProjectWizard::*)();
+
+  QPushButton* AddButton(QHBoxLayout& row, const char* name, const QString& caption, Act act);
+  void AddLabels();
+  void Do(Act act);
+  void Highlight(int label);
+  bool TakeKey(int label, QKeyEvent& press);
+  void FollowHighlight();
+
+  TextBox m_entry;
+  QPushButton* m_cmdAddVar;
+  QPushButton* m_cmdReview;
+  std::vector<QLabel*> m_labels;  // lblVarName, then those of the levels: the index is the editor's level
+  bool m_refreshing = false;
+};
+
+}  // namespace zova

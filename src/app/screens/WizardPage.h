@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QRadioButton>
+#include <QVBoxLayout>
+#include <optional>
+#include <utility>
+#include <vector>
+
+#include "app/widgets/Panel.h"
+#include "project/wizard/NewProjectWizard.h"
+
+namespace zova {
+
+/// One page of the wizard: its title, and below it what the rows of questions add.
+class WizardPage : public Panel {
+  Q_OBJECT
+
+ public:
+  /// `number` from 1: the page is FraPrmScr1, its title lblTitle1, and so on.
+  WizardPage(NewProjectWizard& wizard, int number, const QString& title);
+
+  struct TextBox {
+    WizardBox Box;
+    QLineEdit* Edit;
+    QLabel* Label;
+  };
+  using Remark = bool (NewProjectWizard::*)() const noexcept;
+
+  /// Adds a line of text; with `shown` it is seen only while that holds.
+  QLabel* AddText(const char* name, const QString& text, Remark shown = nullptr);
+  /// Adds a box with its question above it.
+  TextBox AddBox(WizardBox box, const char* labelName, const QString& question, const char* name);
+  /// Makes a box with its label, for a row that the caller lays out.
+  TextBox MakeBox(WizardBox box, const char* labelName, const QString& caption, const char* name);
+  /// Adds a question that is answered by yes or no; with `asked` only while that box is asked for.
+  void AddOptions(WizardOption option, const char* labelName, const QString& question, const char* yesName,
+                  const char* noName, std::optional<WizardBox> asked = {});
+  [[nodiscard]] QVBoxLayout* Rows() const noexcept { return m_rows; }
+
+  void Refresh() override;
+  /// The control in which the cursor stands for `box`, one of this page's.
+  [[nodiscard]] virtual QWidget* ControlOf(WizardBox box) const;
+
+ protected:
+  [[nodiscard]] NewProjectWizard& Wizard() const noexcept { return m_wizard; }
+
+ private:
+  struct OptionPair {
+    WizardOption Option;
+    QRadioButton* Yes;
+    QRadioButton* No;
+    QLabel* Label;
+    std::optional<WizardBox> Asked;
+  };
+  void TakeTyped(const TextBox& typed, const QString& text);
+  void TakeOption(WizardOption option, bool yes);
+
+  NewProjectWizard& m_wizard;
+  QVBoxLayout* m_rows;
+  std::vector<TextBox> m_boxes;
+  std::vector<OptionPair> m_options;
+  std::vector<std::pair<QLabel*, Remark>> m_remarks;
+};
+
+}  // namespace zova

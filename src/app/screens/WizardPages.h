@@ -1,0 +1,13 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <vector>
+
+#include "app/screens/WizardPage.h"
+
+namespace zova {
+
+/// The wizard's pages in their order. The caller owns them.
+std::vector<WizardPage*> MakeWizardPages(NewProjectWizard& wizard);
+
+}  // namespace zova

@@ -1,0 +1,171 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// A line of a master:
+//
+//   ( identifier | group ) ( ", " level )* ( ", " value )*
+//
+// where a level or value that is not negative has a blank of its own before it, so that two follow the comma. A group
+// has XXXXXXX for a level that its members need not share. Names and
+// identifiers are not quoted; a comma in one (older files have them) becomes a column, and the pieces of a wide master
+// are cut at it.
+
+#include "master/columns/MasterLines.h"
+
+#include <algorithm>
+
+#include "text/NumberText.h"
+
+namespace zova {
+
+namespace {
+
+constexpr int kMaxColumnCount = INT16_MAX;
+
+class HeaderSink final : public ColumnSink {
+ public:
+  explicit HeaderSink(MasterHeaderLine& line) : m_line(line) {}
+  void Count(const ColumnOrigin& origin, const ColumnName& name, std::int16_t) override { Add(origin, name); }
+  void Share(const ColumnOrigin& origin, const ColumnName& name, const Ratio&) override { Add(origin, name); }
+
+ private:
+  void Add(const ColumnOrigin& origin, const ColumnName& name) {
+    m_line.Families.Add(origin.Family);
+    m_line.MasterHeader += ", ";
+    AppendColumnName(m_line.MasterHeader, name);
+  }
+
+  MasterHeaderLine& m_line;
+};
+
+class RowSink final : public ColumnSink {
+ public:
+  explicit RowSink(std::string& row) : m_row(row) {}
+  void Count(const ColumnOrigin&, const ColumnName&, std::int16_t value) override { Add(static_cast<int>(value)); }
+  void Share(const ColumnOrigin&, const ColumnName&, const Ratio& value) override { Add(value.Cut); }
+
+ private:
+  void Add(int value) {
+    if (value >= 0 && value <= 9) {  // most of a row
+      const char text[] = {',', ' ', ' ', static_cast<char>('0' + value)};
+      m_row.append(text, sizeof text);
+    } else {
+      m_row += ", ";
+      AppendSpacedNumber(m_row, value);
+    }
+  }
+  void Add(float value) {
+    m_row += ", ";
+    AppendSpacedNumber(m_row, value);
+  }
+
+  std::string& m_row;
+};
+
+class CountSink final : public ColumnSink {
+ public:
+  void Count(const ColumnOrigin& origin, const ColumnName&, std::int16_t) override { Add(origin.Box); }
+  void Share(const ColumnOrigin& origin, const ColumnName&, const Ratio&) override { Add(origin.Box); }
+
+  [[nodiscard]] int Total() const noexcept { return m_total; }
+  [[nodiscard]] int Of(Measure box) const noexcept { return m_perBox[static_cast<std::size_t>(box)]; }
+
+ private:
+  void Add(Measure box) noexcept {
+    ++m_total;
+    ++m_perBox[static_cast<std::size_t>(box)];
+  }
+
+  int m_total = 0;
+  std::array<int, kMeasureCount> m_perBox{};
+};
+
+// Every box that brings the count down by itself; where none does, the largest ones together.
+std::string MeasuresToUncheck(const CountSink& counts, int excess) {
+  std::vector<MeasureBox> boxes(AllMeasureBoxes().begin(), AllMeasureBoxes().end());
+  std::stable_sort(boxes.begin(), boxes.end(),
+                   [&](const MeasureBox& a, const MeasureBox& b) { return counts.Of(a.Which) > counts.Of(b.Which); });
+  const bool oneIsEnough = counts.Of(boxes.front().Which) >= excess;
+  std::string names;
+  for (const MeasureBox& box : boxes) {
+    const int count = counts.Of(box.Which);
+    if (oneIsEnough ? count < excess : excess <= 0) break;
+    if (!names.empty()) names += oneIsEnough ? " or " : " and ";
+    names.append("'").append(box.Frame).append(": ").append(box.Caption).append("'");
+    if (!oneIsEnough) excess -= count;
+  }
+  return names;
+}
+
+void RequireColumnCount(const CountSink& counts, int total) {
+  if (total <= kMaxColumnCount) return;
+  throw RunError(RunFault::Overflow, "The master would have " + std::to_string(total) + " columns; it can have " +
+                                         std::to_string(kMaxColumnCount) + ".  Please uncheck " +
+                                         MeasuresToUncheck(counts, total - kMaxColumnCount) + ".");
+}
+
+}  // namespace
+
+MasterHeaderLine BuildMasterHeader(const ProjectParameters& project, const MeasureSelection& selection,
+                                   MasterKind kind) {
+  ScoringArrays empty;
+  ResetScores(empty, project);
+  CountSink counts;
+  WalkMeasureColumns(project, selection, kind, empty, counts);
+  const int total = 1 + project.VariableCount + counts.Total();
+  RequireColumnCount(counts, total);
+
+  MasterHeaderLine line;
+  line.MasterColumnCount = static_cast<std::int16_t>(total);
+  line.MasterHeader = "Sub ID's";
+  for (std::size_t v = 0; v < static_cast<std::size_t>(project.VariableCount); ++v) {
+    line.MasterHeader += ", " + project.VariableNames[v];
+  }
+  HeaderSink sink(line);
+  WalkMeasureColumns(project, selection, kind, empty, sink);
+  return line;
+}
+
+void BuildMasterRow(std::string_view subjectId, const std::array<std::int16_t, kMaxVariables>& levels,
+                    const ProjectParameters& project, const MeasureSelection& selection, const ScoringArrays& scores,
+                    std::string& row) {
+  row = subjectId;
+  for (std::size_t v = 0; v < static_cast<std::size_t>(project.VariableCount); ++v) {
+    row += ", ";
+    AppendSpacedNumber(row, static_cast<int>(levels[v]));
+  }
+  RowSink sink(row);
+  WalkMeasureColumns(project, selection, MasterKind::Individual, scores, sink);
+}
+
+void BuildGroupRow(std::string_view label, std::optional<std::size_t> separator, std::int16_t level,
+                   const ProjectParameters& project, const MeasureSelection& selection, const ScoringArrays& scores,
+                   std::string& row) {
+  row = label;
+  for (std::size_t v = 0; v < static_cast<std::size_t>(project.VariableCount); ++v) {
+    row += ", ";
+    if (separator == v) {
+      AppendSpacedNumber(row, static_cast<int>(level));
+    } else {
+      row += "XXXXXXX";
+    }
+  }
+  RowSink sink(row);
+  WalkMeasureColumns(project, selection, MasterKind::Combined, scores, sink);
+}
+
+std::vector<std::string_view> SplitWideMaster(std::string_view line, int columnCount) {
+  const int pieceCount = columnCount / kMaxColumnsUnsplit + 1;
+  std::vector<std::string_view> pieces;
+  pieces.reserve(static_cast<std::size_t>(pieceCount));
+  for (int piece = 1; piece < pieceCount; ++piece) {
+    int columns = piece == 1 ? kMaxColumnsUnsplit : kMaxColumnsUnsplit - 1;
+    std::size_t end = line.find(',');
+    while (end != std::string_view::npos && --columns > 0) end = line.find(',', end + 1);
+    pieces.push_back(line.substr(0, end));
+    line.remove_prefix(end == std::string_view::npos ? line.size() : end + 1);
+  }
+  pieces.push_back(line);
+  return pieces;
+}
+
+}  // namespace zova

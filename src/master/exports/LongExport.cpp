@@ -1,0 +1,114 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "master/exports/LongExport.h"
+
+#include <algorithm>
+
+#include "master/exports/CleanExport.h"
+#include "scoring/ScoreSubject.h"
+#include "text/Csv.h"
+#include "text/NumberText.h"
+
+namespace zova {
+
+namespace {
+
+// A field with a minute or a rating; 0 is none.
+void AppendKept(std::string& rows, int value) {
+  rows += ',';
+  if (value >= 1 && value <= 9) {  // most of them
+    rows += static_cast<char>('0' + value);
+  } else if (value != 0) {
+    AppendNumber(rows, value);
+  }
+}
+
+}  // namespace
+
+LongExport::LongExport(const ProjectParameters& project, const std::optional<SerialOrder>& order)
+    : m_project(project), m_hasLures(IsFalseMemoryInForce(project)) {
+  std::vector<std::pair<int, int>> study;  // position, item
+  m_items.emplace_back();
+  for (int item = 1; item <= project.ItemCount; ++item) {
+    AppendItem(m_items.emplace_back(), item);
+    std::string& place = m_places.emplace_back(",recall,");
+    AppendNumber(place, item);
+    place += ',';
+    if (m_hasLures && IsLure(item, project)) continue;
+    study.emplace_back(order ? order->at(static_cast<std::size_t>(item) - 1) : item, item);
+  }
+  std::sort(study.begin(), study.end());
+  for (const auto& [position, item] : study) {
+    std::string& row = m_study.emplace_back(",study,");
+    AppendNumber(row, position);
+    row += ',';
+    row += m_items[static_cast<std::size_t>(item)];
+    if (project.MinutesRecorded == 1) row += ',';
+    if (project.Rated == 1) row += ',';
+  }
+}
+
+std::string LongExport::Header() const {
+  CsvHeader header;
+  for (const char* name : {"subject", "list", "trial_type", "position", "item"}) header.Add(name);
+  if (m_project.Categorized == 1) header.Add("category");
+  if (m_hasLures) header.Add("lure");
+  if (m_project.MinutesRecorded == 1) header.Add("minute");
+  if (m_project.Rated == 1) header.Add("rating");
+  for (std::size_t v = 0; v < static_cast<std::size_t>(m_project.VariableCount); ++v) {
+    header.AddVariable(m_project.VariableNames[v]);
+  }
+  return header.Line();
+}
+
+void LongExport::AppendItem(std::string& row, int item) const {
+  AppendNumber(row, item);
+  if (m_project.Categorized == 1) {
+    row += ',';
+    const int category = CategoryOf(item, m_project);
+    if (category > 0) AppendNumber(row, category);
+  }
+  if (m_hasLures) row += IsLure(item, m_project) ? ",1" : ",0";
+}
+
+void LongExport::Build(const ScoredSubject& subject, std::string& rows) {
+  m_end.clear();
+  for (std::size_t v = 0; v < static_cast<std::size_t>(m_project.VariableCount); ++v) {
+    m_end += ',';
+    AppendLevelField(m_end, m_project, v, subject.Record.Levels[v]);
+  }
+  m_end += kCsvLineEnd;
+  rows.clear();
+  for (int test = 1; test <= m_project.TestCount; ++test) {
+    m_opening.clear();
+    AppendCsvField(m_opening, subject.SubjectId);
+    m_opening += ',';
+    AppendNumber(m_opening, test);
+    for (const std::string& study : m_study) rows.append(m_opening).append(study).append(m_end);
+    AddRecalls(subject.Record.Lists, test, rows);
+  }
+  if (!rows.empty()) rows.resize(rows.size() - kCsvLineEnd.size());
+}
+
+// Also the items behind a blank, which the walks of some measures do not reach: the protocol is told as it is.
+void LongExport::AddRecalls(const RecallLists& lists, int test, std::string& rows) const {
+  const bool isRated = m_project.Rated == 1 && IsTestRated(m_project, test);
+  int left = lists.RecallCount(test);
+  for (int position = 1; left > 0 && position <= lists.PositionCount(); ++position) {
+    const Recall& recall = lists.At(test, position);
+    if (recall.Item < 1) continue;
+    --left;
+    rows.append(m_opening).append(m_places[static_cast<std::size_t>(position) - 1]);
+    const auto item = static_cast<std::size_t>(recall.Item);
+    if (item < m_items.size()) {
+      rows += m_items[item];
+    } else {
+      AppendItem(rows, recall.Item);  // behind a blank, where nothing refused it
+    }
+    if (m_project.MinutesRecorded == 1) AppendKept(rows, recall.Minute);
+    if (m_project.Rated == 1) AppendKept(rows, isRated ? recall.Rating : 0);
+    rows += m_end;
+  }
+}
+
+}  // namespace zova

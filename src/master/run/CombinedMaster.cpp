@@ -1,0 +1,111 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The members of a group are read one after the other and pooled at once, so that a run of any length holds one
+// subject's lists and one group's recall.
+
+#include "master/run/CombinedMaster.h"
+
+#include "master/run/RunSteps.h"
+#include "scoring/ScoreSubject.h"
+
+namespace zova {
+
+namespace {
+
+class CombinedWriter : private RunParts {
+ public:
+  CombinedWriter(const ProjectParameters& project, const CombinedRequest& request, const RunSurroundings& surroundings)
+      : RunParts(project, MasterKind::Combined, static_cast<int>(request.Plan.Groups.size()), surroundings),
+        m_request(request),
+        m_path(
+            CombinedMasterPath(ResolveDestination(request.Destination, project, surroundings.Files.Drives()), project)),
+        m_recall(project) {}
+
+  MasterRunResult Run() {
+    m_result.Completed = BuildHeader(m_project, m_request.Selection, MasterKind::Combined, m_boxes, m_header) &&
+                         m_subjects.Take(m_request.Subjects.FileNames) && m_files.WriteHeader(m_path, m_header) &&
+                         WriteRows() && m_files.CloseRows();
+    return std::move(m_result);
+  }
+
+ private:
+  bool WriteRows() {
+    int number = 0;
+    for (const NominalGroup& group : m_request.Plan.Groups) {
+      const std::string label = GroupLabel(++number, IdsOf(group));
+      if (!PoolAndScore(group, label)) return false;
+      BuildGroupRow(label, m_request.Separator, group.Level, m_project, m_request.Selection, m_scores, m_row);
+      if (!m_files.WriteRow(m_path, m_row)) return false;
+      m_progress.Show(number);
+    }
+    return true;
+  }
+
+  [[nodiscard]] std::vector<std::string> IdsOf(const NominalGroup& group) const {
+    std::vector<std::string> ids;
+    for (const std::size_t member : group.Members) ids.push_back(m_request.Subjects.SubjectIds[member]);
+    return ids;
+  }
+
+  // A number that is too large for the group is the fault of no single member: after a Retry all are read again.
+  bool PoolAndScore(const NominalGroup& group, const std::string& label) {
+    bool pooled = false;
+    const auto poolAndScore = [&] {
+      pooled = Pool(group);
+      if (pooled) ScoreSubject(m_recall.Pooled(), m_project, m_header.Families, m_scores);
+    };
+    return WithRunRetry(m_errors, poolAndScore, [&] { return label; }) && pooled;
+  }
+
+  bool Pool(const NominalGroup& group) {
+    m_recall.Reset();
+    for (const std::size_t member : group.Members) {
+      const int k = static_cast<int>(member) + 1;
+      const auto readAndAdd = [&] {
+        m_subjects.Read(k, m_record);
+        m_recall.Add(m_record.Lists);
+      };
+      if (!WithRunRetry(m_errors, readAndAdd, [&] { return m_subjects.Where(k); })) return false;
+    }
+    return true;
+  }
+
+  const CombinedRequest& m_request;
+  std::string m_path;
+  GroupRecall m_recall;
+};
+
+}  // namespace
+
+std::vector<std::int16_t> GroupSubjects::LevelsOf(std::optional<std::size_t> variable) const {
+  std::vector<std::int16_t> levels(Levels.size(), 0);
+  if (!variable) return levels;
+  for (std::size_t subject = 0; subject < levels.size(); ++subject) levels[subject] = Levels[subject][*variable];
+  return levels;
+}
+
+std::optional<GroupSubjects> ReadGroupSubjects(const ProjectParameters& project, int subjectFileCount, bool withLevels,
+                                               Disk& disk, MessageBoxes& boxes, Progress& bar) {
+  FileErrorHandler errors(boxes);
+  SubjectReader reader(project, disk, errors, bar);
+  if (!reader.List(subjectFileCount)) return std::nullopt;
+  GroupSubjects subjects;
+  SubjectRecord record;
+  for (int k = 1; k <= subjectFileCount; ++k) {
+    const auto take = [&] {
+      if (withLevels || k > reader.Count()) reader.Read(k, record);
+    };
+    if (!WithRetry(errors, take)) return std::nullopt;
+    subjects.FileNames.push_back(reader.Name(k));
+    subjects.SubjectIds.push_back(reader.SubjectId(k));
+    subjects.Levels.push_back(record.Levels);
+  }
+  return subjects;
+}
+
+MasterRunResult CreateCombinedMaster(const ProjectParameters& project, const CombinedRequest& request,
+                                     const RunSurroundings& surroundings) {
+  return CombinedWriter(project, request, surroundings).Run();
+}
+
+}  // namespace zova

@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "master/run/MasterOptions.h"
+
+namespace zova {
+
+MasterOptions::MasterOptions(Disk& disk) : m_disk(disk), m_browser(disk, m_silent, "") {}
+
+void MasterOptions::Open(const ProjectParameters& project) {
+  m_project = &project;
+  Selection.SetDefaultMeasures(project);
+  m_browser.Reset();
+  m_browser.TryOpen(project.PrimaryDir);
+  m_followed = m_browser.Path();
+  m_destination = DefaultMasterPath(project);
+  m_variable = 0;
+  ResetMasterOptions();
+}
+
+void MasterOptions::ResetMasterOptions() noexcept {
+  ChkItemAnalysis = ChkCombine = ChkExportClean = ChkExportLong = false;
+  m_perGroup.clear();
+}
+
+void MasterOptions::SettleDestination() {
+  m_destination = ResolveDestination(m_destination, *m_project, m_disk.Drives()).HeaderPath;
+  try {
+    if (!m_disk.DirectoryExists(m_destination)) return;
+  } catch (const FileError&) {
+    return;  // the run tells of it
+  }
+  m_destination += m_destination.front() == '/' ? '/' : '\\';
+  m_destination = ResolveDestination(m_destination, *m_project, m_disk.Drives()).HeaderPath;
+}
+
+void MasterOptions::FollowBrowser() {
+  if (m_browser.Path() == m_followed) return;
+  m_followed = m_browser.Path();
+  m_destination = JoinPath(m_followed, LastPathComponent(DefaultMasterPath(*m_project)));
+}
+
+std::vector<std::string> MasterOptions::VariableChoices() const {
+  std::vector<std::string> choices = {"(none)"};
+  if (m_project == nullptr) return choices;
+  const auto first = m_project->VariableNames.begin();
+  choices.insert(choices.end(), first, first + m_project->VariableCount);
+  return choices;
+}
+
+std::optional<std::size_t> MasterOptions::Separator() const noexcept {
+  if (m_variable < 1) return std::nullopt;
+  return static_cast<std::size_t>(m_variable) - 1;
+}
+
+}  // namespace zova

@@ -1,0 +1,128 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "platform/desktop/DirectoryBrowser.h"
+
+#include <algorithm>
+#include <iterator>
+#include <optional>
+#include <system_error>
+#include <utility>
+
+namespace zova {
+
+namespace {
+
+char UpperLetter(char c) noexcept { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
+
+std::string RootOf(char letter) { return {letter, ':', '\\'}; }
+
+bool CanEnter(Disk& disk, const std::string& path) {
+  try {
+    const auto native = disk.Drives().ToNative(path);
+    return native && disk.Layer().CanEnter(*native);
+  } catch (const std::system_error&) {
+    return false;
+  }
+}
+
+using Components = std::vector<std::string>;
+
+// What follows the drive, "." and ".." worked out: they would be no names to show.
+Components ComponentsOf(std::string_view path) {
+  Components parts;
+  while (!path.empty()) {
+    const std::size_t end = std::min(path.find_first_of("\\/"), path.size());
+    const std::string_view part = path.substr(0, end);
+    path.remove_prefix(std::min(end + 1, path.size()));
+    if (part == "..") {
+      if (!parts.empty()) parts.pop_back();
+    } else if (!part.empty() && part != ".") {
+      parts.emplace_back(part);
+    }
+  }
+  return parts;
+}
+
+std::string Joined(char letter, const Components& parts) {
+  std::string path = RootOf(letter);
+  for (const std::string& part : parts) path = JoinPath(path, part);
+  return path;
+}
+
+// The names as the disk has them, where a typed path differs in case. Looking up keeps the number of components.
+void TakeSpellingOfDisk(Disk& disk, char letter, Components& parts) {
+  const std::filesystem::path native = disk.Resolve(Joined(letter, parts), FileOperation::List);
+  auto inNative = std::prev(native.end(), static_cast<std::ptrdiff_t>(parts.size()));
+  for (std::string& part : parts) part = PathText(*inNative++);
+}
+
+}  // namespace
+
+DirectoryBrowser::DirectoryBrowser(Disk& disk, MessageBoxes& boxes, std::string notReadyText)
+    : m_disk(disk), m_boxes(boxes), m_notReadyText(std::move(notReadyText)) {
+  Reset();
+}
+
+void DirectoryBrowser::FindDrives() {
+  m_drives.clear();
+  for (char letter = 'A'; letter <= 'Z'; ++letter) {
+    if (CanEnter(m_disk, RootOf(letter))) m_drives.push_back(letter);
+  }
+}
+
+void DirectoryBrowser::Reset() {
+  FindDrives();
+  if (TryOpen(RootOf('C'))) return;
+  if (std::any_of(m_drives.begin(), m_drives.end(), [this](char letter) { return TryOpen(RootOf(letter)); })) return;
+  m_path = RootOf('C');
+  m_entries = {{m_path, m_path, 0}};
+  m_openEntry = 0;
+}
+
+bool DirectoryBrowser::TryOpen(const std::string& path) {
+  try {
+    const std::string drivePath = m_disk.Drives().ToDrivePath(path);
+    if (drivePath.size() < 2 || drivePath[1] != ':') return false;
+    const char letter = UpperLetter(drivePath.front());
+    Components parts = ComponentsOf(std::string_view(drivePath).substr(2));
+    TakeSpellingOfDisk(m_disk, letter, parts);
+    const Components children = m_disk.ListDirectories(Joined(letter, parts));
+
+    std::vector<Entry> entries = {{RootOf(letter), RootOf(letter), 0}};
+    for (const std::string& part : parts) {
+      entries.push_back({part, JoinPath(entries.back().Path, part), entries.back().Depth + 1});
+    }
+    m_openEntry = parts.size();
+    m_path = entries.back().Path;
+    const int depth = entries.back().Depth + 1;
+    for (const std::string& child : children) entries.push_back({child, JoinPath(m_path, child), depth});
+    m_entries = std::move(entries);
+    return true;
+  } catch (const std::exception&) {  // FileError, and what a name that the platform cannot spell throws
+    return false;
+  }
+}
+
+void DirectoryBrowser::ReadAnew() {
+  FindDrives();
+  // What is open may be gone itself: then the nearest directory above it that is left.
+  for (std::size_t entry = m_openEntry + 1; entry > 0; --entry) {
+    if (TryOpen(std::string(m_entries[entry - 1].Path))) return;
+  }
+  Reset();
+}
+
+bool DirectoryBrowser::OpenOrTell(const std::string& path) {
+  if (TryOpen(path)) return true;
+  m_boxes.Show({.Text = m_notReadyText, .Icon = BoxIcon::Exclamation});
+  ReadAnew();
+  return false;
+}
+
+bool DirectoryBrowser::SelectDrive(char letter) { return OpenOrTell(RootOf(letter)); }
+
+bool DirectoryBrowser::Open(std::size_t entry) {
+  return entry < m_entries.size() && OpenOrTell(std::string(m_entries[entry].Path));
+}
+
+}  // namespace zova

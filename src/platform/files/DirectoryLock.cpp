@@ -1,0 +1,108 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// POSIX systems lock the directory itself. Windows cannot, so there a file in it stands for the lock, open to nobody
+// else and deleted by the system when its handle goes. Its name is that of a temporary file: listings leave it out, and
+// a sweep of leftovers cannot delete it as long as it is open.
+
+#include "platform/files/DirectoryLock.h"
+
+#include <utility>
+
+#ifdef _WIN32
+#ifndef NOMINMAX
+#define NOMINMAX
+#endif
+#include <windows.h>
+
+#include <string>
+#else
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#endif
+
+namespace zova {
+
+namespace {
+
+using Outcome = DirectoryLock::Outcome;
+
+constexpr std::intptr_t kNone = -1;
+
+struct Taken {
+  Outcome Result;
+  std::intptr_t Handle = kNone;
+};
+
+#ifdef _WIN32
+
+HANDLE AsHandle(std::intptr_t handle) noexcept { return reinterpret_cast<HANDLE>(handle); }
+
+void Close(std::intptr_t handle) noexcept { CloseHandle(AsHandle(handle)); }
+
+bool IsLockOn(std::intptr_t held, const std::filesystem::path& directory) {
+  constexpr DWORD kLongestPath = 32768;
+  std::wstring name(kLongestPath, L'\0');
+  name.resize(GetFinalPathNameByHandleW(AsHandle(held), name.data(), kLongestPath, FILE_NAME_NORMALIZED));
+  std::error_code code;
+  return std::filesystem::equivalent(std::filesystem::path(name).parent_path(), directory, code);
+}
+
+Taken Take(const std::filesystem::path& directory, std::intptr_t held) {
+  if (held != kNone && IsLockOn(held, directory)) return {Outcome::Held, held};
+  const HANDLE file = CreateFileW((directory / L".zova-lock.tmp").c_str(), GENERIC_WRITE, 0, nullptr, OPEN_ALWAYS,
+                                  FILE_ATTRIBUTE_HIDDEN | FILE_FLAG_DELETE_ON_CLOSE, nullptr);
+  if (file != INVALID_HANDLE_VALUE) return {Outcome::Held, reinterpret_cast<std::intptr_t>(file)};
+  return {GetLastError() == ERROR_SHARING_VIOLATION ? Outcome::InUse : Outcome::Unavailable};
+}
+
+#else
+
+void Close(std::intptr_t handle) noexcept { (void)close(static_cast<int>(handle)); }
+
+// By the directory itself, not by its path: one that was deleted and made anew is another.
+bool IsLockOn(std::intptr_t held, const struct stat& directory) {
+  struct stat own = {};
+  return held != kNone && fstat(static_cast<int>(held), &own) == 0 && own.st_dev == directory.st_dev &&
+         own.st_ino == directory.st_ino;
+}
+
+Taken Take(const std::filesystem::path& directory, std::intptr_t held) {
+  constexpr mode_t kAnyWrite = S_IWUSR | S_IWGRP | S_IWOTH;
+  const int handle = open(directory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (handle < 0) return {Outcome::Unavailable};
+  struct stat status = {};
+  Taken taken = {Outcome::Unavailable};
+  if (fstat(handle, &status) == 0 && IsLockOn(held, status)) {
+    taken = {Outcome::Held, held};
+  } else if ((status.st_mode & kAnyWrite) == 0 || access(directory.c_str(), W_OK) != 0) {
+    // Read-only, for the system's administrator too.
+  } else if (flock(handle, LOCK_EX | LOCK_NB) == 0) {
+    return {Outcome::Held, handle};
+  } else if (errno == EWOULDBLOCK) {
+    taken = {Outcome::InUse};
+  }
+  Close(handle);
+  return taken;
+}
+
+#endif
+
+}  // namespace
+
+DirectoryLock::Outcome DirectoryLock::Acquire(const std::filesystem::path& directory) {
+  const Taken taken = Take(directory, m_handle);
+  if (taken.Result == Outcome::InUse || taken.Handle == m_handle) return taken.Result;
+  Release();
+  m_handle = taken.Handle;
+  return taken.Result;
+}
+
+void DirectoryLock::Release() noexcept {
+  if (m_handle != kNone) Close(std::exchange(m_handle, kNone));
+}
+
+}  // namespace zova

@@ -1,0 +1,296 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// A file is replaced by writing ".zova-<n>.tmp" beside it, flushing, and renaming over it. A leftover of such a name is
+// the trace of a save that was killed; the next save into the directory removes it.
+
+#include "platform/files/Disk.h"
+
+#include <algorithm>
+#include <random>
+#include <system_error>
+
+#include "platform/files/FileFaults.h"
+#include "text/Encoding.h"
+#include "text/TypedText.h"
+
+namespace zova {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr std::string_view kTemporaryPrefix = ".zova-";
+constexpr std::string_view kTemporarySuffix = ".tmp";
+
+bool IsTemporary(std::string_view name) noexcept {
+  return name.size() > kTemporaryPrefix.size() + kTemporarySuffix.size() && name.starts_with(kTemporaryPrefix) &&
+         name.ends_with(kTemporarySuffix);
+}
+
+bool IsHidden(std::string_view name) noexcept {
+#ifdef _WIN32
+  return IsTemporary(name);
+#else
+  return name.starts_with('.');
+#endif
+}
+
+// A backslash would be taken for two components, a quote or a control character would break the file it is kept in.
+bool FitsStoredPath(std::string_view name) noexcept {
+  const auto breaks = [](char c) { return c == '\\' || BreaksField(c); };
+  return IsValidUtf8(name) && std::none_of(name.begin(), name.end(), breaks);
+}
+
+std::vector<std::string> InListingOrder(std::vector<std::string> names) {
+  std::vector<std::pair<std::string, std::string>> keyed;  // upper-cased, as it stands
+  keyed.reserve(names.size());
+  for (std::string& name : names) keyed.emplace_back(UpperCase(name), std::move(name));
+  std::sort(keyed.begin(), keyed.end());
+  for (std::size_t i = 0; i < names.size(); ++i) names[i] = std::move(keyed[i].second);
+  return names;
+}
+
+fs::path TemporaryBeside(const fs::path& target) {
+  std::random_device random;
+  return target.parent_path() /
+         (std::string(kTemporaryPrefix) + std::to_string(random()) + std::string(kTemporarySuffix));
+}
+
+// A file system without permissions is no reason to refuse a save.
+void KeepPermissions(FileLayer& layer, const fs::path& from, const fs::path& to) {
+  try {
+    if (layer.Kind(from) == EntryKind::File) layer.CopyPermissions(from, to);
+  } catch (const std::system_error&) {
+  }
+}
+
+}  // namespace
+
+// Every call to the layer goes through here: its errors become file errors that name the path as the caller spelt it.
+template <typename Call>
+auto Disk::Guarded(FileOperation operation, std::string_view path, const fs::path& native, Call&& call) {
+  try {
+    return call();
+  } catch (const std::system_error& error) {
+    ThrowFileError(m_layer, operation, std::string(path), native, error.code());
+  }
+}
+
+fs::path Disk::ResolveBelow(fs::path base, const fs::path& rest) {
+  for (const fs::path& part : rest) {
+    const fs::path exact = base / part;
+    if (m_layer.Kind(exact) == EntryKind::Missing && m_layer.Kind(base) == EntryKind::Directory) {
+      const std::string wanted = PathText(part);
+      std::string best;
+      for (const DirectoryEntry& entry : m_layer.List(base)) {
+        if (EqualsIgnoringCase(entry.Name, wanted) && (best.empty() || entry.Name < best)) best = entry.Name;
+      }
+      base /= best.empty() ? part : PathFromText(best);
+    } else {
+      base = exact;
+    }
+  }
+  return base;
+}
+
+fs::path Disk::Resolve(std::string_view path, FileOperation operation) {
+  const auto native = m_drives.ToNative(path);
+  if (!native) throw FileError(operation, std::string(path), FileCause::PathNotFound);
+  return Guarded(operation, path, *native, [&] {
+    if (m_layer.Kind(*native) != EntryKind::Missing) return *native;
+    return ResolveBelow(native->root_path(), native->relative_path());
+  });
+}
+
+bool Disk::FileExists(std::string_view path) {
+  if (!m_drives.ToNative(path)) return false;
+  const fs::path native = Resolve(path, FileOperation::Read);
+  return Guarded(FileOperation::Read, path, native, [&] { return m_layer.Kind(native) == EntryKind::File; });
+}
+
+bool Disk::DirectoryExists(std::string_view path) {
+  if (!m_drives.ToNative(path)) return false;
+  const fs::path native = Resolve(path, FileOperation::List);
+  return Guarded(FileOperation::List, path, native, [&] { return m_layer.Kind(native) == EntryKind::Directory; });
+}
+
+void Disk::Read(std::string_view path, std::string& content) {
+  ReadNative(Resolve(path, FileOperation::Read), path, content);
+}
+
+void Disk::ReadNative(const fs::path& native, std::string_view path, std::string& content) {
+  Guarded(FileOperation::Read, path, native, [&] {
+    try {
+      m_layer.Read(native, content, kMaxFileSize);
+    } catch (const std::system_error& error) {
+      if (error.code() != std::errc::file_too_large) throw;
+      throw FileError(FileOperation::Read, std::string(path), FileCause::EndOfData, "The file is larger than 64 MiB.");
+    }
+  });
+}
+
+void Disk::ReplaceFile(const fs::path& target, std::string_view content, Durability durability) {
+  const fs::path temporary = TemporaryBeside(target);
+  try {
+    const std::unique_ptr<OutputFile> file = m_layer.Create(temporary);
+    file->Write(content);
+    if (durability == Durability::OnDisk) file->Flush();
+    file->Close();
+    KeepPermissions(m_layer, target, temporary);
+    m_layer.Rename(temporary, target);
+  } catch (const std::system_error&) {
+    try {
+      m_layer.Remove(temporary);
+    } catch (const std::system_error&) {
+      // The next save into this directory removes it.
+    }
+    throw;
+  }
+  if (durability == Durability::OnDisk) m_layer.FlushDirectory(target.parent_path());
+}
+
+void Disk::Write(std::string_view path, std::string_view content, Durability durability) {
+  WriteNative(Resolve(path, FileOperation::Write), path, content, durability, Leftovers::Remove);
+}
+
+void Disk::WriteNative(const fs::path& native, std::string_view path, std::string_view content, Durability durability,
+                       Leftovers leftovers) {
+  Guarded(FileOperation::Write, path, native, [&] {
+    const fs::path target = m_layer.RealPath(native);
+    RequireWritable(m_layer, FileOperation::Write, path, target, Devices::Refuse);  // the file would replace it
+    if (leftovers == Leftovers::Remove) RemoveLeftoversIn(target.parent_path());
+    ReplaceFile(target, content, durability);
+  });
+}
+
+void Disk::WriteInPlace(std::string_view path, std::string_view content) {
+  const fs::path native = Resolve(path, FileOperation::Write);
+  Guarded(FileOperation::Write, path, native, [&] {
+    RequireWritable(m_layer, FileOperation::Write, path, native, Devices::Allow);
+    std::unique_ptr<OutputFile> file = m_layer.Overwrite(native);
+    try {
+      file->Write(content);
+      file->Close();
+    } catch (const std::system_error&) {
+      file.reset();
+      try {
+        m_layer.Truncate(native, 0);
+      } catch (const std::system_error&) {
+        // The fault that is told is the first.
+      }
+      throw;
+    }
+  });
+}
+
+void Disk::RemoveLeftovers(std::string_view directory) {
+  const fs::path native = Resolve(directory, FileOperation::List);
+  Guarded(FileOperation::List, directory, native, [&] { RemoveLeftoversIn(native); });
+}
+
+void Disk::RemoveLeftoversIn(const fs::path& directory) {
+  for (const DirectoryEntry& entry : m_layer.List(directory)) {
+    if (entry.Kind != EntryKind::File || !IsTemporary(entry.Name)) continue;
+    try {
+      m_layer.Remove(directory / PathFromText(entry.Name));
+    } catch (const std::system_error&) {
+      // Another user's, perhaps: no reason to refuse a save.
+    }
+  }
+}
+
+AppendFile Disk::OpenForAppend(std::string_view path) {
+  return {m_layer, std::string(path), Resolve(path, FileOperation::Append)};
+}
+
+void Disk::Copy(std::string_view from, std::string_view to) {
+  std::string content;
+  ReadForCopy(Resolve(from, FileOperation::Copy), from, content);
+  Write(to, content);
+}
+
+void Disk::CopyNative(const fs::path& source, std::string_view from, const fs::path& target, std::string_view to) {
+  std::string content;
+  ReadForCopy(source, from, content);
+  WriteNative(target, to, content, Durability::OnDisk, Leftovers::Keep);
+}
+
+void Disk::ReadForCopy(const fs::path& source, std::string_view from, std::string& content) {
+  Guarded(FileOperation::Copy, from, source, [&] { m_layer.Read(source, content, UINTMAX_MAX); });
+}
+
+void Disk::Delete(std::string_view path) {
+  const fs::path native = Resolve(path, FileOperation::Delete);
+  Guarded(FileOperation::Delete, path, native, [&] { m_layer.Remove(native); });
+}
+
+void Disk::CreateDirectory(std::string_view path) {
+  const fs::path native = Resolve(path, FileOperation::CreateDirectory);
+  Guarded(FileOperation::CreateDirectory, path, native, [&] { m_layer.CreateDirectory(native); });
+}
+
+void Disk::CreateDirectories(std::string_view path) {
+  const fs::path native = Resolve(path, FileOperation::CreateDirectory);
+  Guarded(FileOperation::CreateDirectory, path, native, [&] {
+    fs::path level = native.root_path();
+    EntryKind last = EntryKind::Directory;
+    for (const fs::path& part : native.relative_path()) {
+      level /= part;
+      last = m_layer.Kind(level);
+      if (last == EntryKind::Missing) m_layer.CreateDirectory(level);
+    }
+    if (last != EntryKind::Missing && last != EntryKind::Directory)
+      throw std::system_error(std::make_error_code(std::errc::file_exists));
+  });
+}
+
+void Disk::RemoveDirectory(std::string_view path) {
+  const fs::path native = Resolve(path, FileOperation::RemoveDirectory);
+  Guarded(FileOperation::RemoveDirectory, path, native, [&] {
+    RemoveLeftoversIn(native);
+    m_layer.Remove(native);
+  });
+}
+
+bool Disk::IsEmptyDirectory(std::string_view path) {
+  const fs::path native = Resolve(path, FileOperation::List);
+  return Guarded(FileOperation::List, path, native, [&] {
+    if (m_layer.Kind(native) != EntryKind::Directory) return false;
+    const auto entries = m_layer.List(native);
+    return std::all_of(entries.begin(), entries.end(), [](const DirectoryEntry& e) { return IsTemporary(e.Name); });
+  });
+}
+
+std::vector<std::string> Disk::ListFiles(std::string_view directory, std::string_view prefix, std::string_view suffix) {
+  std::vector<std::string> names;
+  if (DirectoryExists(directory)) {
+    const fs::path native = Resolve(directory, FileOperation::List);
+    const std::string upperPrefix = UpperCase(prefix);
+    const std::string upperSuffix = UpperCase(suffix);
+    Guarded(FileOperation::List, directory, native, [&] {
+      for (DirectoryEntry& entry : m_layer.List(native)) {
+        if (entry.Kind != EntryKind::File || IsTemporary(entry.Name)) continue;
+        const std::string upper = UpperCase(entry.Name);
+        if (upper.size() < upperPrefix.size() + upperSuffix.size()) continue;
+        if (!upper.starts_with(upperPrefix) || !upper.ends_with(upperSuffix)) continue;
+        names.push_back(std::move(entry.Name));
+      }
+    });
+  }
+  return InListingOrder(std::move(names));
+}
+
+std::vector<std::string> Disk::ListDirectories(std::string_view directory) {
+  const fs::path native = Resolve(directory, FileOperation::List);
+  return Guarded(FileOperation::List, directory, native, [&] {
+    std::vector<std::string> names;
+    for (DirectoryEntry& entry : m_layer.List(native)) {
+      if (entry.Kind != EntryKind::Directory || IsHidden(entry.Name) || !FitsStoredPath(entry.Name)) continue;
+      if (m_layer.CanEnter(native / PathFromText(entry.Name))) names.push_back(std::move(entry.Name));
+    }
+    if (!m_layer.CanEnter(native)) throw std::system_error(std::make_error_code(std::errc::permission_denied));
+    return InListingOrder(std::move(names));
+  });
+}
+
+}  // namespace zova

@@ -1,0 +1,142 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// A drive path is a letter, a colon, and components separated by backslashes. A "/" separates as well, since no name
+// on any platform holds one.
+
+#include "platform/files/DriveMap.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+namespace zova {
+
+namespace {
+
+#ifdef _WIN32
+constexpr bool kDrivesAreNative = true;
+#else
+constexpr bool kDrivesAreNative = false;
+#endif
+
+constexpr std::string_view kSeparators = "\\/";
+
+bool IsLetter(char c) noexcept { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
+char Upper(char c) noexcept { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
+
+bool HasDrive(std::string_view path) noexcept { return path.size() >= 2 && IsLetter(path[0]) && path[1] == ':'; }
+
+// How many components of `path` the root covers, or nothing when the path does not lie in it.
+std::optional<std::ptrdiff_t> CoveredBy(const std::filesystem::path& root, const std::filesystem::path& path) {
+  auto inPath = path.begin();
+  std::ptrdiff_t covered = 0;
+  for (const auto& part : root) {
+    if (part.empty()) continue;  // a root written with a trailing separator
+    if (inPath == path.end() || *inPath != part) return std::nullopt;
+    ++inPath;
+    ++covered;
+  }
+  return covered;
+}
+
+}  // namespace
+
+std::string PathText(const std::filesystem::path& path) {
+  const std::u8string text = path.u8string();
+  return {reinterpret_cast<const char*>(text.data()), text.size()};
+}
+
+std::filesystem::path PathFromText(std::string_view text) {
+  return {std::u8string(reinterpret_cast<const char8_t*>(text.data()), text.size())};
+}
+
+DriveMap::DriveMap(std::vector<Drive> drives) : m_drives(std::move(drives)) {
+  for (Drive& drive : m_drives) drive.Letter = Upper(drive.Letter);
+}
+
+DriveMap DriveMap::FromEnvironment() {
+  if (const char* setting = std::getenv("ZOVA_DRIVES"); setting != nullptr && *setting != '\0') return Parse(setting);
+  std::vector<Drive> drives;
+  if (!kDrivesAreNative) {
+    if (const char* home = std::getenv("HOME"); home != nullptr && *home != '\0') {
+      drives.push_back({'C', PathFromText(home)});
+    }
+    drives.push_back({'Z', PathFromText("/")});
+  }
+  return DriveMap(std::move(drives));
+}
+
+DriveMap DriveMap::Parse(std::string_view setting) {
+  std::vector<Drive> drives;
+  while (!setting.empty()) {
+    const std::size_t end = std::min(setting.find(';'), setting.size());
+    const std::string_view part = setting.substr(0, end);
+    setting.remove_prefix(std::min(end + 1, setting.size()));
+    if (part.size() > 2 && IsLetter(part[0]) && part[1] == '=') {
+      drives.push_back({part[0], PathFromText(part.substr(2)).lexically_normal()});
+    }
+  }
+  return DriveMap(std::move(drives));
+}
+
+std::optional<std::filesystem::path> DriveMap::ToNative(std::string_view path) const {
+  // A bare "C:" would be the current directory of that drive.
+  if (kDrivesAreNative)
+    return PathFromText(HasDrive(path) && path.size() == 2 ? std::string(path) + "\\" : std::string(path));
+  if (!HasDrive(path)) {
+    if (!path.empty() && path.front() == '/') return PathFromText(path);
+    return std::nullopt;
+  }
+  const auto drive = std::find_if(m_drives.begin(), m_drives.end(),
+                                  [letter = Upper(path[0])](const Drive& d) { return d.Letter == letter; });
+  if (drive == m_drives.end()) return std::nullopt;
+  std::filesystem::path native = drive->Root;
+  std::string_view rest = path.substr(2);
+  while (!rest.empty()) {
+    const std::size_t end = std::min(rest.find_first_of(kSeparators), rest.size());
+    if (end > 0) native /= PathFromText(rest.substr(0, end));
+    rest.remove_prefix(std::min(end + 1, rest.size()));
+  }
+  return native;
+}
+
+std::string DriveMap::ToDrivePath(std::string_view path) const {
+  if (kDrivesAreNative || path.empty() || path.front() != '/') return std::string(path);
+  const std::filesystem::path native = PathFromText(path).lexically_normal();
+  const Drive* best = nullptr;
+  std::ptrdiff_t bestCovered = -1;
+  for (const Drive& drive : m_drives) {
+    const auto covered = CoveredBy(drive.Root, native);
+    if (covered && *covered > bestCovered) {
+      best = &drive;
+      bestCovered = *covered;
+    }
+  }
+  if (best == nullptr) return std::string(path);
+  std::string out{best->Letter, ':'};
+  for (auto part = std::next(native.begin(), bestCovered); part != native.end(); ++part) {
+    if (!part->empty()) out += '\\' + PathText(*part);
+  }
+  if (out.size() == 2) out += '\\';
+  return out;
+}
+
+std::string JoinPath(std::string_view directory, std::string_view name) {
+  std::string path(directory);
+  if (!path.ends_with('\\')) path += '\\';
+  path += name;
+  return path;
+}
+
+std::string_view LastPathComponent(std::string_view path) noexcept {
+  const std::size_t last = path.find_last_of(kSeparators);
+  return last == std::string_view::npos ? path : path.substr(last + 1);
+}
+
+std::string_view DirectoryOfPath(std::string_view path) noexcept {
+  const std::size_t last = path.find_last_of(kSeparators);
+  return last == std::string_view::npos ? std::string_view() : path.substr(0, last);
+}
+
+bool IsNoDirectory(std::string_view directory) noexcept { return directory.empty() || directory.front() == '('; }
+
+}  // namespace zova

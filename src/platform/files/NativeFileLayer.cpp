@@ -1,0 +1,254 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The standard library but for what it lacks: pushing a file and a directory to the disk, and opening a file that must
+// not exist yet by a wide name on Windows.
+
+#include <cerrno>
+#include <cstdio>
+#include <string>
+#include <system_error>
+
+#include "platform/files/DriveMap.h"
+#include "platform/files/FileLayer.h"
+
+#ifdef _WIN32
+#include <io.h>
+#else
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#endif
+
+namespace zova {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr std::size_t kReadSize = 64UL * 1024;
+
+[[noreturn]] void Throw(int code) { throw std::system_error(code, std::generic_category()); }
+[[noreturn]] void ThrowErrno() { Throw(errno != 0 ? errno : EIO); }
+
+void Check(const std::error_code& code) {
+  if (code) throw std::system_error(code);
+}
+
+std::FILE* Open(const fs::path& path, const char* mode) {
+  errno = 0;
+#ifdef _WIN32
+  std::wstring wideMode;
+  for (const char* c = mode; *c != '\0'; ++c) wideMode += static_cast<wchar_t>(*c);
+  std::FILE* file = _wfopen(path.c_str(), wideMode.c_str());
+#else
+  std::FILE* file = std::fopen(path.c_str(), mode);
+#endif
+  if (file == nullptr) ThrowErrno();
+  return file;
+}
+
+int FlushToDisk(std::FILE* file) {
+#ifdef _WIN32
+  return _commit(_fileno(file));
+#else
+  return fsync(fileno(file));
+#endif
+}
+
+struct FileCloser {
+  void operator()(std::FILE* file) const noexcept { (void)std::fclose(file); }
+};
+using FileHandle = std::unique_ptr<std::FILE, FileCloser>;
+
+class NativeOutputFile final : public OutputFile {
+ public:
+  explicit NativeOutputFile(std::FILE* file) : m_file(file) {
+    // One write reaches the system as one call: a row of a master is in the file whole, or its fault is told at once.
+    (void)std::setvbuf(file, nullptr, _IONBF, 0);
+  }
+
+  void Write(std::string_view bytes) override {
+    if (bytes.empty()) return;
+    errno = 0;
+    if (std::fwrite(bytes.data(), 1, bytes.size(), m_file.get()) != bytes.size()) ThrowErrno();
+  }
+  void Flush() override {
+    errno = 0;
+    if (FlushToDisk(m_file.get()) != 0) ThrowErrno();
+  }
+  void Close() override {
+    errno = 0;
+    if (m_file && std::fclose(m_file.release()) != 0) ThrowErrno();
+  }
+
+ private:
+  FileHandle m_file;
+};
+
+EntryKind KindOf(const fs::file_status& status) noexcept {
+  switch (status.type()) {
+    case fs::file_type::none:
+    case fs::file_type::not_found: return EntryKind::Missing;
+    case fs::file_type::directory: return EntryKind::Directory;
+    case fs::file_type::character: return EntryKind::Device;
+    case fs::file_type::block:
+    case fs::file_type::fifo:
+    case fs::file_type::socket: return EntryKind::Other;
+    default: return EntryKind::File;
+  }
+}
+
+bool IsDevice(const fs::path& path) {
+  std::error_code code;
+  return KindOf(fs::status(path, code)) == EntryKind::Device;
+}
+
+}  // namespace
+
+EntryKind NativeFileLayer::Kind(const fs::path& path) {
+  std::error_code code;
+  const fs::file_status status = fs::status(path, code);
+  if (status.type() == fs::file_type::not_found) return EntryKind::Missing;
+  Check(code);
+  return KindOf(status);
+}
+
+bool NativeFileLayer::CanEnter(const fs::path& path) {
+  std::error_code code;
+#ifdef _WIN32
+  const fs::directory_iterator attempt(path, code);  // only opening it tells what its access list allows
+  return !code;
+#else
+  return fs::is_directory(path, code) && access(path.c_str(), R_OK | X_OK) == 0;
+#endif
+}
+
+bool NativeFileLayer::IsReadOnly(const fs::path& path) {
+  std::error_code code;
+  const fs::file_status status = fs::status(path, code);
+  constexpr fs::perms kAnyWrite = fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
+  if (!fs::exists(status)) return false;
+  if ((status.permissions() & kAnyWrite) == fs::perms::none) return true;  // the system's administrator too is told
+#ifdef _WIN32
+  return false;
+#else
+  return access(path.c_str(), W_OK) != 0;
+#endif
+}
+
+fs::path NativeFileLayer::RealPath(const fs::path& path) {
+  constexpr int kMostLinks = 40;  // a ring of links ends, as it does for the system
+  std::error_code code;
+  fs::path real = path;
+  for (int link = 0; link < kMostLinks && fs::is_symlink(real, code); ++link) {
+    real = real.parent_path() / fs::read_symlink(real, code);
+    if (code) return path;
+  }
+  return real;
+}
+
+std::uintmax_t NativeFileLayer::Size(const fs::path& path) {
+  if (IsDevice(path)) return 0;
+  std::error_code code;
+  const std::uintmax_t size = fs::file_size(path, code);
+  Check(code);
+  return size;
+}
+
+void NativeFileLayer::Read(const fs::path& path, std::string& content, std::uintmax_t limit) {
+  const FileHandle file(Open(path, "rb"));
+  (void)std::setvbuf(file.get(), nullptr, _IONBF, 0);
+  // Until a read comes short, not by the size told beforehand: a growing file would have that wrong.
+  m_buffer.resize(kReadSize);
+  content.clear();
+  std::size_t got = kReadSize;
+  while (got == kReadSize) {
+    errno = 0;
+    got = std::fread(m_buffer.data(), 1, kReadSize, file.get());
+    if (std::ferror(file.get()) != 0) ThrowErrno();
+    content.append(m_buffer.data(), got);
+    if (content.size() > limit) Throw(EFBIG);
+  }
+}
+
+std::vector<DirectoryEntry> NativeFileLayer::List(const fs::path& directory) {
+  std::error_code code;
+  std::vector<DirectoryEntry> entries;
+  for (fs::directory_iterator entry(directory, code), end; !code && entry != end; entry.increment(code)) {
+    std::error_code unreadable;  // an entry that vanished, or a dangling link, is no file
+    // The directory itself tells what an entry is; only a link has to be followed. Pipes and devices are no files.
+    const fs::file_type type = entry->is_symlink(unreadable)        ? entry->status(unreadable).type()
+                               : entry->is_directory(unreadable)    ? fs::file_type::directory
+                               : entry->is_regular_file(unreadable) ? fs::file_type::regular
+                                                                    : fs::file_type::none;
+    const EntryKind kind = type == fs::file_type::directory ? EntryKind::Directory
+                           : type == fs::file_type::regular ? EntryKind::File
+                                                            : EntryKind::Missing;
+    if (kind != EntryKind::Missing) entries.push_back({PathText(entry->path().filename()), kind});
+  }
+  Check(code);
+  return entries;
+}
+
+std::unique_ptr<OutputFile> NativeFileLayer::Create(const fs::path& path) {
+  return std::make_unique<NativeOutputFile>(Open(path, "wbx"));
+}
+
+std::unique_ptr<OutputFile> NativeFileLayer::Append(const fs::path& path) {
+  return std::make_unique<NativeOutputFile>(Open(path, "ab"));
+}
+
+std::unique_ptr<OutputFile> NativeFileLayer::Overwrite(const fs::path& path) {
+  return std::make_unique<NativeOutputFile>(Open(path, "wb"));
+}
+
+void NativeFileLayer::Truncate(const fs::path& path, std::uintmax_t size) {
+  if (IsDevice(path)) return;
+  std::error_code code;
+  fs::resize_file(path, size, code);
+  Check(code);
+}
+
+void NativeFileLayer::CopyPermissions(const fs::path& from, const fs::path& to) {
+#ifndef _WIN32
+  struct stat owner = {};
+  // The group too, where the user may: colleagues who shared the old file share the new one.
+  if (stat(from.c_str(), &owner) == 0 && chown(to.c_str(), static_cast<uid_t>(-1), owner.st_gid) != 0) errno = 0;
+#endif
+  std::error_code code;
+  const fs::perms permissions = fs::status(from, code).permissions();
+  Check(code);
+  fs::permissions(to, permissions, code);
+  Check(code);
+}
+
+void NativeFileLayer::Rename(const fs::path& from, const fs::path& to) {
+  std::error_code code;
+  fs::rename(from, to, code);
+  Check(code);
+}
+
+void NativeFileLayer::FlushDirectory(const fs::path& directory) {
+#ifndef _WIN32
+  const int handle = open(directory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (handle < 0) return;  // a directory that may be written but not read: nothing can be pushed
+  (void)fsync(handle);     // some network file systems refuse this; the file itself is safe already
+  (void)close(handle);
+#else
+  (void)directory;
+#endif
+}
+
+void NativeFileLayer::Remove(const fs::path& path) {
+  std::error_code code;
+  fs::remove(path, code);
+  Check(code);
+}
+
+void NativeFileLayer::CreateDirectory(const fs::path& path) {
+  std::error_code code;
+  fs::create_directory(path, code);
+  Check(code);
+}
+
+}  // namespace zova

@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "project/DirectoryRules.h"
+#include "project/wizard/WizardPages.h"
+#include "text/Encoding.h"
+#include "text/TypedText.h"
+
+namespace zova {
+
+namespace {
+
+bool HasDataFiles(const std::string& primaryDir, const std::string& abbreviation, Disk& disk) {
+  try {
+    return !disk.ListFiles(JoinPath(primaryDir, "Sdata"), abbreviation, ".dat").empty();
+  } catch (const FileError&) {
+    return false;  // saving the first subject will tell
+  }
+}
+
+// Another project's subjects would turn up in this one's masters.
+bool MayShare(const std::string& abbreviation, MessageBoxes& boxes) {
+  return boxes.Show({.Text = "There are already data files with the prefix '" + abbreviation +
+                             "' in the primary directory.  Do you want to use this prefix anyway?",
+                     .Icon = BoxIcon::Exclamation,
+                     .Buttons = BoxButtons::YesNo,
+                     .Default = BoxAnswer::No,
+                     .Title = "Warning"}) == BoxAnswer::Yes;
+}
+
+}  // namespace
+
+WizardFault LeaveAbbreviationPage(WizardState& state, const WizardTools& tools) {
+  constexpr WizardBox kBox = WizardBox::Abbreviation;
+  std::string& text = state.Entries.Text(kBox);
+  const std::string abbreviation(WithoutOuterBlanks(FirstCharacters(WithoutOuterBlanks(text), kAbbreviationLength)));
+  text = abbreviation;
+  if (abbreviation.empty()) return Refuse(tools, "You must have an abbreviation.", kBox, BoxIcon::Information);
+  // Kept, although the spaces are gone by now.
+  if (abbreviation.front() == ' ') return Refuse(tools, "You cannot begin the abbreviation with a space.", kBox);
+  if (!IsFileNamePart(abbreviation)) return Refuse(tools, kBadFileName, kBox);
+  const bool isOverwritten =
+      state.OverwrittenAbbreviation && EqualsIgnoringCase(*state.OverwrittenAbbreviation, abbreviation);
+  if (!isOverwritten && HasDataFiles(state.Project.PrimaryDir, abbreviation, tools.Files) &&
+      !MayShare(abbreviation, tools.Boxes)) {
+    return kBox;
+  }
+  state.Project.Abbreviation = abbreviation;
+  return std::nullopt;
+}
+
+}  // namespace zova

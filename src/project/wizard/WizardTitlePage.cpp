@@ -1,0 +1,87 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The title names the parameter file. An existing project's file is not touched before "Done!"; any other name is
+// proved by creating the file empty and deleting it again.
+
+#include "project/DirectoryRules.h"
+#include "project/ProjectFile.h"
+#include "project/wizard/WizardPages.h"
+#include "text/Encoding.h"
+#include "text/TypedText.h"
+
+namespace zova {
+
+namespace {
+
+constexpr std::size_t kExtensionLength = 4;
+
+// Kept: whatever follows the fourth last character, when that is a point, counts as a typed extension, "v1.2.3" becomes
+// "v1". The box keeps what was typed, or a second pass would take off more.
+std::string TitleFromText(std::string_view text) {
+  std::string_view title = WithoutOuterBlanks(text);
+  const std::size_t count = CharacterCount(title);
+  if (count >= kExtensionLength) {
+    const std::string_view stem = FirstCharacters(title, count - kExtensionLength);
+    if (title[stem.size()] == '.') title = stem;
+  }
+  return std::string(WithoutOuterBlanks(title));
+}
+
+bool MayOverwrite(const std::string& title, MessageBoxes& boxes) {
+  return boxes.Show({.Text = "There already is an experiment entitled '" + title +
+                             "'!  Are you sure you want to overwrite this data?",
+                     .Icon = BoxIcon::Exclamation,
+                     .Buttons = BoxButtons::YesNoCancel,
+                     .Default = BoxAnswer::No}) == BoxAnswer::Yes;
+}
+
+// Nothing when the file is no parameter file.
+std::optional<std::string> AbbreviationIn(const std::string& path, Disk& disk) {
+  try {
+    return ReadProjectFile(disk, path).Abbreviation;
+  } catch (const FileError&) {
+    return std::nullopt;
+  }
+}
+
+void ProveName(const std::string& path, Disk& disk) {
+  disk.Write(path, {}, Disk::Durability::Buffered);
+  disk.Delete(path);
+}
+
+// A prefix that was chosen by hand stays. Page 8 trims its box, so that the spaces at the ends tell nothing.
+void OfferAbbreviation(const std::string& title, WizardState& state) {
+  std::string& box = state.Entries.Text(WizardBox::Abbreviation);
+  const bool isOurs = box.empty() || WithoutOuterBlanks(box) == WithoutOuterBlanks(state.DefaultAbbreviation);
+  state.DefaultAbbreviation = FirstCharacters(title, kAbbreviationLength);
+  if (isOurs) box = state.DefaultAbbreviation;
+}
+
+}  // namespace
+
+WizardFault LeaveTitlePage(WizardState& state, const WizardTools& tools) {
+  const std::string title = TitleFromText(state.Entries.Text(WizardBox::Title));
+  if (title.empty()) {
+    return Refuse(tools, "The project must have a title.  Please re-enter.", WizardBox::Title, BoxIcon::Information);
+  }
+  if (!IsFileNamePart(title)) return Refuse(tools, kBadFileName, WizardBox::Title);
+  const std::string fileName = title + ".prm";
+  const std::string path = JoinPath(tools.ParamDir, fileName);
+  std::optional<std::string> overwritten;
+  try {
+    if (tools.Files.FileExists(path)) {
+      if (!MayOverwrite(title, tools.Boxes)) return WizardBox::Title;
+      overwritten = AbbreviationIn(path, tools.Files);
+    } else {
+      ProveName(path, tools.Files);
+    }
+  } catch (const FileError&) {
+    return Refuse(tools, kBadFileName, WizardBox::Title);
+  }
+  OfferAbbreviation(title, state);
+  state.OverwrittenAbbreviation = std::move(overwritten);
+  state.Project.ProjectFileName = fileName;
+  return std::nullopt;
+}
+
+}  // namespace zova

@@ -1,0 +1,115 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "subjects/entry/CompletionChecks.h"
+
+#include <algorithm>
+
+#include "subjects/entry/EntryLists.h"
+
+namespace zova {
+
+namespace {
+
+// Told of a missing rating as well: kept.
+constexpr const char* kSpaceMessage = "There was a space detected in the data.  Please correct the data.";
+
+bool HasItem(const Recall& entry) { return entry.Item >= 1; }
+
+std::optional<CheckFinding> CheckItems(RecallLists& lists, int test, bool rated) {
+  std::int16_t& count = lists.RecallCount(test);
+  count = 0;
+  for (int position = 1; position <= lists.PositionCount(); ++position) {
+    Recall& entry = lists.At(test, position);
+    if (!HasItem(entry)) {
+      // Kept: a rating that was typed without an item is dropped on every line but the first.
+      if (rated && position > 1) entry.Rating = 0;
+      continue;
+    }
+    ++count;
+    // An item of 0 is the gap: a negative one, as a foreign file may hold, is neither a recall nor a gap. Kept.
+    if (position > 1 && lists.At(test, position - 1).Item == 0) {
+      return CheckFinding{test, position - 1, kItemColumn, kSpaceMessage};
+    }
+    if (rated && entry.Rating == 0) return CheckFinding{test, position, kRatingColumn, kSpaceMessage};
+  }
+  return std::nullopt;
+}
+
+std::optional<CheckFinding> CheckMinutes(const RecallLists& lists, int test) {
+  const int count = lists.RecallCount(test);
+  for (int position = 1; position <= count; ++position) {
+    const int minute = lists.At(test, position).Minute;
+    if (minute == 0) {
+      return CheckFinding{
+          test, position, kMinuteColumn,
+          "There was at least 1 blank space detected in the minute data for this test.  Please update."};
+    }
+    if (position == count) break;
+    const int next = lists.At(test, position + 1).Minute;
+    if (next != 0 && minute > next) {
+      return CheckFinding{test, position + 1, kMinuteColumn, "Minute data must be in ascending order."};
+    }
+  }
+  return std::nullopt;
+}
+
+std::vector<CheckFinding> Warnings(const RecallLists& lists, bool withMinutes) {
+  std::vector<CheckFinding> warnings;
+  for (int test = 1; test <= lists.TestCount(); ++test) {
+    const std::string number = std::to_string(test);
+    if (!HasItem(lists.At(test, 1))) {
+      warnings.push_back(
+          {test, 1, kItemColumn, "Test number " + number + " was blank.  Do you wish to edit the data?"});
+    }
+    const int last = lists.RecallCount(test);
+    if (withMinutes && last > 0 && lists.At(test, last).Minute == 1) {
+      warnings.push_back({test, last, kMinuteColumn,
+                          "The last item in Test " + number + " was during minute 1.  Do you wish to edit the data?"});
+    }
+  }
+  return warnings;
+}
+
+std::string DuplicateMessage(int item, int first, int second, int test) {
+  const std::string removed = std::to_string(second);
+  return "Duplicate entry found! Item # " + std::to_string(item) + " was located in positions " +
+         std::to_string(first) + " and " + removed + " of test " + std::to_string(test) + ".  Item in position " +
+         removed + " has been deleted.  Please edit the raw data.  You will be given a chance to review the data.";
+}
+
+}  // namespace
+
+CheckResult CheckLists(RecallLists& lists, const ProjectParameters& project) {
+  const bool withMinutes = project.MinutesRecorded == 1;
+  CheckResult result;
+  for (int test = 1; test <= lists.TestCount() && !result.Fault; ++test) {
+    result.Fault = CheckItems(lists, test, IsTestRated(project, test));
+  }
+  for (int test = 1; withMinutes && test <= lists.TestCount() && !result.Fault; ++test) {
+    result.Fault = CheckMinutes(lists, test);
+  }
+  if (!result.Fault) result.Warnings = Warnings(lists, withMinutes);
+  return result;
+}
+
+std::optional<CheckFinding> RemoveFirstDuplicate(RecallLists& lists) {
+  for (int test = 1; test <= lists.TestCount(); ++test) {
+    Recall* const entries = lists.Test(test);
+    Recall* const end = entries + lists.PositionCount();
+    for (const Recall* first = entries; first != end; ++first) {
+      if (!HasItem(*first)) continue;
+      const int item = first->Item;
+      const Recall* const second = std::find_if(first + 1, static_cast<const Recall*>(end),
+                                                [=](const Recall& entry) { return entry.Item == item; });
+      if (second == end) continue;
+      const int position = static_cast<int>(second - entries) + 1;
+      const int firstPosition = static_cast<int>(first - entries) + 1;
+      DeleteLines(lists, test, position, position);
+      lists.RecallCount(test) = static_cast<std::int16_t>(std::count_if(entries, end, HasItem));
+      return CheckFinding{test, position, kItemColumn, DuplicateMessage(item, firstPosition, position, test)};
+    }
+  }
+  return std::nullopt;
+}
+
+}  // namespace zova

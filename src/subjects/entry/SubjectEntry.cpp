@@ -1,0 +1,152 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "subjects/entry/SubjectEntry.h"
+
+#include <utility>
+
+#include "subjects/SubjectFile.h"
+
+namespace zova {
+
+SubjectEntry::SubjectEntry(SubjectRecord& record, Preferences& preferences, const EntryTools& tools)
+    : m_record(record),
+      m_preferences(preferences),
+      m_tools(tools),
+      m_grid(record, preferences, tools.Boxes, tools.Pointer) {}
+
+void SubjectEntry::Open(const ProjectParameters& project, const std::string& paramDir, bool restored) {
+  m_project = &project;
+  m_paramDir = paramDir;
+  m_open = true;
+  m_grid.Open(project);
+  if (m_preferences.Autosave) m_timer.Start();
+  if (!restored) return;
+  m_record.HasUnsavedChanges = true;
+  // The file that it came from is replaced in one step: at no moment is there none.
+  m_preferences.Autosave ? WriteAutosave() : DeleteAutosave();
+}
+
+std::string SubjectEntry::SubjectCaption() const {
+  return "Project: " + ProjectTitle(*m_project) + "\nSubject: " + m_record.SubjectId;
+}
+
+void SubjectEntry::DoneWithTest() {
+  if (!m_open || !m_grid.TakeStandingText()) return;
+  m_autosavePaused = false;
+  if (m_preferences.Autosave && m_timer.Ticks() >= 1) {
+    m_timer.ResetTicks();
+    m_timer.Start();
+    WriteAutosave();
+  }
+  const int test = IsInReview() ? 0 : m_grid.Test();
+  m_inReview = test == m_project->TestCount;
+  m_grid.ShowTest(m_inReview ? test : test + 1);
+}
+
+void SubjectEntry::ShowFinding(const CheckFinding& finding) {
+  m_inReview = false;
+  m_grid.ShowTest(finding.Test, {finding.Position, finding.Column});
+}
+
+bool SubjectEntry::ListsPassTheChecks() {
+  RecallLists before = m_record.Lists;
+  CheckResult result = CheckLists(m_record.Lists, *m_project);
+  m_grid.NoteChange(before);
+  for (const CheckFinding& warning : result.Warnings) {
+    const MessageBox box{warning.Message, BoxIcon::Exclamation, BoxButtons::YesNo, BoxAnswer::Yes, "Warning"};
+    if (m_tools.Boxes.Show(box) != BoxAnswer::Yes) continue;
+    ShowFinding(warning);
+    return false;
+  }
+  if (!result.Fault) {
+    before = m_record.Lists;
+    result.Fault = RemoveFirstDuplicate(m_record.Lists);
+    m_grid.NoteChange(before);
+  }
+  if (!result.Fault) return true;
+  ShowFinding(*result.Fault);
+  m_tools.Boxes.Show({result.Fault->Message, BoxIcon::Exclamation});
+  return false;
+}
+
+SaveOutcome SubjectEntry::SaveWithNote(const std::string& note) {
+  const std::string noteBefore = std::exchange(m_record.UnfinishedNote, note);
+  const SaveOutcome outcome =
+      SaveSubject(m_record, *m_project, m_paramDir, m_tools.Files, m_tools.Boxes, m_tools.Pointer);
+  if (!outcome.Saved) m_record.UnfinishedNote = noteBefore;
+  m_autosavePaused = m_autosavePaused && !outcome.Saved;
+  return outcome;
+}
+
+SubjectEntry::Ending SubjectEntry::DoneWithAllTests() {
+  if (!m_open || !m_grid.TakeStandingText() || !ListsPassTheChecks()) return {};
+  const SaveOutcome outcome = SaveWithNote("");
+  if (outcome.Saved) Close();
+  return {outcome.Saved, outcome.UnfinishedEmptied};
+}
+
+bool SubjectEntry::SaveIncomplete() {
+  constexpr std::size_t kMostUnfinished = 10;
+  if (!m_open || !m_grid.TakeStandingText()) return false;
+  const std::string directory = UnfinishedDirectory(m_project->PrimaryDir);
+  std::size_t count = 0;
+  const auto countFiles = [&] { count = ListSubjectFiles(m_tools.Files, *m_project, directory).size() + 1; };
+  if (!WithRetry(m_tools.Errors, countFiles)) return false;
+  // Kept: the subject's own earlier file counts like any other.
+  if (count > kMostUnfinished) {
+    m_tools.Boxes.Show({"You cannot have more than 10 unfinished data files.", BoxIcon::Exclamation});
+    return false;
+  }
+  const std::string note = "This is unfinished subject #" + std::to_string(count) + " for '" +
+                           ProjectTitle(*m_project) + "'.  NOTE: You cannot have more than 10.";
+  if (!SaveWithNote(note).Saved) return false;
+  m_timer.ResetTicks();
+  m_timer.Start();  // kept: whatever the preference
+  return true;
+}
+
+SubjectEntry::Ending SubjectEntry::Cancel() {
+  if (!m_open) return {};
+  const MessageBox question{"You will lose all unsaved changes.  Are you sure that you want to do this?",
+                            BoxIcon::Exclamation, BoxButtons::YesNoCancel, BoxAnswer::No};
+  if (m_record.HasUnsavedChanges && m_tools.Boxes.Show(question) != BoxAnswer::Yes) return {};
+  Abandon();
+  return {.Left = true};
+}
+
+void SubjectEntry::Abandon() {
+  if (!m_open) return;
+  if (!m_record.UnfinishedNote.empty()) m_tools.Boxes.Show({m_record.UnfinishedNote, BoxIcon::Information});
+  m_record = {};
+  ResetLists(m_record, *m_project);
+  Close();
+  DeleteAutosave();
+}
+
+void SubjectEntry::Close() {
+  m_open = false;
+  m_timer.Stop();
+  m_autosavePaused = m_inReview = false;
+  m_grid.Open(*m_project);  // nothing of this subject can be undone in the next
+}
+
+void SubjectEntry::Tick() {
+  if (m_timer.Tick() && !m_autosavePaused) WriteAutosave();
+}
+
+void SubjectEntry::SetAutosave(bool on) {
+  m_preferences.Autosave = on;
+  m_autosavePaused = false;
+  (on && m_open) ? m_timer.Start() : m_timer.Stop();
+}
+
+void SubjectEntry::WriteAutosave() {
+  m_autosavePaused =
+      !WithRetry(m_tools.Errors, [&] { WriteAutosaveFile(m_tools.Files, m_paramDir, m_record, *m_project); });
+}
+
+void SubjectEntry::DeleteAutosave() {
+  WithRetry(m_tools.Errors, [&] { DeleteAutosaveFile(m_tools.Files, m_paramDir); });
+}
+
+}  // namespace zova

@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+
+#include "platform/desktop/Desktop.h"
+#include "platform/desktop/FileErrorHandler.h"
+#include "platform/files/Disk.h"
+#include "subjects/SubjectFiles.h"
+#include "subjects/entry/AutosaveTimer.h"
+#include "subjects/entry/CompletionChecks.h"
+#include "subjects/entry/EntryGrid.h"
+
+namespace zova {
+
+struct EntryTools {
+  Disk& Files;
+  MessageBoxes& Boxes;
+  FileErrorHandler& Errors;
+  Desktop& Pointer;
+};
+
+/// The screen on which a subject's recalls are typed: the grid, the walk through the tests, the checks, saving, the
+/// autosave and leaving. The captions may be asked for once it was opened.
+class SubjectEntry {
+ public:
+  SubjectEntry(SubjectRecord& record, Preferences& preferences, const EntryTools& tools);
+
+  /// Shows the record's first test. `project` must outlive the entry. `restored`: the record came from the autosave;
+  /// it counts as changed, and the file that it came from goes: with Autosave on a fresh one is written at once.
+  void Open(const ProjectParameters& project, const std::string& paramDir, bool restored = false);
+  [[nodiscard]] bool IsOpen() const noexcept { return m_open; }
+
+  EntryGrid& Grid() noexcept { return m_grid; }
+  [[nodiscard]] const AutosaveTimer& Timer() const noexcept { return m_timer; }
+  [[nodiscard]] std::string TestCaption() const { return "Test " + std::to_string(m_grid.Test()); }
+  [[nodiscard]] std::string DoneCaption() const { return IsInReview() ? "Review" : "Done with " + TestCaption(); }
+  [[nodiscard]] std::string SubjectCaption() const;  ///< "Project: " title, and under it "Subject: " identifier
+  [[nodiscard]] bool KeepsMinutes() const noexcept { return m_project->MinutesRecorded == 1; }
+
+  /// "Done with Test n" and "Review".
+  void DoneWithTest();
+  /// What an end of the entry did.
+  struct Ending {
+    bool Left = false;               ///< the screen is to be left
+    bool UnfinishedEmptied = false;  ///< the project has no unfinished subjects any more
+  };
+  /// "Done with all Tests!": the checks, then the save as complete.
+  Ending DoneWithAllTests();
+  /// True when saved; the screen stays in any case.
+  bool SaveIncomplete();
+  /// The Cancel button: left after its question.
+  Ending Cancel();
+
+  /// The autosave's timer ticked.
+  void Tick();
+  void SetAutosave(bool on);
+  /// Leaves without a question, as Cancel does after it and the end of the program: shows the note of an unfinished
+  /// subject, if there is one, blanks the record and deletes the autosave file.
+  void Abandon();
+
+ private:
+  [[nodiscard]] bool IsInReview() const noexcept { return m_inReview && m_grid.Test() == m_project->TestCount; }
+  void ShowFinding(const CheckFinding& finding);
+  bool ListsPassTheChecks();
+  SaveOutcome SaveWithNote(const std::string& note);
+  void Close();
+  void WriteAutosave();
+  void DeleteAutosave();
+
+  SubjectRecord& m_record;
+  Preferences& m_preferences;
+  EntryTools m_tools;
+  EntryGrid m_grid;
+  AutosaveTimer m_timer;
+  const ProjectParameters* m_project = nullptr;
+  std::string m_paramDir;
+  bool m_inReview = false;  // the walk has come past the last test, which stays in the grid
+  bool m_open = false;
+  bool m_autosavePaused = false;  // a fault was told, and not acted on
+};
+
+}  // namespace zova
