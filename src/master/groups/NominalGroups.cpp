@@ -36,7 +36,7 @@ std::string LevelText(const ProjectParameters& project, std::size_t variable, st
 
 std::optional<int> ParseGroupSize(std::string_view text) {
   const std::string_view digits = WithoutOuterBlanks(text);
-  if (digits.empty() || digits.find_first_not_of("0123456789") != std::string_view::npos) return std::nullopt;
+  if (!IsDigits(digits)) return std::nullopt;
   const auto size = LeadingInteger16(digits);
   if (size && *size < 2) return std::nullopt;
   return size ? *size : kBeyondAnySize;
