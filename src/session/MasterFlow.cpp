@@ -41,7 +41,7 @@ std::string SubjectName(const GroupSubjects& subjects, std::size_t subject, cons
 
 }  // namespace
 
-MasterFlow::MasterFlow(const MasterTools& tools) : m_tools(tools), m_options(tools.Files), m_order(tools.Boxes) {}
+MasterFlow::MasterFlow(const MasterTools& tools) : m_tools(tools), m_options(tools.Files), m_order(tools.Boxes, tools.Pointer) {}
 
 void MasterFlow::Show(Stage stage) {
   m_stage = stage;
@@ -170,8 +170,8 @@ std::string MasterFlow::GroupsPreview() {
 }
 
 const std::string& MasterFlow::OrderPreview() {
-  if (m_stage != Stage::OrderOfGroups || m_previewedChange == m_order.Changes()) return m_orderPreview;
-  m_previewedChange = m_order.Changes();
+  if (m_stage != Stage::OrderOfGroups || m_previewedChange == m_order.Cells().Revision()) return m_orderPreview;
+  m_previewedChange = m_order.Cells().Revision();
   const GroupOrder order = m_order.PendingOrder();
   m_orderPreview =
       GroupOrderFault(m_subjects.SubjectIds, order)
