@@ -45,8 +45,8 @@ void TypedGrid::MarkChanged(const std::vector<CellChange>& changes) noexcept {
   }
 }
 
-bool TypedGrid::Refuse(const std::string& message, std::string details) {
-  m_boxes.Show({.Text = message, .Icon = BoxIcon::Exclamation, .Details = std::move(details)});
+bool TypedGrid::Refuse(const std::string& message, const std::string& details) {
+  Warn(m_boxes, message, details);
   return false;
 }
 

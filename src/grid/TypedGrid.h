@@ -152,7 +152,7 @@ class TypedGrid {
   /// A change that was made already, page by page and line by line, to be undone as one step.
   void Note(std::vector<CellChange> changes);
   /// Shows why something cannot be done. Always false.
-  bool Refuse(const std::string& message, std::string details = {});
+  bool Refuse(const std::string& message, const std::string& details = {});
 
  private:
   void Show(const std::vector<CellChange>& changes, std::string CellChange::*side);

@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <utility>
 #include <vector>
+#include "platform/desktop/FileErrorBoxes.h"
 
 #include "platform/files/FileCopier.h"
 #include "project/DirectoryRules.h"
@@ -24,12 +25,12 @@ constexpr std::string_view kDataFileEnd = ".dat";
 std::string SdataOf(std::string_view directory) { return JoinPath(directory, "Sdata"); }
 
 // Makes `Sdata` in a backup directory; the message is what the command will say when all else succeeds, too.
-std::optional<MessageBox> PrepareBackup(const std::string& backupDir, const BackupTools& tools) {
+std::optional<MessageBox> PrepareBackup(const std::string& backupDir, const Platform& platform) {
   const std::string sdata = SdataOf(backupDir);
   bool created = false;
-  const bool ready = WithRetry(tools.Errors, [&] {
-    if (tools.Files.DirectoryExists(sdata)) return;
-    tools.Files.CreateDirectories(sdata);
+  const bool ready = WithRetry(platform.Boxes, [&] {
+    if (platform.Files.DirectoryExists(sdata)) return;
+    platform.Files.CreateDirectories(sdata);
     created = true;
   });
   if (!ready) return std::nullopt;
@@ -39,55 +40,52 @@ std::optional<MessageBox> PrepareBackup(const std::string& backupDir, const Back
 }
 
 // A link can make the two directories one: its files are where they belong then.
-bool CopyDataFiles(const std::string& from, const std::string& to, std::string_view prefix, const BackupTools& tools) {
+bool CopyDataFiles(const std::string& from, const std::string& to, std::string_view prefix, const Platform& platform) {
   std::vector<std::string> names;
-  const bool listed = WithRetry(tools.Errors, [&] {
-    if (!IsSameDirectory(from, to, tools.Files)) names = tools.Files.ListFiles(from, prefix, kDataFileEnd);
+  const bool listed = WithRetry(platform.Boxes, [&] {
+    if (!IsSameDirectory(from, to, platform.Files)) names = platform.Files.ListFiles(from, prefix, kDataFileEnd);
   });
-  FileCopier copier(tools.Files, from, to, names);
+  FileCopier copier(platform.Files, from, to, names);
   return listed && std::all_of(names.begin(), names.end(), [&](const std::string& name) {
-           return WithRetry(tools.Errors, [&] { copier.Copy(name); });
+           return WithRetry(platform.Boxes, [&] { copier.Copy(name); });
          });
 }
 
 // True also when there is no such file.
 bool CopyProjectFile(const std::string& name, const std::string& from, const std::string& to,
-                     const BackupTools& tools) {
-  return WithRetry(tools.Errors, [&] {
-    if (IsSameDirectory(from, to, tools.Files) || !tools.Files.FileExists(JoinPath(from, name))) return;
-    tools.Files.Copy(JoinPath(from, name), JoinPath(to, name));
+                     const Platform& platform) {
+  return WithRetry(platform.Boxes, [&] {
+    if (IsSameDirectory(from, to, platform.Files) || !platform.Files.FileExists(JoinPath(from, name))) return;
+    platform.Files.Copy(JoinPath(from, name), JoinPath(to, name));
   });
 }
 
-std::optional<MessageBox> RefreshBackup(const ProjectParameters& project, const BackupTools& tools) {
-  const BusyPointer busy(tools.Pointer);
-  const auto outcome = PrepareBackup(project.BackupDir, tools);
-  const bool copied = outcome && CopyDataFiles(SdataOf(project.PrimaryDir), SdataOf(project.BackupDir), "", tools) &&
-                      CopyProjectFile(project.ProjectFileName, tools.ParamDir, project.BackupDir, tools);
+std::optional<MessageBox> RefreshBackup(const ProjectParameters& project, const std::string& paramDir,
+                                        const Platform& platform) {
+  const BusyPointer busy(platform.Pointer);
+  const auto outcome = PrepareBackup(project.BackupDir, platform);
+  const bool copied = outcome && CopyDataFiles(SdataOf(project.PrimaryDir), SdataOf(project.BackupDir), "", platform) &&
+                      CopyProjectFile(project.ProjectFileName, paramDir, project.BackupDir, platform);
   return copied ? outcome : std::nullopt;
-}
-
-void ShowRefusal(const char* text, const BackupTools& tools) {
-  tools.Boxes.Show({.Text = text, .Icon = BoxIcon::Exclamation});
 }
 
 // The directory typed, once it exists; nothing when it cannot be the destination, after telling the user why.
 std::optional<std::string> TakeDestination(const ProjectParameters& project, const std::string& text,
-                                           const BackupTools& tools) {
-  const std::string directory = DirectoryFromText(text, tools.Files.Drives());
+                                           const Platform& platform) {
+  const std::string directory = DirectoryFromText(text, platform.Files.Drives());
   if (directory.size() < 2 || directory[1] != ':') {
-    ShowRefusal("Invalid format. Please redo.", tools);
+    Warn(platform.Boxes, "Invalid format. Please redo.");
     return std::nullopt;
   }
   bool accepted = false;
-  WithRetry(tools.Errors, [&] {
-    tools.Files.Resolve(directory, FileOperation::CreateDirectory);  // on a drive that is not ready nothing is asked
-    if (!HasValidComponents(directory) || tools.Files.FileExists(directory)) {
-      ShowRefusal("Invalid Backup directory name.", tools);
-    } else if (IsSameDirectory(directory, project.PrimaryDir, tools.Files)) {
-      ShowRefusal("The primary and backup directories cannot be the same.", tools);
+  WithRetry(platform.Boxes, [&] {
+    platform.Files.Resolve(directory, FileOperation::CreateDirectory);  // on a drive that is not ready nothing is asked
+    if (!HasValidComponents(directory) || platform.Files.FileExists(directory)) {
+      Warn(platform.Boxes, "Invalid Backup directory name.");
+    } else if (IsSameDirectory(directory, project.PrimaryDir, platform.Files)) {
+      Warn(platform.Boxes, "The primary and backup directories cannot be the same.");
     } else {
-      accepted = ExistsOrIsCreated(directory, tools.Files, tools.Boxes);
+      accepted = ExistsOrIsCreated(directory, platform.Files, platform.Boxes);
     }
   });
   return accepted ? std::optional(directory) : std::nullopt;
@@ -95,16 +93,16 @@ std::optional<std::string> TakeDestination(const ProjectParameters& project, con
 
 // The backup copy is in the current layout, whose data files have other names than those of older projects: an older
 // project restored from it would miss its data. It gets its own parameter file.
-bool WriteBackupCopy(const ProjectParameters& project, const std::string& projectFile, const BackupTools& tools) {
+bool WriteBackupCopy(const ProjectParameters& project, const std::string& projectFile, const Platform& platform) {
   if (project.FormatMarker != kCurrentMarker) {
-    return WithRetry(tools.Errors, [&] {
-      if (IsSameDirectory(DirectoryOfPath(projectFile), project.BackupDir, tools.Files)) return;
-      tools.Files.Copy(projectFile, JoinPath(project.BackupDir, project.ProjectFileName));
+    return WithRetry(platform.Boxes, [&] {
+      if (IsSameDirectory(DirectoryOfPath(projectFile), project.BackupDir, platform.Files)) return;
+      platform.Files.Copy(projectFile, JoinPath(project.BackupDir, project.ProjectFileName));
     });
   }
   const std::string path = JoinPath(project.BackupDir, ProjectTitle(project) + " Backup.prm");
   const std::string content = FormatProject(project, kBackupMarker, project.PreviousBackupDir);
-  return WithRetry(tools.Errors, [&] { tools.Files.Write(path, content); });
+  return WithRetry(platform.Boxes, [&] { platform.Files.Write(path, content); });
 }
 
 void MakePrimary(const ProjectParameters& project, Disk& disk) {
@@ -146,10 +144,10 @@ ProjectParameters WithoutBackupCopy(const ProjectParameters& project) {
 }
 
 // The parameter file is made again, then the project is what that file says.
-bool RestoreParameters(ProjectParameters& project, const BackupTools& tools) {
-  if (!WriteProjectFile(project, tools.ParamDir, /*restoring=*/true, tools.Files, tools.Errors)) return false;
-  return WithRetry(tools.Errors,
-                   [&] { project = ReadProjectFile(tools.Files, JoinPath(tools.ParamDir, project.ProjectFileName)); });
+bool RestoreParameters(ProjectParameters& project, const std::string& paramDir, const Platform& platform) {
+  if (!WriteProjectFile(project, paramDir, /*restoring=*/true, platform.Files, platform.Boxes)) return false;
+  return WithRetry(platform.Boxes,
+                   [&] { project = ReadProjectFile(platform.Files, JoinPath(paramDir, project.ProjectFileName)); });
 }
 
 MessageBox NoBackupMessage() {
@@ -162,9 +160,9 @@ MessageBox NoBackupMessage() {
 
 }  // namespace
 
-BackupOutcome BeginBackup(const ProjectParameters& project, const BackupTools& tools) {
+BackupOutcome BeginBackup(const ProjectParameters& project, const std::string& paramDir, const Platform& platform) {
   if (IsNoDirectory(project.BackupDir)) return {.AsksDestination = true};
-  const BoxAnswer answer = tools.Boxes.Show(
+  const BoxAnswer answer = platform.Boxes.Show(
       {.Text = "This feature will create a new backup of all the entered data for the current project.  This project's "
                "data already has a backup location at: '" +
                project.BackupDir +
@@ -173,7 +171,7 @@ BackupOutcome BeginBackup(const ProjectParameters& project, const BackupTools& t
        .Icon = BoxIcon::Question,
        .Buttons = BoxButtons::YesNoCancel,
        .Default = BoxAnswer::No});
-  if (answer == BoxAnswer::No) return {.Message = RefreshBackup(project, tools)};
+  if (answer == BoxAnswer::No) return {.Message = RefreshBackup(project, paramDir, platform)};
   return {.AsksDestination = answer == BoxAnswer::Yes};
 }
 
@@ -188,46 +186,44 @@ LocationTexts BackupDestinationTexts() {
 }
 
 std::optional<MessageBox> BackUpTo(ProjectParameters& project, const std::string& text, const SavedProject& saved,
-                                   const BackupTools& tools) {
-  const auto destination = TakeDestination(project, text, tools);
+                                   const Platform& platform) {
+  const auto destination = TakeDestination(project, text, platform);
   if (!destination) return std::nullopt;
-  const BusyPointer busy(tools.Pointer);
-  const auto outcome = PrepareBackup(*destination, tools);
+  const BusyPointer busy(platform.Pointer);
+  const auto outcome = PrepareBackup(*destination, platform);
   if (!outcome) return std::nullopt;
   project.PreviousBackupDir = saved.BackupDir;
   project.BackupDir = *destination;
-  const bool copied = CopyDataFiles(SdataOf(project.PrimaryDir), SdataOf(project.BackupDir), "", tools) &&
-                      WriteBackupCopy(project, saved.File, tools);
+  const bool copied = CopyDataFiles(SdataOf(project.PrimaryDir), SdataOf(project.BackupDir), "", platform) &&
+                      WriteBackupCopy(project, saved.File, platform);
   return copied ? outcome : std::nullopt;
 }
 
 bool WantsRestore(MessageBoxes& boxes) {
-  return boxes.Show(
-             {.Text = "This procedure will allow you to select a parameter (.prm) file for a project.  The file can be "
+  return Confirm(
+      boxes, {.Text = "This procedure will allow you to select a parameter (.prm) file for a project.  The file can be "
                       "found in the 'Param' directory.  Backups can also be found in the primary or backup directories "
                       "of a project.  Once the file is selected, ZOVA will copy all appropriate files and directories "
                       "from the backup location to the primary location.  ZOVA will overwrite all existing data (.dat) "
                       "files in primary directory that are related to the project.  Do you wish to continue?",
-              .Icon = BoxIcon::Exclamation,
-              .Buttons = BoxButtons::YesNoCancel,
-              .Default = BoxAnswer::No,
-              .Title = "Restore from Backup"}) == BoxAnswer::Yes;
+              .Title = "Restore from Backup"});
 }
 
-std::optional<MessageBox> RestoreData(ProjectParameters& project, const std::string& path, const BackupTools& tools) {
-  const BusyPointer busy(tools.Pointer);
+std::optional<MessageBox> RestoreData(ProjectParameters& project, const std::string& path, const std::string& paramDir,
+                                      const Platform& platform) {
+  const BusyPointer busy(platform.Pointer);
   const ProjectParameters chosen = project;
   const bool isBackupCopy = chosen.FormatMarker == kBackupMarker;
   if (isBackupCopy) project = WithoutBackupCopy(chosen);
   if (IsNoDirectory(chosen.BackupDir)) return NoBackupMessage();
   RestoreSource source;
-  if (!WithRetry(tools.Errors, [&] { MakePrimary(chosen, tools.Files); }) ||
-      !WithRetry(tools.Errors, [&] { source = FindBackup(chosen, path, tools.Files); }) ||
-      !CopyDataFiles(SdataOf(source.Directory), SdataOf(chosen.PrimaryDir), DataFilePrefix(chosen), tools)) {
+  if (!WithRetry(platform.Boxes, [&] { MakePrimary(chosen, platform.Files); }) ||
+      !WithRetry(platform.Boxes, [&] { source = FindBackup(chosen, path, platform.Files); }) ||
+      !CopyDataFiles(SdataOf(source.Directory), SdataOf(chosen.PrimaryDir), DataFilePrefix(chosen), platform)) {
     return std::nullopt;
   }
-  const bool done = isBackupCopy ? RestoreParameters(project, tools)
-                                 : CopyProjectFile(chosen.ProjectFileName, source.Directory, tools.ParamDir, tools);
+  const bool done = isBackupCopy ? RestoreParameters(project, paramDir, platform)
+                                 : CopyProjectFile(chosen.ProjectFileName, source.Directory, paramDir, platform);
   if (!done) return std::nullopt;
   MessageBox message{.Text = "The data was successfully restored.", .Icon = BoxIcon::Information, .Title = "Restore"};
   if (source.IsBesideChosenFile) {

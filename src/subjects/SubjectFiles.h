@@ -5,9 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/desktop/Desktop.h"
-#include "platform/desktop/FileErrorHandler.h"
-#include "platform/files/Disk.h"
+#include "platform/desktop/Platform.h"
 #include "subjects/SubjectRecord.h"
 
 namespace zova {
@@ -41,6 +39,6 @@ struct SaveOutcome {
 /// complete. After both copies stand, the unfinished copies of a completed subject go, then the autosave file in
 /// `paramDir`; the user is told, and a completed subject's lists are blanked.
 SaveOutcome SaveSubject(SubjectRecord& record, const ProjectParameters& project, const std::string& paramDir,
-                        Disk& disk, MessageBoxes& boxes, Desktop& desktop);
+                        const Platform& platform);
 
 }  // namespace zova

@@ -5,8 +5,7 @@
 #include <functional>
 
 #include "scoring/Examples.h"
-#include "support/Scratch.h"
-#include "support/ScriptedBoxes.h"
+#include "support/FakePlatform.h"
 
 namespace zova::testing {
 namespace {

@@ -94,7 +94,7 @@ bool OrderEditor::Check() {
   const auto fault = m_use == Use::SerialPositions ? SerialOrderFault(m_order) : GroupOrderFault(m_subjectIds, m_order);
   if (!fault) return true;
   m_cells.PlaceCursor({static_cast<int>(fault->Row) + 1, 1});
-  m_boxes.Show({.Text = fault->Text, .Icon = BoxIcon::Exclamation});
+  Warn(m_boxes, fault->Text);
   return false;
 }
 

@@ -84,8 +84,7 @@ GridCell EntryGrid::NextBlank(GridCell cell) {
     }
   }
   m_preferences.NextBlankSpace = false;
-  m_boxes.Show({.Text = "The 'next blank space' option has been turned off because you reached the last line.",
-                .Icon = BoxIcon::Information});
+  Inform(m_boxes, "The 'next blank space' option has been turned off because you reached the last line.");
   return {m_cells.Lines(), kItemColumn};
 }
 

@@ -36,7 +36,6 @@ class EntryGrid {
   [[nodiscard]] CellInput Pasted(GridCell cell, std::string_view text) const;
   GridCell Next(GridCell entered);
   GridCell NextBlank(GridCell cell);
-  bool IsSure(const std::string& question, BoxIcon icon, const char* title);
   void Bump(int step, const char* wrongColumn);
   template <typename Edit>
   void Change(Edit&& edit);

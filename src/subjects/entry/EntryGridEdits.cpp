@@ -48,24 +48,25 @@ void EntryGrid::Change(Edit&& edit) {
   Note(std::move(changes));
 }
 
-bool EntryGrid::IsSure(const std::string& question, BoxIcon icon, const char* title) {
-  return m_boxes.Show({question, icon, BoxButtons::YesNo, BoxAnswer::No, title}) == BoxAnswer::Yes;
-}
-
 void EntryGrid::InsertLine() {
   const int line = m_cells.Selection().FirstLine;
   const std::string question = InsertionLossQuestion(m_record.Lists, Test());
-  if (!question.empty() && !IsSure(question, BoxIcon::Question, "ZOVA")) return;
+  if (!question.empty() &&
+      !Confirm(m_boxes, {.Text = question, .Icon = BoxIcon::Question, .Buttons = BoxButtons::YesNo})) {
+    return;
+  }
   Change([&](RecallLists& lists) { InsertBlankLine(lists, Test(), line); });
   m_cells.PlaceCursor({line, m_cells.Cursor().Column});
 }
 
 void EntryGrid::DeleteSelectedLines() {
   constexpr int kMostLinesUnasked = 10;
-  const char* const question =
-      "You are about to permanently delete over 10 lines of data.  Are you sure you want to do this?";
+  const Question question = {
+      .Text = "You are about to permanently delete over 10 lines of data.  Are you sure you want to do this?",
+      .Buttons = BoxButtons::YesNo,
+      .Title = "Warning"};
   const GridBlock block = m_cells.Selection();
-  if (block.Lines() > kMostLinesUnasked && !IsSure(question, BoxIcon::Exclamation, "Warning")) return;
+  if (block.Lines() > kMostLinesUnasked && !Confirm(m_boxes, question)) return;
   Change([&](RecallLists& lists) { DeleteLines(lists, Test(), block.FirstLine, block.LastLine); });
   m_cells.PlaceCursor({block.FirstLine, m_cells.Cursor().Column});
 }
