@@ -8,7 +8,6 @@
 #include <utility>
 #include "platform/desktop/FileErrorBoxes.h"
 
-#include "master/run/MasterRun.h"
 #include "means/MasterOfProject.h"
 #include "means/MeasureName.h"
 #include "means/UncomputedValues.h"
