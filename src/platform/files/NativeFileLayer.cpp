@@ -1,8 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// The standard library but for what it lacks: pushing a file and a directory to the disk, and opening a file that must
-// not exist yet by a wide name on Windows. Directories are listed by the system's own calls where it has them: the
-// library makes a path of every entry, which takes several times as long as all else about it.
+// The file layer of POSIX systems: the standard library but for what it lacks, pushing a file and a directory to the
+// disk and asking what this user may do. WindowsFileLayer.cpp has its Windows half. Directories are listed by the
+// system's own calls: the library makes a path of every entry, which takes several times as long as all else about it.
+
+#ifndef _WIN32
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include <cerrno>
 #include <cstdio>
@@ -11,15 +18,6 @@
 
 #include "platform/files/DriveMap.h"
 #include "platform/files/FileLayer.h"
-
-#ifdef _WIN32
-#include <io.h>
-#else
-#include <dirent.h>
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-#endif
 
 namespace zova {
 
@@ -38,35 +36,21 @@ void Check(const std::error_code& code) {
 
 std::FILE* Open(const fs::path& path, const char* mode) {
   errno = 0;
-#ifdef _WIN32
-  std::wstring wideMode;
-  for (const char* c = mode; *c != '\0'; ++c) wideMode += static_cast<wchar_t>(*c);
-  std::FILE* file = _wfopen(path.c_str(), wideMode.c_str());
-#else
   std::FILE* file = std::fopen(path.c_str(), mode);
-#endif
   if (file == nullptr) ThrowErrno();
   return file;
 }
 
-int FlushToDisk(std::FILE* file) {
-#ifdef _WIN32
-  return _commit(_fileno(file));
-#else
-  return fsync(fileno(file));
-#endif
-}
+int FlushToDisk(std::FILE* file) { return fsync(fileno(file)); }
 
 struct FileCloser {
   void operator()(std::FILE* file) const noexcept { (void)std::fclose(file); }
 };
 using FileHandle = std::unique_ptr<std::FILE, FileCloser>;
 
-#ifndef _WIN32
 struct DirectoryCloser {
   void operator()(DIR* directory) const noexcept { (void)closedir(directory); }
 };
-#endif
 
 class NativeOutputFile final : public OutputFile {
  public:
@@ -129,12 +113,7 @@ EntryKind NativeFileLayer::Kind(const fs::path& path) {
 
 bool NativeFileLayer::CanEnter(const fs::path& path) {
   std::error_code code;
-#ifdef _WIN32
-  const fs::directory_iterator attempt(path, code);  // only opening it tells what its access list allows
-  return !code;
-#else
   return fs::is_directory(path, code) && access(path.c_str(), R_OK | X_OK) == 0;
-#endif
 }
 
 bool NativeFileLayer::IsReadOnly(const fs::path& path) {
@@ -143,11 +122,7 @@ bool NativeFileLayer::IsReadOnly(const fs::path& path) {
   constexpr fs::perms kAnyWrite = fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
   if (!fs::exists(status)) return false;
   if ((status.permissions() & kAnyWrite) == fs::perms::none) return true;  // the system's administrator too is told
-#ifdef _WIN32
-  return false;
-#else
   return access(path.c_str(), W_OK) != 0;
-#endif
 }
 
 fs::path NativeFileLayer::RealPath(const fs::path& path) {
@@ -185,18 +160,6 @@ void NativeFileLayer::Read(const fs::path& path, std::string& content, std::uint
   }
 }
 
-#ifdef _WIN32
-std::vector<DirectoryEntry> NativeFileLayer::List(const fs::path& directory) {
-  std::error_code code;
-  std::vector<DirectoryEntry> entries;
-  for (fs::directory_iterator entry(directory, code), end; !code && entry != end; entry.increment(code)) {
-    std::error_code unreadable;
-    AddEntry(PathText(entry->path().filename()), entry->status(unreadable).type(), entries);
-  }
-  Check(code);
-  return entries;
-}
-#else
 std::vector<DirectoryEntry> NativeFileLayer::List(const fs::path& directory) {
   errno = 0;
   const std::unique_ptr<DIR, DirectoryCloser> handle(opendir(directory.c_str()));
@@ -207,7 +170,7 @@ std::vector<DirectoryEntry> NativeFileLayer::List(const fs::path& directory) {
     const std::string_view name = entry->d_name;
     if (name == "." || name == "..") continue;
     // The directory itself says what an entry is; only a link has to be followed.
-    fs::file_type type = entry->d_type == DT_REG ? fs::file_type::regular
+    fs::file_type type = entry->d_type == DT_REG   ? fs::file_type::regular
                          : entry->d_type == DT_DIR ? fs::file_type::directory
                                                    : fs::file_type::none;
     std::error_code unreadable;
@@ -218,7 +181,6 @@ std::vector<DirectoryEntry> NativeFileLayer::List(const fs::path& directory) {
   if (errno != 0) ThrowErrno();
   return entries;
 }
-#endif
 
 std::unique_ptr<OutputFile> NativeFileLayer::Create(const fs::path& path) {
   return std::make_unique<NativeOutputFile>(Open(path, "wbx"));
@@ -240,11 +202,9 @@ void NativeFileLayer::Truncate(const fs::path& path, std::uintmax_t size) {
 }
 
 void NativeFileLayer::CopyPermissions(const fs::path& from, const fs::path& to) {
-#ifndef _WIN32
   struct stat owner = {};
   // The group too, where the user may: colleagues who shared the old file share the new one.
   if (stat(from.c_str(), &owner) == 0 && chown(to.c_str(), static_cast<uid_t>(-1), owner.st_gid) != 0) errno = 0;
-#endif
   std::error_code code;
   const fs::perms permissions = fs::status(from, code).permissions();
   Check(code);
@@ -259,14 +219,10 @@ void NativeFileLayer::Rename(const fs::path& from, const fs::path& to) {
 }
 
 void NativeFileLayer::FlushDirectory(const fs::path& directory) {
-#ifndef _WIN32
   const int handle = open(directory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
   if (handle < 0) return;  // a directory that may be written but not read: nothing can be pushed
   (void)fsync(handle);     // some network file systems refuse this; the file itself is safe already
   (void)close(handle);
-#else
-  (void)directory;
-#endif
 }
 
 void NativeFileLayer::Remove(const fs::path& path) {
@@ -282,3 +238,5 @@ void NativeFileLayer::CreateDirectory(const fs::path& path) {
 }
 
 }  // namespace zova
+
+#endif
