@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+#include "platform/files/DriveMap.h"
+
 namespace zova {
 
 bool IsFalseMemoryInForce(const ProjectParameters& project) noexcept {
@@ -31,6 +33,10 @@ std::string LevelLabel(const ProjectParameters& project, std::size_t variable, i
 std::string ProjectTitle(const ProjectParameters& project) {
   const std::string& name = project.ProjectFileName;
   return name.size() < 4 ? std::string() : name.substr(0, name.size() - 4);
+}
+
+std::string DefaultMasterPath(const ProjectParameters& project) {
+  return JoinPath(project.PrimaryDir, project.Abbreviation + " Master.txt");
 }
 
 }  // namespace zova

@@ -65,4 +65,7 @@ std::string LevelLabel(const ProjectParameters& project, std::size_t variable, i
 /// The project file's name without ".prm".
 std::string ProjectTitle(const ProjectParameters& project);
 
+/// The path of the individual master, in the primary directory.
+std::string DefaultMasterPath(const ProjectParameters& project);
+
 }  // namespace zova

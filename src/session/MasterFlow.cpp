@@ -9,7 +9,7 @@
 #include <utility>
 #include "platform/desktop/FileErrorBoxes.h"
 
-#include "master/run/RunSteps.h"
+#include "master/run/RunStart.h"
 
 namespace zova {
 

@@ -89,15 +89,6 @@ std::string GroupPlanText(const GroupPlan& plan, const std::vector<std::string>&
   return text;
 }
 
-std::string GroupLabel(int number, const std::vector<std::string>& memberIds) {
-  std::string label = "Group " + std::to_string(number) + " (";
-  for (std::size_t member = 0; member < memberIds.size(); ++member) {
-    if (member > 0) label += '+';
-    label += memberIds[member];
-  }
-  return label + ")";
-}
-
 void GroupRecall::Reset() {
   m_firsts.Reset(m_project.ItemCount, m_project.TestCount);
   m_places = 0;
