@@ -11,9 +11,8 @@
 
 #include "subjects/SubjectFile.h"
 
-#include "subjects/SubjectFiles.h"
-
 #include "platform/files/DataFileError.h"
+#include "project/ProjectFile.h"
 #include "text/Encoding.h"
 #include "text/FieldReader.h"
 #include "text/Records.h"
@@ -21,8 +20,6 @@
 namespace zova {
 
 namespace {
-
-constexpr const char* kAutosaveName = "Temp.txt";
 
 bool HasRatingColumn(const ProjectParameters& project) { return UpperCase(project.FormatMarker) != "OLD ZOVA"; }
 
@@ -84,11 +81,10 @@ void RequireDataText(std::string_view bytes) {
   if (!LooksLikeDataText(bytes)) throw FieldError(FieldFault::EndOfData, 1);
 }
 
-// `bytes` as they stand in the file, `content` what they hold; `readStart` reads what stands before the levels, and
-// `checkEnd` is called behind the lists.
-template <typename ReadStart, typename CheckEnd>
+// `bytes` as they stand in the file, `content` what they hold; `readStart` reads what stands before the levels.
+template <typename ReadStart>
 void ParseRecord(std::string_view bytes, std::string_view content, const ProjectParameters& project,
-                 SubjectRecord& record, ReadStart&& readStart, CheckEnd&& checkEnd) {
+                 SubjectRecord& record, ReadStart&& readStart) {
   record.Levels.fill(0);
   ResetLists(record, project);
   try {
@@ -96,7 +92,6 @@ void ParseRecord(std::string_view bytes, std::string_view content, const Project
     FieldReader reader(content);
     readStart(reader);
     ReadLevelsAndLists(reader, project, record);
-    checkEnd(reader);
   } catch (const FieldError&) {
     record.Levels.fill(0);
     ResetLists(record, project);
@@ -120,9 +115,7 @@ std::string FormatSubject(const SubjectRecord& record, const ProjectParameters& 
 
 void ParseSubject(std::string_view bytes, const ProjectParameters& project, SubjectRecord& record) {
   // Only numbers are taken from the file, so its encoding does not matter.
-  ParseRecord(
-      bytes, WithoutMarks(bytes), project, record, [](FieldReader& reader) { reader.SkipLine(); },
-      [](const FieldReader&) {});
+  ParseRecord(bytes, WithoutMarks(bytes), project, record, [](FieldReader& reader) { reader.SkipLine(); });
 }
 
 void LoadSubjectFile(Disk& disk, const std::string& path, const ProjectParameters& project, SubjectRecord& record) {
@@ -148,53 +141,84 @@ std::string ParseAutosaveProject(std::string_view bytes) {
 void ParseAutosave(std::string_view bytes, const ProjectParameters& project, SubjectRecord& record) {
   const DataText text(bytes);
   std::string_view subjectId;
-  const auto readStart = [&](FieldReader& reader) {
+  ParseRecord(bytes, text.Content(), project, record, [&](FieldReader& reader) {
     reader.Skip();
     subjectId = reader.Next();
-  };
-  ParseRecord(bytes, text.Content(), project, record, readStart, [&](const FieldReader& reader) {
-    if (!reader.AtEnd() || !IsSubjectId(subjectId)) throw FieldError(FieldFault::EndOfData, 0);
+    const bool isName = !subjectId.empty() && subjectId.find_first_of("\\/") == std::string_view::npos;
+    if (!isName) throw FieldError(FieldFault::EndOfData, 2);
   });
   record.SubjectId = subjectId;
 }
 
-// The file's first name that is free beside it.
-std::string FreeName(Disk& disk, const std::string& paramDir) {
-  for (int number = 1;; ++number) {
-    std::string path = JoinPath(paramDir, "Temp " + std::to_string(number) + ".txt");
-    if (!disk.FileExists(path)) return path;
-  }
+std::string AutosavePath(std::string_view paramDir) { return JoinPath(paramDir, "Temp.txt"); }
+
+std::string KeptAutosavePath(std::string_view paramDir, int number) {
+  return JoinPath(paramDir, "Temp " + std::to_string(number) + ".txt");
+}
+
+bool IsAutosaveName(std::string_view name) {
+  constexpr std::string_view kStart = "Temp", kEnd = ".txt";
+  if (name.size() < kStart.size() + kEnd.size() || !BeginsIgnoringCase(name, kStart)) return false;
+  std::string_view number = name.substr(kStart.size());
+  if (!EqualsIgnoringCase(number.substr(number.size() - kEnd.size()), kEnd)) return false;
+  number.remove_suffix(kEnd.size());
+  return number.empty() || (number.size() > 1 && number.front() == ' ' &&
+                            number.find_first_not_of("0123456789", 1) == std::string_view::npos);
 }
 
 void WriteAutosaveFile(Disk& disk, const std::string& paramDir, const SubjectRecord& record,
                        const ProjectParameters& project) {
-  disk.Write(JoinPath(paramDir, kAutosaveName), FormatAutosave(record, project));
+  disk.Write(AutosavePath(paramDir), FormatAutosave(record, project));
 }
 
-std::string ReadAutosaveProject(Disk& disk, const std::string& paramDir) {
-  const std::string path = JoinPath(paramDir, kAutosaveName);
+std::string ReadAutosaveProject(Disk& disk, const std::string& path) {
   std::string bytes;
   disk.Read(path, bytes);
   return ParsingFile(path, [&] { return ParseAutosaveProject(bytes); });
 }
 
-void ReadAutosaveFile(Disk& disk, const std::string& paramDir, const ProjectParameters& project,
-                      SubjectRecord& record) {
-  const std::string path = JoinPath(paramDir, kAutosaveName);
+void ReadAutosaveFile(Disk& disk, const std::string& path, const ProjectParameters& project, SubjectRecord& record) {
   std::string bytes;
   disk.Read(path, bytes);
   ParsingFile(path, [&] { ParseAutosave(bytes, project, record); });
 }
 
-void KeepAutosaveFile(Disk& disk, const std::string& paramDir) {
-  const std::string path = JoinPath(paramDir, kAutosaveName);
-  if (!disk.FileExists(path)) return;
-  disk.Copy(path, FreeName(disk, paramDir));
+namespace {
+
+bool CanBeRestored(Disk& disk, const std::string& paramDir, const std::string& path) {
+  try {
+    const ProjectParameters project = ReadProjectFile(disk, JoinPath(paramDir, ReadAutosaveProject(disk, path)));
+    SubjectRecord record;
+    ReadAutosaveFile(disk, path, project, record);
+    return project.FormatMarker != kBackupMarker;
+  } catch (const FileError&) {
+    return false;
+  }
+}
+
+}  // namespace
+
+std::string KeepAutosaveFile(Disk& disk, const std::string& paramDir) {
+  constexpr int kKept = 3;
+  const std::string path = AutosavePath(paramDir);
+  if (!disk.FileExists(path)) return {};
+  for (int number = kKept; disk.FileExists(KeptAutosavePath(paramDir, number)); ++number) {
+    const std::string old = KeptAutosavePath(paramDir, number);
+    if (CanBeRestored(disk, paramDir, old)) disk.Delete(old);
+  }
+  int number = 1;
+  while (disk.FileExists(KeptAutosavePath(paramDir, number))) ++number;
+  for (; number > 1; --number) {
+    disk.Copy(KeptAutosavePath(paramDir, number - 1), KeptAutosavePath(paramDir, number));
+  }
+  const std::string kept = KeptAutosavePath(paramDir, 1);
+  disk.Copy(path, kept);
   disk.Delete(path);
+  return kept;
 }
 
 void DeleteAutosaveFile(Disk& disk, const std::string& paramDir) {
-  const std::string path = JoinPath(paramDir, kAutosaveName);
+  const std::string path = AutosavePath(paramDir);
   if (disk.FileExists(path)) disk.Delete(path);
 }
 
