@@ -20,9 +20,9 @@ namespace zova {
 namespace {
 
 // What an installation brought, or the source tree's data when this was never installed.
-std::filesystem::path InstalledData() {
+std::string InstalledData() {
   const QFileInfo installed(QDir(QCoreApplication::applicationDirPath()).filePath("../share/zova"));
-  return PathFromText(FromQt(installed.isDir() ? installed.canonicalFilePath() : QString(ZOVA_INSTALLED_DATA)));
+  return FromQt(installed.isDir() ? installed.canonicalFilePath() : QString(ZOVA_INSTALLED_DATA));
 }
 
 std::string ProgramDirectoryPath() {

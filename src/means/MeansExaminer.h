@@ -12,6 +12,7 @@
 #include "platform/desktop/Desktop.h"
 #include "platform/desktop/FileErrorHandler.h"
 #include "platform/files/Disk.h"
+#include "project/ProjectLayout.h"
 
 namespace zova {
 
@@ -94,7 +95,7 @@ class MeansExaminer {
   [[nodiscard]] MeansLines Lines() const;
   [[nodiscard]] bool IsKept(const std::string& path);
   void Save(const std::string& path, const std::string& bytes);
-  [[nodiscard]] FileQuestion QuestionForSaving(const char* title, const char* ending) const;
+  [[nodiscard]] FileQuestion QuestionForSaving(const char* title, ResultFile file) const;
 
   MeansTools m_tools;
   std::function<void()> m_observer;

@@ -13,6 +13,7 @@
 #include "platform/files/FileCopier.h"
 #include "project/DirectoryRules.h"
 #include "project/ProjectFile.h"
+#include "project/ProjectLayout.h"
 #include "text/Encoding.h"
 
 namespace zova {
@@ -77,8 +78,8 @@ LocationTexts ParamLocation::Texts() const {
 
 std::string ParamLocation::Target(const std::string& text) const {
   const std::string directory = DirectoryFromText(text, m_disk.Drives());
-  if (IsNoDirectory(directory) || directory.size() < 2 || directory[1] != ':') return "";
-  return JoinPath(directory, "Param");
+  if (IsNoDirectory(directory) || !HasDrive(directory)) return "";
+  return ParamDirectoryIn(directory);
 }
 
 LocationOutcome ParamLocation::Say(std::string text) {
@@ -92,7 +93,7 @@ LocationOutcome ParamLocation::SayInUse(Step next) {
 }
 
 bool ParamLocation::CanHold(const std::string& target) {
-  return !target.empty() && HasValidComponents(target) && m_disk.DirectoryExists(target.substr(0, 2) + "\\") &&
+  return !target.empty() && HasValidComponents(target) && m_disk.DirectoryExists(DriveRoot(target)) &&
          !m_disk.FileExists(target);
 }
 
@@ -110,7 +111,7 @@ LocationOutcome ParamLocation::Accept(const std::string& text) {
     moves = hasOld && m_form == Form::Change;
     if (!CanHold(target)) throw FileError(FileOperation::List, target, FileCause::PathNotFound);
     isThere = m_disk.DirectoryExists(target);
-    isOld = hasOld && (IsSameDirectory(target, old, m_disk) || (moves && LiesInside(target, old, m_disk)));
+    isOld = hasOld && (m_disk.IsSame(target, old) || (moves && m_disk.LiesInside(target, old)));
   });
   if (!canBe) return Say(kNotFound);
   if (isOld) return Say("This already is the location of the 'Param' folder.");

@@ -14,18 +14,15 @@
 #include "platform/files/FileCopier.h"
 #include "project/DirectoryRules.h"
 #include "project/ProjectFile.h"
+#include "project/ProjectLayout.h"
 
 namespace zova {
 
 namespace {
 
-constexpr std::string_view kDataFileEnd = ".dat";
-
-std::string SdataOf(std::string_view directory) { return JoinPath(directory, "Sdata"); }
-
 // Makes `Sdata` in a backup directory; the message is what the command will say when all else succeeds, too.
 std::optional<MessageBox> PrepareBackup(const std::string& backupDir, const BackupTools& tools) {
-  const std::string sdata = SdataOf(backupDir);
+  const std::string sdata = SubjectDirectory(backupDir);
   bool created = false;
   const bool ready = WithRetry(tools.Errors, [&] {
     if (tools.Files.DirectoryExists(sdata)) return;
@@ -42,7 +39,7 @@ std::optional<MessageBox> PrepareBackup(const std::string& backupDir, const Back
 bool CopyDataFiles(const std::string& from, const std::string& to, std::string_view prefix, const BackupTools& tools) {
   std::vector<std::string> names;
   const bool listed = WithRetry(tools.Errors, [&] {
-    if (!IsSameDirectory(from, to, tools.Files)) names = tools.Files.ListFiles(from, prefix, kDataFileEnd);
+    if (!tools.Files.IsSame(from, to)) names = tools.Files.ListFiles(from, prefix, kDataFileEnd);
   });
   FileCopier copier(tools.Files, from, to, names);
   return listed && std::all_of(names.begin(), names.end(), [&](const std::string& name) {
@@ -54,7 +51,7 @@ bool CopyDataFiles(const std::string& from, const std::string& to, std::string_v
 bool CopyProjectFile(const std::string& name, const std::string& from, const std::string& to,
                      const BackupTools& tools) {
   return WithRetry(tools.Errors, [&] {
-    if (IsSameDirectory(from, to, tools.Files) || !tools.Files.FileExists(JoinPath(from, name))) return;
+    if (tools.Files.IsSame(from, to) || !tools.Files.FileExists(JoinPath(from, name))) return;
     tools.Files.Copy(JoinPath(from, name), JoinPath(to, name));
   });
 }
@@ -62,8 +59,9 @@ bool CopyProjectFile(const std::string& name, const std::string& from, const std
 std::optional<MessageBox> RefreshBackup(const ProjectParameters& project, const BackupTools& tools) {
   const BusyPointer busy(tools.Pointer);
   const auto outcome = PrepareBackup(project.BackupDir, tools);
-  const bool copied = outcome && CopyDataFiles(SdataOf(project.PrimaryDir), SdataOf(project.BackupDir), "", tools) &&
-                      CopyProjectFile(project.ProjectFileName, tools.ParamDir, project.BackupDir, tools);
+  const bool copied =
+      outcome && CopyDataFiles(SubjectDirectory(project.PrimaryDir), SubjectDirectory(project.BackupDir), "", tools) &&
+      CopyProjectFile(project.ProjectFileName, tools.ParamDir, project.BackupDir, tools);
   return copied ? outcome : std::nullopt;
 }
 
@@ -75,7 +73,7 @@ void ShowRefusal(const char* text, const BackupTools& tools) {
 std::optional<std::string> TakeDestination(const ProjectParameters& project, const std::string& text,
                                            const BackupTools& tools) {
   const std::string directory = DirectoryFromText(text, tools.Files.Drives());
-  if (directory.size() < 2 || directory[1] != ':') {
+  if (!HasDrive(directory)) {
     ShowRefusal("Invalid format. Please redo.", tools);
     return std::nullopt;
   }
@@ -84,7 +82,7 @@ std::optional<std::string> TakeDestination(const ProjectParameters& project, con
     tools.Files.Resolve(directory, FileOperation::CreateDirectory);  // on a drive that is not ready nothing is asked
     if (!HasValidComponents(directory) || tools.Files.FileExists(directory)) {
       ShowRefusal("Invalid Backup directory name.", tools);
-    } else if (IsSameDirectory(directory, project.PrimaryDir, tools.Files)) {
+    } else if (tools.Files.IsSame(directory, project.PrimaryDir)) {
       ShowRefusal("The primary and backup directories cannot be the same.", tools);
     } else {
       accepted = ExistsOrIsCreated(directory, tools.Files, tools.Boxes);
@@ -98,17 +96,17 @@ std::optional<std::string> TakeDestination(const ProjectParameters& project, con
 bool WriteBackupCopy(const ProjectParameters& project, const std::string& projectFile, const BackupTools& tools) {
   if (project.FormatMarker != kCurrentMarker) {
     return WithRetry(tools.Errors, [&] {
-      if (IsSameDirectory(DirectoryOfPath(projectFile), project.BackupDir, tools.Files)) return;
-      tools.Files.Copy(projectFile, JoinPath(project.BackupDir, project.ProjectFileName));
+      if (tools.Files.IsSame(DirectoryOfPath(projectFile), project.BackupDir)) return;
+      tools.Files.Copy(projectFile, ParameterFilePath(project.BackupDir, project));
     });
   }
-  const std::string path = JoinPath(project.BackupDir, ProjectTitle(project) + " Backup.prm");
+  const std::string path = BackupCopyPath(project);
   const std::string content = FormatProject(project, kBackupMarker, project.PreviousBackupDir);
   return WithRetry(tools.Errors, [&] { tools.Files.Write(path, content); });
 }
 
 void MakePrimary(const ProjectParameters& project, Disk& disk) {
-  const std::string sdata = SdataOf(project.PrimaryDir);
+  const std::string sdata = SubjectDirectory(project.PrimaryDir);
   if (IsNoDirectory(project.PrimaryDir)) {  // in older layouts; some platforms would make "(none)"
     throw FileError(FileOperation::CreateDirectory, sdata, FileCause::PathNotFound);
   }
@@ -122,18 +120,14 @@ struct RestoreSource {
 
 // The backup may have moved since it was recorded; then whoever chose a file in it has shown where it is.
 RestoreSource FindBackup(const ProjectParameters& project, std::string_view path, Disk& disk) {
-  const std::string recorded = SdataOf(project.BackupDir);
+  const std::string recorded = SubjectDirectory(project.BackupDir);
   if (disk.DirectoryExists(recorded)) return {project.BackupDir};
   const std::string beside(DirectoryOfPath(path));
-  if (disk.DirectoryExists(SdataOf(beside)) && !IsSameDirectory(SdataOf(beside), SdataOf(project.PrimaryDir), disk)) {
+  if (disk.DirectoryExists(SubjectDirectory(beside)) &&
+      !disk.IsSame(SubjectDirectory(beside), SubjectDirectory(project.PrimaryDir))) {
     return {beside, true};
   }
   throw FileError(FileOperation::List, recorded, FileCause::PathNotFound);
-}
-
-// Newer projects have " Sub#" in the names of their data files.
-std::string DataFilePrefix(const ProjectParameters& project) {
-  return project.Abbreviation + (project.FormatMarker.starts_with("VB") ? " Sub#" : "");
 }
 
 // What a backup copy's project is once restored, and also when its restore was given up: the directories that its owner
@@ -149,7 +143,7 @@ ProjectParameters WithoutBackupCopy(const ProjectParameters& project) {
 bool RestoreParameters(ProjectParameters& project, const BackupTools& tools) {
   if (!WriteProjectFile(project, tools.ParamDir, /*restoring=*/true, tools.Files, tools.Errors)) return false;
   return WithRetry(tools.Errors,
-                   [&] { project = ReadProjectFile(tools.Files, JoinPath(tools.ParamDir, project.ProjectFileName)); });
+                   [&] { project = ReadProjectFile(tools.Files, ParameterFilePath(tools.ParamDir, project)); });
 }
 
 MessageBox NoBackupMessage() {
@@ -196,8 +190,9 @@ std::optional<MessageBox> BackUpTo(ProjectParameters& project, const std::string
   if (!outcome) return std::nullopt;
   project.PreviousBackupDir = saved.BackupDir;
   project.BackupDir = *destination;
-  const bool copied = CopyDataFiles(SdataOf(project.PrimaryDir), SdataOf(project.BackupDir), "", tools) &&
-                      WriteBackupCopy(project, saved.File, tools);
+  const bool copied =
+      CopyDataFiles(SubjectDirectory(project.PrimaryDir), SubjectDirectory(project.BackupDir), "", tools) &&
+      WriteBackupCopy(project, saved.File, tools);
   return copied ? outcome : std::nullopt;
 }
 
@@ -223,7 +218,8 @@ std::optional<MessageBox> RestoreData(ProjectParameters& project, const std::str
   RestoreSource source;
   if (!WithRetry(tools.Errors, [&] { MakePrimary(chosen, tools.Files); }) ||
       !WithRetry(tools.Errors, [&] { source = FindBackup(chosen, path, tools.Files); }) ||
-      !CopyDataFiles(SdataOf(source.Directory), SdataOf(chosen.PrimaryDir), DataFilePrefix(chosen), tools)) {
+      !CopyDataFiles(SubjectDirectory(source.Directory), SubjectDirectory(chosen.PrimaryDir), SavedPrefix(chosen),
+                     tools)) {
     return std::nullopt;
   }
   const bool done = isBackupCopy ? RestoreParameters(project, tools)
@@ -231,7 +227,7 @@ std::optional<MessageBox> RestoreData(ProjectParameters& project, const std::str
   if (!done) return std::nullopt;
   MessageBox message{.Text = "The data was successfully restored.", .Icon = BoxIcon::Information, .Title = "Restore"};
   if (source.IsBesideChosenFile) {
-    message.Details = "The data files were taken from '" + SdataOf(source.Directory) + "'.";
+    message.Details = "The data files were taken from '" + SubjectDirectory(source.Directory) + "'.";
   }
   return message;
 }

@@ -28,9 +28,4 @@ std::string LevelLabel(const ProjectParameters& project, std::size_t variable, i
   return isOnly ? std::string(name) : std::string(name) + " (" + std::to_string(level) + ")";
 }
 
-std::string ProjectTitle(const ProjectParameters& project) {
-  const std::string& name = project.ProjectFileName;
-  return name.size() < 4 ? std::string() : name.substr(0, name.size() - 4);
-}
-
 }  // namespace zova

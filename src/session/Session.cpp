@@ -17,7 +17,7 @@ constexpr const char* kPathNotFound = "Path not found.  Please verify that the c
 
 }  // namespace
 
-Session::Session(const SessionPlatform& platform, std::string programDir, std::filesystem::path installed)
+Session::Session(const SessionPlatform& platform, std::string programDir, std::string installed)
     : m_platform(platform),
       m_programDir(std::move(programDir)),
       m_installed(std::move(installed)),
@@ -58,7 +58,7 @@ void Session::StartWithLostParam() {
       {.Text = "The 'Param' directory has been moved or deleted.  To attempt to locate the 'Param' directory or to "
                "select a new location for it, select 'Yes' below.  If you select 'No' ZOVA will create a new 'Param' "
                "folder at '" +
-               JoinPath(m_programDir, "Param") + "'.  Do you want to browse for a directory location?",
+               ParamDirectoryIn(m_programDir) + "'.  Do you want to browse for a directory location?",
        .Icon = BoxIcon::Exclamation,
        .Buttons = BoxButtons::YesNo,
        .Default = BoxAnswer::Yes,

@@ -47,7 +47,8 @@ void Session::OpenLastMasterFolder() {
   if (LastMaster().empty()) return;
   bool opened = true;
   WithRetry(m_errors, [&] {
-    opened = m_platform.Pointer.OpenFolder(m_platform.Files.Resolve(LastMaster(), FileOperation::List).parent_path());
+    opened =
+        m_platform.Pointer.OpenFolder(DirectoryOf(m_platform.Files.Resolve(LastMaster(), FileOperation::List)).Native);
   });
   if (opened) return;
   m_platform.Boxes.Show({.Text = "The folder could not be opened.",
@@ -77,7 +78,7 @@ void Session::RestoreFromBackup() {
   if (!WithRetry(m_errors, [&] { project = ReadProjectFile(m_platform.Files, *path); })) return;
   const bool wasBackupCopy = project.FormatMarker == kBackupMarker;
   const std::optional<MessageBox> message = RestoreData(project, *path, ToolsOfBackup());
-  std::string file = wasBackupCopy ? JoinPath(m_param.Path(), project.ProjectFileName) : *path;
+  std::string file = wasBackupCopy ? ParameterFilePath(m_param.Path(), project) : *path;
   TakeProject(std::move(project), std::move(file));
   Show(Screen::Main);
   if (message) m_platform.Boxes.Show(*message);

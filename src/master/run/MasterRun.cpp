@@ -90,21 +90,17 @@ class MasterWriter : private RunParts {
 
 }  // namespace
 
-std::string DefaultMasterPath(const ProjectParameters& project) {
-  return JoinPath(project.PrimaryDir, project.Abbreviation + " Master.txt");
-}
-
 MasterDestination ResolveDestination(const std::string& text, const ProjectParameters& project,
                                      const DriveMap& drives) {
   const std::string path = ResolveFile(text, LastPathComponent(DefaultMasterPath(project)), project, drives);
-  return {path, path.substr(0, path.size() - LastPathComponent(path).size())};
+  return {path, std::string(PathPrefix(path))};
 }
 
 std::string ResolveFile(const std::string& text, std::string_view name, const ProjectParameters& project,
                         const DriveMap& drives) {
   const std::string_view typed = WithoutOuterBlanks(text);
   std::string path = drives.ToDrivePath(typed);
-  const bool hasDrive = path.size() > 1 && path[1] == ':';
+  const bool hasDrive = HasDrive(path);
   if (hasDrive && path.find_first_of("\\/") != 2) path.insert(2, "\\");
   const bool isDirectory =
       typed.empty() || typed.ends_with('\\') || typed.ends_with('/') || (hasDrive && path.size() == 3);
@@ -116,11 +112,11 @@ std::string ResolveFile(const std::string& text, std::string_view name, const Pr
 }
 
 std::string SerialMasterPath(const MasterDestination& destination, const ProjectParameters& project) {
-  return destination.Directory + project.Abbreviation + " Serial Position Master.txt";
+  return destination.Directory + ResultName(project, ResultFile::SerialMaster);
 }
 
 std::string CombinedMasterPath(const MasterDestination& destination, const ProjectParameters& project) {
-  return destination.Directory + project.Abbreviation + " Combined Master.txt";
+  return destination.Directory + ResultName(project, ResultFile::CombinedMaster);
 }
 
 std::optional<int> CountSubjectFiles(const ProjectParameters& project, Disk& disk, MessageBoxes& boxes) {
@@ -134,9 +130,9 @@ std::optional<int> CountSubjectFiles(const ProjectParameters& project, Disk& dis
     found = ListSubjectFiles(disk, project, SubjectDirectory(project.PrimaryDir)).size();
   });
   if (!listed) return std::nullopt;
-  if (found > INT16_MAX) {
+  if (found > kMaxSubjects) {
     ShowRunStopped({RunFault::Overflow, "There are " + std::to_string(found) + " subject files; a master can have " +
-                                            std::to_string(INT16_MAX) + "."},
+                                            std::to_string(kMaxSubjects) + "."},
                    boxes);
     return std::nullopt;
   }

@@ -12,6 +12,7 @@
 #include "platform/desktop/Desktop.h"
 #include "platform/desktop/MessageBoxes.h"
 #include "platform/files/Disk.h"
+#include "project/ProjectLayout.h"
 #include "project/ProjectParameters.h"
 
 namespace zova {
@@ -56,9 +57,6 @@ struct MasterDestination {
   std::string HeaderPath;
   std::string Directory;  ///< up to and including the last separator; "" never
 };
-
-/// The path of the individual master in the primary directory: the destination box's first content.
-std::string DefaultMasterPath(const ProjectParameters& project);
 
 /// The destination box's `text`, without the blanks around it: a path of the platform becomes a drive path, one that
 /// ends with a separator gets the master's name, a drive without a path means its root, what has no backslash lies

@@ -6,40 +6,25 @@
 
 #include "master/groups/SavedOrders.h"
 #include "master/run/OwnFiles.h"
-#include "text/Encoding.h"
 
 namespace zova {
 
-namespace {
-
-namespace fs = std::filesystem;
-
-// Also by a link, and where neither is there yet: once the first is written, the other's spelling finds it.
-bool IsSameFile(const fs::path& left, const fs::path& right) {
-  std::error_code code;
-  if (fs::exists(left, code) && fs::exists(right, code)) return fs::equivalent(left, right, code);
-  return EqualsIgnoringCase(PathText(left.filename()), PathText(right.filename())) &&
-         (left.parent_path() == right.parent_path() || fs::equivalent(left.parent_path(), right.parent_path(), code));
-}
-
-}  // namespace
-
 bool RunExports::Prepare() {
   if (m_request.CleanFile) {
-    m_clean.emplace(Export<CleanExport>{PathOf(*m_request.CleanFile, " Clean.csv"), MakeFiles(),
+    m_clean.emplace(Export<CleanExport>{PathOf(*m_request.CleanFile, ResultFile::CleanCsv), MakeFiles(),
                                         CleanExport(m_project, m_request.Selection)});
   }
   if (m_request.LongFile) {
     std::optional<SerialOrder> order = m_request.Order;
     if (!order && !WithRetry(m_errors, [&] { order = ReadSavedSerialOrder(m_disk, m_project); })) return false;
-    m_long.emplace(
-        Export<LongExport>{PathOf(*m_request.LongFile, " Long.csv"), MakeFiles(), LongExport(m_project, order)});
+    m_long.emplace(Export<LongExport>{PathOf(*m_request.LongFile, ResultFile::LongCsv), MakeFiles(),
+                                      LongExport(m_project, order)});
   }
   return AreApart();
 }
 
-std::string RunExports::PathOf(const std::string& asked, const char* name) const {
-  const std::string own = m_project.Abbreviation + name;
+std::string RunExports::PathOf(const std::string& asked, ResultFile file) const {
+  const std::string own = ResultName(m_project, file);
   return asked.empty() ? m_destination.Directory + own : ResolveFile(asked, own, m_project, m_disk.Drives());
 }
 
@@ -55,19 +40,20 @@ bool RunExports::AreApart() {
   if (m_clean) paths.push_back(m_clean->Path);
   if (m_long) paths.push_back(m_long->Path);
   return WithRetry(m_errors, [&] {
-    std::vector<fs::path> natives;
+    std::vector<ResolvedPath> earlier;
     for (const std::string& path : paths) {
       RefuseOwnFile(path, m_project, m_disk);
-      const fs::path native = m_disk.Resolve(path, FileOperation::Write);
-      if (std::error_code code; !fs::is_directory(native.parent_path(), code)) {  // told before a master is replaced
+      ResolvedPath file = m_disk.Resolve(path, FileOperation::Write);
+      // Reported before a master is replaced.
+      if (m_disk.Kind(DirectoryOf(file), FileOperation::Write) != EntryKind::Directory) {
         throw FileError(FileOperation::Write, path, std::make_error_code(std::errc::no_such_file_or_directory));
       }
-      const auto isTaken = [&](const fs::path& other) { return IsSameFile(native, other); };
-      if (natives.size() >= first && std::any_of(natives.begin(), natives.end(), isTaken)) {
+      const auto isTaken = [&](const ResolvedPath& other) { return m_disk.IsSame(file, other); };
+      if (earlier.size() >= first && std::any_of(earlier.begin(), earlier.end(), isTaken)) {
         throw FileError(FileOperation::Write, path, std::make_error_code(std::errc::file_exists),
                         "Each file of a run needs a name of its own.");
       }
-      natives.push_back(native);
+      earlier.push_back(std::move(file));
     }
   });
 }

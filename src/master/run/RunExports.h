@@ -42,7 +42,7 @@ class RunExports {
     Format Rows;
   };
 
-  [[nodiscard]] std::string PathOf(const std::string& asked, const char* name) const;
+  [[nodiscard]] std::string PathOf(const std::string& asked, ResultFile file) const;
   [[nodiscard]] MasterFiles MakeFiles() const;
   bool AreApart();
   template <typename Format>

@@ -46,7 +46,7 @@ void SubjectReader::FindDirectory() {
   for (const std::string& directory : {m_project.PrimaryDir, sdata}) {
     if (!m_disk.DirectoryExists(directory)) throw FileError(FileOperation::List, directory, FileCause::PathNotFound);
   }
-  m_native = m_disk.Resolve(sdata, FileOperation::Read);
+  m_directory = m_disk.Resolve(sdata, FileOperation::Read);
 }
 
 bool SubjectReader::List(int expected) {
@@ -88,9 +88,9 @@ void SubjectReader::Read(int k, SubjectRecord& record) {
 }
 
 void SubjectReader::ReadFile(const std::string& name, SubjectRecord& record) {
-  const std::string path = JoinPath(SubjectDirectory(m_project.PrimaryDir), name);
-  m_disk.ReadNative(m_native / PathFromText(name), path, m_bytes);
-  ParsingFile(path, [&] { ParseSubject(m_bytes, m_project, record); });
+  const ResolvedPath file = Below(m_directory, name);
+  m_disk.Read(file, m_bytes);
+  ParsingFile(file.Shown, [&] { ParseSubject(m_bytes, m_project, record); });
 }
 
 // After a Retry the missing files may be back; those already read are not read again.
@@ -103,15 +103,15 @@ void SubjectReader::TakeNewNames() {
 }
 
 std::string MasterFiles::PiecePath(std::size_t piece) const {
-  const char* const name = m_kind == MasterKind::Combined ? " Combined Master" : " Master";
-  return JoinPath(m_project.PrimaryDir, m_project.Abbreviation + name + std::to_string(piece) + ".txt");
+  const bool isCombined = m_kind == MasterKind::Combined;
+  return zova::PiecePath(m_project, isCombined ? ResultFile::CombinedMaster : ResultFile::Master, piece);
 }
 
 bool MasterFiles::WriteWhole(const std::string& path, const std::string& content) {
   return WithRetry(m_errors, [&] {
     RefuseOwnFile(path, m_project, m_disk);
     m_disk.WriteInPlace(path, content);
-    NoteWritten(m_disk.Resolve(path, FileOperation::Write));
+    NoteWritten(m_disk.Resolve(path, FileOperation::Write).Native);
   });
 }
 

@@ -71,7 +71,7 @@ class SubjectReader {
   std::vector<std::string> m_names;
   int m_expected = 0;
   bool m_toldMissing = false;
-  std::filesystem::path m_native;
+  ResolvedPath m_directory;
   std::string m_bytes;  // kept between subjects so that a run allocates once
 };
 

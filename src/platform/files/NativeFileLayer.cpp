@@ -12,7 +12,12 @@
 #include "platform/files/FileLayer.h"
 
 #ifdef _WIN32
+#ifndef NOMINMAX
+#define NOMINMAX
+#endif
 #include <io.h>
+#include <windows.h>
+#undef CreateDirectory  // a macro there, a function of the layer here
 #else
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -113,6 +118,29 @@ EntryKind NativeFileLayer::Kind(const fs::path& path) {
   return KindOf(status);
 }
 
+std::optional<FileIdentity> NativeFileLayer::Identity(const fs::path& path) {
+#ifdef _WIN32
+  constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+  // Backup semantics: a directory can be opened in no other way.
+  const HANDLE handle = CreateFileW(path.c_str(), FILE_READ_ATTRIBUTES, kShareAll, nullptr, OPEN_EXISTING,
+                                    FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+  BY_HANDLE_FILE_INFORMATION information = {};
+  const bool isKnown = handle != INVALID_HANDLE_VALUE && GetFileInformationByHandle(handle, &information) != 0;
+  const std::error_code code(static_cast<int>(GetLastError()), std::system_category());
+  if (handle != INVALID_HANDLE_VALUE) CloseHandle(handle);
+  if (!isKnown && Kind(path) == EntryKind::Missing) return std::nullopt;
+  if (!isKnown) Check(code);
+  const auto high = static_cast<std::uint64_t>(information.nFileIndexHigh);
+  return FileIdentity{information.dwVolumeSerialNumber, (high << 32) | information.nFileIndexLow,
+                      information.nNumberOfLinks};
+#else
+  struct stat status = {};
+  if (stat(path.c_str(), &status) == 0) return FileIdentity{status.st_dev, status.st_ino, status.st_nlink};
+  if (errno == ENOENT || errno == ENOTDIR) return std::nullopt;
+  ThrowErrno();
+#endif
+}
+
 bool NativeFileLayer::CanEnter(const fs::path& path) {
   std::error_code code;
 #ifdef _WIN32
@@ -144,7 +172,8 @@ fs::path NativeFileLayer::RealPath(const fs::path& path) {
     real = real.parent_path() / fs::read_symlink(real, code);
     if (code) return path;
   }
-  return real;
+  const fs::path whole = fs::weakly_canonical(real, code);
+  return code ? real : whole;
 }
 
 std::uintmax_t NativeFileLayer::Size(const fs::path& path) {

@@ -13,7 +13,7 @@ constexpr const char* kInvalidBackup = "Invalid Backup directory name.";
 
 bool IsDriveReady(const std::string& directory, Disk& disk) {
   try {
-    return disk.DirectoryExists(directory.substr(0, 2) + "\\");
+    return disk.DirectoryExists(DriveRoot(directory));
   } catch (const FileError&) {
     return false;
   }
@@ -22,7 +22,7 @@ bool IsDriveReady(const std::string& directory, Disk& disk) {
 // Whether the directory of `box` is there when this returns; if need be it was created.
 WizardFault CheckDirectory(WizardBox box, const char* invalidText, WizardState& state, const WizardTools& tools) {
   std::string& directory = state.Entries.Text(box);
-  if (directory.size() < 2 || directory[1] != ':') return Refuse(tools, "Invalid format. Please redo.", box);
+  if (!HasDrive(directory)) return Refuse(tools, "Invalid format. Please redo.", box);
   if (!IsDriveReady(directory, tools.Files)) return Refuse(tools, kDriveNotReady, box);
   try {
     if (!HasValidComponents(directory) || tools.Files.FileExists(directory)) return Refuse(tools, invalidText, box);
@@ -44,13 +44,13 @@ bool WishesToChange(MessageBoxes& boxes) {
 
 WizardFault CheckPair(const std::string& primary, const std::string& backup, const WizardTools& tools) {
   try {
-    if (IsSameDirectory(primary, backup, tools.Files)) {
+    if (tools.Files.IsSame(primary, backup)) {
       return Refuse(tools, "The primary and backup directories cannot be the same.", WizardBox::Backup);
     }
   } catch (const FileError&) {
     return Refuse(tools, kInvalidBackup, WizardBox::Backup);
   }
-  const bool onOneDrive = EqualsIgnoringCase(primary.substr(0, 1), backup.substr(0, 1));
+  const bool onOneDrive = EqualsIgnoringCase(DriveRoot(primary), DriveRoot(backup));
   if (onOneDrive && WishesToChange(tools.Boxes)) return WizardBox::Backup;
   return std::nullopt;
 }

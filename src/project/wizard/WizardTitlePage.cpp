@@ -53,7 +53,7 @@ void ProveName(const std::string& path, Disk& disk) {
 void OfferAbbreviation(const std::string& title, WizardState& state) {
   std::string& box = state.Entries.Text(WizardBox::Abbreviation);
   const bool isOurs = box.empty() || WithoutOuterBlanks(box) == WithoutOuterBlanks(state.DefaultAbbreviation);
-  state.DefaultAbbreviation = FirstCharacters(title, kAbbreviationLength);
+  state.DefaultAbbreviation = FirstCharacters(title, kMaxAbbreviationLength);
   if (isOurs) box = state.DefaultAbbreviation;
 }
 
@@ -65,7 +65,7 @@ WizardFault LeaveTitlePage(WizardState& state, const WizardTools& tools) {
     return Refuse(tools, "The project must have a title.  Please re-enter.", WizardBox::Title, BoxIcon::Information);
   }
   if (!IsFileNamePart(title)) return Refuse(tools, kBadFileName, WizardBox::Title);
-  const std::string fileName = title + ".prm";
+  const std::string fileName = ParameterFileName(title);
   const std::string path = JoinPath(tools.ParamDir, fileName);
   std::optional<std::string> overwritten;
   try {
