@@ -24,7 +24,7 @@ import time
 from dataclasses import asdict, dataclass
 from pathlib import Path
 
-DEFAULT_PROGRAM = Path(__file__).resolve().parent.parent / "build" / "release" / "zova-master"
+DEFAULT_PROGRAM = Path(__file__).resolve().parent.parent / "build" / "bench" / "zova-master"
 MAX_RATING = 7
 VARIABLES = (("Experimenter", ("Joe", "Jane")), ("Interval", ("24 Hours", "1 Week", "2 Weeks")))
 WITHOUT_PATTERNS = "chkBasic,chkBi,chkCat,chkRat,chkMinNet,chkMinCat,chkMinCum,chkMinGains"
@@ -260,7 +260,7 @@ def measure(program, root, arguments):
 def main():
     parser = argparse.ArgumentParser(description="Measures zova-master as a whole process.")
     parser.add_argument("program", nargs="?", type=Path, default=DEFAULT_PROGRAM,
-                        help="zova-master (default: build/release/zova-master)")
+                        help="zova-master (default: build/bench/zova-master)")
     parser.add_argument("--rounds", type=int, default=21, help="rounds against cat (default 21)")
     parser.add_argument("--scaling-rounds", type=int, default=7, help="rounds of the scaling tables (default 7)")
     parser.add_argument("--json", type=Path, metavar="FILE", help="write every single time there")
@@ -270,7 +270,7 @@ def main():
         parser.error("a median needs at least one round")
     program = arguments.program.resolve()
     if not os.access(program, os.X_OK) or program.is_dir():
-        parser.error("%s is no program; build it:\ncmake --preset release && cmake --build --preset release" % program)
+        parser.error("%s is no program; build it:\ncmake --preset bench && cmake --build --preset bench" % program)
     json_file = arguments.json.resolve() if arguments.json else None
 
     sys.stdout.reconfigure(line_buffering=True)

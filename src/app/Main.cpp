@@ -15,14 +15,16 @@
 #include "app/desktop/QuickHelpFilter.h"
 #include "app/screens/ProgressPanel.h"
 #include "app/widgets/Controls.h"
+#include "session/Version.h"
 
 namespace zova {
 namespace {
 
-// What an installation brought, or the source tree's data when this was never installed.
+// The help and the example: beside the directory bin of an installation; in the build folder, where the program lies.
 std::string InstalledData() {
-  const QFileInfo installed(QDir(QCoreApplication::applicationDirPath()).filePath("../share/zova"));
-  return FromQt(installed.isDir() ? installed.canonicalFilePath() : QString(ZOVA_INSTALLED_DATA));
+  const QDir programs(QCoreApplication::applicationDirPath());
+  const QString installed = QDir::cleanPath(programs.filePath("../share/zova"));
+  return FromQt(QFileInfo(installed).isDir() ? installed : programs.filePath("share/zova"));
 }
 
 std::string ProgramDirectoryPath() {
@@ -61,7 +63,7 @@ int RunApplication(QApplication& application) {
 int main(int argc, char** argv) {
   QCoreApplication::setOrganizationName("ZOVA");
   QCoreApplication::setApplicationName("Dorvan's ZOVA");
-  QCoreApplication::setApplicationVersion(ZOVA_VERSION);
+  QCoreApplication::setApplicationVersion(zova::kVersion);
   QApplication application(argc, argv);
   QApplication::setDesktopFileName("zova");
   QApplication::setWindowIcon(QIcon(":/icons/zova.svg"));

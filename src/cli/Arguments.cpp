@@ -2,6 +2,7 @@
 
 #include "cli/Arguments.h"
 
+#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <string_view>
 
@@ -27,7 +28,7 @@ std::vector<Measure> ParseMeasures(std::string_view list) {
   std::vector<Measure> measures;
   for (const std::string& name : SplitNames(list)) {
     const auto measure = MeasureByName(name);
-    if (!measure) throw UsageError("unknown measure '" + name + "'");
+    if (!measure) throw UsageError("--measures: unknown measure '" + name + "'");
     measures.push_back(*measure);
   }
   return measures;
@@ -35,121 +36,151 @@ std::vector<Measure> ParseMeasures(std::string_view list) {
 
 int GroupSizeOf(const std::string& text) {
   const auto size = ParseGroupSize(text);
-  if (!size) throw UsageError(std::string("option '--group-size': ") + kGroupSizeFault);
+  if (!size) throw UsageError(std::string("--group-size: ") + kGroupSizeFault);
   return *size;
 }
 
-void RequireComplete(const Arguments& parsed) {
-  if (!parsed.GroupSize && parsed.GroupBy) throw UsageError("option '--group-by' needs '--group-size'");
-  if (!parsed.GroupSize && parsed.GroupOrderFile) throw UsageError("option '--group-order' needs '--group-size'");
-  if (!parsed.Means && parsed.ComputedOnly) throw UsageError("option '--computed-only' needs '--means'");
-  if (parsed.ProjectFile.empty() && !parsed.Help && !parsed.Version) throw UsageError("no project file");
-}
+constexpr std::size_t kColumn = 24;  // where the usage text explains
 
-// An option's value: behind "=" or the next argument.
-class Values {
+std::string NameFault(const std::string& file) { return file.empty() ? "a file needs a name" : ""; }
+
+// Options with one value each. A list is one value with commas, so that it cannot take the project's file for a part
+// of it. Values come as typed: an empty one is a value, which the library's own optional types would drop. Of an option
+// that is given twice the last value holds.
+class OptionTable {
  public:
-  explicit Values(const std::vector<std::string>& arguments) : m_arguments(arguments) {}
+  explicit OptionTable(CLI::App& app) : m_app(app) {}
 
-  [[nodiscard]] bool AtEnd() const { return m_next >= m_arguments.size(); }
-
-  std::string TakeArgument() { return m_arguments[m_next++]; }
-
-  // When `argument` is `option`, its value.
-  std::optional<std::string> Of(const std::string& argument, const std::string& option) {
-    if (argument.starts_with(option + "=")) return argument.substr(option.size() + 1);
-    if (argument != option) return std::nullopt;
-    if (AtEnd()) throw UsageError("option '" + option + "' needs a value");
-    return TakeArgument();
+  template <typename Use>
+  CLI::Option* Add(const char* name, const char* kind, const std::string& description, Use use) {
+    return m_app.add_option_function<std::string>(name, use, description)->type_name(kind)->take_last();
   }
 
-  // The same for a file, which has a name.
-  std::optional<std::string> FileOf(const std::string& argument, const std::string& option) {
-    auto file = Of(argument, option);
-    if (file && file->empty()) throw UsageError("option '" + option + "' needs a file");
-    return file;
+  CLI::Option* Add(const char* name, const char* kind, const std::string& description,
+                   std::optional<std::string>& target) {
+    return Add(name, kind, description, [&target](const std::string& value) { target = value; });
+  }
+
+  CLI::Option* AddFile(const char* name, const std::string& description, std::optional<std::string>& target) {
+    return Add(name, "FILE", description, target)->check(NameFault);
   }
 
  private:
-  const std::vector<std::string>& m_arguments;
-  std::size_t m_next = 0;
+  CLI::App& m_app;
 };
+
+void DeclareOptions(CLI::App& app, Arguments& parsed) {
+  app.allow_windows_style_options(false);  // "/data/Study.prm" is a file everywhere
+  app.get_formatter()->column_width(kColumn);
+  app.add_option("PROJECT.prm", parsed.ProjectFile, "the project's file, in Param or in the primary directory")
+      ->option_text(" ")
+      ->check(NameFault)
+      ->required();
+
+  OptionTable options(app);
+  options.Add("--measures", "NAME,...",
+              "only these families of measures, by their names below\n(default: all that the project has data for)",
+              [&parsed](const std::string& list) { parsed.Measures = ParseMeasures(list); });
+  options.AddFile("--serial-order",
+                  "also write the serial-position master; FILE holds a line\n'item,position' per item",
+                  parsed.SerialOrderFile);
+  options.Add("--destination", "FILE",
+              "where the master's header goes; a name without a directory lies in the\nprimary directory, where the "
+              "rows always go",
+              [&parsed](const std::string& path) { parsed.Destination = path; });
+  options.AddFile(
+      "--clean",
+      "also write the measures as a CSV for other programs: level names,\nnothing cut, empty fields and the "
+      "reason for what could not be computed",
+      parsed.CleanFile);
+  options.AddFile("--long", "also write the recalls as a CSV, a row per studied and per recalled\nitem",
+                  parsed.LongFile);
+  CLI::Option* means = options.Add(
+      "--means", "VARIABLE,...", "print the means of all measures by these variables, crossed, as a CSV;\n'' for none",
+      [&parsed](const std::string& list) { parsed.Means = SplitNames(list); });
+  app.add_flag("--computed-only", parsed.ComputedOnly,
+               "leave out of the means what could not be computed (0 in the master)")
+      ->disable_flag_override()
+      ->option_text(" ")
+      ->needs(means);
+  CLI::Option* groupSize = options.Add(
+      "--group-size", "N", "also write the combined master: a row per group of N subjects, their\nrecall pooled",
+      [&parsed](const std::string& size) { parsed.GroupSize = GroupSizeOf(size); });
+  options.Add("--group-by", "VARIABLE", "only subjects of one level of this variable form a group", parsed.GroupBy)
+      ->option_text("VARIABLE")
+      ->needs(groupSize);
+  options
+      .AddFile("--group-order",
+               "the order in which groups are formed; FILE holds a line\n'\"identifier\",position' per subject "
+               "(default: the order of the rows);\nsubjects without a line come last",
+               parsed.GroupOrderFile)
+      ->option_text("FILE")
+      ->needs(groupSize);
+  app.set_help_flag("-h,--help", "print this text");
+  app.set_version_flag("--version", "", "print the version");
+}
+
+std::string Footer() {
+  std::string text = "Names for --measures, beside those of the measure screen's boxes (chkBasic):\n";
+  for (const MeasureBox& box : AllMeasureBoxes()) {
+    const std::string name = "  " + std::string(box.Word);
+    text += name + std::string(kColumn - name.size(), ' ') + std::string(box.QuickHelp) + "\n";
+  }
+  return text +
+         "\nFiles are paths of this system or drive-letter paths (C:\\Data\\Study.prm). C: is the home directory and "
+         "Z:\n"
+         "the root; ZOVA_DRIVES='C=/dir;D=/dir' sets other drives.\n"
+         "\n"
+         "The paths that were written go to standard output, with --means to standard error. Ends with 0 when the\n"
+         "masters are made, 1 when the run stopped or there is no data, 2 on wrong usage.";
+}
+
+// As the library takes them, the last first. It would pass over the empty value of "--clean=" and take the next
+// argument for it.
+std::vector<std::string> ForLibrary(const std::vector<std::string>& arguments) {
+  std::vector<std::string> reversed;
+  const auto filesFrom = std::find(arguments.begin(), arguments.end(), "--");
+  for (auto argument = arguments.begin(); argument != arguments.end(); ++argument) {
+    const bool hasEmptyValue =
+        argument < filesFrom && argument->starts_with("--") && argument->find('=') == argument->size() - 1;
+    reversed.push_back(hasEmptyValue ? argument->substr(0, argument->size() - 1) : *argument);
+    if (hasEmptyValue) reversed.emplace_back();
+  }
+  std::reverse(reversed.begin(), reversed.end());
+  return reversed;
+}
 
 }  // namespace
 
 Arguments ParseArguments(const std::vector<std::string>& arguments) {
   Arguments parsed;
-  Values values(arguments);
-  bool onlyFiles = false;
-  while (!values.AtEnd()) {
-    const std::string argument = values.TakeArgument();
-    if (!onlyFiles && argument == "--") {
-      onlyFiles = true;
-    } else if (onlyFiles || argument.empty() || argument.front() != '-') {
-      if (!parsed.ProjectFile.empty()) throw UsageError("more than one project file: '" + argument + "'");
-      if (argument.empty()) throw UsageError("the project file's name is empty");
-      parsed.ProjectFile = argument;
-    } else if (argument == "--help") {
-      parsed.Help = true;
-    } else if (argument == "--version") {
-      parsed.Version = true;
-    } else if (const auto names = values.Of(argument, "--measures")) {
-      parsed.Measures = ParseMeasures(*names);
-    } else if (const auto order = values.FileOf(argument, "--serial-order")) {
-      parsed.SerialOrderFile = *order;
-    } else if (const auto destination = values.Of(argument, "--destination")) {
-      parsed.Destination = *destination;
-    } else if (const auto cleanFile = values.FileOf(argument, "--clean")) {
-      parsed.CleanFile = *cleanFile;
-    } else if (const auto longFile = values.FileOf(argument, "--long")) {
-      parsed.LongFile = *longFile;
-    } else if (const auto variables = values.Of(argument, "--means")) {
-      parsed.Means = SplitNames(*variables);
-    } else if (argument == "--computed-only") {
-      parsed.ComputedOnly = true;
-    } else if (const auto size = values.Of(argument, "--group-size")) {
-      parsed.GroupSize = GroupSizeOf(*size);
-    } else if (const auto variable = values.Of(argument, "--group-by")) {
-      parsed.GroupBy = *variable;
-    } else if (const auto groupOrder = values.FileOf(argument, "--group-order")) {
-      parsed.GroupOrderFile = *groupOrder;
-    } else {
-      throw UsageError("unknown option '" + argument + "'");
-    }
+  CLI::App app;
+  DeclareOptions(app, parsed);
+  try {
+    app.parse(ForLibrary(arguments));
+  } catch (const CLI::CallForHelp&) {
+    parsed.Help = true;
+    return parsed;
+  } catch (const CLI::CallForVersion&) {
+    parsed.Version = true;
+    return parsed;
+  } catch (const CLI::ParseError& error) {
+    throw UsageError(error.what());
   }
-  RequireComplete(parsed);
+  // To the library "-" and a negative number are no options.
+  if (parsed.ProjectFile.starts_with('-') && std::find(arguments.begin(), arguments.end(), "--") == arguments.end()) {
+    throw UsageError("unknown option: " + parsed.ProjectFile);
+  }
   return parsed;
 }
 
-const char* UsageText() {
-  return "Usage: zova-master [--measures BOX,...] [--serial-order FILE] [--destination FILE]\n"
-         "                   [--clean FILE] [--long FILE] [--means VARIABLE,... [--computed-only]]\n"
-         "                   [--group-size N [--group-by VARIABLE] [--group-order FILE]] PROJECT.prm\n"
-         "\n"
-         "Writes the master of a recall experiment: one row per subject, one column per measure.\n"
-         "\n"
-         "  --measures BOX,...    only these families of measures: chkBasic chkBi chkIP chkCat chkRat chkFBasic\n"
-         "                        chkFPos chkFwhich chkFIP chkMinNet chkMinCat chkMinCum chkMinGains\n"
-         "                        (default: all that the project has data for)\n"
-         "  --serial-order FILE   also write the serial-position master; FILE holds a line 'item,position' per item\n"
-         "  --destination FILE    where the master's header goes; a name without a directory lies in the primary\n"
-         "                        directory, where the rows always go\n"
-         "  --clean FILE          also write the measures as a CSV for other programs: level names, nothing cut,\n"
-         "                        empty fields and the reason for what could not be computed\n"
-         "  --long FILE           also write the recalls as a CSV, a row per studied and per recalled item\n"
-         "  --means VARIABLE,...  print the means of all measures by these variables, crossed, as a CSV; '' for none\n"
-         "  --computed-only       leave out of the means what could not be computed (0 in the master)\n"
-         "  --group-size N        also write the combined master: a row per group of N subjects, their recall pooled\n"
-         "  --group-by VARIABLE   only subjects of one level of this variable form a group\n"
-         "  --group-order FILE    the order in which groups are formed; FILE holds a line '\"identifier\",position'\n"
-         "                        per subject (default: the order of the rows); subjects without a line come last\n"
-         "  --help, --version\n"
-         "\n"
-         "Files are paths of this system or drive-letter paths (C:\\Data\\Study.prm). C: is the home directory and Z:\n"
-         "the root; ZOVA_DRIVES='C=/dir;D=/dir' sets other drives.\n"
-         "\n"
-         "The paths that were written go to standard output, with --means to standard error. Ends with 0 when the\n"
-         "masters are made, 1 when the run stopped or there is no data, 2 on wrong usage.\n";
+std::string UsageText() {
+  Arguments unused;
+  CLI::App app("Writes the master of a recall experiment: one row per subject, one column per measure.\n",
+               "zova-master");
+  DeclareOptions(app, unused);
+  app.footer(Footer());
+  return app.help();
 }
 
 }  // namespace zova

@@ -36,6 +36,6 @@ struct Arguments {
 /// Throws UsageError. `arguments` are those behind the program's name.
 Arguments ParseArguments(const std::vector<std::string>& arguments);
 
-const char* UsageText();
+std::string UsageText();
 
 }  // namespace zova

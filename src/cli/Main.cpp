@@ -2,7 +2,6 @@
 //
 // zova-master: a project's masters without a window, for scripts and servers.
 
-#include <algorithm>
 #include <exception>
 #include <filesystem>
 #include <iostream>
@@ -10,6 +9,7 @@
 #include <set>
 
 #include "cli/Arguments.h"
+#include "cli/CommandLine.h"
 #include "cli/Terminal.h"
 #include "master/groups/SavedOrders.h"
 #include "master/run/CombinedMaster.h"
@@ -19,6 +19,7 @@
 #include "platform/desktop/FileErrorHandler.h"
 #include "project/ProjectFile.h"
 #include "project/ProjectOpening.h"
+#include "session/Version.h"
 #include "subjects/SubjectFiles.h"
 
 namespace zova {
@@ -194,12 +195,12 @@ int RunCommand(const std::vector<std::string>& texts) {
       return kDone;
     }
     if (arguments.Version) {
-      std::cout << "zova-master " << ZOVA_VERSION << '\n';
+      std::cout << "zova-master " << kVersion << '\n';
       return kDone;
     }
     return MasterCommand(std::move(arguments)).Run();
   } catch (const UsageError& error) {
-    std::cerr << "zova-master: " << error.what() << '\n' << UsageText();
+    std::cerr << "zova-master: " << error.what() << "\nTry 'zova-master --help'.\n";
     return kWrongUsage;
   }
 }
@@ -209,7 +210,7 @@ int RunCommand(const std::vector<std::string>& texts) {
 
 int main(int argc, char** argv) {
   try {
-    const int result = zova::RunCommand({argv + std::min(argc, 1), argv + argc});
+    const int result = zova::RunCommand(zova::CommandLineArguments(argc, argv));
     std::cout.flush();
     if (std::cout) return result;
     std::cerr << "zova-master: standard output cannot be written\n";

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <array>
 
+#include "master/columns/MeasureFamilies.h"
+
 namespace zova {
 
 namespace {
@@ -16,7 +18,7 @@ struct Sentence {
 
 constexpr bool IsBefore(const Sentence& left, const Sentence& right) { return left.Name < right.Name; }
 
-// By name, capitals first, as the search needs it.
+// By name, capitals first, as the search needs it; those of the measures stand with these.
 constexpr auto kSentences = std::to_array<Sentence>({
     {"FraNomDet",
      "The subjects are put together as nominal groups on this screen, whose recall is then scored as one."},
@@ -24,25 +26,12 @@ constexpr auto kSentences = std::to_array<Sentence>({
     {"FraSaveMaster",
      "A master is asked for on this screen: where it goes, what it holds and which others are made with it."},
     {"FraWhichAnal", "The measures of the master are chosen on this screen."},
-    {"chkBasic", "Adds the number of items recalled on each test, and those lost and gained from test to test."},
-    {"chkBi", "Adds the bi-directional inter-test repetition of each pair of neighbouring tests."},
-    {"chkCat", "Adds ARC scores, the categories represented and the average of items per category."},
     {"chkCombine", "Check this box to score subjects together as nominal groups, in a combined master of its own."},
     {"chkExportClean", "Adds a CSV file of all measures, uncut, with what could not be computed left empty."},
     {"chkExportLong", "Adds a CSV file of the recall lists, a line for each item that was studied or recalled."},
-    {"chkFBasic", "Adds the number of lures recalled on each test, and those gained and lost from test to test."},
-    {"chkFIP", "Adds the number of lures with each pattern of being recalled (C) or not (N) over all tests."},
-    {"chkFPos", "Adds how many items of a lure's category were recalled before it, and how many after it."},
-    {"chkFwhich", "Adds a column for each lure on each test: 1 if it was recalled, 0 if not."},
-    {"chkIP", "Adds the number of items with each pattern of being recalled (C) or not (N) over all tests."},
     {"chkItemAnalysis", "Check this box for a second master with the proportion recalled at each serial position."},
     {"chkMeansLeaveOut",
      "Check this box so that means are taken over computed values only; in the master the others stand as 0."},
-    {"chkMinCat", "Adds how many categories had their first item of the test in each minute."},
-    {"chkMinCum", "Adds the number of items recalled up to each minute, counted on across all tests."},
-    {"chkMinGains", "Adds the number of items gained in each minute of each test after the first."},
-    {"chkMinNet", "Adds the number of items recalled in each minute of each test."},
-    {"chkRat", "Adds average ratings and the items rated above, below and at the middle of the scale."},
     {"chkRating", "Check this box if ratings were taken on this test."},
     {"cmdAddVar", "Starts another between subject variable; a project may have up to 10."},
     {"cmdBack", "Returns to the step before this one; what you have entered is kept."},
@@ -101,10 +90,7 @@ constexpr auto kSentences = std::to_array<Sentence>({
     {"drvMasterDest", "Select the drive whose directories you want to see; the master is to go there."},
     {"drvParamPath", "Select the drive whose directories you want to see; its path is put into the box."},
     {"drvPath1", "Select the drive whose directories you want to see in the list."},
-    {"fraCategory", "Measures for study lists that were made of categories."},
     {"fraCurrentProject", "Shows which project is open."},
-    {"fraFalse", "Measures of the critical items that were never presented."},
-    {"fraGeneral", "Measures that every project has data for; the last two need more than one test."},
     {"fraInformation", "Shows which project is open and which subject is being entered."},
     {"fraInput", "The recalls of one subject are entered on this screen, test by test, in the order of recall."},
     {"fraLastMaster", "The master that was made last, since the program was started."},
@@ -113,12 +99,10 @@ constexpr auto kSentences = std::to_array<Sentence>({
     {"fraMastersDone", "The masters are written; a message says so."},
     {"fraMeans",
      "Means of a master by the levels of its variables are shown on this screen, as a table and as a plot."},
-    {"fraMinute", "Measures for recalls that were entered with their minute."},
     {"fraOrder", "The order of the items, or of the subjects in their groups, is entered on this screen."},
     {"fraParam", "The pages on which a project is defined; once it is completed its parameters cannot be changed."},
     {"fraParamPath", "Choose a directory on this screen by its drive and its name, or type its path."},
     {"fraPretty", "These buttons insert and delete lines of the test that is shown."},
-    {"fraRating", "Measures for recalls that were entered with a rating."},
     {"fraSubInfo", "The subject is identified on this screen before its data are entered."},
     {"framinbump", "These buttons change all selected minutes by one."},
     {"grdInput", "The recalls of this test, a line for each; click a cell or drag over several to select them."},
@@ -249,7 +233,12 @@ static_assert(std::is_sorted(kSentences.begin(), kSentences.end(), IsBefore));
 
 std::string_view SentenceOf(std::string_view name) noexcept {
   const auto found = std::lower_bound(kSentences.begin(), kSentences.end(), Sentence{name, {}}, IsBefore);
-  return found != kSentences.end() && found->Name == name ? found->Text : std::string_view();
+  if (found != kSentences.end() && found->Name == name) return found->Text;
+  for (const MeasureBox& box : AllMeasureBoxes()) {
+    if (box.Name == name) return box.QuickHelp;
+    if (box.Frame->Name == name) return box.Frame->QuickHelp;
+  }
+  return {};
 }
 
 }  // namespace

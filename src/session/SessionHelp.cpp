@@ -23,9 +23,9 @@ void Session::ShowMeasuresHelp() { m_platform.Help.ShowHelp(HelpFile(m_programDi
 void Session::ShowAbout() {
   m_location.NoteOtherAct();
   m_platform.Boxes.Show(
-      {.Text = "ZOVA\nVersion " ZOVA_VERSION,
+      {.Text = "ZOVA\nVersion 2.0",
        .Icon = BoxIcon::Information,
-       .Title = "About ZOVA " ZOVA_VERSION,
+       .Title = "About ZOVA 2.0",
        .Details = "Keeps and scores the recall lists of memory experiments with repeated tests.\n\n"
                   "Free software under the GNU General Public License (GPL-3.0-or-later), without any warranty.\n\n"
                   "It uses Qt 6 (GNU Lesser General Public License, version 3), QCustomPlot (GNU General Public "

@@ -4,6 +4,7 @@
 
 #if defined(ZOVA_MASTER_PROGRAM) && !defined(_WIN32)
 
+#include <gmock/gmock.h>
 #include <sys/wait.h>
 
 #include <cstdlib>
@@ -50,11 +51,11 @@ class Command : public ::testing::Test {
 
 TEST_F(Command, WritesTheMasterWhereverItIsTold) {
   for (const char* path : {"'C:\\Ab.prm'", "\"$PWD/Ab.prm\"", "-- 'c:\\AB.PRM'"}) {
-    Expect("--measures chkBasic,chkMinNet " + std::string(path), 0, {kMaster}, "");
+    Expect("--measures chkBasic,minutes " + std::string(path), 0, {kMaster}, "");
     EXPECT_EQ(Files.Get(kMaster),
               "Sub ID's, Net(Test 1), Net(Test 2), Losses(Test 1 to 2), Gains(Test 1 to 2)\r\n1,  2,  1,  1,  0\r\n");
   }
-  Expect("--destination Bare.txt Ab.prm", 0, {"C:\\Data\\Bare.txt", kMaster}, "");
+  Expect("Ab.prm --destination Bare.txt", 0, {"C:\\Data\\Bare.txt", kMaster}, "");
   Expect("--destination ../D/Out/a.txt Ab.prm", 0, {"D:\\Out\\a.txt", kMaster}, "");
   Expect("--clean ../D/Out/ --long x.csv --destination ../D/Out/ Ab.prm", 0,
          {"D:\\Out\\AB Master.txt", "D:\\Out\\AB Clean.csv", "C:\\x.csv", kMaster}, "");
@@ -67,25 +68,48 @@ TEST_F(Command, WritesTheMasterWhereverItIsTold) {
 }
 
 TEST_F(Command, RefusesWrongUsage) {
-  Expect("--help >../usage", 0, {}, "");
-  const std::string usage = ReadFile(Files.Root() / "usage");
-  EXPECT_TRUE(usage.starts_with("Usage: zova-master [--measures "));
   for (const auto& [arguments, fault] :
-       {std::pair("", "no project file"),
-        {"Ab.prm Ab.prm", "more than one project file: 'Ab.prm'"},
-        {"--measures chkbasic Ab.prm", "unknown measure 'chkbasic'"},
-        {"--all Ab.prm", "unknown option '--all'"},
-        {"Ab.prm --serial-order", "option '--serial-order' needs a value"},
-        {"Ab.prm --group-by Sex", "option '--group-by' needs '--group-size'"},
-        {"--group-size 2 --group-by Sax Ab.prm", "the project has no variable 'Sax'"},
+       {std::pair("", "PROJECT.prm is required"),
+        {"''", "PROJECT.prm: a file needs a name"},
+        {"Ab.prm B.prm", "The following argument was not expected: B.prm"},
+        {"--measures chkBasic,chkbasic Ab.prm", "--measures: unknown measure 'chkbasic'"},
+        {"--measures chkBasic chkBi Ab.prm", "The following argument was not expected: Ab.prm"},
+        {"--all Ab.prm", "The following argument was not expected: --all"},
+        {"Ab.prm -x", "The following argument was not expected: -x"},
+        {"-1", "unknown option: -1"},
+        {"Ab.prm --serial-order", "--serial-order: 1 required FILE missing"},
+        {"Ab.prm --group-by Sex", "--group-by requires --group-size"},
+        {"--group-size 2 --group-by '' Ab.prm", "the project has no variable ''"},
         {"--clean c.csv --means '' --means Sax Ab.prm", "the project has no variable 'Sax'"},
-        {"--computed-only Ab.prm", "option '--computed-only' needs '--means'"},
-        {"--clean= Ab.prm", "option '--clean' needs a file"},
+        {"--computed-only Ab.prm", "--computed-only requires --means"},
+        {"--clean= Ab.prm", "--clean: a file needs a name"},
         {"--group-size 1 Ab.prm",
-         "option '--group-size': Subjects per group must be a number greater than 1.  Please re-enter."}})
-    Expect(arguments, 2, {}, std::string("zova-master: ") + fault + "\n" + usage);
+         "--group-size: Subjects per group must be a number greater than 1.  Please re-enter."}})
+    Expect(arguments, 2, {}, std::string("zova-master: ") + fault + "\nTry 'zova-master --help'.\n");
   EXPECT_FALSE(Files.Has(kMaster));
 }
+
+TEST_F(Command, ExplainsEveryOptionInUsageAndManual) {
+  Expect("-h >../usage", 0, {}, "");
+  const std::string usage = ReadFile(Files.Root() / "usage");
+  const std::string manual = ReadFile(std::filesystem::path(ZOVA_MANUAL) / "zova-master.1");
+  int options = 0;
+  for (std::size_t at = usage.find("\n  -"); at != std::string::npos; at = usage.find("\n  -", at + 1), ++options) {
+    const std::size_t name = usage.find("--", at) + 1;
+    EXPECT_THAT(manual, ::testing::HasSubstr("It Fl " + usage.substr(name, usage.find_first_of(" \n", name) - name)));
+  }
+  EXPECT_EQ(options, 12);
+}
+
+#ifdef __linux__
+TEST_F(Command, ReportsAFullStandardOutput) {
+  const std::string fault = "zova-master: standard output cannot be written\n";
+  for (const char* output : {">/dev/full", ">&-"}) {
+    Expect(std::string("Ab.prm ") + output, 1, {}, fault);
+    Expect(std::string("--means '' Ab.prm ") + output, 1, {}, Files.Native(kMaster).string() + "\n" + fault);
+  }
+}
+#endif
 
 TEST_F(Command, CombinesSubjectsIntoGroups) {
   const char* combined = "C:\\Data\\AB Combined Master.txt";

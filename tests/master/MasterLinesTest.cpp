@@ -98,6 +98,27 @@ TEST(MeasureSelection, DefaultsFollowTheProject) {
   }
 }
 
+TEST(MeasureBoxes, AreFoundByControlNameAndWord) {
+  const std::pair<const char*, const char*> kWords[kMeasureCount] = {{"chkBasic", "recall"},
+                                                                     {"chkBi", "itr"},
+                                                                     {"chkIP", "patterns"},
+                                                                     {"chkCat", "arc"},
+                                                                     {"chkRat", "ratings"},
+                                                                     {"chkFBasic", "lures"},
+                                                                     {"chkFPos", "associates"},
+                                                                     {"chkFwhich", "which-lures"},
+                                                                     {"chkFIP", "lure-patterns"},
+                                                                     {"chkMinNet", "minutes"},
+                                                                     {"chkMinCat", "minute-categories"},
+                                                                     {"chkMinCum", "cumulative"},
+                                                                     {"chkMinGains", "minute-gains"}};
+  for (std::size_t box = 0; box < kMeasureCount; ++box) {
+    EXPECT_EQ(MeasureByName(kWords[box].first), static_cast<Measure>(box)) << kWords[box].first;
+    EXPECT_EQ(MeasureByName(kWords[box].second), static_cast<Measure>(box)) << kWords[box].second;
+  }
+  for (const char* unknown : {"", "chkbasic", "Recall", "Net"}) EXPECT_FALSE(MeasureByName(unknown)) << unknown;
+}
+
 TEST(SplitWideMaster, CutsUnevenly) {
   const std::pair<int, std::vector<std::ptrdiff_t>> kCases[] = {
       {257, {256, 1}}, {767, {256, 255, 256}}, {1023, {256, 255, 255, 257}}};

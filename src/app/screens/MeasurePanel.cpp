@@ -13,10 +13,6 @@ namespace zova {
 
 namespace {
 
-constexpr const char* kFrameNames[] = {"fraGeneral", "fraCategory", "fraRating", "fraFalse", "fraMinute"};
-// The letter of each box's access key, by its place among its caption's letters.
-constexpr const char* kAccessKeys = "NBIAvLsWmRCuG";
-
 QString Ascii(std::string_view text) { return QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size())); }
 
 }  // namespace
@@ -31,16 +27,15 @@ MeasurePanel::MeasurePanel(MasterFlow& flow, std::function<void()> help) : FlowP
   rows->addWidget(MakeLabel("lblselect", tr("Please uncheck any measures that you do not want.  Please note that "
                                             "selections here will apply to both individual and applicable nominal "
                                             "group measures.")));
-  const char* const* frameName = kFrameNames;
-  const char* accessKey = kAccessKeys;
   QGroupBox* frame = nullptr;
   for (const MeasureBox& measure : AllMeasureBoxes()) {
-    if (!frame || frame->title() != Ascii(measure.Frame)) {
-      frame = Named(new QGroupBox(Ascii(measure.Frame)), *frameName++);
+    if (!frame || frame->objectName() != Ascii(measure.Frame->Name)) {
+      frame = new QGroupBox(Ascii(measure.Frame->Caption));
+      frame->setObjectName(Ascii(measure.Frame->Name));
       new QVBoxLayout(frame);
       rows->addWidget(frame);
     }
-    AddBox(*frame, measure, *accessKey++);
+    AddBox(*frame, measure);
   }
   rows->addStretch();
   AddButton("cmdHelpMeasures", tr("H&elp on Measures"), std::move(help));
@@ -49,9 +44,9 @@ MeasurePanel::MeasurePanel(MasterFlow& flow, std::function<void()> help) : FlowP
   m_cursor = m_boxes.front().first;
 }
 
-void MeasurePanel::AddBox(QGroupBox& frame, const MeasureBox& measure, char accessKey) {
+void MeasurePanel::AddBox(QGroupBox& frame, const MeasureBox& measure) {
   QString caption = Ascii(measure.Caption);
-  auto* box = new QCheckBox(caption.insert(caption.indexOf(QLatin1Char(accessKey)), u'&'));
+  auto* box = new QCheckBox(caption.insert(caption.indexOf(QLatin1Char(measure.AccessKey)), u'&'));
   box->setObjectName(Ascii(measure.Name));
   static_cast<QVBoxLayout*>(frame.layout())->addWidget(box, 0, Qt::AlignLeft);
   ActAtOnce(box);

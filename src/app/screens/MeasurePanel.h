@@ -21,7 +21,7 @@ class MeasurePanel : public FlowPanel {
   void Refresh() override;
 
  private:
-  void AddBox(QGroupBox& frame, const MeasureBox& measure, char accessKey);
+  void AddBox(QGroupBox& frame, const MeasureBox& measure);
 
   std::vector<std::pair<QCheckBox*, Measure>> m_boxes;
 };

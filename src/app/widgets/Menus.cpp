@@ -56,7 +56,7 @@ constexpr MenuEntry kEntries[] = {
     {"mnuHelp", "&Help"},
     {"mnuTopics", "&Topics", &States::Topics, &Session::ShowTopics},
     kSeparator,
-    {"mnuAbout", "&About ZOVA " ZOVA_VERSION, &States::About, &Session::ShowAbout},
+    {"mnuAbout", "&About ZOVA 2.0", &States::About, &Session::ShowAbout},
 };
 
 }  // namespace

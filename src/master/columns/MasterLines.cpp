@@ -90,7 +90,7 @@ std::string MeasuresToUncheck(const CountSink& counts, int excess) {
     const int count = counts.Of(box.Which);
     if (oneIsEnough ? count < excess : excess <= 0) break;
     if (!names.empty()) names += oneIsEnough ? " or " : " and ";
-    names.append("'").append(box.Frame).append(": ").append(box.Caption).append("'");
+    names.append("'").append(box.Frame->Caption).append(": ").append(box.Caption).append("'");
     if (!oneIsEnough) excess -= count;
   }
   return names;

@@ -5,6 +5,7 @@
 
 #include "project/DirectoryRules.h"
 #include "project/ProjectFile.h"
+#include "project/ProjectLayout.h"
 #include "project/wizard/WizardPages.h"
 #include "text/Encoding.h"
 #include "text/TypedText.h"

@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "cli/CommandLine.h"
+
+#include <algorithm>
+
+#ifdef _WIN32
+#ifndef NOMINMAX
+#define NOMINMAX
+#endif
+#include <windows.h>
+// Needs the types of windows.h.
+#include <shellapi.h>
+
+#include <memory>
+#include <system_error>
+
+#include "platform/files/DriveMap.h"
+#endif
+
+namespace zova {
+
+#ifdef _WIN32
+
+std::vector<std::string> CommandLineArguments(int /*argc*/, char** /*argv*/) {
+  int count = 0;
+  const std::unique_ptr<LPWSTR, decltype(&LocalFree)> texts(CommandLineToArgvW(GetCommandLineW(), &count), &LocalFree);
+  if (!texts) throw std::system_error(static_cast<int>(GetLastError()), std::system_category(), "command line");
+  std::vector<std::string> arguments;
+  for (int i = 1; i < count; ++i) arguments.push_back(PathText(texts.get()[i]));
+  return arguments;
+}
+
+#else
+
+std::vector<std::string> CommandLineArguments(int argc, char** argv) { return {argv + std::min(argc, 1), argv + argc}; }
+
+#endif
+
+}  // namespace zova
