@@ -174,7 +174,7 @@ TEST(MasterRun, NeverTakesThePlaceOfAProjectsOwnFile) {
   for (const char* path :
        {"C:\\Data\\AB.prm", "C:\\Data\\AB Serial Order.dat", "C:\\Data\\AB Combine Order.dat", "C:\\Param\\Temp.txt",
         "C:\\Param\\Temp 1.txt", "C:\\Data\\Sdata\\XY1.dat", "C:\\Data\\Sdata\\Unfinished\\AB Sub#2.dat",
-        "D:\\Backup\\Sdata\\AB Sub#1.dat", "D:\\Out\\Temp.txt", "D:\\Out\\plain.dat"}) {
+        "D:\\Backup\\Sdata\\AB Sub#1.dat", "D:\\Out\\Temp.txt", "D:\\Out\\plain.dat", "D:\\Out\\other.dat"}) {
     lab.Files.Put(path, "kept");
   }
   const fs::path out = lab.Files.Native("D:\\Out");
@@ -182,7 +182,7 @@ TEST(MasterRun, NeverTakesThePlaceOfAProjectsOwnFile) {
   fs::create_symlink("../../C/Data/Sdata/AB Sub#1.dat", out / "soft.txt");
   fs::create_symlink("soft.txt", out / "softer.txt");
   fs::create_directory_symlink(subject.parent_path(), out / "linked");
-  fs::create_symlink(out / "plain.dat", subject.parent_path() / "XY2.dat");
+  fs::create_symlink(out / "other.dat", subject.parent_path() / "XY2.dat");
   fs::create_hard_link(subject, out / "hard.txt");
   fs::create_hard_link(lab.Files.Native("C:\\Data\\AB.prm"), out / "hard.csv");
   fs::create_hard_link(out / "plain.dat", out / "twin.dat");
