@@ -164,12 +164,17 @@ Arguments ParseArguments(const std::vector<std::string>& arguments) {
   } catch (const CLI::CallForVersion&) {
     parsed.Version = true;
     return parsed;
+  } catch (const CLI::ExtrasError&) {  // its text has the arguments from behind
+    const std::vector<std::string> extra = app.remaining();
+    throw UsageError(
+        "unexpected argument: " +
+        *std::find_if(extra.begin(), extra.end(), [](const std::string& argument) { return argument != "--"; }));
   } catch (const CLI::ParseError& error) {
     throw UsageError(error.what());
   }
   // To the library "-" and a negative number are no options.
   if (parsed.ProjectFile.starts_with('-') && std::find(arguments.begin(), arguments.end(), "--") == arguments.end()) {
-    throw UsageError("unknown option: " + parsed.ProjectFile);
+    throw UsageError("unexpected argument: " + parsed.ProjectFile);
   }
   return parsed;
 }
