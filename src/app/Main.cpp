@@ -8,8 +8,8 @@
 
 #include "app/MainWindow.h"
 #include "app/desktop/HelpWindow.h"
-#include "app/desktop/QtChoosers.h"
 #include "app/desktop/QtDesktop.h"
+#include "app/desktop/QtFileDialogs.h"
 #include "app/desktop/QtMessageBoxes.h"
 #include "app/desktop/QtSettings.h"
 #include "app/desktop/QuickHelpFilter.h"
@@ -40,11 +40,11 @@ int RunApplication(QApplication& application) {
   Disk disk(layer, DriveMap::FromEnvironment());
   QtDesktop desktop;
   QtMessageBoxes boxes(desktop);
-  QtChoosers choosers(disk, desktop);
+  QtFileDialogs dialogs(disk, desktop);
   QtSettings settings;
   HelpWindow help(disk);
   QtProgress progress;
-  Session session({disk, boxes, choosers, settings, desktop, help, progress}, ProgramDirectoryPath(), InstalledData());
+  Session session({disk, boxes, dialogs, settings, desktop, help, progress}, ProgramDirectoryPath(), InstalledData());
   session.Prepare();  // so that the window comes up with the screen that it begins with
   MainWindow window(session, progress);
   boxes.SetBeforeShow([&window] { window.Refresh(); });

@@ -10,13 +10,14 @@
 
 #include "cli/Arguments.h"
 #include "cli/CommandLine.h"
+#include "cli/NoDesktop.h"
 #include "cli/Terminal.h"
 #include "master/groups/SavedOrders.h"
 #include "master/run/CombinedMaster.h"
 #include "master/run/MasterRun.h"
 #include "means/MeansTable.h"
 #include "means/UncomputedValues.h"
-#include "platform/desktop/FileErrorHandler.h"
+#include "platform/desktop/FileErrorBoxes.h"
 #include "project/ProjectFile.h"
 #include "project/ProjectOpening.h"
 #include "session/Version.h"
@@ -32,11 +33,11 @@ constexpr int kWrongUsage = 2;
 class MasterCommand {
  public:
   explicit MasterCommand(Arguments arguments)
-      : m_arguments(std::move(arguments)), m_disk(m_layer, DriveMap::FromEnvironment()), m_errors(m_terminal) {}
+      : m_arguments(std::move(arguments)), m_disk(m_layer, DriveMap::FromEnvironment()) {}
 
   int Run() {
     const std::string projectFile = FilePath(m_arguments.ProjectFile);
-    if (!WithRetry(m_errors, [&] { m_project = ReadProjectFile(m_disk, projectFile); })) return kStopped;
+    if (!WithRetry(m_terminal, [&] { m_project = ReadProjectFile(m_disk, projectFile); })) return kStopped;
     if (!MayOpenProject(m_project, m_terminal)) return kStopped;
     CombinedRequest combined;
     if (m_arguments.GroupBy) combined.Separator = VariableByName(*m_arguments.GroupBy);
@@ -45,13 +46,12 @@ class MasterCommand {
     if (!TellUnfinished() || !FillRequest(request)) return kStopped;
     if (m_arguments.GroupSize && !FillCombinedRequest(request, combined)) return kStopped;
     request.CombinedFollows = m_arguments.GroupSize.has_value();
-    const RunSurroundings surroundings{m_disk, m_terminal, m_terminal};
     std::optional<ScoredTable> table;
     if (m_arguments.Means) request.Sink = &table.emplace(m_project, request.Selection);
-    const MasterRunResult result = CreateMasters(m_project, request, surroundings);
+    const MasterRunResult result = CreateMasters(m_project, request, m_platform);
     if (!Told(result)) return kStopped;
     if (table) PrintMeans(table->Table(), std::move(means));
-    if (m_arguments.GroupSize && !Told(CreateCombinedMaster(m_project, combined, surroundings))) return kStopped;
+    if (m_arguments.GroupSize && !Told(CreateCombinedMaster(m_project, combined, m_platform))) return kStopped;
     ShowMasterWarnings(result.Notices, m_terminal);
     return kDone;
   }
@@ -119,13 +119,13 @@ class MasterCommand {
 
   bool ReadOrder(MasterRequest& request) {
     const std::string path = FilePath(*m_arguments.SerialOrderFile);
-    if (!WithRetry(m_errors, [&] { request.Order = ReadSerialOrder(m_disk, path, m_project.ItemCount); })) return false;
+    if (!WithRetry(m_terminal, [&] { request.Order = ReadSerialOrder(m_disk, path, m_project.ItemCount); }))
+      return false;
     return IsFaultless(SerialOrderFault(*request.Order), path);
   }
 
   bool IsFaultless(const std::optional<OrderFault>& fault, const std::string& path) {
-    if (fault)
-      m_terminal.Show({.Text = fault->Text, .Icon = BoxIcon::Exclamation, .Details = "Reading '" + path + "'"});
+    if (fault) Warn(m_terminal, fault->Text, "Reading '" + path + "'");
     return !fault;
   }
 
@@ -139,8 +139,7 @@ class MasterCommand {
   bool FillCombinedRequest(const MasterRequest& request, CombinedRequest& combined) {
     combined.Selection = request.Selection;
     combined.Destination = request.Destination;
-    auto subjects = ReadGroupSubjects(m_project, request.SubjectFileCount, combined.Separator.has_value(), m_disk,
-                                      m_terminal, m_terminal);
+    auto subjects = ReadGroupSubjects(m_project, request.SubjectFileCount, combined.Separator.has_value(), m_platform);
     if (!subjects) return false;
     combined.Subjects = std::move(*subjects);
     const std::vector<std::string>& ids = combined.Subjects.SubjectIds;
@@ -149,7 +148,7 @@ class MasterCommand {
     combined.Plan = FormGroups(combined.Subjects.LevelsOf(combined.Separator), order, *m_arguments.GroupSize);
     const std::string text = GroupPlanText(combined.Plan, ids, m_project, combined.Separator);
     if (combined.Plan.Groups.empty()) {
-      m_terminal.Show({.Text = kTooFewSubjects, .Icon = BoxIcon::Exclamation, .Details = text});
+      Warn(m_terminal, kTooFewSubjects, text);
       return false;
     }
     if (combined.Plan.HasLeftOver()) std::cerr << text << '\n';
@@ -159,7 +158,7 @@ class MasterCommand {
   bool ReadGroupOrderFor(const std::vector<std::string>& subjectIds, GroupOrder& order) {
     const std::string path = FilePath(*m_arguments.GroupOrderFile);
     GroupOrderLines lines;
-    if (!WithRetry(m_errors, [&] { lines = ReadGroupOrder(m_disk, path); })) return false;
+    if (!WithRetry(m_terminal, [&] { lines = ReadGroupOrder(m_disk, path); })) return false;
     if (!IsFaultless(GroupFileFault(lines, subjectIds), path)) return false;
     order = FitGroupOrder(lines, subjectIds);
     // Nobody looks at the order before it is used: a misspelt identifier must not pass unseen.
@@ -171,7 +170,7 @@ class MasterCommand {
   }
 
   bool TellUnfinished() {
-    return WithRetry(m_errors, [&] {
+    return WithRetry(m_terminal, [&] {
       const auto names = ListSubjectFiles(m_disk, m_project, UnfinishedDirectory(m_project.PrimaryDir));
       if (names.empty()) return;
       std::cerr << names.size() << (names.size() == 1 ? " unfinished subject is" : " unfinished subjects are")
@@ -183,7 +182,8 @@ class MasterCommand {
   NativeFileLayer m_layer;
   Disk m_disk;
   Terminal m_terminal;
-  FileErrorHandler m_errors;
+  NoDesktop m_desktop;
+  Platform m_platform{m_disk, m_terminal, m_desktop, m_desktop, m_desktop, m_desktop, m_terminal};
   ProjectParameters m_project;
 };
 

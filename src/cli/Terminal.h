@@ -17,7 +17,7 @@ class Terminal final : public MessageBoxes, public Progress {
   Terminal();
   BoxAnswer Show(const MessageBox& box) override;
   void Show(int percent, const std::string& text) override;
-  void Breathe() override {}
+  void ProcessEvents() override {}
 
  private:
   void EndProgressLine();

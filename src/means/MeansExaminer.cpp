@@ -6,6 +6,7 @@
 #include <numeric>
 #include <set>
 #include <utility>
+#include "platform/desktop/FileErrorBoxes.h"
 
 #include "master/run/MasterRun.h"
 #include "means/MasterOfProject.h"
@@ -51,7 +52,7 @@ void MeansExaminer::Open(const ProjectParameters& project, const std::string& he
   const std::string path = DefaultMasterPath(project);
   m_missing = "There is no master of this project yet.  Create one with 'Create New Master', or open another one here.";
   bool exists = false;
-  if (!WithRetry(m_tools.Errors, [&] { exists = m_tools.Files.FileExists(path); }) || !exists) return;
+  if (!WithRetry(m_platform.Boxes, [&] { exists = m_platform.Files.FileExists(path); }) || !exists) return;
   m_missing = "The master of this project could not be read.";
   std::string bytes;
   if (!Read(path, bytes)) return;
@@ -77,29 +78,27 @@ void MeansExaminer::Close() {
 void MeansExaminer::ChooseMaster() {
   if (m_project == nullptr) return;
   const auto path =
-      m_tools.Dialogs.ChooseFile({.Title = "Open Master",
-                                  .Directory = m_project->PrimaryDir,
-                                  .Filters = {{"Text files (*.txt)", "*.txt"}, {"All files (*.*)", "*"}}});
+      m_platform.Dialogs.ChooseFile({.Title = "Open Master",
+                                     .Directory = m_project->PrimaryDir,
+                                     .Filters = {{"Text files (*.txt)", "*.txt"}, {"All files (*.*)", "*"}}});
   std::string bytes;
   if (!path || !Read(*path, bytes)) return;
   bool isOwnFile = false;
-  if (!WithRetry(m_tools.Errors, [&] { isOwnFile = m_tools.Files.IsSame(*path, DefaultMasterPath(*m_project)); }))
-    return;
+  const auto compare = [&] { isOwnFile = m_platform.Files.IsSame(*path, DefaultMasterPath(*m_project)); };
+  if (!WithRetry(m_platform.Boxes, compare)) return;
   const auto fault = Take(bytes, isOwnFile ? m_header : "");
   if (!fault) return Show(*path);
-  m_tools.Boxes.Show({.Text = "'" + std::string(LastPathComponent(*path)) + "' is no master.",
-                      .Icon = BoxIcon::Exclamation,
-                      .Details = *fault});
+  Warn(m_platform.Boxes, "'" + std::string(LastPathComponent(*path)) + "' is no master.", *fault);
 }
 
 bool MeansExaminer::Read(const std::string& path, std::string& bytes) {
-  const BusyPointer busy(m_tools.Pointer);
-  return WithRetry(m_tools.Errors, [&] { m_tools.Files.Read(path, bytes); });
+  const BusyPointer busy(m_platform.Pointer);
+  return WithRetry(m_platform.Boxes, [&] { m_platform.Files.Read(path, bytes); });
 }
 
 // What was shown stays when the text is no master.
 std::optional<std::string> MeansExaminer::Take(const std::string& bytes, std::string_view header) {
-  const BusyPointer busy(m_tools.Pointer);
+  const BusyPointer busy(m_platform.Pointer);
   if (!LooksLikeDataText(bytes)) return kNoText;
   const DataText text(bytes);
   if (auto serial = ParseSerialPositionMaster(text.Content())) {
@@ -123,15 +122,15 @@ void MeansExaminer::Show(const std::string& path) {
   m_request = {};
   if (!m_measureNames.empty()) m_request.Measures = {0};
   m_unchecked = 0;
-  m_isOwn = !m_serial && IsMasterOfProject(m_table, path, *m_project, m_tools.Files);
+  m_isOwn = !m_serial && IsMasterOfProject(m_table, path, *m_project, m_platform.Files);
   ++m_layouts;
   Compute();
   if (!m_isOwn || m_table.RowCount() == 0) return;
   m_isReading = true;
   if (m_observer) m_observer();
   {
-    const BusyPointer busy(m_tools.Pointer);
-    m_unchecked = MarkUncomputed(m_table, *m_project, m_tools.Files, m_tools.Bar);
+    const BusyPointer busy(m_platform.Pointer);
+    m_unchecked = MarkUncomputed(m_table, *m_project, m_platform.Files, m_platform.Bar);
   }
   m_isReading = false;
   Compute();
@@ -287,20 +286,18 @@ void MeansExaminer::SaveTable() {
   if (RowCount() == 0) return;
   FileQuestion question = QuestionForSaving("Save Table", ResultFile::MeansTable);
   question.Filters = {{"CSV files (*.csv)", "*.csv"}, {"All files (*.*)", "*"}};
-  if (const auto path = m_tools.Dialogs.ChooseNewFile(question)) Save(*path, CsvText(Lines()));
+  if (const auto path = m_platform.Dialogs.ChooseNewFile(question)) Save(*path, CsvText(Lines()));
 }
 
 std::optional<PlotTarget> MeansExaminer::AskPlotFile() {
   if (!HasPlot()) return std::nullopt;
   FileQuestion question = QuestionForSaving("Save Plot", ResultFile::MeansPlot);
   question.Filters = {{"PDF files (*.pdf)", "*.pdf"}, {"SVG files (*.svg)", "*.svg"}, {"PNG files (*.png)", "*.png"}};
-  const auto path = m_tools.Dialogs.ChooseNewFile(question);
+  const auto path = m_platform.Dialogs.ChooseNewFile(question);
   if (!path) return std::nullopt;
   const auto format = FormatOf(*path);
   if (format) return PlotTarget{*path, *format};
-  m_tools.Boxes.Show({.Text = "The name of a plot's file ends in '.pdf', '.svg' or '.png'.",
-                      .Icon = BoxIcon::Exclamation,
-                      .Details = *path});
+  Warn(m_platform.Boxes, "The name of a plot's file ends in '.pdf', '.svg' or '.png'.", *path);
   return std::nullopt;
 }
 
@@ -308,26 +305,24 @@ void MeansExaminer::SavePlot(const PlotTarget& target, const std::string& bytes)
 
 // A master lies also where its run was told to put it, under whatever name. Throws FileError.
 bool MeansExaminer::IsKept(const std::string& path) {
-  if (IsProtectedFile(path, *m_project, m_tools.Files)) return true;
-  if (!m_tools.Files.FileExists(path)) return false;
-  if (m_tools.Files.IsSame(path, m_path)) return true;  // its rows may stand without a header
+  if (IsProtectedFile(path, *m_project, m_platform.Files)) return true;
+  if (!m_platform.Files.FileExists(path)) return false;
+  if (m_platform.Files.IsSame(path, m_path)) return true;  // its rows may stand without a header
   std::string bytes;
-  m_tools.Files.Read(path, bytes);
+  m_platform.Files.Read(path, bytes);
   const DataText text(bytes);
   return IsMasterHeader(FirstLine(text.Content())) || ParseSerialPositionMaster(text.Content()).has_value();
 }
 
 void MeansExaminer::Save(const std::string& path, const std::string& bytes) {
-  const BusyPointer busy(m_tools.Pointer);
+  const BusyPointer busy(m_platform.Pointer);
   bool isKept = false;
-  WithRetry(m_tools.Errors, [&] {
+  WithRetry(m_platform.Boxes, [&] {
     isKept = IsKept(path);
-    if (!isKept) m_tools.Files.Write(path, bytes);
+    if (!isKept) m_platform.Files.Write(path, bytes);
   });
   if (!isKept) return;
-  m_tools.Boxes.Show({.Text = "A master or a data file of a project is never replaced.  Please select another name.",
-                      .Icon = BoxIcon::Exclamation,
-                      .Details = path});
+  Warn(m_platform.Boxes, "A master or a data file of a project is never replaced.  Please select another name.", path);
 }
 
 }  // namespace zova

@@ -8,22 +8,10 @@
 
 #include "means/MeansPlot.h"
 #include "means/SerialPositionTable.h"
-#include "platform/desktop/Choosers.h"
-#include "platform/desktop/Desktop.h"
-#include "platform/desktop/FileErrorHandler.h"
-#include "platform/files/Disk.h"
+#include "platform/desktop/Platform.h"
 #include "project/ProjectLayout.h"
 
 namespace zova {
-
-struct MeansTools {
-  Disk& Files;
-  MessageBoxes& Boxes;
-  FileErrorHandler& Errors;
-  Choosers& Dialogs;
-  Desktop& Pointer;
-  Progress& Bar;
-};
 
 enum class PlotFormat { Pdf, Svg, Png };
 
@@ -39,7 +27,7 @@ bool HasIntervals(const PlotPicture& picture);
 /// Measures, variables, rows and columns count from 0. The master itself is never changed.
 class MeansExaminer {
  public:
-  explicit MeansExaminer(const MeansTools& tools) : m_tools(tools) {}
+  explicit MeansExaminer(const Platform& platform) : m_platform(platform) {}
   /// Called when what is shown changes while a master is read.
   void SetObserver(std::function<void()> observer) { m_observer = std::move(observer); }
 
@@ -97,7 +85,7 @@ class MeansExaminer {
   void Save(const std::string& path, const std::string& bytes);
   [[nodiscard]] FileQuestion QuestionForSaving(const char* title, ResultFile file) const;
 
-  MeansTools m_tools;
+  Platform m_platform;
   std::function<void()> m_observer;
   const ProjectParameters* m_project = nullptr;
   std::string m_header;

@@ -154,8 +154,7 @@ class Rescoring {
   Rescoring(const ProjectParameters& project, const FamilySet& families, Disk& disk, Progress& bar)
       : m_project(project),
         m_families(families),
-        m_errors(m_boxes),
-        m_reader(project, disk, m_errors, bar),
+        m_reader(project, disk, m_boxes, bar),
         m_isListed(m_reader.List(0)),
         m_known(m_reader),
         m_pool(project) {}
@@ -196,7 +195,6 @@ class Rescoring {
   const ProjectParameters& m_project;
   FamilySet m_families;
   SilentBoxes m_boxes;
-  FileErrorHandler m_errors;
   SubjectReader m_reader;
   bool m_isListed;
   KnownSubjects m_known;

@@ -3,6 +3,8 @@
 #include "project/ProjectFile.h"
 #include "project/ProjectLayout.h"
 
+#include "platform/desktop/FileErrorBoxes.h"
+
 namespace zova {
 
 ProjectParameters ExampleProject(const std::string& programDir) {
@@ -46,13 +48,12 @@ void CopyToSampleData(const std::string& file, const std::string& directory, Dis
 
 }  // namespace
 
-bool WriteExampleProject(const std::string& paramDir, const std::string& programDir, Disk& disk,
-                         FileErrorHandler& errors) {
+bool WriteExampleProject(const std::string& paramDir, const std::string& programDir, Disk& disk, MessageBoxes& boxes) {
   const ProjectParameters project = ExampleProject(programDir);
   const std::string file = ParameterFilePath(paramDir, project);
-  if (!WithRetry(errors, [&] { disk.Write(file, FormatProject(project, kCurrentMarker)); })) return false;
+  if (!WithRetry(boxes, [&] { disk.Write(file, FormatProject(project, kCurrentMarker)); })) return false;
   // The copy is for whoever looks there; a program's directory that may not be written does not hold anyone up.
-  WithRetry(errors, [&] { CopyToSampleData(file, project.PrimaryDir, disk); });
+  WithRetry(boxes, [&] { CopyToSampleData(file, project.PrimaryDir, disk); });
   return true;
 }
 

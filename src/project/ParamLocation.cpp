@@ -9,6 +9,7 @@
 #include <set>
 #include <utility>
 #include <vector>
+#include "platform/desktop/FileErrorBoxes.h"
 
 #include "platform/files/FileCopier.h"
 #include "project/DirectoryRules.h"
@@ -25,7 +26,6 @@ namespace {
 constexpr const char* kMoved = "'Param' directory successfully moved!";
 constexpr const char* kCreated = "'Param' directory successfully created.";
 constexpr const char* kRegistered = "'Param' directory successfully registered.";
-constexpr const char* kNotFound = "Path not found.  Please verify that the correct disk is in the drive.";
 
 LocationOutcome CloseWith(std::string text) {
   return {Step::Close, MessageBox{.Text = std::move(text), .Icon = BoxIcon::Information}};
@@ -49,14 +49,8 @@ struct ParamLocation::Load {
   bool TargetIsNew = false;
 };
 
-ParamLocation::ParamLocation(ParamDirectory& param, std::string programDir, Disk& disk, MessageBoxes& boxes,
-                             FileErrorHandler& errors, Desktop& desktop)
-    : m_param(param),
-      m_programDir(std::move(programDir)),
-      m_disk(disk),
-      m_boxes(boxes),
-      m_errors(errors),
-      m_desktop(desktop) {}
+ParamLocation::ParamLocation(ParamDirectory& param, std::string programDir, const Platform& platform)
+    : m_param(param), m_programDir(std::move(programDir)), m_platform(platform) {}
 
 void ParamLocation::Open() {
   m_form = m_param.Exists() ? Form::Change : Form::Select;
@@ -77,24 +71,24 @@ LocationTexts ParamLocation::Texts() const {
 }
 
 std::string ParamLocation::Target(const std::string& text) const {
-  const std::string directory = DirectoryFromText(text, m_disk.Drives());
+  const std::string directory = DirectoryFromText(text, m_platform.Files.Drives());
   if (IsNoDirectory(directory) || !HasDrive(directory)) return "";
   return ParamDirectoryIn(directory);
 }
 
 LocationOutcome ParamLocation::Say(std::string text) {
-  m_boxes.Show({.Text = std::move(text), .Icon = BoxIcon::Exclamation});
+  Warn(m_platform.Boxes, std::move(text));
   return {};
 }
 
 LocationOutcome ParamLocation::SayInUse(Step next) {
-  m_boxes.Show({.Text = "ZOVA is already running with this 'Param' directory.", .Icon = BoxIcon::Critical});
+  m_platform.Boxes.Show({.Text = "ZOVA is already running with this 'Param' directory.", .Icon = BoxIcon::Critical});
   return {next};
 }
 
 bool ParamLocation::CanHold(const std::string& target) {
-  return !target.empty() && HasValidComponents(target) && m_disk.DirectoryExists(DriveRoot(target)) &&
-         !m_disk.FileExists(target);
+  return !target.empty() && HasValidComponents(target) && m_platform.Files.DirectoryExists(DriveRoot(target)) &&
+         !m_platform.Files.FileExists(target);
 }
 
 LocationOutcome ParamLocation::Accept(const std::string& text) {
@@ -107,13 +101,13 @@ LocationOutcome ParamLocation::Accept(const std::string& text) {
   bool isOld = false;
   const bool canBe = Succeeds([&] {
     // Looked for now, since a disk may have come or gone meanwhile. To a move, one that cannot be read is not lost.
-    hasOld = m_form == Form::Change ? m_disk.DirectoryExists(old) : m_param.Exists();
+    hasOld = m_form == Form::Change ? m_platform.Files.DirectoryExists(old) : m_param.Exists();
     moves = hasOld && m_form == Form::Change;
     if (!CanHold(target)) throw FileError(FileOperation::List, target, FileCause::PathNotFound);
-    isThere = m_disk.DirectoryExists(target);
-    isOld = hasOld && (m_disk.IsSame(target, old) || (moves && m_disk.LiesInside(target, old)));
+    isThere = m_platform.Files.DirectoryExists(target);
+    isOld = hasOld && (m_platform.Files.IsSame(target, old) || (moves && m_platform.Files.LiesInside(target, old)));
   });
-  if (!canBe) return Say(kNotFound);
+  if (!canBe) return Say(kPathNotFound);
   if (isOld) return Say("This already is the location of the 'Param' folder.");
   if (moves) return Move(old, target);
   if (isThere && !hasOld && m_param.IsRegistered()) return RestoreOrRegister(target);
@@ -121,20 +115,20 @@ LocationOutcome ParamLocation::Accept(const std::string& text) {
 }
 
 LocationOutcome ParamLocation::Select(const std::string& target, bool isThere) {
-  if (!isThere && !CreateParamDirectory(target, m_programDir, m_disk, m_errors)) return {};
+  if (!isThere && !CreateParamDirectory(target, m_programDir, m_platform.Files, m_platform.Boxes)) return {};
   if (!m_param.Lock(target)) return SayInUse(m_form == Form::Select ? Step::EndProgram : Step::Stay);
-  if (!WithRetry(m_errors, [&] { m_param.Register(target); })) return {};
+  if (!WithRetry(m_platform.Boxes, [&] { m_param.Register(target); })) return {};
   return CloseWith(isThere ? kRegistered : kCreated);
 }
 
 LocationOutcome ParamLocation::RestoreOrRegister(const std::string& found) {
   const std::string original = m_param.Path();
   const BoxAnswer answer =
-      m_boxes.Show({.Text = "Do you want to restore this directory to the original 'Param' location at: '" + original +
-                            "'?  If you select 'No' then ZOVA will register its current location.",
-                    .Icon = BoxIcon::Question,
-                    .Buttons = BoxButtons::YesNoCancel,
-                    .Default = BoxAnswer::No});
+      m_platform.Boxes.Show({.Text = "Do you want to restore this directory to the original 'Param' location at: '" +
+                                     original + "'?  If you select 'No' then ZOVA will register its current location.",
+                             .Icon = BoxIcon::Question,
+                             .Buttons = BoxButtons::YesNoCancel,
+                             .Default = BoxAnswer::No});
   if (answer == BoxAnswer::Cancel) return {};
   return answer == BoxAnswer::Yes ? Move(found, original) : Select(found, true);
 }
@@ -143,18 +137,19 @@ LocationOutcome ParamLocation::Move(const std::string& from, const std::string& 
   const Step whenInUse = m_form == Form::Select ? Step::EndProgram : Step::Stay;
   if (!m_param.Lock(from)) return SayInUse(whenInUse);
   Load load;
-  const bool listed = WithRetry(m_errors, [&] {
-    load.TargetIsNew = !m_disk.DirectoryExists(to);
+  const bool listed = WithRetry(m_platform.Boxes, [&] {
+    load.TargetIsNew = !m_platform.Files.DirectoryExists(to);
     load.TargetNames.clear();
-    for (const std::string& name : m_disk.ListFiles(to, "", "")) load.TargetNames.insert(UpperCase(name));
-    load.Names = m_disk.ListFiles(from, "", "");
+    for (const std::string& name : m_platform.Files.ListFiles(to, "", "")) load.TargetNames.insert(UpperCase(name));
+    load.Names = m_platform.Files.ListFiles(from, "", "");
   });
-  if (!listed || !MayReplace(load) || !WithRetry(m_errors, [&] { m_disk.CreateDirectories(to); })) return {};
+  const auto makeTarget = [&] { m_platform.Files.CreateDirectories(to); };
+  if (!listed || !MayReplace(load) || !WithRetry(m_platform.Boxes, makeTarget)) return {};
   if (!m_param.Lock(to)) return SayInUse(whenInUse);
   const auto registerIt = [&] {
     if (to != m_param.Path()) m_param.Register(to);
   };
-  if (!CopyFiles(from, to, load) || !WithRetry(m_errors, registerIt)) {
+  if (!CopyFiles(from, to, load) || !WithRetry(m_platform.Boxes, registerIt)) {
     m_param.Unlock();  // before the directory can go
     TakeBack(to, load);
     return m_param.Lock(from) ? LocationOutcome{} : SayInUse(Step::EndProgram);
@@ -170,41 +165,38 @@ bool ParamLocation::MayReplace(const Load& load) {
   std::set<std::string> taken = load.TargetNames;
   for (const std::string& name : load.Names) {
     if (taken.insert(UpperCase(name)).second) continue;
-    const BoxAnswer answer =
-        m_boxes.Show({.Text = "The new location already holds '" + name + "'.  Do you wish to replace it?",
-                      .Icon = BoxIcon::Exclamation,
-                      .Buttons = BoxButtons::YesNo,
-                      .Default = BoxAnswer::No,
-                      .Title = "Warning"});
-    if (answer != BoxAnswer::Yes) return false;
+    const Question question = {.Text = "The new location already holds '" + name + "'.  Do you wish to replace it?",
+                               .Buttons = BoxButtons::YesNo,
+                               .Title = "Warning"};
+    if (!Confirm(m_platform.Boxes, question)) return false;
   }
   return true;
 }
 
 bool ParamLocation::CopyFiles(const std::string& from, const std::string& to, const Load& load) {
-  const BusyPointer busy(m_desktop);
-  FileCopier copier(m_disk, from, to, load.Names);
+  const BusyPointer busy(m_platform.Pointer);
+  FileCopier copier(m_platform.Files, from, to, load.Names);
   return std::all_of(load.Names.begin(), load.Names.end(),
-                     [&](const std::string& name) { return WithRetry(m_errors, [&] { copier.Copy(name); }); });
+                     [&](const std::string& name) { return WithRetry(m_platform.Boxes, [&] { copier.Copy(name); }); });
 }
 
 // All names, since also a copy that failed may have come as far as the file.
 void ParamLocation::TakeBack(const std::string& to, const Load& load) {
   for (const std::string& name : load.Names) {
-    if (load.TargetNames.count(UpperCase(name)) == 0) Succeeds([&] { m_disk.Delete(JoinPath(to, name)); });
+    if (load.TargetNames.count(UpperCase(name)) == 0) Succeeds([&] { m_platform.Files.Delete(JoinPath(to, name)); });
   }
-  if (load.TargetIsNew) Succeeds([&] { m_disk.RemoveDirectory(to); });
+  if (load.TargetIsNew) Succeeds([&] { m_platform.Files.RemoveDirectory(to); });
 }
 
 bool ParamLocation::DeleteOld(const std::string& from, const Load& load) {
-  const BusyPointer busy(m_desktop);
-  for (const std::string& name : load.Names) Succeeds([&] { m_disk.Delete(JoinPath(from, name)); });
-  return Succeeds([&] { m_disk.RemoveDirectory(from); });
+  const BusyPointer busy(m_platform.Pointer);
+  for (const std::string& name : load.Names) Succeeds([&] { m_platform.Files.Delete(JoinPath(from, name)); });
+  return Succeeds([&] { m_platform.Files.RemoveDirectory(from); });
 }
 
 LocationOutcome ParamLocation::Refuse(const MessageBox& message) {
   if (m_param.Exists()) return m_param.Lock(m_param.Path()) ? LocationOutcome{Step::Close} : SayInUse(Step::EndProgram);
-  m_boxes.Show(message);
+  m_platform.Boxes.Show(message);
   return {++m_refusals < 2 ? Step::Stay : Step::EndProgram};
 }
 
@@ -218,10 +210,8 @@ LocationOutcome ParamLocation::Close() {
                  .Icon = BoxIcon::Exclamation});
 }
 
-bool CreateParamDirectory(const std::string& path, const std::string& programDir, Disk& disk,
-                          FileErrorHandler& errors) {
-  return WithRetry(errors, [&] { disk.CreateDirectories(path); }) &&
-         WriteExampleProject(path, programDir, disk, errors);
+bool CreateParamDirectory(const std::string& path, const std::string& programDir, Disk& disk, MessageBoxes& boxes) {
+  return WithRetry(boxes, [&] { disk.CreateDirectories(path); }) && WriteExampleProject(path, programDir, disk, boxes);
 }
 
 }  // namespace zova

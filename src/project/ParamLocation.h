@@ -4,8 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "platform/desktop/Desktop.h"
-#include "platform/desktop/FileErrorHandler.h"
+#include "platform/desktop/Platform.h"
 #include "project/ParamDirectory.h"
 
 namespace zova {
@@ -31,8 +30,7 @@ class ParamLocation {
  public:
   enum class Form { Select, Change };
 
-  ParamLocation(ParamDirectory& param, std::string programDir, Disk& disk, MessageBoxes& boxes,
-                FileErrorHandler& errors, Desktop& desktop);
+  ParamLocation(ParamDirectory& param, std::string programDir, const Platform& platform);
 
   /// Takes the form that fits: Change when the registered directory exists.
   void Open();
@@ -66,16 +64,13 @@ class ParamLocation {
 
   ParamDirectory& m_param;
   std::string m_programDir;
-  Disk& m_disk;
-  MessageBoxes& m_boxes;
-  FileErrorHandler& m_errors;
-  Desktop& m_desktop;
+  Platform m_platform;
   Form m_form = Form::Select;
   int m_refusals = 0;
 };
 
 /// Creates the Param directory at `path` with every missing level and writes the example project into it. False when
 /// the user gave up a failed step.
-bool CreateParamDirectory(const std::string& path, const std::string& programDir, Disk& disk, FileErrorHandler& errors);
+bool CreateParamDirectory(const std::string& path, const std::string& programDir, Disk& disk, MessageBoxes& boxes);
 
 }  // namespace zova

@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <utility>
 #include <vector>
+#include "platform/desktop/FileErrorBoxes.h"
 
 #include "platform/files/FileCopier.h"
 #include "project/DirectoryRules.h"
@@ -21,12 +22,12 @@ namespace zova {
 namespace {
 
 // Makes `Sdata` in a backup directory; the message is what the command will say when all else succeeds, too.
-std::optional<MessageBox> PrepareBackup(const std::string& backupDir, const BackupTools& tools) {
+std::optional<MessageBox> PrepareBackup(const std::string& backupDir, const Platform& platform) {
   const std::string sdata = SubjectDirectory(backupDir);
   bool created = false;
-  const bool ready = WithRetry(tools.Errors, [&] {
-    if (tools.Files.DirectoryExists(sdata)) return;
-    tools.Files.CreateDirectories(sdata);
+  const bool ready = WithRetry(platform.Boxes, [&] {
+    if (platform.Files.DirectoryExists(sdata)) return;
+    platform.Files.CreateDirectories(sdata);
     created = true;
   });
   if (!ready) return std::nullopt;
@@ -36,56 +37,54 @@ std::optional<MessageBox> PrepareBackup(const std::string& backupDir, const Back
 }
 
 // A link can make the two directories one: its files are where they belong then.
-bool CopyDataFiles(const std::string& from, const std::string& to, std::string_view prefix, const BackupTools& tools) {
+bool CopyDataFiles(const std::string& from, const std::string& to, std::string_view prefix, const Platform& platform) {
   std::vector<std::string> names;
-  const bool listed = WithRetry(tools.Errors, [&] {
-    if (!tools.Files.IsSame(from, to)) names = tools.Files.ListFiles(from, prefix, kDataFileEnd);
+  const bool listed = WithRetry(platform.Boxes, [&] {
+    if (!platform.Files.IsSame(from, to)) names = platform.Files.ListFiles(from, prefix, kDataFileEnd);
   });
-  FileCopier copier(tools.Files, from, to, names);
+  FileCopier copier(platform.Files, from, to, names);
   return listed && std::all_of(names.begin(), names.end(), [&](const std::string& name) {
-           return WithRetry(tools.Errors, [&] { copier.Copy(name); });
+           return WithRetry(platform.Boxes, [&] { copier.Copy(name); });
          });
 }
 
 // True also when there is no such file.
 bool CopyProjectFile(const std::string& name, const std::string& from, const std::string& to,
-                     const BackupTools& tools) {
-  return WithRetry(tools.Errors, [&] {
-    if (tools.Files.IsSame(from, to) || !tools.Files.FileExists(JoinPath(from, name))) return;
-    tools.Files.Copy(JoinPath(from, name), JoinPath(to, name));
+                     const Platform& platform) {
+  return WithRetry(platform.Boxes, [&] {
+    if (platform.Files.IsSame(from, to) || !platform.Files.FileExists(JoinPath(from, name))) return;
+    platform.Files.Copy(JoinPath(from, name), JoinPath(to, name));
   });
 }
 
-std::optional<MessageBox> RefreshBackup(const ProjectParameters& project, const BackupTools& tools) {
-  const BusyPointer busy(tools.Pointer);
-  const auto outcome = PrepareBackup(project.BackupDir, tools);
+std::optional<MessageBox> RefreshBackup(const ProjectParameters& project, const std::string& paramDir,
+                                        const Platform& platform) {
+  const BusyPointer busy(platform.Pointer);
+  const auto outcome = PrepareBackup(project.BackupDir, platform);
   const bool copied =
-      outcome && CopyDataFiles(SubjectDirectory(project.PrimaryDir), SubjectDirectory(project.BackupDir), "", tools) &&
-      CopyProjectFile(project.ProjectFileName, tools.ParamDir, project.BackupDir, tools);
+      outcome &&
+      CopyDataFiles(SubjectDirectory(project.PrimaryDir), SubjectDirectory(project.BackupDir), "", platform) &&
+      CopyProjectFile(project.ProjectFileName, paramDir, project.BackupDir, platform);
   return copied ? outcome : std::nullopt;
-}
-
-void ShowRefusal(const char* text, const BackupTools& tools) {
-  tools.Boxes.Show({.Text = text, .Icon = BoxIcon::Exclamation});
 }
 
 // The directory typed, once it exists; nothing when it cannot be the destination, after telling the user why.
 std::optional<std::string> TakeDestination(const ProjectParameters& project, const std::string& text,
-                                           const BackupTools& tools) {
-  const std::string directory = DirectoryFromText(text, tools.Files.Drives());
+                                           const Platform& platform) {
+  const std::string directory = DirectoryFromText(text, platform.Files.Drives());
   if (!HasDrive(directory)) {
-    ShowRefusal("Invalid format. Please redo.", tools);
+    Warn(platform.Boxes, "Invalid format. Please redo.");
     return std::nullopt;
   }
   bool accepted = false;
-  WithRetry(tools.Errors, [&] {
-    tools.Files.Resolve(directory, FileOperation::CreateDirectory);  // on a drive that is not ready nothing is asked
-    if (!HasValidComponents(directory) || tools.Files.FileExists(directory)) {
-      ShowRefusal("Invalid Backup directory name.", tools);
-    } else if (tools.Files.IsSame(directory, project.PrimaryDir)) {
-      ShowRefusal("The primary and backup directories cannot be the same.", tools);
+  WithRetry(platform.Boxes, [&] {
+    platform.Files.Resolve(directory, FileOperation::CreateDirectory);  // on a drive that is not ready nothing is asked
+    if (!HasValidComponents(directory) || platform.Files.FileExists(directory)) {
+      Warn(platform.Boxes, "Invalid Backup directory name.");
+    } else if (platform.Files.IsSame(directory, project.PrimaryDir)) {
+      Warn(platform.Boxes, "The primary and backup directories cannot be the same.");
     } else {
-      accepted = ExistsOrIsCreated(directory, tools.Files, tools.Boxes);
+      accepted = ExistsOrIsCreated(directory, platform.Files, platform.Boxes);
     }
   });
   return accepted ? std::optional(directory) : std::nullopt;
@@ -93,16 +92,16 @@ std::optional<std::string> TakeDestination(const ProjectParameters& project, con
 
 // The backup copy is in the current layout, whose data files have other names than those of older projects: an older
 // project restored from it would miss its data. It gets its own parameter file.
-bool WriteBackupCopy(const ProjectParameters& project, const std::string& projectFile, const BackupTools& tools) {
+bool WriteBackupCopy(const ProjectParameters& project, const std::string& projectFile, const Platform& platform) {
   if (project.FormatMarker != kCurrentMarker) {
-    return WithRetry(tools.Errors, [&] {
-      if (tools.Files.IsSame(DirectoryOfPath(projectFile), project.BackupDir)) return;
-      tools.Files.Copy(projectFile, ParameterFilePath(project.BackupDir, project));
+    return WithRetry(platform.Boxes, [&] {
+      if (platform.Files.IsSame(DirectoryOfPath(projectFile), project.BackupDir)) return;
+      platform.Files.Copy(projectFile, ParameterFilePath(project.BackupDir, project));
     });
   }
   const std::string path = BackupCopyPath(project);
   const std::string content = FormatProject(project, kBackupMarker, project.PreviousBackupDir);
-  return WithRetry(tools.Errors, [&] { tools.Files.Write(path, content); });
+  return WithRetry(platform.Boxes, [&] { platform.Files.Write(path, content); });
 }
 
 void MakePrimary(const ProjectParameters& project, Disk& disk) {
@@ -140,10 +139,10 @@ ProjectParameters WithoutBackupCopy(const ProjectParameters& project) {
 }
 
 // The parameter file is made again, then the project is what that file says.
-bool RestoreParameters(ProjectParameters& project, const BackupTools& tools) {
-  if (!WriteProjectFile(project, tools.ParamDir, /*restoring=*/true, tools.Files, tools.Errors)) return false;
-  return WithRetry(tools.Errors,
-                   [&] { project = ReadProjectFile(tools.Files, ParameterFilePath(tools.ParamDir, project)); });
+bool RestoreParameters(ProjectParameters& project, const std::string& paramDir, const Platform& platform) {
+  if (!WriteProjectFile(project, paramDir, /*restoring=*/true, platform.Files, platform.Boxes)) return false;
+  return WithRetry(platform.Boxes,
+                   [&] { project = ReadProjectFile(platform.Files, ParameterFilePath(paramDir, project)); });
 }
 
 MessageBox NoBackupMessage() {
@@ -156,9 +155,9 @@ MessageBox NoBackupMessage() {
 
 }  // namespace
 
-BackupOutcome BeginBackup(const ProjectParameters& project, const BackupTools& tools) {
+BackupOutcome BeginBackup(const ProjectParameters& project, const std::string& paramDir, const Platform& platform) {
   if (IsNoDirectory(project.BackupDir)) return {.AsksDestination = true};
-  const BoxAnswer answer = tools.Boxes.Show(
+  const BoxAnswer answer = platform.Boxes.Show(
       {.Text = "This feature will create a new backup of all the entered data for the current project.  This project's "
                "data already has a backup location at: '" +
                project.BackupDir +
@@ -167,7 +166,7 @@ BackupOutcome BeginBackup(const ProjectParameters& project, const BackupTools& t
        .Icon = BoxIcon::Question,
        .Buttons = BoxButtons::YesNoCancel,
        .Default = BoxAnswer::No});
-  if (answer == BoxAnswer::No) return {.Message = RefreshBackup(project, tools)};
+  if (answer == BoxAnswer::No) return {.Message = RefreshBackup(project, paramDir, platform)};
   return {.AsksDestination = answer == BoxAnswer::Yes};
 }
 
@@ -182,48 +181,46 @@ LocationTexts BackupDestinationTexts() {
 }
 
 std::optional<MessageBox> BackUpTo(ProjectParameters& project, const std::string& text, const SavedProject& saved,
-                                   const BackupTools& tools) {
-  const auto destination = TakeDestination(project, text, tools);
+                                   const Platform& platform) {
+  const auto destination = TakeDestination(project, text, platform);
   if (!destination) return std::nullopt;
-  const BusyPointer busy(tools.Pointer);
-  const auto outcome = PrepareBackup(*destination, tools);
+  const BusyPointer busy(platform.Pointer);
+  const auto outcome = PrepareBackup(*destination, platform);
   if (!outcome) return std::nullopt;
   project.PreviousBackupDir = saved.BackupDir;
   project.BackupDir = *destination;
   const bool copied =
-      CopyDataFiles(SubjectDirectory(project.PrimaryDir), SubjectDirectory(project.BackupDir), "", tools) &&
-      WriteBackupCopy(project, saved.File, tools);
+      CopyDataFiles(SubjectDirectory(project.PrimaryDir), SubjectDirectory(project.BackupDir), "", platform) &&
+      WriteBackupCopy(project, saved.File, platform);
   return copied ? outcome : std::nullopt;
 }
 
 bool WantsRestore(MessageBoxes& boxes) {
-  return boxes.Show(
-             {.Text = "This procedure will allow you to select a parameter (.prm) file for a project.  The file can be "
+  return Confirm(
+      boxes, {.Text = "This procedure will allow you to select a parameter (.prm) file for a project.  The file can be "
                       "found in the 'Param' directory.  Backups can also be found in the primary or backup directories "
                       "of a project.  Once the file is selected, ZOVA will copy all appropriate files and directories "
                       "from the backup location to the primary location.  ZOVA will overwrite all existing data (.dat) "
                       "files in primary directory that are related to the project.  Do you wish to continue?",
-              .Icon = BoxIcon::Exclamation,
-              .Buttons = BoxButtons::YesNoCancel,
-              .Default = BoxAnswer::No,
-              .Title = "Restore from Backup"}) == BoxAnswer::Yes;
+              .Title = "Restore from Backup"});
 }
 
-std::optional<MessageBox> RestoreData(ProjectParameters& project, const std::string& path, const BackupTools& tools) {
-  const BusyPointer busy(tools.Pointer);
+std::optional<MessageBox> RestoreData(ProjectParameters& project, const std::string& path, const std::string& paramDir,
+                                      const Platform& platform) {
+  const BusyPointer busy(platform.Pointer);
   const ProjectParameters chosen = project;
   const bool isBackupCopy = chosen.FormatMarker == kBackupMarker;
   if (isBackupCopy) project = WithoutBackupCopy(chosen);
   if (IsNoDirectory(chosen.BackupDir)) return NoBackupMessage();
   RestoreSource source;
-  if (!WithRetry(tools.Errors, [&] { MakePrimary(chosen, tools.Files); }) ||
-      !WithRetry(tools.Errors, [&] { source = FindBackup(chosen, path, tools.Files); }) ||
+  if (!WithRetry(platform.Boxes, [&] { MakePrimary(chosen, platform.Files); }) ||
+      !WithRetry(platform.Boxes, [&] { source = FindBackup(chosen, path, platform.Files); }) ||
       !CopyDataFiles(SubjectDirectory(source.Directory), SubjectDirectory(chosen.PrimaryDir), SavedPrefix(chosen),
-                     tools)) {
+                     platform)) {
     return std::nullopt;
   }
-  const bool done = isBackupCopy ? RestoreParameters(project, tools)
-                                 : CopyProjectFile(chosen.ProjectFileName, source.Directory, tools.ParamDir, tools);
+  const bool done = isBackupCopy ? RestoreParameters(project, paramDir, platform)
+                                 : CopyProjectFile(chosen.ProjectFileName, source.Directory, paramDir, platform);
   if (!done) return std::nullopt;
   MessageBox message{.Text = "The data was successfully restored.", .Icon = BoxIcon::Information, .Title = "Restore"};
   if (source.IsBesideChosenFile) {

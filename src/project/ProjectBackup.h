@@ -4,22 +4,11 @@
 #include <optional>
 #include <string>
 
-#include "platform/desktop/Choosers.h"
-#include "platform/desktop/Desktop.h"
-#include "platform/desktop/FileErrorHandler.h"
-#include "platform/files/Disk.h"
+#include "platform/desktop/Platform.h"
 #include "project/ParamLocation.h"
 #include "project/ProjectParameters.h"
 
 namespace zova {
-
-struct BackupTools {
-  Disk& Files;
-  MessageBoxes& Boxes;
-  FileErrorHandler& Errors;
-  Desktop& Pointer;
-  std::string ParamDir;
-};
 
 /// What Create New Backup did, or asks next.
 struct BackupOutcome {
@@ -28,7 +17,7 @@ struct BackupOutcome {
 };
 
 /// Create New Backup of an open project: refreshes the backup location it has, unless the user wants a new one.
-BackupOutcome BeginBackup(const ProjectParameters& project, const BackupTools& tools);
+BackupOutcome BeginBackup(const ProjectParameters& project, const std::string& paramDir, const Platform& platform);
 
 /// The frame "New Backup Destination".
 LocationTexts BackupDestinationTexts();
@@ -44,7 +33,7 @@ struct SavedProject {
 /// is to be shown when the frame is gone; nothing when the frame stays (the user was told why), and then the project is
 /// as it was, unless a copy failed.
 std::optional<MessageBox> BackUpTo(ProjectParameters& project, const std::string& text, const SavedProject& saved,
-                                   const BackupTools& tools);
+                                   const Platform& platform);
 
 /// Restore From Backup, step by step, since the session's state changes on the way.
 /// The question of whether to go on.
@@ -53,6 +42,7 @@ bool WantsRestore(MessageBoxes& boxes);
 /// Copies the data files back, and the parameter file where needed. `project` was just read from the chosen file
 /// `path`; from a backup copy it becomes the project with the directories that its owner chose, in any case. The
 /// message is to be shown at the end; nothing when the user gave up a failed step.
-std::optional<MessageBox> RestoreData(ProjectParameters& project, const std::string& path, const BackupTools& tools);
+std::optional<MessageBox> RestoreData(ProjectParameters& project, const std::string& path, const std::string& paramDir,
+                                      const Platform& platform);
 
 }  // namespace zova

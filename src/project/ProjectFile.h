@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/desktop/FileErrorHandler.h"
+#include "platform/desktop/MessageBoxes.h"
 #include "platform/files/Disk.h"
 #include "project/ProjectParameters.h"
 
@@ -28,14 +28,13 @@ std::string FormatProject(const ProjectParameters& project, std::string_view mar
 /// passed over. Then the record's marker is "VB Version". False when the user gave up a failed step; what was written
 /// until then stays.
 bool WriteProjectFile(ProjectParameters& project, const std::string& paramDir, bool restoring, Disk& disk,
-                      FileErrorHandler& errors);
+                      MessageBoxes& boxes);
 
 /// The example project of new users.
 ProjectParameters ExampleProject(const std::string& programDir);
 
 /// Writes "Example.prm" into `paramDir` and copies it into "Sample Data" below `programDir` (created when missing).
 /// False when the user gave up writing the first; a copy given up is no failure.
-bool WriteExampleProject(const std::string& paramDir, const std::string& programDir, Disk& disk,
-                         FileErrorHandler& errors);
+bool WriteExampleProject(const std::string& paramDir, const std::string& programDir, Disk& disk, MessageBoxes& boxes);
 
 }  // namespace zova

@@ -4,6 +4,8 @@
 #include "project/ProjectLayout.h"
 #include "text/Records.h"
 
+#include "platform/desktop/FileErrorBoxes.h"
+
 namespace zova {
 
 namespace {
@@ -37,8 +39,8 @@ void WriteLists(RecordWriter& out, const ProjectParameters& project) {
 }
 
 bool WriteWithSdata(const ProjectParameters& project, const std::string& directory, const std::string& content,
-                    Disk& disk, FileErrorHandler& errors) {
-  return WithRetry(errors, [&] {
+                    Disk& disk, MessageBoxes& boxes) {
+  return WithRetry(boxes, [&] {
     const std::string sdata = SubjectDirectory(directory);
     if (!disk.DirectoryExists(sdata)) disk.CreateDirectory(sdata);
     disk.Write(ParameterFilePath(directory, project), content);
@@ -56,14 +58,14 @@ std::string FormatProject(const ProjectParameters& project, std::string_view mar
 }
 
 bool WriteProjectFile(ProjectParameters& project, const std::string& paramDir, bool restoring, Disk& disk,
-                      FileErrorHandler& errors) {
+                      MessageBoxes& boxes) {
   const std::string content = FormatProject(project, kCurrentMarker);
-  if (!WithRetry(errors, [&] { disk.Write(ParameterFilePath(paramDir, project), content); })) return false;
-  if (!IsNoDirectory(project.PrimaryDir) && !WriteWithSdata(project, project.PrimaryDir, content, disk, errors)) {
+  if (!WithRetry(boxes, [&] { disk.Write(ParameterFilePath(paramDir, project), content); })) return false;
+  if (!IsNoDirectory(project.PrimaryDir) && !WriteWithSdata(project, project.PrimaryDir, content, disk, boxes)) {
     return false;
   }
   if (!restoring && !IsNoDirectory(project.BackupDir) &&
-      !WriteWithSdata(project, project.BackupDir, content, disk, errors)) {
+      !WriteWithSdata(project, project.BackupDir, content, disk, boxes)) {
     return false;
   }
   project.FormatMarker = kCurrentMarker;

@@ -2,34 +2,35 @@
 
 #include "project/ProjectOpening.h"
 
+#include "platform/desktop/FileErrorBoxes.h"
 #include "project/ProjectFile.h"
 
 namespace zova {
 
 bool MayOpenProject(const ProjectParameters& project, MessageBoxes& boxes) {
   if (project.FormatMarker != kBackupMarker) return true;
-  boxes.Show({.Text = "You cannot use the backup parameters to open this project.  If the proper project file does not "
-                      "exist in the 'Param' folder then you must first use the 'Restore From Backup' feature on the "
-                      "'Tools' menu.",
-              .Icon = BoxIcon::Exclamation});
+  Warn(boxes,
+       "You cannot use the backup parameters to open this project.  If the proper project file does not "
+       "exist in the 'Param' folder then you must first use the 'Restore From Backup' feature on the "
+       "'Tools' menu.");
   return false;
 }
 
 std::optional<std::string> ChooseProjectFile(const std::string& title, const std::string& paramDir,
-                                             Choosers& choosers) {
-  return choosers.ChooseFile(
+                                             FileDialogs& dialogs) {
+  return dialogs.ChooseFile(
       {.Title = title, .Directory = paramDir, .Filters = {{"PRM files (*.prm)", "*.prm"}, {"All files (*.*)", "*"}}});
 }
 
-std::optional<ChosenProject> ChooseProject(const std::string& title, const std::string& paramDir, Disk& disk,
-                                           Choosers& choosers, FileErrorHandler& errors) {
+std::optional<ChosenProject> ChooseProject(const std::string& title, const std::string& paramDir,
+                                           const Platform& platform) {
   for (bool offersAgain = true; offersAgain;) {
-    const std::optional<std::string> path = ChooseProjectFile(title, paramDir, choosers);
+    const std::optional<std::string> path = ChooseProjectFile(title, paramDir, platform.Dialogs);
     if (!path) return std::nullopt;
     ChosenProject chosen = {.Parameters = {}, .Path = *path};
-    const bool isRead = WithRetry(errors, [&] {
+    const bool isRead = WithRetry(platform.Boxes, [&] {
       try {
-        chosen.Parameters = ReadProjectFile(disk, *path);
+        chosen.Parameters = ReadProjectFile(platform.Files, *path);
       } catch (const FileError& error) {
         offersAgain = error.Cause() == FileCause::EndOfData;
         throw;

@@ -4,10 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "platform/desktop/Choosers.h"
-#include "platform/desktop/FileErrorHandler.h"
-#include "platform/desktop/MessageBoxes.h"
-#include "platform/files/Disk.h"
+#include "platform/desktop/Platform.h"
 #include "project/ProjectParameters.h"
 
 namespace zova {
@@ -17,7 +14,8 @@ bool MayOpenProject(const ProjectParameters& project, MessageBoxes& boxes);
 
 /// The parameter file that the user chooses in a dialog with this title that starts in `paramDir`; nothing when the
 /// dialog was cancelled.
-std::optional<std::string> ChooseProjectFile(const std::string& title, const std::string& paramDir, Choosers& choosers);
+std::optional<std::string> ChooseProjectFile(const std::string& title, const std::string& paramDir,
+                                             FileDialogs& dialogs);
 
 struct ChosenProject {
   ProjectParameters Parameters;
@@ -26,7 +24,7 @@ struct ChosenProject {
 
 /// The same, and reads the file. One that is no parameter file is told, and the dialog offered again. Nothing when the
 /// dialog was cancelled or a failed read given up.
-std::optional<ChosenProject> ChooseProject(const std::string& title, const std::string& paramDir, Disk& disk,
-                                           Choosers& choosers, FileErrorHandler& errors);
+std::optional<ChosenProject> ChooseProject(const std::string& title, const std::string& paramDir,
+                                           const Platform& platform);
 
 }  // namespace zova

@@ -7,6 +7,7 @@
 #include "session/MasterFlow.h"
 
 #include <utility>
+#include "platform/desktop/FileErrorBoxes.h"
 
 #include "master/run/RunSteps.h"
 
@@ -20,9 +21,9 @@ MessageBox CombinedCreated() { return {.Text = "Master(s) successfully created!"
 
 // A saved order as the disk has it; none when the user gave up reading it, so that it can be given anew.
 template <typename Read>
-auto SavedOrder(FileErrorHandler& errors, Read&& read) -> decltype(read()) {
+auto SavedOrder(MessageBoxes& boxes, Read&& read) -> decltype(read()) {
   decltype(read()) order;
-  if (!WithRetry(errors, [&] { order = read(); })) order.reset();
+  if (!WithRetry(boxes, [&] { order = read(); })) order.reset();
   return order;
 }
 
@@ -41,7 +42,8 @@ std::string SubjectName(const GroupSubjects& subjects, std::size_t subject, cons
 
 }  // namespace
 
-MasterFlow::MasterFlow(const MasterTools& tools) : m_tools(tools), m_options(tools.Files), m_order(tools.Boxes) {}
+MasterFlow::MasterFlow(const Platform& platform)
+    : m_platform(platform), m_options(platform.Files), m_order(platform.Boxes) {}
 
 void MasterFlow::Show(Stage stage) {
   m_stage = stage;
@@ -51,7 +53,7 @@ void MasterFlow::Show(Stage stage) {
 std::string MasterFlow::ProjectLine() const { return "Project: " + (m_project ? ProjectTitle(*m_project) : ""); }
 
 bool MasterFlow::Open(const ProjectParameters& project) {
-  const auto count = CountSubjectFiles(project, m_tools.Files, m_tools.Boxes);
+  const auto count = CountSubjectFiles(project, m_platform.Files, m_platform.Boxes);
   if (!count || *count == 0) return false;
   m_project = &project;
   m_request = {};
@@ -71,10 +73,10 @@ void MasterFlow::Continue() {
   m_request.Order.reset();
   m_request.CombinedFollows = m_options.ChkCombine;
   // Told before an order is typed and saved for a master that cannot be.
-  if (!BuildHeader(*m_project, m_request.Selection, MasterKind::Individual, m_tools.Boxes, m_header)) return;
+  if (!BuildHeader(*m_project, m_request.Selection, MasterKind::Individual, m_platform.Boxes, m_header)) return;
   if (m_options.ChkItemAnalysis) {
-    m_order.OpenSerial(*m_project,
-                       SavedOrder(m_tools.Errors, [&] { return ReadSavedSerialOrder(m_tools.Files, *m_project); }));
+    m_order.OpenSerial(
+        *m_project, SavedOrder(m_platform.Boxes, [&] { return ReadSavedSerialOrder(m_platform.Files, *m_project); }));
     Show(Stage::OrderOfItems);
   } else if (m_options.ChkCombine) {
     AskForGroups();
@@ -99,7 +101,7 @@ void MasterFlow::CloseMeasures() {
 
 void MasterFlow::GoSerial() {
   if (m_stage != Stage::OrderOfItems || !m_order.Check()) return;
-  if (!WithRetry(m_tools.Errors, [&] { SaveSerialOrder(m_tools.Files, *m_project, m_order.Positions()); })) return;
+  if (!WithRetry(m_platform.Boxes, [&] { SaveSerialOrder(m_platform.Files, *m_project, m_order.Positions()); })) return;
   m_request.Order = m_order.Positions();
   if (m_options.ChkCombine) {
     AskForGroups();
@@ -127,15 +129,14 @@ void MasterFlow::AskForGroups() {
 }
 
 bool MasterFlow::ReadSubjects(bool withLevels) {
-  const BusyPointer busy(m_tools.Pointer);
-  auto subjects =
-      ReadGroupSubjects(*m_project, m_request.SubjectFileCount, withLevels, m_tools.Files, m_tools.Boxes, m_tools.Bar);
+  const BusyPointer busy(m_platform.Pointer);
+  auto subjects = ReadGroupSubjects(*m_project, m_request.SubjectFileCount, withLevels, m_platform);
   if (!subjects) return false;
   const bool areOthers = subjects->SubjectIds != m_subjects.SubjectIds;
   m_subjects = std::move(*subjects);
   if (withLevels && !areOthers) return true;
-  m_savedGroupOrder =
-      SavedOrder(m_tools.Errors, [&] { return ReadSavedGroupOrder(m_tools.Files, *m_project, m_subjects.SubjectIds); });
+  m_savedGroupOrder = SavedOrder(
+      m_platform.Boxes, [&] { return ReadSavedGroupOrder(m_platform.Files, *m_project, m_subjects.SubjectIds); });
   return true;
 }
 
@@ -184,7 +185,7 @@ void MasterFlow::GoGroups() {
   if (m_stage != Stage::GroupDetails) return;
   const auto plan = PlanGroups(StartingOrder());
   if (!plan || plan->Groups.empty()) {
-    m_tools.Boxes.Show({.Text = plan ? kTooFewSubjects : kGroupSizeFault, .Icon = BoxIcon::Exclamation});
+    Warn(m_platform.Boxes, plan ? kTooFewSubjects : kGroupSizeFault);
     return;
   }
   WriteMasters();
@@ -198,8 +199,8 @@ void MasterFlow::WriteMasters() {
   Show(Stage::Writing);
   MasterRunResult result;
   {
-    const BusyPointer busy(m_tools.Pointer);
-    result = CreateMasters(*m_project, m_request, {m_tools.Files, m_tools.Boxes, m_tools.Bar});
+    const BusyPointer busy(m_platform.Pointer);
+    result = CreateMasters(*m_project, m_request, m_platform);
   }
   if (!result.Completed) return Show(Stage::Options);
   m_lastMaster = DefaultMasterPath(*m_project);  // where the rows are, wherever the header went
@@ -224,25 +225,25 @@ void MasterFlow::AskForGroupOrder() {
 
 void MasterFlow::GoCombine() {
   if (m_stage != Stage::OrderOfGroups || !m_order.Check()) return;
-  const auto save = [&] { SaveGroupOrder(m_tools.Files, *m_project, m_subjects.SubjectIds, m_order.Positions()); };
-  if (!WithRetry(m_tools.Errors, save)) return;
+  const auto save = [&] { SaveGroupOrder(m_platform.Files, *m_project, m_subjects.SubjectIds, m_order.Positions()); };
+  if (!WithRetry(m_platform.Boxes, save)) return;
   Show(Stage::Writing);
   MasterRunResult result;
   {
-    const BusyPointer busy(m_tools.Pointer);
+    const BusyPointer busy(m_platform.Pointer);
     const CombinedRequest request = {m_request.Selection, m_request.Destination, m_subjects, m_options.Separator(),
                                      PlanGroups(m_order.Positions()).value()};
-    result = CreateCombinedMaster(*m_project, request, {m_tools.Files, m_tools.Boxes, m_tools.Bar});
+    result = CreateCombinedMaster(*m_project, request, m_platform);
   }
   if (!result.Completed) return Show(Stage::Options);
-  m_lastMaster = m_tools.Files.Drives().ToDrivePath(PathText(result.Written.front()));
+  m_lastMaster = m_platform.Files.Drives().ToDrivePath(PathText(result.Written.front()));
   Finish(CombinedCreated());
 }
 
 void MasterFlow::Finish(const MessageBox& message) {
   Show(Stage::Finished);
-  ShowMasterWarnings(m_notices, m_tools.Boxes);
-  m_tools.Boxes.Show(message);
+  ShowMasterWarnings(m_notices, m_platform.Boxes);
+  m_platform.Boxes.Show(message);
   m_options.ResetMasterOptions();
   Show(Stage::Closed);
 }

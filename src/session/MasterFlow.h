@@ -9,18 +9,9 @@
 #include "master/groups/OrderEditor.h"
 #include "master/run/CombinedMaster.h"
 #include "master/run/MasterOptions.h"
-#include "platform/desktop/Desktop.h"
-#include "platform/desktop/FileErrorHandler.h"
+#include "platform/desktop/Platform.h"
 
 namespace zova {
-
-struct MasterTools {
-  Disk& Files;
-  MessageBoxes& Boxes;
-  FileErrorHandler& Errors;
-  Desktop& Pointer;
-  Progress& Bar;
-};
 
 /// The screens of a master, from its options to its end, and the runs between them. The session shows the screen of
 /// the stage and is told of changes by the observer.
@@ -29,7 +20,7 @@ class MasterFlow {
   /// Finished: nothing is up but the messages at the end.
   enum class Stage { Closed, Options, Measures, OrderOfItems, GroupDetails, Writing, OrderOfGroups, Finished };
 
-  explicit MasterFlow(const MasterTools& tools);
+  explicit MasterFlow(const Platform& platform);
   /// Called when the stage changes while a command goes on.
   void SetObserver(std::function<void()> observer) { m_observer = std::move(observer); }
 
@@ -79,7 +70,7 @@ class MasterFlow {
   void AskForGroupOrder();
   void Finish(const MessageBox& message);
 
-  MasterTools m_tools;
+  Platform m_platform;
   const ProjectParameters* m_project = nullptr;
   MasterOptions m_options;
   OrderEditor m_order;

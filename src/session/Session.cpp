@@ -3,6 +3,7 @@
 #include "session/Session.h"
 
 #include <utility>
+#include "platform/desktop/FileErrorBoxes.h"
 
 #include "project/DirectoryRules.h"
 #include "project/ProjectOpening.h"
@@ -11,25 +12,18 @@
 
 namespace zova {
 
-namespace {
-
-constexpr const char* kPathNotFound = "Path not found.  Please verify that the correct disk is in the drive.";
-
-}  // namespace
-
-Session::Session(const SessionPlatform& platform, std::string programDir, std::string installed)
+Session::Session(const Platform& platform, std::string programDir, std::string installed)
     : m_platform(platform),
       m_programDir(std::move(programDir)),
       m_installed(std::move(installed)),
-      m_errors(platform.Boxes),
       m_param(platform.Settings, platform.Files),
-      m_location(m_param, m_programDir, platform.Files, platform.Boxes, m_errors, platform.Pointer),
-      m_wizard(platform.Files, platform.Boxes, m_errors),
+      m_location(m_param, m_programDir, platform),
+      m_wizard(platform),
       m_locationBrowser(platform.Files, platform.Boxes, kPathNotFound),
-      m_identification(m_record, {platform.Files, platform.Boxes, m_errors, platform.Dialogs, platform.Pointer}),
-      m_entry(m_record, m_preferences, {platform.Files, platform.Boxes, m_errors, platform.Pointer}),
-      m_masters({platform.Files, platform.Boxes, m_errors, platform.Pointer, platform.Bar}),
-      m_means({platform.Files, platform.Boxes, m_errors, platform.Dialogs, platform.Pointer, platform.Bar}) {
+      m_identification(m_record, platform),
+      m_entry(m_record, m_preferences, platform),
+      m_masters(platform),
+      m_means(platform) {
   m_masters.SetObserver([this] { FollowMasters(); });
   m_means.SetObserver([this] {
     if (m_observer) m_observer();
@@ -64,7 +58,8 @@ void Session::StartWithLostParam() {
        .Default = BoxAnswer::Yes,
        .Title = "Warning"});
   // Kept: the question names the program's directory, but what is created is the directory of the stored setting.
-  if (answer == BoxAnswer::No && CreateParamDirectory(m_param.Path(), m_programDir, m_platform.Files, m_errors)) {
+  if (answer == BoxAnswer::No &&
+      CreateParamDirectory(m_param.Path(), m_programDir, m_platform.Files, m_platform.Boxes)) {
     if (LockParam()) OfferRestore();
   } else {
     ShowLocation(Screen::ParamLocation);
@@ -124,7 +119,7 @@ void Session::OpenExistingProject() {
     CancelWizard();
     if (m_screen == Screen::Wizard) return;
   }
-  auto chosen = ChooseProject("Load Project", m_param.Path(), m_platform.Files, m_platform.Dialogs, m_errors);
+  auto chosen = ChooseProject("Load Project", m_param.Path(), m_platform);
   if (!chosen) return;
   if (!MayOpenProject(chosen->Parameters, m_platform.Boxes)) {
     CloseProject();
@@ -133,12 +128,10 @@ void Session::OpenExistingProject() {
   TakeProject(std::move(chosen->Parameters), std::move(chosen->Path));
   Show(Screen::Main);
   if (!m_hasUnfinished) return;
-  const BoxAnswer answer = m_platform.Boxes.Show(
-      {.Text = "You have unfinished business for this experiment.  Do you want to complete some data now?",
-       .Icon = BoxIcon::Question,
-       .Buttons = BoxButtons::YesNoCancel,
-       .Default = BoxAnswer::No});
-  if (answer == BoxAnswer::Yes) UnfinishedBusiness();
+  if (Confirm(m_platform.Boxes,
+              {.Text = "You have unfinished business for this experiment.  Do you want to complete some data now?",
+               .Icon = BoxIcon::Question}))
+    UnfinishedBusiness();
 }
 
 bool Session::OpenFirst() {
@@ -185,11 +178,8 @@ void Session::Exit() {
   if (m_masters.CurrentStage() == MasterFlow::Stage::Writing) return;
   FinishMasters();
   if (m_screen == Screen::Entry &&
-      !MayLeaveEntry({.Text = "You will lose all unsaved changes.  Are you sure you want to do this?",
-                      .Icon = BoxIcon::Exclamation,
-                      .Buttons = BoxButtons::YesNoCancel,
-                      .Default = BoxAnswer::No,
-                      .Title = "Warning"})) {
+      !MayLeaveEntry(
+          {.Text = "You will lose all unsaved changes.  Are you sure you want to do this?", .Title = "Warning"})) {
     return;
   }
   m_ended = true;
@@ -209,15 +199,13 @@ bool Session::Close() {
   } else {
     m_ended = m_screen != Screen::Entry || MayLeaveEntry({.Text = "Are you sure that you would like to exit ZOVA?",
                                                           .Icon = BoxIcon::Question,
-                                                          .Buttons = BoxButtons::YesNoCancel,
-                                                          .Default = BoxAnswer::No,
                                                           .Title = "Exit"});
   }
   return m_ended;
 }
 
-bool Session::MayLeaveEntry(const MessageBox& question) {
-  if (m_platform.Boxes.Show(question) != BoxAnswer::Yes) return false;
+bool Session::MayLeaveEntry(const Question& question) {
+  if (!Confirm(m_platform.Boxes, question)) return false;
   m_entry.Abandon();
   return true;
 }

@@ -6,11 +6,8 @@
 #include <string>
 
 #include "means/MeansExaminer.h"
-#include "platform/desktop/Choosers.h"
-#include "platform/desktop/Desktop.h"
 #include "platform/desktop/DirectoryBrowser.h"
-#include "platform/desktop/HelpViewer.h"
-#include "platform/desktop/SettingsStore.h"
+#include "platform/desktop/Platform.h"
 #include "project/ParamLocation.h"
 #include "project/ProjectBackup.h"
 #include "project/wizard/NewProjectWizard.h"
@@ -21,23 +18,12 @@
 
 namespace zova {
 
-/// What the application stands on.
-struct SessionPlatform {
-  Disk& Files;
-  MessageBoxes& Boxes;
-  Choosers& Dialogs;
-  SettingsStore& Settings;
-  Desktop& Pointer;
-  HelpViewer& Help;
-  Progress& Bar;
-};
-
 /// The application without its window: what is open, which screen is up, what the menus allow, and every command of
 /// the menus and of the main screen. A command that cannot be chosen now (MenuStates) does nothing.
 class Session {
  public:
   /// `programDir` is the program's directory as a drive-letter path, `installed` the native one that it is filled from.
-  Session(const SessionPlatform& platform, std::string programDir, std::string installed);
+  Session(const Platform& platform, std::string programDir, std::string installed);
 
   /// Called whenever what the window shows may have changed while a command goes on with a message.
   void SetObserver(std::function<void()> observer) { m_observer = std::move(observer); }
@@ -122,7 +108,6 @@ class Session {
   void CancelLocation();
 
  private:
-  [[nodiscard]] BackupTools ToolsOfBackup();
   void Show(Screen screen);
   void ShowLocation(Screen screen);
   void Follow(const LocationOutcome& outcome);
@@ -134,7 +119,7 @@ class Session {
   void LookForUnfinished();
   /// True when a project is open now.
   bool OpenFirst();
-  bool MayLeaveEntry(const MessageBox& question);
+  bool MayLeaveEntry(const Question& question);
   void FollowMasters();
   void FinishMasters();
   void OfferRestore();
@@ -142,10 +127,9 @@ class Session {
   void Identify(SubjectIdentification::Purpose purpose);
   void OpenEntry(SubjectIdentification::Outcome outcome);
 
-  SessionPlatform m_platform;
+  Platform m_platform;
   std::string m_programDir;
   std::string m_installed;
-  FileErrorHandler m_errors;
   ParamDirectory m_param;
   ParamLocation m_location;
   NewProjectWizard m_wizard;

@@ -9,6 +9,8 @@
 #include "session/Session.h"
 #include "subjects/SubjectFile.h"
 
+#include "platform/desktop/FileErrorBoxes.h"
+
 namespace zova {
 
 void Session::Identify(SubjectIdentification::Purpose purpose) {
@@ -27,7 +29,7 @@ void Session::ReadOldData() {
 
 void Session::UnfinishedBusiness() {
   if (!OpenFirst()) return;
-  const bool isKnown = WithRetry(m_errors, [&] {
+  const bool isKnown = WithRetry(m_platform.Boxes, [&] {
     if (!m_platform.Files.DirectoryExists(m_project->PrimaryDir)) {
       throw FileError(FileOperation::List, m_project->PrimaryDir, FileCause::PathNotFound);
     }
@@ -39,7 +41,7 @@ void Session::UnfinishedBusiness() {
     return;
   }
   Show(Screen::Main);
-  m_platform.Boxes.Show({.Text = "You do not have unfinished data for this project.", .Icon = BoxIcon::Information});
+  Inform(m_platform.Boxes, "You do not have unfinished data for this project.");
 }
 
 void Session::FinishIdentification() { OpenEntry(m_identification.Finish()); }
@@ -53,7 +55,8 @@ void Session::CancelIdentification() { Show(Screen::Main); }
 void Session::OpenEntry(SubjectIdentification::Outcome outcome) {
   if (outcome != SubjectIdentification::Outcome::OpenEntry) return;
   // An interrupted subject that could not be restored is put aside before this one's autosave takes its place.
-  if (m_keepsAutosave && !WithRetry(m_errors, [&] { KeepAutosaveFile(m_platform.Files, m_param.Path()); })) return;
+  if (m_keepsAutosave && !WithRetry(m_platform.Boxes, [&] { KeepAutosaveFile(m_platform.Files, m_param.Path()); }))
+    return;
   m_keepsAutosave = false;
   m_entry.Open(*m_project, m_param.Path());
   Show(Screen::Entry);
@@ -85,7 +88,7 @@ void Session::OfferRestore() {
   if (std::exchange(m_restoreOffered, true)) return;
   const std::string autosave = AutosavePath(m_param.Path());
   bool isThere = false;
-  WithRetry(m_errors, [&] { isThere = m_platform.Files.FileExists(autosave); });
+  WithRetry(m_platform.Boxes, [&] { isThere = m_platform.Files.FileExists(autosave); });
   if (!isThere) return;
   const BoxAnswer answer = m_platform.Boxes.Show(
       {.Text = "The program was interrupted while entering a subject.  Would you like to restore from the autosave?",
@@ -96,7 +99,7 @@ void Session::OfferRestore() {
   if (answer == BoxAnswer::Yes) {
     RestoreAutosave();
   } else {
-    WithRetry(m_errors, [&] { DeleteAutosaveFile(m_platform.Files, m_param.Path()); });
+    WithRetry(m_platform.Boxes, [&] { DeleteAutosaveFile(m_platform.Files, m_param.Path()); });
   }
 }
 
@@ -110,8 +113,8 @@ void Session::RestoreAutosave() {
     project = ReadProjectFile(disk, file);
   };
   m_keepsAutosave = true;
-  if (!WithRetry(m_errors, readProject) || !MayOpenProject(project, m_platform.Boxes) ||
-      !WithRetry(m_errors, [&] { ReadAutosaveFile(disk, m_param.Path(), project, m_record); })) {
+  if (!WithRetry(m_platform.Boxes, readProject) || !MayOpenProject(project, m_platform.Boxes) ||
+      !WithRetry(m_platform.Boxes, [&] { ReadAutosaveFile(disk, m_param.Path(), project, m_record); })) {
     return;
   }
   m_keepsAutosave = false;

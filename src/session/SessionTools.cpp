@@ -7,6 +7,8 @@
 #include "session/ProgramDirectory.h"
 #include "session/Session.h"
 
+#include "platform/desktop/FileErrorBoxes.h"
+
 namespace zova {
 
 void Session::ExamineMeans() {
@@ -25,13 +27,12 @@ void Session::CreateNewMaster() {
   if (!OpenFirst()) return;
   LookForUnfinished();
   if (m_hasUnfinished) {
-    const BoxAnswer answer = m_platform.Boxes.Show(
-        {.Text = "You have unfinished business for this experiment.  The unfinished data will not be included in the "
+    if (Confirm(
+            m_platform.Boxes,
+            {.Text =
+                 "You have unfinished business for this experiment.  The unfinished data will not be included in the "
                  "master.  Do you want to complete some data now?",
-         .Icon = BoxIcon::Question,
-         .Buttons = BoxButtons::YesNoCancel,
-         .Default = BoxAnswer::No});
-    if (answer == BoxAnswer::Yes) {
+             .Icon = BoxIcon::Question})) {
       UnfinishedBusiness();
       return;
     }
@@ -46,23 +47,17 @@ void Session::FollowMasters() {
 void Session::OpenLastMasterFolder() {
   if (LastMaster().empty()) return;
   bool opened = true;
-  WithRetry(m_errors, [&] {
+  WithRetry(m_platform.Boxes, [&] {
     opened =
         m_platform.Pointer.OpenFolder(DirectoryOf(m_platform.Files.Resolve(LastMaster(), FileOperation::List)).Native);
   });
   if (opened) return;
-  m_platform.Boxes.Show({.Text = "The folder could not be opened.",
-                         .Icon = BoxIcon::Exclamation,
-                         .Details = std::string(DirectoryOfPath(LastMaster()))});
-}
-
-BackupTools Session::ToolsOfBackup() {
-  return {m_platform.Files, m_platform.Boxes, m_errors, m_platform.Pointer, m_param.Path()};
+  Warn(m_platform.Boxes, "The folder could not be opened.", std::string(DirectoryOfPath(LastMaster())));
 }
 
 void Session::CreateNewBackup() {
   if (!Menus().Backup) return;
-  const BackupOutcome outcome = BeginBackup(*m_project, ToolsOfBackup());
+  const BackupOutcome outcome = BeginBackup(*m_project, m_param.Path(), m_platform);
   if (outcome.AsksDestination) ShowLocation(Screen::BackupDestination);
   if (outcome.Message) m_platform.Boxes.Show(*outcome.Message);
 }
@@ -75,9 +70,9 @@ void Session::RestoreFromBackup() {
   if (!path) return;
   CloseProject();  // a file that cannot be read leaves none open
   ProjectParameters project;
-  if (!WithRetry(m_errors, [&] { project = ReadProjectFile(m_platform.Files, *path); })) return;
+  if (!WithRetry(m_platform.Boxes, [&] { project = ReadProjectFile(m_platform.Files, *path); })) return;
   const bool wasBackupCopy = project.FormatMarker == kBackupMarker;
-  const std::optional<MessageBox> message = RestoreData(project, *path, ToolsOfBackup());
+  const std::optional<MessageBox> message = RestoreData(project, *path, m_param.Path(), m_platform);
   std::string file = wasBackupCopy ? ParameterFilePath(m_param.Path(), project) : *path;
   TakeProject(std::move(project), std::move(file));
   Show(Screen::Main);
@@ -113,7 +108,7 @@ void Session::AcceptLocation() {
   if (m_screen == Screen::ParamLocation) {
     Follow(m_location.Accept(m_locationText));
   } else if (m_screen == Screen::BackupDestination) {
-    const auto message = BackUpTo(*m_project, m_locationText, m_saved, ToolsOfBackup());
+    const auto message = BackUpTo(*m_project, m_locationText, m_saved, m_platform);
     if (message) Follow({LocationOutcome::Step::Close, message});
   }
 }

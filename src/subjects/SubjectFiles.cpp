@@ -3,6 +3,7 @@
 #include "subjects/SubjectFiles.h"
 
 #include <algorithm>
+#include "platform/desktop/FileErrorBoxes.h"
 
 #include "project/DirectoryRules.h"
 #include "subjects/SubjectFile.h"
@@ -42,28 +43,28 @@ void RemoveIfEmpty(Disk& disk, const std::string& directory) {
 // Each step can be repeated by itself; the backup's come first, so that the primary directory, which tells what is
 // left to do, goes last.
 bool RemoveUnfinishedCopies(Disk& disk, const ProjectParameters& project, const std::string& fileName,
-                            FileErrorHandler& errors, bool& emptied) {
+                            MessageBoxes& boxes, bool& emptied) {
   const std::string primary = UnfinishedDirectory(project.PrimaryDir);
   const std::string backup = UnfinishedDirectory(project.BackupDir);
   const bool hasBackup = !IsNoDirectory(project.BackupDir);
   std::vector<std::string> listed;
-  if (!WithRetry(errors, [&] { listed = ListSubjectFiles(disk, project, primary); })) return false;
+  if (!WithRetry(boxes, [&] { listed = ListSubjectFiles(disk, project, primary); })) return false;
   if (listed.empty()) return true;
   const bool hasCopy = std::find(listed.begin(), listed.end(), fileName) != listed.end();
-  if (hasCopy && hasBackup && !WithRetry(errors, [&] { DeleteExactly(disk, project, backup, fileName); })) return false;
-  if (hasCopy && !WithRetry(errors, [&] { DeleteExactly(disk, project, primary, fileName); })) return false;
-  if (!WithRetry(errors, [&] { emptied = disk.IsEmptyDirectory(primary); })) return false;
+  if (hasCopy && hasBackup && !WithRetry(boxes, [&] { DeleteExactly(disk, project, backup, fileName); })) return false;
+  if (hasCopy && !WithRetry(boxes, [&] { DeleteExactly(disk, project, primary, fileName); })) return false;
+  if (!WithRetry(boxes, [&] { emptied = disk.IsEmptyDirectory(primary); })) return false;
   if (!emptied) return true;
-  if (hasBackup && !WithRetry(errors, [&] { RemoveIfEmpty(disk, backup); })) return false;
-  return WithRetry(errors, [&] { RemoveIfEmpty(disk, primary); });
+  if (hasBackup && !WithRetry(boxes, [&] { RemoveIfEmpty(disk, backup); })) return false;
+  return WithRetry(boxes, [&] { RemoveIfEmpty(disk, primary); });
 }
 
-bool WriteCopies(const SubjectRecord& record, const ProjectParameters& project, Disk& disk, FileErrorHandler& errors) {
+bool WriteCopies(const SubjectRecord& record, const ProjectParameters& project, Disk& disk, MessageBoxes& boxes) {
   const std::string content = FormatSubject(record, project);
   const std::string fileName = SubjectFileName(project, record.SubjectId);
   const bool unfinished = !record.UnfinishedNote.empty();
   const auto write = [&](const std::string& destination) {
-    return WithRetry(errors, [&] { WriteCopy(disk, destination, fileName, content, unfinished); });
+    return WithRetry(boxes, [&] { WriteCopy(disk, destination, fileName, content, unfinished); });
   };
   return write(project.PrimaryDir) && (IsNoDirectory(project.BackupDir) || write(project.BackupDir));
 }
@@ -76,25 +77,23 @@ bool IsSubjectId(std::string_view text) {
 }
 
 SaveOutcome SaveSubject(SubjectRecord& record, const ProjectParameters& project, const std::string& paramDir,
-                        Disk& disk, MessageBoxes& boxes, Desktop& desktop) {
+                        const Platform& platform) {
   SaveOutcome outcome;
-  FileErrorHandler errors(boxes);
   const bool complete = record.UnfinishedNote.empty();
   {
-    const BusyPointer busy(desktop);
-    if (!WriteCopies(record, project, disk, errors)) return outcome;
+    const BusyPointer busy(platform.Pointer);
+    if (!WriteCopies(record, project, platform.Files, platform.Boxes)) return outcome;
     // Only now: until both complete copies stand, the unfinished ones are all there is.
-    if (complete && !RemoveUnfinishedCopies(disk, project, SubjectFileName(project, record.SubjectId), errors,
-                                            outcome.UnfinishedEmptied)) {
+    if (complete && !RemoveUnfinishedCopies(platform.Files, project, SubjectFileName(project, record.SubjectId),
+                                            platform.Boxes, outcome.UnfinishedEmptied)) {
       return outcome;
     }
     // Told when it fails, but the subject is saved.
-    WithRetry(errors, [&] { DeleteAutosaveFile(disk, paramDir); });
+    WithRetry(platform.Boxes, [&] { DeleteAutosaveFile(platform.Files, paramDir); });
   }
   outcome.Saved = true;
   record.HasUnsavedChanges = false;
-  boxes.Show(
-      {.Text = complete ? "Completed subject saved." : "Incomplete subject saved.", .Icon = BoxIcon::Information});
+  Inform(platform.Boxes, complete ? "Completed subject saved." : "Incomplete subject saved.");
   if (complete) ResetLists(record, project);
   return outcome;
 }

@@ -4,9 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/desktop/Desktop.h"
-#include "platform/desktop/FileErrorHandler.h"
-#include "platform/files/Disk.h"
+#include "platform/desktop/Platform.h"
 #include "project/ProjectLayout.h"
 #include "subjects/SubjectRecord.h"
 
@@ -25,6 +23,6 @@ struct SaveOutcome {
 /// complete. After both copies stand, the unfinished copies of a completed subject go, then the autosave file in
 /// `paramDir`; the user is told, and a completed subject's lists are blanked.
 SaveOutcome SaveSubject(SubjectRecord& record, const ProjectParameters& project, const std::string& paramDir,
-                        Disk& disk, MessageBoxes& boxes, Desktop& desktop);
+                        const Platform& platform);
 
 }  // namespace zova

@@ -3,6 +3,7 @@
 #include "subjects/SubjectIdentification.h"
 
 #include <array>
+#include "platform/desktop/FileErrorBoxes.h"
 
 #include "project/DirectoryRules.h"
 #include "subjects/SubjectFile.h"
@@ -75,7 +76,7 @@ SubjectIdentification::Outcome SubjectIdentification::StayInBox() {
 }
 
 SubjectIdentification::Outcome SubjectIdentification::Refuse(const std::string& text) {
-  m_tools.Boxes.Show({.Text = text, .Icon = BoxIcon::Exclamation});
+  Warn(m_platform.Boxes, text);
   return StayInBox();
 }
 
@@ -98,7 +99,7 @@ bool SubjectIdentification::TakeBox() {
   m_subjectText = std::string(WithoutOuterBlanks(m_subjectText));
   if (m_step == 1 ? IsSubjectId(m_subjectText) : StoreLevel()) return true;
   if (m_step == 1) {
-    m_tools.Signals.Beep();
+    m_platform.Pointer.Beep();
     m_subjectText.clear();
   }
   Refuse("Invalid Format.");
@@ -125,21 +126,19 @@ bool SubjectIdentification::MayReplaceComplete(const std::string& subjectId) {
   const std::string path = JoinPath(SubjectDirectory(m_project->PrimaryDir),
                                     ExpectedPrefix(*m_project).append(subjectId).append(kDataFileEnd));
   bool exists = false;
-  const bool isKnown = WithRetry(m_tools.Errors, [&] {
-    RequirePrimary(*m_project, m_tools.Files);
-    exists = m_tools.Files.FileExists(path);
+  const bool isKnown = WithRetry(m_platform.Boxes, [&] {
+    RequirePrimary(*m_project, m_platform.Files);
+    exists = m_platform.Files.FileExists(path);
   });
   if (!isKnown) return false;
   if (!exists) return true;
-  const BoxAnswer answer =
-      m_tools.Boxes.Show({.Text = "Subject ID '" + subjectId +
-                                  "' already exists!  When this subject is saved it will delete the old data.  Are you "
-                                  "sure you want to do this?",
-                          .Icon = BoxIcon::Exclamation,
-                          .Buttons = BoxButtons::YesNoCancel,
-                          .Default = BoxAnswer::No});
-  if (answer != BoxAnswer::Yes) GoTo(1);
-  return answer == BoxAnswer::Yes;
+  if (Confirm(m_platform.Boxes,
+              {.Text = "Subject ID '" + subjectId +
+                       "' already exists!  When this subject is saved it will delete the old data.  Are you "
+                       "sure you want to do this?"}))
+    return true;
+  GoTo(1);
+  return false;
 }
 
 SubjectIdentification::Outcome SubjectIdentification::Finish() {
@@ -153,10 +152,10 @@ SubjectIdentification::Outcome SubjectIdentification::Load(const std::string& pa
                                                            bool& endedEarly) {
   // Completed, an unfinished subject replaces a complete one of its name.
   if (m_purpose == Purpose::Unfinished && !MayReplaceComplete(subjectId)) return StayInBox();
-  const BusyPointer busy(m_tools.Signals);
-  const bool isRead = WithRetry(m_tools.Errors, [&] {
+  const BusyPointer busy(m_platform.Pointer);
+  const bool isRead = WithRetry(m_platform.Boxes, [&] {
     try {
-      LoadSubjectFile(m_tools.Files, path, *m_project, m_record);
+      LoadSubjectFile(m_platform.Files, path, *m_project, m_record);
     } catch (const FileError& error) {
       endedEarly = error.Cause() == FileCause::EndOfData;
       throw;
@@ -169,10 +168,10 @@ SubjectIdentification::Outcome SubjectIdentification::Load(const std::string& pa
 
 // The subject's file as it is spelt on the disk: it is the identifier by that spelling that is completed or corrected.
 std::string SubjectIdentification::ListedName() const {
-  RequirePrimary(*m_project, m_tools.Files);
+  RequirePrimary(*m_project, m_platform.Files);
   const std::string wanted = SubjectFileName(*m_project, m_subjectText);
   std::string found;
-  for (const std::string& name : ListSubjectFiles(m_tools.Files, *m_project, Directory())) {
+  for (const std::string& name : ListSubjectFiles(m_platform.Files, *m_project, Directory())) {
     if (name == wanted) return name;
     if (found.empty() && EqualsIgnoringCase(name, wanted)) found = name;
   }
@@ -182,7 +181,7 @@ std::string SubjectIdentification::ListedName() const {
 SubjectIdentification::Outcome SubjectIdentification::LoadTyped() {
   if (!LooksForExisting() || !TakeBox()) return Outcome::Stay;
   std::string name;
-  if (!WithRetry(m_tools.Errors, [&] { name = ListedName(); })) return StayInBox();
+  if (!WithRetry(m_platform.Boxes, [&] { name = ListedName(); })) return StayInBox();
   if (name.empty()) {
     return Refuse(
         "The subject identified does not exist. You can edit the subject identifier, or you could try browsing.  If "
@@ -200,7 +199,7 @@ SubjectIdentification::Outcome SubjectIdentification::Browse() {
                                  .Directory = Directory(),
                                  .Filters = {{"DAT files (*.dat)", "*.dat"}, {"All files (*.*)", "*"}}};
   for (;;) {
-    const std::optional<std::string> path = m_tools.Dialogs.ChooseFile(question);
+    const std::optional<std::string> path = m_platform.Dialogs.ChooseFile(question);
     if (!path) return Outcome::Stay;
     const std::string identifier = IdentifierOfFile(*m_project, *path);
     if (identifier.empty()) {

@@ -3,21 +3,10 @@
 
 #include <string>
 
-#include "platform/desktop/Choosers.h"
-#include "platform/desktop/Desktop.h"
-#include "platform/desktop/FileErrorHandler.h"
-#include "platform/files/Disk.h"
+#include "platform/desktop/Platform.h"
 #include "subjects/SubjectRecord.h"
 
 namespace zova {
-
-struct IdentificationTools {
-  Disk& Files;
-  MessageBoxes& Boxes;
-  FileErrorHandler& Errors;
-  Choosers& Dialogs;
-  Desktop& Signals;
-};
 
 /// The screen that names a subject, for its three purposes. A new subject is asked for its identifier (step 1) and
 /// then for its level of each variable (steps 2 to V+1); an existing one only for its identifier, or its file.
@@ -27,7 +16,7 @@ class SubjectIdentification {
   enum class Box { Subject, Level };
   enum class Outcome { Stay, OpenEntry };
 
-  SubjectIdentification(SubjectRecord& record, const IdentificationTools& tools) : m_record(record), m_tools(tools) {}
+  SubjectIdentification(SubjectRecord& record, const Platform& platform) : m_record(record), m_platform(platform) {}
 
   /// Step 1 with empty boxes. `project` must outlive the screen.
   void Open(Purpose purpose, const ProjectParameters& project);
@@ -76,7 +65,7 @@ class SubjectIdentification {
   Outcome Load(const std::string& path, const std::string& subjectId, bool& endedEarly);
 
   SubjectRecord& m_record;
-  IdentificationTools m_tools;
+  Platform m_platform;
   const ProjectParameters* m_project = nullptr;
   Purpose m_purpose = Purpose::OldData;  // one step, before there is a project
   int m_step = 1;

@@ -14,8 +14,8 @@
 #include "app/screens/ProgressPanel.h"
 #include "scoring/Examples.h"
 #include "subjects/SubjectFile.h"
+#include "support/FakePlatform.h"
 #include "support/Scratch.h"
-#include "support/ScriptedBoxes.h"
 
 namespace zova::testing {
 namespace {
@@ -71,12 +71,10 @@ class MasterPanelsTest : public ::testing::Test {
 
   Scratch m_files;
   Disk m_disk = m_files.MakeDisk();
-  ScriptedBoxes m_boxes;
-  FileErrorHandler m_errors{m_boxes};
-  CountingDesktop m_desktop;
+  FakePlatform m_fakes;
   QtProgress m_progress;
   ProjectParameters m_project;
-  MasterFlow m_flow{{m_disk, m_boxes, m_errors, m_desktop, m_progress}};
+  MasterFlow m_flow{m_fakes.With(m_disk, m_fakes.Boxes, m_progress)};
   MasterOptions& m_options = m_flow.Options();
   MasterPanel m_master{m_flow};
   MeasurePanel m_measures{m_flow, [this] { ++m_helps; }};
@@ -144,7 +142,7 @@ TEST_F(MasterPanelsTest, AnOrderIsTypedAndTheFocusComesBackToItsBox) {
                     grid->visualRect(grid->model()->index(2, 1)).center());
   Type({'1', Qt::Key_Return});
   expect("1 2 3 ", 2, "counted up");
-  Press('7'), m_boxes.Expect({.Text = "Position 7 is used twice."}), Alt("N");
+  Press('7'), m_fakes.Boxes.Expect({.Text = "Position 7 is used twice."}), Alt("N");
   EXPECT_TRUE(Find("txtOrder")->hasFocus());
   Press(Qt::Key_Escape);
   EXPECT_EQ(m_flow.CurrentStage(), Stage::OrderOfItems) << "Escape edits the box";
@@ -166,7 +164,7 @@ TEST_F(MasterPanelsTest, GroupsArePreviewedWhileTheyAreTypedAndTheBarReaches100)
   EXPECT_EQ(Text("lblOrderPlan"), "Sex, Man: 1 group of 2, left over: subject 5");
   Press(Qt::Key_Escape), Press('Z', Qt::ControlModifier);
   EXPECT_EQ(Text("lblOrderPlan"), "Sex, Man: 1 group of 2, left over: subject 9") << "undone";
-  m_boxes.Expect({.Text = "Master(s) successfully created!"});
+  m_fakes.Boxes.Expect({.Text = "Master(s) successfully created!"});
   Alt("N");
 }
 
@@ -178,10 +176,10 @@ TEST_F(MasterPanelsTest, TheBarIsDrawnAtMostEvery50MillisecondsAndInputIsDiscard
   QCoreApplication::postEvent(m_up->windowHandle(), new QCloseEvent);
   m_progress.Show(0, "");
   m_progress.Show(1, "");
-  m_progress.Breathe();
+  m_progress.ProcessEvents();
   EXPECT_EQ(bar->property("value"), 0);
   QTest::qSleep(60);
-  m_progress.Breathe();
+  m_progress.ProcessEvents();
   EXPECT_EQ(bar->property("value"), 1) << "what came too soon is not lost";
   QTest::qSleep(60);
   m_progress.Show(2, "");

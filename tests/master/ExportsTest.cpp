@@ -37,8 +37,7 @@ struct ExportLab {
   }
   MasterRunResult Run(MessageBoxes& boxes) {
     Disk disk = Files.MakeDisk();
-    RecordingProgress bar;
-    return CreateMasters(Project, Request, {disk, boxes, bar});
+    return CreateMasters(Project, Request, FakePlatform().With(disk, boxes));
   }
 
   Scratch Files;

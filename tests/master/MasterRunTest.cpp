@@ -9,6 +9,7 @@
 #include "scoring/Examples.h"
 #include "subjects/SubjectFile.h"
 #include "support/FailingFileLayer.h"
+#include "support/FakePlatform.h"
 #include "support/Scratch.h"
 #include "support/ScriptedBoxes.h"
 
@@ -23,7 +24,7 @@ struct RecordingBar final : Progress {
     Percents += std::to_string(percent) + " ";
     EXPECT_EQ(text, "The master is " + std::to_string(percent) + "% Complete.");
   }
-  void Breathe() override {}
+  void ProcessEvents() override {}
   std::string Percents;
 };
 
@@ -58,7 +59,7 @@ struct Lab {
   }
   MasterRunResult Run(MessageBoxes& boxes, FileLayer* layer = nullptr) {
     Disk disk(layer ? *layer : Files.Layer(), Files.Drives());
-    return CreateMasters(Project, Request, {disk, boxes, Bar});
+    return CreateMasters(Project, Request, FakePlatform().With(disk, boxes, Bar));
   }
 
   Scratch Files;

@@ -8,6 +8,7 @@
 #include "master/run/CombinedMaster.h"
 #include "scoring/Examples.h"
 #include "subjects/SubjectFile.h"
+#include "support/FakePlatform.h"
 #include "support/Scratch.h"
 #include "support/ScriptedBoxes.h"
 
@@ -100,7 +101,7 @@ struct MendingBoxes final : MessageBoxes {
 
 struct RecordingBar final : Progress {
   void Show(int percent, const std::string&) override { Percents += std::to_string(percent) + " "; }
-  void Breathe() override { ++Breaths; }
+  void ProcessEvents() override { ++Breaths; }
   int Breaths = 0;
   std::string Percents;
 };
@@ -126,13 +127,13 @@ struct Lab {
   void Plan(int subjectCount) {
     ScriptedBoxes none;
     Disk disk = Files.MakeDisk();
-    Request.Subjects = ReadGroupSubjects(Project, subjectCount, true, disk, none, Bar).value();
+    Request.Subjects = ReadGroupSubjects(Project, subjectCount, true, FakePlatform().With(disk, none, Bar)).value();
     Request.Separator = 1;
     Request.Plan = FormGroups(Request.Subjects.LevelsOf(1), FirstGroupOrder(Request.Subjects.FileNames.size()), 2);
   }
   MasterRunResult Run(MessageBoxes& boxes) {
     Disk disk = Files.MakeDisk();
-    return CreateCombinedMaster(Project, Request, {disk, boxes, Bar});
+    return CreateCombinedMaster(Project, Request, FakePlatform().With(disk, boxes, Bar));
   }
 
   Scratch Files;
@@ -204,10 +205,10 @@ TEST(CombinedMaster, AFailingMemberIsRetriedOrEndsTheRun) {
   const std::string gone = std::make_error_code(std::errc::no_such_file_or_directory).message();
   ScriptedBoxes missing{{gone, BoxAnswer::Cancel, "'C:\\Data\\Sdata\\'\n3 of 4 subject files were found."}};
   lab.Bar.Breaths = 0;
-  EXPECT_FALSE(ReadGroupSubjects(lab.Project, 4, false, disk, missing, lab.Bar))
+  EXPECT_FALSE(ReadGroupSubjects(lab.Project, 4, false, FakePlatform().With(disk, missing, lab.Bar)))
       << "three files, where four were counted";
   retry.Mend = [&] { lab.Put(4, "1"); };
-  EXPECT_EQ(ReadGroupSubjects(lab.Project, 4, true, disk, retry, lab.Bar)->SubjectIds.size(), 4U);
+  EXPECT_EQ(ReadGroupSubjects(lab.Project, 4, true, FakePlatform().With(disk, retry, lab.Bar))->SubjectIds.size(), 4U);
   EXPECT_GE(lab.Bar.Breaths, 4) << "one for each subject that is read";
 }
 

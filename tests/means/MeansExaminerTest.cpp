@@ -7,7 +7,6 @@
 #include "subjects/SubjectFile.h"
 #include "support/FakePlatform.h"
 #include "support/Scratch.h"
-#include "support/ScriptedBoxes.h"
 
 namespace zova::testing {
 namespace {
@@ -17,7 +16,7 @@ const std::string kHeader = "Sub ID's, Sex, Net(Test 1), Net(Test 2), ArcScore(T
 const std::string kRows = "1,  1,  3,  2,  1,  0\r\n2,  2,  3,  3, -2, -2\r\n9,  2,  0,  1,  0,  0\r\n";
 
 // The master of three subjects; those of "9" have no ARC score, and test 2 of "1" neither.
-struct Desk {
+struct Desk : FakePlatform {
   Desk() {
     Project.Abbreviation = "AB";
     Project.PrimaryDir = "C:\\Data";
@@ -60,13 +59,8 @@ struct Desk {
 
   Scratch Files;
   Disk OfFiles = Files.MakeDisk();
-  ScriptedBoxes Boxes;
-  FileErrorHandler Errors{Boxes};
-  ScriptedChoosers Dialogs;
-  CountingDesktop Pointer;
-  RecordingProgress Bar;
   ProjectParameters Project = MakeProject({.Items = 4, .PerCategory = 2});
-  MeansExaminer Means{{OfFiles, Boxes, Errors, Dialogs, Pointer, Bar}};
+  MeansExaminer Means{With(OfFiles)};
 };
 
 TEST(MeansExaminer, TheTableFollowsWhatIsChosenAndLeavesOutWhatWasNotComputed) {

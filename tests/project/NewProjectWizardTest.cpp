@@ -6,8 +6,8 @@
 #include <gtest/gtest.h>
 
 #include "project/ProjectFile.h"
+#include "support/FakePlatform.h"
 #include "support/Scratch.h"
-#include "support/ScriptedBoxes.h"
 
 namespace zova::testing {
 namespace {
@@ -63,7 +63,7 @@ class NewProjectWizardTest : public ::testing::Test {
     ASSERT_EQ(m_wizard.Page(), page);
   }
   void Expect(const Boxes& boxes) {
-    for (const ExpectedBox& box : boxes) m_boxes.Expect(box);
+    for (const ExpectedBox& box : boxes) m_fakes.Boxes.Expect(box);
   }
   // Types on page 1, goes to the page and leaves it forward. Without `part` the page and the record stand, with the
   // cursor placed in the box that was typed last; else the page is left, and `part` is in the record's file.
@@ -83,10 +83,9 @@ class NewProjectWizardTest : public ::testing::Test {
   }
 
   Scratch m_scratch;
-  ScriptedBoxes m_boxes;
+  FakePlatform m_fakes;
   Disk m_disk = m_scratch.MakeDisk();
-  FileErrorHandler m_errors{m_boxes};
-  NewProjectWizard m_wizard{m_disk, m_boxes, m_errors};
+  NewProjectWizard m_wizard{m_fakes.With(m_disk)};
 };
 
 TEST_F(NewProjectWizardTest, TitleNamesTheFileAndThePrefixUntilOneIsTyped) {

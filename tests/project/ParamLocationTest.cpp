@@ -5,7 +5,6 @@
 #include "support/FailingFileLayer.h"
 #include "support/FakePlatform.h"
 #include "support/Scratch.h"
-#include "support/ScriptedBoxes.h"
 
 using namespace zova;
 using namespace zova::testing;
@@ -42,22 +41,20 @@ struct Rig {
   Rig(MessageBoxes& boxes, const std::string& from) : Boxes(boxes) {
     Place.MakeDirectory("C:\\ZOVA");
     if (!from.empty()) Place.Put(from + "\\a.prm", "a"), Place.Put(from + "\\b.prm", "b");
-    if (!from.empty()) Settings.Values["Startup/ParamPath$"] = kOld;
+    if (!from.empty()) Fakes.Settings.Values["Startup/ParamPath$"] = kOld;
     Param.Load(), Location.Open(), Param.Lock(from);
   }
-  std::string Stored() { return Settings.Values["Startup/ParamPath$"]; }
+  std::string Stored() { return Fakes.Settings.Values["Startup/ParamPath$"]; }
   bool IsWhole(const std::string& in) const {
     return Place.Has(in + "\\b.prm") && Place.Get(in + "\\a.prm") + Place.Get(in + "\\b.prm") == "ab";
   }
   MessageBoxes& Boxes;
+  FakePlatform Fakes;
   Scratch Place;
-  FakeSettings Settings;
-  CountingDesktop Pointer;
   FailingFileLayer Layer{Place.Layer()};
   Disk Files{Layer, Place.Drives()};
-  FileErrorHandler Errors{Boxes};
-  ParamDirectory Param{Settings, Files};
-  ParamLocation Location{Param, "C:\\ZOVA", Files, Boxes, Errors, Pointer};
+  ParamDirectory Param{Fakes.Settings, Files};
+  ParamLocation Location{Param, "C:\\ZOVA", Fakes.With(Files, Boxes)};
 };
 
 }  // namespace

@@ -6,8 +6,8 @@
 
 #include "project/ProjectFile.h"
 #include "support/FailingFileLayer.h"
+#include "support/FakePlatform.h"
 #include "support/Scratch.h"
-#include "support/ScriptedBoxes.h"
 
 namespace zova::testing {
 namespace {
@@ -57,24 +57,23 @@ struct Lab {
     for (const char* path : {"C:/Param/Study.prm", "C:/Data/Study.prm"}) Files.Put(path, kOwnFile);
     Files.MakeDirectory("D:/New");
   }
-  BackupTools Tools() { return {Drives, Boxes, Errors, Pointer, ParamDir}; }
   // These show the command's message, if any, and tell whether there was one.
   bool Show(const std::optional<MessageBox>& message) { return message && (Boxes.Show(*message), true); }
   bool Begin(bool asks) {
-    const BackupOutcome outcome = BeginBackup(Project, Tools());
+    const BackupOutcome outcome = BeginBackup(Project, ParamDir, Around);
     EXPECT_EQ(outcome.AsksDestination, asks);
     return Show(outcome.Message);
   }
-  bool BackUp(const std::string& text) { return Show(BackUpTo(Project, text, Saved, Tools())); }
-  bool Restore(const std::string& path) { return Show(RestoreData(Project, path, Tools())); }
+  bool BackUp(const std::string& text) { return Show(BackUpTo(Project, text, Saved, Around)); }
+  bool Restore(const std::string& path) { return Show(RestoreData(Project, path, ParamDir, Around)); }
   void Lose(const char* path) const { fs::remove_all(Files.Native(path)); }
 
   MessageBoxes& Boxes;
   Scratch Files;
   FailingFileLayer Layer{Files.Layer()};
   Disk Drives{Layer, Files.Drives()};
-  FileErrorHandler Errors{Boxes};
-  CountingDesktop Pointer;
+  FakePlatform Fakes;
+  Platform Around = Fakes.With(Drives, Boxes);
   ProjectParameters Project = ParseProject(kOwnFile, "");
   SavedProject Saved{"C:\\Param\\Study.prm", "D:\\Backup"};
   std::string ParamDir = "C:\\Param";

@@ -123,7 +123,6 @@ TEST(ProjectFile, GoesToItsThreeTargets) {
     const bool gone = backup == "D:\\Gone";
     ScriptedBoxes boxes;
     if (gone) boxes.Expect({kPathNotFound, BoxAnswer::Cancel, backup});
-    FileErrorHandler errors(boxes);
     ProjectParameters project = ExampleProject("D");
     project.PrimaryDir = primary;
     project.BackupDir = backup;
@@ -133,7 +132,7 @@ TEST(ProjectFile, GoesToItsThreeTargets) {
     expected["C/Param/Example.prm"] = content;
     if (primary == "C:\\P") expected.insert({{"C/P/Example.prm", content}, {"C/P/Sdata/", ""}});
     if (backup == "D:\\B" && !restoring) expected.insert({{"D/B/Example.prm", content}, {"D/B/Sdata/", ""}});
-    EXPECT_EQ(WriteProjectFile(project, "C:\\Param", restoring, disk, errors), !gone);
+    EXPECT_EQ(WriteProjectFile(project, "C:\\Param", restoring, disk, boxes), !gone);
     EXPECT_EQ(scratch.Snapshot(), expected);
     EXPECT_EQ(project.FormatMarker, gone ? "Sc" : "VB Version");  // also while restoring
   }
@@ -145,8 +144,7 @@ TEST(ProjectFile, ReadsFromTheDisk) {
   scratch.MakeDirectory("C:\\Param");
   scratch.MakeDirectory("C:\\ZOVA");
   ScriptedBoxes boxes;
-  FileErrorHandler errors(boxes);
-  EXPECT_TRUE(WriteExampleProject("C:\\Param", "C:\\ZOVA", disk, errors));
+  EXPECT_TRUE(WriteExampleProject("C:\\Param", "C:\\ZOVA", disk, boxes));
   const std::string shipped = ReadFile(std::filesystem::path(ZOVA_DATA) / "Sample Data" / "Example.prm");
   EXPECT_EQ(scratch.Get("C:\\Param\\Example.prm"), shipped);
   EXPECT_EQ(TreeOf(scratch.Native("C:\\ZOVA")), (Tree{{"Sample Data/", ""}, {"Sample Data/Example.prm", shipped}}));

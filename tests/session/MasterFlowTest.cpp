@@ -4,8 +4,8 @@
 
 #include "scoring/Examples.h"
 #include "subjects/SubjectFile.h"
+#include "support/FakePlatform.h"
 #include "support/Scratch.h"
-#include "support/ScriptedBoxes.h"
 
 namespace zova::testing {
 namespace {
@@ -38,10 +38,10 @@ struct Lab : MessageBoxes, Progress {
     Files.Put("C:\\Data\\Sdata\\AB Sub#" + std::to_string(id) + ".dat", FormatSubject(record, Project));
   }
   void Show(int, const std::string&) override {}
-  void Breathe() override {}
+  void ProcessEvents() override {}
   BoxAnswer Show(const MessageBox& box) override {
     EXPECT_NE(Flow.CurrentStage(), MasterFlow::Stage::Closed) << "the main screen comes after the messages";
-    const BoxAnswer answer = Script.Show(box);
+    const BoxAnswer answer = Fakes.Boxes.Show(box);
     if (answer == BoxAnswer::Retry) Put(3, "1 | 2");  // mended
     return answer;
   }
@@ -62,14 +62,13 @@ struct Lab : MessageBoxes, Progress {
     return made;
   }
 
-  ScriptedBoxes Script;
   Scratch Files;
   Disk OfFiles = Files.MakeDisk();
-  FileErrorHandler Errors{*this};
-  CountingDesktop Pointer;
+  FakePlatform Fakes;
+  Platform Around = Fakes.With(OfFiles, *this, *this);
   ProjectParameters Project = MakeProject({.Items = 3});
   std::string Trail;
-  MasterFlow Flow{{OfFiles, *this, Errors, Pointer, *this}};
+  MasterFlow Flow{Around};
   MasterOptions& Options = Flow.Options();
 };
 
@@ -82,10 +81,10 @@ TEST(MasterFlow, TheOrderOfTheScreensAndCancelAtEach) {
     Lab lab(settings);
     lab.Put(5, "|");  // nothing recalled: a notice, at the end of all
     if (walk.find('W') != std::string::npos) {
-      lab.Script.Expect(
+      lab.Fakes.Boxes.Expect(
           {"For at least 1 test, Bi-Directional ITR was unable to be calculated for subject(s): 5.  You "
            "should delete these subjects before analysis."});
-      lab.Script.Expect(walk.find("GWFC") != std::string::npos ? kCombinedCreated : kCreated);
+      lab.Fakes.Boxes.Expect(walk.find("GWFC") != std::string::npos ? kCombinedCreated : kCreated);
     }
     EXPECT_EQ(lab.Walk(settings.empty() ? '\0' : settings.back()), walk);
     const bool closed = walk.find('C') != std::string::npos;
@@ -145,8 +144,8 @@ TEST(MasterFlow, DestinationsAndRunsThatStop) {
   for (const auto& [act, box, walk, path] : kCases) {
     Lab lab("");
     act(lab);
-    if (!box.Text.empty()) lab.Script.Expect(box);
-    if (!path.empty()) lab.Script.Expect(kCreated);
+    if (!box.Text.empty()) lab.Fakes.Boxes.Expect(box);
+    if (!path.empty()) lab.Fakes.Boxes.Expect(kCreated);
     EXPECT_EQ(lab.Walk(), walk);
     EXPECT_EQ(lab.Flow.LastMaster(), path.empty() ? "" : "C:\\Data\\AB Master.txt") << "where the rows are";
     if (path.empty()) continue;
@@ -161,7 +160,7 @@ TEST(MasterFlow, GroupsAsPreviewedInTheirOrder) {
   lab.Files.Put("C:\\Data\\Sdata\\AB Sub#3.dat", "");
   lab.Flow.Continue();
   EXPECT_EQ(lab.Flow.GroupsPreview(), "2 groups of 2, left over: subject 5") << "no subject is read";
-  lab.Script.Expect({"This is not a valid file format.  Please select a different file."});
+  lab.Fakes.Boxes.Expect({"This is not a valid file format.  Please select a different file."});
   lab.Flow.ChooseVariable(1);
   EXPECT_EQ(lab.Options.ChosenVariable(), 0) << "given up";
   lab.Put(3, "1 3 | 2 3");
@@ -171,7 +170,7 @@ TEST(MasterFlow, GroupsAsPreviewedInTheirOrder) {
        {std::tuple("1", "", kGroupSizeFault), {"4", kTooFewSubjects, kTooFewSubjects}}) {
     lab.Options.SetPerGroupText(size);
     EXPECT_EQ(lab.Flow.GroupsPreview(), preview);
-    lab.Script.Expect({.Text = box, .Icon = BoxIcon::Exclamation});
+    lab.Fakes.Boxes.Expect({.Text = box, .Icon = BoxIcon::Exclamation});
     lab.Flow.GoGroups();
   }
   lab.Options.SetPerGroupText("2");
@@ -183,21 +182,21 @@ TEST(MasterFlow, GroupsAsPreviewedInTheirOrder) {
   lab.Flow.Order().Paste("3\n2\n1");
   EXPECT_EQ(lab.Flow.OrderPreview(), ", Man: 1 group of 2, left over: subject 1\n, 2: 1 group of 2");
   lab.Put(3, "9 | 1");
-  lab.Script.Expect({"Subscript out of range", BoxAnswer::Cancel, "Subject 3: item 9"});
+  lab.Fakes.Boxes.Expect({"Subscript out of range", BoxAnswer::Cancel, "Subject 3: item 9"});
   lab.Flow.GoCombine();
   EXPECT_EQ(lab.Trail, "ODWGWO") << "a run that was given up ends on the master screen";
   lab.Put(3, "1 3 | 2 3");
   lab.Flow.Continue();
   lab.Flow.GoGroups();
   EXPECT_EQ(lab.Flow.Order().Position(0), 3) << "the order was saved";
-  lab.Script.Expect(kCombinedCreated);
+  lab.Fakes.Boxes.Expect(kCombinedCreated);
   lab.Flow.GoCombine();
   const std::string bytes = lab.Files.Get(lab.Flow.LastMaster());
 
-  CombinedRequest request{{}, "", ReadGroupSubjects(lab.Project, 5, true, lab.OfFiles, lab, lab).value(), 0, {}};
+  CombinedRequest request{{}, "", ReadGroupSubjects(lab.Project, 5, true, lab.Around).value(), 0, {}};
   request.Selection.SetDefaultMeasures(lab.Project);
   request.Plan.Groups = {{1, {2, 1}}, {2, {3, 4}}};
-  EXPECT_TRUE(CreateCombinedMaster(lab.Project, request, {lab.OfFiles, lab, lab}).Completed);
+  EXPECT_TRUE(CreateCombinedMaster(lab.Project, request, lab.Around).Completed);
   EXPECT_EQ(lab.Files.Get("C:\\Data\\AB Combined Master.txt"), bytes);
 
   EXPECT_TRUE(lab.Flow.Open(lab.Project));

@@ -8,20 +8,17 @@
 #include "session/Session.h"
 #include "support/FakePlatform.h"
 #include "support/Scratch.h"
-#include "support/ScriptedBoxes.h"
 
 namespace zova::testing {
 
 /// A session over a scratch disk, with everything around it scripted.
-class SessionTest : public ::testing::Test {
+class SessionTest : public ::testing::Test, protected FakePlatform {
  protected:
   static constexpr const char* kSetting = "Startup/ParamPath$";
   static constexpr const char* kExample = "C:\\Param\\Example.prm";
 
   Session& Make() {
-    m_session =
-        std::make_unique<Session>(SessionPlatform{m_disk, Boxes, Dialogs, Settings, m_desktop, Help, m_progress},
-                                  "C:\\ZOVA", m_scratch.Native("C:\\Installed"));
+    m_session = std::make_unique<Session>(With(m_disk), "C:\\ZOVA", m_scratch.Native("C:\\Installed"));
     return *m_session;
   }
   /// Started with an existing Param directory.
@@ -46,12 +43,6 @@ class SessionTest : public ::testing::Test {
 
   Scratch m_scratch;
   Disk m_disk = m_scratch.MakeDisk();
-  ScriptedBoxes Boxes;
-  ScriptedChoosers Dialogs;
-  FakeSettings Settings;
-  FakeHelpViewer Help;
-  CountingDesktop m_desktop;
-  RecordingProgress m_progress;
   std::unique_ptr<Session> m_session;
 };
 

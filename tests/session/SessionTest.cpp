@@ -63,7 +63,7 @@ TEST_F(SessionTest, ALostParamDirectoryIsMadeAgainOrLookedFor) {
 
 TEST_F(SessionTest, ASecondCopyOnOneParamDirectoryEnds) {
   Started();
-  Session second({m_disk, Boxes, Dialogs, Settings, m_desktop, Help, m_progress}, "C:\\ZOVA", {});
+  Session second(With(m_disk), "C:\\ZOVA", {});
   Boxes.Expect({.Text = "ZOVA is already running with this 'Param' directory.", .Icon = BoxIcon::Critical});
   second.Start();
   EXPECT_TRUE(second.HasEnded());
@@ -143,8 +143,8 @@ TEST_F(SessionTest, WhatIsKeptOfTheLastMaster) {
   EXPECT_EQ(session.Shown(), Screen::Main);
   EXPECT_NE(session.Masters().LastHeader(), "");
   session.OpenLastMasterFolder();
-  EXPECT_EQ(m_desktop.Folder, m_scratch.Native("C:\\ZOVA\\Sample Data"));
-  m_desktop.HasFileManager = false;
+  EXPECT_EQ(Pointer.Folder, m_scratch.Native("C:\\ZOVA\\Sample Data"));
+  Pointer.HasFileManager = false;
   Boxes.Expect({"The folder could not be opened.", BoxAnswer::Ok, "C:\\ZOVA\\Sample Data", BoxIcon::Exclamation});
   session.OpenLastMasterFolder();
   OpenProject(session, kExample);

@@ -9,8 +9,8 @@
 #include "scoring/Examples.h"
 #include "subjects/entry/SubjectEntry.h"
 #include "support/FailingFileLayer.h"
+#include "support/FakePlatform.h"
 #include "support/Scratch.h"
-#include "support/ScriptedBoxes.h"
 
 namespace zova::testing {
 
@@ -115,7 +115,7 @@ struct EntryDesk {
     }
     if (Record.HasUnsavedChanges) text << "*";
     if (!Grid.EntryText().empty()) text << " '" << Grid.EntryText() << "'";
-    if (Signals.Beeps > 0) text << " b";
+    if (Fakes.Pointer.Beeps > 0) text << " b";
     return text.str();
   }
   /// Like "Test 2 Review @1,1* 3 N A": the test and what its button says, the grid, the ticks while the timer runs, N
@@ -136,12 +136,11 @@ struct EntryDesk {
   FailingFileLayer Layer{Files.Layer()};
   Disk OnDisk{Layer, Files.Drives()};
   MessageBoxes& Boxes;
-  FileErrorHandler Errors{Boxes};
-  CountingDesktop Signals;
+  FakePlatform Fakes;
   ProjectParameters Project;
   SubjectRecord Record;
   Preferences Chosen;
-  SubjectEntry Entry{Record, Chosen, {OnDisk, Boxes, Errors, Signals}};
+  SubjectEntry Entry{Record, Chosen, Fakes.With(OnDisk, Boxes)};
   EntryGrid& Grid = Entry.Grid();
   SubjectEntry::Ending Ended;
 };

@@ -7,7 +7,6 @@
 #include "support/FailingFileLayer.h"
 #include "support/FakePlatform.h"
 #include "support/Scratch.h"
-#include "support/ScriptedBoxes.h"
 
 using namespace zova;
 using namespace zova::testing;
@@ -40,7 +39,7 @@ ExpectedBox BoxOf(char letter, const std::string& id) {
   return box;
 }
 
-struct Stage {
+struct Stage : FakePlatform {
   explicit Stage(Identification::Purpose purpose, std::int16_t variables = 0, const char* marker = kCurrentMarker) {
     std::int16_t item = 0;  // the first of each file in turn
     for (const char* path : {"C:\\P\\Sdata\\Ex Sub#a.dat", "C:\\P\\Sdata\\Exo.dat", "D:\\Sdata\\Ex Sub#b.dat",
@@ -59,13 +58,9 @@ struct Stage {
   Scratch Files;
   FailingFileLayer Layer{Files.Layer()};
   Disk OnDisk{Layer, Files.Drives()};
-  ScriptedBoxes Boxes;
-  FileErrorHandler Errors{Boxes};
-  ScriptedChoosers Dialogs;
-  CountingDesktop Signals;
   SubjectRecord Record;
   ProjectParameters Project;
-  Identification Screen{Record, {OnDisk, Boxes, Errors, Dialogs, Signals}};
+  Identification Screen{Record, With(OnDisk)};
 };
 
 }  // namespace
@@ -95,7 +90,7 @@ TEST(SubjectIdentification, WalksIdentifierAndLevelsBackAndForth) {
   }
   EXPECT_EQ(screen.LevelsList(),
             "The levels for the \xC3\x82GE variable are: \n\n     1. young\n     2. old\n     3. \n");
-  EXPECT_EQ(stage.Signals.Beeps, 8);
+  EXPECT_EQ(stage.Pointer.Beeps, 8);
   screen.Back(), screen.SetSubjectText("a");
   for (const char answer : {'n', 'y'}) {
     while (screen.CanGoNext()) screen.Next();

@@ -8,6 +8,7 @@
 #include "subjects/SubjectFile.h"
 #include "subjects/SubjectFiles.h"
 #include "support/FailingFileLayer.h"
+#include "support/FakePlatform.h"
 #include "support/Scratch.h"
 #include "support/ScriptedBoxes.h"
 
@@ -101,21 +102,21 @@ TEST(SubjectSave, PutsFilesInTheirPlaces) {
     ScriptedBoxes boxes{{.Text = complete ? "Completed subject saved." : "Incomplete subject saved.",
                          .Icon = BoxIcon::Information,
                          .Buttons = BoxButtons::Ok}};
-    CountingDesktop desktop;
-    const SaveOutcome outcome = SaveSubject(record, Project(backup), "C:\\Param", disk, boxes, desktop);
+    FakePlatform fakes;
+    const SaveOutcome outcome = SaveSubject(record, Project(backup), "C:\\Param", fakes.With(disk, boxes));
     EXPECT_TRUE(outcome.Saved);
     EXPECT_EQ(outcome.UnfinishedEmptied, !unfinished.empty() && left.empty());
     EXPECT_EQ(record, expectedRecord);
     EXPECT_EQ(TreeOf(scratch.Native("C:\\P\\Sdata")), expected);
     EXPECT_EQ(TreeOf(scratch.Native("D:\\B\\Sdata")), IsNoDirectory(backup) ? untouched : expected);
     EXPECT_FALSE(scratch.Has("C:\\Param\\Temp.txt"));
-    EXPECT_EQ(desktop.Shown, 1);
+    EXPECT_EQ(fakes.Pointer.Shown, 1);
   }
 }
 
 TEST(SubjectSave, LosesNothingWhateverCallFails) {
   const std::string content = FormatSubject(Subject(7), Project());
-  CountingDesktop desktop;
+  FakePlatform fakes;
   for (const auto& [answer, note] : {std::pair{BoxAnswer::Retry, ""},
                                      {BoxAnswer::Retry, "a note"},
                                      {BoxAnswer::Cancel, ""},
@@ -133,7 +134,7 @@ TEST(SubjectSave, LosesNothingWhateverCallFails) {
       AnsweringBoxes boxes(answer);
       SubjectRecord record = Subject(7, note);
       layer.FailAt(n, std::errc::no_space_on_device, FailingFileLayer::Writes::Half);
-      const bool done = SaveSubject(record, Project(), "C:\\Param", disk, boxes, desktop).Saved;
+      const bool done = SaveSubject(record, Project(), "C:\\Param", fakes.With(disk, boxes)).Saved;
       failed = layer.HasFailed();
       const std::string call = layer.FailedCall() + " " + std::to_string(n);
       layer.FailNever();
@@ -145,7 +146,7 @@ TEST(SubjectSave, LosesNothingWhateverCallFails) {
       if (!done) {
         EXPECT_EQ(record, Subject(7, note)) << call;
         if (complete) ExpectNothingLost(scratch, content, call);
-        EXPECT_TRUE(SaveSubject(record, Project(), "C:\\Param", disk, boxes, desktop).Saved) << call;
+        EXPECT_TRUE(SaveSubject(record, Project(), "C:\\Param", fakes.With(disk, boxes)).Saved) << call;
       }
       Tree tree = scratch.Snapshot();
       if (keepsAutosave) tree.erase("C/Param/Temp.txt");
@@ -168,10 +169,10 @@ TEST(SubjectSave, SurvivesAKillAtAnyMoment) {
   Prepare(scratch, {});
   const ProjectParameters project = Project("(none)");
   AnsweringBoxes boxes(BoxAnswer::Cancel);
-  CountingDesktop desktop;
+  FakePlatform fakes;
   const auto save = [&](std::int16_t item) {
     SubjectRecord record = Subject(item);
-    return SaveSubject(record, project, "C:\\Param", disk, boxes, desktop).Saved;
+    return SaveSubject(record, project, "C:\\Param", fakes.With(disk, boxes)).Saved;
   };
   ASSERT_TRUE(save(1));
   const std::set<std::string> versions = {FormatSubject(Subject(1), project), FormatSubject(Subject(22222), project)};

@@ -10,18 +10,16 @@
 #include <string>
 #include <vector>
 
-#include "platform/desktop/Choosers.h"
-#include "platform/desktop/Desktop.h"
-#include "platform/desktop/HelpViewer.h"
-#include "platform/desktop/SettingsStore.h"
+#include "platform/desktop/Platform.h"
+#include "support/ScriptedBoxes.h"
 
 namespace zova::testing {
 
 /// File dialogs that are answered as listed; one that is not expected fails the test, and so does an answer left over.
 /// `Meanwhile` happens in a dialog's event loop.
-class ScriptedChoosers final : public Choosers {
+class ScriptedFileDialogs final : public FileDialogs {
  public:
-  ~ScriptedChoosers() override { EXPECT_TRUE(Answers.empty()) << "a file dialog was never shown"; }
+  ~ScriptedFileDialogs() override { EXPECT_TRUE(Answers.empty()) << "a file dialog was never shown"; }
   std::optional<std::string> ChooseFile(const FileQuestion& question) override {
     Questions.push_back(question);
     if (Meanwhile) Meanwhile();
@@ -52,7 +50,7 @@ class FakeSettings final : public SettingsStore {
 /// The percentages shown, in their order.
 struct RecordingProgress final : Progress {
   void Show(int percent, const std::string&) override { Shown.push_back(percent); }
-  void Breathe() override {}
+  void ProcessEvents() override {}
   std::vector<int> Shown;
 };
 
@@ -60,6 +58,41 @@ class FakeHelpViewer final : public HelpViewer {
  public:
   void ShowHelp(const std::string& helpFile, const std::string& topic) override { Shown = helpFile + "#" + topic; }
   std::string Shown;
+};
+
+/// Counts how deep the busy pointer stands; at its end every pointer must have been restored.
+class CountingDesktop final : public Desktop {
+ public:
+  ~CountingDesktop() override { EXPECT_EQ(Busy, 0) << "the busy pointer was left behind"; }
+  void ShowBusyPointer() override { ++Busy, ++Shown; }
+  void RestorePointer() override { --Busy; }
+  void Beep() override { ++Beeps; }
+  bool OpenFolder(const std::filesystem::path& directory) override {
+    Folder = directory;
+    return HasFileManager;
+  }
+  bool HasFileManager = true;
+
+  int Busy = 0;
+  int Shown = 0;
+  int Beeps = 0;
+  std::filesystem::path Folder;
+};
+
+/// Everything outside the rules but the disk, scripted or recorded.
+struct FakePlatform {
+  Platform With(Disk& disk) { return With(disk, Boxes); }
+  Platform With(Disk& disk, MessageBoxes& boxes) { return With(disk, boxes, Bar); }
+  Platform With(Disk& disk, MessageBoxes& boxes, Progress& bar) {
+    return {disk, boxes, Dialogs, Settings, Pointer, Help, bar};
+  }
+
+  ScriptedBoxes Boxes;
+  ScriptedFileDialogs Dialogs;
+  FakeSettings Settings;
+  CountingDesktop Pointer;
+  FakeHelpViewer Help;
+  RecordingProgress Bar;
 };
 
 }  // namespace zova::testing

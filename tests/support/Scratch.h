@@ -11,7 +11,6 @@
 #include <string>
 #include <string_view>
 
-#include "platform/desktop/Desktop.h"
 #include "platform/files/Disk.h"
 
 namespace zova::testing {
@@ -79,25 +78,6 @@ class Scratch {
  private:
   std::filesystem::path m_root;
   NativeFileLayer m_layer;
-};
-
-/// Counts how deep the busy pointer stands; at its end every pointer must have been restored.
-class CountingDesktop final : public Desktop {
- public:
-  ~CountingDesktop() override { EXPECT_EQ(Busy, 0) << "the busy pointer was left behind"; }
-  void ShowBusyPointer() override { ++Busy, ++Shown; }
-  void RestorePointer() override { --Busy; }
-  void Beep() override { ++Beeps; }
-  bool OpenFolder(const std::filesystem::path& directory) override {
-    Folder = directory;
-    return HasFileManager;
-  }
-  bool HasFileManager = true;
-
-  int Busy = 0;
-  int Shown = 0;
-  int Beeps = 0;
-  std::filesystem::path Folder;
 };
 
 }  // namespace zova::testing

@@ -75,7 +75,7 @@ void QtProgress::Show(int percent, const std::string& text) {
   if (!isInside || !IsTooSoon()) Repaint();
 }
 
-void QtProgress::Breathe() {
+void QtProgress::ProcessEvents() {
   if (!IsTooSoon()) Repaint();
 }
 

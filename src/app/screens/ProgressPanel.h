@@ -41,9 +41,9 @@ class ProgressPanel : public Panel {
 /// read for another screen keys and clicks wait for the end.
 class QtProgress final : public Progress {
  public:
-  /// At most every 50 ms, unless it is the run's first or last; what came too soon is shown by the next Breathe.
+  /// At most every 50 ms, unless it is the run's first or last; what came too soon is shown by the next ProcessEvents.
   void Show(int percent, const std::string& text) override;
-  void Breathe() override;
+  void ProcessEvents() override;
   void SetPanel(ProgressPanel* panel) { m_panel = panel; }
 
  private:

@@ -182,9 +182,7 @@ void OrderEditor::Paste(std::string_view text) {
   for (std::size_t row = start; !text.empty(); ++row) {
     const auto position = PastedPosition(TakeLine(text));
     if (!position || row >= order.size()) {
-      m_boxes.Show({.Text = NoPositionText(row),
-                    .Icon = BoxIcon::Exclamation,
-                    .Details = "Line " + std::to_string(row - start + 1) + " of the pasted data."});
+      Warn(m_boxes, NoPositionText(row), "Line " + std::to_string(row - start + 1) + " of the pasted data.");
       return;
     }
     order[row] = *position;
@@ -211,7 +209,7 @@ bool OrderEditor::Check() {
   const auto fault = m_use == Use::SerialPositions ? SerialOrderFault(m_order) : GroupOrderFault(m_subjectIds, m_order);
   if (!fault) return true;
   Click(static_cast<int>(fault->Row));
-  m_boxes.Show({.Text = fault->Text, .Icon = BoxIcon::Exclamation});
+  Warn(m_boxes, fault->Text);
   return false;
 }
 

@@ -6,6 +6,7 @@
 #include "master/run/CombinedMaster.h"
 
 #include "master/run/RunSteps.h"
+#include "platform/desktop/FileErrorBoxes.h"
 #include "scoring/ScoreSubject.h"
 
 namespace zova {
@@ -14,11 +15,10 @@ namespace {
 
 class CombinedWriter : private RunParts {
  public:
-  CombinedWriter(const ProjectParameters& project, const CombinedRequest& request, const RunSurroundings& surroundings)
-      : RunParts(project, MasterKind::Combined, static_cast<int>(request.Plan.Groups.size()), surroundings),
+  CombinedWriter(const ProjectParameters& project, const CombinedRequest& request, const Platform& platform)
+      : RunParts(project, MasterKind::Combined, static_cast<int>(request.Plan.Groups.size()), platform),
         m_request(request),
-        m_path(
-            CombinedMasterPath(ResolveDestination(request.Destination, project, surroundings.Files.Drives()), project)),
+        m_path(CombinedMasterPath(ResolveDestination(request.Destination, project, platform.Files.Drives()), project)),
         m_recall(project) {}
 
   MasterRunResult Run() {
@@ -54,7 +54,7 @@ class CombinedWriter : private RunParts {
       pooled = Pool(group);
       if (pooled) ScoreSubject(m_recall.Pooled(), m_project, m_header.Families, m_scores);
     };
-    return WithRunRetry(m_errors, poolAndScore, [&] { return label; }) && pooled;
+    return WithRunRetry(m_boxes, poolAndScore, [&] { return label; }) && pooled;
   }
 
   bool Pool(const NominalGroup& group) {
@@ -65,7 +65,7 @@ class CombinedWriter : private RunParts {
         m_subjects.Read(k, m_record);
         m_recall.Add(m_record.Lists);
       };
-      if (!WithRunRetry(m_errors, readAndAdd, [&] { return m_subjects.Where(k); })) return false;
+      if (!WithRunRetry(m_boxes, readAndAdd, [&] { return m_subjects.Where(k); })) return false;
     }
     return true;
   }
@@ -85,9 +85,8 @@ std::vector<std::int16_t> GroupSubjects::LevelsOf(std::optional<std::size_t> var
 }
 
 std::optional<GroupSubjects> ReadGroupSubjects(const ProjectParameters& project, int subjectFileCount, bool withLevels,
-                                               Disk& disk, MessageBoxes& boxes, Progress& bar) {
-  FileErrorHandler errors(boxes);
-  SubjectReader reader(project, disk, errors, bar);
+                                               const Platform& platform) {
+  SubjectReader reader(project, platform.Files, platform.Boxes, platform.Bar);
   if (!reader.List(subjectFileCount)) return std::nullopt;
   GroupSubjects subjects;
   SubjectRecord record;
@@ -95,7 +94,7 @@ std::optional<GroupSubjects> ReadGroupSubjects(const ProjectParameters& project,
     const auto take = [&] {
       if (withLevels || k > reader.Count()) reader.Read(k, record);
     };
-    if (!WithRetry(errors, take)) return std::nullopt;
+    if (!WithRetry(platform.Boxes, take)) return std::nullopt;
     subjects.FileNames.push_back(reader.Name(k));
     subjects.SubjectIds.push_back(reader.SubjectId(k));
     subjects.Levels.push_back(record.Levels);
@@ -104,8 +103,8 @@ std::optional<GroupSubjects> ReadGroupSubjects(const ProjectParameters& project,
 }
 
 MasterRunResult CreateCombinedMaster(const ProjectParameters& project, const CombinedRequest& request,
-                                     const RunSurroundings& surroundings) {
-  return CombinedWriter(project, request, surroundings).Run();
+                                     const Platform& platform) {
+  return CombinedWriter(project, request, platform).Run();
 }
 
 }  // namespace zova

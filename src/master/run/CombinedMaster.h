@@ -8,6 +8,7 @@
 
 #include "master/groups/NominalGroups.h"
 #include "master/run/MasterRun.h"
+#include "platform/desktop/Platform.h"
 
 namespace zova {
 
@@ -31,15 +32,15 @@ struct CombinedRequest {
 };
 
 /// Lists the first `subjectFileCount` subjects and, `withLevels`, reads each for its levels; the lists are not kept.
-/// The window breathes through `bar`. Errors are asked about as in the run of the masters; nothing when the user gave
+/// The window breathes through the bar. Errors are asked about as in the run of the masters; nothing when the user gave
 /// up.
 std::optional<GroupSubjects> ReadGroupSubjects(const ProjectParameters& project, int subjectFileCount, bool withLevels,
-                                               Disk& disk, MessageBoxes& boxes, Progress& bar);
+                                               const Platform& platform);
 
 /// Writes the combined master, a row per group, into the destination's directory, and its pieces beside the data when
 /// it is wide. A member that cannot be read is asked about as in the individual run; rows written until then stay.
 /// There are no notices.
 MasterRunResult CreateCombinedMaster(const ProjectParameters& project, const CombinedRequest& request,
-                                     const RunSurroundings& surroundings);
+                                     const Platform& platform);
 
 }  // namespace zova

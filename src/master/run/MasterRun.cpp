@@ -7,6 +7,7 @@
 
 #include "master/run/RunExports.h"
 #include "master/run/RunSteps.h"
+#include "platform/desktop/FileErrorBoxes.h"
 #include "scoring/ScoreSubject.h"
 #include "subjects/SubjectFiles.h"
 #include "text/TypedText.h"
@@ -22,12 +23,12 @@ void AddFailure(std::string& list, const char* opening, const std::string& subje
 
 class MasterWriter : private RunParts {
  public:
-  MasterWriter(const ProjectParameters& project, const MasterRequest& request, const RunSurroundings& surroundings)
-      : RunParts(project, MasterKind::Individual, request.SubjectFileCount, surroundings),
+  MasterWriter(const ProjectParameters& project, const MasterRequest& request, const Platform& platform)
+      : RunParts(project, MasterKind::Individual, request.SubjectFileCount, platform),
         m_request(request),
-        m_destination(ResolveDestination(request.Destination, project, surroundings.Files.Drives())),
+        m_destination(ResolveDestination(request.Destination, project, platform.Files.Drives())),
         m_rowPath(DefaultMasterPath(project)),
-        m_exports(project, request, m_destination, surroundings.Files, m_errors, m_result.Written) {
+        m_exports(project, request, m_destination, platform.Files, m_boxes, m_result.Written) {
     m_serialCounts.Reset(project.ItemCount, project.TestCount);
   }
 
@@ -44,7 +45,7 @@ class MasterWriter : private RunParts {
   bool WriteRows() {
     for (int k = 1; k <= m_request.SubjectFileCount; ++k) {
       const bool scored = WithRunRetry(
-          m_errors, [&] { ReadAndScore(k); }, [&] { return m_subjects.Where(k); });
+          m_boxes, [&] { ReadAndScore(k); }, [&] { return m_subjects.Where(k); });
       if (!scored || !m_files.WriteRow(m_rowPath, m_row)) return false;
       const std::string id = m_subjects.SubjectId(k);
       if (!HandOn({id, m_record, m_scores, m_row})) return false;
@@ -120,9 +121,8 @@ std::string CombinedMasterPath(const MasterDestination& destination, const Proje
 }
 
 std::optional<int> CountSubjectFiles(const ProjectParameters& project, Disk& disk, MessageBoxes& boxes) {
-  FileErrorHandler errors(boxes);
   std::size_t found = 0;
-  const bool listed = WithRetry(errors, [&] {
+  const bool listed = WithRetry(boxes, [&] {
     // A disk that is not there is no empty project; only its `Sdata` may be missing.
     if (!IsNoDirectory(project.PrimaryDir) && !disk.DirectoryExists(project.PrimaryDir)) {
       throw FileError(FileOperation::List, SubjectDirectory(project.PrimaryDir), FileCause::PathNotFound);
@@ -138,20 +138,20 @@ std::optional<int> CountSubjectFiles(const ProjectParameters& project, Disk& dis
   }
   const int count = static_cast<int>(found);
   if (count == 0) {
-    boxes.Show({.Text = "There is no data yet entered for this project.", .Icon = BoxIcon::Exclamation});
+    Warn(boxes, "There is no data yet entered for this project.");
   }
   return count;
 }
 
 MasterRunResult CreateMasters(const ProjectParameters& project, const MasterRequest& request,
-                              const RunSurroundings& surroundings) {
-  return MasterWriter(project, request, surroundings).Run();
+                              const Platform& platform) {
+  return MasterWriter(project, request, platform).Run();
 }
 
 void ShowMasterWarnings(const MasterNotices& notices, MessageBoxes& boxes) {
   for (const std::string& list : {notices.ArcFailureList, notices.BiItrFailureList}) {
     if (list.empty()) continue;
-    boxes.Show({.Text = list + ".  You should delete these subjects before analysis.", .Icon = BoxIcon::Exclamation});
+    Warn(boxes, list + ".  You should delete these subjects before analysis.");
   }
 }
 

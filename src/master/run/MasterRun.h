@@ -9,9 +9,7 @@
 #include "master/columns/MeasureSelection.h"
 #include "master/exports/ScoredSubject.h"
 #include "master/groups/SerialPositions.h"
-#include "platform/desktop/Desktop.h"
-#include "platform/desktop/MessageBoxes.h"
-#include "platform/files/Disk.h"
+#include "platform/desktop/Platform.h"
 #include "project/ProjectLayout.h"
 #include "project/ProjectParameters.h"
 
@@ -45,13 +43,6 @@ struct MasterRunResult {
   std::vector<std::filesystem::path> Written;  ///< each file once, in the order of writing
 };
 
-/// The platform as a run uses it.
-struct RunSurroundings {
-  Disk& Files;
-  MessageBoxes& Boxes;
-  Progress& Bar;
-};
-
 /// Where a master's header and the masters beside it go.
 struct MasterDestination {
   std::string HeaderPath;
@@ -79,8 +70,7 @@ std::optional<int> CountSubjectFiles(const ProjectParameters& project, Disk& dis
 /// primary directory, whatever the destination. A master of more than 256 columns is also written in pieces beside
 /// the data. Then, if asked for, the serial-position master into the destination's directory.
 /// Nothing is shown at the end of a completed run: notices and final message are the caller's.
-MasterRunResult CreateMasters(const ProjectParameters& project, const MasterRequest& request,
-                              const RunSurroundings& surroundings);
+MasterRunResult CreateMasters(const ProjectParameters& project, const MasterRequest& request, const Platform& platform);
 
 /// Shows what `notices` holds, the ARC notice first.
 void ShowMasterWarnings(const MasterNotices& notices, MessageBoxes& boxes);

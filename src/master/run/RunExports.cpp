@@ -3,6 +3,7 @@
 #include "master/run/RunExports.h"
 
 #include <algorithm>
+#include "platform/desktop/FileErrorBoxes.h"
 
 #include "master/groups/SavedOrders.h"
 #include "master/run/OwnFiles.h"
@@ -16,7 +17,7 @@ bool RunExports::Prepare() {
   }
   if (m_request.LongFile) {
     std::optional<SerialOrder> order = m_request.Order;
-    if (!order && !WithRetry(m_errors, [&] { order = ReadSavedSerialOrder(m_disk, m_project); })) return false;
+    if (!order && !WithRetry(m_boxes, [&] { order = ReadSavedSerialOrder(m_disk, m_project); })) return false;
     m_long.emplace(Export<LongExport>{PathOf(*m_request.LongFile, ResultFile::LongCsv), MakeFiles(),
                                       LongExport(m_project, order)});
   }
@@ -29,7 +30,7 @@ std::string RunExports::PathOf(const std::string& asked, ResultFile file) const 
 }
 
 // A CSV has no pieces, however many columns it has.
-MasterFiles RunExports::MakeFiles() const { return {m_project, MasterKind::Individual, m_disk, m_errors, m_written}; }
+MasterFiles RunExports::MakeFiles() const { return {m_project, MasterKind::Individual, m_disk, m_boxes, m_written}; }
 
 // Header and rows are of one master. Of all else the later file would take the place of the earlier one.
 bool RunExports::AreApart() {
@@ -39,7 +40,7 @@ bool RunExports::AreApart() {
   if (m_request.CombinedFollows) paths.push_back(CombinedMasterPath(m_destination, m_project));
   if (m_clean) paths.push_back(m_clean->Path);
   if (m_long) paths.push_back(m_long->Path);
-  return WithRetry(m_errors, [&] {
+  return WithRetry(m_boxes, [&] {
     std::vector<ResolvedPath> earlier;
     for (const std::string& path : paths) {
       RefuseOwnFile(path, m_project, m_disk);

@@ -19,12 +19,12 @@ class RunExports {
  public:
   /// `written` gets each file once.
   RunExports(const ProjectParameters& project, const MasterRequest& request, const MasterDestination& destination,
-             Disk& disk, FileErrorHandler& errors, std::vector<std::filesystem::path>& written)
+             Disk& disk, MessageBoxes& boxes, std::vector<std::filesystem::path>& written)
       : m_project(project),
         m_request(request),
         m_destination(destination),
         m_disk(disk),
-        m_errors(errors),
+        m_boxes(boxes),
         m_written(written) {}
 
   /// Before anything is written: finds the serial order that studied items stand in (this run's, else the saved one),
@@ -54,7 +54,7 @@ class RunExports {
   const MasterRequest& m_request;
   const MasterDestination& m_destination;
   Disk& m_disk;
-  FileErrorHandler& m_errors;
+  MessageBoxes& m_boxes;
   std::vector<std::filesystem::path>& m_written;
   std::optional<Export<CleanExport>> m_clean;
   std::optional<Export<LongExport>> m_long;

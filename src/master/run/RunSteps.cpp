@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <set>
+#include "platform/desktop/FileErrorBoxes.h"
 
 #include "master/run/OwnFiles.h"
 #include "platform/files/DataFileError.h"
@@ -51,7 +52,7 @@ void SubjectReader::FindDirectory() {
 
 bool SubjectReader::List(int expected) {
   m_expected = expected;
-  return WithRetry(m_errors, [&] {
+  return WithRetry(m_boxes, [&] {
     FindDirectory();
     m_names = ListSubjectFiles(m_disk, m_project, SubjectDirectory(m_project.PrimaryDir));
   });
@@ -60,7 +61,7 @@ bool SubjectReader::List(int expected) {
 bool SubjectReader::Take(std::vector<std::string> names) {
   m_names = std::move(names);
   m_expected = Count();
-  return WithRetry(m_errors, [&] { FindDirectory(); });
+  return WithRetry(m_boxes, [&] { FindDirectory(); });
 }
 
 std::string SubjectReader::SubjectId(int k) const { return SubjectIdFromFileName(m_project, Name(k)); }
@@ -70,7 +71,7 @@ std::string SubjectReader::Where(int k) const {
 }
 
 void SubjectReader::Read(int k, SubjectRecord& record) {
-  m_bar.Breathe();
+  m_bar.ProcessEvents();
   if (k > Count() && m_toldMissing) TakeNewNames();
   if (k > Count()) {  // files went while the screen was open; which ones nobody knows
     m_toldMissing = true;
@@ -108,7 +109,7 @@ std::string MasterFiles::PiecePath(std::size_t piece) const {
 }
 
 bool MasterFiles::WriteWhole(const std::string& path, const std::string& content) {
-  return WithRetry(m_errors, [&] {
+  return WithRetry(m_boxes, [&] {
     RefuseOwnFile(path, m_project, m_disk);
     m_disk.WriteInPlace(path, content);
     NoteWritten(m_disk.Resolve(path, FileOperation::Write).Native);
@@ -146,7 +147,7 @@ bool MasterFiles::WriteRow(const std::string& path, std::string_view row) {
 // The whole master first, then the pieces; opened by the first row.
 bool MasterFiles::OpenRowFiles(const std::string& path) {
   const int pieceCount = IsWide() ? m_columnCount / kMaxColumnsUnsplit + 1 : 0;
-  return WithRetry(m_errors, [&] {
+  return WithRetry(m_boxes, [&] {
     RefuseOwnFile(path, m_project, m_disk);
     m_rowFiles.clear();
     m_rowFiles.push_back(m_disk.OpenForAppend(path));
@@ -159,7 +160,7 @@ bool MasterFiles::OpenRowFiles(const std::string& path) {
 bool MasterFiles::AppendLine(AppendFile& file, std::string_view text) {
   m_line.assign(text);
   m_line += kLineEnd;
-  if (!WithRetry(m_errors, [&] { file.Append(m_line); })) return false;
+  if (!WithRetry(m_boxes, [&] { file.Append(m_line); })) return false;
   if (!m_anyRow) NoteWritten(file.Native());
   return true;
 }
@@ -171,7 +172,7 @@ bool MasterFiles::CloseRows() {
     for (AppendFile& file : m_rowFiles) file.Close();
     return true;
   } catch (const FileError& error) {
-    m_errors.Report(error);
+    ReportFileError(m_boxes, error);
     return false;
   }
 }

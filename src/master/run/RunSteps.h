@@ -10,9 +10,8 @@
 
 #include "master/columns/MasterLines.h"
 #include "master/run/MasterRun.h"
-#include "platform/desktop/Desktop.h"
-#include "platform/desktop/FileErrorHandler.h"
-#include "platform/files/Disk.h"
+#include "platform/desktop/FileErrorBoxes.h"
+#include "platform/desktop/Platform.h"
 #include "scoring/RunError.h"
 #include "scoring/ScoringArrays.h"
 #include "subjects/SubjectRecord.h"
@@ -29,12 +28,12 @@ bool BuildHeader(const ProjectParameters& project, const MeasureSelection& selec
 /// Runs a step that reads and scores, anew each time the user asks for it; false when the user gave up, or a file
 /// ended early. `where()` says where a run-time error was found.
 template <typename Step, typename Where>
-bool WithRunRetry(FileErrorHandler& errors, Step&& step, Where&& where) {
+bool WithRunRetry(MessageBoxes& boxes, Step&& step, Where&& where) {
   for (;;) {
     try {
-      return WithRetry(errors, step);
+      return WithRetry(boxes, step);
     } catch (const RunError& error) {
-      if (!errors.ReportRunError(RunFaultText(error.Fault()), where() + ": " + error.what() + ".")) return false;
+      if (!ReportRunError(boxes, RunFaultText(error.Fault()), where() + ": " + error.what() + ".")) return false;
     }
   }
 }
@@ -42,8 +41,8 @@ bool WithRunRetry(FileErrorHandler& errors, Step&& step, Where&& where) {
 /// The subject files of a run, read one at a time. Subjects count from 1.
 class SubjectReader {
  public:
-  SubjectReader(const ProjectParameters& project, Disk& disk, FileErrorHandler& errors, Progress& bar)
-      : m_project(project), m_disk(disk), m_errors(errors), m_bar(bar) {}
+  SubjectReader(const ProjectParameters& project, Disk& disk, MessageBoxes& boxes, Progress& bar)
+      : m_project(project), m_disk(disk), m_boxes(boxes), m_bar(bar) {}
 
   /// Lists the project's files, of which there were `expected`, or takes the names of an earlier listing. A directory
   /// that is missing is told as such. False when the user gave up.
@@ -66,7 +65,7 @@ class SubjectReader {
 
   const ProjectParameters& m_project;
   Disk& m_disk;
-  FileErrorHandler& m_errors;
+  MessageBoxes& m_boxes;
   Progress& m_bar;
   std::vector<std::string> m_names;
   int m_expected = 0;
@@ -80,9 +79,9 @@ class SubjectReader {
 class MasterFiles {
  public:
   /// `written` gets each file once.
-  MasterFiles(const ProjectParameters& project, MasterKind kind, Disk& disk, FileErrorHandler& errors,
+  MasterFiles(const ProjectParameters& project, MasterKind kind, Disk& disk, MessageBoxes& boxes,
               std::vector<std::filesystem::path>& written)
-      : m_project(project), m_kind(kind), m_disk(disk), m_errors(errors), m_written(written) {}
+      : m_project(project), m_kind(kind), m_disk(disk), m_boxes(boxes), m_written(written) {}
 
   /// Replaces the file `path` by the header, and the pieces by theirs.
   bool WriteHeader(const std::string& path, const MasterHeaderLine& header);
@@ -102,7 +101,7 @@ class MasterFiles {
   const ProjectParameters& m_project;
   MasterKind m_kind;
   Disk& m_disk;
-  FileErrorHandler& m_errors;
+  MessageBoxes& m_boxes;
   std::vector<std::filesystem::path>& m_written;
   int m_columnCount = 0;
   std::vector<AppendFile> m_rowFiles;
@@ -127,17 +126,15 @@ class RunProgress {
 class RunParts {
  protected:
   /// `total`: of subjects or groups.
-  RunParts(const ProjectParameters& project, MasterKind kind, int total, const RunSurroundings& surroundings)
+  RunParts(const ProjectParameters& project, MasterKind kind, int total, const Platform& platform)
       : m_project(project),
-        m_boxes(surroundings.Boxes),
-        m_errors(surroundings.Boxes),
-        m_subjects(project, surroundings.Files, m_errors, surroundings.Bar),
-        m_files(project, kind, surroundings.Files, m_errors, m_result.Written),
-        m_progress(surroundings.Bar, total) {}
+        m_boxes(platform.Boxes),
+        m_subjects(project, platform.Files, m_boxes, platform.Bar),
+        m_files(project, kind, platform.Files, m_boxes, m_result.Written),
+        m_progress(platform.Bar, total) {}
 
   const ProjectParameters& m_project;
   MessageBoxes& m_boxes;
-  FileErrorHandler m_errors;
   MasterRunResult m_result;
 
   SubjectReader m_subjects;

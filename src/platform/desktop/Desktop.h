@@ -25,7 +25,7 @@ class Progress {
   virtual void Show(int percent, const std::string& text) = 0;
   /// Lets the window repaint, at most every 50 ms. What the user does meanwhile is discarded while the bar is up, and
   /// waits while it is not.
-  virtual void Breathe() = 0;
+  virtual void ProcessEvents() = 0;
 };
 
 /// Shows the busy pointer for as long as it lives.

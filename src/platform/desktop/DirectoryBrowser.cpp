@@ -111,7 +111,7 @@ void DirectoryBrowser::ReadAnew() {
 
 bool DirectoryBrowser::OpenOrTell(const std::string& path) {
   if (TryOpen(path)) return true;
-  m_boxes.Show({.Text = m_notReadyText, .Icon = BoxIcon::Exclamation});
+  Warn(m_boxes, m_notReadyText);
   ReadAnew();
   return false;
 }

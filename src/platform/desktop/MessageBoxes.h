@@ -26,4 +26,21 @@ class MessageBoxes {
   virtual BoxAnswer Show(const MessageBox& box) = 0;
 };
 
+/// Exclamation mark and OK.
+void Warn(MessageBoxes& boxes, const std::string& text, const std::string& details = {});
+
+/// Information mark and OK.
+void Inform(MessageBoxes& boxes, const std::string& text);
+
+/// Asks whether to go on with what cannot be undone, or goes against the usual. No is the default.
+struct Question {
+  std::string Text;
+  BoxIcon Icon = BoxIcon::Exclamation;
+  BoxButtons Buttons = BoxButtons::YesNoCancel;
+  std::string Title = "ZOVA";
+};
+
+/// True when the answer is Yes.
+bool Confirm(MessageBoxes& boxes, const Question& question);
+
 }  // namespace zova

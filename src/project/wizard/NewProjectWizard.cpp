@@ -12,7 +12,7 @@ namespace zova {
 
 namespace {
 
-using LeavePage = WizardFault (*)(WizardState&, const WizardTools&);
+using LeavePage = WizardFault (*)(WizardState&, const Platform&);
 constexpr std::array<LeavePage, NewProjectWizard::kPages> kLeavePage = {
     LeaveTitlePage,     LeaveDirectoriesPage, LeaveGeneralPage, LeaveCategoriesPage,
     LeaveVariablesPage, LeaveMinutesPage,     LeaveRatingsPage, LeaveAbbreviationPage};
@@ -43,8 +43,8 @@ void FillEntries(WizardEntries& entries, const ProjectParameters& project) {
 
 }  // namespace
 
-NewProjectWizard::NewProjectWizard(Disk& disk, MessageBoxes& boxes, FileErrorHandler& errors)
-    : m_disk(disk), m_boxes(boxes), m_errors(errors), m_browser(disk, boxes, kDriveNotReady) {}
+NewProjectWizard::NewProjectWizard(const Platform& platform)
+    : m_platform(platform), m_browser(platform.Files, platform.Boxes, kDriveNotReady) {}
 
 void NewProjectWizard::Reset() {
   m_state = {};
@@ -54,7 +54,7 @@ void NewProjectWizard::Reset() {
 
 void NewProjectWizard::Start(const std::string& paramDir) {
   Reset();
-  m_paramDir = paramDir;
+  m_state.ParamDir = paramDir;
   Arrive(1);
 }
 
@@ -134,12 +134,12 @@ void NewProjectWizard::HighlightVariable() { m_state.Entries.Variables.Highlight
 void NewProjectWizard::HighlightLevel(int label) { m_state.Entries.Variables.HighlightLevel(label); }
 
 void NewProjectWizard::DeleteHighlighted() {
-  if (!m_viewing) m_state.Entries.Variables.DeleteHighlighted(m_boxes);
+  if (!m_viewing) m_state.Entries.Variables.DeleteHighlighted(m_platform.Boxes);
 }
 
 void NewProjectWizard::AddVariable() {
   if (m_viewing) return;
-  m_state.Entries.Variables.AddVariable(m_boxes);
+  m_state.Entries.Variables.AddVariable(m_platform.Boxes);
   PlaceCursor(WizardBox::Variable);
 }
 
@@ -157,18 +157,16 @@ void NewProjectWizard::Back() {
 
 bool NewProjectWizard::LeavesPage() {
   const LeavePage leave = kLeavePage.at(static_cast<std::size_t>(m_page) - 1);
-  const WizardFault fault = leave(m_state, {m_disk, m_boxes, m_paramDir});
+  const WizardFault fault = leave(m_state, m_platform);
   if (fault) PlaceCursor(*fault);
   return !fault;
 }
 
 bool NewProjectWizard::Cancel() {
   if (m_page > 1 && !m_viewing &&
-      m_boxes.Show({.Text = "This action will erase all of the entered parameters.  Are you sure you want to do this?",
-                    .Icon = BoxIcon::Exclamation,
-                    .Buttons = BoxButtons::YesNoCancel,
-                    .Default = BoxAnswer::No,
-                    .Title = "Warning"}) != BoxAnswer::Yes) {
+      !Confirm(m_platform.Boxes,
+               {.Text = "This action will erase all of the entered parameters.  Are you sure you want to do this?",
+                .Title = "Warning"})) {
     return false;
   }
   Reset();
@@ -181,18 +179,16 @@ bool NewProjectWizard::Done(bool restoring) {
     return true;
   }
   if (m_page != kPages || !LeavesPage()) return false;
-  const MessageBox question = {
+  const Question question = {
       .Text =
           "ZOVA will not allow you to make changes to the parameters once they are completed.  If you are not sure "
           "that the parameters are correct, please select the 'No' button and use the 'Back' button to verify all "
           "of the parameters for your project.  If you are sure that the parameters are correct then select "
           "'Yes'.  Are you sure these parameters are correct?",
-      .Icon = BoxIcon::Exclamation,
       .Buttons = BoxButtons::YesNo,
-      .Default = BoxAnswer::No,
       .Title = "Warning"};
-  if (m_boxes.Show(question) != BoxAnswer::Yes) return false;
-  if (!WriteProjectFile(m_state.Project, m_paramDir, restoring, m_disk, m_errors)) return false;
+  if (!Confirm(m_platform.Boxes, question)) return false;
+  if (!WriteProjectFile(m_state.Project, m_state.ParamDir, restoring, m_platform.Files, m_platform.Boxes)) return false;
   ProjectParameters written = std::move(m_state.Project);
   Reset();
   m_state.Project = std::move(written);

@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "platform/desktop/DirectoryBrowser.h"
-#include "platform/desktop/FileErrorHandler.h"
+#include "platform/desktop/Platform.h"
 #include "project/wizard/WizardPages.h"
 
 namespace zova {
@@ -16,7 +16,7 @@ class NewProjectWizard {
  public:
   static constexpr int kPages = 8;
 
-  NewProjectWizard(Disk& disk, MessageBoxes& boxes, FileErrorHandler& errors);
+  explicit NewProjectWizard(const Platform& platform);
 
   /// An empty page 1. `paramDir` is where the parameter file will go.
   void Start(const std::string& paramDir);
@@ -83,12 +83,9 @@ class NewProjectWizard {
   void PlaceCursor(WizardBox box);
   [[nodiscard]] WizardBox FirstBox() const;
 
-  Disk& m_disk;
-  MessageBoxes& m_boxes;
-  FileErrorHandler& m_errors;
+  Platform m_platform;
   DirectoryBrowser m_browser;
   WizardState m_state;
-  std::string m_paramDir;
   int m_page = 1;
   bool m_viewing = false;
   WizardBox m_cursor = WizardBox::Title;

@@ -135,13 +135,10 @@ void VariableEditor::DeleteHighlighted(MessageBoxes& boxes) {
     Show(m_variable, m_level);
     return;
   }
-  const BoxAnswer answer =
-      boxes.Show({.Text = "Do you wish to erase variable " + std::to_string(m_variable) + " and all of its levels?",
-                  .Icon = BoxIcon::Exclamation,
-                  .Buttons = BoxButtons::YesNoCancel,
-                  .Default = BoxAnswer::No,
-                  .Title = "Warning"});
-  if (answer != BoxAnswer::Yes) return;
+  if (!Confirm(boxes,
+               {.Text = "Do you wish to erase variable " + std::to_string(m_variable) + " and all of its levels?",
+                .Title = "Warning"}))
+    return;
   m_variables.erase(m_variables.begin() + (m_variable - 1));
   if (m_variables.empty()) m_variables.emplace_back();
   Show(std::min(m_variable, static_cast<int>(m_variables.size())), 0);
@@ -157,14 +154,13 @@ void VariableEditor::AddVariable(MessageBoxes& boxes) {
   TakeStandingText();
   const int count = static_cast<int>(m_variables.size());
   if (count >= kMaxVariables) {
-    boxes.Show({.Text = "Sorry. ZOVA will allow a maximum of 10 variables.", .Icon = BoxIcon::Exclamation});
+    Warn(boxes, "Sorry. ZOVA will allow a maximum of 10 variables.");
     return;
   }
   if (const int unnamed = FirstUnnamed(); unnamed > 0) {
     Show(unnamed, 0);
-    boxes.Show({.Text = "You cannot add new variable " + std::to_string(unnamed + 1) +
-                        " until you have filled in at least a name for variable " + std::to_string(unnamed),
-                .Icon = BoxIcon::Exclamation});
+    Warn(boxes, "You cannot add new variable " + std::to_string(unnamed + 1) +
+                    " until you have filled in at least a name for variable " + std::to_string(unnamed));
     return;
   }
   m_variables.emplace_back();
@@ -181,7 +177,7 @@ bool VariableEditor::Check(MessageBoxes& boxes) {
   const bool isEmptied = m_level == 0 && !Current().Name.empty() && WithoutOuterBlanks(m_entry).empty();
   TakeStandingText();
   if (isEmptied) {
-    boxes.Show({.Text = kNoName, .Icon = BoxIcon::Exclamation});
+    Warn(boxes, kNoName);
     return false;
   }
   if (HasNothing()) return true;
@@ -189,13 +185,12 @@ bool VariableEditor::Check(MessageBoxes& boxes) {
     const Variable& checked = m_variables[static_cast<std::size_t>(variable - 1)];
     if (WithoutOuterBlanks(checked.Name).empty()) {
       Show(variable, 0);
-      boxes.Show({.Text = kNoName, .Icon = BoxIcon::Exclamation});
+      Warn(boxes, kNoName);
       return false;
     }
     if (checked.Levels.empty()) {
       Show(variable, 1);
-      boxes.Show(
-          {.Text = "You must have at least 1 level per variable.  Please review.", .Icon = BoxIcon::Exclamation});
+      Warn(boxes, "You must have at least 1 level per variable.  Please review.");
       return false;
     }
   }

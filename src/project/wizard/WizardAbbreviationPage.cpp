@@ -20,29 +20,27 @@ bool HasDataFiles(const std::string& primaryDir, const std::string& abbreviation
 
 // Another project's subjects would turn up in this one's masters.
 bool MayShare(const std::string& abbreviation, MessageBoxes& boxes) {
-  return boxes.Show({.Text = "There are already data files with the prefix '" + abbreviation +
-                             "' in the primary directory.  Do you want to use this prefix anyway?",
-                     .Icon = BoxIcon::Exclamation,
-                     .Buttons = BoxButtons::YesNo,
-                     .Default = BoxAnswer::No,
-                     .Title = "Warning"}) == BoxAnswer::Yes;
+  return Confirm(boxes, {.Text = "There are already data files with the prefix '" + abbreviation +
+                                 "' in the primary directory.  Do you want to use this prefix anyway?",
+                         .Buttons = BoxButtons::YesNo,
+                         .Title = "Warning"});
 }
 
 }  // namespace
 
-WizardFault LeaveAbbreviationPage(WizardState& state, const WizardTools& tools) {
+WizardFault LeaveAbbreviationPage(WizardState& state, const Platform& platform) {
   constexpr WizardBox kBox = WizardBox::Abbreviation;
   std::string& text = state.Entries.Text(kBox);
   const std::string abbreviation(WithoutOuterBlanks(FirstCharacters(WithoutOuterBlanks(text), kMaxAbbreviationLength)));
   text = abbreviation;
-  if (abbreviation.empty()) return Refuse(tools, "You must have an abbreviation.", kBox, BoxIcon::Information);
+  if (abbreviation.empty()) return Refuse(platform, "You must have an abbreviation.", kBox, BoxIcon::Information);
   // Kept, although the spaces are gone by now.
-  if (abbreviation.front() == ' ') return Refuse(tools, "You cannot begin the abbreviation with a space.", kBox);
-  if (!IsFileNamePart(abbreviation)) return Refuse(tools, kBadFileName, kBox);
+  if (abbreviation.front() == ' ') return Refuse(platform, "You cannot begin the abbreviation with a space.", kBox);
+  if (!IsFileNamePart(abbreviation)) return Refuse(platform, kBadFileName, kBox);
   const bool isOverwritten =
       state.OverwrittenAbbreviation && EqualsIgnoringCase(*state.OverwrittenAbbreviation, abbreviation);
-  if (!isOverwritten && HasDataFiles(state.Project.PrimaryDir, abbreviation, tools.Files) &&
-      !MayShare(abbreviation, tools.Boxes)) {
+  if (!isOverwritten && HasDataFiles(state.Project.PrimaryDir, abbreviation, platform.Files) &&
+      !MayShare(abbreviation, platform.Boxes)) {
     return kBox;
   }
   state.Project.Abbreviation = abbreviation;

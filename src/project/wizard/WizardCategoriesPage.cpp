@@ -22,36 +22,36 @@ int StudiedItems(const ProjectParameters& project) {
   return project.ItemCount - (project.FalseMemory == 1 ? project.CategoryCount : 0);
 }
 
-WizardFault CheckCategories(WizardState& state, const WizardTools& tools, ListShape& shape) {
+WizardFault CheckCategories(WizardState& state, const Platform& platform, ListShape& shape) {
   constexpr WizardBox kBox = WizardBox::Categories;
   std::string& text = state.Entries.Text(kBox);
-  if (text.empty()) return Refuse(tools, "You must enter the number of categories.", kBox);
+  if (text.empty()) return Refuse(platform, "You must enter the number of categories.", kBox);
   const auto categories = NumberInBox(text, 4, 1, kMaxCategories);
   if (!categories) {
-    return Refuse(tools, "Value for number of categories must be numeric and between 1 and 5000.", kBox);
+    return Refuse(platform, "Value for number of categories must be numeric and between 1 and 5000.", kBox);
   }
   shape.Categories = *categories;
   shape.HasLures = state.Entries.Option(WizardOption::FalseMemory);
   const int studied = shape.Items;
   if (shape.HasLures) shape.Items += shape.Categories;
-  if (studied < 1) return Refuse(tools, kBadItemCount, kBox);
+  if (studied < 1) return Refuse(platform, kBadItemCount, kBox);
   if (studied % shape.Categories != 0) {
-    return Refuse(tools, "All categories must have an equal number of items.", kBox);
+    return Refuse(platform, "All categories must have an equal number of items.", kBox);
   }
-  if (shape.Items > kMaxItems) return Refuse(tools, kBadItemCount, kBox);
+  if (shape.Items > kMaxItems) return Refuse(platform, kBadItemCount, kBox);
   shape.ItemsPerCategory = shape.Items / shape.Categories;
   return std::nullopt;
 }
 
 }  // namespace
 
-WizardFault LeaveCategoriesPage(WizardState& state, const WizardTools& tools) {
+WizardFault LeaveCategoriesPage(WizardState& state, const Platform& platform) {
   ListShape shape{.Items = StudiedItems(state.Project)};
   const bool categorized = state.Entries.Option(WizardOption::Categorized);
   if (categorized) {
-    if (auto fault = CheckCategories(state, tools, shape)) return fault;
+    if (auto fault = CheckCategories(state, platform, shape)) return fault;
   } else if (shape.Items < 1) {
-    return Refuse(tools, kBadItemCount, WizardBox::CategoriesOption);
+    return Refuse(platform, kBadItemCount, WizardBox::CategoriesOption);
   }
   ProjectParameters& project = state.Project;
   project.Categorized = categorized ? 1 : 0;

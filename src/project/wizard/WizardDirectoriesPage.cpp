@@ -20,15 +20,16 @@ bool IsDriveReady(const std::string& directory, Disk& disk) {
 }
 
 // Whether the directory of `box` is there when this returns; if need be it was created.
-WizardFault CheckDirectory(WizardBox box, const char* invalidText, WizardState& state, const WizardTools& tools) {
+WizardFault CheckDirectory(WizardBox box, const char* invalidText, WizardState& state, const Platform& platform) {
   std::string& directory = state.Entries.Text(box);
-  if (!HasDrive(directory)) return Refuse(tools, "Invalid format. Please redo.", box);
-  if (!IsDriveReady(directory, tools.Files)) return Refuse(tools, kDriveNotReady, box);
+  if (!HasDrive(directory)) return Refuse(platform, "Invalid format. Please redo.", box);
+  if (!IsDriveReady(directory, platform.Files)) return Refuse(platform, kDriveNotReady, box);
   try {
-    if (!HasValidComponents(directory) || tools.Files.FileExists(directory)) return Refuse(tools, invalidText, box);
-    if (ExistsOrIsCreated(directory, tools.Files, tools.Boxes)) return std::nullopt;
+    if (!HasValidComponents(directory) || platform.Files.FileExists(directory))
+      return Refuse(platform, invalidText, box);
+    if (ExistsOrIsCreated(directory, platform.Files, platform.Boxes)) return std::nullopt;
   } catch (const FileError&) {
-    return Refuse(tools, invalidText, box);
+    return Refuse(platform, invalidText, box);
   }
   directory = kNoDirectory;
   return box;
@@ -42,35 +43,35 @@ bool WishesToChange(MessageBoxes& boxes) {
                      .Default = BoxAnswer::Yes}) != BoxAnswer::No;
 }
 
-WizardFault CheckPair(const std::string& primary, const std::string& backup, const WizardTools& tools) {
+WizardFault CheckPair(const std::string& primary, const std::string& backup, const Platform& platform) {
   try {
-    if (tools.Files.IsSame(primary, backup)) {
-      return Refuse(tools, "The primary and backup directories cannot be the same.", WizardBox::Backup);
+    if (platform.Files.IsSame(primary, backup)) {
+      return Refuse(platform, "The primary and backup directories cannot be the same.", WizardBox::Backup);
     }
   } catch (const FileError&) {
-    return Refuse(tools, kInvalidBackup, WizardBox::Backup);
+    return Refuse(platform, kInvalidBackup, WizardBox::Backup);
   }
   const bool onOneDrive = EqualsIgnoringCase(DriveRoot(primary), DriveRoot(backup));
-  if (onOneDrive && WishesToChange(tools.Boxes)) return WizardBox::Backup;
+  if (onOneDrive && WishesToChange(platform.Boxes)) return WizardBox::Backup;
   return std::nullopt;
 }
 
 }  // namespace
 
-WizardFault LeaveDirectoriesPage(WizardState& state, const WizardTools& tools) {
-  const DriveMap& drives = tools.Files.Drives();
+WizardFault LeaveDirectoriesPage(WizardState& state, const Platform& platform) {
+  const DriveMap& drives = platform.Files.Drives();
   std::string& primary = state.Entries.Text(WizardBox::Primary);
   primary = DirectoryFromText(primary, drives);
-  if (IsNoDirectory(primary)) return Refuse(tools, "You must have a primary path.", WizardBox::Primary);
-  if (auto fault = CheckDirectory(WizardBox::Primary, kInvalidPrimary, state, tools)) return fault;
+  if (IsNoDirectory(primary)) return Refuse(platform, "You must have a primary path.", WizardBox::Primary);
+  if (auto fault = CheckDirectory(WizardBox::Primary, kInvalidPrimary, state, platform)) return fault;
 
   std::string& backup = state.Entries.Text(WizardBox::Backup);
   backup = DirectoryFromText(backup, drives);
   if (IsNoDirectory(backup)) {
     backup = kNoDirectory;
   } else {
-    if (auto fault = CheckDirectory(WizardBox::Backup, kInvalidBackup, state, tools)) return fault;
-    if (auto fault = CheckPair(primary, backup, tools)) return fault;
+    if (auto fault = CheckDirectory(WizardBox::Backup, kInvalidBackup, state, platform)) return fault;
+    if (auto fault = CheckPair(primary, backup, platform)) return fault;
   }
   state.Project.PrimaryDir = primary;
   state.Project.BackupDir = backup;

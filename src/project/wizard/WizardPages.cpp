@@ -13,8 +13,8 @@ namespace zova {
 
 WizardEntries::WizardEntries() { Text(WizardBox::Primary) = Text(WizardBox::Backup) = kNoDirectory; }
 
-WizardBox Refuse(const WizardTools& tools, const char* text, WizardBox box, BoxIcon icon) {
-  tools.Boxes.Show({.Text = text, .Icon = icon});
+WizardBox Refuse(const Platform& platform, const char* text, WizardBox box, BoxIcon icon) {
+  platform.Boxes.Show({.Text = text, .Icon = icon});
   return box;
 }
 
@@ -32,12 +32,12 @@ void DropRatings(ProjectParameters& project) {
   project.RatedTests.fill("N");
 }
 
-WizardFault LeaveGeneralPage(WizardState& state, const WizardTools& tools) {
+WizardFault LeaveGeneralPage(WizardState& state, const Platform& platform) {
   WizardEntries& entries = state.Entries;
   const auto tests = NumberInBox(entries.Text(WizardBox::Tests), 3, 1, kMaxTests);
-  if (!tests) return Refuse(tools, "Number of tests must be between 1 and 15.", WizardBox::Tests);
+  if (!tests) return Refuse(platform, "Number of tests must be between 1 and 15.", WizardBox::Tests);
   const auto items = NumberInBox(entries.Text(WizardBox::Items), 4, 1, kMaxItems);
-  if (!items) return Refuse(tools, kBadItemCount, WizardBox::Items);
+  if (!items) return Refuse(platform, kBadItemCount, WizardBox::Items);
 
   if (*tests != state.Project.TestCount) {
     entries.Option(WizardOption::Ratings) = false;
@@ -49,23 +49,23 @@ WizardFault LeaveGeneralPage(WizardState& state, const WizardTools& tools) {
   return std::nullopt;
 }
 
-WizardFault LeaveVariablesPage(WizardState& state, const WizardTools& tools) {
+WizardFault LeaveVariablesPage(WizardState& state, const Platform& platform) {
   if (!state.Entries.Option(WizardOption::Variables)) {
     VariableEditor().Store(state.Project);  // the names stay in the other editor, for a change of mind
     return std::nullopt;
   }
-  if (!state.Entries.Variables.Check(tools.Boxes)) return WizardBox::Variable;
+  if (!state.Entries.Variables.Check(platform.Boxes)) return WizardBox::Variable;
   state.Entries.Variables.Store(state.Project);
   return std::nullopt;
 }
 
-WizardFault LeaveMinutesPage(WizardState& state, const WizardTools& tools) {
+WizardFault LeaveMinutesPage(WizardState& state, const Platform& platform) {
   std::int16_t minutes = 0;
   const bool recorded = state.Entries.Option(WizardOption::Minutes);
   if (recorded) {
     const auto number = NumberInBox(state.Entries.Text(WizardBox::Minutes), 4, 1, kMaxMinutes);
     if (!number) {
-      return Refuse(tools, "Value for number of minutes must be between 1 and 6000.", WizardBox::Minutes);
+      return Refuse(platform, "Value for number of minutes must be between 1 and 6000.", WizardBox::Minutes);
     }
     minutes = *number;
   }
@@ -74,7 +74,7 @@ WizardFault LeaveMinutesPage(WizardState& state, const WizardTools& tools) {
   return std::nullopt;
 }
 
-WizardFault LeaveRatingsPage(WizardState& state, const WizardTools& tools) {
+WizardFault LeaveRatingsPage(WizardState& state, const Platform& platform) {
   WizardEntries& entries = state.Entries;
   ProjectParameters& project = state.Project;
   if (!entries.Option(WizardOption::Ratings)) {
@@ -82,10 +82,10 @@ WizardFault LeaveRatingsPage(WizardState& state, const WizardTools& tools) {
     return std::nullopt;
   }
   const auto most = NumberInBox(entries.Text(WizardBox::MaxRating), 4, 1, kMaxRating);
-  if (!most) return Refuse(tools, "Value for the maximum rating must be between 1 and 1000.", WizardBox::MaxRating);
+  if (!most) return Refuse(platform, "Value for the maximum rating must be between 1 and 1000.", WizardBox::MaxRating);
   const auto end = entries.RatedTests.begin() + project.TestCount;
   if (std::find(entries.RatedTests.begin(), end, true) == end) {
-    return Refuse(tools, "At least 1 test must be rated.", WizardBox::RatedTests);
+    return Refuse(platform, "At least 1 test must be rated.", WizardBox::RatedTests);
   }
   project.Rated = 1;
   project.MaxRating = *most;

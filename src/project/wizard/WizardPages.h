@@ -6,8 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/desktop/MessageBoxes.h"
-#include "platform/files/Disk.h"
+#include "platform/desktop/Platform.h"
 #include "project/ProjectParameters.h"
 #include "project/wizard/VariableEditor.h"
 
@@ -55,6 +54,7 @@ struct WizardEntries {
 
 /// The wizard between its pages: what stands in the boxes, and the record as far as pages were accepted.
 struct WizardState {
+  std::string ParamDir;  ///< where the parameter file is to go
   WizardEntries Entries;
   ProjectParameters Project;
   std::string DefaultAbbreviation;  ///< what page 1 last put into the prefix box by itself
@@ -62,27 +62,21 @@ struct WizardState {
   std::optional<std::string> OverwrittenAbbreviation;
 };
 
-struct WizardTools {
-  Disk& Files;
-  MessageBoxes& Boxes;
-  std::string ParamDir;
-};
-
 /// The check of a page that is left forward. Nothing when its answers are accepted, and then they stand in the
 /// record; else the user was told, and this is the box to mend.
 using WizardFault = std::optional<WizardBox>;
 
-WizardFault LeaveTitlePage(WizardState& state, const WizardTools& tools);
-WizardFault LeaveDirectoriesPage(WizardState& state, const WizardTools& tools);
-WizardFault LeaveGeneralPage(WizardState& state, const WizardTools& tools);
-WizardFault LeaveCategoriesPage(WizardState& state, const WizardTools& tools);
-WizardFault LeaveVariablesPage(WizardState& state, const WizardTools& tools);
-WizardFault LeaveMinutesPage(WizardState& state, const WizardTools& tools);
-WizardFault LeaveRatingsPage(WizardState& state, const WizardTools& tools);
-WizardFault LeaveAbbreviationPage(WizardState& state, const WizardTools& tools);
+WizardFault LeaveTitlePage(WizardState& state, const Platform& platform);
+WizardFault LeaveDirectoriesPage(WizardState& state, const Platform& platform);
+WizardFault LeaveGeneralPage(WizardState& state, const Platform& platform);
+WizardFault LeaveCategoriesPage(WizardState& state, const Platform& platform);
+WizardFault LeaveVariablesPage(WizardState& state, const Platform& platform);
+WizardFault LeaveMinutesPage(WizardState& state, const Platform& platform);
+WizardFault LeaveRatingsPage(WizardState& state, const Platform& platform);
+WizardFault LeaveAbbreviationPage(WizardState& state, const Platform& platform);
 
 /// Tells why a page is not accepted, with an OK button, and gives the box to mend.
-WizardBox Refuse(const WizardTools& tools, const char* text, WizardBox box, BoxIcon icon = BoxIcon::Exclamation);
+WizardBox Refuse(const Platform& platform, const char* text, WizardBox box, BoxIcon icon = BoxIcon::Exclamation);
 
 /// As "No" leaves the ratings: none in the record, no test rated. What the boxes hold stays.
 void DropRatings(ProjectParameters& project);

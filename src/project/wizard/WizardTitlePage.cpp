@@ -29,11 +29,8 @@ std::string TitleFromText(std::string_view text) {
 }
 
 bool MayOverwrite(const std::string& title, MessageBoxes& boxes) {
-  return boxes.Show({.Text = "There already is an experiment entitled '" + title +
-                             "'!  Are you sure you want to overwrite this data?",
-                     .Icon = BoxIcon::Exclamation,
-                     .Buttons = BoxButtons::YesNoCancel,
-                     .Default = BoxAnswer::No}) == BoxAnswer::Yes;
+  return Confirm(boxes, {.Text = "There already is an experiment entitled '" + title +
+                                 "'!  Are you sure you want to overwrite this data?"});
 }
 
 // Nothing when the file is no parameter file.
@@ -60,24 +57,24 @@ void OfferAbbreviation(const std::string& title, WizardState& state) {
 
 }  // namespace
 
-WizardFault LeaveTitlePage(WizardState& state, const WizardTools& tools) {
+WizardFault LeaveTitlePage(WizardState& state, const Platform& platform) {
   const std::string title = TitleFromText(state.Entries.Text(WizardBox::Title));
   if (title.empty()) {
-    return Refuse(tools, "The project must have a title.  Please re-enter.", WizardBox::Title, BoxIcon::Information);
+    return Refuse(platform, "The project must have a title.  Please re-enter.", WizardBox::Title, BoxIcon::Information);
   }
-  if (!IsFileNamePart(title)) return Refuse(tools, kBadFileName, WizardBox::Title);
+  if (!IsFileNamePart(title)) return Refuse(platform, kBadFileName, WizardBox::Title);
   const std::string fileName = ParameterFileName(title);
-  const std::string path = JoinPath(tools.ParamDir, fileName);
+  const std::string path = JoinPath(state.ParamDir, fileName);
   std::optional<std::string> overwritten;
   try {
-    if (tools.Files.FileExists(path)) {
-      if (!MayOverwrite(title, tools.Boxes)) return WizardBox::Title;
-      overwritten = AbbreviationIn(path, tools.Files);
+    if (platform.Files.FileExists(path)) {
+      if (!MayOverwrite(title, platform.Boxes)) return WizardBox::Title;
+      overwritten = AbbreviationIn(path, platform.Files);
     } else {
-      ProveName(path, tools.Files);
+      ProveName(path, platform.Files);
     }
   } catch (const FileError&) {
-    return Refuse(tools, kBadFileName, WizardBox::Title);
+    return Refuse(platform, kBadFileName, WizardBox::Title);
   }
   OfferAbbreviation(title, state);
   state.OverwrittenAbbreviation = std::move(overwritten);

@@ -93,8 +93,7 @@ void EntryGrid::GoToNextBlank() {
     }
   }
   m_preferences.NextBlankSpace = false;
-  m_boxes.Show({.Text = "The 'next blank space' option has been turned off because you reached the last line.",
-                .Icon = BoxIcon::Information});
+  Inform(m_boxes, "The 'next blank space' option has been turned off because you reached the last line.");
   PlaceCursor({Lines(), kItemColumn});
 }
 

@@ -77,7 +77,6 @@ class EntryGrid {
  private:
   void PlaceCursor(EntryCell cell);
   bool Refuse(const std::string& message, std::string details = {});  // always false
-  bool IsSure(const std::string& question, BoxIcon icon, const char* title);
   void Advance();
   void GoToNextBlank();
   void Bump(int step, const char* wrongColumn);

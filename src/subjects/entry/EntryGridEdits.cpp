@@ -23,12 +23,8 @@ void EntryGrid::Change(Edit&& edit) {
 }
 
 bool EntryGrid::Refuse(const std::string& message, std::string details) {
-  m_boxes.Show({.Text = message, .Icon = BoxIcon::Exclamation, .Details = std::move(details)});
+  Warn(m_boxes, message, std::move(details));
   return false;
-}
-
-bool EntryGrid::IsSure(const std::string& question, BoxIcon icon, const char* title) {
-  return m_boxes.Show({question, icon, BoxButtons::YesNo, BoxAnswer::No, title}) == BoxAnswer::Yes;
 }
 
 bool EntryGrid::Enter() {
@@ -55,17 +51,22 @@ bool EntryGrid::Enter() {
 void EntryGrid::InsertLine() {
   const int line = m_selection.FirstLine;
   const std::string question = InsertionLossQuestion(m_record.Lists, m_test);
-  if (!question.empty() && !IsSure(question, BoxIcon::Question, "ZOVA")) return;
+  if (!question.empty() &&
+      !Confirm(m_boxes, {.Text = question, .Icon = BoxIcon::Question, .Buttons = BoxButtons::YesNo})) {
+    return;
+  }
   Change([&](RecallLists& lists) { InsertBlankLine(lists, m_test, line); });
   PlaceCursor({line, m_cursor.Column});
 }
 
 void EntryGrid::DeleteSelectedLines() {
   constexpr int kMostLinesUnasked = 10;
-  const char* const question =
-      "You are about to permanently delete over 10 lines of data.  Are you sure you want to do this?";
+  const Question question = {
+      .Text = "You are about to permanently delete over 10 lines of data.  Are you sure you want to do this?",
+      .Buttons = BoxButtons::YesNo,
+      .Title = "Warning"};
   const EntryBlock block = m_selection;
-  if (block.Lines() > kMostLinesUnasked && !IsSure(question, BoxIcon::Exclamation, "Warning")) return;
+  if (block.Lines() > kMostLinesUnasked && !Confirm(m_boxes, question)) return;
   Change([&](RecallLists& lists) { DeleteLines(lists, m_test, block.FirstLine, block.LastLine); });
   PlaceCursor({block.FirstLine, m_cursor.Column});
 }

@@ -3,16 +3,17 @@
 #include "subjects/entry/SubjectEntry.h"
 
 #include <utility>
+#include "platform/desktop/FileErrorBoxes.h"
 
 #include "subjects/SubjectFile.h"
 
 namespace zova {
 
-SubjectEntry::SubjectEntry(SubjectRecord& record, Preferences& preferences, const EntryTools& tools)
+SubjectEntry::SubjectEntry(SubjectRecord& record, Preferences& preferences, const Platform& platform)
     : m_record(record),
       m_preferences(preferences),
-      m_tools(tools),
-      m_grid(record, preferences, tools.Boxes, tools.Pointer) {}
+      m_platform(platform),
+      m_grid(record, preferences, platform.Boxes, platform.Pointer) {}
 
 void SubjectEntry::Open(const ProjectParameters& project, const std::string& paramDir, bool restored) {
   m_project = &project;
@@ -54,7 +55,7 @@ bool SubjectEntry::ListsPassTheChecks() {
   m_grid.NoteChange(before);
   for (const CheckFinding& warning : result.Warnings) {
     const MessageBox box{warning.Message, BoxIcon::Exclamation, BoxButtons::YesNo, BoxAnswer::Yes, "Warning"};
-    if (m_tools.Boxes.Show(box) != BoxAnswer::Yes) continue;
+    if (m_platform.Boxes.Show(box) != BoxAnswer::Yes) continue;
     ShowFinding(warning);
     return false;
   }
@@ -65,14 +66,13 @@ bool SubjectEntry::ListsPassTheChecks() {
   }
   if (!result.Fault) return true;
   ShowFinding(*result.Fault);
-  m_tools.Boxes.Show({result.Fault->Message, BoxIcon::Exclamation});
+  Warn(m_platform.Boxes, result.Fault->Message);
   return false;
 }
 
 SaveOutcome SubjectEntry::SaveWithNote(const std::string& note) {
   const std::string noteBefore = std::exchange(m_record.UnfinishedNote, note);
-  const SaveOutcome outcome =
-      SaveSubject(m_record, *m_project, m_paramDir, m_tools.Files, m_tools.Boxes, m_tools.Pointer);
+  const SaveOutcome outcome = SaveSubject(m_record, *m_project, m_paramDir, m_platform);
   if (!outcome.Saved) m_record.UnfinishedNote = noteBefore;
   m_autosavePaused = m_autosavePaused && !outcome.Saved;
   return outcome;
@@ -89,11 +89,11 @@ bool SubjectEntry::SaveIncomplete() {
   if (!m_open || !m_grid.TakeStandingText()) return false;
   const std::string directory = UnfinishedDirectory(m_project->PrimaryDir);
   std::size_t count = 0;
-  const auto countFiles = [&] { count = ListSubjectFiles(m_tools.Files, *m_project, directory).size() + 1; };
-  if (!WithRetry(m_tools.Errors, countFiles)) return false;
+  const auto countFiles = [&] { count = ListSubjectFiles(m_platform.Files, *m_project, directory).size() + 1; };
+  if (!WithRetry(m_platform.Boxes, countFiles)) return false;
   // Kept: the subject's own earlier file counts like any other.
   if (count > kMaxUnfinished) {
-    m_tools.Boxes.Show({"You cannot have more than 10 unfinished data files.", BoxIcon::Exclamation});
+    Warn(m_platform.Boxes, "You cannot have more than 10 unfinished data files.");
     return false;
   }
   const std::string note = "This is unfinished subject #" + std::to_string(count) + " for '" +
@@ -106,16 +106,15 @@ bool SubjectEntry::SaveIncomplete() {
 
 SubjectEntry::Ending SubjectEntry::Cancel() {
   if (!m_open) return {};
-  const MessageBox question{"You will lose all unsaved changes.  Are you sure that you want to do this?",
-                            BoxIcon::Exclamation, BoxButtons::YesNoCancel, BoxAnswer::No};
-  if (m_record.HasUnsavedChanges && m_tools.Boxes.Show(question) != BoxAnswer::Yes) return {};
+  const Question question{.Text = "You will lose all unsaved changes.  Are you sure that you want to do this?"};
+  if (m_record.HasUnsavedChanges && !Confirm(m_platform.Boxes, question)) return {};
   Abandon();
   return {.Left = true};
 }
 
 void SubjectEntry::Abandon() {
   if (!m_open) return;
-  if (!m_record.UnfinishedNote.empty()) m_tools.Boxes.Show({m_record.UnfinishedNote, BoxIcon::Information});
+  if (!m_record.UnfinishedNote.empty()) Inform(m_platform.Boxes, m_record.UnfinishedNote);
   m_record = {};
   ResetLists(m_record, *m_project);
   Close();
@@ -141,11 +140,11 @@ void SubjectEntry::SetAutosave(bool on) {
 
 void SubjectEntry::WriteAutosave() {
   m_autosavePaused =
-      !WithRetry(m_tools.Errors, [&] { WriteAutosaveFile(m_tools.Files, m_paramDir, m_record, *m_project); });
+      !WithRetry(m_platform.Boxes, [&] { WriteAutosaveFile(m_platform.Files, m_paramDir, m_record, *m_project); });
 }
 
 void SubjectEntry::DeleteAutosave() {
-  WithRetry(m_tools.Errors, [&] { DeleteAutosaveFile(m_tools.Files, m_paramDir); });
+  WithRetry(m_platform.Boxes, [&] { DeleteAutosaveFile(m_platform.Files, m_paramDir); });
 }
 
 }  // namespace zova

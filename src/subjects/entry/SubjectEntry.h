@@ -3,9 +3,7 @@
 
 #include <string>
 
-#include "platform/desktop/Desktop.h"
-#include "platform/desktop/FileErrorHandler.h"
-#include "platform/files/Disk.h"
+#include "platform/desktop/Platform.h"
 #include "subjects/SubjectFiles.h"
 #include "subjects/entry/AutosaveTimer.h"
 #include "subjects/entry/CompletionChecks.h"
@@ -13,18 +11,11 @@
 
 namespace zova {
 
-struct EntryTools {
-  Disk& Files;
-  MessageBoxes& Boxes;
-  FileErrorHandler& Errors;
-  Desktop& Pointer;
-};
-
 /// The screen on which a subject's recalls are typed: the grid, the walk through the tests, the checks, saving, the
 /// autosave and leaving. The captions may be asked for once it was opened.
 class SubjectEntry {
  public:
-  SubjectEntry(SubjectRecord& record, Preferences& preferences, const EntryTools& tools);
+  SubjectEntry(SubjectRecord& record, Preferences& preferences, const Platform& platform);
 
   /// Shows the record's first test. `project` must outlive the entry. `restored`: the record came from the autosave;
   /// it counts as changed, and the file that it came from goes: with Autosave on a fresh one is written at once.
@@ -70,7 +61,7 @@ class SubjectEntry {
 
   SubjectRecord& m_record;
   Preferences& m_preferences;
-  EntryTools m_tools;
+  Platform m_platform;
   EntryGrid m_grid;
   AutosaveTimer m_timer;
   const ProjectParameters* m_project = nullptr;

@@ -20,9 +20,9 @@ struct FileQuestion {
 };
 
 /// The platform's dialogs that choose a file.
-class Choosers {
+class FileDialogs {
  public:
-  virtual ~Choosers() = default;
+  virtual ~FileDialogs() = default;
   /// The drive-letter path of an existing file; nothing when the user cancelled.
   virtual std::optional<std::string> ChooseFile(const FileQuestion& question) = 0;
   /// That of a file to be written; replacing one that exists was agreed to. A name typed without an ending has that of

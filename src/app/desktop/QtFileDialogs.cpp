@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "app/desktop/QtChoosers.h"
+#include "app/desktop/QtFileDialogs.h"
 
 #include <QDir>
 #include <QFileDialog>
@@ -39,11 +39,11 @@ QString EndingOf(const FileQuestion& question, const QStringList& filters, const
 
 }  // namespace
 
-std::optional<std::string> QtChoosers::ChooseFile(const FileQuestion& question) { return Ask(question, false); }
+std::optional<std::string> QtFileDialogs::ChooseFile(const FileQuestion& question) { return Ask(question, false); }
 
-std::optional<std::string> QtChoosers::ChooseNewFile(const FileQuestion& question) { return Ask(question, true); }
+std::optional<std::string> QtFileDialogs::ChooseNewFile(const FileQuestion& question) { return Ask(question, true); }
 
-std::optional<std::string> QtChoosers::Ask(const FileQuestion& question, bool isNew) {
+std::optional<std::string> QtFileDialogs::Ask(const FileQuestion& question, bool isNew) {
   const QtDesktop::Pause pause(m_desktop);
   QFileDialog dialog(pause.Window(), ToQt(question.Title), StartDirectory(m_disk, question.Directory));
   dialog.setFileMode(isNew ? QFileDialog::AnyFile : QFileDialog::ExistingFile);

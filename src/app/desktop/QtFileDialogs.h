@@ -2,14 +2,14 @@
 #pragma once
 
 #include "app/desktop/QtDesktop.h"
-#include "platform/desktop/Choosers.h"
+#include "platform/desktop/FileDialogs.h"
 #include "platform/files/Disk.h"
 
 namespace zova {
 
-class QtChoosers final : public Choosers {
+class QtFileDialogs final : public FileDialogs {
  public:
-  QtChoosers(Disk& disk, QtDesktop& desktop) : m_disk(disk), m_desktop(desktop) {}
+  QtFileDialogs(Disk& disk, QtDesktop& desktop) : m_disk(disk), m_desktop(desktop) {}
   std::optional<std::string> ChooseFile(const FileQuestion& question) override;
   std::optional<std::string> ChooseNewFile(const FileQuestion& question) override;
 

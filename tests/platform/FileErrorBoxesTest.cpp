@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "platform/desktop/FileErrorHandler.h"
+#include "platform/desktop/FileErrorBoxes.h"
 
 #include <gtest/gtest.h>
 
@@ -9,7 +9,7 @@
 using namespace zova;
 using namespace zova::testing;
 
-TEST(FileErrorHandler, ReportsEachCause) {
+TEST(FileErrorBoxes, ReportsEachCause) {
   const char* const notFound = "Path not found.  Please verify that the correct disk is in the drive.";
   const std::error_code full = std::make_error_code(std::errc::no_space_on_device);
   ScriptedBoxes boxes{{.Text = "This is not a valid file format.  Please select a different file.",
@@ -21,24 +21,22 @@ TEST(FileErrorHandler, ReportsEachCause) {
       boxes.Expect({text, answer, "'C:\\b.dat'", BoxIcon::Exclamation, BoxButtons::RetryCancel});
     }
   }
-  FileErrorHandler handler(boxes);
-  EXPECT_TRUE(handler.Report({FileOperation::Read, "C:\\a.dat", FileCause::EndOfData, "Line 3: odd."}));
+  EXPECT_TRUE(ReportFileError(boxes, {FileOperation::Read, "C:\\a.dat", FileCause::EndOfData, "Line 3: odd."}));
   for (const bool retry : {true, false}) {
-    EXPECT_EQ(handler.Report({FileOperation::Copy, "C:\\b.dat", FileCause::PathNotFound}), retry);
-    EXPECT_EQ(handler.Report({FileOperation::Write, "C:\\b.dat", full}), retry);
+    EXPECT_EQ(ReportFileError(boxes, {FileOperation::Copy, "C:\\b.dat", FileCause::PathNotFound}), retry);
+    EXPECT_EQ(ReportFileError(boxes, {FileOperation::Write, "C:\\b.dat", full}), retry);
   }
-  EXPECT_FALSE(handler.Report({FileOperation::Read, "", FileCause::DialogCancelled}));
+  EXPECT_FALSE(ReportFileError(boxes, {FileOperation::Read, "", FileCause::DialogCancelled}));
 }
 
-TEST(FileErrorHandler, RepeatsTheStepAsAnswered) {
+TEST(FileErrorBoxes, RepeatsTheStepAsAnswered) {
   const std::tuple<FileCause, BoxAnswer, int> cases[] = {{FileCause::System, BoxAnswer::Retry, 3},
                                                          {FileCause::System, BoxAnswer::Cancel, 1},
                                                          {FileCause::EndOfData, BoxAnswer::Retry, 1}};
   for (const auto& [cause, answer, expectedRuns] : cases) {
     AnsweringBoxes boxes(answer);
-    FileErrorHandler handler(boxes);
     int runs = 0;
-    const bool done = WithRetry(handler, [&, failing = cause] {
+    const bool done = WithRetry(boxes, [&, failing = cause] {
       if (++runs < 3) throw FileError(FileOperation::Read, "C:\\x", failing);
     });
     EXPECT_EQ(runs, expectedRuns);
