@@ -8,6 +8,8 @@
 #ifdef _WIN32
 #include <fcntl.h>
 #include <io.h>
+
+#include "platform/files/WindowsFiles.h"
 #else
 #include <unistd.h>
 #endif
@@ -36,7 +38,11 @@ bool AskRetry() {
 
 }  // namespace
 
-Terminal::Terminal() : m_isTerminal(IsTerminal(stderr)), m_canAsk(m_isTerminal && IsTerminal(stdin)) {}
+Terminal::Terminal() : m_isTerminal(IsTerminal(stderr)), m_canAsk(m_isTerminal && IsTerminal(stdin)) {
+#ifdef _WIN32
+  SetConsoleOutputCP(CP_UTF8);
+#endif
+}
 
 BoxAnswer Terminal::Show(const MessageBox& box) {
   EndProgressLine();

@@ -2,14 +2,11 @@
 
 #include "means/MasterFields.h"
 
-#include <algorithm>
 #include <charconv>
 
 namespace zova {
 
 namespace {
-
-constexpr std::size_t kMaxDigits = 5;  // more than any column's number has
 
 // By hand, since a large master has millions of fields.
 std::string_view Trimmed(std::string_view text) {
@@ -17,15 +14,6 @@ std::string_view Trimmed(std::string_view text) {
   while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
   while (!text.empty() && isBlank(text.back())) text.remove_suffix(1);
   return text;
-}
-
-// Takes a number from 1 off `text`; 0 when there is none.
-int TakeNumber(std::string_view& text) {
-  int number = 0;
-  if (text.empty() || text.front() == '0' || text.front() == '-') return 0;
-  const auto result = std::from_chars(text.data(), text.data() + std::min(text.size(), kMaxDigits), number);
-  text.remove_prefix(static_cast<std::size_t>(result.ptr - text.data()));
-  return number;
 }
 
 }  // namespace
@@ -63,22 +51,6 @@ std::optional<double> MasterNumber(std::string_view text) {
   const auto result = std::from_chars(text.data(), end, value, std::chars_format::fixed);
   if (result.ec != std::errc{} || result.ptr != end) return std::nullopt;
   return value;
-}
-
-std::optional<std::array<int, 2>> NumbersIn(std::string_view text, std::string_view form) {
-  std::array<int, 2> numbers{};
-  std::size_t found = 0;
-  for (const char c : form) {
-    if (c == '%') {
-      numbers[found] = TakeNumber(text);
-      if (numbers[found++] == 0) return std::nullopt;
-    } else {
-      if (text.empty() || text.front() != c) return std::nullopt;
-      text.remove_prefix(1);
-    }
-  }
-  if (!text.empty()) return std::nullopt;
-  return numbers;
 }
 
 }  // namespace zova

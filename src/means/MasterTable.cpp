@@ -9,8 +9,8 @@
 #include <algorithm>
 #include <unordered_set>
 
+#include "master/columns/ColumnName.h"
 #include "means/MasterFields.h"
-#include "means/MeasureName.h"
 #include "text/Encoding.h"
 #include "text/TypedText.h"
 
@@ -58,7 +58,7 @@ void Reserve(std::string_view text, MasterTable& table) {
   table.Uncomputed.reserve(rows * columns);
 }
 
-bool BeginsWithMeasure(std::string_view line) { return ParseMeasureName(*LineFields(line).Next()).has_value(); }
+bool BeginsWithMeasure(std::string_view line) { return ColumnByName(*LineFields(line).Next()).has_value(); }
 
 // What stands behind identifier and variables where these are the project's, and a measure follows.
 std::optional<std::string_view> BehindVariables(std::string_view line, const ProjectParameters& project) {
@@ -88,7 +88,7 @@ int CountRepeated(const MasterTable& table) {
 bool IsMasterHeader(std::string_view line) {
   LineFields fields(line);
   while (const auto field = fields.Next()) {
-    if (ParseMeasureName(*field)) return true;
+    if (ColumnByName(*field)) return true;
   }
   return false;
 }
@@ -106,7 +106,7 @@ bool TakeMasterHeader(std::string_view line, const ProjectParameters* project, M
   LineFields fields(line);
   bool isFirst = true;
   while (const auto field = fields.Next()) {
-    const bool isMeasure = !table.Measures.empty() || ParseMeasureName(*field);
+    const bool isMeasure = !table.Measures.empty() || ColumnByName(*field);
     if (isFirst) table.HasSubjects = !isMeasure;
     if (isMeasure) {
       table.Measures.emplace_back(*field);

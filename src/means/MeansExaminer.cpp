@@ -8,9 +8,9 @@
 #include <utility>
 #include "platform/desktop/FileErrorBoxes.h"
 
+#include "master/columns/ColumnName.h"
 #include "master/run/MasterRun.h"
 #include "means/MasterOfProject.h"
-#include "means/MeasureName.h"
 #include "means/UncomputedValues.h"
 #include "project/ProtectedFiles.h"
 #include "text/Encoding.h"
@@ -155,8 +155,8 @@ void MeansExaminer::ChooseVariables(const std::vector<std::size_t>& variables) {
 
 void MeansExaminer::ChooseWholeSeries() {
   const auto familyOf = [this](std::size_t measure) {
-    const auto name = ParseMeasureName(m_measureNames[measure]);
-    return std::string(name ? name->Family : std::string_view(m_measureNames[measure]));
+    const auto column = ColumnByName(m_measureNames[measure]);
+    return std::string(column ? column->Family->Stem : std::string_view(m_measureNames[measure]));
   };
   std::set<std::string> families;
   for (const std::size_t measure : m_request.Measures) families.insert(familyOf(measure));

@@ -8,7 +8,7 @@
 #include <unordered_map>
 #include <unordered_set>
 
-#include "means/MeasureName.h"
+#include "master/columns/ColumnName.h"
 
 namespace zova {
 
@@ -24,9 +24,20 @@ std::string Joined(const Names& names, std::string_view separator) {
 
 // A measure that is drawn, and its column in the means.
 struct Drawn {
-  MeasureName Name;
+  std::string_view Family;
+  std::string_view Label;
+  std::string_view Unit;
+  MeasureAxis Axis = MeasureAxis::Test;
+  ColumnPlace Place;
   std::size_t Column = 0;
 };
+
+Drawn DrawnOf(std::string_view measure, std::size_t column) {
+  const auto known = ColumnByName(measure);
+  if (!known) return {measure, measure, {}, MeasureAxis::Test, {}, column};
+  const MeasureFamily& family = *known->Family;
+  return {family.Stem, family.Label, family.Unit, family.Shape.Axis, known->Place, column};
+}
 
 // The measures of the family that was chosen first, each once, and how many there are of other families. A name that is
 // none of ours is a family of its own.
@@ -37,9 +48,9 @@ std::vector<Drawn> FirstFamily(const MeansTable& means, std::size_t& others) {
   for (std::size_t column = 0; column < means.Measures.size(); ++column) {
     const std::string& text = means.Measures[column];
     if (!seen.insert(text).second) continue;
-    const MeasureName name = ParseMeasureName(text).value_or(MeasureName{text, text, {}, MeasureAxis::Test, 0, 0, {}});
-    if (family.empty() || name.Family == family.front().Name.Family) {
-      family.push_back({name, column});
+    const Drawn drawn = DrawnOf(text, column);
+    if (family.empty() || drawn.Family == family.front().Family) {
+      family.push_back(drawn);
     } else {
       ++others;
     }
@@ -52,32 +63,32 @@ void AddToNote(std::size_t count, const char* one, const char* several, std::str
   note.append(note.empty() ? "" : "  ").append(std::to_string(count)).append(count == 1 ? one : several);
 }
 
-std::string TestText(const MeasureName& name) { return "test " + std::to_string(name.Test); }
+std::string TestText(const ColumnPlace& place) { return "test " + std::to_string(place.Test); }
 
-// Where on its axis a measure stands: "test 1", "test 2, minute 3", "NNC".
-std::string PlaceText(const MeasureName& name) {
-  const std::string index = std::to_string(name.Index);
-  switch (name.Axis) {
-    case MeasureAxis::Test: return TestText(name);
-    case MeasureAxis::TestPair: return "tests " + std::to_string(name.Test) + " and " + index;
-    case MeasureAxis::Minute: return TestText(name) + ", minute " + index;
-    case MeasureAxis::RunningMinute: return "minute " + index + " over all tests";
-    case MeasureAxis::Pattern: return std::string(name.Pattern);
-    case MeasureAxis::Lure: return TestText(name) + ", lure " + index;
-  }
-  return {};
+std::string IndexText(MeasureAxis axis, const ColumnPlace& place) {
+  return std::string(TraitsOf(axis).Noun) + " " + std::to_string(place.Index);
 }
 
-std::string TickText(const MeasureName& name) {
-  if (name.Axis == MeasureAxis::TestPair) return std::to_string(name.Test) + "-" + std::to_string(name.Index);
-  return name.Axis == MeasureAxis::Pattern ? std::string(name.Pattern) : std::to_string(name.Index);
+// Where on its axis a measure stands: "test 1", "test 2, minute 3", "NNC".
+std::string PlaceText(MeasureAxis axis, const ColumnPlace& place) {
+  switch (axis) {
+    case MeasureAxis::TestPair: return "tests " + std::to_string(place.Test) + " and " + std::to_string(place.Index);
+    case MeasureAxis::RunningMinute: return IndexText(axis, place) + " over all tests";
+    case MeasureAxis::Pattern: return PatternText(place);
+    default: return (TraitsOf(axis).LiesWithinTests ? TestText(place) + ", " : "") + IndexText(axis, place);
+  }
+}
+
+std::string TickText(MeasureAxis axis, const ColumnPlace& place) {
+  if (axis == MeasureAxis::TestPair) return std::to_string(place.Test) + "-" + std::to_string(place.Index);
+  return axis == MeasureAxis::Pattern ? PatternText(place) : std::to_string(place.Index);
 }
 
 // "Net recall, test 1 (items)"; `place` is what all that is drawn has in common.
-std::string YLabelOf(const MeasureName& name, const std::string& place) {
-  std::string label(name.Label);
-  if (name.Index > 0 && !place.empty()) label += ", " + place;
-  if (!name.Unit.empty()) label.append(" (").append(name.Unit).append(")");
+std::string YLabelOf(const Drawn& drawn, const std::string& place) {
+  std::string label(drawn.Label);
+  if (drawn.Place.Index > 0 && !place.empty()) label += ", " + place;
+  if (!drawn.Unit.empty()) label.append(" (").append(drawn.Unit).append(")");
   return label;
 }
 
@@ -143,7 +154,7 @@ class SeriesOfOthers {
 PlotPicture ByLevels(const MeansTable& means, const Drawn& drawn, std::size_t& empty) {
   PlotPicture picture;
   picture.HasLines = false;
-  picture.YLabel = YLabelOf(drawn.Name, PlaceText(drawn.Name));
+  picture.YLabel = YLabelOf(drawn, PlaceText(drawn.Axis, drawn.Place));
   if (!means.Variables.empty()) picture.XLabel = means.Variables.front();
   const std::vector<const MeansCell*> cells = DrawnCells(means);
   const SeriesOfOthers places(means, cells);
@@ -159,24 +170,25 @@ PlotPicture ByLevels(const MeansTable& means, const Drawn& drawn, std::size_t& e
   return picture;
 }
 
-bool HaveSame(const std::vector<Drawn>& family, int MeasureName::*number) {
+bool HaveSame(const std::vector<Drawn>& family, int ColumnPlace::*number) {
   return std::all_of(family.begin(), family.end(),
-                     [&](const Drawn& drawn) { return drawn.Name.*number == family.front().Name.*number; });
+                     [&](const Drawn& drawn) { return drawn.Place.*number == family.front().Place.*number; });
 }
 
 // The place on the axis, for sorting: pairs of neighbouring tests come before the pair of the first and the last.
-using Place = std::array<int, 3>;
+using Rank = std::array<int, 3>;
 
-Place PlaceOf(const MeasureName& name) {
-  if (name.Axis != MeasureAxis::TestPair) return {0, 0, name.Index};
-  return {name.Index > name.Test + 1 ? 1 : 0, name.Test, name.Index};
+Rank RankOf(const Drawn& drawn) {
+  const auto& [test, index] = drawn.Place;
+  if (drawn.Axis != MeasureAxis::TestPair) return {0, 0, index};
+  return {index > test + 1 ? 1 : 0, test, index};
 }
 
 // The axis of a family. Numbers keep their distances; pairs, patterns and lures stand side by side.
 class FamilyAxis {
  public:
-  explicit FamilyAxis(const std::vector<Drawn>& family) : m_axis(family.front().Name.Axis) {
-    for (const Drawn& drawn : family) m_texts.emplace(PlaceOf(drawn.Name), TickText(drawn.Name));
+  explicit FamilyAxis(const std::vector<Drawn>& family) : m_axis(family.front().Axis) {
+    for (const Drawn& drawn : family) m_texts.emplace(RankOf(drawn), TickText(m_axis, drawn.Place));
     int next = 0;
     for (const auto& [place, text] : m_texts) {
       next = HasDistances() ? place[2] - m_texts.begin()->first[2] + 1 : next + 1;
@@ -184,7 +196,7 @@ class FamilyAxis {
     }
   }
 
-  [[nodiscard]] int At(const MeasureName& name) const { return m_positions.find(PlaceOf(name))->second; }
+  [[nodiscard]] int At(const Drawn& drawn) const { return m_positions.find(RankOf(drawn))->second; }
 
   [[nodiscard]] Names Ticks() const {
     Names ticks;
@@ -205,27 +217,24 @@ class FamilyAxis {
   }
 
  private:
-  [[nodiscard]] bool HasDistances() const {
-    return m_axis == MeasureAxis::Test || m_axis == MeasureAxis::Minute || m_axis == MeasureAxis::RunningMinute;
-  }
+  [[nodiscard]] bool HasDistances() const { return TraitsOf(m_axis).HasDistances; }
 
   MeasureAxis m_axis;
-  std::map<Place, std::string> m_texts;
-  std::map<Place, int> m_positions;
+  std::map<Rank, std::string> m_texts;
+  std::map<Rank, int> m_positions;
 };
 
 // What the family is made of where its axis lies within tests: its only test, or the only minute or lure, which then
 // goes along the tests. "" where there are several of both, or where the axis goes over all tests anyway.
 std::string TakeCommonPlace(std::vector<Drawn>& family) {
-  const MeasureAxis axis = family.front().Name.Axis;
-  if (axis != MeasureAxis::Minute && axis != MeasureAxis::Lure) return {};
-  if (HaveSame(family, &MeasureName::Test)) return TestText(family.front().Name);
-  if (!HaveSame(family, &MeasureName::Index)) return {};
-  const char* const what = axis == MeasureAxis::Minute ? "minute " : "lure ";
-  std::string common = what + std::to_string(family.front().Name.Index);
+  const auto [axis, place] = std::pair(family.front().Axis, family.front().Place);
+  if (!TraitsOf(axis).LiesWithinTests) return {};
+  if (HaveSame(family, &ColumnPlace::Test)) return TestText(place);
+  if (!HaveSame(family, &ColumnPlace::Index)) return {};
+  std::string common = IndexText(axis, place);
   for (Drawn& drawn : family) {
-    drawn.Name.Axis = MeasureAxis::Test;
-    drawn.Name.Index = drawn.Name.Test;
+    drawn.Axis = MeasureAxis::Test;
+    drawn.Place.Index = drawn.Place.Test;
   }
   return common;
 }
@@ -233,12 +242,10 @@ std::string TakeCommonPlace(std::vector<Drawn>& family) {
 // A series per cell, and per test where the axis lies within several.
 void AddSeries(const MeansTable& means, const MeansCell& cell, const std::vector<Drawn>& family, const FamilyAxis& axis,
                std::vector<PlotSeries>& all) {
-  const MeasureAxis kind = family.front().Name.Axis;
-  const bool perTest =
-      (kind == MeasureAxis::Minute || kind == MeasureAxis::Lure) && !HaveSame(family, &MeasureName::Test);
+  const bool perTest = TraitsOf(family.front().Axis).LiesWithinTests && !HaveSame(family, &ColumnPlace::Test);
   std::map<int, PlotSeries> series;
   for (const Drawn& drawn : family) {
-    AddPoint(series[perTest ? drawn.Name.Test : 0], axis.At(drawn.Name), cell.Measures[drawn.Column]);
+    AddPoint(series[perTest ? drawn.Place.Test : 0], axis.At(drawn), cell.Measures[drawn.Column]);
   }
   for (auto& [test, points] : series) {
     Names names = LevelsFrom(means, cell, 0);
@@ -251,11 +258,10 @@ void AddSeries(const MeansTable& means, const MeansCell& cell, const std::vector
 // Several measures of one family, along what they differ in; `empty` counts the lines without values.
 PlotPicture AlongAxis(const MeansTable& means, std::vector<Drawn> family, std::size_t& empty) {
   PlotPicture picture;
-  picture.YLabel = YLabelOf(family.front().Name, TakeCommonPlace(family));
-  std::sort(family.begin(), family.end(),
-            [](const Drawn& a, const Drawn& b) { return PlaceOf(a.Name) < PlaceOf(b.Name); });
+  picture.YLabel = YLabelOf(family.front(), TakeCommonPlace(family));
+  std::sort(family.begin(), family.end(), [](const Drawn& a, const Drawn& b) { return RankOf(a) < RankOf(b); });
   const FamilyAxis axis(family);
-  picture.XLabel = AxisLabel(family.front().Name.Axis);
+  picture.XLabel = TraitsOf(family.front().Axis).Label;
   picture.Ticks = axis.Ticks();
   picture.HasLines = axis.HasLines();
   for (const MeansCell* cell : DrawnCells(means)) AddSeries(means, *cell, family, axis, picture.Series);

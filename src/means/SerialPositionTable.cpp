@@ -4,25 +4,25 @@
 
 #include "means/SerialPositionTable.h"
 
+#include "master/groups/SerialPositions.h"
 #include "means/MasterFields.h"
 #include "text/Encoding.h"
+#include "text/NumberedText.h"
 
 namespace zova {
 
 namespace {
 
-constexpr std::string_view kPositionName = "SP(Test % Pos %)";
-
 // Test by test, position by position, none missing.
 bool TakeShape(const std::vector<std::string_view>& names, SerialPositionTable& table) {
   if (names.size() < 2 || names.front() != "Type") return false;
-  const auto last = NumbersIn(names.back(), kPositionName);
+  const auto last = NumbersIn(names.back(), kSerialPositionName);
   if (!last) return false;
   const auto [tests, positions] = *last;
   const std::size_t columns = names.size() - 1;
   if (static_cast<std::size_t>(tests) * static_cast<std::size_t>(positions) != columns) return false;
   for (std::size_t column = 0; column < columns; ++column) {
-    const auto numbers = NumbersIn(names[column + 1], kPositionName);
+    const auto numbers = NumbersIn(names[column + 1], kSerialPositionName);
     const int index = static_cast<int>(column);
     if (numbers != std::array<int, 2>{index / positions + 1, index % positions + 1}) return false;
   }

@@ -28,21 +28,19 @@ class ColumnFinder final : public ColumnSink {
       m_measures.emplace(table.Measures[measure], measure);
     }
   }
-  void Count(const ColumnOrigin& origin, const ColumnName& name, std::int16_t) override { (void)Find(origin, name); }
-  void Share(const ColumnOrigin& origin, const ColumnName& name, const Ratio&) override {
-    Shares.push_back(Find(origin, name));
-  }
+  void Count(const MasterColumn& column, std::int16_t) override { (void)Find(column); }
+  void Share(const MasterColumn& column, const Ratio&) override { Shares.push_back(Find(column)); }
 
   FamilySet Families;               // of which the table has a column
   std::vector<std::size_t> Shares;  // the measure of the n-th share of a walk, or kNone
 
  private:
-  std::size_t Find(const ColumnOrigin& origin, const ColumnName& name) {
+  std::size_t Find(const MasterColumn& column) {
     m_name.clear();
-    AppendColumnName(m_name, name);
+    AppendColumnName(m_name, column);
     const auto found = m_measures.find(m_name);
     if (found == m_measures.end()) return kNone;
-    Families.Add(origin.Family);
+    Families.Add(column.Family->Scores);
     return found->second;
   }
 
@@ -63,12 +61,10 @@ ColumnFinder FindColumns(const ProjectParameters& project, const MeasureSelectio
 class ColumnTaker final : public ColumnSink {
  public:
   explicit ColumnTaker(std::vector<std::string>& measures) : m_measures(measures) {}
-  void Count(const ColumnOrigin&, const ColumnName& name, std::int16_t) override {
-    AppendColumnName(m_measures.emplace_back(), name);
-  }
-  void Share(const ColumnOrigin&, const ColumnName& name, const Ratio&) override {
+  void Count(const MasterColumn& column, std::int16_t) override { AppendColumnName(m_measures.emplace_back(), column); }
+  void Share(const MasterColumn& column, const Ratio&) override {
     Shares.push_back(m_measures.size());
-    AppendColumnName(m_measures.emplace_back(), name);
+    AppendColumnName(m_measures.emplace_back(), column);
   }
 
   std::vector<std::size_t> Shares;  // as ColumnFinder has them
@@ -82,8 +78,8 @@ class GapMarker final : public ColumnSink {
  public:
   GapMarker(MasterTable& table, std::size_t row, const std::vector<std::size_t>& shares)
       : m_table(table), m_row(row), m_shares(shares) {}
-  void Count(const ColumnOrigin&, const ColumnName&, std::int16_t) override {}
-  void Share(const ColumnOrigin&, const ColumnName&, const Ratio& value) override {
+  void Count(const MasterColumn&, std::int16_t) override {}
+  void Share(const MasterColumn&, const Ratio& value) override {
     const std::size_t measure = m_shares[m_next++];
     if (measure == kNone || value.Gap == ScoreGap::None || m_table.Value(m_row, measure) != 0) return;
     m_table.Uncomputed[m_row * m_table.Measures.size() + measure] = true;

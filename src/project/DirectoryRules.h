@@ -9,6 +9,11 @@
 
 namespace zova {
 
+/// Why a typed directory is refused, in the wizard and as the destination of a backup.
+inline constexpr const char* kNoDrivePath = "Invalid format. Please redo.";
+inline constexpr const char* kInvalidBackup = "Invalid Backup directory name.";
+inline constexpr const char* kBackupIsPrimary = "The primary and backup directories cannot be the same.";
+
 /// False for what cannot be part of a file's name on every platform: empty, "." and "..", a trailing dot, one of
 /// \\ / : * ? " < > |, a control character.
 bool IsFileNamePart(std::string_view name) noexcept;

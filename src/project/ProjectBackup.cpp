@@ -73,16 +73,16 @@ std::optional<std::string> TakeDestination(const ProjectParameters& project, con
                                            const Platform& platform) {
   const std::string directory = DirectoryFromText(text, platform.Files.Drives());
   if (!HasDrive(directory)) {
-    Warn(platform.Boxes, "Invalid format. Please redo.");
+    Warn(platform.Boxes, kNoDrivePath);
     return std::nullopt;
   }
   bool accepted = false;
   WithRetry(platform.Boxes, [&] {
     platform.Files.Resolve(directory, FileOperation::CreateDirectory);  // on a drive that is not ready nothing is asked
     if (!HasValidComponents(directory) || platform.Files.FileExists(directory)) {
-      Warn(platform.Boxes, "Invalid Backup directory name.");
+      Warn(platform.Boxes, kInvalidBackup);
     } else if (platform.Files.IsSame(directory, project.PrimaryDir)) {
-      Warn(platform.Boxes, "The primary and backup directories cannot be the same.");
+      Warn(platform.Boxes, kBackupIsPrimary);
     } else {
       accepted = ExistsOrIsCreated(directory, platform.Files, platform.Boxes);
     }

@@ -33,6 +33,8 @@ using Tree = std::map<std::string, std::string>;
 inline Tree TreeOf(const std::filesystem::path& root) {
   Tree tree;
   for (const auto& entry : std::filesystem::recursive_directory_iterator(root)) {
+    if (entry.path().filename() == ".zova-lock.tmp")
+      continue;  // Windows' form of a directory's lock: nobody can read it
     const std::string name = entry.path().lexically_relative(root).generic_string();
     tree[name + (entry.is_directory() ? "/" : "")] = entry.is_directory() ? "" : ReadFile(entry.path());
   }
@@ -43,7 +45,7 @@ inline Tree TreeOf(const std::filesystem::path& root) {
 class Scratch {
  public:
   Scratch()
-      : m_root(std::filesystem::canonical(std::filesystem::temp_directory_path()) /
+      : m_root(std::filesystem::canonical(Parent()) /
                ("zova-test-" + std::to_string(std::random_device()()) + std::to_string(std::random_device()()))) {
     std::filesystem::create_directories(m_root / "C");
     std::filesystem::create_directory(m_root / "D");
@@ -76,6 +78,15 @@ class Scratch {
   [[nodiscard]] Tree Snapshot() const { return TreeOf(m_root); }
 
  private:
+  // On Windows the temporary directory lies on the real drive C:, which the scratch drive of that letter hides.
+  static std::filesystem::path Parent() {
+#ifdef _WIN32
+    return std::filesystem::current_path();
+#else
+    return std::filesystem::temp_directory_path();
+#endif
+  }
+
   std::filesystem::path m_root;
   NativeFileLayer m_layer;
 };

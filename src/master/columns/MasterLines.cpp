@@ -24,14 +24,14 @@ constexpr int kMaxColumnCount = INT16_MAX;
 class HeaderSink final : public ColumnSink {
  public:
   explicit HeaderSink(MasterHeaderLine& line) : m_line(line) {}
-  void Count(const ColumnOrigin& origin, const ColumnName& name, std::int16_t) override { Add(origin, name); }
-  void Share(const ColumnOrigin& origin, const ColumnName& name, const Ratio&) override { Add(origin, name); }
+  void Count(const MasterColumn& column, std::int16_t) override { Add(column); }
+  void Share(const MasterColumn& column, const Ratio&) override { Add(column); }
 
  private:
-  void Add(const ColumnOrigin& origin, const ColumnName& name) {
-    m_line.Families.Add(origin.Family);
+  void Add(const MasterColumn& column) {
+    m_line.Families.Add(column.Family->Scores);
     m_line.MasterHeader += ", ";
-    AppendColumnName(m_line.MasterHeader, name);
+    AppendColumnName(m_line.MasterHeader, column);
   }
 
   MasterHeaderLine& m_line;
@@ -40,8 +40,8 @@ class HeaderSink final : public ColumnSink {
 class RowSink final : public ColumnSink {
  public:
   explicit RowSink(std::string& row) : m_row(row) {}
-  void Count(const ColumnOrigin&, const ColumnName&, std::int16_t value) override { Add(static_cast<int>(value)); }
-  void Share(const ColumnOrigin&, const ColumnName&, const Ratio& value) override { Add(value.Cut); }
+  void Count(const MasterColumn&, std::int16_t value) override { Add(static_cast<int>(value)); }
+  void Share(const MasterColumn&, const Ratio& value) override { Add(value.Cut); }
 
  private:
   void Add(int value) {
@@ -63,8 +63,8 @@ class RowSink final : public ColumnSink {
 
 class CountSink final : public ColumnSink {
  public:
-  void Count(const ColumnOrigin& origin, const ColumnName&, std::int16_t) override { Add(origin.Box); }
-  void Share(const ColumnOrigin& origin, const ColumnName&, const Ratio&) override { Add(origin.Box); }
+  void Count(const MasterColumn& column, std::int16_t) override { Add(column.Family->Box); }
+  void Share(const MasterColumn& column, const Ratio&) override { Add(column.Family->Box); }
 
   [[nodiscard]] int Total() const noexcept { return m_total; }
   [[nodiscard]] int Of(Measure box) const noexcept { return m_perBox[static_cast<std::size_t>(box)]; }

@@ -49,6 +49,160 @@ constexpr std::array<MeasureBox, kMeasureCount> kBoxes = {{
      "Adds the number of items gained in each minute of each test after the first."},
 }};
 
+constexpr AxisTraits kAxes[] = {
+    {MeasureAxis::Test, "Test", "test", false, true},
+    {MeasureAxis::TestPair, "Tests", "", false, false},
+    {MeasureAxis::Minute, "Minute", "minute", true, true},
+    {MeasureAxis::RunningMinute, "Minute over all tests", "minute", false, true},
+    {MeasureAxis::Pattern, "Pattern of recall", "", false, false},
+    {MeasureAxis::Lure, "Lure", "lure", true, false},
+};
+
+constexpr MeasureShape kTest = {"(Test %)", MeasureAxis::Test};
+constexpr MeasureShape kLaterTest = {"(Test %)", MeasureAxis::Test, 2};
+constexpr MeasureShape kTestPair = {"(Test % to %)", MeasureAxis::TestPair, 2};
+constexpr MeasureShape kTestPairAndEnds = {"(Test % to %)", MeasureAxis::TestPair, 2, true};
+constexpr MeasureShape kBothTests = {"(Tests % and %)", MeasureAxis::TestPair, 2};
+constexpr MeasureShape kMinuteOfTest = {"(Test % Min %)", MeasureAxis::Minute};
+constexpr MeasureShape kMinuteOfLaterTest = {"(Test % Min %)", MeasureAxis::Minute, 2};
+constexpr MeasureShape kRunningMinute = {"(Min %)", MeasureAxis::RunningMinute, 0};
+constexpr MeasureShape kLetters = {"", MeasureAxis::Pattern, 0};
+constexpr MeasureShape kLureOfTest = {"(Test# % Lure# %)", MeasureAxis::Lure};
+
+template <typename Value>
+std::span<const Value> At(const PerTest<Value>& values, ColumnPlace place) {
+  return {&values[place.Index], 1};
+}
+template <typename Value>
+std::span<const Value> At(const TestTable<Value>& values, ColumnPlace place) {
+  return {values.Test(place.Test), static_cast<std::size_t>(values.RowCount())};
+}
+template <typename Value>
+std::span<const Value> At(const std::vector<Value>& values, ColumnPlace /*place*/) {
+  return values;
+}
+
+template <auto Part, auto Scores>
+auto ValuesAt(const ScoringArrays& scores, ColumnPlace place) {
+  return At((scores.*Part).*Scores, place);
+}
+
+template <auto Part, Ratio RatingChange::*Kind>
+std::span<const Ratio> ChangesAt(const ScoringArrays& scores, ColumnPlace place) {
+  const ItemScores& items = scores.*Part;
+  const bool areNeighbours = place.Test == place.Index - 1;
+  const RatingChange& change = areNeighbours ? items.Changes[place.Index] : items.FirstToLast;
+  return {&(change.*Kind), 1};
+}
+
+template <auto Scores>
+constexpr auto* kTrue = &ValuesAt<&ScoringArrays::True, Scores>;
+template <auto Scores>
+constexpr auto* kLure = &ValuesAt<&ScoringArrays::Lures, Scores>;
+template <auto Kind>
+constexpr auto* kTrueChange = &ChangesAt<&ScoringArrays::True, Kind>;
+template <auto Kind>
+constexpr auto* kLureChange = &ChangesAt<&ScoringArrays::Lures, Kind>;
+template <auto Scores>
+constexpr auto* kCategories = &ValuesAt<&ScoringArrays::Categories, Scores>;
+template <auto Scores>
+constexpr auto* kItr = &ValuesAt<&ScoringArrays::Itr, Scores>;
+template <auto Scores>
+constexpr auto* kPattern = &ValuesAt<&ScoringArrays::Patterns, Scores>;
+template <auto Scores>
+constexpr auto* kWhich = &ValuesAt<&ScoringArrays::Which, Scores>;
+
+// The order is kept as it is: losses stand before gains, but a lure's gains before its losses; the lures' gains by
+// rating stand behind their averages, those of true items before everything categorical.
+constexpr MeasureFamily kFamilies[] = {
+    {"Net", kTest, Measure::Basic, ScoreFamily::Basic, kTrue<&ItemScores::Net>, "Net recall", "items"},
+    {"Losses", kTestPair, Measure::Basic, ScoreFamily::Basic, kTrue<&ItemScores::Losses>, "Losses between tests",
+     "items"},
+    {"Gains", kTestPair, Measure::Basic, ScoreFamily::Basic, kTrue<&ItemScores::Gains>, "Gains between tests", "items"},
+    {"RecallByMin", kMinuteOfTest, Measure::MinNet, ScoreFamily::Minutes, kTrue<&ItemScores::RecallByMin>,
+     "Recall by minute", "items"},
+    {"CumulativeRecall", kRunningMinute, Measure::MinCum, ScoreFamily::Minutes, kTrue<&ItemScores::CumulativeRecall>,
+     "Cumulative recall", "items"},
+    {"GainsByMin", kMinuteOfLaterTest, Measure::MinGains, ScoreFamily::Minutes, kTrue<&ItemScores::GainsByMin>,
+     "Gains by minute", "items"},
+    {"GainsAboveMedian", kLaterTest, Measure::Rat, ScoreFamily::Ratings, kTrue<&ItemScores::GainsAboveMid>,
+     "Gains rated above the scale midpoint", "items"},
+    {"GainsBelowMedian", kLaterTest, Measure::Rat, ScoreFamily::Ratings, kTrue<&ItemScores::GainsBelowMid>,
+     "Gains rated below the scale midpoint", "items", Needs::Nothing, MeasureFamily::BesideLast},
+    {"GainsAtMedian", kLaterTest, Measure::Rat, ScoreFamily::Ratings, kTrue<&ItemScores::GainsAtMid>,
+     "Gains rated at the scale midpoint", "items", Needs::Nothing, MeasureFamily::BesideLast},
+    {"ItemsWithPattern", kLetters, Measure::IP, ScoreFamily::Patterns, kPattern<&PatternCounts::ItemsWithPattern>,
+     "Frequency of the recall pattern", "items"},
+    {"ArcScore", kTest, Measure::Cat, ScoreFamily::Categories, kCategories<&CategoryScores::ArcScore>,
+     "Adjusted ratio of clustering (ARC)", "", Needs::Nothing, MeasureFamily::IndividualOnly},
+    {"Bi-ITR", kBothTests, Measure::Bi, ScoreFamily::Itr, kItr<&ItrScores::BiItr>,
+     "Bi-directional inter-test repetition", "pairs", Needs::Nothing, MeasureFamily::IndividualOnly},
+    {"#OfCategoriesUsed", kTest, Measure::Cat, ScoreFamily::Categories, kCategories<&CategoryScores::CatsUsed>,
+     "Category recall", "categories"},
+    {"#OfCats", kMinuteOfTest, Measure::MinCat, ScoreFamily::Categories, kCategories<&CategoryScores::CatsByMin>,
+     "Category recall by minute", "categories", Needs::Categories},
+    {"AvgItemsPerCat", kTest, Measure::Cat, ScoreFamily::Categories, kCategories<&CategoryScores::ItemsPerCat>,
+     "Recall per category", "items"},
+    {"RatingAvg", kTest, Measure::Rat, ScoreFamily::Ratings, kTrue<&ItemScores::RatingAvg>, "Average rating",
+     "rating points"},
+    {"RateAboveMedian", kTest, Measure::Rat, ScoreFamily::Ratings, kTrue<&ItemScores::RateAboveMid>,
+     "Recall rated above the scale midpoint", "items"},
+    {"RateBelowMedian", kTest, Measure::Rat, ScoreFamily::Ratings, kTrue<&ItemScores::RateBelowMid>,
+     "Recall rated below the scale midpoint", "items", Needs::Nothing, MeasureFamily::BesideLast},
+    {"RateAtMedian", kTest, Measure::Rat, ScoreFamily::Ratings, kTrue<&ItemScores::RateAtMid>,
+     "Recall rated at the scale midpoint", "items", Needs::Nothing, MeasureFamily::BesideLast},
+    {"Up", kTestPairAndEnds, Measure::Rat, ScoreFamily::Ratings, kTrueChange<&RatingChange::Up>,
+     "Ratings raised between tests", "share of items", Needs::Nothing, MeasureFamily::IndividualOnly},
+    {"Down", kTestPairAndEnds, Measure::Rat, ScoreFamily::Ratings, kTrueChange<&RatingChange::Down>,
+     "Ratings lowered between tests", "share of items", Needs::Nothing,
+     MeasureFamily::IndividualOnly | MeasureFamily::BesideLast},
+    {"Same", kTestPairAndEnds, Measure::Rat, ScoreFamily::Ratings, kTrueChange<&RatingChange::Same>,
+     "Ratings kept between tests", "share of items", Needs::Nothing,
+     MeasureFamily::IndividualOnly | MeasureFamily::BesideLast},
+    {"FalseNet", kTest, Measure::FBasic, ScoreFamily::Lures, kLure<&ItemScores::Net>, "False recall", "lures"},
+    {"LureGain", kTestPair, Measure::FBasic, ScoreFamily::Lures, kLure<&ItemScores::Gains>,
+     "Lures gained between tests", "lures"},
+    {"LureLoss", kTestPair, Measure::FBasic, ScoreFamily::Lures, kLure<&ItemScores::Losses>, "Lures lost between tests",
+     "lures"},
+    {"FalseByMin", kMinuteOfTest, Measure::MinNet, ScoreFamily::Lures, kLure<&ItemScores::RecallByMin>,
+     "False recall by minute", "lures", Needs::Lures},
+    {"FalseCumulative", kRunningMinute, Measure::MinCum, ScoreFamily::Lures, kLure<&ItemScores::CumulativeRecall>,
+     "Cumulative false recall", "lures", Needs::Lures},
+    {"LureGainByMin", kMinuteOfLaterTest, Measure::MinGains, ScoreFamily::Lures, kLure<&ItemScores::GainsByMin>,
+     "Lures gained by minute", "lures", Needs::Lures},
+    {"FalseRateAvg", kTest, Measure::Rat, ScoreFamily::Lures, kLure<&ItemScores::RatingAvg>,
+     "Average rating of false recall", "rating points", Needs::Lures},
+    {"FalseAboveMid", kTest, Measure::Rat, ScoreFamily::Lures, kLure<&ItemScores::RateAboveMid>,
+     "False recall rated above the scale midpoint", "lures", Needs::Lures},
+    {"FalseBelowMid", kTest, Measure::Rat, ScoreFamily::Lures, kLure<&ItemScores::RateBelowMid>,
+     "False recall rated below the scale midpoint", "lures", Needs::Lures, MeasureFamily::BesideLast},
+    {"FalseAtMid", kTest, Measure::Rat, ScoreFamily::Lures, kLure<&ItemScores::RateAtMid>,
+     "False recall rated at the scale midpoint", "lures", Needs::Lures, MeasureFamily::BesideLast},
+    {"FalseGainsAboveMid", kLaterTest, Measure::Rat, ScoreFamily::Lures, kLure<&ItemScores::GainsAboveMid>,
+     "Gained lures rated above the scale midpoint", "lures", Needs::Lures},
+    {"FalseGainsBelowMid", kLaterTest, Measure::Rat, ScoreFamily::Lures, kLure<&ItemScores::GainsBelowMid>,
+     "Gained lures rated below the scale midpoint", "lures", Needs::Lures, MeasureFamily::BesideLast},
+    {"FalseGainsAtMid", kLaterTest, Measure::Rat, ScoreFamily::Lures, kLure<&ItemScores::GainsAtMid>,
+     "Gained lures rated at the scale midpoint", "lures", Needs::Lures, MeasureFamily::BesideLast},
+    {"FalseUp", kTestPairAndEnds, Measure::Rat, ScoreFamily::Lures, kLureChange<&RatingChange::Up>,
+     "Ratings of lures raised between tests", "share of lures", Needs::Lures, MeasureFamily::IndividualOnly},
+    {"FalseDown", kTestPairAndEnds, Measure::Rat, ScoreFamily::Lures, kLureChange<&RatingChange::Down>,
+     "Ratings of lures lowered between tests", "share of lures", Needs::Lures,
+     MeasureFamily::IndividualOnly | MeasureFamily::BesideLast},
+    {"FalseSame", kTestPairAndEnds, Measure::Rat, ScoreFamily::Lures, kLureChange<&RatingChange::Same>,
+     "Ratings of lures kept between tests", "share of lures", Needs::Lures,
+     MeasureFamily::IndividualOnly | MeasureFamily::BesideLast},
+    {"Lure", kLureOfTest, Measure::FWhich, ScoreFamily::Lures, kWhich<&LureScores::LureRecalled>, "Recall of the lure",
+     "share of subjects"},
+    {"ItemsPreLure", kTest, Measure::FPos, ScoreFamily::Lures, kWhich<&LureScores::ItemsPreLure>,
+     "Associates recalled before the lure", "items", Needs::Nothing, MeasureFamily::IndividualOnly},
+    {"ItemsPostLure", kTest, Measure::FPos, ScoreFamily::Lures, kWhich<&LureScores::ItemsPostLure>,
+     "Associates recalled after the lure", "items", Needs::Nothing,
+     MeasureFamily::IndividualOnly | MeasureFamily::BesideLast},
+    {"LuresWithPattern", kLetters, Measure::FIP, ScoreFamily::Patterns, kPattern<&PatternCounts::LuresWithPattern>,
+     "Frequency of the recall pattern", "lures"},
+};
+
 }  // namespace
 
 bool HasDataFor(unsigned needs, const ProjectParameters& project) {
@@ -62,6 +216,14 @@ bool HasDataFor(unsigned needs, const ProjectParameters& project) {
 }
 
 const std::array<MeasureBox, kMeasureCount>& AllMeasureBoxes() { return kBoxes; }
+
+unsigned NeedsOf(const MeasureFamily& family) {
+  return kBoxes[static_cast<std::size_t>(family.Box)].Needs | family.MoreNeeds;
+}
+
+std::span<const MeasureFamily> AllMeasureFamilies() { return kFamilies; }
+
+const AxisTraits& TraitsOf(MeasureAxis axis) { return kAxes[static_cast<std::size_t>(axis)]; }
 
 std::optional<Measure> MeasureByName(std::string_view name) {
   for (const MeasureBox& box : kBoxes) {

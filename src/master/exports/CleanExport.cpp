@@ -14,13 +14,13 @@ namespace {
 class NameSink final : public ColumnSink {
  public:
   explicit NameSink(CsvHeader& header) : m_header(header) {}
-  void Count(const ColumnOrigin&, const ColumnName& name, std::int16_t) override { Add(name); }
-  void Share(const ColumnOrigin&, const ColumnName& name, const Ratio&) override { Add(name); }
+  void Count(const MasterColumn& column, std::int16_t) override { Add(column); }
+  void Share(const MasterColumn& column, const Ratio&) override { Add(column); }
 
  private:
-  void Add(const ColumnName& name) {
+  void Add(const MasterColumn& column) {
     m_name.clear();
-    AppendColumnName(m_name, name);
+    AppendColumnName(m_name, column);
     m_header.Add(m_name);
   }
 
@@ -31,18 +31,18 @@ class NameSink final : public ColumnSink {
 class ValueSink final : public ColumnSink {
  public:
   ValueSink(std::string& row, std::string& reasons) : m_row(row), m_reasons(reasons) {}
-  void Count(const ColumnOrigin&, const ColumnName&, std::int16_t value) override {
+  void Count(const MasterColumn&, std::int16_t value) override {
     m_row += ',';
     AppendNumber(m_row, static_cast<int>(value));
   }
-  void Share(const ColumnOrigin&, const ColumnName& name, const Ratio& value) override {
+  void Share(const MasterColumn& column, const Ratio& value) override {
     m_row += ',';
     if (value.Gap == ScoreGap::None) {
       AppendExactNumber(m_row, value.Uncut);
       return;
     }
     if (!m_reasons.empty()) m_reasons += "; ";
-    AppendColumnName(m_reasons, name);
+    AppendColumnName(m_reasons, column);
     m_reasons.append(": ").append(ScoreGapText(value.Gap));
   }
 

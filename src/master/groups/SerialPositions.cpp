@@ -10,6 +10,7 @@
 
 #include "scoring/Score.h"
 #include "text/NumberText.h"
+#include "text/NumberedText.h"
 
 namespace zova {
 
@@ -54,7 +55,8 @@ std::string FormatSerialPositionMaster(const SerialCounts& counts, int testCount
   for (int t = 1; t <= testCount; ++t) {
     for (int p = 1; p <= counts.RowCount(); ++p) {
       shares.At(p, t) = counts.At(p, t) / static_cast<float>(subjectCount);
-      out += ", SP(Test " + std::to_string(t) + " Pos " + std::to_string(p) + ")";
+      out += ", ";
+      AppendNumbered(out, kSerialPositionName, t, p);
     }
   }
   out += "\r\n";

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "project/ProjectParameters.h"
@@ -16,6 +17,9 @@ using SerialOrder = std::vector<std::int16_t>;
 
 /// Number of recalls per serial position (row) and test.
 using SerialCounts = TestTable<float>;
+
+/// The columns of the serial-position master: test, position.
+inline constexpr std::string_view kSerialPositionName = "SP(Test % Pos %)";
 
 /// Adds the entries of one subject's lists (lure-free in a false-memory project). Blanks have no serial position.
 void AccumulateSerialPositions(const RecallLists& lists, const SerialOrder& order, SerialCounts& counts);

@@ -9,12 +9,9 @@
 #include <utility>
 
 #ifdef _WIN32
-#ifndef NOMINMAX
-#define NOMINMAX
-#endif
-#include <windows.h>
-
 #include <string>
+
+#include "platform/files/WindowsFiles.h"
 #else
 #include <fcntl.h>
 #include <sys/file.h>
@@ -43,17 +40,19 @@ HANDLE AsHandle(std::intptr_t handle) noexcept { return reinterpret_cast<HANDLE>
 
 void Close(std::intptr_t handle) noexcept { CloseHandle(AsHandle(handle)); }
 
-bool IsLockOn(std::intptr_t held, const std::filesystem::path& directory) {
-  constexpr DWORD kLongestPath = 32768;
-  std::wstring name(kLongestPath, L'\0');
-  name.resize(GetFinalPathNameByHandleW(AsHandle(held), name.data(), kLongestPath, FILE_NAME_NORMALIZED));
-  std::error_code code;
-  return std::filesystem::equivalent(std::filesystem::path(name).parent_path(), directory, code);
+bool IsSameFile(HANDLE left, HANDLE right) {
+  BY_HANDLE_FILE_INFORMATION leftFacts = {};
+  BY_HANDLE_FILE_INFORMATION rightFacts = {};
+  return GetFileInformationByHandle(left, &leftFacts) != 0 && GetFileInformationByHandle(right, &rightFacts) != 0 &&
+         leftFacts.dwVolumeSerialNumber == rightFacts.dwVolumeSerialNumber &&
+         leftFacts.nFileIndexHigh == rightFacts.nFileIndexHigh && leftFacts.nFileIndexLow == rightFacts.nFileIndexLow;
 }
 
 Taken Take(const std::filesystem::path& directory, std::intptr_t held) {
-  if (held != kNone && IsLockOn(held, directory)) return {Outcome::Held, held};
-  const HANDLE file = CreateFileW((directory / L".zova-lock.tmp").c_str(), GENERIC_WRITE, 0, nullptr, OPEN_ALWAYS,
+  const std::wstring name = WindowsName(directory / L".zova-lock.tmp");
+  const WindowsHandle present = OpenForFacts(name);
+  if (held != kNone && present && IsSameFile(present.get(), AsHandle(held))) return {Outcome::Held, held};
+  const HANDLE file = CreateFileW(name.c_str(), GENERIC_WRITE, 0, nullptr, OPEN_ALWAYS,
                                   FILE_ATTRIBUTE_HIDDEN | FILE_FLAG_DELETE_ON_CLOSE, nullptr);
   if (file != INVALID_HANDLE_VALUE) return {Outcome::Held, reinterpret_cast<std::intptr_t>(file)};
   return {GetLastError() == ERROR_SHARING_VIOLATION ? Outcome::InUse : Outcome::Unavailable};

@@ -38,14 +38,13 @@ DriveMap::DriveMap(std::vector<Drive> drives) : m_drives(std::move(drives)) {
 }
 
 DriveMap DriveMap::FromEnvironment() {
-  if (const char* setting = std::getenv("ZOVA_DRIVES"); setting != nullptr && *setting != '\0') return Parse(setting);
   std::vector<Drive> drives;
-  if (!kDrivesAreNative) {
-    if (const char* home = std::getenv("HOME"); home != nullptr && *home != '\0') {
-      drives.push_back({'C', PathFromText(home)});
-    }
-    drives.push_back({'Z', PathFromText("/")});
+  if (kDrivesAreNative) return DriveMap(std::move(drives));
+  if (const char* setting = std::getenv("ZOVA_DRIVES"); setting != nullptr && *setting != '\0') return Parse(setting);
+  if (const char* home = std::getenv("HOME"); home != nullptr && *home != '\0') {
+    drives.push_back({'C', PathFromText(home)});
   }
+  drives.push_back({'Z', PathFromText("/")});
   return DriveMap(std::move(drives));
 }
 
@@ -63,24 +62,25 @@ DriveMap DriveMap::Parse(std::string_view setting) {
 }
 
 std::optional<std::filesystem::path> DriveMap::ToNative(std::string_view path) const {
-  // A bare "C:" would be the current directory of that drive.
-  if (kDrivesAreNative)
-    return PathFromText(HasDrive(path) && path.size() == 2 ? std::string(path) + "\\" : std::string(path));
   if (!HasDrive(path)) {
-    if (!path.empty() && path.front() == '/') return PathFromText(path);
-    return std::nullopt;
+    std::filesystem::path native = PathFromText(path);
+    const bool isOnServer = kDrivesAreNative && path.starts_with("\\\\");
+    return isOnServer || native.is_absolute() ? std::optional(native.make_preferred()) : std::nullopt;
   }
   const auto drive = std::find_if(m_drives.begin(), m_drives.end(),
                                   [letter = Upper(path[0])](const Drive& d) { return d.Letter == letter; });
-  if (drive == m_drives.end()) return std::nullopt;
-  std::filesystem::path native = drive->Root;
+  if (drive == m_drives.end() && !kDrivesAreNative) return std::nullopt;
+  // Begins at the root in any case: "C:" and "C:name" alone would go by that drive's current directory.
+  std::filesystem::path native =
+      drive != m_drives.end() ? drive->Root : PathFromText(std::string(path.substr(0, 2)) + "\\");
   for (const std::string_view component : PathComponents(path)) native /= PathFromText(component);
   return native;
 }
 
 std::string DriveMap::ToDrivePath(std::string_view path) const {
-  if (kDrivesAreNative || path.empty() || path.front() != '/') return std::string(path);
-  const std::filesystem::path native = PathFromText(path).lexically_normal();
+  std::filesystem::path native = PathFromText(path);
+  if (!native.is_absolute()) return std::string(path);
+  native = native.lexically_normal();
   const Drive* best = nullptr;
   std::ptrdiff_t bestCovered = -1;
   for (const Drive& drive : m_drives) {

@@ -12,7 +12,8 @@
 namespace zova {
 
 /// Between the drive-letter paths that all files and screens speak ("C:\Data\Sdata", UTF-8, backslashes) and the
-/// platform's own paths. A map of drive letters to directories; on Windows the identity.
+/// platform's own paths. A map of drive letters to directories. On Windows a letter outside the map is the system's own
+/// drive, and the environment's map is empty: every path is itself.
 class DriveMap {
  public:
   struct Drive {
@@ -23,7 +24,7 @@ class DriveMap {
   explicit DriveMap(std::vector<Drive> drives);
 
   /// `C:` is the home directory and `Z:` the root of the file system; the environment variable ZOVA_DRIVES
-  /// ("C=/dir;D=/dir") replaces the whole map.
+  /// ("C=/dir;D=/dir") replaces the whole map. Neither holds on Windows.
   static DriveMap FromEnvironment();
   /// `setting` in the form of ZOVA_DRIVES. Parts that are no assignment to a letter are passed over.
   static DriveMap Parse(std::string_view setting);

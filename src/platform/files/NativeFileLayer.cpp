@@ -1,7 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// The standard library but for what it lacks: pushing a file and a directory to the disk, and opening a file that must
-// not exist yet by a wide name on Windows.
+// The file layer of POSIX systems: the standard library but for what it lacks, pushing a file and a directory to the
+// disk and asking what this user may do. WindowsFileLayer.cpp has its Windows half.
+
+#ifndef _WIN32
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include <cerrno>
 #include <cstdio>
@@ -10,19 +16,6 @@
 
 #include "platform/files/DriveMap.h"
 #include "platform/files/FileLayer.h"
-
-#ifdef _WIN32
-#ifndef NOMINMAX
-#define NOMINMAX
-#endif
-#include <io.h>
-#include <windows.h>
-#undef CreateDirectory  // a macro there, a function of the layer here
-#else
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-#endif
 
 namespace zova {
 
@@ -41,24 +34,12 @@ void Check(const std::error_code& code) {
 
 std::FILE* Open(const fs::path& path, const char* mode) {
   errno = 0;
-#ifdef _WIN32
-  std::wstring wideMode;
-  for (const char* c = mode; *c != '\0'; ++c) wideMode += static_cast<wchar_t>(*c);
-  std::FILE* file = _wfopen(path.c_str(), wideMode.c_str());
-#else
   std::FILE* file = std::fopen(path.c_str(), mode);
-#endif
   if (file == nullptr) ThrowErrno();
   return file;
 }
 
-int FlushToDisk(std::FILE* file) {
-#ifdef _WIN32
-  return _commit(_fileno(file));
-#else
-  return fsync(fileno(file));
-#endif
-}
+int FlushToDisk(std::FILE* file) { return fsync(fileno(file)); }
 
 struct FileCloser {
   void operator()(std::FILE* file) const noexcept { (void)std::fclose(file); }
@@ -119,36 +100,15 @@ EntryKind NativeFileLayer::Kind(const fs::path& path) {
 }
 
 std::optional<FileIdentity> NativeFileLayer::Identity(const fs::path& path) {
-#ifdef _WIN32
-  constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-  // Backup semantics: a directory can be opened in no other way.
-  const HANDLE handle = CreateFileW(path.c_str(), FILE_READ_ATTRIBUTES, kShareAll, nullptr, OPEN_EXISTING,
-                                    FILE_FLAG_BACKUP_SEMANTICS, nullptr);
-  BY_HANDLE_FILE_INFORMATION information = {};
-  const bool isKnown = handle != INVALID_HANDLE_VALUE && GetFileInformationByHandle(handle, &information) != 0;
-  const std::error_code code(static_cast<int>(GetLastError()), std::system_category());
-  if (handle != INVALID_HANDLE_VALUE) CloseHandle(handle);
-  if (!isKnown && Kind(path) == EntryKind::Missing) return std::nullopt;
-  if (!isKnown) Check(code);
-  const auto high = static_cast<std::uint64_t>(information.nFileIndexHigh);
-  return FileIdentity{information.dwVolumeSerialNumber, (high << 32) | information.nFileIndexLow,
-                      information.nNumberOfLinks};
-#else
   struct stat status = {};
   if (stat(path.c_str(), &status) == 0) return FileIdentity{status.st_dev, status.st_ino, status.st_nlink};
   if (errno == ENOENT || errno == ENOTDIR) return std::nullopt;
   ThrowErrno();
-#endif
 }
 
 bool NativeFileLayer::CanEnter(const fs::path& path) {
   std::error_code code;
-#ifdef _WIN32
-  const fs::directory_iterator attempt(path, code);  // only opening it tells what its access list allows
-  return !code;
-#else
   return fs::is_directory(path, code) && access(path.c_str(), R_OK | X_OK) == 0;
-#endif
 }
 
 bool NativeFileLayer::IsReadOnly(const fs::path& path) {
@@ -157,11 +117,7 @@ bool NativeFileLayer::IsReadOnly(const fs::path& path) {
   constexpr fs::perms kAnyWrite = fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
   if (!fs::exists(status)) return false;
   if ((status.permissions() & kAnyWrite) == fs::perms::none) return true;  // the system's administrator too is told
-#ifdef _WIN32
-  return false;
-#else
   return access(path.c_str(), W_OK) != 0;
-#endif
 }
 
 fs::path NativeFileLayer::RealPath(const fs::path& path) {
@@ -239,11 +195,9 @@ void NativeFileLayer::Truncate(const fs::path& path, std::uintmax_t size) {
 }
 
 void NativeFileLayer::CopyPermissions(const fs::path& from, const fs::path& to) {
-#ifndef _WIN32
   struct stat owner = {};
   // The group too, where the user may: colleagues who shared the old file share the new one.
   if (stat(from.c_str(), &owner) == 0 && chown(to.c_str(), static_cast<uid_t>(-1), owner.st_gid) != 0) errno = 0;
-#endif
   std::error_code code;
   const fs::perms permissions = fs::status(from, code).permissions();
   Check(code);
@@ -258,14 +212,10 @@ void NativeFileLayer::Rename(const fs::path& from, const fs::path& to) {
 }
 
 void NativeFileLayer::FlushDirectory(const fs::path& directory) {
-#ifndef _WIN32
   const int handle = open(directory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
   if (handle < 0) return;  // a directory that may be written but not read: nothing can be pushed
   (void)fsync(handle);     // some network file systems refuse this; the file itself is safe already
   (void)close(handle);
-#else
-  (void)directory;
-#endif
 }
 
 void NativeFileLayer::Remove(const fs::path& path) {
@@ -281,3 +231,5 @@ void NativeFileLayer::CreateDirectory(const fs::path& path) {
 }
 
 }  // namespace zova
+
+#endif

@@ -9,7 +9,6 @@ namespace zova {
 namespace {
 
 constexpr const char* kInvalidPrimary = "Invalid Primary directory name.";
-constexpr const char* kInvalidBackup = "Invalid Backup directory name.";
 
 bool IsDriveReady(const std::string& directory, Disk& disk) {
   try {
@@ -22,7 +21,7 @@ bool IsDriveReady(const std::string& directory, Disk& disk) {
 // Whether the directory of `box` is there when this returns; if need be it was created.
 WizardFault CheckDirectory(WizardBox box, const char* invalidText, WizardState& state, const Platform& platform) {
   std::string& directory = state.Entries.Text(box);
-  if (!HasDrive(directory)) return Refuse(platform, "Invalid format. Please redo.", box);
+  if (!HasDrive(directory)) return Refuse(platform, kNoDrivePath, box);
   if (!IsDriveReady(directory, platform.Files)) return Refuse(platform, kDriveNotReady, box);
   try {
     if (!HasValidComponents(directory) || platform.Files.FileExists(directory))
@@ -46,7 +45,7 @@ bool WishesToChange(MessageBoxes& boxes) {
 WizardFault CheckPair(const std::string& primary, const std::string& backup, const Platform& platform) {
   try {
     if (platform.Files.IsSame(primary, backup)) {
-      return Refuse(platform, "The primary and backup directories cannot be the same.", WizardBox::Backup);
+      return Refuse(platform, kBackupIsPrimary, WizardBox::Backup);
     }
   } catch (const FileError&) {
     return Refuse(platform, kInvalidBackup, WizardBox::Backup);

@@ -1,0 +1,299 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The file layer on Windows, by its own calls: the C library and the standard library above it refuse long paths, and
+// report a file that another program has open as a denied permission or an input/output error.
+
+#ifdef _WIN32
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+#include <system_error>
+
+#include "platform/files/DriveMap.h"
+#include "platform/files/FileLayer.h"
+#include "platform/files/WindowsFiles.h"
+
+namespace zova {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+constexpr std::wstring_view kLongPrefix = L"\\\\?\\";
+constexpr std::wstring_view kLongServerPrefix = L"\\\\?\\UNC\\";
+
+[[noreturn]] void Throw(std::errc code) { throw std::system_error(std::make_error_code(code)); }
+
+void Require(BOOL succeeded) {
+  if (succeeded == 0) ThrowLastError();
+}
+
+bool IsMissing(DWORD error) noexcept {
+  return error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND || error == ERROR_INVALID_NAME ||
+         error == ERROR_BAD_NETPATH || error == ERROR_INVALID_DRIVE || error == ERROR_NOT_READY;
+}
+
+bool IsLink(DWORD attributes) noexcept { return (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0; }
+
+EntryKind KindOf(DWORD attributes) noexcept {
+  return (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0 ? EntryKind::Directory : EntryKind::File;
+}
+
+WindowsHandle Open(const fs::path& path, DWORD access, DWORD disposition) {
+  const HANDLE handle =
+      CreateFileW(WindowsName(path).c_str(), access, kShareAll, nullptr, disposition, FILE_ATTRIBUTE_NORMAL, nullptr);
+  if (handle == INVALID_HANDLE_VALUE) ThrowLastError();
+  return WindowsHandle(handle);
+}
+
+class WindowsOutputFile final : public OutputFile {
+ public:
+  explicit WindowsOutputFile(WindowsHandle file) : m_file(std::move(file)) {}
+
+  void Write(std::string_view bytes) override {
+    constexpr std::size_t kMostAtOnce = 1UL << 30U;
+    while (!bytes.empty()) {
+      DWORD written = 0;
+      Require(WriteFile(m_file.get(), bytes.data(), static_cast<DWORD>(std::min(bytes.size(), kMostAtOnce)), &written,
+                        nullptr));
+      if (written == 0) Throw(std::errc::no_space_on_device);
+      bytes.remove_prefix(written);
+    }
+  }
+  void Flush() override { Require(FlushFileBuffers(m_file.get())); }
+  void Close() override {
+    if (m_file) Require(CloseHandle(m_file.release()));
+  }
+
+ private:
+  WindowsHandle m_file;
+};
+
+std::unique_ptr<OutputFile> OpenOutput(const fs::path& path, DWORD access, DWORD disposition) {
+  return std::make_unique<WindowsOutputFile>(Open(path, access, disposition));
+}
+
+struct SearchCloser {
+  using pointer = HANDLE;
+  void operator()(HANDLE search) const noexcept { FindClose(search); }
+};
+using SearchHandle = std::unique_ptr<HANDLE, SearchCloser>;
+
+// What stands in a directory, one call of `take` for each.
+template <typename Take>
+void ForEachEntry(const fs::path& directory, Take&& take) {
+  WIN32_FIND_DATAW found = {};
+  const HANDLE search = FindFirstFileExW(WindowsName(directory / L"*").c_str(), FindExInfoBasic, &found,
+                                         FindExSearchNameMatch, nullptr, FIND_FIRST_EX_LARGE_FETCH);
+  if (search == INVALID_HANDLE_VALUE) {
+    if (GetLastError() == ERROR_FILE_NOT_FOUND) return;  // a drive without a file
+    ThrowLastError();
+  }
+  const SearchHandle closer(search);
+  do {
+    const std::wstring_view name = &found.cFileName[0];
+    if (name != L"." && name != L"..") take(fs::path(name), found.dwFileAttributes);
+  } while (FindNextFileW(search, &found) != 0);
+  if (GetLastError() != ERROR_NO_MORE_FILES) ThrowLastError();
+}
+
+}  // namespace
+
+void ThrowLastError() {
+  const std::error_code code(static_cast<int>(GetLastError()), std::system_category());
+  const std::error_condition portable = code.default_error_condition();
+  // The words of every other system, but for a file that is in use, which those have no word for.
+  if (code.value() == ERROR_SHARING_VIOLATION || portable.category() != std::generic_category()) {
+    throw std::system_error(code);
+  }
+  throw std::system_error(portable.value(), portable.category());
+}
+
+std::wstring WindowsName(const fs::path& path) {
+  constexpr std::size_t kSafeLength = MAX_PATH - 12;  // a directory must leave room for a short name
+  const std::wstring& name = path.native();
+  if (name.size() < kSafeLength || name.starts_with(kLongPrefix)) return name;
+  // Behind the prefix Windows resolves nothing: neither "..", nor "/", nor a relative path.
+  std::wstring full(GetFullPathNameW(name.c_str(), 0, nullptr, nullptr), L'\0');
+  full.resize(GetFullPathNameW(name.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr));
+  return full.starts_with(L"\\\\") ? std::wstring(kLongServerPrefix) + full.substr(2)
+                                   : std::wstring(kLongPrefix) + full;
+}
+
+WindowsHandle OpenForFacts(const std::wstring& name) noexcept {
+  const HANDLE handle =
+      CreateFileW(name.c_str(), 0, kShareAll, nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+  return WindowsHandle(handle == INVALID_HANDLE_VALUE ? nullptr : handle);
+}
+
+bool IsReservedName(const fs::path& path) {
+  std::wstring name = path.filename().native();
+  name.resize(std::min(name.find_first_of(L".:"), name.size()));
+  name.resize(name.find_last_not_of(L' ') + 1);
+  for (wchar_t& c : name) {
+    if (c >= L'a' && c <= L'z') c = static_cast<wchar_t>(c - L'a' + L'A');
+  }
+  constexpr std::array<std::wstring_view, 6> kWhole = {L"CON", L"PRN", L"AUX", L"NUL", L"CONIN$", L"CONOUT$"};
+  if (std::find(kWhole.begin(), kWhole.end(), name) != kWhole.end()) return true;
+  constexpr std::wstring_view kPorts = L"123456789\u00B9\u00B2\u00B3";
+  return name.size() == 4 && (name.starts_with(L"COM") || name.starts_with(L"LPT")) &&
+         kPorts.find(name.back()) != std::wstring_view::npos;
+}
+
+EntryKind NativeFileLayer::Kind(const fs::path& path) {
+  if (IsReservedName(path)) return EntryKind::Device;
+  const DWORD attributes = GetFileAttributesW(WindowsName(path).c_str());
+  if (attributes == INVALID_FILE_ATTRIBUTES) {
+    if (IsMissing(GetLastError())) return EntryKind::Missing;
+    ThrowLastError();
+  }
+  if (IsLink(attributes) && !OpenForFacts(WindowsName(path))) return EntryKind::Missing;  // it leads nowhere
+  return KindOf(attributes);
+}
+
+std::optional<FileIdentity> NativeFileLayer::Identity(const fs::path& path) {
+  if (Kind(path) == EntryKind::Missing) return std::nullopt;
+  const WindowsHandle handle = OpenForFacts(WindowsName(path));
+  if (!handle) ThrowLastError();
+  BY_HANDLE_FILE_INFORMATION facts = {};
+  Require(GetFileInformationByHandle(handle.get(), &facts));
+  const auto high = static_cast<std::uint64_t>(facts.nFileIndexHigh);
+  return FileIdentity{facts.dwVolumeSerialNumber, (high << 32) | facts.nFileIndexLow, facts.nNumberOfLinks};
+}
+
+bool NativeFileLayer::CanEnter(const fs::path& path) {
+  try {
+    if (Kind(path) != EntryKind::Directory) return false;
+    ForEachEntry(path, [](const fs::path&, DWORD) {});  // only opening it shows what its access list allows
+    return true;
+  } catch (const std::system_error&) {
+    return false;
+  }
+}
+
+bool NativeFileLayer::IsReadOnly(const fs::path& path) {
+  const DWORD attributes = GetFileAttributesW(WindowsName(path).c_str());
+  return attributes != INVALID_FILE_ATTRIBUTES && KindOf(attributes) == EntryKind::File &&
+         (attributes & FILE_ATTRIBUTE_READONLY) != 0;
+}
+
+fs::path NativeFileLayer::RealPath(const fs::path& path) {
+  const std::wstring name = WindowsName(path);
+  const DWORD attributes = GetFileAttributesW(name.c_str());
+  if (attributes == INVALID_FILE_ATTRIBUTES || !IsLink(attributes)) return path;
+  const WindowsHandle file = OpenForFacts(name);
+  if (!file) return path;
+  constexpr DWORD kLongestPath = 32768;
+  std::wstring real(kLongestPath, L'\0');
+  real.resize(GetFinalPathNameByHandleW(file.get(), real.data(), kLongestPath, FILE_NAME_NORMALIZED));
+  if (real.empty()) return path;
+  if (real.starts_with(kLongServerPrefix)) return L"\\\\" + real.substr(kLongServerPrefix.size());
+  return real.starts_with(kLongPrefix) ? real.substr(kLongPrefix.size()) : real;
+}
+
+std::uintmax_t NativeFileLayer::Size(const fs::path& path) {
+  if (IsReservedName(path)) return 0;
+  const WindowsHandle file = OpenForFacts(WindowsName(path));
+  if (!file) ThrowLastError();
+  LARGE_INTEGER size = {};
+  Require(GetFileSizeEx(file.get(), &size));
+  return static_cast<std::uintmax_t>(size.QuadPart);
+}
+
+void NativeFileLayer::Read(const fs::path& path, std::string& content, std::uintmax_t limit) {
+  if (IsReservedName(path)) Throw(std::errc::not_supported);  // the console would wait for somebody to type
+  const WindowsHandle file = Open(path, GENERIC_READ, OPEN_EXISTING);
+  constexpr std::size_t kReadSize = 64UL * 1024;
+  m_buffer.resize(kReadSize);
+  content.clear();
+  for (;;) {
+    DWORD got = 0;
+    Require(ReadFile(file.get(), m_buffer.data(), static_cast<DWORD>(kReadSize), &got, nullptr));
+    if (got == 0) return;
+    content.append(m_buffer.data(), got);
+    if (content.size() > limit) Throw(std::errc::file_too_large);
+  }
+}
+
+std::vector<DirectoryEntry> NativeFileLayer::List(const fs::path& directory) {
+  std::vector<DirectoryEntry> entries;
+  ForEachEntry(directory, [&](const fs::path& name, DWORD attributes) {
+    const EntryKind kind = IsLink(attributes) ? Kind(directory / name) : KindOf(attributes);
+    if (kind != EntryKind::Missing) entries.push_back({PathText(name), kind});
+  });
+  return entries;
+}
+
+std::unique_ptr<OutputFile> NativeFileLayer::Create(const fs::path& path) {
+  return OpenOutput(path, GENERIC_WRITE, CREATE_NEW);
+}
+
+std::unique_ptr<OutputFile> NativeFileLayer::Append(const fs::path& path) {
+  return OpenOutput(path, FILE_APPEND_DATA | SYNCHRONIZE, OPEN_ALWAYS);
+}
+
+std::unique_ptr<OutputFile> NativeFileLayer::Overwrite(const fs::path& path) {
+  return OpenOutput(path, GENERIC_WRITE, CREATE_ALWAYS);
+}
+
+void NativeFileLayer::Truncate(const fs::path& path, std::uintmax_t size) {
+  if (IsReservedName(path)) return;
+  const WindowsHandle file = Open(path, GENERIC_WRITE, OPEN_EXISTING);
+  LARGE_INTEGER end = {};
+  end.QuadPart = static_cast<LONGLONG>(size);
+  Require(SetFilePointerEx(file.get(), end, nullptr, FILE_BEGIN));
+  Require(SetEndOfFile(file.get()));
+}
+
+// Who may use the file follows from its directory; what a file has of its own are attributes.
+void NativeFileLayer::CopyPermissions(const fs::path& from, const fs::path& to) {
+  constexpr DWORD kKept = FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM |
+                          FILE_ATTRIBUTE_ARCHIVE | FILE_ATTRIBUTE_NOT_CONTENT_INDEXED;
+  const DWORD attributes = GetFileAttributesW(WindowsName(from).c_str());
+  if (attributes == INVALID_FILE_ATTRIBUTES) ThrowLastError();
+  const DWORD kept = attributes & kKept;
+  Require(SetFileAttributesW(WindowsName(to).c_str(), kept == 0 ? FILE_ATTRIBUTE_NORMAL : kept));
+}
+
+void NativeFileLayer::Rename(const fs::path& from, const fs::path& to) {
+  const std::wstring target = WindowsName(to);
+  // Written through: it takes the place of flushing the directory, which Windows does not offer.
+  if (MoveFileExW(WindowsName(from).c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0) {
+    return;
+  }
+  const DWORD error = GetLastError();
+  // A target that another program has open is "denied" here. Asking to delete it shows the true reason.
+  if (error == ERROR_ACCESS_DENIED && KindOf(GetFileAttributesW(target.c_str())) == EntryKind::File) {
+    const HANDLE open = CreateFileW(target.c_str(), DELETE, kShareAll, nullptr, OPEN_EXISTING, 0, nullptr);
+    if (open == INVALID_HANDLE_VALUE) ThrowLastError();
+    CloseHandle(open);
+  }
+  SetLastError(error);
+  ThrowLastError();
+}
+
+void NativeFileLayer::FlushDirectory(const fs::path&) {}
+
+void NativeFileLayer::Remove(const fs::path& path) {
+  const std::wstring name = WindowsName(path);
+  const DWORD attributes = GetFileAttributesW(name.c_str());
+  if (attributes == INVALID_FILE_ATTRIBUTES) {
+    if (!IsMissing(GetLastError())) ThrowLastError();
+    return;
+  }
+  Require(KindOf(attributes) == EntryKind::Directory ? RemoveDirectoryW(name.c_str()) : DeleteFileW(name.c_str()));
+}
+
+void NativeFileLayer::CreateDirectory(const fs::path& path) {
+  if (CreateDirectoryW(WindowsName(path).c_str(), nullptr) != 0) return;
+  const DWORD error = GetLastError();
+  if (error == ERROR_ALREADY_EXISTS && Kind(path) == EntryKind::Directory) return;
+  SetLastError(error);
+  ThrowLastError();
+}
+
+}  // namespace zova
+
+#endif
