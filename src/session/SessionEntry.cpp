@@ -86,7 +86,7 @@ void Session::AutosaveTick() { m_entry.Tick(); }
 
 void Session::OfferRestore() {
   if (std::exchange(m_restoreOffered, true)) return;
-  const std::string autosave = JoinPath(m_param.Path(), "Temp.txt");
+  const std::string autosave = AutosavePath(m_param.Path());
   bool isThere = false;
   WithRetry(m_platform.Boxes, [&] { isThere = m_platform.Files.FileExists(autosave); });
   if (!isThere) return;
