@@ -6,6 +6,7 @@
 
 #include "platform/desktop/FileErrorBoxes.h"
 #include "project/ProjectFile.h"
+#include "project/ProjectLayout.h"
 #include "subjects/SubjectFile.h"
 
 namespace zova {

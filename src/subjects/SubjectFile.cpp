@@ -13,6 +13,7 @@
 
 #include "platform/files/DataFileError.h"
 #include "project/ProjectFile.h"
+#include "project/ProjectLayout.h"
 #include "text/Encoding.h"
 #include "text/FieldReader.h"
 #include "text/Records.h"
@@ -148,22 +149,6 @@ void ParseAutosave(std::string_view bytes, const ProjectParameters& project, Sub
     if (!isName) throw FieldError(FieldFault::EndOfData, 2);
   });
   record.SubjectId = subjectId;
-}
-
-std::string AutosavePath(std::string_view paramDir) { return JoinPath(paramDir, "Temp.txt"); }
-
-std::string KeptAutosavePath(std::string_view paramDir, int number) {
-  return JoinPath(paramDir, "Temp " + std::to_string(number) + ".txt");
-}
-
-bool IsAutosaveName(std::string_view name) {
-  constexpr std::string_view kStart = "Temp", kEnd = ".txt";
-  if (name.size() < kStart.size() + kEnd.size() || !BeginsIgnoringCase(name, kStart)) return false;
-  std::string_view number = name.substr(kStart.size());
-  if (!EqualsIgnoringCase(number.substr(number.size() - kEnd.size()), kEnd)) return false;
-  number.remove_suffix(kEnd.size());
-  return number.empty() || (number.size() > 1 && number.front() == ' ' &&
-                            number.find_first_not_of("0123456789", 1) == std::string_view::npos);
 }
 
 void WriteAutosaveFile(Disk& disk, const std::string& paramDir, const SubjectRecord& record,

@@ -32,13 +32,7 @@ std::string ParseAutosaveProject(std::string_view bytes);
 /// nobody could type, since it may come from the name of a file.
 void ParseAutosave(std::string_view bytes, const ProjectParameters& project, SubjectRecord& record);
 
-/// The autosave file "Temp.txt" in the Param directory, and those that were put aside there, "Temp 1.txt" and so on.
-std::string AutosavePath(std::string_view paramDir);
-std::string KeptAutosavePath(std::string_view paramDir, int number);
-/// True for the name of either.
-bool IsAutosaveName(std::string_view name);
-
-/// All throw FileError.
+/// The autosave file in the Param directory, and those that were put aside there (ProjectLayout). All throw FileError.
 void WriteAutosaveFile(Disk& disk, const std::string& paramDir, const SubjectRecord& record,
                        const ProjectParameters& project);
 std::string ReadAutosaveProject(Disk& disk, const std::string& path);

@@ -3,6 +3,7 @@
 #include "subjects/SubjectFile.h"
 
 #include "project/ProjectFile.h"
+#include "project/ProjectLayout.h"
 #include "scoring/Examples.h"
 #include "subjects/SubjectFiles.h"
 #include "support/Scratch.h"

@@ -11,7 +11,6 @@ namespace zova {
 
 namespace {
 
-constexpr std::size_t kMostUnfinished = 10;
 constexpr const char* kTooManyUnfinished = "You cannot have more than 10 unfinished data files.";
 
 }  // namespace
@@ -100,7 +99,7 @@ std::size_t SubjectEntry::CountUnfinished() {
 void SubjectEntry::LookForLimit() {
   m_limitNote.clear();
   try {
-    if (CountUnfinished() >= kMostUnfinished) {
+    if (CountUnfinished() >= kMaxUnfinished) {
       m_limitNote = std::string("This subject cannot be saved incomplete.  ") + kTooManyUnfinished;
     }
   } catch (const FileError&) {
@@ -113,7 +112,7 @@ bool SubjectEntry::SaveIncomplete() {
   std::size_t count = 0;
   if (!WithRetry(m_platform.Boxes, [&] { count = CountUnfinished() + 1; })) return false;
   // Kept: the subject's own earlier file counts like any other.
-  if (count > kMostUnfinished) {
+  if (count > kMaxUnfinished) {
     Warn(m_platform.Boxes, kTooManyUnfinished);
     return false;
   }
