@@ -122,12 +122,12 @@ TEST(Exports, StandBesideTheMasterAndReplaceNoOtherFile) {
     EXPECT_EQ(lab.Files.Snapshot(), before) << taken;
   }
   lab.Request.LongFile = "D:\\Gone\\AB Long.csv";
-  boxes.Expect({std::make_error_code(std::errc::no_such_file_or_directory).message(), BoxAnswer::Cancel, "Gone"});
+  boxes.Expect({"Path not found.  Please verify that the correct disk is in the drive.", BoxAnswer::Cancel, "Gone"});
   EXPECT_FALSE(lab.Run(boxes).Completed);
   EXPECT_EQ(lab.Files.Snapshot(), before) << "told before the master is replaced";
   // One file under two names: once it is there, either spelling finds it; and links.
   fs::create_hard_link(lab.Files.Native("D:\\Out\\AB Clean.csv"), lab.Files.Native("D:\\Out\\hard.csv"));
-  fs::create_symlink("AB Clean.csv", lab.Files.Native("D:\\Out\\soft.csv"));
+  LinkFile("AB Clean.csv", lab.Files.Native("D:\\Out\\soft.csv"));
   for (const auto& [clean, taken] : {std::pair("D:\\Out\\new.csv", "D:\\Out\\NEW.csv"),
                                      {"D:\\Out\\AB Clean.csv", "D:\\Out\\hard.csv"},
                                      {"D:\\Out\\soft.csv", "D:\\Out\\AB Clean.csv"}}) {

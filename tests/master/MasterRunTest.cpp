@@ -166,7 +166,6 @@ TEST(MasterRun, FilesThatWentOrEndEarlyStopIt) {
   }
 }
 
-#ifndef _WIN32
 TEST(MasterRun, NeverTakesThePlaceOfAProjectsOwnFile) {
   namespace fs = std::filesystem;
   Lab lab({.Tests = 1, .Items = 2});
@@ -180,10 +179,10 @@ TEST(MasterRun, NeverTakesThePlaceOfAProjectsOwnFile) {
   }
   const fs::path out = lab.Files.Native("D:\\Out");
   const fs::path subject = lab.Files.Native("C:\\Data\\Sdata\\AB Sub#1.dat");
-  fs::create_symlink("../../C/Data/Sdata/AB Sub#1.dat", out / "soft.txt");
-  fs::create_symlink("soft.txt", out / "softer.txt");
-  fs::create_directory_symlink(subject.parent_path(), out / "linked");
-  fs::create_symlink(out / "other.dat", subject.parent_path() / "XY2.dat");
+  LinkFile("../../C/Data/Sdata/AB Sub#1.dat", out / "soft.txt");
+  LinkFile("soft.txt", out / "softer.txt");
+  LinkDirectory(subject.parent_path(), out / "linked");
+  LinkFile(out / "other.dat", subject.parent_path() / "XY2.dat");
   fs::create_hard_link(subject, out / "hard.txt");
   fs::create_hard_link(lab.Files.Native("C:\\Data\\AB.prm"), out / "hard.csv");
   fs::create_hard_link(out / "plain.dat", out / "twin.dat");
@@ -191,8 +190,8 @@ TEST(MasterRun, NeverTakesThePlaceOfAProjectsOwnFile) {
   for (const char* own :
        {"C:\\Data\\Sdata\\AB Sub#1.dat", "c:\\data\\SDATA\\ab sub#1.DAT", "C:\\Data\\Sdata\\..\\Sdata\\AB Sub#1.dat",
         "D:\\Out\\soft.txt", "D:\\Out\\softer.txt", "D:\\Out\\linked\\XY1.dat", "C:\\Data\\Sdata\\xy2.DAT",
-        "D:\\Out\\linked\\..\\AB.PRM", "D:\\Out\\hard.txt", "D:\\Out\\hard.csv", "AB.prm", "AB Serial Order.dat",
-        "ab combine order.DAT", "C:\\Param\\Temp.txt", "C:\\Param\\temp 1.txt",
+        kIsWindows ? "AB.PRM" : "D:\\Out\\linked\\..\\AB.PRM", "D:\\Out\\hard.txt", "D:\\Out\\hard.csv", "AB.prm",
+        "AB Serial Order.dat", "ab combine order.DAT", "C:\\Param\\Temp.txt", "C:\\Param\\temp 1.txt",
         "C:\\Data\\Sdata\\Unfinished\\AB Sub#2.dat", "D:\\Backup\\Sdata\\AB Sub#1.dat"}) {
     lab.Request.Destination = own;
     ScriptedBoxes refused{{std::make_error_code(std::errc::file_exists).message(), BoxAnswer::Cancel,
@@ -208,7 +207,6 @@ TEST(MasterRun, NeverTakesThePlaceOfAProjectsOwnFile) {
     EXPECT_EQ(lab.Files.Get(allowed), "Sub ID's, Net(Test 1)\r\n");
   }
 }
-#endif
 
 // Two subjects, and columns enough for three pieces.
 struct WideLab : Lab {
@@ -232,7 +230,7 @@ TEST(MasterRun, SurvivesTheFailureOfAnySingleDiskCall) {
   std::set<std::string> masters;  // after a cancelled run
   int rowFilesNotClosed = 0;
   bool failed = true;
-  for (int n = 1; failed; ++n) {
+  for (int n = 1; failed; n += kFailureStep) {
     for (const auto writes : {FailingFileLayer::Writes::Nothing, FailingFileLayer::Writes::Half}) {
       for (const BoxAnswer answer : {BoxAnswer::Cancel, BoxAnswer::Retry}) {
         WideLab lab;
@@ -260,6 +258,7 @@ TEST(MasterRun, SurvivesTheFailureOfAnySingleDiskCall) {
       }
     }
   }
+  if (kFailureStep > 1) return;
   EXPECT_EQ(rowFilesNotClosed, 6 * 4) << "four files of the master and two exports, each closed badly in four runs";
   EXPECT_EQ(masters.size(), 5U) << "the old one, none, the header alone, and one row and two behind it";
 }
@@ -289,11 +288,12 @@ TEST(MasterRun, LargestShapes) {
 
 TEST(MasterRun, TenThousandSubjects) {
   Lab lab({.Tests = 1, .Items = 1});
-  for (int id = 10000; id < 20000; ++id) lab.Put("AB Sub#" + std::to_string(id) + ".dat", "1");
+  const int end = kIsWindows ? 11000 : 20000;  // a file takes Wine a hundred times as long
+  for (int id = 10000; id < end; ++id) lab.Put("AB Sub#" + std::to_string(id) + ".dat", "1");
   ScriptedBoxes boxes;
   EXPECT_TRUE(lab.Run(boxes).Completed);
   std::string expected = "Sub ID's, Net(Test 1)\r\n";
-  for (int id = 10000; id < 20000; ++id) expected += std::to_string(id) + ",  1\r\n";
+  for (int id = 10000; id < end; ++id) expected += std::to_string(id) + ",  1\r\n";
   EXPECT_TRUE(lab.Files.Get(kMaster) == expected);
   EXPECT_TRUE(lab.Bar.Percents.starts_with("0 1 2 ") && lab.Bar.Percents.ends_with(" 99 100 ")) << lab.Bar.Percents;
 }

@@ -179,18 +179,16 @@ TEST(MeansExaminer, NothingThatHoldsDataIsReplaced) {
   desk.Choose("D:\\Rows.txt");
   std::vector<const char*> kept = {"D:\\New.prm", "C:\\Data\\Sdata\\AB Sub#1.dat", "c:\\data\\ab master.txt",
                                    "D:\\Odd.csv", "D:\\ROWS.TXT"};
-#ifndef _WIN32
   namespace fs = std::filesystem;
   desk.Files.Put(kMaster, kRows);  // its header went to another file
   desk.Files.Put("C:\\Data\\AB Combined Master2.txt", kRows);
   desk.Files.Put("C:\\Param\\Temp.txt", "kept");
-  fs::create_symlink(desk.Files.Native(kMaster), desk.Files.Native("D:\\soft.csv"));
+  LinkFile(desk.Files.Native(kMaster), desk.Files.Native("D:\\soft.csv"));
   fs::create_hard_link(desk.Files.Native("C:\\Data\\AB Combined Master2.txt"), desk.Files.Native("D:\\hard.csv"));
-  fs::create_symlink(desk.Files.Native("C:\\Data\\Sdata\\AB Sub#1.dat"), desk.Files.Native("D:\\subject.csv"));
-  fs::create_symlink(desk.Files.Native("D:\\Rows.txt"), desk.Files.Native("D:\\shown.csv"));
-  fs::create_directory_symlink(desk.Files.Native("C:\\Param"), desk.Files.Native("D:\\Link"));
+  LinkFile(desk.Files.Native("C:\\Data\\Sdata\\AB Sub#1.dat"), desk.Files.Native("D:\\subject.csv"));
+  LinkFile(desk.Files.Native("D:\\Rows.txt"), desk.Files.Native("D:\\shown.csv"));
+  LinkDirectory(desk.Files.Native("C:\\Param"), desk.Files.Native("D:\\Link"));
   kept.insert(kept.end(), {"D:\\soft.csv", "D:\\hard.csv", "D:\\subject.csv", "D:\\shown.csv", "D:\\Link\\TEMP.txt"});
-#endif
   for (const char* path : kept) {
     const Tree before = desk.Files.Snapshot();
     desk.Boxes.Expect({.Text = "A master or a data file of a project is never replaced.  Please select another name.",

@@ -18,6 +18,7 @@ static std::string Shown(const DirectoryBrowser& browser) {
 }
 
 TEST(DirectoryBrowser, ListsWhatCanBeEnteredAndStored) {
+  if (kIsWindows) GTEST_SKIP() << "these names cannot exist on Windows; WindowsFiles has a test of its own";
   Scratch scratch;
   for (const char* path : {"C:\\b\\deep", "C:\\B", "C:\\.hidden", "D:\\target"}) scratch.MakeDirectory(path);
   scratch.Put("C:\\file.txt", "");
@@ -55,8 +56,9 @@ TEST(DirectoryBrowser, TellsOfWhatIsGoneAndGoesOn) {
     boxes.Expect(notReady);
     EXPECT_TRUE(!browser.Open(1) && Shown(browser) == "C:\\a\\b | C:\\ >a >>b >>>c") << layer.FailedCall();
   }
-  const std::tuple<const char*, std::size_t, const char*> cases[] = {
-      {"C:\\a\\b", 3, "C:\\a | C:\\ >a"}, {"C:\\", 1, "D:\\ | D:\\"}, {"D:\\", 0, "C:\\ | C:\\"}};
+  std::vector<std::tuple<const char*, std::size_t, const char*>> cases = {{"C:\\a\\b", 3, "C:\\a | C:\\ >a"},
+                                                                          {"C:\\", 1, "D:\\ | D:\\"}};
+  if (!kIsWindows) cases.emplace_back("D:\\", 0, "C:\\ | C:\\");  // there the system has drives beside these
   for (const auto& [gone, entry, shown] : cases) {
     fs::remove_all(scratch.Native(gone));
     boxes.Expect(notReady);

@@ -28,9 +28,10 @@ TEST(PathParts, KnowsDrivePathsAndNativeOnes) {
   EXPECT_EQ(DirectoryOfPath("name"), "");
 }
 
-#ifndef _WIN32  // there the map is the identity
-
 TEST(DriveMap, GoesBothWays) {
+#ifdef _WIN32
+  GTEST_SKIP() << "paths of POSIX; WindowsFiles has a test of the drives";
+#else
   const DriveMap map = DriveMap::Parse("c=/home/u/;D=/home/u/data;;EE=/x;1=/y;F=;Z=/");
   ASSERT_EQ(map.Drives().size(), 3U);
   using Pairs = std::vector<std::pair<const char*, const char*>>;
@@ -48,6 +49,5 @@ TEST(DriveMap, GoesBothWays) {
   EXPECT_EQ(map.ToDrivePath("/home/u/./a/../b/"), "C:\\b");
   for (const char* same : {"C:\\x", "x", ""}) EXPECT_EQ(map.ToDrivePath(same), same);
   EXPECT_EQ(DriveMap::Parse("D=/data").ToDrivePath("/home"), "/home") << "below no root";
-}
-
 #endif
+}

@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <optional>
 
 #include "platform/desktop/FileErrorBoxes.h"
 #include "platform/files/DirectoryLock.h"
@@ -34,6 +35,15 @@ std::errc FaultOf(const std::function<void()>& call) {
     return static_cast<std::errc>(error.Code().default_error_condition().value());
   }
   return {};
+}
+
+std::optional<FileCause> CauseOf(const std::function<void()>& call) {
+  try {
+    call();
+  } catch (const FileError& error) {
+    return error.Cause();
+  }
+  return std::nullopt;
 }
 
 }  // namespace
@@ -72,33 +82,66 @@ TEST(WindowsFiles, ReservedNamesAreDevicesInEveryDirectory) {
 TEST(WindowsFiles, NamesAreUnicodeWithoutRegardToCase) {
   Scratch scratch;
   Disk disk = scratch.MakeDisk();
+  const std::string directory = "C:\\Donn\u00E9es";
+  disk.CreateDirectories(directory);
   std::string content;
   // A letter of Windows-1252, one of no Windows code page beside it, and one outside the first 65,536 characters.
-  for (const std::string name :
-       {"\xC3\x89t\xC3\xA9 \xE2\x82\xAC.dat", "\xD0\x96\xE6\x97\xA5.dat", "\xF0\x9F\x98\x80.dat"}) {
-    disk.CreateDirectories(
-        "C:\\Donn\xC3\xA9"
-        "es");
-    disk.Write(
-        "C:\\Donn\xC3\xA9"
-        "es\\" +
-            name,
-        name);
-    EXPECT_EQ(disk.ListFiles("C:\\DONN\xC3\x89"
-                             "ES",
-                             "", ".DAT"),
-              std::vector<std::string>{name});
-    disk.Read(
-        "c:\\donn\xC3\xA9"
-        "es\\" +
-            UpperCase(name),
-        content);
+  for (const std::string name : {"\u00C9t\u00E9 \u20AC.dat", "\u0416\u65E5.dat", "\U0001F600.dat"}) {
+    disk.Write(JoinPath(directory, name), name);
+    EXPECT_EQ(disk.ListFiles(UpperCase(directory), "", ".DAT"), std::vector<std::string>{name});
+    disk.Read(JoinPath("c:\\donn\u00E9es", UpperCase(name)), content);
     EXPECT_EQ(content, name);
-    disk.Delete(
-        "C:\\Donn\xC3\xA9"
-        "es\\" +
-        name);
+    disk.Delete(JoinPath(directory, name));
   }
+}
+
+// A dot hides nothing here, and the leftover of a save is no name to show.
+TEST(WindowsFiles, DirectoriesAreListedAndEnteredThroughJunctions) {
+  Scratch scratch;
+  Disk disk = scratch.MakeDisk();
+  for (const char* path : {"C:\\b\\deep", "C:\\.seen", "C:\\.zova-1.tmp", "D:\\target\\in"})
+    scratch.MakeDirectory(path);
+  LinkDirectory(scratch.Native("D:\\target"), scratch.Native("C:\\link"));
+  EXPECT_EQ(disk.ListDirectories("C:\\"), (std::vector<std::string>{".seen", "b", "link"}));
+  EXPECT_EQ(disk.ListDirectories("c:\\LINK"), std::vector<std::string>{"in"});
+  fs::remove_all(scratch.Native("D:\\target"));
+  EXPECT_EQ(disk.ListDirectories("C:\\"), (std::vector<std::string>{".seen", "b"})) << "it leads nowhere";
+  EXPECT_FALSE(scratch.Layer().Identity(scratch.Native("C:\\link")).has_value());
+}
+
+TEST(WindowsFiles, OneFileHasOneIdentityAndOneRealPath) {
+  Scratch scratch;
+  FileLayer& layer = scratch.Layer();
+  scratch.Put("C:\\Data\\Sub\\file.dat", "");
+  scratch.Put("C:\\Data\\other.dat", "");
+  const fs::path file = scratch.Native("C:\\Data\\Sub\\file.dat");
+  const fs::path link = scratch.Native("D:\\Link");
+  LinkDirectory(scratch.Native("C:\\Data"), link);
+  const auto identity = layer.Identity(file).value();
+  EXPECT_EQ(identity.Links, 1U);
+  fs::create_hard_link(file, scratch.Native("D:\\hard.dat"));
+  EXPECT_EQ(layer.Identity(file).value().Links, 2U);
+  for (const fs::path& same : {scratch.Native("D:\\HARD.dat"), scratch.Native("c:\\DATA\\sub\\FILE.DAT"),
+                               link / "Sub" / "file.dat", link / ".." / "Link" / "." / "Sub" / "file.dat"}) {
+    EXPECT_TRUE(IsSameFile(layer.Identity(same).value(), identity)) << same;
+  }
+  EXPECT_FALSE(IsSameFile(layer.Identity(link / "other.dat").value(), identity));
+  EXPECT_FALSE(layer.Identity(link / "none" / "x").has_value());
+
+  EXPECT_EQ(layer.RealPath(link / "Sub" / "file.dat"), file);
+  EXPECT_EQ(layer.RealPath(link / "none" / ".." / "new" / "x.dat"), scratch.Native("C:\\Data\\new\\x.dat"));
+  EXPECT_EQ(layer.RealPath(link / ".." / "new.dat"), scratch.Native("D:\\new.dat")) << "by the text alone";
+  for (const char* same : {"Q:\\none\\x.dat", "C:\\NUL"}) EXPECT_EQ(layer.RealPath(same), fs::path(same));
+}
+
+TEST(WindowsFiles, ADriveThatIsNotThereIsAPathNotFound) {
+  Scratch scratch;
+  Disk disk(scratch.Layer(), DriveMap({}));
+  std::string content;
+  const std::function<void()> calls[] = {[&] { disk.Write("Q:\\x", ""); }, [&] { disk.Read("Q:\\x", content); },
+                                         [&] { disk.OpenForAppend("Q:\\x").Append("row"); },
+                                         [&] { disk.CreateDirectory("Q:\\x"); }};
+  for (const auto& call : calls) EXPECT_EQ(CauseOf(call), FileCause::PathNotFound);
 }
 
 TEST(WindowsFiles, PathsMayBeLongerThan260Characters) {
@@ -128,6 +171,37 @@ TEST(WindowsFiles, PathsMayBeLongerThan260Characters) {
   disk.Delete(file);
   for (; directory.size() > 2; directory.resize(directory.find_last_of('\\'))) disk.RemoveDirectory(directory);
   EXPECT_TRUE(TreeOf(scratch.Native("C:\\")).empty());
+}
+
+// The other program is this one, run to hold the lock until it is killed.
+TEST(WindowsFiles, DISABLED_HoldsALock) {
+  DirectoryLock lock;
+  ASSERT_EQ(lock.Acquire(_wgetenv(L"ZOVA_LOCKED")), DirectoryLock::Outcome::Held);
+  Sleep(INFINITE);
+}
+
+TEST(WindowsFiles, ALockEndsWithAKilledProgram) {
+  Scratch scratch;
+  std::wstring program(32768, L'\0');
+  program.resize(GetModuleFileNameW(nullptr, program.data(), static_cast<DWORD>(program.size())));
+  std::wstring arguments = L"test --gtest_also_run_disabled_tests --gtest_filter=WindowsFiles.DISABLED_HoldsALock";
+  ASSERT_TRUE(SetEnvironmentVariableW(L"ZOVA_LOCKED", scratch.Root().c_str()));
+  ASSERT_TRUE(SetEnvironmentVariableW(L"GTEST_TOTAL_SHARDS", nullptr));
+  STARTUPINFOW start = {};
+  start.cb = sizeof start;
+  PROCESS_INFORMATION child = {};
+  ASSERT_TRUE(
+      CreateProcessW(program.c_str(), arguments.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start, &child));
+  const WindowsHandle process(child.hProcess);
+  const WindowsHandle thread(child.hThread);
+  const auto isRunning = [&] { return WaitForSingleObject(process.get(), 0) == WAIT_TIMEOUT; };
+  while (isRunning() && !OpenForFacts(WindowsName(scratch.Root() / L".zova-lock.tmp"))) continue;
+  ASSERT_TRUE(isRunning()) << "it could not take the lock";
+  DirectoryLock lock;
+  EXPECT_EQ(lock.Acquire(scratch.Root()), DirectoryLock::Outcome::InUse);
+  ASSERT_TRUE(TerminateProcess(process.get(), 1));
+  ASSERT_EQ(WaitForSingleObject(process.get(), INFINITE), WAIT_OBJECT_0);
+  EXPECT_EQ(lock.Acquire(scratch.Root()), DirectoryLock::Outcome::Held);
 }
 
 // A box offers Retry; the other program closes the file while it is shown.

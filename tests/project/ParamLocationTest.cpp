@@ -80,7 +80,9 @@ TEST(ParamLocation, Accepts) {
       {kOld, "D:\\Used\\Param\\x", "D:\\Used", {inUse}, "", ""},
       {kOld, "D:\\Param\\B.PRM", "D:", {Replace("b.prm", BoxAnswer::No)}, "", ""},
       {kOld, "D:\\Param\\b.prm", "D:", {Replace("b.prm", BoxAnswer::Yes)}, kMoved, "D:\\Param"},
+#ifndef _WIN32  // two names that differ in case alone
       {kOld, kOld + "\\A.prm", "D:\\", {Replace("a.prm", BoxAnswer::No)}, "", ""},
+#endif
       {kOld, kOld + "\\x\\y", "D:\\", {}, kUndeleted, "D:\\Param"},
       {lost, "", "D:\\F", {Restore(BoxAnswer::Cancel)}, "", ""},
       {lost, "", "D:\\F", {Restore(BoxAnswer::No)}, "'Param' directory successfully registered.", lost},
@@ -117,7 +119,7 @@ TEST(ParamLocation, Accepts) {
 TEST(ParamLocation, AMoveThatFailsLosesNothing) {
   const std::string other = "D:\\Param";
   for (const auto& [from, to] : {std::pair(kOld, other), std::pair(other, kOld)}) {
-    for (int n = 1, failed = 1; failed == 1; ++n) {
+    for (int n = 1, failed = 1; failed == 1; n += kFailureStep) {
       YesBoxes boxes;
       Rig rig(boxes, from);
       rig.Layer.FailAt(n);

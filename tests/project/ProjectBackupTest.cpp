@@ -96,7 +96,7 @@ TEST(ProjectBackup, NewDestinations) {
   ScriptedBoxes boxes;
   Lab lab(boxes);
   lab.Files.Put("D:/File", "");
-  fs::create_directory_symlink(lab.Files.Native("C:/Data"), lab.Files.Native("D:/Link"));
+  LinkDirectory(lab.Files.Native("C:/Data"), lab.Files.Native("D:/Link"));
   Tree tree = lab.Files.Snapshot();
   const auto refuses = [&](const std::string& text, const std::vector<ExpectedBox>& expected) {
     for (const ExpectedBox& box : expected) boxes.Expect(box);
@@ -162,7 +162,7 @@ TEST(ProjectBackup, NothingIsCopiedOntoItselfOrToNowhere) {
   ScriptedBoxes boxes{HasBackup(BoxAnswer::No), kUpdated, Restored(), NotFound("'(none)\\Sdata'"), Told(noBackup)};
   Lab lab(boxes);
   lab.Lose("D:/Backup/Sdata");
-  fs::create_directory_symlink(lab.Files.Native("C:/Data/Sdata"), lab.Files.Native("D:/Backup/Sdata"));
+  LinkDirectory(lab.Files.Native("C:/Data/Sdata"), lab.Files.Native("D:/Backup/Sdata"));
   lab.ParamDir = "d:\\backup";
   for (const char* file : {"C:/Data/Sdata/AB Sub#1.dat", "D:/Backup/Study.prm"}) {
     fs::permissions(lab.Files.Native(file), fs::perms::owner_read);  // a copy would be refused
@@ -211,7 +211,7 @@ TEST(ProjectBackup, SurvivesTheFailureOfAnySingleDiskCall) {
   for (const auto answer : {BoxAnswer::Cancel, BoxAnswer::Retry}) {
     for (const bool restores : {false, true}) {
       int n = 1;
-      while (SurvivesFailure(restores, n, answer)) ++n;
+      while (SurvivesFailure(restores, n, answer)) n += kFailureStep;
       EXPECT_GT(n, 40);
     }
   }

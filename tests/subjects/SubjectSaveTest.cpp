@@ -126,7 +126,7 @@ TEST(SubjectSave, LosesNothingWhateverCallFails) {
     SubjectRecord savedRecord;
     int asked = 0;
     bool failed = false;
-    for (int n = 0; n < 2 || failed; ++n) {
+    for (int n = 0; n <= kFailureStep || failed; n += kFailureStep) {
       Scratch scratch;
       Prepare(scratch, complete ? std::vector{kFile} : std::vector<std::string>{}, complete);
       FailingFileLayer layer(scratch.Layer());
@@ -158,12 +158,14 @@ TEST(SubjectSave, LosesNothingWhateverCallFails) {
       EXPECT_EQ(tree, saved) << call;
       EXPECT_EQ(record, savedRecord) << call;
     }
-    EXPECT_GT(asked, 25);
+    EXPECT_GT(asked, 25 / kFailureStep);
   }
 }
 
-#ifndef _WIN32
 TEST(SubjectSave, SurvivesAKillAtAnyMoment) {
+#ifdef _WIN32
+  GTEST_SKIP() << "no fork on Windows";
+#else
   Scratch scratch;
   Disk disk = scratch.MakeDisk();
   Prepare(scratch, {});
@@ -197,5 +199,5 @@ TEST(SubjectSave, SurvivesAKillAtAnyMoment) {
   EXPECT_EQ(seen.size(), 2U);
   EXPECT_TRUE(save(1));
   EXPECT_EQ(TreeOf(scratch.Native("C:\\P\\Sdata")), (Tree{{kFile, *versions.begin()}})) << "leftovers stay";
-}
 #endif
+}

@@ -12,6 +12,14 @@
 
 namespace zova::testing {
 
+/// From one failing call to the next, in tests that let every call fail. Under Wine a call takes a hundred times as
+/// long as on Linux; what follows a failed call is the same code.
+#ifdef _WIN32
+constexpr int kFailureStep = 9;
+#else
+constexpr int kFailureStep = 1;
+#endif
+
 /// Counts every call to a file layer, those to its open files included, and lets one of them fail, once.
 /// Flushes are counted but not passed on: no test could see them, and they would take nearly all of its time.
 class FailingFileLayer final : public FileLayer {

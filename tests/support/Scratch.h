@@ -3,6 +3,11 @@
 
 #include <gtest/gtest.h>
 
+#ifdef _WIN32
+#include <process.h>
+#endif
+
+#include <chrono>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -41,6 +46,40 @@ inline Tree TreeOf(const std::filesystem::path& root) {
   return tree;
 }
 
+#ifdef _WIN32
+constexpr bool kIsWindows = true;
+#else
+constexpr bool kIsWindows = false;
+#endif
+
+/// A symbolic link to a file, or a hard one on Windows, where few users may make symbolic links.
+inline void LinkFile(const std::filesystem::path& target, const std::filesystem::path& link) {
+#ifdef _WIN32
+  std::filesystem::create_hard_link(link.parent_path() / target, link);
+#else
+  std::filesystem::create_symlink(target, link);
+#endif
+}
+
+/// A symbolic link to a directory, or a junction on Windows. Wine makes no junctions, but it shows a symbolic link of
+/// the system below it as one, and runs that system's programs.
+inline void LinkDirectory(const std::filesystem::path& target, const std::filesystem::path& link) {
+#ifdef _WIN32
+  const wchar_t* const ln = L"Z:\\bin\\ln";
+  const auto below = [](const std::filesystem::path& path) { return L'"' + path.generic_wstring().substr(2) + L'"'; };
+  if (std::filesystem::exists(ln)) {
+    _wspawnl(_P_WAIT, ln, L"ln", L"-s", below(target).c_str(), below(link).c_str(), nullptr);
+  } else {
+    _wspawnlp(_P_WAIT, L"cmd", L"cmd", L"/c", L"mklink", L"/J", link.c_str(), target.c_str(), nullptr);
+  }
+  const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(20);  // Wine does not wait for "ln"
+  while (!std::filesystem::exists(link) && std::chrono::steady_clock::now() < end) continue;
+  ASSERT_TRUE(std::filesystem::exists(link)) << link;
+#else
+  std::filesystem::create_directory_symlink(target, link);
+#endif
+}
+
 /// A directory of its own with the drives C: and D: in it, removed with all that it holds.
 class Scratch {
  public:
@@ -52,6 +91,11 @@ class Scratch {
   }
   ~Scratch() {
     std::error_code ignored;
+    if (kIsWindows) {  // where a read-only file is not deleted
+      for (const auto& entry : std::filesystem::recursive_directory_iterator(m_root, ignored)) {
+        permissions(entry, std::filesystem::perms::owner_write, std::filesystem::perm_options::add, ignored);
+      }
+    }
     std::filesystem::remove_all(m_root, ignored);
   }
   Scratch(const Scratch&) = delete;

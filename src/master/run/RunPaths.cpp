@@ -92,9 +92,7 @@ void CheckRunPaths(const RunPaths& paths, const ProjectParameters& project, Disk
     RefuseProjectFile(path, project, disk);
     ResolvedPath file = disk.Resolve(path, FileOperation::Write);
     if (disk.Kind(DirectoryOf(file), FileOperation::Write) != EntryKind::Directory) {
-      // Kept: only the file that gets the rows is reported as a path not found, as in a combined master's destination.
-      if (path == paths.Master.Rows) throw FileError(FileOperation::Write, path, FileCause::PathNotFound);
-      throw FileError(FileOperation::Write, path, std::make_error_code(std::errc::no_such_file_or_directory));
+      throw FileError(FileOperation::Write, path, FileCause::PathNotFound);
     }
     const auto isTaken = [&](const ResolvedPath& other) { return disk.IsSame(file, other); };
     if (earlier.size() >= ofMaster && std::any_of(earlier.begin(), earlier.end(), isTaken)) {

@@ -75,6 +75,22 @@ std::unique_ptr<OutputFile> OpenOutput(const fs::path& path, DWORD access, DWORD
   return std::make_unique<WindowsOutputFile>(Open(path, access, disposition));
 }
 
+// Without ".", "..", "/" and the current directory, worked out by the text alone, as Windows does.
+std::wstring FullName(const fs::path& path) {
+  std::wstring full(GetFullPathNameW(path.c_str(), 0, nullptr, nullptr), L'\0');
+  full.resize(GetFullPathNameW(path.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr));
+  return full;
+}
+
+// The path without links of what is open; empty for what has none.
+fs::path FinalName(HANDLE file) {
+  constexpr DWORD kLongestPath = 32768;
+  std::wstring name(kLongestPath, L'\0');
+  name.resize(GetFinalPathNameByHandleW(file, name.data(), kLongestPath, FILE_NAME_NORMALIZED));
+  if (name.starts_with(kLongServerPrefix)) return L"\\\\" + name.substr(kLongServerPrefix.size());
+  return name.starts_with(kLongPrefix) ? name.substr(kLongPrefix.size()) : name;
+}
+
 struct SearchCloser {
   using pointer = HANDLE;
   void operator()(HANDLE search) const noexcept { FindClose(search); }
@@ -115,9 +131,7 @@ std::wstring WindowsName(const fs::path& path) {
   constexpr std::size_t kSafeLength = MAX_PATH - 12;  // a directory must leave room for a short name
   const std::wstring& name = path.native();
   if (name.size() < kSafeLength || name.starts_with(kLongPrefix)) return name;
-  // Behind the prefix Windows resolves nothing: neither "..", nor "/", nor a relative path.
-  std::wstring full(GetFullPathNameW(name.c_str(), 0, nullptr, nullptr), L'\0');
-  full.resize(GetFullPathNameW(name.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr));
+  const std::wstring full = FullName(path);  // behind the prefix Windows itself works out nothing
   return full.starts_with(L"\\\\") ? std::wstring(kLongServerPrefix) + full.substr(2)
                                    : std::wstring(kLongPrefix) + full;
 }
@@ -179,18 +193,21 @@ bool NativeFileLayer::IsReadOnly(const fs::path& path) {
          (attributes & FILE_ATTRIBUTE_READONLY) != 0;
 }
 
+// What does not exist yet has no links, and stands below the longest part that exists.
 fs::path NativeFileLayer::RealPath(const fs::path& path) {
-  const std::wstring name = WindowsName(path);
-  const DWORD attributes = GetFileAttributesW(name.c_str());
-  if (attributes == INVALID_FILE_ATTRIBUTES || !IsLink(attributes)) return path;
-  const WindowsHandle file = OpenForFacts(name);
-  if (!file) return path;
-  constexpr DWORD kLongestPath = 32768;
-  std::wstring real(kLongestPath, L'\0');
-  real.resize(GetFinalPathNameByHandleW(file.get(), real.data(), kLongestPath, FILE_NAME_NORMALIZED));
+  if (IsReservedName(path)) return path;
+  fs::path existing = FullName(path);
+  std::vector<fs::path> missing;
+  WindowsHandle handle = OpenForFacts(WindowsName(existing));
+  while (!handle && existing.has_relative_path()) {
+    missing.push_back(existing.filename());
+    existing = existing.parent_path();
+    handle = OpenForFacts(WindowsName(existing));
+  }
+  fs::path real = handle ? FinalName(handle.get()) : fs::path();
   if (real.empty()) return path;
-  if (real.starts_with(kLongServerPrefix)) return L"\\\\" + real.substr(kLongServerPrefix.size());
-  return real.starts_with(kLongPrefix) ? real.substr(kLongPrefix.size()) : real;
+  for (auto name = missing.rbegin(); name != missing.rend(); ++name) real /= *name;
+  return real;
 }
 
 std::uintmax_t NativeFileLayer::Size(const fs::path& path) {
