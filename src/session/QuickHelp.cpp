@@ -187,6 +187,7 @@ constexpr auto kSentences = std::to_array<Sentence>({
     {"lblVarNameList", "Subjects of different levels of this variable are never put into the same group."},
     {"lblVariable", "Says which name the box below is for: that of a variable or that of one of its levels."},
     {"lblVars", "The levels of this variable with their numbers."},
+    {"lblColumnCount", "How many columns the measures that are checked would give the master."},
     {"lblmeasures", "Which measures become columns of the master."},
     {"lblmeasuretitle", "What this screen is for: each box stands for some columns of the master."},
     {"lblselect", "Explains what these boxes apply to."},

@@ -5,7 +5,6 @@
 #include <set>
 
 #include "platform/files/DataFileError.h"
-#include "subjects/SubjectFile.h"
 #include "subjects/SubjectFiles.h"
 
 namespace zova {
@@ -64,7 +63,7 @@ void SubjectReader::Read(int k, SubjectRecord& record) {
 void SubjectReader::ReadFile(const std::string& name, SubjectRecord& record) {
   const std::string path = JoinPath(SubjectDirectory(m_project.PrimaryDir), name);
   m_disk.ReadNative(m_native / PathFromText(name), path, m_bytes);
-  ParsingFile(path, [&] { ParseSubject(m_bytes, m_project, record); });
+  ParsingFile(path, [&] { m_oddities = ParseSubject(m_bytes, m_project, record); });
 }
 
 // After a Retry the missing files may be back; those already read are not read again.
