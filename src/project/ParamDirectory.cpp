@@ -38,7 +38,7 @@ void ParamDirectory::Register(const std::string& path) {
 
 bool ParamDirectory::Lock(const std::string& path) {
   try {
-    return m_lock.Acquire(m_disk.Resolve(path, FileOperation::Read)) != DirectoryLock::Outcome::InUse;
+    return m_lock.Acquire(m_disk.Resolve(path, FileOperation::Read).Native) != DirectoryLock::Outcome::InUse;
   } catch (const FileError&) {
     m_lock.Release();
     return true;

@@ -14,6 +14,7 @@
 #include "platform/files/FileCopier.h"
 #include "project/DirectoryRules.h"
 #include "project/ProjectFile.h"
+#include "project/ProjectLayout.h"
 #include "text/Encoding.h"
 
 namespace zova {
@@ -58,8 +59,8 @@ void ParamLocation::Open() {
 
 std::string ParamLocation::Target(const std::string& text) const {
   const std::string directory = DirectoryFromText(text, m_platform.Files.Drives());
-  if (IsNoDirectory(directory) || directory.size() < 2 || directory[1] != ':') return "";
-  return JoinPath(directory, "Param");
+  if (IsNoDirectory(directory) || !HasDrive(directory)) return "";
+  return ParamDirectoryIn(directory);
 }
 
 LocationOutcome ParamLocation::Say(std::string text) {
@@ -73,8 +74,8 @@ LocationOutcome ParamLocation::SayInUse(Step next) {
 }
 
 bool ParamLocation::CanHold(const std::string& target) {
-  return !target.empty() && HasValidComponents(target) &&
-         m_platform.Files.DirectoryExists(target.substr(0, 2) + "\\") && !m_platform.Files.FileExists(target);
+  return !target.empty() && HasValidComponents(target) && m_platform.Files.DirectoryExists(DriveRoot(target)) &&
+         !m_platform.Files.FileExists(target);
 }
 
 LocationOutcome ParamLocation::Accept(const std::string& text) {
@@ -91,8 +92,7 @@ LocationOutcome ParamLocation::Accept(const std::string& text) {
     moves = hasOld && m_changes;
     if (!CanHold(target)) throw FileError(FileOperation::List, target, FileCause::PathNotFound);
     isThere = m_platform.Files.DirectoryExists(target);
-    isOld = hasOld &&
-            (IsSameDirectory(target, old, m_platform.Files) || (moves && LiesInside(target, old, m_platform.Files)));
+    isOld = hasOld && (m_platform.Files.IsSame(target, old) || (moves && m_platform.Files.LiesInside(target, old)));
   });
   if (!canBe) return Say(kPathNotFound);
   if (isOld) return Say("This already is the location of the 'Param' folder.");

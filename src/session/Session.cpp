@@ -12,7 +12,7 @@
 
 namespace zova {
 
-Session::Session(const Platform& platform, std::string programDir, std::filesystem::path installed)
+Session::Session(const Platform& platform, std::string programDir, std::string installed)
     : m_platform(platform),
       m_programDir(std::move(programDir)),
       m_installed(std::move(installed)),
@@ -52,7 +52,7 @@ void Session::StartWithLostParam() {
       {.Text = "The 'Param' directory has been moved or deleted.  To attempt to locate the 'Param' directory or to "
                "select a new location for it, select 'Yes' below.  If you select 'No' ZOVA will create a new 'Param' "
                "folder at '" +
-               JoinPath(m_programDir, "Param") + "'.  Do you want to browse for a directory location?",
+               ParamDirectoryIn(m_programDir) + "'.  Do you want to browse for a directory location?",
        .Icon = BoxIcon::Exclamation,
        .Buttons = BoxButtons::YesNo,
        .Default = BoxAnswer::Yes,
@@ -210,7 +210,7 @@ void Session::FinishWizard() {
   if (!m_wizard.Done(m_restoring)) return;
   if (!viewing) {
     const ProjectParameters& project = m_wizard.Project();
-    TakeProject(project, JoinPath(m_param.Path(), project.ProjectFileName));
+    TakeProject(project, ParameterFilePath(m_param.Path(), project));
   }
   Show(Screen::Main);
   if (viewing) return;

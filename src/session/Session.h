@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <filesystem>
 #include <functional>
 #include <optional>
 #include <string>
@@ -21,7 +20,7 @@ namespace zova {
 class Session {
  public:
   /// `programDir` is the program's directory as a drive-letter path, `installed` the native one that it is filled from.
-  Session(const Platform& platform, std::string programDir, std::filesystem::path installed);
+  Session(const Platform& platform, std::string programDir, std::string installed);
 
   /// Called whenever what the window shows may have changed while a command goes on with a message.
   void SetObserver(std::function<void()> observer) { m_observer = std::move(observer); }
@@ -111,7 +110,7 @@ class Session {
 
   Platform m_platform;
   std::string m_programDir;
-  std::filesystem::path m_installed;
+  std::string m_installed;
   ParamDirectory m_param;
   LocationFlow m_location;
   NewProjectWizard m_wizard;

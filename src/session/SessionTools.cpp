@@ -48,7 +48,8 @@ void Session::OpenLastMasterFolder() {
   if (LastMaster().empty()) return;
   bool opened = true;
   WithRetry(m_platform.Boxes, [&] {
-    opened = m_platform.Pointer.OpenFolder(m_platform.Files.Resolve(LastMaster(), FileOperation::List).parent_path());
+    opened =
+        m_platform.Pointer.OpenFolder(DirectoryOf(m_platform.Files.Resolve(LastMaster(), FileOperation::List)).Native);
   });
   if (opened) return;
   Warn(m_platform.Boxes, "The folder could not be opened.", std::string(DirectoryOfPath(LastMaster())));
@@ -75,7 +76,7 @@ void Session::RestoreFromBackup() {
   if (!WithRetry(m_platform.Boxes, [&] { project = ReadProjectFile(m_platform.Files, *path); })) return;
   const bool wasBackupCopy = project.FormatMarker == kBackupMarker;
   const std::optional<MessageBox> message = RestoreData(project, *path, m_param.Path(), m_platform);
-  std::string file = wasBackupCopy ? JoinPath(m_param.Path(), project.ProjectFileName) : *path;
+  std::string file = wasBackupCopy ? ParameterFilePath(m_param.Path(), project) : *path;
   TakeProject(std::move(project), std::move(file));
   Show(Screen::Main);
   if (message) m_platform.Boxes.Show(*message);

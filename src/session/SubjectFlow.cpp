@@ -60,7 +60,7 @@ void SubjectFlow::CancelEntry() {
 
 std::optional<ChosenProject> SubjectFlow::OfferRestore(const std::string& paramDir) {
   if (std::exchange(m_restoreOffered, true)) return std::nullopt;
-  const std::string autosave = JoinPath(paramDir, "Temp.txt");
+  const std::string autosave = AutosavePath(paramDir);
   bool isThere = false;
   WithRetry(m_platform.Boxes, [&] { isThere = m_platform.Files.FileExists(autosave); });
   if (!isThere) return std::nullopt;

@@ -5,7 +5,7 @@
 #include <set>
 
 #include "platform/files/DataFileError.h"
-#include "subjects/SubjectFiles.h"
+#include "project/ProjectLayout.h"
 
 namespace zova {
 
@@ -15,7 +15,7 @@ void SubjectReader::FindDirectory() {
   for (const std::string& directory : {m_project.PrimaryDir, sdata}) {
     if (!m_disk.DirectoryExists(directory)) throw FileError(FileOperation::List, directory, FileCause::PathNotFound);
   }
-  m_native = m_disk.Resolve(sdata, FileOperation::Read);
+  m_directory = m_disk.Resolve(sdata, FileOperation::Read);
 }
 
 void SubjectReader::List(int expected) {
@@ -61,9 +61,9 @@ void SubjectReader::Read(int k, SubjectRecord& record) {
 }
 
 void SubjectReader::ReadFile(const std::string& name, SubjectRecord& record) {
-  const std::string path = JoinPath(SubjectDirectory(m_project.PrimaryDir), name);
-  m_disk.ReadNative(m_native / PathFromText(name), path, m_bytes);
-  ParsingFile(path, [&] { m_oddities = ParseSubject(m_bytes, m_project, record); });
+  const ResolvedPath file = Below(m_directory, name);
+  m_disk.Read(file, m_bytes);
+  ParsingFile(file.Shown, [&] { m_oddities = ParseSubject(m_bytes, m_project, record); });
 }
 
 // After a Retry the missing files may be back; those already read are not read again.

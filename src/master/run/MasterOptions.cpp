@@ -4,6 +4,7 @@
 
 #include "master/columns/MasterLines.h"
 #include "master/run/RunPaths.h"
+#include "project/ProjectLayout.h"
 
 namespace zova {
 
