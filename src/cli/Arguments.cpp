@@ -24,11 +24,11 @@ std::vector<std::string> SplitNames(std::string_view list) {
   }
 }
 
-std::vector<Measure> ParseMeasures(std::string_view list) {
+std::vector<Measure> ParseMeasures(const char* option, std::string_view list) {
   std::vector<Measure> measures;
   for (const std::string& name : SplitNames(list)) {
     const auto measure = MeasureByName(name);
-    if (!measure) throw UsageError("--measures: unknown measure '" + name + "'");
+    if (!measure) throw UsageError(std::string(option) + ": unknown measure '" + name + "'");
     measures.push_back(*measure);
   }
   return measures;
@@ -78,9 +78,11 @@ void DeclareOptions(CLI::App& app, Arguments& parsed) {
       ->required();
 
   OptionTable options(app);
-  options.Add("--measures", "NAME,...",
-              "only these families of measures, by their names below\n(default: all that the project has data for)",
-              [&parsed](const std::string& list) { parsed.Measures = ParseMeasures(list); });
+  options.Add("--measures", "WORD,...",
+              "only these families of measures, by their words below\n(default: all that the project has data for)",
+              [&parsed](const std::string& list) { parsed.Measures = ParseMeasures("--measures", list); });
+  options.Add("--without", "WORD,...", "not these families of measures",
+              [&parsed](const std::string& list) { parsed.Without = ParseMeasures("--without", list); });
   options.AddFile("--serial-order",
                   "also write the serial-position master; FILE holds a line\n'item,position' per item",
                   parsed.SerialOrderFile);
@@ -121,7 +123,7 @@ void DeclareOptions(CLI::App& app, Arguments& parsed) {
 }
 
 std::string Footer() {
-  std::string text = "Names for --measures, beside those of the measure screen's boxes (chkBasic):\n";
+  std::string text = "Words for --measures and --without, beside the names of the measure screen's boxes (chkBasic):\n";
   for (const MeasureBox& box : AllMeasureBoxes()) {
     const std::string name = "  " + std::string(box.Word);
     text += name + std::string(kColumn - name.size(), ' ') + std::string(box.QuickHelp) + "\n";

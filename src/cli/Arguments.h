@@ -21,6 +21,7 @@ struct Arguments {
   bool Help = false;
   bool Version = false;
   std::optional<std::vector<Measure>> Measures;  ///< the boxes to leave checked
+  std::vector<Measure> Without;                  ///< the boxes to uncheck of these
   std::optional<std::string> SerialOrderFile;
   std::string Destination;                        ///< "" for the default
   std::optional<std::string> CleanFile;           ///< asks for the CSV of the measures

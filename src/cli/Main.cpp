@@ -108,6 +108,7 @@ class MasterCommand {
       for (const MeasureBox& box : AllMeasureBoxes()) request.Selection.Check(box.Which, false);
       for (const Measure measure : *m_arguments.Measures) request.Selection.Check(measure, true);
     }
+    for (const Measure measure : m_arguments.Without) request.Selection.Check(measure, false);
     request.Destination = DestinationText();
     if (m_arguments.CleanFile) request.CleanFile = FromHere(*m_arguments.CleanFile);
     if (m_arguments.LongFile) request.LongFile = FromHere(*m_arguments.LongFile);

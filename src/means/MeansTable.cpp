@@ -11,6 +11,7 @@
 
 #include "master/groups/NominalGroups.h"
 #include "text/Csv.h"
+#include "text/NumberText.h"
 #include "text/TypedText.h"
 
 namespace zova {
@@ -151,15 +152,11 @@ void AppendCells(const MasterTable& table, const MeansRequest& request, const st
   if (last) close();
 }
 
-// The fewest digits that give the same number when they are read back; a zero before the point, never an exponent.
-std::string ExactNumber(double value) {
-  if (value == 0) return "0";  // also -0
-  char buffer[1100];           // the longest double, 2^-1074
-  const auto result = std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::fixed);
-  return {buffer, result.ptr};
+std::string NumberText(const std::optional<double>& value) {
+  std::string text;
+  if (value) AppendPlainNumber(text, *value);
+  return text;
 }
-
-std::string ExactNumber(const std::optional<double>& value) { return value ? ExactNumber(*value) : std::string(); }
 
 std::vector<std::string> LineOf(const MeansTable& means, const MeansCell& cell, std::size_t measure) {
   const SampleStatistics& statistics = cell.Measures[measure];
@@ -169,9 +166,9 @@ std::vector<std::string> LineOf(const MeansTable& means, const MeansCell& cell, 
   } else {
     line.insert(line.end(), cell.Levels.begin(), cell.Levels.end());
   }
-  line.insert(line.end(), {std::to_string(statistics.N), ExactNumber(statistics.Mean), ExactNumber(statistics.Sd),
-                           ExactNumber(statistics.Low()), ExactNumber(statistics.High()),
-                           std::to_string(cell.Uncomputed[measure])});
+  line.insert(line.end(),
+              {std::to_string(statistics.N), NumberText(statistics.Mean), NumberText(statistics.Sd),
+               NumberText(statistics.Low()), NumberText(statistics.High()), std::to_string(cell.Uncomputed[measure])});
   return line;
 }
 

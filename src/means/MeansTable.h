@@ -38,7 +38,7 @@ MeansTable ComputeMeans(const MasterTable& table, const MeansRequest& request, c
 
 /// The table as text, a line per measure and cell: Measure, a column per variable (with a number where its name is that
 /// of another column), n, Mean, SD, 95% CI Low, 95% CI High, Not Computed. Measure by measure, cell by cell; the total
-/// has "(all)" for each level. Numbers with all their digits; empty for what does not exist.
+/// has "(all)" for each level. Numbers as AppendPlainNumber has them; empty for what does not exist.
 struct MeansLines {
   std::vector<std::string> Header;
   std::vector<std::vector<std::string>> Rows;

@@ -139,7 +139,7 @@ void ReadOldest(FieldReader reader, ProjectParameters& project) {
 }  // namespace
 
 ProjectParameters ParseProject(std::string_view bytes, std::string_view path) {
-  if (!LooksLikeDataText(bytes)) throw FieldError(FieldFault::EndOfData, 1);
+  RequireDataText(bytes);
   const DataText text(bytes);
   const FieldReader start(text.Content());
   ProjectParameters project;

@@ -113,6 +113,7 @@ constexpr auto kSentences = std::to_array<Sentence>({
     {"lblAbbrPrompt", "Type the prefix of the project's data files into the box beside this."},
     {"lblCat", "Answer 'Yes' if the study list was made of categories with the same number of items in each."},
     {"lblCategories", "How many categories the list has; the number of items must be divisible by it."},
+    {"lblColumnCount", "How many columns the measures that are checked would give the master."},
     {"lblCounter", "The page that you are on, out of the eight pages of the project's parameters."},
     {"lblCreatingMaster", "The master is being written; this cannot be stopped."},
     {"lblCurrentProject", "The title of the open project, or \"(none)\" while no project is open."},

@@ -53,46 +53,47 @@ Recall ReadPosition(FieldReader& reader) {
   return {line[1], line[2], Count > 3 ? line[Count - 1] : std::int16_t{0}};
 }
 
+// True when a blank stands between two items of a test.
 template <std::size_t Count>
-void ReadLists(FieldReader& reader, RecallLists& lists) {
+bool ReadLists(FieldReader& reader, RecallLists& lists) {
+  bool hasBlankInside = false;
   for (int test = 1; test <= lists.TestCount(); ++test) {
     std::int16_t count = 0;
+    int length = 0;  // up to the last item
     Recall* const entries = lists.Test(test);
     for (int position = 0; position < lists.PositionCount(); ++position) {
       entries[position] = ReadPosition<Count>(reader);
-      if (entries[position].Item >= 1) ++count;
+      if (entries[position].Item < 1) continue;
+      ++count;
+      length = position + 1;
     }
     lists.RecallCount(test) = count;
+    hasBlankInside |= length != count;
   }
+  return hasBlankInside;
 }
 
-void ReadLevelsAndLists(FieldReader& reader, const ProjectParameters& project, SubjectRecord& record) {
+SubjectOddities ReadLevelsAndLists(FieldReader& reader, const ProjectParameters& project, SubjectRecord& record) {
   for (std::size_t v = 0; v < static_cast<std::size_t>(project.VariableCount); ++v) {
     reader.Skip();
     record.Levels[v] = reader.NextNumber();
   }
-  if (HasRatingColumn(project)) {
-    ReadLists<4>(reader, record.Lists);
-  } else {
-    ReadLists<3>(reader, record.Lists);
-  }
-}
-
-void RequireDataText(std::string_view bytes) {
-  if (!LooksLikeDataText(bytes)) throw FieldError(FieldFault::EndOfData, 1);
+  const bool hasBlankInside =
+      HasRatingColumn(project) ? ReadLists<4>(reader, record.Lists) : ReadLists<3>(reader, record.Lists);
+  return {reader.HasReadText(), hasBlankInside};
 }
 
 // `bytes` as they stand in the file, `content` what they hold; `readStart` reads what stands before the levels.
 template <typename ReadStart>
-void ParseRecord(std::string_view bytes, std::string_view content, const ProjectParameters& project,
-                 SubjectRecord& record, ReadStart&& readStart) {
+SubjectOddities ParseRecord(std::string_view bytes, std::string_view content, const ProjectParameters& project,
+                            SubjectRecord& record, ReadStart&& readStart) {
   record.Levels.fill(0);
   ResetLists(record, project);
   try {
     RequireDataText(bytes);
     FieldReader reader(content);
     readStart(reader);
-    ReadLevelsAndLists(reader, project, record);
+    return ReadLevelsAndLists(reader, project, record);
   } catch (const FieldError&) {
     record.Levels.fill(0);
     ResetLists(record, project);
@@ -114,9 +115,9 @@ std::string FormatSubject(const SubjectRecord& record, const ProjectParameters& 
   return out.Take();
 }
 
-void ParseSubject(std::string_view bytes, const ProjectParameters& project, SubjectRecord& record) {
+SubjectOddities ParseSubject(std::string_view bytes, const ProjectParameters& project, SubjectRecord& record) {
   // Only numbers are taken from the file, so its encoding does not matter.
-  ParseRecord(bytes, WithoutMarks(bytes), project, record, [](FieldReader& reader) { reader.SkipLine(); });
+  return ParseRecord(bytes, WithoutMarks(bytes), project, record, [](FieldReader& reader) { reader.SkipLine(); });
 }
 
 void LoadSubjectFile(Disk& disk, const std::string& path, const ProjectParameters& project, SubjectRecord& record) {
@@ -146,7 +147,7 @@ void ParseAutosave(std::string_view bytes, const ProjectParameters& project, Sub
     reader.Skip();
     subjectId = reader.Next();
     const bool isName = !subjectId.empty() && subjectId.find_first_of("\\/") == std::string_view::npos;
-    if (!isName) throw FieldError(FieldFault::EndOfData, 2);
+    if (!isName) reader.Refuse(FieldFault::BadIdentifier);
   });
   record.SubjectId = subjectId;
 }

@@ -13,10 +13,16 @@ namespace zova {
 /// The content of a subject file.
 std::string FormatSubject(const SubjectRecord& record, const ProjectParameters& project);
 
+/// What in a subject file is scored all the same, but was hardly meant so.
+struct SubjectOddities {
+  bool TextReadAsZero = false;  ///< text stood where a number belongs
+  bool BlankInside = false;     ///< an item 0 stands before the last item of a test
+};
+
 /// Fills levels, lists and counts from a subject file's content. The identifier is never taken from it, what stands
 /// behind the last field that the project asks for is passed over, and neither header nor positions are checked.
-/// Throws FieldError (EndOfData, OutOfRange16) and then leaves levels 0 and lists blank.
-void ParseSubject(std::string_view bytes, const ProjectParameters& project, SubjectRecord& record);
+/// Throws FieldError (EndOfData, OutOfRange16, NulByte, Utf16) and then leaves levels 0 and lists blank.
+SubjectOddities ParseSubject(std::string_view bytes, const ProjectParameters& project, SubjectRecord& record);
 
 /// The same from the disk. Throws FileError.
 void LoadSubjectFile(Disk& disk, const std::string& path, const ProjectParameters& project, SubjectRecord& record);
@@ -27,9 +33,9 @@ std::string FormatAutosave(const SubjectRecord& record, const ProjectParameters&
 /// The project file's name in an autosave file's content. Throws FieldError.
 std::string ParseAutosaveProject(std::string_view bytes);
 
-/// Fills `record` (identifier included) from an autosave file's content. Throws as ParseSubject does, and EndOfData
-/// also without an identifier, or with one that would lead to another directory. The identifier may be one that
-/// nobody could type, since it may come from the name of a file.
+/// Fills `record` (identifier included) from an autosave file's content. Throws as ParseSubject does, and BadIdentifier
+/// without an identifier, or with one that would lead to another directory. The identifier may be one that nobody could
+/// type, since it may come from the name of a file.
 void ParseAutosave(std::string_view bytes, const ProjectParameters& project, SubjectRecord& record);
 
 /// The autosave file in the Param directory, and those that were put aside there (ProjectLayout). All throw FileError.

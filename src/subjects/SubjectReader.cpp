@@ -6,7 +6,6 @@
 
 #include "platform/files/DataFileError.h"
 #include "project/ProjectLayout.h"
-#include "subjects/SubjectFile.h"
 
 namespace zova {
 
@@ -64,7 +63,7 @@ void SubjectReader::Read(int k, SubjectRecord& record) {
 void SubjectReader::ReadFile(const std::string& name, SubjectRecord& record) {
   const ResolvedPath file = Below(m_directory, name);
   m_disk.Read(file, m_bytes);
-  ParsingFile(file.Shown, [&] { ParseSubject(m_bytes, m_project, record); });
+  ParsingFile(file.Shown, [&] { m_oddities = ParseSubject(m_bytes, m_project, record); });
 }
 
 // After a Retry the missing files may be back; those already read are not read again.

@@ -7,7 +7,7 @@
 #include "platform/desktop/Desktop.h"
 #include "platform/files/Disk.h"
 #include "project/ProjectParameters.h"
-#include "subjects/SubjectRecord.h"
+#include "subjects/SubjectFile.h"
 
 namespace zova {
 
@@ -32,6 +32,8 @@ class SubjectReader {
   /// Fills `record`, and lets the window repaint. Throws FileError, which names the subject; where fewer files were
   /// listed than expected, one that names the directory, and the next call lists again.
   void Read(int k, SubjectRecord& record);
+  /// Of the subject read last.
+  [[nodiscard]] const SubjectOddities& Oddities() const noexcept { return m_oddities; }
 
  private:
   void FindDirectory();
@@ -45,6 +47,7 @@ class SubjectReader {
   int m_expected = 0;
   bool m_reportedMissing = false;
   ResolvedPath m_directory;
+  SubjectOddities m_oddities;
   std::string m_bytes;  // kept between subjects so that a run allocates once
 };
 

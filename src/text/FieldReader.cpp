@@ -14,6 +14,9 @@
 
 #include "text/FieldReader.h"
 
+#include <algorithm>
+
+#include "text/Encoding.h"
 #include "text/LeadingNumber.h"
 
 namespace zova {
@@ -26,6 +29,10 @@ bool IsLineEnd(char c) noexcept { return c == '\r' || c == '\n'; }
 const char* FaultText(FieldFault fault) {
   switch (fault) {
     case FieldFault::EndOfData: return "input past end of file";
+    case FieldFault::MoreData: return "the file goes on where it should end";
+    case FieldFault::NulByte: return "the file holds a NUL byte";
+    case FieldFault::Utf16: return "the file is in UTF-16, not in UTF-8 or Windows-1252";
+    case FieldFault::BadIdentifier: return "no subject can have this identifier";
     case FieldFault::NotNumeric: return "number expected";
     case FieldFault::OutOfRange16: return "number beyond the 16-bit range";
     case FieldFault::NegativeCount: return "number too small";
@@ -46,6 +53,14 @@ std::size_t LineOf(std::string_view text, std::size_t position) noexcept {
 
 FieldError::FieldError(FieldFault fault, std::size_t line)
     : std::runtime_error(FaultText(fault)), m_fault(fault), m_line(line) {}
+
+void RequireDataText(std::string_view bytes) {
+  if (LooksLikeDataText(bytes)) return;
+  const bool isUtf16 = bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF");
+  const std::size_t nul = isUtf16 ? std::string_view::npos : bytes.find('\0');
+  if (nul != std::string_view::npos) throw FieldError(FieldFault::NulByte, LineOf(bytes, nul));
+  throw FieldError(FieldFault::Utf16, LineOf(bytes, std::min(bytes.find("\xFF\xFE"), bytes.find("\xFE\xFF"))));
+}
 
 void FieldReader::Fail(FieldFault fault, std::size_t position) const {
   throw FieldError(fault, LineOf(m_text, position));
@@ -88,6 +103,7 @@ std::int16_t FieldReader::NextNumber() {
   const std::string_view field = Next();
   const auto number = LeadingInteger16(field);
   if (!number) Fail(FieldFault::OutOfRange16, m_fieldStart);
+  if (*number == 0 && !field.empty() && !HasLeadingNumber(field)) m_hasReadText = true;
   return *number;
 }
 
@@ -110,6 +126,13 @@ void FieldReader::SkipLine() {
   if (m_position >= m_text.size()) Fail(FieldFault::EndOfData, m_text.size());
   while (m_position < m_text.size() && !IsLineEnd(m_text[m_position])) ++m_position;
   CloseField();
+}
+
+void FieldReader::RequireEnd() const {
+  FieldReader rest = *this;
+  while (!rest.AtEnd()) {
+    if (!rest.Next().empty() || !rest.AtLineStart()) rest.Refuse(FieldFault::MoreData);
+  }
 }
 
 }  // namespace zova

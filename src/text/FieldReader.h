@@ -12,6 +12,10 @@ namespace zova {
 /// Why a text could not be read as fields.
 enum class FieldFault {
   EndOfData,      ///< a field was asked for and no character was left
+  MoreData,       ///< fields follow where the text must end
+  NulByte,        ///< the bytes are no text: one of them is NUL
+  Utf16,          ///< the text is UTF-16, or has its mark
+  BadIdentifier,  ///< a subject's identifier that cannot be one
   NotNumeric,     ///< a numeric field holds text without a leading number
   OutOfRange16,   ///< a number beyond the 16-bit signed range
   NegativeCount,  ///< a number below what it may be
@@ -30,6 +34,10 @@ class FieldError : public std::runtime_error {
   std::size_t m_line;
 };
 
+/// Throws FieldError (NulByte, Utf16) for bytes that no data file of ours or of a lab's older programs holds. Read on,
+/// they would become zeros that are later saved over a subject.
+void RequireDataText(std::string_view bytes);
+
 /// Reads the comma-separated fields of a text as one stream, without allocating: lines do not count, except that
 /// each line end closes a field. The text must outlive the reader, and what it hands out points into it.
 class FieldReader {
@@ -41,7 +49,7 @@ class FieldReader {
   std::string_view Next();
   void Skip() { (void)Next(); }
 
-  /// The next field's leading number, rounded to an integer (halves to even); no leading number is 0.
+  /// The next field's leading number, rounded to an integer (halves to even); no leading number is 0 (HasReadText).
   /// Throws FieldError (EndOfData, OutOfRange16).
   std::int16_t NextNumber();
   /// The same, but only an empty field is 0. Throws FieldError (NotNumeric) for other text without a number.
@@ -51,6 +59,10 @@ class FieldReader {
 
   /// Goes on behind the end of the line, quotes or not. Throws FieldError (EndOfData) when nothing is left.
   void SkipLine();
+  /// Throws FieldError (MoreData) when anything but blank lines follows.
+  void RequireEnd() const;
+  /// Throws FieldError with the line of the field read last.
+  [[noreturn]] void Refuse(FieldFault fault) const { Fail(fault, m_fieldStart); }
 
   /// The next `Count` numbers, when they stand as this program writes them: a line of their own of one to four bare
   /// digits each, ended by CR LF. Otherwise false with nothing taken, and NextNumber is the way. Nearly every line of a
@@ -77,6 +89,8 @@ class FieldReader {
   /// True when the field read last was closed by a line end or by the end of the text.
   [[nodiscard]] bool AtLineStart() const noexcept { return m_lineEnded; }
   [[nodiscard]] bool AtEnd() const noexcept { return m_position >= m_text.size(); }
+  /// True when NextNumber made 0 of a field that holds other text.
+  [[nodiscard]] bool HasReadText() const noexcept { return m_hasReadText; }
 
  private:
   static unsigned Digit(char c) noexcept { return static_cast<unsigned char>(c) - static_cast<unsigned>('0'); }
@@ -87,6 +101,7 @@ class FieldReader {
   std::size_t m_position = 0;
   std::size_t m_fieldStart = 0;
   bool m_lineEnded = true;
+  bool m_hasReadText = false;
 };
 
 }  // namespace zova

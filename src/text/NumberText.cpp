@@ -2,6 +2,7 @@
 
 #include "text/NumberText.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <cstdlib>
@@ -67,6 +68,27 @@ void AppendExactNumber(std::string& out, float value) {
   char buffer[64];  // the longest single, 2^-149, takes 48
   const auto result = std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::fixed);
   out.append(buffer, result.ptr);
+}
+
+void AppendPlainNumber(std::string& out, double value) {
+  constexpr int kDigits = 15;
+  if (value == 0) {  // also -0
+    out += '0';
+    return;
+  }
+  char buffer[400];  // the smallest double's 15 digits end at the 338th place
+  const auto scientific =
+      std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::scientific, kDigits - 1);
+  const std::string_view digits(buffer, static_cast<std::size_t>(scientific.ptr - buffer));
+  const bool isSmall = digits.find("e-") != std::string_view::npos;
+  int exponent = 0;
+  std::from_chars(buffer + digits.find('e') + 2, scientific.ptr, exponent);
+  const int places = isSmall ? kDigits - 1 + exponent : std::max(0, kDigits - 1 - exponent);
+  const auto fixed = std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::fixed, places);
+  std::string_view text(buffer, static_cast<std::size_t>(fixed.ptr - buffer));
+  if (places > 0) text = text.substr(0, text.find_last_not_of('0') + 1);
+  if (text.ends_with('.')) text.remove_suffix(1);
+  out += text;
 }
 
 }  // namespace zova

@@ -16,6 +16,9 @@ void AppendNumber(std::string& out, double value);
 /// For other programs: the fewest digits that give the same single when they are read back, with a zero before the
 /// point, never an exponent.
 void AppendExactNumber(std::string& out, float value);
+/// At most 15 significant digits, of which every double keeps its own; also with a zero before the point and without an
+/// exponent.
+void AppendPlainNumber(std::string& out, double value);
 
 /// The same with one blank before a number that is not negative, as the rows of a master have it.
 template <typename Number>

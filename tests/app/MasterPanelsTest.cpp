@@ -97,6 +97,7 @@ TEST_F(MasterPanelsTest, KeysReachTheOptionsAndTheMeasures) {
   EXPECT_TRUE(m_options.ChkItemAnalysis && m_options.ChkCombine && m_options.ChkExportClean && m_options.ChkExportLong);
   Alt("M"), Press(Qt::Key_Space), Alt("WE");
   EXPECT_EQ(m_helps, 1);
+  EXPECT_EQ(Text("lblColumnCount"), "Columns of the master: 7 of at most 32,767.");
   for (const MeasureBox& box : AllMeasureBoxes()) {
     const QWidget* shown = Find(box.Name.data());
     const bool isGeneral = box.Which <= Measure::IP;

@@ -58,17 +58,21 @@ TEST_F(MeansPanelTest, KeysReachTheRulesAndWhatComesOfThemShows) {
 
 TEST(PlotView, EachPictureIsDrawnInEachFormat) {
   const PlotSeries one{"", false, {{1, 4.5, 1.5}, {2, 3, {}}}};
-  const PlotSeries smoothed{"Test 1, smoothed", true, {{1, 2, {}}, {2, 3, {}}}};
+  const PlotSeries observed{"Test 1", false, {{1, .45, {}}, {2, .3, {}}}};
+  const PlotSeries smoothed{"Test 1, smoothed", true, {{1, .4, {}}, {2, .3, {}}}};
   const std::pair<const char*, PlotPicture> kPictures[] = {
       {"one series", {"Sex", "Net recall (items)", {"Man", "Woman"}, {one}, false, ""}},
-      {"a curve", {"Position", "Recalled (share)", {"1", "2"}, {one, smoothed}, true, ""}},
+      {"a curve", {"Position", "Recalled (share)", {"1", "2"}, {observed, smoothed}, true, ""}},
       {"nothing", {"", "", {}, {}, true, "Choose a measure."}}};
+  QLocale::setDefault(QLocale::German);
   for (const auto& [what, picture] : kPictures) {
     const QByteArray pdf = RenderPicture(picture, PlotFormat::Pdf);
     EXPECT_TRUE(pdf.startsWith("%PDF-") && pdf.contains("/ToUnicode")) << what << ": its text is text";
     const QByteArray svg = RenderPicture(picture, PlotFormat::Svg);
     const std::string label = picture.Series.empty() ? picture.Note : picture.YLabel;
     EXPECT_TRUE(svg.startsWith("<?xml") && svg.contains(">" + QByteArray::fromStdString(label) + "<")) << what;
+    EXPECT_EQ(svg.contains("<title>" + QByteArray::fromStdString(label) + "</title>"), !picture.Series.empty()) << what;
+    EXPECT_EQ(svg.contains(">0.2<"), picture.HasLines && !picture.Series.empty()) << "a point in every locale";
     const QImage png = QImage::fromData(RenderPicture(picture, PlotFormat::Png), "PNG");
     EXPECT_EQ(png.size(), QSize(1891, 1300)) << what;
     int inked = 0;
@@ -77,6 +81,7 @@ TEST(PlotView, EachPictureIsDrawnInEachFormat) {
     }
     EXPECT_TRUE(inked > 1000 && inked < 100000) << what << ": " << inked;
   }
+  QLocale::setDefault(QLocale::c());
 }
 
 TEST(PlotView, ManyNamesStandBelowTheAxesAndLeaveThemTheirRoom) {

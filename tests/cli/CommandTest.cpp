@@ -56,8 +56,9 @@ class Command : public ::testing::Test {
 };
 
 TEST_F(Command, WritesTheMasterWhereverItIsTold) {
-  for (const char* path : {"'C:\\Ab.prm'", "\"$PWD/Ab.prm\"", "-- 'c:\\AB.PRM'"}) {
-    Expect("--measures chkBasic,minutes " + std::string(path), 0, {kMaster}, "");
+  for (const char* arguments : {"--measures chkBasic,minutes 'C:\\Ab.prm'", "--without itr,chkIP,lures \"$PWD/Ab.prm\"",
+                                "--measures recall,itr --without itr -- 'c:\\AB.PRM'"}) {
+    Expect(arguments, 0, {kMaster}, "");
     EXPECT_EQ(Files.Get(kMaster),
               "Sub ID's, Net(Test 1), Net(Test 2), Losses(Test 1 to 2), Gains(Test 1 to 2)\r\n1,  2,  1,  1,  0\r\n");
   }
@@ -79,6 +80,7 @@ TEST_F(Command, RefusesWrongUsage) {
         {"''", "PROJECT.prm: a file needs a name"},
         {"Ab.prm B.prm", "unexpected argument: B.prm"},
         {"--measures chkBasic,chkbasic Ab.prm", "--measures: unknown measure 'chkbasic'"},
+        {"--without itr,all Ab.prm", "--without: unknown measure 'all'"},
         {"--measures chkBasic chkBi Ab.prm", "unexpected argument: Ab.prm"},
         {"--all Ab.prm", "unexpected argument: --all"},
         {"Ab.prm -x", "unexpected argument: -x"},
@@ -106,7 +108,7 @@ TEST_F(Command, ExplainsEveryOptionInUsageAndManual) {
     const std::size_t name = usage.find("--", at) + 1;
     EXPECT_THAT(manual, ::testing::HasSubstr("It Fl " + usage.substr(name, usage.find_first_of(" \n", name) - name)));
   }
-  EXPECT_EQ(options, 12);
+  EXPECT_EQ(options, 13);
 }
 
 #ifdef __linux__

@@ -111,6 +111,20 @@ TEST(MasterRun, ThreeSubjectsByHand) {
             "Smooth, 0, .444, .666, .666, .333, .555, .555, .333\r\n");
 }
 
+TEST(MasterRun, NamesSubjectsWhoseFilesHoldMoreThanNumbers) {
+  Lab lab({.Tests = 1, .Items = 3});
+  lab.Put("AB Sub#good.dat", "1 2");
+  for (const auto& [id, lines] : {std::pair("words", "1,one,0,0\r\n2,2,0,0\r\n3,0,0,0\r\n"),
+                                  {"gap", "1,1,0,0\r\n2,0,0,0\r\n3,3,0,0\r\n"},
+                                  {"rating", "1,1,0,\"much\"\r\n2,2,,0\r\n3,0,0,0\r\n"}}) {
+    lab.Files.Put(std::string("C:\\Data\\Sdata\\AB Sub#") + id + ".dat", std::string("header\r\n") + lines);
+    ++lab.Request.SubjectFileCount;
+  }
+  ScriptedBoxes boxes{Told("Text stood where numbers belong, and was read as 0, for subject(s): rating, words."),
+                      Told("An item 0 stands inside a list of subject(s): gap, words.")};
+  ShowMasterWarnings(lab.Run(boxes).Notices, boxes);
+}
+
 TEST(MasterRun, ARunTimeErrorIsRetriedOrEndsTheRun) {
   Lab lab({.Tests = 1, .Items = 3});
   lab.Request.Order = SerialOrder{1, 2, 3};
@@ -301,13 +315,14 @@ TEST(MasterRun, TenThousandSubjects) {
 TEST(SerialPositions, OrdersAndTheirFaults) {
   Scratch scratch;
   Disk disk = scratch.MakeDisk();
-  for (const auto& [bytes, fault] : {std::pair("3,1\n1,2\r\n2,3\n9,9\n", ""),
+  for (const auto& [bytes, fault] : {std::pair("3,1\n1,2\r\n2,3\n\r\n", ""),
                                      {"1,1\n2,4\n3,3\n", "Item 2 has no position from 1 to 3."},
                                      {"1,3\n2,1\n3,3\n", "Position 3 is used twice."}}) {
     scratch.Put("C:\\order.dat", bytes);
     EXPECT_EQ(SerialOrderFault(ReadSerialOrder(disk, "C:\\order.dat", 3)).value_or(OrderFault{}).Text, fault) << bytes;
   }
-  for (const char* bytes : {"1,2\n2,1\n", "1,1\n2,2\n4,3\n", "0,1\n1,2\n2,3\n", "1,1\n2,x\n3,3\n"}) {
+  for (const char* bytes :
+       {"1,2\n2,1\n", "1,1\n2,2\n3,3\n4,4\n", "1,1\n2,2\n4,3\n", "0,1\n1,2\n2,3\n", "1,1\n2,x\n3,3\n"}) {
     scratch.Put("C:\\order.dat", bytes);
     EXPECT_THROW(ReadSerialOrder(disk, "C:\\order.dat", 3), FileError) << bytes;
   }

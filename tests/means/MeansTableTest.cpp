@@ -6,6 +6,7 @@
 #include <tuple>
 
 #include "scoring/Examples.h"
+#include "text/NumberText.h"
 
 namespace zova::testing {
 namespace {
@@ -147,9 +148,9 @@ TEST(MeansTable, ARowPerCombinationAndTheTotal) {
             "Measure,Dose,Sex,n,Mean,SD,95% CI Low,95% CI High,Not Computed\r\n"
             "Net(Test 1),low,\"Woman, or girl (1)\",1,5,,,,0\r\n"
             "Net(Test 1),low,3,1,5,,,,0\r\n"
-            "Net(Test 1),10,\"Woman, or girl (2)\",2,2,1.4142135623730951,-10.706204736174694,14.706204736174694,0\r\n"
+            "Net(Test 1),10,\"Woman, or girl (2)\",2,2,1.4142135623731,-10.7062047361747,14.7062047361747,0\r\n"
             "Net(Test 1),XXXXXXX,\"Woman, or girl (1)\",1,5,,,,0\r\n"
-            "Net(Test 1),(all),(all),5,3.8,1.7888543819998317,1.5788439158417655,6.021156084158234,0\r\n");
+            "Net(Test 1),(all),(all),5,3.8,1.78885438199983,1.57884391584177,6.02115608415823,0\r\n");
   const MeansTable computed = ComputeMeans(table, {{1, 0}, {0}, true}, nullptr);
   EXPECT_EQ(TabText(LinesOf(computed)).substr(0, 147),
             "Measure\tDose\tn\tMean\tSD\t95% CI Low\t95% CI High\tNot Computed\n"
@@ -166,7 +167,17 @@ TEST(MeansTable, ARowPerCombinationAndTheTotal) {
             "Net(Test 1),(all),0,,,,,0\r\n");
 }
 
-TEST(MeansTable, NumbersOnTheScreen) {
+TEST(MeansTable, NumbersInFilesAndOnTheScreen) {
+  for (const auto& [value, text] : {std::pair(-0.0, "0"),
+                                    {.1 + .2 - .117, "0.183"},
+                                    {-2.0 / 3, "-0.666666666666667"},
+                                    {1234567890123456.7, "1234567890123457"},
+                                    {.00001, "0.00001"},
+                                    {9.9999999999999995, "10"}}) {
+    std::string plain;
+    AppendPlainNumber(plain, value);
+    EXPECT_EQ(plain, text);
+  }
   const std::pair<std::optional<double>, const char*> kCases[] = {
       {{}, ""}, {12, "12.00"}, {-.457, "-0.457"}, {-.0001, "0.000"}, {1.005, "1.00"}, {.12345, "0.123"}};
   for (const auto& [value, text] : kCases) EXPECT_EQ(ShownNumber(value), text);

@@ -98,9 +98,8 @@ TEST(ProjectFile, RefusesFaults) {
                                                                      {"\r\n2\r\n3", "\r\n-2\r\n3", "number too small"},
                                                                      {"66,1,6,11", "-66,1,6,11", "number too small"}};
   for (const auto& [what, by, fault] : cases) EXPECT_EQ(FaultOf(Replaced(kExample, what, by)), fault) << by;
-  for (const std::string& marked : {"\xFF\xFE" + kExample, kExample + std::string(1, '\0')}) {
-    EXPECT_EQ(FaultOf(marked), "input past end of file");
-  }
+  EXPECT_EQ(FaultOf("\xFF\xFE" + kExample), "the file is in UTF-16, not in UTF-8 or Windows-1252");
+  EXPECT_EQ(FaultOf(kExample + std::string(1, '\0')), "the file holds a NUL byte");
   // Cut behind any delimiter but the last, the file lacks a field.
   for (std::size_t i = 0; i + 2 < kExample.size(); ++i) {
     if (kExample[i] != ',' && kExample[i] != '\n') continue;

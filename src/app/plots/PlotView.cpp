@@ -236,9 +236,17 @@ void Paint(QCustomPlot& plot, QPaintDevice& device, double scale) {
   painter.end();
 }
 
+// Numbers look alike on every machine, so that a saved plot can be compared and read by programs.
+void SetCLocale(QCustomPlot& plot) {
+  QLocale locale = QLocale::c();
+  locale.setNumberOptions(QLocale::OmitGroupSeparator);
+  plot.setLocale(locale);
+}
+
 }  // namespace
 
 PlotView::PlotView(const char* name) : m_legend(*this) {
+  SetCLocale(*this);
   setObjectName(QString::fromLatin1(name));
   setAccessibleName(tr("Plot of Means"));
   setMinimumSize(fontMetrics().averageCharWidth() * 40, fontMetrics().height() * 12);
@@ -259,6 +267,7 @@ void PlotView::resizeEvent(QResizeEvent* event) {
 QByteArray RenderPicture(const PlotPicture& picture, PlotFormat format) {
   const auto dots = [](double cm, int perInch) { return static_cast<int>(std::lround(cm / kCmPerInch * perInch)); };
   QCustomPlot plot;
+  SetCLocale(plot);
   PlotLegend legend(plot);
   plot.axisRect()->setupFullAxesBox(false);
   plot.setViewport(QRect(0, 0, dots(kWidthInCm, kDotsPerInch), dots(kHeightInCm, kDotsPerInch)));
@@ -281,6 +290,7 @@ QByteArray RenderPicture(const PlotPicture& picture, PlotFormat format) {
     case PlotFormat::Svg: {
       QSvgGenerator device;
       device.setOutputDevice(&buffer);
+      device.setTitle(ToQt(picture.YLabel));
       device.setResolution(kDotsPerInch);
       device.setSize(size);
       device.setViewBox(QRect(QPoint(), size));

@@ -37,6 +37,8 @@ MeasurePanel::MeasurePanel(MasterFlow& flow, std::function<void()> help) : FlowP
     }
     AddBox(*frame, measure);
   }
+  m_lblColumnCount = MakeLabel("lblColumnCount", {});
+  rows->addWidget(m_lblColumnCount);
   rows->addStretch();
   AddButton("cmdHelpMeasures", tr("H&elp on Measures"), std::move(help));
   m_default = m_cancel = AddButton("cmdMeasureOK", tr("O&K"), [this] { m_flow.CloseMeasures(); });
@@ -53,6 +55,7 @@ void MeasurePanel::AddBox(QGroupBox& frame, const MeasureBox& measure) {
   m_boxes.emplace_back(box, measure.Which);
   connect(box, &QCheckBox::clicked, this, [this, which = measure.Which](bool checked) {
     m_flow.Options().Selection.Check(which, checked);
+    ShowColumnCount();
     emit Acted();
   });
 }
@@ -67,6 +70,9 @@ void MeasurePanel::Refresh() {
     };
     box->parentWidget()->setEnabled(std::any_of(m_boxes.begin(), m_boxes.end(), isUsable));
   }
+  ShowColumnCount();
 }
+
+void MeasurePanel::ShowColumnCount() { m_lblColumnCount->setText(ToQt(m_flow.Options().ColumnCount())); }
 
 }  // namespace zova

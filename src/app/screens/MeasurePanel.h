@@ -8,6 +8,7 @@
 
 class QCheckBox;
 class QGroupBox;
+class QLabel;
 
 namespace zova {
 
@@ -22,8 +23,10 @@ class MeasurePanel : public FlowPanel {
 
  private:
   void AddBox(QGroupBox& frame, const MeasureBox& measure);
+  void ShowColumnCount();
 
   std::vector<std::pair<QCheckBox*, Measure>> m_boxes;
+  QLabel* m_lblColumnCount = nullptr;
 };
 
 }  // namespace zova

@@ -103,15 +103,28 @@ void RequireColumnCount(const CountSink& counts, int total) {
                                          MeasuresToUncheck(counts, total - kMaxColumnCount) + ".");
 }
 
+int CountColumns(const ProjectParameters& project, const MeasureSelection& selection, MasterKind kind,
+                 CountSink& counts) {
+  ScoringArrays empty;
+  ResetScores(empty, project);
+  WalkMeasureColumns(project, selection, kind, empty, counts);
+  return 1 + project.VariableCount + counts.Total();
+}
+
 }  // namespace
+
+std::string ColumnCountText(const ProjectParameters& project, const MeasureSelection& selection) {
+  static_assert(kMaxColumnCount == 32767);
+  CountSink counts;
+  const int total = CountColumns(project, selection, MasterKind::Individual, counts);
+  return "Columns of the master: " + std::to_string(total) + " of at most 32,767" +
+         (total > kMaxColumnCount ? ".  Please uncheck measures." : ".");
+}
 
 MasterHeaderLine BuildMasterHeader(const ProjectParameters& project, const MeasureSelection& selection,
                                    MasterKind kind) {
-  ScoringArrays empty;
-  ResetScores(empty, project);
   CountSink counts;
-  WalkMeasureColumns(project, selection, kind, empty, counts);
-  const int total = 1 + project.VariableCount + counts.Total();
+  const int total = CountColumns(project, selection, kind, counts);
   RequireColumnCount(counts, total);
 
   MasterHeaderLine line;
@@ -120,6 +133,8 @@ MasterHeaderLine BuildMasterHeader(const ProjectParameters& project, const Measu
   for (std::size_t v = 0; v < static_cast<std::size_t>(project.VariableCount); ++v) {
     line.MasterHeader += ", " + project.VariableNames[v];
   }
+  ScoringArrays empty;
+  ResetScores(empty, project);
   HeaderSink sink(line);
   WalkMeasureColumns(project, selection, kind, empty, sink);
   return line;

@@ -22,6 +22,9 @@ struct MasterHeaderLine {
 MasterHeaderLine BuildMasterHeader(const ProjectParameters& project, const MeasureSelection& selection,
                                    MasterKind kind);
 
+/// How many columns the individual master will have, and how many it can have, for the measure screen.
+std::string ColumnCountText(const ProjectParameters& project, const MeasureSelection& selection);
+
 /// Replaces `row` by the value line of an individual master (without its line end).
 void BuildMasterRow(std::string_view subjectId, const std::array<std::int16_t, kMaxVariables>& levels,
                     const ProjectParameters& project, const MeasureSelection& selection, const ScoringArrays& scores,

@@ -54,7 +54,7 @@ std::vector<std::int16_t> PositionsOf(const std::vector<std::size_t>& rows) {
 // What `parse` makes of the fields of a file's bytes. Throws FieldError.
 template <typename Parse>
 auto ParseFields(std::string_view bytes, Parse&& parse) {
-  if (!LooksLikeDataText(bytes)) throw FieldError(FieldFault::EndOfData, 1);
+  RequireDataText(bytes);
   const DataText text(bytes);
   FieldReader reader(text.Content());
   return parse(reader);
@@ -74,6 +74,7 @@ SerialOrder ParseSerialOrder(FieldReader& reader, int itemCount) {
     const int item = reader.NextCount(itemCount, 1);
     order[static_cast<std::size_t>(item) - 1] = reader.NextStrictNumber();
   }
+  reader.RequireEnd();  // another list was ordered
   return order;
 }
 
@@ -170,13 +171,9 @@ GroupOrder FitGroupOrder(const GroupOrderLines& lines, const std::vector<std::st
 }
 
 std::optional<SerialOrder> ReadSavedSerialOrder(Disk& disk, const ProjectParameters& project) {
-  bool hasMore = false;
-  auto order = ParseSaved(disk, SerialOrderPath(project), [&](FieldReader& reader) {
-    SerialOrder parsed = ParseSerialOrder(reader, project.ItemCount);
-    hasMore = !OnlyBlankLinesFollow(reader);  // a longer list was ordered
-    return parsed;
-  });
-  if (hasMore || (order && SerialOrderFault(*order))) order.reset();
+  auto order = ParseSaved(disk, SerialOrderPath(project),
+                          [&](FieldReader& reader) { return ParseSerialOrder(reader, project.ItemCount); });
+  if (order && SerialOrderFault(*order)) order.reset();
   return order;
 }
 

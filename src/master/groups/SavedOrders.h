@@ -27,9 +27,8 @@ std::optional<OrderFault> GroupOrderFault(const std::vector<std::string>& subjec
 SerialOrder FirstSerialOrder(const ProjectParameters& project);
 GroupOrder FirstGroupOrder(std::size_t subjectCount);
 
-/// Reads an order of `itemCount` lines "item,position"; what follows is passed over, as in every data file. An item
-/// without a line has position 0. Throws FileError; too few lines, and items outside 1 to `itemCount`, are no such file
-/// (end of data).
+/// Reads an order of `itemCount` lines "item,position". An item without a line has position 0. Throws FileError; fewer
+/// or more lines, and items outside 1 to `itemCount`, are no such file (end of data).
 SerialOrder ReadSerialOrder(Disk& disk, const std::string& path, int itemCount);
 
 /// The lines of a group-order file.

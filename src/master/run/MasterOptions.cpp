@@ -2,6 +2,7 @@
 
 #include "master/run/MasterOptions.h"
 
+#include "master/columns/MasterLines.h"
 #include "master/run/RunPaths.h"
 #include "project/ProjectLayout.h"
 
@@ -23,6 +24,10 @@ void MasterOptions::Open(const ProjectParameters& project) {
 void MasterOptions::ResetMasterOptions() noexcept {
   ChkItemAnalysis = ChkCombine = ChkExportClean = ChkExportLong = false;
   m_perGroup.clear();
+}
+
+std::string MasterOptions::ColumnCount() const {
+  return m_project == nullptr ? "" : ColumnCountText(*m_project, Selection);
 }
 
 void MasterOptions::SettleDestination() {

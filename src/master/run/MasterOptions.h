@@ -28,6 +28,9 @@ class MasterOptions {
   bool ChkExportClean = false;  ///< the measures, the recalls as CSV files
   bool ChkExportLong = false;
 
+  /// Of the individual master with the measures that are checked.
+  [[nodiscard]] std::string ColumnCount() const;
+
   [[nodiscard]] const std::string& Destination() const noexcept { return m_destination; }
   void SetDestination(const std::string& text) { m_destination = text; }
   /// Puts the path that the text stands for in its place (ResolveDestination); in a directory that is there, the

@@ -13,7 +13,7 @@ namespace zova {
 
 namespace {
 
-void AddFailure(std::string& list, const char* opening, const std::string& subjectId) {
+void AddSubject(std::string& list, const char* opening, const std::string& subjectId) {
   list += list.empty() ? opening : ", ";
   list += subjectId;
 }
@@ -62,7 +62,7 @@ class IndividualRun {
       if (!m_context.Master.WriteRow(m_context.Row)) return false;
       const std::string id = m_context.Subjects.SubjectId(k);
       if (!HandOn({id, m_context.Record, m_context.Scores, m_context.Row})) return false;
-      NoteFailures(id);
+      NoteSubject(id);
       if (m_request.Order) {
         AccumulateSerialPositions(ListsOfTrueItems(m_context.Record.Lists, m_context.Project, m_context.Scores),
                                   *m_request.Order, m_serialCounts);
@@ -83,14 +83,22 @@ class IndividualRun {
     return m_exports.WriteRows(subject) && (m_request.Sink == nullptr || m_request.Sink->Take(subject));
   }
 
-  void NoteFailures(const std::string& id) {
+  void NoteSubject(const std::string& id) {
     if (m_context.Scores.Categories.AnyArcFailed) {
-      AddFailure(m_notices.ArcFailureList,
+      AddSubject(m_notices.ArcFailureList,
                  "For at least 1 test, the ARC score was unable to be calculated for subject(s): ", id);
     }
     if (m_context.Scores.Itr.AnyItrFailed) {
-      AddFailure(m_notices.BiItrFailureList,
+      AddSubject(m_notices.BiItrFailureList,
                  "For at least 1 test, Bi-Directional ITR was unable to be calculated for subject(s): ", id);
+    }
+    const SubjectOddities& oddities = m_context.Subjects.Oddities();
+    if (oddities.TextReadAsZero) {
+      AddSubject(m_notices.TextReadAsZeroList,
+                 "Text stood where numbers belong, and was read as 0, for subject(s): ", id);
+    }
+    if (oddities.BlankInside) {
+      AddSubject(m_notices.BlankInsideList, "An item 0 stands inside a list of subject(s): ", id);
     }
   }
 
@@ -118,6 +126,9 @@ MasterRunResult CreateMasters(const ProjectParameters& project, const MasterRequ
 void ShowMasterWarnings(const MasterNotices& notices, MessageBoxes& boxes) {
   for (const std::string& list : {notices.ArcFailureList, notices.BiItrFailureList}) {
     if (!list.empty()) Warn(boxes, list + ".  You should delete these subjects before analysis.");
+  }
+  for (const std::string& list : {notices.TextReadAsZeroList, notices.BlankInsideList}) {
+    if (!list.empty()) Warn(boxes, list + ".");
   }
 }
 

@@ -30,10 +30,12 @@ struct MasterRequest {
   ScoredSubjectSink* Sink = nullptr;  ///< gets every subject; not owned
 };
 
-/// The subjects for whom a score could not be computed, as notices; "" when there is none.
+/// The subjects of whom the user should know, as notices; "" when there is none.
 struct MasterNotices {
   std::string ArcFailureList;
   std::string BiItrFailureList;
+  std::string TextReadAsZeroList;
+  std::string BlankInsideList;
 };
 
 struct MasterRunResult {
@@ -48,7 +50,7 @@ struct MasterRunResult {
 /// Nothing is shown at the end of a completed run: notices and final message are the caller's.
 MasterRunResult CreateMasters(const ProjectParameters& project, const MasterRequest& request, const Platform& platform);
 
-/// Shows what `notices` holds, the ARC notice first.
+/// Shows what `notices` holds, in the order of its fields.
 void ShowMasterWarnings(const MasterNotices& notices, MessageBoxes& boxes);
 
 }  // namespace zova
