@@ -41,9 +41,9 @@ EntryKind KindOf(DWORD attributes) noexcept {
   return (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0 ? EntryKind::Directory : EntryKind::File;
 }
 
-WindowsHandle Open(const fs::path& path, DWORD access, DWORD disposition) {
+WindowsHandle Open(const fs::path& path, DWORD access, DWORD disposition, DWORD sharing = kShareAll) {
   const HANDLE handle =
-      CreateFileW(WindowsName(path).c_str(), access, kShareAll, nullptr, disposition, FILE_ATTRIBUTE_NORMAL, nullptr);
+      CreateFileW(WindowsName(path).c_str(), access, sharing, nullptr, disposition, FILE_ATTRIBUTE_NORMAL, nullptr);
   if (handle == INVALID_HANDLE_VALUE) ThrowLastError();
   return WindowsHandle(handle);
 }
@@ -71,8 +71,9 @@ class WindowsOutputFile final : public OutputFile {
   WindowsHandle m_file;
 };
 
-std::unique_ptr<OutputFile> OpenOutput(const fs::path& path, DWORD access, DWORD disposition) {
-  return std::make_unique<WindowsOutputFile>(Open(path, access, disposition));
+std::unique_ptr<OutputFile> OpenOutput(const fs::path& path, DWORD access, DWORD disposition,
+                                       DWORD sharing = kShareAll) {
+  return std::make_unique<WindowsOutputFile>(Open(path, access, disposition, sharing));
 }
 
 struct SearchCloser {
@@ -205,6 +206,7 @@ std::uintmax_t NativeFileLayer::Size(const fs::path& path) {
 void NativeFileLayer::Read(const fs::path& path, std::string& content, std::uintmax_t limit) {
   if (IsReservedName(path)) Throw(std::errc::not_supported);  // the console would wait for somebody to type
   const WindowsHandle file = Open(path, GENERIC_READ, OPEN_EXISTING);
+  if (GetFileType(file.get()) != FILE_TYPE_DISK) Throw(std::errc::not_supported);
   constexpr std::size_t kReadSize = 64UL * 1024;
   m_buffer.resize(kReadSize);
   content.clear();
@@ -227,7 +229,7 @@ std::vector<DirectoryEntry> NativeFileLayer::List(const fs::path& directory) {
 }
 
 std::unique_ptr<OutputFile> NativeFileLayer::Create(const fs::path& path) {
-  return OpenOutput(path, GENERIC_WRITE, CREATE_NEW);
+  return OpenOutput(path, GENERIC_WRITE, CREATE_NEW, FILE_SHARE_READ | FILE_SHARE_WRITE);
 }
 
 std::unique_ptr<OutputFile> NativeFileLayer::Append(const fs::path& path) {
@@ -285,6 +287,9 @@ void NativeFileLayer::Remove(const fs::path& path) {
   }
   Require(KindOf(attributes) == EntryKind::Directory ? RemoveDirectoryW(name.c_str()) : DeleteFileW(name.c_str()));
 }
+
+// A file that its writer has open is shared for everything but deleting.
+void NativeFileLayer::RemoveUnlocked(const fs::path& path) { Remove(path); }
 
 void NativeFileLayer::CreateDirectory(const fs::path& path) {
   if (CreateDirectoryW(WindowsName(path).c_str(), nullptr) != 0) return;
