@@ -15,6 +15,7 @@
 #include "master/groups/SavedOrders.h"
 #include "master/run/CombinedMaster.h"
 #include "master/run/MasterRun.h"
+#include "master/run/RunStart.h"
 #include "means/MeansTable.h"
 #include "means/UncomputedValues.h"
 #include "platform/desktop/FileErrorBoxes.h"

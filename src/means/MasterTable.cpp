@@ -11,6 +11,7 @@
 
 #include "master/columns/ColumnName.h"
 #include "means/MasterFields.h"
+#include "text/Cells.h"
 #include "text/Encoding.h"
 #include "text/TypedText.h"
 
@@ -18,7 +19,7 @@ namespace zova {
 
 namespace {
 
-bool AppendFields(LineFields& fields, MasterTable& table) {
+bool AppendFields(LineCells& fields, MasterTable& table) {
   for (std::size_t variable = 0; variable < table.Variables.size(); ++variable) {
     const auto level = fields.Next();
     if (!level) return false;
@@ -34,7 +35,7 @@ bool AppendFields(LineFields& fields, MasterTable& table) {
 }
 
 // A row is taken whole or not at all.
-void AddFields(std::string_view subject, LineFields& fields, MasterTable& table) {
+void AddFields(std::string_view subject, LineCells& fields, MasterTable& table) {
   const std::size_t rows = table.RowCount();
   if (AppendFields(fields, table)) {
     table.Subjects.emplace_back(subject);
@@ -58,7 +59,7 @@ void Reserve(std::string_view text, MasterTable& table) {
   table.Uncomputed.reserve(rows * columns);
 }
 
-bool BeginsWithMeasure(std::string_view line) { return ColumnByName(*LineFields(line).Next()).has_value(); }
+bool BeginsWithMeasure(std::string_view line) { return ColumnByName(*LineCells(line).Next()).has_value(); }
 
 // What stands behind identifier and variables where these are the project's, and a measure follows.
 std::optional<std::string_view> BehindVariables(std::string_view line, const ProjectParameters& project) {
@@ -86,7 +87,7 @@ int CountRepeated(const MasterTable& table) {
 }  // namespace
 
 bool IsMasterHeader(std::string_view line) {
-  LineFields fields(line);
+  LineCells fields(line);
   while (const auto field = fields.Next()) {
     if (ColumnByName(*field)) return true;
   }
@@ -100,10 +101,10 @@ bool TakeMasterHeader(std::string_view line, const ProjectParameters* project, M
     for (std::size_t v = 0; v < static_cast<std::size_t>(project->VariableCount); ++v) {
       table.Variables.emplace_back(WithoutOuterBlanks(project->VariableNames[v]));
     }
-    for (const std::string_view name : FieldsOf(*measures)) table.Measures.emplace_back(name);
+    for (const std::string_view name : CellsOf(*measures)) table.Measures.emplace_back(name);
     return true;
   }
-  LineFields fields(line);
+  LineCells fields(line);
   bool isFirst = true;
   while (const auto field = fields.Next()) {
     const bool isMeasure = !table.Measures.empty() || ColumnByName(*field);
@@ -120,13 +121,13 @@ bool TakeMasterHeader(std::string_view line, const ProjectParameters* project, M
 
 void AddMasterRow(std::string_view line, MasterTable& table) {
   if (WithoutOuterBlanks(line).empty()) return;
-  LineFields fields(line);
+  LineCells fields(line);
   const std::string_view subject = table.HasSubjects ? *fields.Next() : std::string_view{};
   AddFields(subject, fields, table);
 }
 
 void AddMasterRowOf(std::string_view subject, std::string_view fields, MasterTable& table) {
-  LineFields rest(fields);
+  LineCells rest(fields);
   AddFields(subject, rest, table);
 }
 

@@ -9,7 +9,6 @@
 #include "platform/desktop/FileErrorBoxes.h"
 
 #include "master/columns/ColumnName.h"
-#include "master/run/MasterRun.h"
 #include "means/MasterOfProject.h"
 #include "means/UncomputedValues.h"
 #include "project/ProtectedFiles.h"

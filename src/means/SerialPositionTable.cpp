@@ -6,6 +6,7 @@
 
 #include "master/groups/SerialPositions.h"
 #include "means/MasterFields.h"
+#include "text/Cells.h"
 #include "text/Encoding.h"
 #include "text/NumberedText.h"
 
@@ -56,10 +57,10 @@ PlotSeries CurveOf(const std::vector<double>& shares, int test, int positionCoun
 std::optional<SerialPositionTable> ParseSerialPositionMaster(std::string_view text) {
   text = WithoutMarks(text);
   SerialPositionTable table;
-  if (!TakeShape(FieldsOf(TakeLine(text)), table)) return std::nullopt;
+  if (!TakeShape(CellsOf(TakeLine(text)), table)) return std::nullopt;
   const auto count = static_cast<std::size_t>(table.TestCount) * static_cast<std::size_t>(table.PositionCount);
-  if (!TakeShares(FieldsOf(TakeLine(text)), "Actual", count, table.Observed) ||
-      !TakeShares(FieldsOf(TakeLine(text)), "Smooth", count, table.Smoothed)) {
+  if (!TakeShares(CellsOf(TakeLine(text)), "Actual", count, table.Observed) ||
+      !TakeShares(CellsOf(TakeLine(text)), "Smooth", count, table.Smoothed)) {
     return std::nullopt;
   }
   return table;

@@ -9,10 +9,12 @@
 #include <limits>
 #include <unordered_map>
 
+#include "master/columns/MasterColumns.h"
+#include "master/groups/GroupLabel.h"
 #include "master/groups/NominalGroups.h"
-#include "master/run/RunSteps.h"
+#include "platform/desktop/PercentProgress.h"
 #include "scoring/ScoreSubject.h"
-#include "text/TypedText.h"
+#include "subjects/SubjectReader.h"
 
 namespace zova {
 
@@ -92,74 +94,20 @@ class GapMarker final : public ColumnSink {
   std::size_t m_next = 0;
 };
 
-// Gives up every step that fails.
-class SilentBoxes final : public MessageBoxes {
- public:
-  BoxAnswer Show(const MessageBox&) override { return BoxAnswer::Cancel; }
-};
-
-// The project's subjects by their identifiers; numbers from 1 as SubjectReader has them.
-class KnownSubjects {
- public:
-  explicit KnownSubjects(const SubjectReader& reader) {
-    for (int k = 1; k <= reader.Count(); ++k) {
-      const std::string id(WithoutOuterBlanks(reader.SubjectId(k)));
-      m_longest = std::max(m_longest, id.size());
-      m_numbers.emplace(id, k);
-    }
-  }
-
-  // 0 for a subject that is not there.
-  [[nodiscard]] int NumberOf(std::string_view id) const {
-    const auto found = m_numbers.find(std::string(WithoutOuterBlanks(id)));
-    return found == m_numbers.end() ? 0 : found->second;
-  }
-
-  // The members that a label like "Group 3 (4+17+9)" names; none when they are not all known. Identifiers can hold a
-  // plus sign too, so that each has to begin where what follows it can be taken apart to the end.
-  [[nodiscard]] std::vector<int> MembersOf(std::string_view label) const {
-    const std::size_t open = label.find('(');
-    if (!label.starts_with("Group ") || open == std::string_view::npos || !label.ends_with(')')) return {};
-    const std::string_view ids = label.substr(open + 1, label.size() - open - 2);
-    std::vector<int> firsts(ids.size() + 2, 0);      // by place: the member there, when all from there on are known
-    std::vector<std::size_t> nexts(ids.size() + 2);  // and where the next one begins
-    for (std::size_t begin = ids.size(); begin-- > 0;) {
-      if (begin > 0 && ids[begin - 1] != '+') continue;
-      for (std::size_t end = begin; firsts[begin] == 0 && end < ids.size() && end - begin <= m_longest;) {
-        end = std::min(ids.find('+', end + 1), ids.size());
-        if (end < ids.size() && firsts[end + 1] == 0) continue;
-        firsts[begin] = NumberOf(ids.substr(begin, end - begin));
-        nexts[begin] = end + 1;
-      }
-    }
-    std::vector<int> members;
-    for (std::size_t place = 0; place < ids.size() && firsts[place] > 0; place = nexts[place]) {
-      members.push_back(firsts[place]);
-    }
-    return members;
-  }
-
- private:
-  std::unordered_map<std::string, int> m_numbers;
-  std::size_t m_longest = 0;
-};
-
 // Scores the rows of a table again.
 class Rescoring {
  public:
   Rescoring(const ProjectParameters& project, const FamilySet& families, Disk& disk, Progress& bar)
       : m_project(project),
         m_families(families),
-        m_reader(project, disk, m_boxes, bar),
-        m_isListed(m_reader.List(0)),
-        m_known(m_reader),
+        m_reader(project, disk, bar),
+        m_index(ListedSubjects(m_reader)),
         m_pool(project) {}
 
   // False for a subject or group that cannot be scored.
   bool Score(const std::string& subject) {
-    if (!m_isListed) return false;
-    const int number = m_known.NumberOf(subject);
-    const std::vector<int> members = number > 0 ? std::vector<int>{} : m_known.MembersOf(subject);
+    const int number = m_index.NumberOf(subject);
+    const std::vector<int> members = number > 0 ? std::vector<int>{} : m_index.MembersOf(subject);
     if (number == 0 && members.empty()) return false;
     try {
       if (number > 0) {
@@ -179,6 +127,16 @@ class Rescoring {
   [[nodiscard]] const ScoringArrays& Scores() const noexcept { return m_scores; }
 
  private:
+  // Without a listing every row is one that cannot be scored.
+  static std::vector<std::string> ListedSubjects(SubjectReader& reader) {
+    try {
+      reader.List(0);
+      return reader.SubjectIds();
+    } catch (const FileError&) {
+      return {};
+    }
+  }
+
   void ScoreGroup(const std::vector<int>& members) {
     m_pool.Reset();
     for (const int member : members) {
@@ -190,30 +148,11 @@ class Rescoring {
 
   const ProjectParameters& m_project;
   FamilySet m_families;
-  SilentBoxes m_boxes;
   SubjectReader m_reader;
-  bool m_isListed;
-  KnownSubjects m_known;
+  SubjectIndex m_index;
   GroupRecall m_pool;
   SubjectRecord m_record;
   ScoringArrays m_scores;
-};
-
-// Tells the bar of each new percentage.
-class ReadingProgress {
- public:
-  ReadingProgress(Progress& bar, std::size_t total) : m_bar(bar), m_total(total) {}
-  void Show(std::size_t done) {
-    const int percent = static_cast<int>(done * 100 / m_total);
-    if (percent == m_percent) return;
-    m_percent = percent;
-    m_bar.Show(percent, "Reading subjects: " + std::to_string(percent) + "%");
-  }
-
- private:
-  Progress& m_bar;
-  std::size_t m_total;
-  int m_percent = -1;
 };
 
 }  // namespace
@@ -224,7 +163,7 @@ int MarkUncomputed(MasterTable& table, const ProjectParameters& project, Disk& d
   const ColumnFinder columns = FindColumns(project, selection, table);
   if (std::all_of(columns.Shares.begin(), columns.Shares.end(), [](std::size_t m) { return m == kNone; })) return 0;
   Rescoring rescoring(project, columns.Families, disk, bar);
-  ReadingProgress progress(bar, table.RowCount());
+  PercentProgress progress(bar, table.RowCount(), "Reading subjects: ", "%");
   int failures = 0;
   for (std::size_t row = 0; row < table.RowCount(); ++row) {
     if (rescoring.Score(table.Subjects[row])) {

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "master/columns/MeasureSelection.h"
 #include "master/exports/ScoredSubject.h"
-#include "master/run/MasterRun.h"
 #include "means/MasterTable.h"
+#include "platform/desktop/Desktop.h"
+#include "platform/files/Disk.h"
 
 namespace zova {
 

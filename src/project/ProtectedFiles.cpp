@@ -18,11 +18,6 @@ namespace {
 
 enum class Masters { Free, Kept };
 
-struct OwnDirectories {
-  std::vector<ResolvedPath> OfProject;  // the primary one, if it can be reached, and the backup one
-  std::vector<ResolvedPath> OfSubjects;
-};
-
 // A drive that is not ready, or a directory that this user may not look into, holds no file that he could replace.
 void AddDirectory(const std::string& directory, Disk& disk, std::vector<ResolvedPath>& directories) {
   try {
@@ -32,13 +27,20 @@ void AddDirectory(const std::string& directory, Disk& disk, std::vector<Resolved
   }
 }
 
-OwnDirectories DirectoriesOf(const ProjectParameters& project, Disk& disk) {
-  OwnDirectories directories;
+std::vector<ResolvedPath> ProjectDirectories(const ProjectParameters& project, Disk& disk) {
+  std::vector<ResolvedPath> directories;
+  for (const std::string& directory : {project.PrimaryDir, project.BackupDir}) {
+    if (!IsNoDirectory(directory)) AddDirectory(directory, disk, directories);
+  }
+  return directories;
+}
+
+std::vector<ResolvedPath> SubjectDirectories(const ProjectParameters& project, Disk& disk) {
+  std::vector<ResolvedPath> directories;
   for (const std::string& directory : {project.PrimaryDir, project.BackupDir}) {
     if (IsNoDirectory(directory)) continue;
-    AddDirectory(directory, disk, directories.OfProject);
-    AddDirectory(SubjectDirectory(directory), disk, directories.OfSubjects);
-    AddDirectory(UnfinishedDirectory(directory), disk, directories.OfSubjects);
+    AddDirectory(SubjectDirectory(directory), disk, directories);
+    AddDirectory(UnfinishedDirectory(directory), disk, directories);
   }
   return directories;
 }
@@ -48,27 +50,26 @@ bool IsAnyOf(const std::vector<ResolvedPath>& directories, const ResolvedPath& d
                      [&](const ResolvedPath& other) { return disk.IsSame(directory, other); });
 }
 
-bool IsNamedAsOwn(const ResolvedPath& file, const OwnDirectories& own, const ProjectParameters& project,
-                  Masters masters, Disk& disk) {
+// The project's directories are looked up only for a name that needs them: where `Unfinished` is missing, looking it up
+// lists all of `Sdata`.
+bool IsNamedAsOwn(const ResolvedPath& file, const ProjectParameters& project, Masters masters, Disk& disk) {
   const std::string name = NameOf(file);
   if (EndsIgnoringCase(name, kParameterFileEnd) || IsOrderName(name)) return true;
   const ResolvedPath directory = DirectoryOf(file);
-  if (EndsIgnoringCase(name, kDataFileEnd)) return IsAnyOf(own.OfSubjects, directory, disk);
-  if (masters == Masters::Kept && IsMasterName(name, project) && IsAnyOf(own.OfProject, directory, disk)) return true;
+  if (EndsIgnoringCase(name, kDataFileEnd)) return IsAnyOf(SubjectDirectories(project, disk), directory, disk);
+  if (masters == Masters::Kept && IsMasterName(name, project)) {
+    return IsAnyOf(ProjectDirectories(project, disk), directory, disk);
+  }
   return IsAutosaveName(name) && IsParamName(NameOf(directory));
 }
 
-bool IsLinkedToOwn(const ResolvedPath& file, const OwnDirectories& own, const ProjectParameters& project,
-                   Masters masters, Disk& disk) {
-  for (const auto* directories : {&own.OfProject, &own.OfSubjects}) {
-    for (const ResolvedPath& directory : *directories) {
-      const std::vector<std::string> names = disk.NamesOf(file, directory);
-      if (std::any_of(names.begin(), names.end(), [&](const std::string& name) {
-            const ResolvedPath real = disk.ResolveLinks(directory, FileOperation::Write);
-            return IsNamedAsOwn(Below(real, name), own, project, masters, disk);
-          })) {
-        return true;
-      }
+bool IsLinkedToOwn(const ResolvedPath& file, const ProjectParameters& project, Masters masters, Disk& disk) {
+  std::vector<ResolvedPath> directories = ProjectDirectories(project, disk);
+  for (ResolvedPath& directory : SubjectDirectories(project, disk)) directories.push_back(std::move(directory));
+  for (const ResolvedPath& directory : directories) {
+    const ResolvedPath real = disk.ResolveLinks(directory, FileOperation::Write);
+    for (const std::string& name : disk.NamesOf(file, directory)) {
+      if (IsNamedAsOwn(Below(real, name), project, masters, disk)) return true;
     }
   }
   return false;
@@ -80,11 +81,10 @@ bool IsOwn(const std::string& path, const ProjectParameters& project, Masters ma
   const EntryKind kind = disk.Kind(real, FileOperation::Write);
   if (kind == EntryKind::Missing) return IsOrderName(NameOf(file)) || IsOrderName(NameOf(real));
   if (kind != EntryKind::File) return false;
-  const OwnDirectories own = DirectoriesOf(project, disk);
   for (const ResolvedPath& name : {real, file}) {  // a link among the project's files is one of them as well
-    if (IsNamedAsOwn(name, own, project, masters, disk)) return true;
+    if (IsNamedAsOwn(name, project, masters, disk)) return true;
   }
-  return disk.LinkCount(real) > 1 && IsLinkedToOwn(real, own, project, masters, disk);
+  return disk.LinkCount(real) > 1 && IsLinkedToOwn(real, project, masters, disk);
 }
 
 }  // namespace

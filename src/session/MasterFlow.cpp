@@ -9,7 +9,8 @@
 #include <utility>
 #include "platform/desktop/FileErrorBoxes.h"
 
-#include "master/run/RunSteps.h"
+#include "master/run/RunStart.h"
+#include "project/ProjectLayout.h"
 
 namespace zova {
 
@@ -43,7 +44,7 @@ std::string SubjectName(const GroupSubjects& subjects, std::size_t subject, cons
 }  // namespace
 
 MasterFlow::MasterFlow(const Platform& platform)
-    : m_platform(platform), m_options(platform.Files), m_order(platform.Boxes) {}
+    : m_platform(platform), m_options(platform.Files), m_order(platform.Boxes, platform.Pointer) {}
 
 void MasterFlow::Show(Stage stage) {
   m_stage = stage;
@@ -171,8 +172,8 @@ std::string MasterFlow::GroupsPreview() {
 }
 
 const std::string& MasterFlow::OrderPreview() {
-  if (m_stage != Stage::OrderOfGroups || m_previewedChange == m_order.Changes()) return m_orderPreview;
-  m_previewedChange = m_order.Changes();
+  if (m_stage != Stage::OrderOfGroups || m_previewedChange == m_order.Cells().Revision()) return m_orderPreview;
+  m_previewedChange = m_order.Cells().Revision();
   const GroupOrder order = m_order.PendingOrder();
   m_orderPreview =
       GroupOrderFault(m_subjects.SubjectIds, order)

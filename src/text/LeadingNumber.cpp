@@ -75,4 +75,10 @@ std::optional<std::int16_t> LeadingInteger16(std::string_view text) {
   return static_cast<std::int16_t>(value);
 }
 
+bool IsDigits(std::string_view text) noexcept { return !text.empty() && CountDigits(text) == text.size(); }
+
+std::optional<std::int16_t> DigitsInteger16(std::string_view text) {
+  return IsDigits(text) ? LeadingInteger16(text) : std::nullopt;
+}
+
 }  // namespace zova

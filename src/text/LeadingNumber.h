@@ -20,4 +20,10 @@ bool IsWholeNumberText(std::string_view text) noexcept;
 /// to 32,767.
 std::optional<std::int16_t> LeadingInteger16(std::string_view text);
 
+/// True when `text` is digits alone, at least one.
+bool IsDigits(std::string_view text) noexcept;
+
+/// The number of a text of digits alone; nothing for any other text, nor beyond 32,767.
+std::optional<std::int16_t> DigitsInteger16(std::string_view text);
+
 }  // namespace zova

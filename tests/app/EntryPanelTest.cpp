@@ -50,7 +50,7 @@ class EntryPanelTest : public SessionTest {
   [[nodiscard]] Widget* Find(const char* name = "txtInput") const {
     return m_panel->findChild<Widget*>(name);
   }
-  [[nodiscard]] EntryGrid& Grid() const { return m_session->Entry().Grid(); }
+  [[nodiscard]] TypedGrid& Grid() const { return m_session->Entry().Grid().Cells(); }
   // The first lines as they are shown, then where the cursor is shown, and what stands in the box.
   [[nodiscard]] std::string Shown(int lines) const {
     const auto* table = Find<QTableView>("grdInput");
@@ -98,7 +98,7 @@ TEST_F(EntryPanelTest, KeysReachTheRecordAndOnlyTheBoxesOwnStayInIt) {
     EXPECT_EQ(Shown(2), step.Then) << step.What;
     EXPECT_TRUE(Find()->hasFocus()) << step.What;
   }
-  EXPECT_EQ(Grid().Test(), 1) << "Enter pressed a button";
+  EXPECT_EQ(Grid().Page(), 1) << "Enter pressed a button";
 }
 
 TEST_F(EntryPanelTest, TheFocusComesBackFromEveryButtonAndTheGrid) {
@@ -114,7 +114,7 @@ TEST_F(EntryPanelTest, TheFocusComesBackFromEveryButtonAndTheGrid) {
     Press(key);
     EXPECT_TRUE(Find()->hasFocus()) << key;
   }
-  EXPECT_NE(Grid().Test(), 2) << "the button was not pressed";
+  EXPECT_NE(Grid().Page(), 2) << "the button was not pressed";
   Press(Qt::Key_Tab, Qt::ControlModifier);
   Type("7 ");
   EXPECT_TRUE(Find()->hasFocus());
@@ -122,11 +122,11 @@ TEST_F(EntryPanelTest, TheFocusComesBackFromEveryButtonAndTheGrid) {
   QTest::mouseClick(cells, Qt::LeftButton, {}, Place(3, 2));
   QTest::mouseClick(cells, Qt::LeftButton, {}, Place(4, 0));
   QTest::mouseClick(cells, Qt::RightButton, {}, Place(4, 1));
-  EXPECT_EQ(Grid().Cursor(), (EntryCell{3, 2})) << "neither the positions nor the other button select";
+  EXPECT_EQ(Grid().Cursor(), (GridCell{3, 2})) << "neither the positions nor the other button select";
   QTest::mousePress(cells, Qt::LeftButton, {}, Place(2, 2));
   QTest::mouseMove(cells, Place(6, 2));
   QTest::mouseRelease(cells, Qt::LeftButton, {}, Place(6, 2));
-  EXPECT_EQ(Grid().Selection(), (EntryBlock{2, 6, 2, 2}));
+  EXPECT_EQ(Grid().Selection(), (GridBlock{2, 6, 2, 2}));
   EXPECT_TRUE(Find()->hasFocus());
 }
 

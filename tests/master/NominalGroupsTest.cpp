@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "master/groups/GroupLabel.h"
 #include "master/groups/NominalGroups.h"
 
 #include <functional>

@@ -36,8 +36,8 @@ class EndToEndTest : public SessionTest {
   void Enter(const std::string& numbers) {
     std::istringstream in(numbers);
     for (std::string number; in >> number;) {
-      m_session->Entry().Grid().SetEntryText(number);
-      m_session->Entry().Grid().Enter();
+      m_session->Entry().Grid().Cells().SetEntryText(number);
+      m_session->Entry().Grid().Cells().Enter();
     }
   }
 };
@@ -108,7 +108,7 @@ TEST_F(EndToEndTest, OneSubjectIsInterruptedAndOneKeptUnfinished) {
   OpenStudy().EnterSubjects();
   Identify("1", "2");
   Enter("4 1 1 2");
-  m_session->Entry().Grid().Step(-1);  // Tab back: the minute was mistyped
+  m_session->Entry().Grid().Cells().Step(-1);  // Tab back: the minute was mistyped
   Enter("3");
   m_session->AutosaveTick();
   m_session->Entry().DoneWithTest();

@@ -175,11 +175,11 @@ TEST(MasterFlow, GroupsAsPreviewedInTheirOrder) {
   }
   lab.Options.SetPerGroupText("2");
   lab.Flow.GoGroups();
-  EXPECT_EQ(lab.Flow.Order().RowName(2) + lab.Flow.Order().RowName(3), "3, Man4, 2");
+  EXPECT_EQ(lab.Flow.Order().Cells().Text({3, 0}) + lab.Flow.Order().Cells().Text({4, 0}), "3, Man4, 2");
   EXPECT_EQ(lab.Flow.OrderPreview(), ", Man: 1 group of 2, left over: subject 3\n, 2: 1 group of 2");
-  lab.Flow.Order().SetEntryText("3");
+  lab.Flow.Order().Cells().SetEntryText("3");
   EXPECT_EQ(lab.Flow.OrderPreview(), "The groups show here once every subject has a position of its own.");
-  lab.Flow.Order().Paste("3\n2\n1");
+  lab.Flow.Order().Cells().Paste("3\n2\n1");
   EXPECT_EQ(lab.Flow.OrderPreview(), ", Man: 1 group of 2, left over: subject 1\n, 2: 1 group of 2");
   lab.Put(3, "9 | 1");
   lab.Fakes.Boxes.Expect({"Subscript out of range", BoxAnswer::Cancel, "Subject 3: item 9"});
@@ -188,7 +188,7 @@ TEST(MasterFlow, GroupsAsPreviewedInTheirOrder) {
   lab.Put(3, "1 3 | 2 3");
   lab.Flow.Continue();
   lab.Flow.GoGroups();
-  EXPECT_EQ(lab.Flow.Order().Position(0), 3) << "the order was saved";
+  EXPECT_EQ(lab.Flow.Order().Positions().front(), 3) << "the order was saved";
   lab.Fakes.Boxes.Expect(kCombinedCreated);
   lab.Flow.GoCombine();
   const std::string bytes = lab.Files.Get(lab.Flow.LastMaster());

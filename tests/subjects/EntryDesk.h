@@ -36,7 +36,7 @@ struct EntryDesk {
     Record.SubjectId = "a1";
     Record.Lists = Lists(setup.back() - '0', lists);
     Entry.Open(Project, "C:\\Param");
-    if (setup.back() != '1') Grid.ShowTest(setup.back() - '0');
+    if (setup.back() != '1') Grid.ShowPage(setup.back() - '0');
     Grid.TakeChangedLines();
   }
   [[nodiscard]] RecallLists Lists(int test, const std::string& lists) const {
@@ -47,11 +47,11 @@ struct EntryDesk {
   void Press(const std::string& keys) {
     for (const char key : keys) {
       const RecallLists before = Record.Lists;
-      const int test = Grid.Test();
+      const int test = Grid.Page();
       PressOne(key);
       std::pair<int, int> lines = {1, 0};
       for (int line = Grid.Lines(); line >= 1; --line) {
-        if (test == Grid.Test() && before.At(test, line) == Record.Lists.At(test, line)) continue;
+        if (test == Grid.Page() && before.At(test, line) == Record.Lists.At(test, line)) continue;
         lines = {line, std::max(line, lines.second)};
       }
       const auto changed = Grid.TakeChangedLines();
@@ -67,8 +67,8 @@ struct EntryDesk {
   void PressOne(char key) {
     const std::string arrows = "udlrUDLR";
     if (const auto arrow = arrows.find(key); arrow != std::string::npos) {
-      const EntryCell ways[] = {{-1, 0}, {1, 0}, {0, -1}, {0, 1}};
-      const EntryCell way = ways[arrow % 4];
+      const GridCell ways[] = {{-1, 0}, {1, 0}, {0, -1}, {0, 1}};
+      const GridCell way = ways[arrow % 4];
       return arrow < 4 ? Grid.Move(way.Line, way.Column) : Grid.ExtendSelection(way.Line, way.Column);
     }
     switch (key) {
@@ -76,11 +76,11 @@ struct EntryDesk {
       case 't': return Grid.Step(1);
       case 'T': return Grid.Step(-1);
       case 'c': return Grid.Click({5, 3});
-      case 'n': return Grid.ShowTest(Grid.Test() + 1);
-      case 'i': return Grid.InsertLine();
-      case 'x': return Grid.DeleteSelectedLines();
-      case '+': return Grid.AddMinute();
-      case '-': return Grid.SubtractMinute();
+      case 'n': return Grid.ShowPage(Grid.Page() + 1);
+      case 'i': return Tools.InsertLine();
+      case 'x': return Tools.DeleteSelectedLines();
+      case '+': return Tools.AddMinute();
+      case '-': return Tools.SubtractMinute();
       case 'z': return Grid.Undo();
       case 'y': return Grid.Redo();
       case 'f': return Entry.DoneWithTest();
@@ -106,7 +106,7 @@ struct EntryDesk {
   /// Like "@2,1-3,1* '4' b": cursor and the other end of a selection, a star when there are unsaved changes, the box's
   /// text, a beep.
   [[nodiscard]] std::string GridState() const {
-    const EntryBlock& block = Grid.Selection();
+    const GridBlock& block = Grid.Selection();
     const auto [line, column] = Grid.Cursor();
     std::ostringstream text;
     text << "@" << line << "," << column;
@@ -141,7 +141,8 @@ struct EntryDesk {
   SubjectRecord Record;
   Preferences Chosen;
   SubjectEntry Entry{Record, Chosen, Fakes.With(OnDisk, Boxes)};
-  EntryGrid& Grid = Entry.Grid();
+  EntryGrid& Tools = Entry.Grid();
+  TypedGrid& Grid = Tools.Cells();
   SubjectEntry::Ending Ended;
 };
 
@@ -176,7 +177,7 @@ inline void ExpectAll(const BoxTable& table, const std::vector<std::string>& cas
       continue;
     }
     EXPECT_EQ(desk.GridState(), state);
-    const int test = desk.Grid.Test();
+    const int test = desk.Grid.Page();
     const RecallLists expected = desk.Lists(test, after);
     for (int i = 1; i <= desk.Grid.Lines(); ++i) EXPECT_EQ(desk.Record.Lists.At(test, i), expected.At(test, i)) << i;
     desk.Press(std::string(20, 'z'));

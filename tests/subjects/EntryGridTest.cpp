@@ -132,3 +132,82 @@ TEST(EntryGrid, CopiesAndPastesWhole) {
   desk.Grid.Paste("7\r\n6");
   EXPECT_EQ(desk.Record.Lists, desk.Lists(1, "1/2/7 0/0/6 5"));
 }
+
+TEST(EntryGrid, TakesAPasteWholeOrNamesItsFirstFault) {
+  const std::string all = "1/1/1 1/1/1 1/1/1 1/1/1 1/1/1 ";
+  const std::string five = "1/1/1 2/1/1 3/1/1 4/1/1 5/1/1 ";
+  const std::tuple<std::string, std::string, std::string, std::string> cases[] = {
+      {"mr1", "", "\r\n", all},
+      {"mr1", "dddr", "1\t2\r\n3\t4\r\n", "1/1/1 1/1/1 1/1/1 1/1/2 1/3/4 "},
+      {"mr1", "", "1;2\r 3 ; 04\r", "1/2/1 3/4/1 1/1/1 1/1/1 1/1/1 "},
+      {"mr1", "d", "\r\n1,,7\r\r,9\n", "1/1/1 0/1/1 1/0/7 0/1/1 0/9/1 "},
+      {"mr1", "d", "2\n ", "1/1/1 2/1/1 0/1/1 1/1/1 1/1/1 "},
+      {"mr1", "", "1\n2\n3\n4\n5\n\n", five},
+      {"mr1", "", "1\n2\n3\n4\n5\n\n6", "6 item"},
+      {"mr1", "ddddr", "1\n1", "2 minute"},
+      {"mr1", "", "1\t9\n1\t10\n6", "2 minute"},
+      {"mr1", "", "1\t2\t3\t", "1 rating"},
+      {"mr2", "r", "1\t\n\n1\t3", "3 block"},
+      {"1", "", "1\t\t\n2\t0", "2 no minutes"},
+      {"1", "", "1\t\t1", "1 no block"},
+      {"mr1", "", "-1", "1 item"},
+      {"mr1", "", "-0", "1 item"},
+      {"mr1", "", "+1", "1 item"},
+      {"mr1", "", "1.0", "1 item"},
+      {"mr1", "", "1x", "1 item"},
+      {"mr1", "", "1 2", "1 item"},
+      {"mr1", "", "\"1\"", "1 item"},
+      {"mr1", "", "65537", "1 item"},
+      {"mr1", "", "4294967297", "1 item"},
+      {"mr1", "", "1,5;1", "1 item"},
+      {"mr1", "", "1;5\t1", "1 item"}};
+  for (const auto& [setup, keys, text, expected] : cases) {
+    SCOPED_TRACE(text);
+    ScriptedBoxes boxes;
+    const bool isFault = !expected.ends_with(' ');
+    if (isFault) {
+      ExpectedBox box = kBoxes.at(expected.substr(2));
+      box.Details = "Line " + expected.substr(0, 1) + " of the pasted data.";
+      boxes.Expect(box);
+    }
+    EntryDesk desk(boxes, setup, all);
+    desk.Press(keys);
+    desk.Grid.Paste(text);
+    std::string shown;
+    for (int line = 1; line <= 5; ++line) {
+      const Recall& recall = desk.Record.Lists.At(desk.Grid.Page(), line);
+      shown +=
+          std::to_string(recall.Item) + "/" + std::to_string(recall.Minute) + "/" + std::to_string(recall.Rating) + " ";
+    }
+    EXPECT_EQ(shown, isFault ? all : expected);
+  }
+}
+
+TEST(EntryGrid, NamesWhatAnInsertionPushesOff) {
+  const std::string kinds[] = {"rating",          "minute",          "minute and rating",      "item",
+                               "item and rating", "item and minute", "item, minute and rating"};
+  RecallLists lists(2, 5);
+  EXPECT_EQ(InsertionLossQuestion(lists, 2), "");
+  for (int bits = 1; bits < 8; ++bits) {
+    for (int column : {1, 2, 3}) SetCellValue(lists.At(2, 5), column, static_cast<std::int16_t>(bits & (8 >> column)));
+    EXPECT_EQ(InsertionLossQuestion(lists, 2),
+              "Doing this will delete " + kinds[bits - 1] +
+                  " data from the bottom of the list.  Do you wish to continue anyway?");
+  }
+}
+
+TEST(EntryGrid, UndoesAChangeOfSeveralTests) {
+  ScriptedBoxes boxes;
+  EntryDesk desk(boxes, "mr3", "3/3");
+  desk.Record.Lists.At(1, 2) = {4, 2, 0};
+  const RecallLists before = desk.Record.Lists;
+  DeleteLines(desk.Record.Lists, 1, 1, 2);
+  desk.Record.Lists.At(3, 5).Rating = 7;
+  const RecallLists after = desk.Record.Lists;
+  desk.Tools.NoteChange(before);
+  desk.Grid.Undo();
+  EXPECT_EQ(std::to_string(desk.Grid.Page()) + desk.GridState(), "1@2,1*");
+  EXPECT_EQ(desk.Record.Lists, before);
+  desk.Grid.Redo();
+  EXPECT_EQ(desk.Record.Lists, after);
+}

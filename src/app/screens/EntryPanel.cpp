@@ -13,8 +13,8 @@
 #include <utility>
 
 #include "app/widgets/Controls.h"
-#include "app/widgets/EntryBox.h"
-#include "app/widgets/EntryTable.h"
+#include "app/widgets/GridBox.h"
+#include "app/widgets/GridTable.h"
 #include "session/Session.h"
 
 namespace zova {
@@ -42,8 +42,8 @@ QGroupBox* AddGroup(QLayout& rows, const char* name, const QString& title) {
 
 EntryPanel::EntryPanel(Session& session)
     : m_session(session),
-      m_grdInput(new EntryTable(session.Entry().Grid())),
-      m_txtInput(new EntryBox(session.Entry().Grid())),
+      m_grdInput(new GridTable("grdInput", session.Entry().Grid().Cells())),
+      m_txtInput(new GridBox("txtInput", session.Entry().Grid().Cells())),
       m_lblTUpdate(MakeLabel("lblTUpdate", {})),
       m_lblThisOne(MakeLabel("lblThisOne", {})),
       m_lblProjectName(MakeLabel("lblProjectName", {})),
@@ -65,9 +65,9 @@ EntryPanel::EntryPanel(Session& session)
   rows->addWidget(MakeLabel("lblFastHelp", tr("Right click something for fast help about it")));
 
   Enlarge(*m_txtInput, kInputSize);
-  connect(m_txtInput, &EntryBox::Acted, this, &EntryPanel::Report);
-  connect(m_txtInput, &EntryBox::textEdited, m_grdInput, &EntryTable::ScrollToCursor);
-  connect(m_grdInput, &EntryTable::Acted, this, &EntryPanel::Report);
+  connect(m_txtInput, &GridBox::Acted, this, &EntryPanel::Report);
+  connect(m_txtInput, &GridBox::textEdited, m_grdInput, &GridTable::ScrollToCursor);
+  connect(m_grdInput, &GridTable::Acted, this, &EntryPanel::Report);
   m_side->widget()->installEventFilter(this);
   FitSide();
   m_tmrAutoSave->setInterval(AutosaveTimer::kTickMilliseconds);

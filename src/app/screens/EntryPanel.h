@@ -13,8 +13,8 @@ class QTimer;
 
 namespace zova {
 
-class EntryBox;
-class EntryTable;
+class GridBox;
+class GridTable;
 class Session;
 
 /// The screen on which a subject's recalls are typed. Whatever is pressed or clicked, the focus comes back to the box.
@@ -39,8 +39,8 @@ class EntryPanel : public Panel {
   void ActOnTicks();
 
   Session& m_session;
-  EntryTable* m_grdInput;
-  EntryBox* m_txtInput;
+  GridTable* m_grdInput;
+  GridBox* m_txtInput;
   QLabel* m_lblTUpdate;
   QLabel* m_lblThisOne;
   QLabel* m_lblProjectName;

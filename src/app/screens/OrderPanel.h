@@ -7,8 +7,8 @@ class QLabel;
 
 namespace zova {
 
-class NumberBox;
-class OrderTable;
+class GridBox;
+class GridTable;
 
 /// The screen on which the order of the study items or of the subjects is typed. The focus comes back to its box.
 class OrderPanel : public FlowPanel {
@@ -26,10 +26,10 @@ class OrderPanel : public FlowPanel {
 
   QLabel* m_lblProjectName;
   QLabel* m_lblOrderTitle;
-  OrderTable* m_grdOrder;
+  GridTable* m_grdOrder;
   QLabel* m_lblOrderPlan;
   QWidget* m_plan;
-  NumberBox* m_txtOrder;
+  GridBox* m_txtOrder;
   QPushButton* m_cmdGoSerial;
   QPushButton* m_cmdGoCombine;
 };

@@ -36,7 +36,7 @@ std::string LevelText(const ProjectParameters& project, std::size_t variable, st
 
 std::optional<int> ParseGroupSize(std::string_view text) {
   const std::string_view digits = WithoutOuterBlanks(text);
-  if (digits.empty() || digits.find_first_not_of("0123456789") != std::string_view::npos) return std::nullopt;
+  if (!IsDigits(digits)) return std::nullopt;
   const auto size = LeadingInteger16(digits);
   if (size && *size < 2) return std::nullopt;
   return size ? *size : kBeyondAnySize;
@@ -87,15 +87,6 @@ std::string GroupPlanText(const GroupPlan& plan, const std::vector<std::string>&
     }
   }
   return text;
-}
-
-std::string GroupLabel(int number, const std::vector<std::string>& memberIds) {
-  std::string label = "Group " + std::to_string(number) + " (";
-  for (std::size_t member = 0; member < memberIds.size(); ++member) {
-    if (member > 0) label += '+';
-    label += memberIds[member];
-  }
-  return label + ")";
 }
 
 void GroupRecall::Reset() {

@@ -66,9 +66,6 @@ GroupPlan FormGroups(const std::vector<std::int16_t>& levels, const GroupOrder& 
 std::string GroupPlanText(const GroupPlan& plan, const std::vector<std::string>& subjectIds,
                           const ProjectParameters& project, std::optional<std::size_t> separator);
 
-/// "Group 1 (4+17+9)".
-std::string GroupLabel(int number, const std::vector<std::string>& memberIds);
-
 /// The recall of a nominal group, pooled member by member: per test every distinct item once, by the entry with the
 /// earliest minute, in the order of these entries. Where minutes are the same or not kept, the earlier member comes
 /// first, then the earlier position.

@@ -5,38 +5,48 @@
 
 #include "master/run/CombinedMaster.h"
 
-#include "master/run/RunSteps.h"
-#include "platform/desktop/FileErrorBoxes.h"
+#include "master/groups/GroupLabel.h"
+#include "master/run/RunContext.h"
+#include "master/run/RunRetry.h"
+#include "master/run/RunStart.h"
 #include "scoring/ScoreSubject.h"
 
 namespace zova {
 
 namespace {
 
-class CombinedWriter : private RunParts {
+class CombinedRun {
  public:
-  CombinedWriter(const ProjectParameters& project, const CombinedRequest& request, const Platform& platform)
-      : RunParts(project, MasterKind::Combined, static_cast<int>(request.Plan.Groups.size()), platform),
-        m_request(request),
-        m_path(CombinedMasterPath(ResolveDestination(request.Destination, project, platform.Files.Drives()), project)),
+  CombinedRun(const ProjectParameters& project, const CombinedRequest& request, const Platform& platform)
+      : m_request(request),
+        m_context(project, request.Selection, static_cast<int>(request.Plan.Groups.size()), platform),
         m_recall(project) {}
 
   MasterRunResult Run() {
-    m_result.Completed = BuildHeader(m_project, m_request.Selection, MasterKind::Combined, m_boxes, m_header) &&
-                         m_subjects.Take(m_request.Subjects.FileNames) && m_files.WriteHeader(m_path, m_header) &&
-                         WriteRows() && m_files.CloseRows();
-    return std::move(m_result);
+    const bool completed =
+        BuildHeader(m_context.Project, m_request.Selection, MasterKind::Combined, m_context.Boxes, m_context.Header) &&
+        PrepareFiles() && WriteRows() && m_context.Master.Close();
+    return {completed, {}, std::move(m_context.Written)};
   }
 
  private:
+  bool PrepareFiles() {
+    const RunPaths paths = CombinedPaths(m_request.Destination, m_context.Header.MasterColumnCount, m_context.Project,
+                                         m_context.Files.Drives());
+    return WithRetry(m_context.Boxes, [&] { m_context.Subjects.UseNames(m_request.Subjects.FileNames); }) &&
+           WithRetry(m_context.Boxes, [&] { CheckRunPaths(paths, m_context.Project, m_context.Files); }) &&
+           m_context.Master.WriteHeader(paths.Master, m_context.Header);
+  }
+
   bool WriteRows() {
     int number = 0;
     for (const NominalGroup& group : m_request.Plan.Groups) {
       const std::string label = GroupLabel(++number, IdsOf(group));
       if (!PoolAndScore(group, label)) return false;
-      BuildGroupRow(label, m_request.Separator, group.Level, m_project, m_request.Selection, m_scores, m_row);
-      if (!m_files.WriteRow(m_path, m_row)) return false;
-      m_progress.Show(number);
+      BuildGroupRow(label, m_request.Separator, group.Level, m_context.Project, m_request.Selection, m_context.Scores,
+                    m_context.Row);
+      if (!m_context.Master.WriteRow(m_context.Row)) return false;
+      m_context.Bar.Show(static_cast<std::size_t>(number));
     }
     return true;
   }
@@ -52,9 +62,9 @@ class CombinedWriter : private RunParts {
     bool pooled = false;
     const auto poolAndScore = [&] {
       pooled = Pool(group);
-      if (pooled) ScoreSubject(m_recall.Pooled(), m_project, m_header.Families, m_scores);
+      if (pooled) ScoreSubject(m_recall.Pooled(), m_context.Project, m_context.Header.Families, m_context.Scores);
     };
-    return WithRunRetry(m_boxes, poolAndScore, [&] { return label; }) && pooled;
+    return WithRunRetry(m_context.Boxes, poolAndScore, [&] { return label; }) && pooled;
   }
 
   bool Pool(const NominalGroup& group) {
@@ -62,49 +72,24 @@ class CombinedWriter : private RunParts {
     for (const std::size_t member : group.Members) {
       const int k = static_cast<int>(member) + 1;
       const auto readAndAdd = [&] {
-        m_subjects.Read(k, m_record);
-        m_recall.Add(m_record.Lists);
+        m_context.Subjects.Read(k, m_context.Record);
+        m_recall.Add(m_context.Record.Lists);
       };
-      if (!WithRunRetry(m_boxes, readAndAdd, [&] { return m_subjects.Where(k); })) return false;
+      if (!WithRunRetry(m_context.Boxes, readAndAdd, [&] { return m_context.Subjects.Where(k); })) return false;
     }
     return true;
   }
 
   const CombinedRequest& m_request;
-  std::string m_path;
+  RunContext m_context;
   GroupRecall m_recall;
 };
 
 }  // namespace
 
-std::vector<std::int16_t> GroupSubjects::LevelsOf(std::optional<std::size_t> variable) const {
-  std::vector<std::int16_t> levels(Levels.size(), 0);
-  if (!variable) return levels;
-  for (std::size_t subject = 0; subject < levels.size(); ++subject) levels[subject] = Levels[subject][*variable];
-  return levels;
-}
-
-std::optional<GroupSubjects> ReadGroupSubjects(const ProjectParameters& project, int subjectFileCount, bool withLevels,
-                                               const Platform& platform) {
-  SubjectReader reader(project, platform.Files, platform.Boxes, platform.Bar);
-  if (!reader.List(subjectFileCount)) return std::nullopt;
-  GroupSubjects subjects;
-  SubjectRecord record;
-  for (int k = 1; k <= subjectFileCount; ++k) {
-    const auto take = [&] {
-      if (withLevels || k > reader.Count()) reader.Read(k, record);
-    };
-    if (!WithRetry(platform.Boxes, take)) return std::nullopt;
-    subjects.FileNames.push_back(reader.Name(k));
-    subjects.SubjectIds.push_back(reader.SubjectId(k));
-    subjects.Levels.push_back(record.Levels);
-  }
-  return subjects;
-}
-
 MasterRunResult CreateCombinedMaster(const ProjectParameters& project, const CombinedRequest& request,
                                      const Platform& platform) {
-  return CombinedWriter(project, request, platform).Run();
+  return CombinedRun(project, request, platform).Run();
 }
 
 }  // namespace zova

@@ -2,6 +2,9 @@
 
 #include "master/run/MasterOptions.h"
 
+#include "master/run/RunPaths.h"
+#include "project/ProjectLayout.h"
+
 namespace zova {
 
 MasterOptions::MasterOptions(Disk& disk) : m_disk(disk), m_browser(disk, m_silent, "") {}
@@ -23,14 +26,14 @@ void MasterOptions::ResetMasterOptions() noexcept {
 }
 
 void MasterOptions::SettleDestination() {
-  m_destination = ResolveDestination(m_destination, *m_project, m_disk.Drives()).HeaderPath;
+  m_destination = ResolveDestination(m_destination, *m_project, m_disk.Drives());
   try {
     if (!m_disk.DirectoryExists(m_destination)) return;
   } catch (const FileError&) {
     return;  // the run tells of it
   }
   m_destination += m_destination.front() == '/' ? '/' : '\\';
-  m_destination = ResolveDestination(m_destination, *m_project, m_disk.Drives()).HeaderPath;
+  m_destination = ResolveDestination(m_destination, *m_project, m_disk.Drives());
 }
 
 void MasterOptions::FollowBrowser() {

@@ -7,7 +7,6 @@
 
 #include "master/columns/MeasureSelection.h"
 #include "master/groups/NominalGroups.h"
-#include "master/run/MasterRun.h"
 #include "platform/desktop/DirectoryBrowser.h"
 
 namespace zova {

@@ -10,7 +10,6 @@
 #include "master/exports/ScoredSubject.h"
 #include "master/groups/SerialPositions.h"
 #include "platform/desktop/Platform.h"
-#include "project/ProjectLayout.h"
 #include "project/ProjectParameters.h"
 
 namespace zova {
@@ -42,29 +41,6 @@ struct MasterRunResult {
   MasterNotices Notices;
   std::vector<std::filesystem::path> Written;  ///< each file once, in the order of writing
 };
-
-/// Where a master's header and the masters beside it go.
-struct MasterDestination {
-  std::string HeaderPath;
-  std::string Directory;  ///< up to and including the last separator; "" never
-};
-
-/// The destination box's `text`, without the blanks around it: a path of the platform becomes a drive path, one that
-/// ends with a separator gets the master's name, a drive without a path means its root, what has no backslash lies
-/// below the primary directory, and nothing is the default.
-MasterDestination ResolveDestination(const std::string& text, const ProjectParameters& project, const DriveMap& drives);
-
-/// The same for a file that is called `name` when none is given.
-std::string ResolveFile(const std::string& text, std::string_view name, const ProjectParameters& project,
-                        const DriveMap& drives);
-
-/// The paths of the serial-position master and of the combined one with this destination.
-std::string SerialMasterPath(const MasterDestination& destination, const ProjectParameters& project);
-std::string CombinedMasterPath(const MasterDestination& destination, const ProjectParameters& project);
-
-/// The number of the project's subject files; tells the user when there is none. Nothing when the user gave up a
-/// failed listing, or when there are more than a 16-bit count holds.
-std::optional<int> CountSubjectFiles(const ProjectParameters& project, Disk& disk, MessageBoxes& boxes);
 
 /// Writes the individual master: header first, to the destination; then a row per subject file, to the master in the
 /// primary directory, whatever the destination. A master of more than 256 columns is also written in pieces beside

@@ -1,62 +1,62 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// What the entry grid does to the lists. Every change goes through Change: it is compared, so that what changed nothing
-// is nothing to undo, noted, and sets the record's flag.
+// The tools beside the entry grid. What they change is found by comparing: what changed nothing is nothing to undo.
 
-#include <limits>
 #include <utility>
 
 #include "subjects/entry/EntryGrid.h"
-#include "text/LeadingNumber.h"
 
 namespace zova {
+
+namespace {
+
+// `before` holds the test's entries as they were.
+void AddDifferences(std::vector<CellChange>& changes, int test, const Recall* before, const RecallLists& lists) {
+  for (int line = 1; line <= lists.PositionCount(); ++line, ++before) {
+    const Recall& after = lists.At(test, line);
+    if (*before == after) continue;
+    for (int column = kItemColumn; column <= kRatingColumn; ++column) {
+      const int was = CellValue(*before, column);
+      const int is = CellValue(after, column);
+      if (was != is) changes.push_back({test, {line, column}, NumberCell(was), NumberCell(is)});
+    }
+  }
+}
+
+}  // namespace
+
+void EntryGrid::Note(std::vector<CellChange> changes) {
+  if (!changes.empty()) m_record.HasUnsavedChanges = true;
+  m_cells.Note(std::move(changes));
+}
+
+void EntryGrid::NoteChange(const RecallLists& before) {
+  std::vector<CellChange> changes;
+  for (int test = 1; test <= before.TestCount(); ++test) {
+    AddDifferences(changes, test, before.Test(test), m_record.Lists);
+  }
+  Note(std::move(changes));
+}
 
 template <typename Edit>
 void EntryGrid::Change(Edit&& edit) {
   RecallLists& lists = m_record.Lists;
-  const std::vector<Recall> before(lists.Test(m_test), lists.Test(m_test) + Lines());
+  const std::vector<Recall> before(lists.Test(Test()), lists.Test(Test()) + lists.PositionCount());
   edit(lists);
-  const auto changed = m_history.Note(m_test, before, lists);
-  if (!changed) return;
-  m_record.HasUnsavedChanges = true;
-  MarkChanged(changed->Line, changed->LastLine);
-}
-
-bool EntryGrid::Refuse(const std::string& message, std::string details) {
-  Warn(m_boxes, message, std::move(details));
-  return false;
-}
-
-bool EntryGrid::Enter() {
-  const EntryBlock block = m_selection;
-  const int column = block.FirstColumn;
-  if (column != block.LastColumn) {
-    m_desktop.Beep();
-    return false;
-  }
-  if (m_text.empty()) return true;
-  const auto typed = LeadingInteger16(std::exchange(m_text, {}));
-  const int number = typed ? *typed : std::numeric_limits<int>::max();
-  const std::string refusal = (block.IsOneCell() ? CellRefusal : BlockRefusal)(*m_project, m_test, column, number);
-  if (!refusal.empty()) return Refuse(refusal);
-  Change([&](RecallLists& lists) {
-    for (int line = block.FirstLine; line <= block.LastLine; ++line) {
-      SetCellValue(lists.At(m_test, line), column, static_cast<std::int16_t>(number));
-    }
-  });
-  if (block.IsOneCell()) Advance();
-  return true;
+  std::vector<CellChange> changes;
+  AddDifferences(changes, Test(), before.data(), lists);
+  Note(std::move(changes));
 }
 
 void EntryGrid::InsertLine() {
-  const int line = m_selection.FirstLine;
-  const std::string question = InsertionLossQuestion(m_record.Lists, m_test);
+  const int line = m_cells.Selection().FirstLine;
+  const std::string question = InsertionLossQuestion(m_record.Lists, Test());
   if (!question.empty() &&
       !Confirm(m_boxes, {.Text = question, .Icon = BoxIcon::Question, .Buttons = BoxButtons::YesNo})) {
     return;
   }
-  Change([&](RecallLists& lists) { InsertBlankLine(lists, m_test, line); });
-  PlaceCursor({line, m_cursor.Column});
+  Change([&](RecallLists& lists) { InsertBlankLine(lists, Test(), line); });
+  m_cells.PlaceCursor({line, m_cells.Cursor().Column});
 }
 
 void EntryGrid::DeleteSelectedLines() {
@@ -65,10 +65,10 @@ void EntryGrid::DeleteSelectedLines() {
       .Text = "You are about to permanently delete over 10 lines of data.  Are you sure you want to do this?",
       .Buttons = BoxButtons::YesNo,
       .Title = "Warning"};
-  const EntryBlock block = m_selection;
+  const GridBlock block = m_cells.Selection();
   if (block.Lines() > kMostLinesUnasked && !Confirm(m_boxes, question)) return;
-  Change([&](RecallLists& lists) { DeleteLines(lists, m_test, block.FirstLine, block.LastLine); });
-  PlaceCursor({block.FirstLine, m_cursor.Column});
+  Change([&](RecallLists& lists) { DeleteLines(lists, Test(), block.FirstLine, block.LastLine); });
+  m_cells.PlaceCursor({block.FirstLine, m_cells.Cursor().Column});
 }
 
 void EntryGrid::AddMinute() { Bump(1, "You can only select items in the 'Minute' column for this."); }
@@ -77,70 +77,16 @@ void EntryGrid::AddMinute() { Bump(1, "You can only select items in the 'Minute'
 void EntryGrid::SubtractMinute() { Bump(-1, "You can only select items in the 'Minute' column for this"); }
 
 void EntryGrid::Bump(int step, const char* wrongColumn) {
-  if (!IsUsed(kMinuteColumn)) return;
-  const EntryBlock& block = m_selection;
+  if (!m_cells.IsUsed(kMinuteColumn)) return;
+  const GridBlock& block = m_cells.Selection();
   if (block.FirstColumn != kMinuteColumn || block.LastColumn != kMinuteColumn) {
-    Refuse(wrongColumn);
+    m_cells.Refuse(wrongColumn);
     return;
   }
   Change([&](RecallLists& lists) {
-    BumpMinutes(lists, m_test, block.FirstLine, block.LastLine, step, m_project->MaxMinutes);
+    BumpMinutes(lists, Test(), block.FirstLine, block.LastLine, step, m_project->MaxMinutes);
   });
   m_record.HasUnsavedChanges = true;  // kept: also when no minute could move
-}
-
-std::string EntryGrid::Copy() const {
-  std::string text;
-  for (int line = m_selection.FirstLine; line <= m_selection.LastLine; ++line) {
-    for (int column = m_selection.FirstColumn; column <= m_selection.LastColumn; ++column) {
-      if (column != m_selection.FirstColumn) text += '\t';
-      if (const int value = Value(line, column); value != 0) text += std::to_string(value);
-    }
-    text += '\n';
-  }
-  return text;
-}
-
-void EntryGrid::Paste(std::string_view text) {
-  const EntryCell start{m_selection.FirstLine, m_selection.FirstColumn};
-  const PastedBlock block = ParsePaste(text, *m_project, m_test, start.Line, start.Column);
-  if (!block.Fault.empty()) {
-    Refuse(block.Fault, "Line " + std::to_string(block.FaultLine) + " of the pasted data.");
-    return;
-  }
-  m_text.clear();  // else the next Enter would put it over what was pasted
-  Change([&](RecallLists& lists) {
-    int line = start.Line;
-    for (const auto& cells : block.Lines) {
-      Recall& entry = lists.At(m_test, line++);
-      int column = start.Column;
-      for (const auto& cell : cells) {
-        if (cell) SetCellValue(entry, column, *cell);
-        ++column;
-      }
-    }
-  });
-}
-
-void EntryGrid::Undo() {
-  if (m_history.CanUndo()) ShowChange(m_history.Undo(m_record.Lists));
-}
-
-void EntryGrid::Redo() {
-  if (m_history.CanRedo()) ShowChange(m_history.Redo(m_record.Lists));
-}
-
-void EntryGrid::ShowChange(const EntryHistory::Place& place) {
-  m_record.HasUnsavedChanges = true;
-  if (place.Test != m_test) return ShowTest(place.Test, {place.Line, place.Column});
-  MarkChanged(place.Line, place.LastLine);
-  PlaceCursor({place.Line, place.Column});
-}
-
-void EntryGrid::NoteChange(const RecallLists& before) {
-  if (!m_history.Note(before, m_record.Lists)) return;
-  m_record.HasUnsavedChanges = true;
-  MarkChanged(1, Lines());
 }
 
 }  // namespace zova

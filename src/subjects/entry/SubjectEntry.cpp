@@ -32,7 +32,7 @@ std::string SubjectEntry::SubjectCaption() const {
 }
 
 void SubjectEntry::DoneWithTest() {
-  if (!m_open || !m_grid.TakeStandingText()) return;
+  if (!m_open || !m_grid.Cells().TakeStandingText()) return;
   m_autosavePaused = false;
   if (m_preferences.Autosave && m_timer.Ticks() >= 1) {
     m_timer.ResetTicks();
@@ -41,12 +41,12 @@ void SubjectEntry::DoneWithTest() {
   }
   const int test = IsInReview() ? 0 : m_grid.Test();
   m_inReview = test == m_project->TestCount;
-  m_grid.ShowTest(m_inReview ? test : test + 1);
+  m_grid.Cells().ShowPage(m_inReview ? test : test + 1);
 }
 
 void SubjectEntry::ShowFinding(const CheckFinding& finding) {
   m_inReview = false;
-  m_grid.ShowTest(finding.Test, {finding.Position, finding.Column});
+  m_grid.Cells().ShowPage(finding.Test, {finding.Position, finding.Column});
 }
 
 bool SubjectEntry::ListsPassTheChecks() {
@@ -79,14 +79,14 @@ SaveOutcome SubjectEntry::SaveWithNote(const std::string& note) {
 }
 
 SubjectEntry::Ending SubjectEntry::DoneWithAllTests() {
-  if (!m_open || !m_grid.TakeStandingText() || !ListsPassTheChecks()) return {};
+  if (!m_open || !m_grid.Cells().TakeStandingText() || !ListsPassTheChecks()) return {};
   const SaveOutcome outcome = SaveWithNote("");
   if (outcome.Saved) Close();
   return {outcome.Saved, outcome.UnfinishedEmptied};
 }
 
 bool SubjectEntry::SaveIncomplete() {
-  if (!m_open || !m_grid.TakeStandingText()) return false;
+  if (!m_open || !m_grid.Cells().TakeStandingText()) return false;
   const std::string directory = UnfinishedDirectory(m_project->PrimaryDir);
   std::size_t count = 0;
   const auto countFiles = [&] { count = ListSubjectFiles(m_platform.Files, *m_project, directory).size() + 1; };

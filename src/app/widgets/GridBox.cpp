@@ -1,0 +1,152 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/widgets/GridBox.h"
+
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QRegularExpression>
+#include <QValidator>
+#include <algorithm>
+#include <memory>
+
+#include "app/widgets/Controls.h"
+#include "grid/TypedGrid.h"
+
+namespace zova {
+
+namespace {
+
+constexpr int kPage = 10;  // lines
+
+// What holds anything that is not typed is refused whole: of a dropped "12 13" there must not stay 1213.
+class TypedText final : public QValidator {
+ public:
+  TypedText(const TypedGrid& grid, QObject* parent) : QValidator(parent), m_grid(grid) {}
+  State validate(QString& input, int&) const override {
+    const std::string text = FromQt(input);
+    return std::all_of(text.begin(), text.end(), [this](char c) { return m_grid.IsTyped(c); }) ? Acceptable : Invalid;
+  }
+
+ private:
+  const TypedGrid& m_grid;
+};
+
+// One number without a line end, as it may be pasted to be typed on.
+bool IsOneNumber(const QString& text) {
+  static const QRegularExpression kOneNumber(QStringLiteral("\\A[0-9]{1,5}\\z"));
+  return kOneNumber.match(text).hasMatch();
+}
+
+}  // namespace
+
+GridBox::GridBox(const char* name, TypedGrid& grid) : m_grid(grid) {
+  setObjectName(QString::fromLatin1(name));
+  setValidator(new TypedText(grid, this));
+  setInputMethodHints(Qt::ImhDigitsOnly);
+  connect(this, &QLineEdit::textEdited, this, [this](const QString& text) { m_grid.SetEntryText(FromQt(text)); });
+}
+
+void GridBox::Refresh() { ShowText(this, m_grid.EntryText()); }
+
+// Before anything else takes the key: of itself Tab goes to the next control.
+bool GridBox::event(QEvent* event) {
+  if (event->type() != QEvent::KeyPress) return QLineEdit::event(event);
+  const auto& press = static_cast<const QKeyEvent&>(*event);
+  const bool isTab = press.key() == Qt::Key_Tab || press.key() == Qt::Key_Backtab;
+  if (isTab && press.modifiers().testFlag(Qt::ControlModifier)) {
+    return focusNextPrevChild(!press.modifiers().testFlag(Qt::ShiftModifier));
+  }
+  if (!TakeKey(press)) return QLineEdit::event(event);
+  emit Acted();
+  return true;
+}
+
+bool GridBox::TakeKey(const QKeyEvent& press) {
+  const bool isEmpty = text().isEmpty();
+  switch (press.key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      // A key that is held would answer the message about its text as well.
+      if (!press.isAutoRepeat()) m_grid.Enter();
+      return true;
+    case Qt::Key_Escape: m_grid.SetEntryText({}); return true;  // it edits the box, and never cancels
+    case Qt::Key_Tab: m_grid.Step(press.modifiers().testFlag(Qt::ShiftModifier) ? -1 : 1); return true;
+    case Qt::Key_Backtab: m_grid.Step(-1); return true;
+    case Qt::Key_Up: return TakeMove(press, -1);
+    case Qt::Key_Down: return TakeMove(press, 1);
+    case Qt::Key_PageUp: return TakeMove(press, -kPage);
+    case Qt::Key_PageDown: return TakeMove(press, kPage);
+    case Qt::Key_Left: return m_grid.LastColumn() > 1 && TakeMove(press, 0, -1);
+    case Qt::Key_Right: return m_grid.LastColumn() > 1 && TakeMove(press, 0, 1);
+    case Qt::Key_Home: return isEmpty && TakeMove(press, -m_grid.Lines());
+    case Qt::Key_End: return isEmpty && TakeMove(press, m_grid.Lines());
+    case Qt::Key_Delete: return isEmpty && m_grid.DeleteKey();
+    default: return TakeEdit(press);
+  }
+}
+
+bool GridBox::TakeMove(const QKeyEvent& press, int lines, int columns) {
+  if (press.modifiers().testFlag(Qt::ShiftModifier)) {
+    m_grid.ExtendSelection(lines, columns);
+  } else if (columns != 0 && !text().isEmpty()) {
+    return false;
+  } else {
+    m_grid.Move(lines, columns);
+  }
+  return true;
+}
+
+// With text in the box undo and redo are its own.
+bool GridBox::TakeEdit(const QKeyEvent& press) {
+  if (press.matches(QKeySequence::Paste)) return TakePaste();
+  if (press.matches(QKeySequence::Copy)) return TakeCopy();
+  if (!text().isEmpty()) return false;
+  const bool isRedoToo = press.keyCombination() == (Qt::CTRL | Qt::Key_Y);
+  if (press.matches(QKeySequence::Undo)) {
+    m_grid.Undo();
+  } else if (press.matches(QKeySequence::Redo) || isRedoToo) {
+    m_grid.Redo();
+  } else {
+    return false;
+  }
+  return true;
+}
+
+// False for what is to be pasted into the box itself.
+bool GridBox::TakePaste() {
+  const QString copied = QGuiApplication::clipboard()->text();
+  if (copied.isEmpty() || IsOneNumber(copied)) return false;
+  m_grid.Paste(FromQt(copied));
+  return true;
+}
+
+// False when there is text of the box to be copied.
+bool GridBox::TakeCopy() {
+  if (hasSelectedText()) return false;
+  QGuiApplication::clipboard()->setText(ToQt(m_grid.Copy()));
+  return true;
+}
+
+// The edit menu copies and pastes what the keys do.
+void GridBox::contextMenuEvent(QContextMenuEvent* event) {
+  const std::unique_ptr<QMenu> menu(createStandardContextMenu());
+  const auto redirect = [&](QKeySequence::StandardKey key, bool (GridBox::*take)()) {
+    const QString shortcut = u'\t' + QKeySequence(key).toString(QKeySequence::NativeText);
+    for (QAction* action : menu->actions()) {
+      if (!action->text().endsWith(shortcut)) continue;
+      action->disconnect();
+      action->setEnabled(true);
+      connect(action, &QAction::triggered, this, [this, take, key] {
+        if (!(this->*take)()) key == QKeySequence::Copy ? copy() : paste();
+        emit Acted();
+      });
+    }
+  };
+  redirect(QKeySequence::Copy, &GridBox::TakeCopy);
+  redirect(QKeySequence::Paste, &GridBox::TakePaste);
+  menu->exec(event->globalPos());
+}
+
+}  // namespace zova

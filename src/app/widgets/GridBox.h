@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QLineEdit>
+
+class QKeyEvent;
+
+namespace zova {
+
+class TypedGrid;
+
+/// The box through which a grid is typed. The keys that its text has no use for are the grid's: arrows, Tab, Enter,
+/// copy and paste, undo and redo. Ctrl+Tab leaves it.
+class GridBox : public QLineEdit {
+  Q_OBJECT
+
+ public:
+  GridBox(const char* name, TypedGrid& grid);
+  void Refresh();
+
+ signals:
+  /// A key reached the grid.
+  void Acted();
+
+ protected:
+  void contextMenuEvent(QContextMenuEvent* event) override;
+  bool event(QEvent* event) override;
+
+ private:
+  // All true for a key of the grid's.
+  bool TakeKey(const QKeyEvent& press);
+  bool TakeMove(const QKeyEvent& press, int lines, int columns = 0);
+  bool TakeEdit(const QKeyEvent& press);
+  bool TakePaste();
+  bool TakeCopy();
+
+  TypedGrid& m_grid;
+};
+
+}  // namespace zova

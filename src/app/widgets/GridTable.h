@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QTableView>
+
+#include "grid/TypedGrid.h"
+
+namespace zova {
+
+class GridModel;
+
+/// Shows a typed grid, a row per line, and draws only what changed. Column 0 looks like a heading; the cursor's cell
+/// stands in a frame and is kept in sight. The mouse selects in it; the keyboard stays with the box beside it.
+class GridTable : public QTableView {
+  Q_OBJECT
+
+ public:
+  GridTable(const char* name, TypedGrid& grid);
+  void Refresh();
+  void ScrollToCursor() { scrollTo(currentIndex()); }
+
+ signals:
+  /// The mouse chose cells.
+  void Acted();
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+
+ private:
+  TypedGrid& m_grid;
+  GridModel* m_model;
+  GridBlock m_shownSelection;
+  bool m_dragging = false;
+};
+
+}  // namespace zova

@@ -1,0 +1,200 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "grid/TypedGrid.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include "text/Cells.h"
+#include "text/LeadingNumber.h"
+
+namespace zova {
+
+std::string NumberCell(int number) { return number == 0 ? std::string() : std::to_string(number); }
+
+std::int16_t CellNumber(const std::string& text) { return LeadingInteger16(text).value_or(0); }
+
+TypedGrid::TypedGrid(MessageBoxes& boxes, Desktop& desktop, GridRules rules)
+    : m_boxes(boxes), m_desktop(desktop), m_rules(std::move(rules)) {}
+
+void TypedGrid::Open(int lines, std::vector<GridColumn> columns) {
+  m_lines = lines;
+  m_columns = std::move(columns);
+  m_history.Clear();
+  m_text.clear();
+  ++m_openings;
+  ++m_revision;
+  ShowPage(1);
+}
+
+void TypedGrid::ShowPage(int page, GridCell cursor) {
+  m_page = page;
+  MarkChanged(1, m_lines);
+  PlaceCursor(cursor);
+}
+
+void TypedGrid::MarkChanged(int firstLine, int lastLine) noexcept {
+  const bool none = m_changed.FirstLine > m_changed.LastLine;
+  m_changed.FirstLine = none ? firstLine : std::min(m_changed.FirstLine, firstLine);
+  m_changed.LastLine = none ? lastLine : std::max(m_changed.LastLine, lastLine);
+}
+
+void TypedGrid::MarkChanged(const std::vector<CellChange>& changes) noexcept {
+  for (const CellChange& change : changes) {
+    if (change.Page == m_page) MarkChanged(change.Cell.Line, change.Cell.Line);
+  }
+}
+
+bool TypedGrid::Refuse(const std::string& message, const std::string& details) {
+  Warn(m_boxes, message, details);
+  return false;
+}
+
+void TypedGrid::SetEntryText(std::string_view text) {
+  m_text.clear();
+  std::copy_if(text.begin(), text.end(), std::back_inserter(m_text), m_rules.IsTyped);
+  ++m_revision;
+}
+
+void TypedGrid::PlaceCursor(GridCell cell) {
+  SelectTo(cell);
+  m_anchor = m_cursor;
+  m_selection = {m_cursor.Line, m_cursor.Line, m_cursor.Column, m_cursor.Column};
+}
+
+void TypedGrid::SelectTo(GridCell cell) {
+  // A grid without lines has its cursor on line 1 as well.
+  m_cursor = {std::clamp(cell.Line, 1, std::max(m_lines, 1)), std::clamp(cell.Column, 1, LastColumn())};
+  const auto [firstLine, lastLine] = std::minmax(m_anchor.Line, m_cursor.Line);
+  const auto [firstColumn, lastColumn] = std::minmax(m_anchor.Column, m_cursor.Column);
+  m_selection = {firstLine, lastLine, firstColumn, lastColumn};
+  if (!m_text.empty()) ++m_revision;  // it is for other cells now
+}
+
+void TypedGrid::Move(int lines, int columns) {
+  if (m_text.empty()) PlaceCursor({m_cursor.Line + lines, m_cursor.Column + columns});
+}
+
+void TypedGrid::Step(int direction) {
+  const GridCell start = m_cursor;
+  if (!TakeStandingText()) return;
+  GridCell cell = start;
+  do {
+    cell.Column += direction;
+    if (cell.Column < 1 || cell.Column > LastColumn()) {
+      cell.Line += direction;
+      cell.Column = direction > 0 ? 1 : LastColumn();
+    }
+    if (cell.Line < 1 || cell.Line > m_lines) {
+      if (m_rules.TabStaysAtEnds) PlaceCursor(start);
+      return;
+    }
+  } while (!IsUsed(cell.Column));
+  PlaceCursor(cell);
+}
+
+bool TypedGrid::Enter() {
+  const GridBlock block = m_selection;
+  if (block.FirstColumn != block.LastColumn) {
+    m_desktop.Beep();
+    return false;
+  }
+  if (m_text.empty()) return true;
+  const std::string text = std::exchange(m_text, {});
+  ++m_revision;
+  std::vector<CellEdit> edits;
+  for (GridCell cell{block.FirstLine, block.FirstColumn}; cell.Line <= std::min(block.LastLine, m_lines); ++cell.Line) {
+    CellInput input = m_rules.Typed(cell, text);
+    if (!input.Refusal.empty()) return Refuse(input.Refusal);
+    edits.push_back({cell, std::move(input.Text)});
+  }
+  Apply(std::move(edits));
+  if (block.IsOneCell()) PlaceCursor(m_rules.Next(m_cursor));
+  return true;
+}
+
+bool TypedGrid::DeleteKey() {
+  if (!m_rules.DeleteBlanks || !m_text.empty()) return false;
+  std::vector<CellEdit> edits;
+  for (int line = m_selection.FirstLine; line <= std::min(m_selection.LastLine, m_lines); ++line) {
+    for (int column = m_selection.FirstColumn; column <= m_selection.LastColumn; ++column) {
+      edits.push_back({{line, column}, {}});
+    }
+  }
+  Apply(std::move(edits));
+  return true;
+}
+
+std::string TypedGrid::Copy() const {
+  GridBlock block = m_selection;
+  if (block.IsOneCell() && !m_rules.CopiesFromOneCell) block = {1, m_lines, block.FirstColumn, block.LastColumn};
+  std::string text;
+  for (int line = block.FirstLine; line <= block.LastLine; ++line) {
+    for (int column = block.FirstColumn; column <= block.LastColumn; ++column) {
+      if (column != block.FirstColumn) text += '\t';
+      text += Text({line, column});
+    }
+    text += '\n';
+  }
+  return text;
+}
+
+void TypedGrid::Paste(std::string_view text) {
+  // Empty lines at the end are the spreadsheet's, not cells to be blanked.
+  text = text.substr(0, text.find_last_not_of(m_rules.PastesBlanks ? "\r\n" : " \r\n") + 1);
+  if (text.empty()) return;
+  const char separator = CellSeparator(text);
+  const GridCell start{m_selection.FirstLine, m_selection.FirstColumn};
+  std::vector<CellEdit> edits;
+  for (int line = start.Line; !text.empty(); ++line) {
+    LineCells cells(TakeLine(text), separator);
+    for (GridCell cell{line, start.Column}; const auto content = cells.Next(); ++cell.Column) {
+      CellInput input = m_rules.Pasted(cell, *content);
+      if (!input.Refusal.empty()) {
+        Refuse(input.Refusal, "Line " + std::to_string(line - start.Line + 1) + " of the pasted data.");
+        return;
+      }
+      edits.push_back({cell, std::move(input.Text)});
+    }
+  }
+  m_text.clear();  // else the next Enter would put it over what was pasted
+  ++m_revision;
+  Apply(std::move(edits));
+}
+
+void TypedGrid::Apply(std::vector<CellEdit> edits) {
+  std::vector<CellChange> changes;
+  for (auto& [cell, text] : edits) {
+    std::string before = Text(cell);
+    if (before == text) continue;
+    m_rules.SetText(m_page, cell, text);
+    changes.push_back({m_page, cell, std::move(before), std::move(text)});
+  }
+  Note(std::move(changes));
+}
+
+void TypedGrid::Note(std::vector<CellChange> changes) {
+  if (changes.empty()) return;
+  MarkChanged(changes);
+  ++m_revision;
+  m_history.Push(std::move(changes));
+}
+
+void TypedGrid::Show(const std::vector<CellChange>& changes, std::string CellChange::*side) {
+  for (const CellChange& change : changes) m_rules.SetText(change.Page, change.Cell, change.*side);
+  const auto& [page, cell, before, after] = changes.front();
+  if (page != m_page) ShowPage(page);
+  MarkChanged(changes);
+  ++m_revision;
+  PlaceCursor(cell);
+}
+
+void TypedGrid::Undo() {
+  if (const auto* changes = m_history.Undo()) Show(*changes, &CellChange::Before);
+}
+
+void TypedGrid::Redo() {
+  if (const auto* changes = m_history.Redo()) Show(*changes, &CellChange::After);
+}
+
+}  // namespace zova

@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace zova {
+
+/// "Group 1 (4+17+9)".
+std::string GroupLabel(int number, const std::vector<std::string>& memberIds);
+
+/// Finds subjects, and the members of groups, by what the first column of a master holds. Subjects count from 1.
+class SubjectIndex {
+ public:
+  /// Identifiers in the order of the listing; the first of two that are the same counts.
+  explicit SubjectIndex(const std::vector<std::string>& subjectIds);
+  /// Blanks around the identifier do not count. 0 for an unknown subject.
+  [[nodiscard]] int NumberOf(std::string_view subjectId) const;
+  /// The members that a group's label names; empty when any of them is unknown.
+  [[nodiscard]] std::vector<int> MembersOf(std::string_view label) const;
+
+ private:
+  std::unordered_map<std::string, int> m_numbers;
+  std::size_t m_longest = 0;
+};
+
+}  // namespace zova

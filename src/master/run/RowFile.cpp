@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// A master is emptied and written in place: its file may be a link, a device, or lie where no other can be made. It
+// holds the header and whole rows, or, where the header itself could not be written, nothing.
+
+#include "master/run/RowFile.h"
+
+#include <algorithm>
+
+#include "platform/desktop/FileErrorBoxes.h"
+
+namespace zova {
+
+namespace {
+
+constexpr const char* kLineEnd = "\r\n";
+
+void AddOnce(const std::filesystem::path& native, std::vector<std::filesystem::path>& written) {
+  if (std::find(written.begin(), written.end(), native) == written.end()) written.push_back(native);
+}
+
+}  // namespace
+
+bool WriteRunFile(const std::string& path, const std::string& content, Disk& disk, MessageBoxes& boxes,
+                  std::vector<std::filesystem::path>& written) {
+  return WithRetry(boxes, [&] {
+    disk.WriteInPlace(path, content);
+    AddOnce(disk.Resolve(path, FileOperation::Write).Native, written);
+  });
+}
+
+bool RowFile::WriteLine(const std::string& path, std::string_view text) {
+  return WriteRunFile(path, std::string(text) + kLineEnd, m_disk, m_boxes, m_written);
+}
+
+bool RowFile::WriteHeader(const RowPaths& paths, const MasterHeaderLine& header) {
+  m_paths = paths;
+  m_columnCount = header.MasterColumnCount;
+  if (!WriteLine(m_paths.Header, header.MasterHeader)) return false;
+  if (m_paths.Pieces.empty()) return true;
+  auto path = m_paths.Pieces.begin();
+  for (const std::string_view piece : SplitWideMaster(header.MasterHeader, m_columnCount)) {
+    if (!WriteLine(*path++, piece)) return false;
+  }
+  return true;
+}
+
+bool RowFile::WriteRow(std::string_view row) {
+  if (m_files.empty() && !OpenForRows()) return false;
+  if (!AppendLine(m_files.front(), row)) return false;
+  if (!m_paths.Pieces.empty()) {
+    auto file = m_files.begin();
+    for (const std::string_view piece : SplitWideMaster(row, m_columnCount)) {
+      if (!AppendLine(*++file, piece)) return false;
+    }
+  }
+  m_anyRow = true;
+  return true;
+}
+
+bool RowFile::OpenForRows() {
+  return WithRetry(m_boxes, [&] {
+    m_files.clear();
+    m_files.push_back(m_disk.OpenForAppend(m_paths.Rows));
+    for (const std::string& piece : m_paths.Pieces) m_files.push_back(m_disk.OpenForAppend(piece));
+  });
+}
+
+bool RowFile::AppendLine(AppendFile& file, std::string_view text) {
+  m_line.assign(text);
+  m_line += kLineEnd;
+  if (!WithRetry(m_boxes, [&] { file.Append(m_line); })) return false;
+  if (!m_anyRow) AddOnce(file.Native(), m_written);
+  return true;
+}
+
+// Some file systems report only now that a row did not get through. They do not say which one, so there is no step to
+// repeat: whatever is answered, the run has failed.
+bool RowFile::Close() {
+  try {
+    for (AppendFile& file : m_files) file.Close();
+    return true;
+  } catch (const FileError& error) {
+    ReportFileError(m_boxes, error);
+    return false;
+  }
+}
+
+}  // namespace zova

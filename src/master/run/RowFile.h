@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "master/columns/MasterLines.h"
+#include "master/run/RunPaths.h"
+#include "platform/desktop/MessageBoxes.h"
+#include "platform/files/Disk.h"
+
+namespace zova {
+
+/// A file of a header and rows, and its pieces when it is a wide master. Asks the user about every fault; all functions
+/// are false when the user gave up.
+class RowFile {
+ public:
+  /// `written` gets each file once, in the order of writing.
+  RowFile(Disk& disk, MessageBoxes& boxes, std::vector<std::filesystem::path>& written)
+      : m_disk(disk), m_boxes(boxes), m_written(written) {}
+
+  /// Replaces the header's file and the pieces by their header lines.
+  bool WriteHeader(const RowPaths& paths, const MasterHeaderLine& header);
+  bool WriteRow(std::string_view row);
+  bool Close();
+
+ private:
+  [[nodiscard]] bool WriteLine(const std::string& path, std::string_view text);
+  bool OpenForRows();
+  bool AppendLine(AppendFile& file, std::string_view text);
+
+  Disk& m_disk;
+  MessageBoxes& m_boxes;
+  std::vector<std::filesystem::path>& m_written;
+  RowPaths m_paths;
+  int m_columnCount = 0;
+  std::vector<AppendFile> m_files;  // the whole one first, then the pieces; opened by the first row
+  bool m_anyRow = false;
+  std::string m_line;
+};
+
+/// Replaces a file by `content`. False when the user gave up.
+bool WriteRunFile(const std::string& path, const std::string& content, Disk& disk, MessageBoxes& boxes,
+                  std::vector<std::filesystem::path>& written);
+
+}  // namespace zova

@@ -1,0 +1,108 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Rows always go to the master in the primary directory: with a destination elsewhere, that one gets the header alone,
+// and an older master in the primary directory keeps its lines above the new rows. This is the rule, and is kept.
+
+#include "master/run/RunPaths.h"
+
+#include <algorithm>
+
+#include "master/columns/MasterLines.h"
+#include "project/ProjectLayout.h"
+#include "project/ProtectedFiles.h"
+#include "text/TypedText.h"
+
+namespace zova {
+
+namespace {
+
+// The path that a box's or option's text stands for; `name` is the file's when none is given.
+std::string ResolveFile(const std::string& text, std::string_view name, const ProjectParameters& project,
+                        const DriveMap& drives) {
+  const std::string_view typed = WithoutOuterBlanks(text);
+  std::string path = drives.ToDrivePath(typed);
+  const bool hasDrive = HasDrive(path);
+  if (hasDrive && path.find_first_of("\\/") != 2) path.insert(2, "\\");
+  const bool isDirectory =
+      typed.empty() || typed.ends_with('\\') || typed.ends_with('/') || (hasDrive && path.size() == 3);
+  const bool isBelowPrimary = !hasDrive && !path.starts_with('/') && path.find('\\') == std::string::npos;
+  if (isBelowPrimary) path = JoinPath(project.PrimaryDir, path);
+  if (!isDirectory) return path;
+  if (!path.ends_with('/')) path = JoinPath(path, "");
+  return path.append(name);
+}
+
+std::vector<std::string> PiecePaths(ResultFile master, int columnCount, const ProjectParameters& project) {
+  std::vector<std::string> paths;
+  if (columnCount <= kMaxColumnsUnsplit) return paths;
+  const auto count = static_cast<std::size_t>(columnCount / kMaxColumnsUnsplit + 1);
+  for (std::size_t piece = 1; piece <= count; ++piece) paths.push_back(PiecePath(project, master, piece));
+  return paths;
+}
+
+void RefuseProjectFile(const std::string& path, const ProjectParameters& project, Disk& disk) {
+  if (!IsProjectFile(path, project, disk)) return;
+  throw FileError(FileOperation::Write, path, std::make_error_code(std::errc::file_exists),
+                  "A master cannot take the place of a project's own file.");
+}
+
+}  // namespace
+
+std::string ResolveDestination(const std::string& text, const ProjectParameters& project, const DriveMap& drives) {
+  return ResolveFile(text, LastPathComponent(DefaultMasterPath(project)), project, drives);
+}
+
+RunPaths IndividualPaths(const MasterRequest& request, int columnCount, const ProjectParameters& project,
+                         const DriveMap& drives) {
+  const std::string header = ResolveDestination(request.Destination, project, drives);
+  const auto beside = [&](ResultFile file) { return std::string(PathPrefix(header)) + ResultName(project, file); };
+  const auto exportPath = [&](const std::optional<std::string>& asked, ResultFile file) -> std::string {
+    if (!asked) return "";
+    return asked->empty() ? beside(file) : ResolveFile(*asked, ResultName(project, file), project, drives);
+  };
+  return {.Master = {header, DefaultMasterPath(project), PiecePaths(ResultFile::Master, columnCount, project)},
+          .Serial = request.Order ? beside(ResultFile::SerialMaster) : "",
+          .Combined = request.CombinedFollows ? beside(ResultFile::CombinedMaster) : "",
+          .Clean = exportPath(request.CleanFile, ResultFile::CleanCsv),
+          .Long = exportPath(request.LongFile, ResultFile::LongCsv)};
+}
+
+RunPaths CombinedPaths(const std::string& destination, int columnCount, const ProjectParameters& project,
+                       const DriveMap& drives) {
+  const std::string header = ResolveDestination(destination, project, drives);
+  const std::string path = std::string(PathPrefix(header)) + ResultName(project, ResultFile::CombinedMaster);
+  return {.Master = {path, path, PiecePaths(ResultFile::CombinedMaster, columnCount, project)},
+          .Serial = "",
+          .Combined = "",
+          .Clean = "",
+          .Long = ""};
+}
+
+// Header and rows are of one master, and pieces have names of their own. Of all else the later file would take the
+// place of the earlier one.
+void CheckRunPaths(const RunPaths& paths, const ProjectParameters& project, Disk& disk) {
+  std::vector<std::string> all = {paths.Master.Header, paths.Master.Rows};
+  all.insert(all.end(), paths.Master.Pieces.begin(), paths.Master.Pieces.end());
+  const std::size_t ofMaster = all.size();
+  for (const std::string& path : {paths.Serial, paths.Combined, paths.Clean, paths.Long}) {
+    if (!path.empty()) all.push_back(path);
+  }
+  std::vector<ResolvedPath> earlier;
+  for (const std::string& path : all) {
+    RefuseProjectFile(path, project, disk);
+    ResolvedPath file = disk.Resolve(path, FileOperation::Write);
+    if (disk.Kind(DirectoryOf(file), FileOperation::Write) != EntryKind::Directory) {
+      // Kept: only the file that gets the rows is reported as a path not found, as in a combined master's destination.
+      if (path == paths.Master.Rows) throw FileError(FileOperation::Write, path, FileCause::PathNotFound);
+      throw FileError(FileOperation::Write, path, std::make_error_code(std::errc::no_such_file_or_directory));
+    }
+    const auto isTaken = [&](const ResolvedPath& other) { return disk.IsSame(file, other); };
+    if (earlier.size() >= ofMaster && std::any_of(earlier.begin(), earlier.end(), isTaken)) {
+      throw FileError(FileOperation::Write, path, std::make_error_code(std::errc::file_exists),
+                      "Each file of a run needs a name of its own.");
+    }
+    earlier.push_back(std::move(file));
+  }
+}
+
+}  // namespace zova

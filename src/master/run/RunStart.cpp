@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "master/run/RunStart.h"
+
+#include "platform/desktop/FileErrorBoxes.h"
+#include "project/ProjectLayout.h"
+#include "scoring/RunError.h"
+
+namespace zova {
+
+namespace {
+
+// Before anything is written there is nothing to retry.
+void ShowRunStopped(const RunError& error, MessageBoxes& boxes) {
+  boxes.Show({.Text = RunFaultText(error.Fault()),
+              .Icon = BoxIcon::Exclamation,
+              .Buttons = BoxButtons::Cancel,
+              .Default = BoxAnswer::Cancel,
+              .Details = error.what()});
+}
+
+}  // namespace
+
+std::optional<int> CountSubjectFiles(const ProjectParameters& project, Disk& disk, MessageBoxes& boxes) {
+  std::size_t found = 0;
+  const bool listed = WithRetry(boxes, [&] {
+    // A disk that is not there is no empty project; only its `Sdata` may be missing.
+    if (!IsNoDirectory(project.PrimaryDir) && !disk.DirectoryExists(project.PrimaryDir)) {
+      throw FileError(FileOperation::List, SubjectDirectory(project.PrimaryDir), FileCause::PathNotFound);
+    }
+    found = ListSubjectFiles(disk, project, SubjectDirectory(project.PrimaryDir)).size();
+  });
+  if (!listed) return std::nullopt;
+  if (found > kMaxSubjects) {
+    ShowRunStopped({RunFault::Overflow, "There are " + std::to_string(found) + " subject files; a master can have " +
+                                            std::to_string(kMaxSubjects) + "."},
+                   boxes);
+    return std::nullopt;
+  }
+  const int count = static_cast<int>(found);
+  if (count == 0) Warn(boxes, "There is no data yet entered for this project.");
+  return count;
+}
+
+bool BuildHeader(const ProjectParameters& project, const MeasureSelection& selection, MasterKind kind,
+                 MessageBoxes& boxes, MasterHeaderLine& header) {
+  try {
+    header = BuildMasterHeader(project, selection, kind);
+    return true;
+  } catch (const RunError& error) {
+    ShowRunStopped(error, boxes);
+    return false;
+  }
+}
+
+}  // namespace zova

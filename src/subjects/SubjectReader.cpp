@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "subjects/SubjectReader.h"
+
+#include <set>
+
+#include "platform/files/DataFileError.h"
+#include "project/ProjectLayout.h"
+#include "subjects/SubjectFile.h"
+
+namespace zova {
+
+// It held subjects when the master was asked for, so that it is lost, not empty.
+void SubjectReader::FindDirectory() {
+  const std::string sdata = SubjectDirectory(m_project.PrimaryDir);
+  for (const std::string& directory : {m_project.PrimaryDir, sdata}) {
+    if (!m_disk.DirectoryExists(directory)) throw FileError(FileOperation::List, directory, FileCause::PathNotFound);
+  }
+  m_directory = m_disk.Resolve(sdata, FileOperation::Read);
+}
+
+void SubjectReader::List(int expected) {
+  m_expected = expected;
+  FindDirectory();
+  m_names = ListSubjectFiles(m_disk, m_project, SubjectDirectory(m_project.PrimaryDir));
+}
+
+void SubjectReader::UseNames(std::vector<std::string> names) {
+  m_names = std::move(names);
+  m_expected = Count();
+  FindDirectory();
+}
+
+std::string SubjectReader::SubjectId(int k) const { return SubjectIdFromFileName(m_project, Name(k)); }
+
+std::vector<std::string> SubjectReader::SubjectIds() const {
+  std::vector<std::string> ids;
+  for (const std::string& name : m_names) ids.push_back(SubjectIdFromFileName(m_project, name));
+  return ids;
+}
+
+std::string SubjectReader::Where(int k) const {
+  return "'" + JoinPath(SubjectDirectory(m_project.PrimaryDir), Name(k)) + "'\nSubject " + SubjectId(k);
+}
+
+void SubjectReader::Read(int k, SubjectRecord& record) {
+  m_bar.ProcessEvents();
+  if (k > Count() && m_reportedMissing) AddNewNames();
+  if (k > Count()) {  // files went while the screen was open; which ones nobody knows
+    m_reportedMissing = true;
+    const std::string found =
+        std::to_string(Count()) + " of " + std::to_string(m_expected) + " subject files were found.";
+    throw FileError(FileOperation::Read, JoinPath(SubjectDirectory(m_project.PrimaryDir), ""),
+                    std::make_error_code(std::errc::no_such_file_or_directory), found);
+  }
+  try {
+    ReadFile(Name(k), record);
+  } catch (FileError& error) {
+    error.AddDetail("Subject " + SubjectId(k));
+    throw;
+  }
+}
+
+void SubjectReader::ReadFile(const std::string& name, SubjectRecord& record) {
+  const ResolvedPath file = Below(m_directory, name);
+  m_disk.Read(file, m_bytes);
+  ParsingFile(file.Shown, [&] { ParseSubject(m_bytes, m_project, record); });
+}
+
+// After a Retry the missing files may be back; those already read are not read again.
+void SubjectReader::AddNewNames() {
+  FindDirectory();
+  const std::set<std::string> known(m_names.begin(), m_names.end());
+  for (std::string& name : ListSubjectFiles(m_disk, m_project, SubjectDirectory(m_project.PrimaryDir))) {
+    if (!known.contains(name)) m_names.push_back(std::move(name));
+  }
+}
+
+}  // namespace zova
