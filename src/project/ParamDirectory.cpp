@@ -45,4 +45,8 @@ bool ParamDirectory::Lock(const std::string& path) {
   }
 }
 
+void ReportParamInUse(MessageBoxes& boxes) {
+  boxes.Show({.Text = "ZOVA is already running with this 'Param' directory.", .Icon = BoxIcon::Critical});
+}
+
 }  // namespace zova

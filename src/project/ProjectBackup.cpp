@@ -170,16 +170,6 @@ BackupOutcome BeginBackup(const ProjectParameters& project, const std::string& p
   return {.AsksDestination = answer == BoxAnswer::Yes};
 }
 
-LocationTexts BackupDestinationTexts() {
-  return {.Title = "New Backup Destination",
-          .Instruction =
-              "Please choose the location for the backup information by selecting the appropriate drive and "
-              "double-clicking on the appropriate directory or typing it in directly.",
-          .Note =
-              "NOTE: This will not change your parameter settings.  If you restore this data using the 'Restore "
-              "From Backup' feature, your original destination directories will remain unchanged."};
-}
-
 std::optional<MessageBox> BackUpTo(ProjectParameters& project, const std::string& text, const SavedProject& saved,
                                    const Platform& platform) {
   const auto destination = TakeDestination(project, text, platform);

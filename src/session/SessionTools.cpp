@@ -58,7 +58,10 @@ void Session::OpenLastMasterFolder() {
 void Session::CreateNewBackup() {
   if (!Menus().Backup) return;
   const BackupOutcome outcome = BeginBackup(*m_project, m_param.Path(), m_platform);
-  if (outcome.AsksDestination) ShowLocation(Screen::BackupDestination);
+  if (outcome.AsksDestination) {
+    m_location.OpenBackup(*m_project, m_saved);
+    Show(Screen::Location);
+  }
   if (outcome.Message) m_platform.Boxes.Show(*outcome.Message);
 }
 
@@ -80,48 +83,15 @@ void Session::RestoreFromBackup() {
 }
 
 void Session::ChangeParamLocation() {
-  if (Menus().MoveParam) ShowLocation(Screen::ParamLocation);
+  if (Menus().MoveParam) ShowParamLocation();
 }
 
-void Session::ShowLocation(Screen screen) {
-  if (screen == Screen::ParamLocation) m_location.Open();
-  m_locationBrowser.Reset();
-  m_locationText = m_locationBrowser.Path();
-  Show(screen);
+void Session::ShowParamLocation() {
+  m_location.OpenParam();
+  Show(Screen::Location);
 }
 
-LocationTexts Session::LocationTextsShown() const {
-  return m_screen == Screen::BackupDestination ? BackupDestinationTexts() : m_location.Texts();
-}
-
-void Session::SetLocationText(const std::string& text) {
-  m_locationText = text;
-  m_location.NoteOtherAct();
-}
-
-std::string Session::LocationResult() const {
-  return m_screen == Screen::ParamLocation ? m_location.Target(m_locationText) : std::string();
-}
-
-void Session::AcceptLocation() {
-  m_locationText = m_platform.Files.Drives().ToDrivePath(m_locationText);
-  if (m_screen == Screen::ParamLocation) {
-    Follow(m_location.Accept(m_locationText));
-  } else if (m_screen == Screen::BackupDestination) {
-    const auto message = BackUpTo(*m_project, m_locationText, m_saved, m_platform);
-    if (message) Follow({LocationOutcome::Step::Close, message});
-  }
-}
-
-void Session::CancelLocation() {
-  if (m_screen == Screen::ParamLocation) {
-    Follow(m_location.Cancel());
-  } else if (m_screen == Screen::BackupDestination) {
-    Show(Screen::Main);
-  }
-}
-
-void Session::Follow(const LocationOutcome& outcome) {
+void Session::FollowLocation(const LocationOutcome& outcome) {
   if (outcome.Next == LocationOutcome::Step::EndProgram) m_ended = true;
   if (outcome.Next == LocationOutcome::Step::Close) Show(Screen::Main);
   if (outcome.Message) m_platform.Boxes.Show(*outcome.Message);

@@ -15,7 +15,7 @@
 #include "app/widgets/Controls.h"
 #include "app/widgets/GridBox.h"
 #include "app/widgets/GridTable.h"
-#include "session/Session.h"
+#include "session/SubjectFlow.h"
 
 namespace zova {
 
@@ -40,10 +40,10 @@ QGroupBox* AddGroup(QLayout& rows, const char* name, const QString& title) {
 
 }  // namespace
 
-EntryPanel::EntryPanel(Session& session)
-    : m_session(session),
-      m_grdInput(new GridTable("grdInput", session.Entry().Grid().Cells())),
-      m_txtInput(new GridBox("txtInput", session.Entry().Grid().Cells())),
+EntryPanel::EntryPanel(SubjectFlow& subjects)
+    : m_subjects(subjects),
+      m_grdInput(new GridTable("grdInput", subjects.Entry().Grid().Cells())),
+      m_txtInput(new GridBox("txtInput", subjects.Entry().Grid().Cells())),
       m_lblTUpdate(MakeLabel("lblTUpdate", {})),
       m_lblThisOne(MakeLabel("lblThisOne", {})),
       m_lblProjectName(MakeLabel("lblProjectName", {})),
@@ -81,13 +81,13 @@ EntryPanel::EntryPanel(Session& session)
 QScrollArea* EntryPanel::MakeSide() {
   auto* side = new QWidget;
   auto* rows = new QVBoxLayout(side);
-  EntryGrid& grid = m_session.Entry().Grid();
+  EntryGrid& grid = m_subjects.Entry().Grid();
   Enlarge(*m_lblTUpdate, kTestSize);
   m_lblTUpdate->setWordWrap(false);
   m_lblTUpdate->setAlignment(Qt::AlignCenter);
   rows->addWidget(m_lblTUpdate);
-  m_cmdDone = AddButton(*rows, "cmdDone", {}, [this] { m_session.Entry().DoneWithTest(); });
-  AddButton(*rows, "cmdFinished", tr("Done with &all Tests!"), [this] { m_session.DoneWithAllTests(); });
+  m_cmdDone = AddButton(*rows, "cmdDone", {}, [this] { m_subjects.Entry().DoneWithTest(); });
+  AddButton(*rows, "cmdFinished", tr("Done with &all Tests!"), [this] { m_subjects.DoneWithAllTests(); });
   QLayout& tools = *AddGroup(*rows, "fraPretty", tr("Tools"))->layout();
   AddButton(tools, "cmdInsert", tr("&Insert"), [&grid] { grid.InsertLine(); });
   AddButton(tools, "cmdDelete", tr("&Delete"), [&grid] { grid.DeleteSelectedLines(); });
@@ -96,7 +96,7 @@ QScrollArea* EntryPanel::MakeSide() {
   AddButton(*m_framinbump->layout(), "cmdminmin", tr("&Subtract One"), [&grid] { grid.SubtractMinute(); });
   AddGroup(*rows, "fraInformation", tr("Subject Information"))->layout()->addWidget(m_lblThisOne);
   rows->addStretch();
-  AddButton(*rows, "cmdSubCancel", tr("&Cancel"), [this] { m_session.CancelEntry(); });
+  AddButton(*rows, "cmdSubCancel", tr("&Cancel"), [this] { m_subjects.CancelEntry(); });
   QScrollArea* area = MakeScrolling(side);
   area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   return area;
@@ -116,7 +116,7 @@ QPushButton* EntryPanel::AddButton(QLayout& rows, const char* name, const QStrin
 
 void EntryPanel::Refresh() {
   FollowTimer();
-  SubjectEntry& entry = m_session.Entry();
+  SubjectEntry& entry = m_subjects.Entry();
   if (!entry.IsOpen()) return;
   m_grdInput->Refresh();
   m_txtInput->Refresh();
@@ -127,7 +127,7 @@ void EntryPanel::Refresh() {
   m_framinbump->setVisible(entry.KeepsMinutes());
   m_framinbump->setEnabled(entry.KeepsMinutes());
   m_lblThisOne->setText(ToQt(entry.SubjectCaption()));
-  m_lblProjectName->setText(tr("Project: ") + ToQt(m_session.ProjectCaption()));
+  m_lblProjectName->setText(tr("Project: ") + ToQt(m_subjects.ProjectName()));
 }
 
 void EntryPanel::Report() {
@@ -137,7 +137,7 @@ void EntryPanel::Report() {
 }
 
 void EntryPanel::FollowTimer() {
-  const AutosaveTimer& timer = m_session.Entry().Timer();
+  const AutosaveTimer& timer = m_subjects.Entry().Timer();
   if (!timer.IsRunning()) {
     m_tmrAutoSave->stop();
     m_waitingTicks = 0;
@@ -151,7 +151,7 @@ void EntryPanel::FollowTimer() {
 // Behind a message box a command waits for its answer. Once it has ended, Refresh comes back to the ticks.
 void EntryPanel::ActOnTicks() {
   if (QApplication::activeModalWidget() != nullptr || m_waitingTicks == 0) return;
-  for (; m_waitingTicks > 0; --m_waitingTicks) m_session.AutosaveTick();
+  for (; m_waitingTicks > 0; --m_waitingTicks) m_subjects.Entry().Tick();
   Refresh();
   emit Acted();
 }

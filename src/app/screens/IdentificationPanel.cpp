@@ -7,13 +7,13 @@
 #include <QVBoxLayout>
 
 #include "app/widgets/Controls.h"
-#include "session/Session.h"
+#include "session/SubjectFlow.h"
 
 namespace zova {
 
-IdentificationPanel::IdentificationPanel(Session& session)
-    : m_session(session),
-      m_rules(session.Identification()),
+IdentificationPanel::IdentificationPanel(SubjectFlow& subjects)
+    : m_subjects(subjects),
+      m_rules(subjects.Identification()),
       m_txtSub(Named(new QLineEdit, "txtSub")),
       m_txtInfo(Named(new QLineEdit, "txtInfo")) {
   setObjectName(QStringLiteral("fraSubInfo"));
@@ -23,12 +23,12 @@ IdentificationPanel::IdentificationPanel(Session& session)
   rows->addLayout(row);
   AddText(*row, "lblInfCtr", &SubjectIdentification::Counter);
   row->addStretch();
-  m_cmdBrowse = AddButton(*row, "cmdBrowse", tr("B&rowse"), *this, [this] { m_session.BrowseSubject(); });
-  m_cmdOK = AddButton(*row, "cmdOK", tr("O&K"), *this, [this] { m_session.LoadTypedSubject(); });
+  m_cmdBrowse = AddButton(*row, "cmdBrowse", tr("B&rowse"), *this, [this] { m_subjects.BrowseSubject(); });
+  m_cmdOK = AddButton(*row, "cmdOK", tr("O&K"), *this, [this] { m_subjects.LoadTypedSubject(); });
   m_cmdBack = AddButton(*row, "cmdBack", tr("<<&Back"), *this, [this] { m_rules.Back(); });
   m_cmdNext = AddButton(*row, "cmdNext", tr("&Next >>"), *this, [this] { m_rules.Next(); });
-  m_cmdEntered = AddButton(*row, "cmdEntered", tr("&Done!"), *this, [this] { m_session.FinishIdentification(); });
-  m_cmdCancel = AddButton(*row, "cmdCancel", tr("&Cancel"), *this, [this] { m_session.CancelIdentification(); });
+  m_cmdEntered = AddButton(*row, "cmdEntered", tr("&Done!"), *this, [this] { m_subjects.FinishIdentification(); });
+  m_cmdCancel = AddButton(*row, "cmdCancel", tr("&Cancel"), *this, [this] { m_subjects.CancelIdentification(); });
   connect(m_txtSub, &QLineEdit::textEdited, this, [this](const QString& text) {
     m_rules.SetSubjectText(FromQt(text));
     // What is dropped had just been put in before the cursor.
@@ -75,7 +75,7 @@ void IdentificationPanel::Refresh() {
     label->setText(ToQt((m_rules.*text)()));
     label->setVisible(!label->text().isEmpty());
   }
-  m_lblProjectName->setText(tr("Project: ") + ToQt(m_session.ProjectCaption()));
+  m_lblProjectName->setText(tr("Project: ") + ToQt(m_subjects.ProjectName()));
   ShowText(m_txtSub, m_rules.SubjectText());
   ShowText(m_txtInfo, m_rules.LevelText());
   const bool asksIdentifier = m_rules.AsksIdentifier();

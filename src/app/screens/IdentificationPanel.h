@@ -12,7 +12,7 @@ class QPushButton;
 
 namespace zova {
 
-class Session;
+class SubjectFlow;
 class SubjectIdentification;
 
 /// The screen that names a subject: its identifier, then its levels step by step. Enter goes on, Escape cancels.
@@ -20,7 +20,7 @@ class IdentificationPanel : public Panel {
   Q_OBJECT
 
  public:
-  explicit IdentificationPanel(Session& session);
+  explicit IdentificationPanel(SubjectFlow& subjects);
   void Refresh() override;
 
  protected:
@@ -35,7 +35,7 @@ class IdentificationPanel : public Panel {
   void PlaceCursor();
   [[nodiscard]] QPushButton* DefaultButton() const;
 
-  Session& m_session;
+  SubjectFlow& m_subjects;
   SubjectIdentification& m_rules;
   std::vector<std::pair<QLabel*, Getter>> m_texts;
   QLineEdit* m_txtSub;

@@ -8,24 +8,24 @@
 
 #include "app/widgets/Controls.h"
 #include "app/widgets/DriveDirectoryList.h"
-#include "session/Session.h"
+#include "session/LocationFlow.h"
 
 namespace zova {
 
-LocationPanel::LocationPanel(Session& session, QWidget* parent)
+LocationPanel::LocationPanel(LocationFlow& location, QWidget* parent)
     : Panel(parent),
-      m_session(session),
+      m_location(location),
       m_form(Named(new QWidget, "frmParamLoc")),
       m_title(MakeLabel("lblParamTitle", QString())),
       m_instruction(MakeLabel("lblParamInstruction", QString())),
       m_note(MakeLabel("lblParamNote", QString())),
       m_path(Named(new QLineEdit, "txtParamPath")),
       m_result(MakeLabel("lblParamResult", QString())),
-      m_directories(new DriveDirectoryList(session.LocationBrowser(), "drvParamPath", "dirParamPath")) {
+      m_directories(new DriveDirectoryList(location.Browser(), "drvParamPath", "dirParamPath")) {
   setObjectName(QStringLiteral("fraParamPath"));
   Arrange();
   connect(m_path, &QLineEdit::textEdited, this, [this](const QString& text) { Take(FromQt(text)); });
-  connect(m_directories, &DriveDirectoryList::Acted, this, [this] { Take(m_session.LocationBrowser().Path()); });
+  connect(m_directories, &DriveDirectoryList::Acted, this, [this] { Take(m_location.Browser().Path()); });
 }
 
 void LocationPanel::Arrange() {
@@ -53,14 +53,14 @@ void LocationPanel::Arrange() {
 }
 
 void LocationPanel::Refresh() {
-  const LocationTexts texts = m_session.LocationTextsShown();
+  const LocationTexts texts = m_location.Texts();
   m_form->setWindowTitle(ToQt(texts.Title));
   m_title->setText(ToQt(texts.Title));
   m_instruction->setText(ToQt(texts.Instruction));
   m_note->setText(ToQt(texts.Note));
-  ShowText(m_path, m_session.LocationText());
-  m_result->setVisible(m_session.Shown() == Screen::ParamLocation);
-  m_result->setText(ToQt(m_session.LocationResult()));
+  ShowText(m_path, m_location.Text());
+  m_result->setVisible(m_location.CurrentForm() != LocationFlow::Form::BackupDestination);
+  m_result->setText(ToQt(m_location.Result()));
   m_directories->Refresh();
 }
 
@@ -82,18 +82,18 @@ void LocationPanel::keyPressEvent(QKeyEvent* event) {
 }
 
 void LocationPanel::Take(const std::string& path) {
-  m_session.SetLocationText(path);
+  m_location.SetText(path);
   Report();
 }
 
 void LocationPanel::Accept() {
-  m_session.AcceptLocation();
+  m_location.Accept();
   Report();
   if (isVisible()) PlaceCursorIn(m_path);
 }
 
 void LocationPanel::Cancel() {
-  m_session.CancelLocation();
+  m_location.Cancel();
   Report();
   if (isVisible()) PlaceCursorIn(m_path);
 }

@@ -11,14 +11,14 @@ class QLineEdit;
 namespace zova {
 
 class DriveDirectoryList;
-class Session;
+class LocationFlow;
 
 /// Where a directory is chosen: for the Param directory in its two forms, and for a new backup destination.
 class LocationPanel : public Panel {
   Q_OBJECT
 
  public:
-  explicit LocationPanel(Session& session, QWidget* parent = nullptr);
+  explicit LocationPanel(LocationFlow& location, QWidget* parent = nullptr);
   void Refresh() override;
 
  protected:
@@ -32,7 +32,7 @@ class LocationPanel : public Panel {
   void Cancel();
   void Report();
 
-  Session& m_session;
+  LocationFlow& m_location;
   QWidget* m_form;
   QLabel* m_title;
   QLabel* m_instruction;
