@@ -84,8 +84,13 @@ std::optional<ChosenProject> SubjectFlow::Restore(const std::string& paramDir) {
     chosen.Path = JoinPath(paramDir, ReadAutosaveProject(disk, paramDir));
     chosen.Parameters = ReadProjectFile(disk, chosen.Path);
   };
+  const auto mayEnter = [&] {
+    const std::string reason = ViewOnlyReason(chosen.Parameters);
+    if (!reason.empty()) Warn(m_platform.Boxes, reason);
+    return reason.empty();
+  };
   m_keepsAutosave = true;
-  if (!WithRetry(m_platform.Boxes, readProject) || !MayOpenProject(chosen.Parameters, m_platform.Boxes) ||
+  if (!WithRetry(m_platform.Boxes, readProject) || !MayOpenProject(chosen.Parameters, m_platform.Boxes) || !mayEnter() ||
       !WithRetry(m_platform.Boxes, [&] { ReadAutosaveFile(disk, paramDir, chosen.Parameters, m_record); })) {
     return std::nullopt;
   }

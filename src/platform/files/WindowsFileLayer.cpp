@@ -6,12 +6,12 @@
 #ifdef _WIN32
 
 #include <algorithm>
-#include <array>
 #include <string_view>
 #include <system_error>
 
 #include "platform/files/DriveMap.h"
 #include "platform/files/FileLayer.h"
+#include "platform/files/PathParts.h"
 #include "platform/files/WindowsFiles.h"
 
 namespace zova {
@@ -129,19 +129,7 @@ WindowsHandle OpenForFacts(const std::wstring& name) noexcept {
   return WindowsHandle(handle == INVALID_HANDLE_VALUE ? nullptr : handle);
 }
 
-bool IsReservedName(const fs::path& path) {
-  std::wstring name = path.filename().native();
-  name.resize(std::min(name.find_first_of(L".:"), name.size()));
-  name.resize(name.find_last_not_of(L' ') + 1);
-  for (wchar_t& c : name) {
-    if (c >= L'a' && c <= L'z') c = static_cast<wchar_t>(c - L'a' + L'A');
-  }
-  constexpr std::array<std::wstring_view, 6> kWhole = {L"CON", L"PRN", L"AUX", L"NUL", L"CONIN$", L"CONOUT$"};
-  if (std::find(kWhole.begin(), kWhole.end(), name) != kWhole.end()) return true;
-  constexpr std::wstring_view kPorts = L"123456789\u00B9\u00B2\u00B3";
-  return name.size() == 4 && (name.starts_with(L"COM") || name.starts_with(L"LPT")) &&
-         kPorts.find(name.back()) != std::wstring_view::npos;
-}
+bool IsReservedName(const fs::path& path) { return IsDeviceName(PathText(path.filename())); }
 
 EntryKind NativeFileLayer::Kind(const fs::path& path) {
   if (IsReservedName(path)) return EntryKind::Device;
