@@ -234,7 +234,7 @@ void Session::FinishWizard() {
   if (!m_wizard.Done(m_restoring)) return;
   if (!viewing) {
     const ProjectParameters& project = m_wizard.Project();
-    TakeProject(project, JoinPath(m_param.Path(), project.ProjectFileName));
+    TakeProject(project, ParameterFilePath(m_param.Path(), project));
   }
   Show(Screen::Main);
   if (viewing) return;

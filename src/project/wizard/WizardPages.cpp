@@ -91,7 +91,7 @@ WizardFault LeaveRatingsPage(WizardState& state, const Platform& platform) {
   project.MaxRating = *most;
   project.RatedTests.fill("N");
   std::transform(entries.RatedTests.begin(), end, project.RatedTests.begin(),
-                 [](bool rated) { return rated ? "Y" : "N"; });
+                 [](bool rated) { return std::string(1, rated ? 'Y' : 'N'); });
   return std::nullopt;
 }
 
