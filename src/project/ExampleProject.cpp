@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "platform/desktop/FileErrorBoxes.h"
 #include "project/ProjectFile.h"
 #include "project/ProjectLayout.h"
-
-#include "platform/desktop/FileErrorBoxes.h"
+#include "text/FieldReader.h"
 
 namespace zova {
 

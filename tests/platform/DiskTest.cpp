@@ -2,6 +2,10 @@
 
 #include "platform/files/Disk.h"
 
+#ifndef _WIN32
+#include <sys/stat.h>
+#endif
+
 #include <gtest/gtest.h>
 
 #ifndef _WIN32
@@ -116,6 +120,34 @@ TEST(Disk, ReplacesWholeOrNotAtAll) {
 }
 
 #ifndef _WIN32
+TEST(Disk, TakesNoPipeForAFileAndTellsTheCauseOfAFailedLook) {
+  Scratch scratch;
+  Disk disk = scratch.MakeDisk();
+  ASSERT_EQ(mkfifo(scratch.Native("C:\\pipe").c_str(), 0600), 0);
+  fs::create_symlink("/dev/zero", scratch.Native("C:\\device"));
+  fs::create_symlink("ring", scratch.Native("C:\\ring"));
+  std::string content;
+  for (const char* path : {"C:\\pipe", "C:\\device"}) {
+    EXPECT_EQ(CauseOf([&] { disk.Read(path, content); }), Message(std::errc::not_supported)) << path;
+  }
+  const std::string ring = Message(std::errc::too_many_symbolic_link_levels);
+  EXPECT_EQ(CauseOf([&] { disk.ListDirectories("C:\\ring"); }), ring);
+  EXPECT_THROW(scratch.Layer().IsReadOnly(scratch.Native("C:\\ring")), std::system_error);
+}
+
+// A save of another program with the same directory is going on.
+TEST(Disk, LeavesATemporaryFileToItsWriter) {
+  Scratch scratch;
+  Disk disk = scratch.MakeDisk();
+  auto file = scratch.Layer().Create(scratch.Native("C:\\.zova-7.tmp"));
+  file->Close();
+  disk.Write("C:\\f", "");
+  EXPECT_TRUE(scratch.Has("C:\\.zova-7.tmp"));
+  file.reset();
+  disk.Write("C:\\f", "");
+  EXPECT_FALSE(scratch.Has("C:\\.zova-7.tmp"));
+}
+
 TEST(Disk, KeepsWhatAFileIs) {
   Scratch scratch;
   Disk disk = scratch.MakeDisk();
@@ -148,7 +180,8 @@ TEST(Disk, KnowsOneFileByAnyName) {
                {"C:\\SOFTER", "C:\\Data\\..\\hard", true, false},
                {"C:\\dangling", "C:\\data\\NEW", true, false},
                {"C:\\Data\\g", "C:\\Data\\Sub\\f", false, false},
-               {"D:\\Link\\..\\g", "C:\\hard", true, false},
+               {"D:\\Link\\..\\Link\\f", "C:\\Data\\Sub\\f", true, false},
+               {"C:\\None\\..\\..\\..\\hard", "C:\\hard", true, false},
                {"C:\\Gone\\a", "C:\\GONE\\b\\..\\A", true, false},
                {"C:\\Gone", "C:\\Gone\\a", false, false},
                {"C:\\Gone\\a\\b", "C:\\gone", false, true},

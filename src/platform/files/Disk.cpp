@@ -58,12 +58,12 @@ fs::path TemporaryBeside(const fs::path& target) {
          (std::string(kTemporaryPrefix) + std::to_string(random()) + std::string(kTemporarySuffix));
 }
 
-// One damaged directory does not hide the others.
-bool CanEnter(FileLayer& layer, const fs::path& directory) {
+// A damaged directory does not hide the others; opening it tells its fault.
+bool MayBeEntered(FileLayer& layer, const fs::path& directory) {
   try {
     return layer.CanEnter(directory);
   } catch (const std::system_error&) {
-    return false;
+    return true;
   }
 }
 
@@ -279,7 +279,11 @@ void Disk::Delete(std::string_view path) {
 // Files that are flushed to the disk below it would be lost with the directory.
 void Disk::CreateFlushed(const fs::path& directory) {
   m_layer.CreateDirectory(directory);
-  m_layer.FlushDirectory(directory.parent_path());
+  try {
+    m_layer.FlushDirectory(directory.parent_path());
+  } catch (const std::system_error&) {
+    // The directory is there all the same.
+  }
 }
 
 void Disk::CreateDirectory(std::string_view path) {
@@ -344,7 +348,7 @@ std::vector<std::string> Disk::ListDirectories(std::string_view directory) {
     std::vector<std::string> names;
     for (DirectoryEntry& entry : m_layer.List(target.Native)) {
       if (entry.Kind != EntryKind::Directory || IsHidden(entry.Name) || !FitsStoredPath(entry.Name)) continue;
-      if (CanEnter(m_layer, target.Native / PathFromText(entry.Name))) names.push_back(std::move(entry.Name));
+      if (MayBeEntered(m_layer, target.Native / PathFromText(entry.Name))) names.push_back(std::move(entry.Name));
     }
     if (!m_layer.CanEnter(target.Native)) throw std::system_error(std::make_error_code(std::errc::permission_denied));
     return InListingOrder(std::move(names));

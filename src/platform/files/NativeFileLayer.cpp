@@ -152,7 +152,12 @@ std::optional<FileIdentity> NativeFileLayer::Identity(const fs::path& path) {
 }
 
 bool NativeFileLayer::CanEnter(const fs::path& path) {
-  return Kind(path) == EntryKind::Directory && MayAccess(path, R_OK | X_OK);
+  struct stat status = {};
+  if (stat(path.c_str(), &status) != 0) {
+    if (errno == ENOENT || errno == ENOTDIR || errno == EACCES) return false;
+    ThrowErrno();
+  }
+  return S_ISDIR(status.st_mode) && MayAccess(path, R_OK | X_OK);
 }
 
 bool NativeFileLayer::IsReadOnly(const fs::path& path) {
