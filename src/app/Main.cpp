@@ -4,6 +4,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QIcon>
+#include <QSettings>
 #include <QTimer>
 
 #include "app/MainWindow.h"
@@ -11,10 +12,10 @@
 #include "app/desktop/QtDesktop.h"
 #include "app/desktop/QtFileDialogs.h"
 #include "app/desktop/QtMessageBoxes.h"
-#include "app/desktop/QtSettings.h"
 #include "app/desktop/QuickHelpFilter.h"
 #include "app/screens/ProgressPanel.h"
 #include "app/widgets/Controls.h"
+#include "platform/desktop/FileSettings.h"
 #include "session/Version.h"
 
 namespace zova {
@@ -35,13 +36,19 @@ std::string ProgramDirectoryPath() {
 #endif
 }
 
+// The INI file of the user's configuration directory, under the application's name.
+std::string SettingsFile() {
+  const QSettings settings(QSettings::IniFormat, QSettings::UserScope, "ZOVA", "Dorvan's ZOVA");
+  return FromQt(settings.fileName());
+}
+
 int RunApplication(QApplication& application) {
   NativeFileLayer layer;
   Disk disk(layer, DriveMap::FromEnvironment());
   QtDesktop desktop;
   QtMessageBoxes boxes(desktop);
   QtFileDialogs dialogs(disk, desktop);
-  QtSettings settings;
+  FileSettings settings(disk, SettingsFile());
   HelpWindow help(disk);
   QtProgress progress;
   Session session({disk, boxes, dialogs, settings, desktop, help, progress}, ProgramDirectoryPath(), InstalledData());

@@ -40,6 +40,10 @@ class MasterCommand {
     const std::string projectFile = FilePath(m_arguments.ProjectFile);
     if (!WithRetry(m_terminal, [&] { m_project = ReadProjectFile(m_disk, projectFile); })) return kStopped;
     if (!MayOpenProject(m_project, m_terminal)) return kStopped;
+    if (const std::string reason = ViewOnlyReason(m_project); !reason.empty()) {
+      Warn(m_terminal, reason);
+      return kStopped;
+    }
     CombinedRequest combined;
     if (m_arguments.GroupBy) combined.Separator = VariableByName(*m_arguments.GroupBy);
     MeansRequest means = FindMeansVariables();
@@ -60,7 +64,7 @@ class MasterCommand {
  private:
   [[nodiscard]] bool Told(const MasterRunResult& result) const {
     std::ostream& out = m_arguments.Means ? std::cerr : std::cout;  // a table stands alone on standard output
-    for (const std::filesystem::path& path : result.Written) out << PathText(path) << '\n';
+    for (const std::filesystem::path& path : result.Written) out << (IsStandardOutputTerminal() ? Printable(PathText(path)) : PathText(path)) << '\n';
     return result.Completed;
   }
 
@@ -152,7 +156,7 @@ class MasterCommand {
       Warn(m_terminal, kTooFewSubjects, text);
       return false;
     }
-    if (combined.Plan.HasLeftOver()) std::cerr << text << '\n';
+    if (combined.Plan.HasLeftOver()) std::cerr << Printable(text, Lines::Several) << '\n';
     return true;
   }
 
@@ -165,7 +169,7 @@ class MasterCommand {
     // Nobody looks at the order before it is used: a misspelt identifier must not pass unseen.
     const std::set<std::string_view> known(lines.SubjectIds.begin(), lines.SubjectIds.end());
     for (const std::string& id : subjectIds) {
-      if (!known.contains(id)) std::cerr << "Subject " << id << " is not in '" << path << "' and comes last.\n";
+      if (!known.contains(id)) std::cerr << "Subject " << Printable(id) << " is not in '" << Printable(path) << "' and comes last.\n";
     }
     return true;
   }
@@ -201,7 +205,7 @@ int RunCommand(const std::vector<std::string>& texts) {
     }
     return MasterCommand(std::move(arguments)).Run();
   } catch (const UsageError& error) {
-    std::cerr << "zova-master: " << error.what() << "\nTry 'zova-master --help'.\n";
+    std::cerr << "zova-master: " << Printable(error.what()) << "\nTry 'zova-master --help'.\n";
     return kWrongUsage;
   }
 }

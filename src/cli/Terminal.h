@@ -3,6 +3,7 @@
 
 #include <chrono>
 #include <string>
+#include <string_view>
 
 #include "platform/desktop/Desktop.h"
 #include "platform/desktop/MessageBoxes.h"
@@ -27,6 +28,13 @@ class Terminal final : public MessageBoxes, public Progress {
   bool m_lineOpen = false;
   std::chrono::steady_clock::time_point m_lastShown{};
 };
+
+/// `text` for a terminal: control characters, which a file's name may hold, as "\x1b". A line end stays where `lines`
+/// says that the text has several.
+enum class Lines { One, Several };
+std::string Printable(std::string_view text, Lines lines = Lines::One);
+
+bool IsStandardOutputTerminal();
 
 /// From here on standard output takes bytes as they are, line ends included, also where a system would change them.
 void SetStandardOutputBinary();

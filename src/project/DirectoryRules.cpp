@@ -23,9 +23,13 @@ bool IsFileNamePart(std::string_view name) noexcept {
   });
 }
 
-bool HasValidComponents(std::string_view path) noexcept {
+bool IsWholeFileName(std::string_view name) {
+  return IsFileNamePart(name) && IsVisible(name) && !IsDeviceName(name);
+}
+
+bool HasValidComponents(std::string_view path) {
   const auto components = PathComponents(path);
-  return std::all_of(components.begin(), components.end(), IsFileNamePart);
+  return std::all_of(components.begin(), components.end(), IsWholeFileName);
 }
 
 std::string DirectoryFromText(std::string_view text, const DriveMap& drives) {
@@ -38,14 +42,18 @@ std::string DirectoryFromText(std::string_view text, const DriveMap& drives) {
   return path;
 }
 
-bool ExistsOrIsCreated(const std::string& directory, Disk& disk, MessageBoxes& boxes) {
-  if (disk.DirectoryExists(directory)) return true;
+bool WantsCreated(const std::string& directory, MessageBoxes& boxes) {
   const BoxAnswer answer =
       boxes.Show({.Text = "'" + directory + "' Directory does not exist.  Do you wish to create it?",
                   .Icon = BoxIcon::Exclamation,
                   .Buttons = BoxButtons::YesNoCancel,
                   .Default = BoxAnswer::Yes});
-  if (answer != BoxAnswer::Yes) return false;
+  return answer == BoxAnswer::Yes;
+}
+
+bool ExistsOrIsCreated(const std::string& directory, Disk& disk, MessageBoxes& boxes) {
+  if (disk.DirectoryExists(directory)) return true;
+  if (!WantsCreated(directory, boxes)) return false;
   disk.CreateDirectories(directory);
   return true;
 }

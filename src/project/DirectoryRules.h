@@ -18,15 +18,20 @@ inline constexpr const char* kBackupIsPrimary = "The primary and backup director
 /// \\ / : * ? " < > |, a control character.
 bool IsFileNamePart(std::string_view name) noexcept;
 
-/// False when a component of a drive-letter path is no file name part.
-bool HasValidComponents(std::string_view path) noexcept;
+/// False also for what cannot be a whole name (a title's, a directory's): nothing but invisible characters, or a device
+/// of Windows such as CON and NUL, so that a project can move between systems.
+bool IsWholeFileName(std::string_view name);
+
+/// False when a component of a drive-letter path is no whole file name.
+bool HasValidComponents(std::string_view path);
 
 /// A directory as it was typed or chosen, in the form in which it is kept: trimmed, a native path in drive-letter form,
 /// without backslashes and blanks at its end ("C:\" becomes "C:"). "" and "(none)" stay.
 std::string DirectoryFromText(std::string_view text, const DriveMap& drives);
 
-/// True when the directory exists, or the user agreed and it was created with every missing level. The question is
-/// "'<directory>' Directory does not exist.  Do you wish to create it?". Throws FileError.
+/// "'<directory>' Directory does not exist.  Do you wish to create it?"
+bool WantsCreated(const std::string& directory, MessageBoxes& boxes);
+/// True when the directory exists, or the user agreed and it was created with every missing level. Throws FileError.
 bool ExistsOrIsCreated(const std::string& directory, Disk& disk, MessageBoxes& boxes);
 
 }  // namespace zova

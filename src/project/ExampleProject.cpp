@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "platform/desktop/FileErrorBoxes.h"
 #include "project/ProjectFile.h"
 #include "project/ProjectLayout.h"
-
-#include "platform/desktop/FileErrorBoxes.h"
+#include "text/FieldReader.h"
 
 namespace zova {
 
@@ -35,25 +35,40 @@ ProjectParameters ExampleProject(const std::string& programDir) {
 
 namespace {
 
-void CopyToSampleData(const std::string& file, const std::string& directory, Disk& disk) {
-  const std::string copy = JoinPath(directory, LastPathComponent(file));
-  std::string wanted;
-  std::string there;
-  disk.Read(file, wanted);
-  if (disk.FileExists(copy)) disk.Read(copy, there);
-  if (there == wanted) return;
-  if (!disk.DirectoryExists(directory)) disk.CreateDirectories(directory);
-  disk.Write(copy, wanted);
+// The example of a program in another directory.
+bool IsExample(std::string_view content, const ProjectParameters& example) {
+  try {
+    ProjectParameters project = ParseProject(content, "");
+    project.PrimaryDir = example.PrimaryDir;
+    return project == example;
+  } catch (const FieldError&) {
+    return false;
+  }
+}
+
+void WriteToSampleData(const ProjectParameters& example, const std::string& content, Disk& disk) {
+  const std::string file = ParameterFilePath(example.PrimaryDir, example);
+  if (disk.FileExists(file)) {
+    std::string there;
+    disk.Read(file, there);
+    if (there == content || !IsExample(there, example)) return;
+  }
+  if (!disk.DirectoryExists(example.PrimaryDir)) disk.CreateDirectories(example.PrimaryDir);
+  disk.Write(file, content);
 }
 
 }  // namespace
 
 bool WriteExampleProject(const std::string& paramDir, const std::string& programDir, Disk& disk, MessageBoxes& boxes) {
-  const ProjectParameters project = ExampleProject(programDir);
-  const std::string file = ParameterFilePath(paramDir, project);
-  if (!WithRetry(boxes, [&] { disk.Write(file, FormatProject(project, kCurrentMarker)); })) return false;
+  const ProjectParameters example = ExampleProject(programDir);
+  const std::string content = FormatProject(example, kCurrentMarker);
+  const std::string file = ParameterFilePath(paramDir, example);
+  const auto write = [&] {
+    if (!disk.FileExists(file)) disk.Write(file, content);  // a project of that name is its user's own
+  };
+  if (!WithRetry(boxes, write)) return false;
   // The copy is for whoever looks there; a program's directory that may not be written does not hold anyone up.
-  WithRetry(boxes, [&] { CopyToSampleData(file, project.PrimaryDir, disk); });
+  WithRetry(boxes, [&] { WriteToSampleData(example, content, disk); });
   return true;
 }
 

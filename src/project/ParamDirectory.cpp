@@ -13,26 +13,18 @@ constexpr const char* kKey = "ParamPath$";
 
 void ParamDirectory::Load() { m_path = m_settings.Get(kSection, kKey); }
 
+bool ParamDirectory::IsThere() const { return IsRegistered() && m_disk.DirectoryExists(m_path); }
+
 bool ParamDirectory::Exists() const {
   try {
-    return IsRegistered() && m_disk.DirectoryExists(m_path);
+    return IsThere();
   } catch (const FileError&) {
     return false;
   }
 }
 
 void ParamDirectory::Register(const std::string& path) {
-  m_settings.Remove(kSection, kKey);
-  try {
-    m_settings.Set(kSection, kKey, path);
-  } catch (const FileError&) {
-    try {
-      if (IsRegistered()) m_settings.Set(kSection, kKey, m_path);
-    } catch (const FileError&) {
-      // The first error is the one to tell.
-    }
-    throw;
-  }
+  m_settings.Set(kSection, kKey, path);
   m_path = path;
 }
 

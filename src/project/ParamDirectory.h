@@ -16,15 +16,17 @@ class ParamDirectory {
  public:
   ParamDirectory(SettingsStore& settings, Disk& disk) : m_settings(settings), m_disk(disk) {}
 
-  /// Reads the stored setting.
+  /// Reads the stored setting. Throws FileError when it cannot be read.
   void Load();
   /// The registered path, "" when none was ever chosen.
   [[nodiscard]] const std::string& Path() const noexcept { return m_path; }
   [[nodiscard]] bool IsRegistered() const noexcept { return !m_path.empty(); }
-  /// False also for a path that cannot be one.
+  /// False also for a path that cannot be one. Throws FileError when that cannot be told.
+  [[nodiscard]] bool IsThere() const;
+  /// The same, where a directory that cannot be looked at is as good as none.
   [[nodiscard]] bool Exists() const;
 
-  /// Removes the stored setting and writes it anew; a failure leaves the earlier one, if it can. Throws FileError.
+  /// Replaces the stored setting; a failure leaves the earlier one. Throws FileError.
   void Register(const std::string& path);
 
   /// False when another copy of the program works with `path`; what was locked before stays locked then. A directory

@@ -63,8 +63,8 @@ std::string ParamLocation::Target(const std::string& text) const {
   return ParamDirectoryIn(directory);
 }
 
-LocationOutcome ParamLocation::Say(std::string text) {
-  Warn(m_platform.Boxes, std::move(text));
+LocationOutcome ParamLocation::Say(std::string text, std::string details) {
+  Warn(m_platform.Boxes, std::move(text), std::move(details));
   return {};
 }
 
@@ -86,15 +86,18 @@ LocationOutcome ParamLocation::Accept(const std::string& text) {
   bool moves = false;
   bool isThere = false;
   bool isOld = false;
-  const bool canBe = Succeeds([&] {
+  try {
     // Looked for now, since a disk may have come or gone meanwhile. To a move, one that cannot be read is not lost.
     hasOld = m_changes ? m_platform.Files.DirectoryExists(old) : m_param.Exists();
     moves = hasOld && m_changes;
-    if (!CanHold(target)) throw FileError(FileOperation::List, target, FileCause::PathNotFound);
+    if (!CanHold(target)) {
+      throw FileError(FileOperation::List, target.empty() ? text : target, FileCause::PathNotFound);
+    }
     isThere = m_platform.Files.DirectoryExists(target);
     isOld = hasOld && (m_platform.Files.IsSame(target, old) || (moves && m_platform.Files.LiesInside(target, old)));
-  });
-  if (!canBe) return Say(kPathNotFound);
+  } catch (const FileError& error) {
+    return Say(kPathNotFound, FaultText(error));
+  }
   if (isOld) return Say("This already is the location of the 'Param' folder.");
   if (moves) return Move(old, target);
   if (isThere && !hasOld && m_param.IsRegistered()) return RestoreOrRegister(target);
@@ -198,6 +201,9 @@ LocationOutcome ParamLocation::Close() {
 }
 
 bool CreateParamDirectory(const std::string& path, const std::string& programDir, Disk& disk, MessageBoxes& boxes) {
+  bool isThere = false;
+  if (!WithRetry(boxes, [&] { isThere = disk.DirectoryExists(path); })) return false;
+  if (isThere) return true;
   return WithRetry(boxes, [&] { disk.CreateDirectories(path); }) && WriteExampleProject(path, programDir, disk, boxes);
 }
 

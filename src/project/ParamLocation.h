@@ -40,7 +40,7 @@ class ParamLocation {
   /// The files of a move, by name.
   struct Load;
 
-  LocationOutcome Say(std::string text);
+  LocationOutcome Say(std::string text, std::string details = {});
   LocationOutcome SayInUse(LocationOutcome::Step next);
   LocationOutcome Refuse(const MessageBox& message);
   [[nodiscard]] bool CanHold(const std::string& target);
@@ -59,8 +59,8 @@ class ParamLocation {
   int m_refusals = 0;
 };
 
-/// Creates the Param directory at `path` with every missing level and writes the example project into it. False when
-/// the user gave up a failed step.
+/// Creates the Param directory at `path` with every missing level and writes the example project into it; one that has
+/// come back stays as it is. False when the user gave up a failed step.
 bool CreateParamDirectory(const std::string& path, const std::string& programDir, Disk& disk, MessageBoxes& boxes);
 
 }  // namespace zova

@@ -77,6 +77,7 @@ std::optional<std::string> TakeDestination(const ProjectParameters& project, con
     return std::nullopt;
   }
   bool accepted = false;
+  bool exists = false;
   WithRetry(platform.Boxes, [&] {
     platform.Files.Resolve(directory, FileOperation::CreateDirectory);  // on a drive that is not ready nothing is asked
     if (!HasValidComponents(directory) || platform.Files.FileExists(directory)) {
@@ -84,9 +85,14 @@ std::optional<std::string> TakeDestination(const ProjectParameters& project, con
     } else if (platform.Files.IsSame(directory, project.PrimaryDir)) {
       Warn(platform.Boxes, kBackupIsPrimary);
     } else {
-      accepted = ExistsOrIsCreated(directory, platform.Files, platform.Boxes);
+      exists = platform.Files.DirectoryExists(directory);
+      accepted = true;
     }
   });
+  if (accepted && !exists) {
+    accepted = WantsCreated(directory, platform.Boxes) &&
+               WithRetry(platform.Boxes, [&] { platform.Files.CreateDirectories(directory); });
+  }
   return accepted ? std::optional(directory) : std::nullopt;
 }
 
@@ -127,6 +133,18 @@ RestoreSource FindBackup(const ProjectParameters& project, std::string_view path
     return {beside, true};
   }
   throw FileError(FileOperation::List, recorded, FileCause::PathNotFound);
+}
+
+// A file of the project's name may be anything when the project comes from elsewhere.
+void RequireReplaceable(const std::string& file, Disk& disk) {
+  if (!disk.FileExists(file)) return;
+  try {
+    ReadProjectFile(disk, file);
+  } catch (const FileError& error) {
+    if (error.Cause() != FileCause::EndOfData) throw;
+    throw FileError(FileOperation::Write, file, std::make_error_code(std::errc::file_exists),
+                    "A file that is no project is not replaced.");
+  }
 }
 
 // What a backup copy's project is once restored, and also when its restore was given up: the directories that its owner
@@ -203,7 +221,12 @@ std::optional<MessageBox> RestoreData(ProjectParameters& project, const std::str
   if (isBackupCopy) project = WithoutBackupCopy(chosen);
   if (IsNoDirectory(chosen.BackupDir)) return NoBackupMessage();
   RestoreSource source;
-  if (!WithRetry(platform.Boxes, [&] { MakePrimary(chosen, platform.Files); }) ||
+  const auto requireReplaceable = [&] {
+    RequireReplaceable(ParameterFilePath(paramDir, chosen), platform.Files);
+    if (isBackupCopy) RequireReplaceable(ParameterFilePath(chosen.PrimaryDir, chosen), platform.Files);
+  };
+  if (!WithRetry(platform.Boxes, requireReplaceable) ||
+      !WithRetry(platform.Boxes, [&] { MakePrimary(chosen, platform.Files); }) ||
       !WithRetry(platform.Boxes, [&] { source = FindBackup(chosen, path, platform.Files); }) ||
       !CopyDataFiles(SubjectDirectory(source.Directory), SubjectDirectory(chosen.PrimaryDir), SavedPrefix(chosen),
                      platform)) {

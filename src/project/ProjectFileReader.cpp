@@ -51,8 +51,8 @@ bool IsOldestLayout(std::string_view content) {
 }
 
 void ReadCommonStart(FieldReader& reader, ProjectParameters& project) {
-  project.TestCount = reader.NextCount(kMaxTests);
-  project.ItemCount = reader.NextCount();
+  project.TestCount = reader.NextCount(kMaxTests, 1);
+  project.ItemCount = reader.NextCount(INT16_MAX, 1);
   project.Categorized = reader.NextStrictNumber();
   project.CategoryCount = reader.NextCount();
   project.ItemsPerCategory = reader.NextCount();
@@ -151,10 +151,9 @@ ProjectParameters ParseProject(std::string_view bytes, std::string_view path) {
   FieldReader line = start;
   ReadCurrentLine(line, project);
   ReadCurrentLists(start, project);
-  if (project.FormatMarker.starts_with("Sc")) {
-    ReadIntermediateLine(start, project);
-    project.ProjectFileName = LastPathComponent(path);
-  }
+  const bool isIntermediate = project.FormatMarker.starts_with("Sc");
+  if (isIntermediate) ReadIntermediateLine(start, project);
+  if (isIntermediate || project.FormatMarker == kOldestMarker) project.ProjectFileName = LastPathComponent(path);
   return project;
 }
 

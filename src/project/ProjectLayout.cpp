@@ -62,8 +62,9 @@ std::string ParamDirectoryIn(std::string_view directory) { return JoinPath(direc
 std::string ParameterFileName(std::string_view title) { return Joined(title, "", kParameterFileEnd); }
 
 std::string ProjectTitle(const ProjectParameters& project) {
-  const std::string& name = project.ProjectFileName;
-  return name.size() < kParameterFileEnd.size() ? "" : name.substr(0, name.size() - kParameterFileEnd.size());
+  std::string_view title = project.ProjectFileName;  // an older project's may have any ending
+  for (std::size_t i = 0; i < kParameterFileEnd.size(); ++i) title = WithoutLastCharacter(title);
+  return std::string(title);
 }
 
 std::string ParameterFilePath(std::string_view directory, const ProjectParameters& project) {

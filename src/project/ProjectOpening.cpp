@@ -3,7 +3,10 @@
 #include "project/ProjectOpening.h"
 
 #include "platform/desktop/FileErrorBoxes.h"
+#include "project/DirectoryRules.h"
 #include "project/ProjectFile.h"
+#include "project/ProjectLayout.h"
+#include "text/Encoding.h"
 
 namespace zova {
 
@@ -14,6 +17,22 @@ bool MayOpenProject(const ProjectParameters& project, MessageBoxes& boxes) {
        "exist in the 'Param' folder then you must first use the 'Restore From Backup' feature on the "
        "'Tools' menu.");
   return false;
+}
+
+std::string ViewOnlyReason(const ProjectParameters& project) {
+  if (IsFileNamePart(project.Abbreviation)) return "";
+  return "This project can be viewed only: its abbreviation '" + project.Abbreviation +
+         "' cannot be part of a file name.";
+}
+
+std::string NoBackupReason(const ProjectParameters& project) {
+  if (std::string reason = ViewOnlyReason(project); !reason.empty()) return reason;
+  const std::string& name = project.ProjectFileName;
+  // In the older layouts the name is that of the file which was opened.
+  const bool isOlder = project.FormatMarker == kOldestMarker || project.FormatMarker.starts_with("Sc");
+  if (IsFileNamePart(name) && (isOlder || EndsIgnoringCase(name, kParameterFileEnd))) return "";
+  return "This project can be neither backed up nor restored: its file name '" + name +
+         "' is not that of a parameter file.";
 }
 
 std::optional<std::string> ChooseProjectFile(const std::string& title, const std::string& paramDir,

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "platform/desktop/FileErrorBoxes.h"
+#include "text/TypedText.h"
 
 namespace zova {
 
@@ -59,7 +60,7 @@ LocationTexts LocationFlow::Texts() const {
 }
 
 void LocationFlow::SetText(const std::string& text) {
-  m_text = text;
+  m_text = FieldText(text);
   NoteOtherAct();
 }
 

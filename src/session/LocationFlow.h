@@ -37,6 +37,7 @@ class LocationFlow {
   [[nodiscard]] LocationTexts Texts() const;
   DirectoryBrowser& Browser() noexcept { return m_browser; }
   [[nodiscard]] const std::string& Text() const noexcept { return m_text; }
+  /// Drops what a stored path cannot hold.
   void SetText(const std::string& text);
   /// The Param directory that the text gives; "" in the backup's form.
   [[nodiscard]] std::string Result() const;

@@ -13,17 +13,18 @@ void AllowPreferences(MenuStates& states, const MenuFacts& facts) noexcept {
 }
 
 void AllowMainScreen(MenuStates& states, const MenuFacts& facts) noexcept {
+  const bool usable = facts.ProjectOpen && !facts.ViewOnly;
   states.Open = true;
   states.Create = true;
   states.Restore = true;
   states.MoveParam = true;
-  states.Enter = facts.ProjectOpen;
-  states.Master = facts.ProjectOpen;
-  states.Examine = facts.ProjectOpen;
-  states.ReadOld = facts.ProjectOpen;
+  states.Enter = usable;
+  states.Master = usable;
+  states.Examine = usable;
+  states.ReadOld = usable;
   states.View = facts.ProjectOpen;
-  states.Backup = facts.ProjectOpen;
-  states.Unfinished = facts.ProjectOpen && facts.HasUnfinished;
+  states.Backup = usable && facts.MayBackUp;
+  states.Unfinished = usable && facts.HasUnfinished;
   AllowPreferences(states, facts);
 }
 

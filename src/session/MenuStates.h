@@ -12,6 +12,8 @@ struct MenuFacts {
   bool ProjectOpen = false;
   bool MinutesKept = false;    ///< of the open project
   bool HasUnfinished = false;  ///< of the open project
+  bool ViewOnly = false;       ///< the open project (ViewOnlyReason)
+  bool MayBackUp = true;       ///< the open project (NoBackupReason)
 };
 
 /// Which menu entries can be chosen.

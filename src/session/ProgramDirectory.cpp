@@ -10,6 +10,10 @@ namespace {
 
 constexpr const char* kHelpName = "ZOVA2.hlp";
 constexpr const char* kSampleData = "Sample Data";
+// Written last: a start that was cut short is made up for by the next one.
+constexpr const char* kCompleteName = "Complete.txt";
+constexpr const char* kCompleteText =
+    "The sample data are complete. Delete this file to have those that are missing copied again.\r\n";
 
 // Buffered: the program is not to wait for the disk at its start, and the originals stay where they are.
 void CopyInstalled(const std::string& installed, const std::string& target, Disk& disk) {
@@ -18,17 +22,23 @@ void CopyInstalled(const std::string& installed, const std::string& target, Disk
   disk.Write(target, content, Disk::Durability::Buffered);
 }
 
-// A directory that is there already keeps what its user made of it; only directories that it lacks are added.
+// What is there already keeps what its user made of it.
 void FillDirectory(const std::string& installed, const std::string& target, Disk& disk) {
-  const bool isNew = !disk.DirectoryExists(target);
-  if (isNew) disk.CreateDirectories(target);
-  const auto copy = [&](const std::string& name) {
-    CopyInstalled(JoinPath(installed, name), JoinPath(target, name), disk);
-  };
-  if (isNew) std::ranges::for_each(disk.ListFiles(installed, "", ""), copy);
+  if (!disk.DirectoryExists(target)) disk.CreateDirectories(target);
+  for (const std::string& name : disk.ListFiles(installed, "", "")) {
+    const std::string file = JoinPath(target, name);
+    if (!disk.FileExists(file)) CopyInstalled(JoinPath(installed, name), file, disk);
+  }
   for (const std::string& name : disk.ListDirectories(installed)) {
     FillDirectory(JoinPath(installed, name), JoinPath(target, name), disk);
   }
+}
+
+void FillSampleData(const std::string& installed, const std::string& target, Disk& disk) {
+  const std::string complete = JoinPath(target, kCompleteName);
+  if (!disk.DirectoryExists(installed) || disk.FileExists(complete)) return;
+  FillDirectory(installed, target, disk);
+  disk.Write(complete, kCompleteText, Disk::Durability::Buffered);
 }
 
 template <typename Step>
@@ -52,10 +62,7 @@ void FillProgramDirectory(const std::string& installed, const std::string& progr
     disk.CreateDirectories(programDir);
     CopyInstalled(source, help, disk);
   });
-  TrySilently([&] {
-    const std::string samples = JoinPath(installed, kSampleData);
-    if (disk.DirectoryExists(samples)) FillDirectory(samples, JoinPath(programDir, kSampleData), disk);
-  });
+  TrySilently([&] { FillSampleData(JoinPath(installed, kSampleData), JoinPath(programDir, kSampleData), disk); });
 }
 
 }  // namespace zova

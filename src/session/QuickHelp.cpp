@@ -169,6 +169,7 @@ constexpr auto kSentences = std::to_array<Sentence>({
     {"lblPerGroup", "How many subjects make up one nominal group, 2 or more."},
     {"lblPlotNote", "What the bars of the plot show, and what the plot leaves out."},
     {"lblProjectName", "The title of the project to which the data belong."},
+    {"lblProjectNote", "What cannot be done with this project, and why."},
     {"lblQuickHelp", "Right-click any label or button to read in one sentence what it is for."},
     {"lblRate", "Answer 'Yes' if subjects rated the items that they recalled, for instance by confidence."},
     {"lblRatemax", "The highest rating that a subject could give, from 1 to 1000; the lowest is 1."},

@@ -33,14 +33,26 @@ Session::Session(const Platform& platform, std::string programDir, std::string i
 void Session::Prepare() {
   m_prepared = true;
   FillProgramDirectory(m_installed, m_programDir, m_platform.Files);
+  try {
+    ReadSetting();
+  } catch (const FileError&) {
+    // Start reads it again, when it can be told.
+  }
+}
+
+void Session::ReadSetting() {
   m_param.Load();
+  m_settingRead = true;
   if (!m_param.IsRegistered()) ShowParamLocation();
 }
 
 void Session::Start() {
   if (!m_prepared) Prepare();
+  if (!m_settingRead && !WithRetry(m_platform.Boxes, [&] { ReadSetting(); })) return ShowParamLocation();
   if (!m_param.IsRegistered()) return;
-  if (!m_param.Exists()) {
+  bool isThere = false;
+  if (!WithRetry(m_platform.Boxes, [&] { isThere = m_param.IsThere(); })) return ShowParamLocation();
+  if (!isThere) {
     StartWithLostParam();
   } else if (LockParam()) {
     OfferRestore();
@@ -73,11 +85,19 @@ bool Session::LockParam() {
   return false;
 }
 
-MenuStates Session::Menus() const noexcept {
-  return MenusFor({m_screen, m_project.has_value(), m_project && m_project->MinutesRecorded == 1, m_hasUnfinished});
+MenuStates Session::Menus() const {
+  MenuFacts facts = {.Shown = m_screen, .ProjectOpen = m_project.has_value(), .HasUnfinished = m_hasUnfinished};
+  if (m_project) {
+    facts.MinutesKept = m_project->MinutesRecorded == 1;
+    facts.ViewOnly = !ViewOnlyReason(*m_project).empty();
+    facts.MayBackUp = NoBackupReason(*m_project).empty();
+  }
+  return MenusFor(facts);
 }
 
 std::string Session::ProjectCaption() const { return m_project ? ProjectTitle(*m_project) : kNoDirectory; }
+
+std::string Session::ProjectNote() const { return m_project ? NoBackupReason(*m_project) : std::string(); }
 
 std::string Session::OpenCaption() const { return m_project ? "Change Project" : "Open Existing Project"; }
 
@@ -102,7 +122,8 @@ void Session::CloseProject() {
 }
 
 bool Session::HasUnfinishedFiles() {
-  return !ListSubjectFiles(m_platform.Files, *m_project, UnfinishedDirectory(m_project->PrimaryDir)).empty();
+  return ViewOnlyReason(*m_project).empty() &&
+         !ListSubjectFiles(m_platform.Files, *m_project, UnfinishedDirectory(m_project->PrimaryDir)).empty();
 }
 
 void Session::LookForUnfinished() {
@@ -185,7 +206,10 @@ void Session::OfferRestore() {
 bool Session::OpenFirst() {
   if (m_screen != Screen::Main) return false;
   if (!m_project) OpenExistingProject();
-  return m_project && m_screen == Screen::Main;
+  if (!m_project || m_screen != Screen::Main) return false;
+  const std::string reason = ViewOnlyReason(*m_project);
+  if (!reason.empty()) Warn(m_platform.Boxes, reason);
+  return reason.empty();
 }
 
 void Session::CreateNewProject() {
@@ -258,11 +282,11 @@ bool Session::MayLeaveEntry(const Question& question) {
   return true;
 }
 
-void Session::ToggleSkipMinutes() noexcept {
+void Session::ToggleSkipMinutes() {
   if (Menus().SkipMinutes) m_preferences.SkipMinutes = !m_preferences.SkipMinutes;
 }
 
-void Session::ToggleNextBlankSpace() noexcept {
+void Session::ToggleNextBlankSpace() {
   if (Menus().NextBlank) m_preferences.NextBlankSpace = !m_preferences.NextBlankSpace;
 }
 

@@ -33,10 +33,12 @@ class Session {
   [[nodiscard]] bool HasEnded() const noexcept { return m_ended; }
 
   [[nodiscard]] Screen Shown() const noexcept { return m_screen; }
-  [[nodiscard]] MenuStates Menus() const noexcept;
+  [[nodiscard]] MenuStates Menus() const;
   [[nodiscard]] const ProjectParameters* OpenedProject() const noexcept { return m_project ? &*m_project : nullptr; }
   /// The open project's title, or "(none)".
   [[nodiscard]] std::string ProjectCaption() const;
+  /// What cannot be done with the open project, and why; "" for nearly every one.
+  [[nodiscard]] std::string ProjectNote() const;
   /// "Open Existing Project", or "Change Project" while one is open.
   [[nodiscard]] std::string OpenCaption() const;
 
@@ -56,8 +58,8 @@ class Session {
   void ViewParameters();
   // Preferences
   [[nodiscard]] const Preferences& Chosen() const noexcept { return m_preferences; }
-  void ToggleSkipMinutes() noexcept;
-  void ToggleNextBlankSpace() noexcept;
+  void ToggleSkipMinutes();
+  void ToggleNextBlankSpace();
   void ToggleAutosave();
   // Tools
   void CreateNewBackup();
@@ -91,15 +93,17 @@ class Session {
 
  private:
   void Show(Screen screen);
+  [[nodiscard]] bool IsSavedInParam();
   void ShowParamLocation();
   void FollowLocation(const LocationOutcome& outcome);
+  void ReadSetting();
   void StartWithLostParam();
   bool LockParam();
   void TakeProject(ProjectParameters project, std::string file);
   void CloseProject();
   [[nodiscard]] bool HasUnfinishedFiles();
   void LookForUnfinished();
-  /// True when a project is open now.
+  /// True when a project is open now that can be more than viewed.
   bool OpenFirst();
   bool MayLeaveEntry(const Question& question);
   void FollowMasters();
@@ -125,6 +129,8 @@ class Session {
   bool m_hasUnfinished = false;
   bool m_restoring = false;  // never false again once set
   bool m_prepared = false;
+  bool m_settingRead = false;
+  bool m_savedInParam = false;  // the open project's parameter file, when the location screen came up
   bool m_ended = false;
 };
 

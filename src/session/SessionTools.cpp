@@ -74,6 +74,7 @@ void Session::RestoreFromBackup() {
   CloseProject();  // a file that cannot be read leaves none open
   ProjectParameters project;
   if (!WithRetry(m_platform.Boxes, [&] { project = ReadProjectFile(m_platform.Files, *path); })) return;
+  if (const std::string reason = NoBackupReason(project); !reason.empty()) return Warn(m_platform.Boxes, reason);
   const bool wasBackupCopy = project.FormatMarker == kBackupMarker;
   const std::optional<MessageBox> message = RestoreData(project, *path, m_param.Path(), m_platform);
   std::string file = wasBackupCopy ? ParameterFilePath(m_param.Path(), project) : *path;
@@ -86,13 +87,26 @@ void Session::ChangeParamLocation() {
   if (Menus().MoveParam) ShowParamLocation();
 }
 
+// An older project's backup takes the parameter file from where it was opened, which a move takes with it.
+bool Session::IsSavedInParam() {
+  try {
+    return m_project && m_platform.Files.IsSame(DirectoryOfPath(m_saved.File), m_param.Path());
+  } catch (const FileError&) {
+    return false;
+  }
+}
+
 void Session::ShowParamLocation() {
+  m_savedInParam = IsSavedInParam();
   m_location.OpenParam();
   Show(Screen::Location);
 }
 
 void Session::FollowLocation(const LocationOutcome& outcome) {
   if (outcome.Next == LocationOutcome::Step::EndProgram) m_ended = true;
+  if (outcome.Next == LocationOutcome::Step::Close && m_savedInParam) {
+    m_saved.File = JoinPath(m_param.Path(), LastPathComponent(m_saved.File));
+  }
   if (outcome.Next == LocationOutcome::Step::Close) Show(Screen::Main);
   if (outcome.Message) m_platform.Boxes.Show(*outcome.Message);
   if (outcome.Next == LocationOutcome::Step::Close) OfferRestore();

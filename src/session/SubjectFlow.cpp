@@ -94,10 +94,16 @@ std::optional<ChosenProject> SubjectFlow::Restore(const std::string& paramDir) {
     chosen.Path = JoinPath(paramDir, ReadAutosaveProject(disk, AutosavePath(paramDir)));
     chosen.Parameters = ReadProjectFile(disk, chosen.Path);
   };
+  const auto mayEnter = [&] {
+    const std::string reason = ViewOnlyReason(chosen.Parameters);
+    if (!reason.empty()) Warn(m_platform.Boxes, reason);
+    return reason.empty();
+  };
   m_keepsAutosave = true;
   if (!WithRetry(m_platform.Boxes, readProject) || !MayOpenProject(chosen.Parameters, m_platform.Boxes) ||
-      !WithRetry(m_platform.Boxes,
-                 [&] { ReadAutosaveFile(disk, AutosavePath(paramDir), chosen.Parameters, m_record); })) {
+      !mayEnter() || !WithRetry(m_platform.Boxes, [&] {
+        ReadAutosaveFile(disk, AutosavePath(paramDir), chosen.Parameters, m_record);
+      })) {
     return std::nullopt;
   }
   m_keepsAutosave = false;

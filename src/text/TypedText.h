@@ -18,6 +18,9 @@ inline std::string_view WithoutOuterBlanks(std::string_view text) noexcept {
 /// control characters with tabs and line breaks. All are single bytes, so that no character of UTF-8 is torn.
 bool BreaksField(char c) noexcept;
 
+/// False for a text of nothing but blanks and characters that leave no mark on the screen.
+bool IsVisible(std::string_view text);
+
 /// `text` without such characters; names that become columns lose their commas as well.
 std::string FieldText(std::string_view text);
 std::string ColumnText(std::string_view text);

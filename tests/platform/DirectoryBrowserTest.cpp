@@ -51,7 +51,7 @@ TEST(DirectoryBrowser, TellsOfWhatIsGoneAndGoesOn) {
   DirectoryBrowser browser(disk, boxes, "Not ready.");
   ASSERT_TRUE(browser.Open(1) && browser.Open(2) && !browser.Open(4));
   const ExpectedBox notReady{.Text = "Not ready.", .Icon = BoxIcon::Exclamation, .Buttons = BoxButtons::Ok};
-  for (int n = 1; n <= 4; ++n) {
+  for (const int n : {1, 2, 3, 5}) {  // the 4th looks at an entry, which is shown then
     layer.FailAt(n, std::errc::io_error);
     boxes.Expect(notReady);
     EXPECT_TRUE(!browser.Open(1) && Shown(browser) == "C:\\a\\b | C:\\ >a >>b >>>c") << layer.FailedCall();

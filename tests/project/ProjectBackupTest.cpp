@@ -51,10 +51,11 @@ struct Lab {
   explicit Lab(MessageBoxes& boxes) : Boxes(boxes) {
     for (const char* path : {"C:/Data/Sdata/AB Sub#1.dat", "C:/Data/Sdata/ab sub#2.DAT", "C:/Data/Sdata/x.bak",
                              "C:/Data/Sdata/Unfinished/AB Sub#4.dat", "D:/Backup/Sdata/AB Sub#1.dat",
-                             "D:/Backup/Sdata/ab sub#7.DAT", "D:/Backup/Sdata/ABC8.dat", "D:/Backup/Study.prm"}) {
+                             "D:/Backup/Sdata/ab sub#7.DAT", "D:/Backup/Sdata/ABC8.dat"}) {
       Files.Put(path, path);  // shows where a copy came from
     }
     for (const char* path : {"C:/Param/Study.prm", "C:/Data/Study.prm"}) Files.Put(path, kOwnFile);
+    Files.Put("D:/Backup/Study.prm", "3" + kOwnFile.substr(1));
     Files.MakeDirectory("D:/New");
   }
   // These show the command's message, if any, and tell whether there was one.
@@ -127,6 +128,34 @@ TEST(ProjectBackup, NewDestinations) {
   EXPECT_TRUE(lab.BackUp("D:\\New"));
   tree = Copied(tree, "C/Data/Sdata/", "D/New/Sdata/", kPrimary);
   EXPECT_EQ(lab.Files.Snapshot(), Copied(tree, "C/Old/", "D/New/", {"Study.prm"}));
+}
+
+TEST(ProjectBackup, RetryMakesTheDestinationWithoutAskingAgain) {
+  ScriptedBoxes boxes{Missing("D:\\File\\A", BoxAnswer::Yes), NotFound("'D:\\File\\A'", BoxAnswer::Retry),
+                      NotFound("'D:\\File\\A'")};
+  Lab lab(boxes);
+  lab.Files.Put("D:/File", "");
+  EXPECT_FALSE(lab.BackUp("D:\\File\\A"));
+}
+
+TEST(ProjectBackup, TellsOfATargetThatLeadsNowhereAndReplacesOnlyProjects) {
+  const std::string ring = std::make_error_code(std::errc::too_many_symbolic_link_levels).message();
+  const std::string exists = std::make_error_code(std::errc::file_exists).message();
+  ScriptedBoxes boxes{HasBackup(BoxAnswer::No), {ring, BoxAnswer::Cancel, "'D:\\Backup\\Sdata\\AB Sub#1.dat'"}};
+  Lab lab(boxes);
+  lab.Lose("D:/Backup/Sdata/AB Sub#1.dat");
+  fs::create_symlink("AB Sub#1.dat", lab.Files.Native("D:/Backup/Sdata/AB Sub#1.dat"));
+  EXPECT_FALSE(lab.Begin(false));
+  lab.Lose("D:/Backup/Sdata/AB Sub#1.dat");
+  for (const std::string& content : {kOwnFile, kCopy}) {
+    lab.Project = ParseProject(content, "");
+    lab.Files.Put(content == kCopy ? "C:/Data/Study.prm" : "C:/Param/Study.prm", "the user's own");
+    const Tree before = lab.Files.Snapshot();
+    boxes.Expect({exists, BoxAnswer::Cancel, "A file that is no project is not replaced."});
+    EXPECT_FALSE(lab.Restore("D:\\Backup\\Study.prm"));
+    EXPECT_EQ(lab.Files.Snapshot(), before);
+    lab.Files.Put("C:/Param/Study.prm", kOwnFile);
+  }
 }
 
 TEST(ProjectBackup, RestoresFromWhereTheBackupIs) {

@@ -90,6 +90,8 @@ TEST(ProjectFile, ReadsTheOlderLayouts) {
 TEST(ProjectFile, RefusesFaults) {
   const std::tuple<const char*, const char*, const char*> cases[] = {{"3,66", "16,66", "number too large"},
                                                                      {"3,66", "-1,66", "number too small"},
+                                                                     {"3,66", "0,66", "number too small"},
+                                                                     {"3,66", "3,", "number too small"},
                                                                      {"3,66", "three,66", "number expected"},
                                                                      {"66", "32768", "number beyond the 16-bit range"},
                                                                      {",2,\"Ex", ",11,\"Ex", "number too large"},

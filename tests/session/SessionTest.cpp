@@ -5,6 +5,7 @@
 #include "scoring/Examples.h"
 #include "session/SessionFixture.h"
 #include "subjects/SubjectFile.h"
+#include "support/FailingFileLayer.h"
 
 namespace zova::testing {
 namespace {
@@ -15,6 +16,15 @@ const std::string kLost =
     "'C:\\ZOVA\\Param'.  Do you want to browse for a directory location?";
 const std::string kUnfinished =
     "You have unfinished business for this experiment.  Do you want to complete some data now?";
+
+const std::string kRestoreQuestion =
+    "This procedure will allow you to select a parameter (.prm) file for a project.  The file can be found in the "
+    "'Param' directory.  Backups can also be found in the primary or backup directories of a project.  Once the file is "
+    "selected, ZOVA will copy all appropriate files and directories from the backup location to the primary location.  "
+    "ZOVA will overwrite all existing data (.dat) files in primary directory that are related to the project.  Do you "
+    "wish to continue?";
+
+std::string Message(std::errc code) { return std::make_error_code(code).message(); }
 
 std::string Example(const char* marker = kCurrentMarker) { return FormatProject(ExampleProject("C:\\ZOVA"), marker); }
 
@@ -59,6 +69,92 @@ TEST_F(SessionTest, ALostParamDirectoryIsMadeAgainOrLookedFor) {
       {.Text = "Path not found.  Please verify that the correct disk is in the drive.", .Answer = BoxAnswer::Cancel});
   Make().Start();
   EXPECT_EQ(m_session->Shown(), Screen::Location);
+}
+
+TEST_F(SessionTest, AParamDirectoryThatIsThereAfterAllStaysAsItIs) {
+  FailingFileLayer layer(m_scratch.Layer());
+  Disk disk(layer, m_scratch.Drives());
+  m_scratch.Put(kExample, "a project of the user's own");
+  Settings.Values[kSetting] = "C:\\Param";
+  const Platform platform = With(disk);
+  Boxes.Expect({Message(std::errc::io_error), BoxAnswer::Retry, "'C:\\Param'"});
+  {
+    Session session(platform, "C:\\ZOVA", {});
+    session.Prepare();
+    layer.FailAt(1, std::errc::io_error);
+    session.Start();
+    EXPECT_EQ(session.Shown(), Screen::Main);
+  }
+  // It comes back while the question stands.
+  struct ReturningBoxes final : MessageBoxes {
+    explicit ReturningBoxes(const Scratch& scratch) : Place(scratch) {}
+    BoxAnswer Show(const MessageBox& box) override {
+      EXPECT_EQ(box.Text, kLost);
+      std::filesystem::rename(Place.Native("C:\\Away"), Place.Native("C:\\Param"));
+      return BoxAnswer::No;
+    }
+    const Scratch& Place;
+  } boxes(m_scratch);
+  std::filesystem::rename(m_scratch.Native("C:\\Param"), m_scratch.Native("C:\\Away"));
+  Session session(With(disk, boxes), "C:\\ZOVA", {});
+  session.Start();
+  EXPECT_EQ(session.Shown(), Screen::Main);
+  EXPECT_EQ(m_scratch.Get(kExample), "a project of the user's own");
+}
+
+TEST_F(SessionTest, AProjectWhoseNamesLeadElsewhereIsViewedOrNotBackedUp) {
+  const struct {
+    const char *Abbreviation, *FileName, *Marker;
+    bool Enters, BacksUp;
+  } cases[] = {{"..\\..\\evil", "Example.prm", kCurrentMarker, false, false},
+               {"", "Example.prm", kCurrentMarker, false, false},
+               {"Example", "..\\.profile", kCurrentMarker, true, false},
+               {"Example", ".profile", kCurrentMarker, true, false},
+               {"Example", ".profile", kOldestMarker, true, true},
+               {"Example", "EXAMPLE.PRM", kCurrentMarker, true, true}};
+  for (const auto& c : cases) {
+    SCOPED_TRACE(std::string(c.Abbreviation) + " " + c.FileName);
+    ProjectParameters project = ExampleProject("C:\\ZOVA");
+    project.Abbreviation = c.Abbreviation;
+    project.ProjectFileName = c.FileName;
+    m_scratch.Put(kExample, FormatProject(project, c.Marker));
+    m_scratch.Put("C:\\.profile", "the user's own");
+    Session& session = Started();
+    OpenProject(session, kExample);
+    const MenuStates menus = session.Menus();
+    EXPECT_TRUE(menus.View);
+    for (const bool on : {menus.Enter, menus.ReadOld, menus.Master}) EXPECT_EQ(on, c.Enters);
+    EXPECT_EQ(menus.Backup, c.BacksUp);
+    const std::string note = session.ProjectNote();
+    EXPECT_EQ(note.empty(), c.BacksUp);
+    if (!c.Enters) Boxes.Expect(Told(note));
+    if (!c.Enters) session.EnterSubjects();
+    if (c.BacksUp) continue;
+    Boxes.Expect({.Text = kRestoreQuestion, .Answer = BoxAnswer::Yes, .Title = "Restore from Backup"});
+    Boxes.Expect(Told(note));
+    Dialogs.Answers.emplace_back(kExample);
+    const Tree before = m_scratch.Snapshot();
+    session.RestoreFromBackup();
+    EXPECT_EQ(m_scratch.Snapshot(), before);
+  }
+}
+
+TEST_F(SessionTest, ABackupOfAnOlderProjectFollowsAMovedParam) {
+  m_scratch.Put("C:\\Param\\Old.prm", "3,66,1,6,11,1,7,1,0,0,\"AB\",\"\",\"Data\\\",\"\"\r\n");
+  m_scratch.MakeDirectory("C:\\Data\\Sdata");
+  m_scratch.MakeDirectory("D:\\Backup");
+  Session& session = Started();
+  OpenProject(session, "C:\\Param\\Old.prm");
+  session.ChangeParamLocation();
+  session.Location().SetText("D:\\");
+  Boxes.Expect(Told("'Param' directory successfully moved!", BoxIcon::Information));
+  session.Location().Accept();
+  session.CreateNewBackup();
+  session.Location().SetText("D:\\Back\"up\n");
+  EXPECT_EQ(session.Location().Text(), "D:\\Backup");
+  Boxes.Expect(Told("The backup directory and files were successfully created.", BoxIcon::Information));
+  session.Location().Accept();
+  EXPECT_EQ(m_scratch.Get("D:\\Backup\\Old.prm"), m_scratch.Get("D:\\Param\\Old.prm"));
 }
 
 TEST_F(SessionTest, ASecondCopyOnOneParamDirectoryEnds) {

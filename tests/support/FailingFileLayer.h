@@ -69,6 +69,7 @@ class FailingFileLayer final : public FileLayer {
   void Rename(const Path& from, const Path& to) override { Pass("Rename"), m_inner.Rename(from, to); }
   void FlushDirectory(const Path&) override { Pass("FlushDirectory"); }
   void Remove(const Path& path) override { Pass("Remove"), m_inner.Remove(path); }
+  void RemoveUnlocked(const Path& path) override { Pass("RemoveUnlocked"), m_inner.RemoveUnlocked(path); }
   void CreateDirectory(const Path& path) override { Pass("CreateDirectory"), m_inner.CreateDirectory(path); }
 
  private:

@@ -84,7 +84,11 @@ QWidget* MainPanel::MakeProjectGroup() {
   m_open->setIconSize(QSize(1, 1) * m_open->fontMetrics().height() * 3 / 2);
   m_open->setToolTip(QuickHelpOf("cmdOpen"));
   connect(m_open, &QPushButton::clicked, this, [this] { m_run(&Session::OpenExistingProject); });
-  auto* row = new QHBoxLayout(group);
+  m_projectNote = MakeLabel("lblProjectNote", {});
+  auto* rows = new QVBoxLayout(group);
+  auto* row = new QHBoxLayout;
+  rows->addLayout(row);
+  rows->addWidget(m_projectNote);
   row->addWidget(m_currentProject, 1);
   row->addWidget(m_open);
   return group;
@@ -118,6 +122,8 @@ void MainPanel::Refresh() {
   m_currentProject->setText(ToQt(m_session.ProjectCaption()));
   // "Project" is in both captions; its j is free, the letters of the menus are not.
   m_open->setText(ToQt(m_session.OpenCaption()).replace("ject", "&ject"));
+  m_projectNote->setText(ToQt(m_session.ProjectNote()));
+  m_projectNote->setVisible(!m_projectNote->text().isEmpty());
   m_lastMaster->setVisible(!m_session.LastMaster().empty());
   m_lastMasterPath->setText(ToQt(m_session.LastMaster()));
 }

@@ -40,6 +40,7 @@ class MainPanel : public Panel {
   const Session& m_session;
   RunCommand m_run;
   QLabel* m_currentProject = nullptr;
+  QLabel* m_projectNote = nullptr;
   QPushButton* m_open = nullptr;
   QGroupBox* m_lastMaster = nullptr;
   QLabel* m_lastMasterPath = nullptr;

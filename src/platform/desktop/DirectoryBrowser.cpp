@@ -8,6 +8,8 @@
 #include <system_error>
 #include <utility>
 
+#include "platform/desktop/FileErrorBoxes.h"
+
 namespace zova {
 
 namespace {
@@ -77,6 +79,7 @@ void DirectoryBrowser::Reset() {
 }
 
 bool DirectoryBrowser::TryOpen(const std::string& path) {
+  m_fault.clear();
   try {
     const std::string drivePath = m_disk.Drives().ToDrivePath(path);
     if (!HasDrive(drivePath)) return false;
@@ -95,9 +98,12 @@ bool DirectoryBrowser::TryOpen(const std::string& path) {
     for (const std::string& child : children) entries.push_back({child, JoinPath(m_path, child), depth});
     m_entries = std::move(entries);
     return true;
-  } catch (const std::exception&) {  // FileError, and what a name that the platform cannot spell throws
-    return false;
+  } catch (const FileError& error) {
+    m_fault = FaultText(error);
+  } catch (const std::exception& error) {  // what a name that the platform cannot spell throws
+    m_fault = error.what();
   }
+  return false;
 }
 
 void DirectoryBrowser::ReadAnew() {
@@ -111,7 +117,7 @@ void DirectoryBrowser::ReadAnew() {
 
 bool DirectoryBrowser::OpenOrTell(const std::string& path) {
   if (TryOpen(path)) return true;
-  Warn(m_boxes, m_notReadyText);
+  Warn(m_boxes, m_notReadyText, m_fault);
   ReadAnew();
   return false;
 }

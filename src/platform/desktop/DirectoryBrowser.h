@@ -51,6 +51,7 @@ class DirectoryBrowser {
   Disk& m_disk;
   MessageBoxes& m_boxes;
   std::string m_notReadyText;
+  std::string m_fault;  // why the last directory could not be opened
   std::vector<char> m_drives;
   std::string m_path = "C:\\";
   std::vector<Entry> m_entries;

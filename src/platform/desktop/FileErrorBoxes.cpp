@@ -22,6 +22,10 @@ std::string DetailsOf(const FileError& error) {
 
 }  // namespace
 
+std::string FaultText(const FileError& error) {
+  return error.Cause() == FileCause::System ? DetailsOf(error) + "\n" + SystemText(error.Code()) : DetailsOf(error);
+}
+
 bool ReportFileError(MessageBoxes& boxes, const FileError& error) {
   switch (error.Cause()) {
     case FileCause::DialogCancelled: return false;

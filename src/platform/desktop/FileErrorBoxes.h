@@ -14,6 +14,9 @@ inline constexpr const char* kPathNotFound = "Path not found.  Please verify tha
 /// whether another file can be chosen. False without a box when a file dialog was cancelled.
 bool ReportFileError(MessageBoxes& boxes, const FileError& error);
 
+/// The facts of an error as lines: operation and path, the detail, the system's cause.
+std::string FaultText(const FileError& error);
+
 /// An error that is not the file system's, reported in the same box.
 bool ReportRunError(MessageBoxes& boxes, const std::string& text, const std::string& details);
 

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// A file is replaced by writing ".zova-<n>.tmp" beside it, flushing, and renaming over it. A leftover of such a name is
-// the trace of a save that was killed; the next save into the directory removes it.
+// A file is replaced by writing ".zova-<n>.tmp" beside it, flushing, and renaming over it. The writer keeps it locked
+// until it has its name. One that can be locked is the trace of a save that was killed; the next save into the directory
+// removes it.
 
 #include "platform/files/Disk.h"
 
@@ -55,6 +56,15 @@ fs::path TemporaryBeside(const fs::path& target) {
   std::random_device random;
   return target.parent_path() /
          (std::string(kTemporaryPrefix) + std::to_string(random()) + std::string(kTemporarySuffix));
+}
+
+// A damaged directory does not hide the others; opening it tells its fault.
+bool MayBeEntered(FileLayer& layer, const fs::path& directory) {
+  try {
+    return layer.CanEnter(directory);
+  } catch (const std::system_error&) {
+    return true;
+  }
 }
 
 // A file system without permissions is no reason to refuse a save.
@@ -165,6 +175,9 @@ void Disk::Read(const ResolvedPath& path, std::string& content) {
     try {
       m_layer.Read(path.Native, content, kMaxFileSize);
     } catch (const std::system_error& error) {
+      if (error.code() == std::errc::not_supported) {
+        throw FileError(FileOperation::Read, path.Shown, error.code(), "This is a pipe or a device, not a file.");
+      }
       if (error.code() != std::errc::file_too_large) throw;
       throw FileError(FileOperation::Read, path.Shown, FileCause::EndOfData, "The file is larger than 64 MiB.");
     }
@@ -233,7 +246,7 @@ void Disk::RemoveLeftoversIn(const fs::path& directory) {
   for (const DirectoryEntry& entry : m_layer.List(directory)) {
     if (entry.Kind != EntryKind::File || !IsTemporary(entry.Name)) continue;
     try {
-      m_layer.Remove(directory / PathFromText(entry.Name));
+      m_layer.RemoveUnlocked(directory / PathFromText(entry.Name));
     } catch (const std::system_error&) {
       // Another user's, perhaps: no reason to refuse a save.
     }
@@ -263,9 +276,19 @@ void Disk::Delete(std::string_view path) {
   Guarded(FileOperation::Delete, target, [&] { m_layer.Remove(target.Native); });
 }
 
+// Files that are flushed to the disk below it would be lost with the directory.
+void Disk::CreateFlushed(const fs::path& directory) {
+  m_layer.CreateDirectory(directory);
+  try {
+    m_layer.FlushDirectory(directory.parent_path());
+  } catch (const std::system_error&) {
+    // The directory is there all the same.
+  }
+}
+
 void Disk::CreateDirectory(std::string_view path) {
   const ResolvedPath target = Resolve(path, FileOperation::CreateDirectory);
-  Guarded(FileOperation::CreateDirectory, target, [&] { m_layer.CreateDirectory(target.Native); });
+  Guarded(FileOperation::CreateDirectory, target, [&] { CreateFlushed(target.Native); });
 }
 
 void Disk::CreateDirectories(std::string_view path) {
@@ -276,7 +299,7 @@ void Disk::CreateDirectories(std::string_view path) {
     for (const fs::path& part : target.Native.relative_path()) {
       level /= part;
       last = m_layer.Kind(level);
-      if (last == EntryKind::Missing) m_layer.CreateDirectory(level);
+      if (last == EntryKind::Missing) CreateFlushed(level);
     }
     if (last != EntryKind::Missing && last != EntryKind::Directory)
       throw std::system_error(std::make_error_code(std::errc::file_exists));
@@ -325,7 +348,7 @@ std::vector<std::string> Disk::ListDirectories(std::string_view directory) {
     std::vector<std::string> names;
     for (DirectoryEntry& entry : m_layer.List(target.Native)) {
       if (entry.Kind != EntryKind::Directory || IsHidden(entry.Name) || !FitsStoredPath(entry.Name)) continue;
-      if (m_layer.CanEnter(target.Native / PathFromText(entry.Name))) names.push_back(std::move(entry.Name));
+      if (MayBeEntered(m_layer, target.Native / PathFromText(entry.Name))) names.push_back(std::move(entry.Name));
     }
     if (!m_layer.CanEnter(target.Native)) throw std::system_error(std::make_error_code(std::errc::permission_denied));
     return InListingOrder(std::move(names));

@@ -88,6 +88,7 @@ class Disk {
 
   std::filesystem::path ResolveBelow(std::filesystem::path base, const std::filesystem::path& rest);
   void RemoveLeftoversIn(const std::filesystem::path& directory);
+  void CreateFlushed(const std::filesystem::path& directory);
   void Write(const ResolvedPath& path, std::string_view content, Durability durability, Leftovers leftovers);
   void ReadForCopy(const ResolvedPath& from, std::string& content);
   void ReplaceFile(const std::filesystem::path& target, std::string_view content, Durability durability);

@@ -57,18 +57,20 @@ class FileLayer {
   virtual std::optional<FileIdentity> Identity(const std::filesystem::path& path) = 0;
   /// True for a directory, or a link to one, that this user may list and whose files he may reach.
   virtual bool CanEnter(const std::filesystem::path& path) = 0;
-  /// True for an existing file that nobody may write, or that this user may not.
+  /// True for an existing file that nobody may write, or that this user may not. A check that itself fails throws.
   virtual bool IsReadOnly(const std::filesystem::path& path) = 0;
   /// The path without links, "." and "..", also where a link stands for a file that does not exist yet. A path that
   /// cannot be followed stays as it is.
   virtual std::filesystem::path RealPath(const std::filesystem::path& path) = 0;
   /// A device has none: 0.
   virtual std::uintmax_t Size(const std::filesystem::path& path) = 0;
-  /// Replaces `content` by the file's bytes; fails with std::errc::file_too_large above `limit`.
+  /// Replaces `content` by the file's bytes; fails with std::errc::file_too_large above `limit`, and at once with
+  /// std::errc::not_supported for a pipe, a socket or a device.
   virtual void Read(const std::filesystem::path& path, std::string& content, std::uintmax_t limit) = 0;
   /// Files and directories, links to them included, in no particular order.
   virtual std::vector<DirectoryEntry> List(const std::filesystem::path& directory) = 0;
   /// `Create` fails when the file exists; `Append` and `Overwrite`, which empties it, make it when it does not.
+  /// A created file is locked until the object goes, also after Close.
   virtual std::unique_ptr<OutputFile> Create(const std::filesystem::path& path) = 0;
   virtual std::unique_ptr<OutputFile> Append(const std::filesystem::path& path) = 0;
   virtual std::unique_ptr<OutputFile> Overwrite(const std::filesystem::path& path) = 0;
@@ -81,6 +83,8 @@ class FileLayer {
   /// The entries of a directory are on the disk itself when this returns.
   virtual void FlushDirectory(const std::filesystem::path& directory) = 0;
   virtual void Remove(const std::filesystem::path& path) = 0;
+  /// Removes a created file unless its writer, in this or another program, still holds it.
+  virtual void RemoveUnlocked(const std::filesystem::path& path) = 0;
   virtual void CreateDirectory(const std::filesystem::path& path) = 0;
 };
 
@@ -103,6 +107,7 @@ class NativeFileLayer final : public FileLayer {
   void Rename(const std::filesystem::path& from, const std::filesystem::path& to) override;
   void FlushDirectory(const std::filesystem::path& directory) override;
   void Remove(const std::filesystem::path& path) override;
+  void RemoveUnlocked(const std::filesystem::path& path) override;
   void CreateDirectory(const std::filesystem::path& path) override;
 
  private:

@@ -8,6 +8,7 @@
 
 #include <dirent.h>
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -15,6 +16,7 @@
 #include <cstdio>
 #include <string>
 #include <system_error>
+#include <utility>
 
 #include "platform/files/DriveMap.h"
 #include "platform/files/FileLayer.h"
@@ -41,6 +43,22 @@ std::FILE* Open(const fs::path& path, const char* mode) {
   return file;
 }
 
+// Neither opening nor reading waits for the other end of a pipe.
+int OpenForReading(const fs::path& path) {
+  errno = 0;
+  const int handle = open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+  if (handle < 0) errno == ENXIO ? Throw(ENOTSUP) : ThrowErrno();  // a socket
+  return handle;
+}
+
+// True when this user may; an error that is no denial is told as itself.
+bool MayAccess(const fs::path& path, int mode) {
+  errno = 0;
+  if (access(path.c_str(), mode) == 0) return true;
+  if (errno == EACCES || errno == EPERM || errno == EROFS) return false;
+  ThrowErrno();
+}
+
 int FlushToDisk(std::FILE* file) { return fsync(fileno(file)); }
 
 struct FileCloser {
@@ -48,13 +66,27 @@ struct FileCloser {
 };
 using FileHandle = std::unique_ptr<std::FILE, FileCloser>;
 
+class Descriptor {
+ public:
+  explicit Descriptor(int number) noexcept : m_number(number) {}
+  ~Descriptor() {
+    if (m_number >= 0) (void)close(m_number);
+  }
+  Descriptor(Descriptor&& other) noexcept : m_number(std::exchange(other.m_number, -1)) {}
+  Descriptor& operator=(Descriptor&&) = delete;
+  [[nodiscard]] int Number() const noexcept { return m_number; }
+
+ private:
+  int m_number;
+};
+
 struct DirectoryCloser {
   void operator()(DIR* directory) const noexcept { (void)closedir(directory); }
 };
 
 class NativeOutputFile final : public OutputFile {
  public:
-  explicit NativeOutputFile(std::FILE* file) : m_file(file) {
+  explicit NativeOutputFile(std::FILE* file, Descriptor lock = Descriptor(-1)) : m_lock(std::move(lock)), m_file(file) {
     // One write reaches the system as one call: a row of a master is in the file whole, or its fault is told at once.
     (void)std::setvbuf(file, nullptr, _IONBF, 0);
   }
@@ -74,6 +106,7 @@ class NativeOutputFile final : public OutputFile {
   }
 
  private:
+  Descriptor m_lock;  // the same open file: its lock lasts until the last descriptor of it is closed
   FileHandle m_file;
 };
 
@@ -119,17 +152,22 @@ std::optional<FileIdentity> NativeFileLayer::Identity(const fs::path& path) {
 }
 
 bool NativeFileLayer::CanEnter(const fs::path& path) {
-  std::error_code code;
-  return fs::is_directory(path, code) && access(path.c_str(), R_OK | X_OK) == 0;
+  struct stat status = {};
+  if (stat(path.c_str(), &status) != 0) {
+    if (errno == ENOENT || errno == ENOTDIR || errno == EACCES) return false;
+    ThrowErrno();
+  }
+  return S_ISDIR(status.st_mode) && MayAccess(path, R_OK | X_OK);
 }
 
 bool NativeFileLayer::IsReadOnly(const fs::path& path) {
   std::error_code code;
   const fs::file_status status = fs::status(path, code);
   constexpr fs::perms kAnyWrite = fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
-  if (!fs::exists(status)) return false;
+  if (status.type() == fs::file_type::not_found) return false;
+  Check(code);
   if ((status.permissions() & kAnyWrite) == fs::perms::none) return true;  // the system's administrator too is told
-  return access(path.c_str(), W_OK) != 0;
+  return !MayAccess(path, W_OK);
 }
 
 fs::path NativeFileLayer::RealPath(const fs::path& path) {
@@ -153,17 +191,21 @@ std::uintmax_t NativeFileLayer::Size(const fs::path& path) {
 }
 
 void NativeFileLayer::Read(const fs::path& path, std::string& content, std::uintmax_t limit) {
-  const FileHandle file(Open(path, "rb"));
-  (void)std::setvbuf(file.get(), nullptr, _IONBF, 0);
-  // Until a read comes short, not by the size told beforehand: a growing file would have that wrong.
+  const Descriptor file(OpenForReading(path));
+  struct stat status = {};
+  if (fstat(file.Number(), &status) != 0) ThrowErrno();
+  if (S_ISDIR(status.st_mode)) Throw(EISDIR);
+  if (!S_ISREG(status.st_mode)) Throw(ENOTSUP);
+  // Until nothing comes, not by the size told beforehand: a growing file would have that wrong.
   m_buffer.resize(kReadSize);
   content.clear();
-  std::size_t got = kReadSize;
-  while (got == kReadSize) {
+  for (;;) {
     errno = 0;
-    got = std::fread(m_buffer.data(), 1, kReadSize, file.get());
-    if (std::ferror(file.get()) != 0) ThrowErrno();
-    content.append(m_buffer.data(), got);
+    const ssize_t got = read(file.Number(), m_buffer.data(), kReadSize);
+    if (got < 0 && errno == EINTR) continue;
+    if (got < 0) ThrowErrno();
+    if (got == 0) return;
+    content.append(m_buffer.data(), static_cast<std::size_t>(got));
     if (content.size() > limit) Throw(EFBIG);
   }
 }
@@ -191,7 +233,16 @@ std::vector<DirectoryEntry> NativeFileLayer::List(const fs::path& directory) {
 }
 
 std::unique_ptr<OutputFile> NativeFileLayer::Create(const fs::path& path) {
-  return std::make_unique<NativeOutputFile>(Open(path, "wbx"));
+  for (;;) {
+    FileHandle file(Open(path, "wbx"));
+    Descriptor lock(fcntl(fileno(file.get()), F_DUPFD_CLOEXEC, 0));
+    // Another program's sweep may hold the new file for the moment before its lock; then the file is gone with it. A
+    // file system without locks has no sweep that could take the file, either.
+    if (lock.Number() < 0 || flock(lock.Number(), LOCK_EX) != 0) return std::make_unique<NativeOutputFile>(file.release());
+    struct stat status = {};
+    if (fstat(lock.Number(), &status) != 0) ThrowErrno();
+    if (status.st_nlink > 0) return std::make_unique<NativeOutputFile>(file.release(), std::move(lock));
+  }
 }
 
 std::unique_ptr<OutputFile> NativeFileLayer::Append(const fs::path& path) {
@@ -237,6 +288,11 @@ void NativeFileLayer::Remove(const fs::path& path) {
   std::error_code code;
   fs::remove(path, code);
   Check(code);
+}
+
+void NativeFileLayer::RemoveUnlocked(const fs::path& path) {
+  const Descriptor file(open(path.c_str(), O_WRONLY | O_NONBLOCK | O_NOFOLLOW | O_CLOEXEC));
+  if (file.Number() >= 0 && flock(file.Number(), LOCK_EX | LOCK_NB) == 0) Remove(path);
 }
 
 void NativeFileLayer::CreateDirectory(const fs::path& path) {

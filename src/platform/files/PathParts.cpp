@@ -3,6 +3,9 @@
 #include "platform/files/PathParts.h"
 
 #include <algorithm>
+#include <array>
+
+#include "text/Encoding.h"
 
 namespace zova {
 
@@ -57,6 +60,19 @@ std::vector<std::string_view> PathComponents(std::string_view path) {
 bool HasDrive(std::string_view path) noexcept { return path.size() >= 2 && path[1] == ':' && path[0] != '/'; }
 
 std::string DriveRoot(std::string_view path) { return std::string(path.substr(0, 2)) + '\\'; }
+
+bool IsDeviceName(std::string_view name) {
+  name = name.substr(0, name.find_first_of(".:"));
+  name = name.substr(0, name.find_last_not_of(' ') + 1);
+  constexpr std::array<std::string_view, 6> kWhole = {"CON", "PRN", "AUX", "NUL", "CONIN$", "CONOUT$"};
+  const auto isName = [&](std::string_view device) { return EqualsIgnoringCase(name, device); };
+  if (std::any_of(kWhole.begin(), kWhole.end(), isName)) return true;
+  if (!BeginsIgnoringCase(name, "COM") && !BeginsIgnoringCase(name, "LPT")) return false;
+  constexpr std::array<std::string_view, 3> kRaised = {"\xC2\xB9", "\xC2\xB2", "\xC2\xB3"};  // superscript 1, 2, 3
+  const std::string_view port = name.substr(3);
+  return (port.size() == 1 && port[0] >= '1' && port[0] <= '9') ||
+         std::find(kRaised.begin(), kRaised.end(), port) != kRaised.end();
+}
 
 bool IsNoDirectory(std::string_view directory) noexcept { return directory.empty() || directory.front() == '('; }
 

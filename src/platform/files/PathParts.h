@@ -31,6 +31,9 @@ bool HasDrive(std::string_view path) noexcept;
 /// "C:\" of a path that has a drive.
 std::string DriveRoot(std::string_view path);
 
+/// True for a name that Windows takes for a device, with any ending: CON, NUL, COM1 and their kind.
+bool IsDeviceName(std::string_view name);
+
 /// True for a directory text that stands for none: empty, or beginning with "(" as in "(none)".
 bool IsNoDirectory(std::string_view directory) noexcept;
 

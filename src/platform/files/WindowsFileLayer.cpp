@@ -6,12 +6,12 @@
 #ifdef _WIN32
 
 #include <algorithm>
-#include <array>
 #include <string_view>
 #include <system_error>
 
 #include "platform/files/DriveMap.h"
 #include "platform/files/FileLayer.h"
+#include "platform/files/PathParts.h"
 #include "platform/files/WindowsFiles.h"
 
 namespace zova {
@@ -41,9 +41,9 @@ EntryKind KindOf(DWORD attributes) noexcept {
   return (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0 ? EntryKind::Directory : EntryKind::File;
 }
 
-WindowsHandle Open(const fs::path& path, DWORD access, DWORD disposition) {
+WindowsHandle Open(const fs::path& path, DWORD access, DWORD disposition, DWORD sharing = kShareAll) {
   const HANDLE handle =
-      CreateFileW(WindowsName(path).c_str(), access, kShareAll, nullptr, disposition, FILE_ATTRIBUTE_NORMAL, nullptr);
+      CreateFileW(WindowsName(path).c_str(), access, sharing, nullptr, disposition, FILE_ATTRIBUTE_NORMAL, nullptr);
   if (handle == INVALID_HANDLE_VALUE) ThrowLastError();
   return WindowsHandle(handle);
 }
@@ -71,8 +71,9 @@ class WindowsOutputFile final : public OutputFile {
   WindowsHandle m_file;
 };
 
-std::unique_ptr<OutputFile> OpenOutput(const fs::path& path, DWORD access, DWORD disposition) {
-  return std::make_unique<WindowsOutputFile>(Open(path, access, disposition));
+std::unique_ptr<OutputFile> OpenOutput(const fs::path& path, DWORD access, DWORD disposition,
+                                       DWORD sharing = kShareAll) {
+  return std::make_unique<WindowsOutputFile>(Open(path, access, disposition, sharing));
 }
 
 // Without ".", "..", "/" and the current directory, worked out by the text alone, as Windows does.
@@ -142,19 +143,7 @@ WindowsHandle OpenForFacts(const std::wstring& name) noexcept {
   return WindowsHandle(handle == INVALID_HANDLE_VALUE ? nullptr : handle);
 }
 
-bool IsReservedName(const fs::path& path) {
-  std::wstring name = path.filename().native();
-  name.resize(std::min(name.find_first_of(L".:"), name.size()));
-  name.resize(name.find_last_not_of(L' ') + 1);
-  for (wchar_t& c : name) {
-    if (c >= L'a' && c <= L'z') c = static_cast<wchar_t>(c - L'a' + L'A');
-  }
-  constexpr std::array<std::wstring_view, 6> kWhole = {L"CON", L"PRN", L"AUX", L"NUL", L"CONIN$", L"CONOUT$"};
-  if (std::find(kWhole.begin(), kWhole.end(), name) != kWhole.end()) return true;
-  constexpr std::wstring_view kPorts = L"123456789\u00B9\u00B2\u00B3";
-  return name.size() == 4 && (name.starts_with(L"COM") || name.starts_with(L"LPT")) &&
-         kPorts.find(name.back()) != std::wstring_view::npos;
-}
+bool IsReservedName(const fs::path& path) { return IsDeviceName(PathText(path.filename())); }
 
 EntryKind NativeFileLayer::Kind(const fs::path& path) {
   if (IsReservedName(path)) return EntryKind::Device;
@@ -222,6 +211,7 @@ std::uintmax_t NativeFileLayer::Size(const fs::path& path) {
 void NativeFileLayer::Read(const fs::path& path, std::string& content, std::uintmax_t limit) {
   if (IsReservedName(path)) Throw(std::errc::not_supported);  // the console would wait for somebody to type
   const WindowsHandle file = Open(path, GENERIC_READ, OPEN_EXISTING);
+  if (GetFileType(file.get()) != FILE_TYPE_DISK) Throw(std::errc::not_supported);
   constexpr std::size_t kReadSize = 64UL * 1024;
   m_buffer.resize(kReadSize);
   content.clear();
@@ -244,7 +234,7 @@ std::vector<DirectoryEntry> NativeFileLayer::List(const fs::path& directory) {
 }
 
 std::unique_ptr<OutputFile> NativeFileLayer::Create(const fs::path& path) {
-  return OpenOutput(path, GENERIC_WRITE, CREATE_NEW);
+  return OpenOutput(path, GENERIC_WRITE, CREATE_NEW, FILE_SHARE_READ | FILE_SHARE_WRITE);
 }
 
 std::unique_ptr<OutputFile> NativeFileLayer::Append(const fs::path& path) {
@@ -302,6 +292,9 @@ void NativeFileLayer::Remove(const fs::path& path) {
   }
   Require(KindOf(attributes) == EntryKind::Directory ? RemoveDirectoryW(name.c_str()) : DeleteFileW(name.c_str()));
 }
+
+// A file that its writer has open is shared for everything but deleting.
+void NativeFileLayer::RemoveUnlocked(const fs::path& path) { Remove(path); }
 
 void NativeFileLayer::CreateDirectory(const fs::path& path) {
   if (CreateDirectoryW(WindowsName(path).c_str(), nullptr) != 0) return;

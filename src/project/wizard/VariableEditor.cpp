@@ -70,7 +70,9 @@ void VariableEditor::Show(int variable, int level) {
   m_entry = Highlighted();
 }
 
-void VariableEditor::SetEntryText(std::string_view text) { m_entry = AsksNothing() ? std::string() : ColumnText(text); }
+void VariableEditor::SetEntryText(std::string_view text) {
+  m_entry = AsksNothing() ? std::string() : m_level > 0 ? FieldText(text) : ColumnText(text);
+}
 
 std::string VariableEditor::Prompt() const {
   if (AsksNothing()) return {};

@@ -25,7 +25,7 @@ class VariableEditor {
   void Store(ProjectParameters& project) const;
 
   [[nodiscard]] const std::string& EntryText() const noexcept { return m_entry; }
-  /// Drops what a variable's name cannot hold.
+  /// Drops what the name cannot hold: a comma in a variable's, which becomes a column, but not in a level's.
   void SetEntryText(std::string_view text);
 
   /// "What is the name of variable 1?" or "What is the name of level 1?"; "" when all levels have one.

@@ -62,7 +62,7 @@ WizardFault LeaveTitlePage(WizardState& state, const Platform& platform) {
   if (title.empty()) {
     return Refuse(platform, "The project must have a title.  Please re-enter.", WizardBox::Title, BoxIcon::Information);
   }
-  if (!IsFileNamePart(title)) return Refuse(platform, kBadFileName, WizardBox::Title);
+  if (!IsWholeFileName(title)) return Refuse(platform, kBadFileName, WizardBox::Title);
   const std::string fileName = ParameterFileName(title);
   const std::string path = JoinPath(state.ParamDir, fileName);
   std::optional<std::string> overwritten;
