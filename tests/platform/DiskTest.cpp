@@ -134,6 +134,7 @@ TEST(Disk, TakesNoPipeForAFileAndTellsTheCauseOfAFailedLook) {
   EXPECT_EQ(CauseOf([&] { disk.ListDirectories("C:\\ring"); }), ring);
   EXPECT_THROW(scratch.Layer().IsReadOnly(scratch.Native("C:\\ring")), std::system_error);
 }
+#endif
 
 // A save of another program with the same directory is going on.
 TEST(Disk, LeavesATemporaryFileToItsWriter) {
