@@ -222,6 +222,16 @@ bool Session::MayLeaveEntry(const MessageBox& question) {
   return true;
 }
 
+void Session::Recover(const std::exception_ptr& fault) {
+  try {
+    m_entry.SecureAutosave();
+  } catch (...) {
+    // What ended the command, memory that is short, say, may end this as well. The last autosave is still whole.
+  }
+  m_errors.ReportFault(fault);
+  if (m_observer) m_observer();
+}
+
 void Session::ToggleSkipMinutes() noexcept {
   if (Menus().SkipMinutes) m_preferences.SkipMinutes = !m_preferences.SkipMinutes;
 }

@@ -2,6 +2,8 @@
 
 #include "platform/desktop/FileErrorHandler.h"
 
+#include <new>
+
 #include "text/Encoding.h"
 
 namespace zova {
@@ -12,6 +14,16 @@ namespace {
 std::string SystemText(const std::error_code& code) {
   const std::string text = code.message();
   return IsValidUtf8(text) ? text : FromWindows1252(text);
+}
+
+std::string TextOf(const FileError& error) {
+  switch (error.Cause()) {
+    case FileCause::DialogCancelled: break;
+    case FileCause::EndOfData: return "This is not a valid file format.  Please select a different file.";
+    case FileCause::PathNotFound: return "Path not found.  Please verify that the correct disk is in the drive.";
+    case FileCause::System: return SystemText(error.Code());
+  }
+  return "";
 }
 
 std::string DetailsOf(const FileError& error) {
@@ -26,18 +38,13 @@ bool FileErrorHandler::Report(const FileError& error) {
   switch (error.Cause()) {
     case FileCause::DialogCancelled: return false;
     case FileCause::EndOfData:
-      m_boxes.Show({.Text = "This is not a valid file format.  Please select a different file.",
+      m_boxes.Show({.Text = TextOf(error),
                     .Icon = BoxIcon::Exclamation,
                     .Buttons = BoxButtons::Ok,
                     .Details = DetailsOf(error)});
       return true;
     case FileCause::PathNotFound:
-      return m_boxes.Show({.Text = "Path not found.  Please verify that the correct disk is in the drive.",
-                           .Icon = BoxIcon::Exclamation,
-                           .Buttons = BoxButtons::RetryCancel,
-                           .Default = BoxAnswer::Retry,
-                           .Details = DetailsOf(error)}) == BoxAnswer::Retry;
-    case FileCause::System: return ReportRunError(SystemText(error.Code()), DetailsOf(error));
+    case FileCause::System: return ReportRunError(TextOf(error), DetailsOf(error));
   }
   return false;
 }
@@ -48,6 +55,24 @@ bool FileErrorHandler::ReportRunError(const std::string& text, const std::string
                        .Buttons = BoxButtons::RetryCancel,
                        .Default = BoxAnswer::Retry,
                        .Details = details}) == BoxAnswer::Retry;
+}
+
+void FileErrorHandler::ReportFault(const std::exception_ptr& fault) {
+  MessageBox box = {.Text = "The last command could not be finished.", .Icon = BoxIcon::Critical};
+  try {
+    std::rethrow_exception(fault);
+  } catch (const FileError& error) {
+    if (error.Cause() == FileCause::DialogCancelled) return;
+    box.Text = TextOf(error);
+    box.Details = DetailsOf(error);
+  } catch (const std::bad_alloc&) {
+    box.Details = "There is not enough memory.";
+  } catch (const std::exception& error) {
+    box.Details = error.what();
+  } catch (...) {
+    box.Details = "The cause is not known.";
+  }
+  m_boxes.Show(box);
 }
 
 }  // namespace zova

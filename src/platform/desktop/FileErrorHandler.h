@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <exception>
 #include <string>
 
 #include "platform/desktop/MessageBoxes.h"
@@ -19,6 +20,9 @@ class FileErrorHandler {
 
   /// An error that is not the file system's, told in the same box.
   bool ReportRunError(const std::string& text, const std::string& details);
+
+  /// Reports an exception that ended a command: nobody expected it there, so that there is no step to try again.
+  void ReportFault(const std::exception_ptr& fault);
 
  private:
   MessageBoxes& m_boxes;
