@@ -37,7 +37,9 @@ struct Lab : MessageBoxes, Progress {
     record.Lists = MakeLists(Project, lists);
     Files.Put("C:\\Data\\Sdata\\AB Sub#" + std::to_string(id) + ".dat", FormatSubject(record, Project));
   }
-  void Show(int, const std::string&) override {}
+  void Show(int, const std::string&) override {
+    if (RunsOutOfMemory) throw std::bad_alloc();
+  }
   void ProcessEvents() override {}
   BoxAnswer Show(const MessageBox& box) override {
     EXPECT_NE(Flow.CurrentStage(), MasterFlow::Stage::Closed) << "the main screen comes after the messages";
@@ -66,6 +68,7 @@ struct Lab : MessageBoxes, Progress {
   Disk OfFiles = Files.MakeDisk();
   FakePlatform Fakes;
   Platform Around = Fakes.With(OfFiles, *this, *this);
+  bool RunsOutOfMemory = false;
   ProjectParameters Project = MakeProject({.Items = 3});
   std::string Trail;
   MasterFlow Flow{Around};
@@ -207,6 +210,14 @@ TEST(MasterFlow, GroupsAsPreviewedInTheirOrder) {
   lab.Flow.ChooseVariable(1);
   EXPECT_EQ(lab.Flow.GroupsPreview(), ", Man: 1 group of 2, left over: subject 1\n, 2: 1 group of 2")
       << "in the saved order";
+}
+
+TEST(MasterFlowTest, ARunThatEndsByAnExceptionLeadsBackToTheOptions) {
+  Lab lab("");
+  lab.RunsOutOfMemory = true;
+  EXPECT_THROW(lab.Flow.Continue(), std::bad_alloc);
+  EXPECT_EQ(lab.Flow.CurrentStage(), MasterFlow::Stage::Options);
+  EXPECT_EQ(lab.Fakes.Pointer.Busy, 0);
 }
 
 }  // namespace
