@@ -22,10 +22,10 @@ namespace zova {
 namespace {
 
 // The help and the example: beside the directory bin of an installation; in the build folder, where the program lies.
-std::filesystem::path InstalledData() {
+std::string InstalledData() {
   const QDir programs(QCoreApplication::applicationDirPath());
   const QString installed = QDir::cleanPath(programs.filePath("../share/zova"));
-  return PathFromText(FromQt(QFileInfo(installed).isDir() ? installed : programs.filePath("share/zova")));
+  return FromQt(QFileInfo(installed).isDir() ? installed : programs.filePath("share/zova"));
 }
 
 std::string ProgramDirectoryPath() {

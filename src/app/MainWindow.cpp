@@ -44,9 +44,9 @@ MainWindow::MainWindow(Session& session, QtProgress& progress)
       m_panels(Named(new QStackedWidget, "staPanels")),
       m_main(Add(new MainPanel(session, [this](SessionCommand command) { Run(command); }))),
       m_wizard(Add(new WizardPanel(session))),
-      m_location(Add(new LocationPanel(session))),
-      m_identification(Add(new IdentificationPanel(session))),
-      m_entry(Add(new EntryPanel(session))),
+      m_location(Add(new LocationPanel(session.Location()))),
+      m_identification(Add(new IdentificationPanel(session.Subjects()))),
+      m_entry(Add(new EntryPanel(session.Subjects()))),
       m_masterOptions(Add(new MasterPanel(session.Masters()))),
       m_measures(Add(new MeasurePanel(session.Masters(), [this] { Run(&Session::ShowMeasuresHelp); }))),
       m_order(Add(new OrderPanel(session.Masters()))),
@@ -77,8 +77,7 @@ Panel* MainWindow::PanelOf(Screen screen) const {
     case Screen::Main: return m_main;
     case Screen::Wizard:
     case Screen::Viewing: return m_wizard;
-    case Screen::ParamLocation:
-    case Screen::BackupDestination: return m_location;
+    case Screen::Location: return m_location;
     case Screen::Identification: return m_identification;
     case Screen::Entry: return m_entry;
     case Screen::Masters: return PanelOf(m_session.Masters().CurrentStage());

@@ -89,8 +89,7 @@ class MasterCommand {
 
   // A relative path of the platform starts from the current directory; drive-letter paths stay.
   static std::string FromHere(const std::string& text) {
-    const bool hasDrive = text.size() >= 2 && text[1] == ':';
-    return hasDrive ? text : PathText(std::filesystem::absolute(PathFromText(text)));
+    return HasDrive(text) ? text : PathText(std::filesystem::absolute(PathFromText(text)));
   }
 
   [[nodiscard]] std::string FilePath(const std::string& text) const {

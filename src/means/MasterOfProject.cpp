@@ -4,31 +4,27 @@
 
 #include <algorithm>
 
-#include "project/DirectoryRules.h"
-#include "subjects/SubjectFiles.h"
-#include "text/Encoding.h"
+#include "project/ProjectLayout.h"
 #include "text/TypedText.h"
 
 namespace zova {
 
 namespace {
 
-constexpr std::string_view kNames[] = {" Combined Master", " Master"};
-
 // Two projects may share a primary directory and the numbers of their subjects.
 bool IsNamedForOther(std::string_view name, const ProjectParameters& project, Disk& disk) {
   const std::string directory = SubjectDirectory(project.PrimaryDir);
-  return std::any_of(std::begin(kNames), std::end(kNames), [&](std::string_view ending) {
-    const std::string prefix(name.substr(0, std::min(name.rfind(ending), name.size())));
-    return prefix != name && !disk.ListFiles(directory, prefix + " Sub#", ".dat").empty();
+  const std::vector<std::string> abbreviations = AbbreviationsInMasterName(name);
+  return std::any_of(abbreviations.begin(), abbreviations.end(), [&](const std::string& abbreviation) {
+    return !ListDataFiles(disk, CurrentPrefix(abbreviation), directory).empty();
   });
 }
 
 // Not where the directory cannot be listed: nothing of it is read then.
 bool LiesAmongItsOwn(const std::string& path, const ProjectParameters& project, Disk& disk) {
-  if (!IsSameDirectory(DirectoryOfPath(path), project.PrimaryDir, disk)) return false;
   try {
-    return !IsNamedForOther(LastPathComponent(path), project, disk);
+    return disk.IsSame(DirectoryOfPath(path), project.PrimaryDir) &&
+           !IsNamedForOther(LastPathComponent(path), project, disk);
   } catch (const FileError&) {
     return false;
   }
@@ -38,10 +34,7 @@ bool LiesAmongItsOwn(const std::string& path, const ProjectParameters& project, 
 
 bool IsMasterOfProject(const MasterTable& table, const std::string& path, const ProjectParameters& project,
                        Disk& disk) {
-  const bool isNamedSo = std::any_of(std::begin(kNames), std::end(kNames), [&](std::string_view ending) {
-    return BeginsIgnoringCase(LastPathComponent(path), project.Abbreviation + std::string(ending));
-  });
-  if (!isNamedSo && !LiesAmongItsOwn(path, project, disk)) return false;
+  if (!IsNamedAsMaster(LastPathComponent(path), project) && !LiesAmongItsOwn(path, project, disk)) return false;
   const auto end = project.VariableNames.begin() + project.VariableCount;
   return std::equal(
       table.Variables.begin(), table.Variables.end(), project.VariableNames.begin(), end,

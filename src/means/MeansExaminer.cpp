@@ -11,6 +11,7 @@
 #include "master/columns/ColumnName.h"
 #include "means/MasterOfProject.h"
 #include "means/UncomputedValues.h"
+#include "project/ProtectedFiles.h"
 #include "text/Encoding.h"
 
 namespace zova {
@@ -26,15 +27,6 @@ std::string Counted(std::size_t count, const char* one, const char* several) {
 }
 
 std::string_view FirstLine(std::string_view text) { return text.substr(0, text.find_first_of("\r\n")); }
-
-// Not where one lies on a drive that is not ready.
-bool IsSameFile(const std::string& left, const std::string& right, Disk& disk) {
-  try {
-    return disk.Resolve(left, FileOperation::Read) == disk.Resolve(right, FileOperation::Read);
-  } catch (const FileError&) {
-    return false;
-  }
-}
 
 std::optional<PlotFormat> FormatOf(std::string_view path) {
   if (EndsIgnoringCase(path, ".pdf")) return PlotFormat::Pdf;
@@ -90,7 +82,9 @@ void MeansExaminer::ChooseMaster() {
                                      .Filters = {{"Text files (*.txt)", "*.txt"}, {"All files (*.*)", "*"}}});
   std::string bytes;
   if (!path || !Read(*path, bytes)) return;
-  const bool isOwnFile = IsSameFile(*path, DefaultMasterPath(*m_project), m_platform.Files);
+  bool isOwnFile = false;
+  const auto compare = [&] { isOwnFile = m_platform.Files.IsSame(*path, DefaultMasterPath(*m_project)); };
+  if (!WithRetry(m_platform.Boxes, compare)) return;
   const auto fault = Take(bytes, isOwnFile ? m_header : "");
   if (!fault) return Show(*path);
   Warn(m_platform.Boxes, "'" + std::string(LastPathComponent(*path)) + "' is no master.", *fault);
@@ -283,23 +277,20 @@ MeansLines MeansExaminer::Lines() const {
   return lines;
 }
 
-FileQuestion MeansExaminer::QuestionForSaving(const char* title, const char* ending) const {
-  return {.Title = title,
-          .Directory = m_project->PrimaryDir,
-          .Filters = {},
-          .Name = m_project->Abbreviation + " " + ending};
+FileQuestion MeansExaminer::QuestionForSaving(const char* title, ResultFile file) const {
+  return {.Title = title, .Directory = m_project->PrimaryDir, .Filters = {}, .Name = ResultName(*m_project, file)};
 }
 
 void MeansExaminer::SaveTable() {
   if (RowCount() == 0) return;
-  FileQuestion question = QuestionForSaving("Save Table", "Means.csv");
+  FileQuestion question = QuestionForSaving("Save Table", ResultFile::MeansTable);
   question.Filters = {{"CSV files (*.csv)", "*.csv"}, {"All files (*.*)", "*"}};
   if (const auto path = m_platform.Dialogs.ChooseNewFile(question)) Save(*path, CsvText(Lines()));
 }
 
 std::optional<PlotTarget> MeansExaminer::AskPlotFile() {
   if (!HasPlot()) return std::nullopt;
-  FileQuestion question = QuestionForSaving("Save Plot", "Means.pdf");
+  FileQuestion question = QuestionForSaving("Save Plot", ResultFile::MeansPlot);
   question.Filters = {{"PDF files (*.pdf)", "*.pdf"}, {"SVG files (*.svg)", "*.svg"}, {"PNG files (*.png)", "*.png"}};
   const auto path = m_platform.Dialogs.ChooseNewFile(question);
   if (!path) return std::nullopt;
@@ -311,14 +302,11 @@ std::optional<PlotTarget> MeansExaminer::AskPlotFile() {
 
 void MeansExaminer::SavePlot(const PlotTarget& target, const std::string& bytes) { Save(target.Path, bytes); }
 
-// True for files that nothing here may replace: parameters, subjects' data, and masters under whatever name. Throws
-// FileError.
+// A master lies also where its run was told to put it, under whatever name. Throws FileError.
 bool MeansExaminer::IsKept(const std::string& path) {
-  if (EndsIgnoringCase(path, ".prm") || EndsIgnoringCase(path, ".dat")) return true;
+  if (IsProtectedFile(path, *m_project, m_platform.Files)) return true;
   if (!m_platform.Files.FileExists(path)) return false;
-  // Its rows may stand without a header.
-  if (IsSameFile(path, m_path, m_platform.Files) || IsSameFile(path, DefaultMasterPath(*m_project), m_platform.Files))
-    return true;
+  if (m_platform.Files.IsSame(path, m_path)) return true;  // its rows may stand without a header
   std::string bytes;
   m_platform.Files.Read(path, bytes);
   const DataText text(bytes);

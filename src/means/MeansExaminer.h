@@ -9,6 +9,7 @@
 #include "means/MeansPlot.h"
 #include "means/SerialPositionTable.h"
 #include "platform/desktop/Platform.h"
+#include "project/ProjectLayout.h"
 
 namespace zova {
 
@@ -82,7 +83,7 @@ class MeansExaminer {
   [[nodiscard]] MeansLines Lines() const;
   [[nodiscard]] bool IsKept(const std::string& path);
   void Save(const std::string& path, const std::string& bytes);
-  [[nodiscard]] FileQuestion QuestionForSaving(const char* title, const char* ending) const;
+  [[nodiscard]] FileQuestion QuestionForSaving(const char* title, ResultFile file) const;
 
   Platform m_platform;
   std::function<void()> m_observer;

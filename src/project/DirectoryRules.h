@@ -25,11 +25,6 @@ bool HasValidComponents(std::string_view path) noexcept;
 /// without backslashes and blanks at its end ("C:\" becomes "C:"). "" and "(none)" stay.
 std::string DirectoryFromText(std::string_view text, const DriveMap& drives);
 
-/// True when two directories are one, however they are spelt and whether they exist or not.
-bool IsSameDirectory(std::string_view left, std::string_view right, Disk& disk);
-/// True when `inner` lies below `outer` (and is not itself `outer`).
-bool LiesInside(std::string_view inner, std::string_view outer, Disk& disk);
-
 /// True when the directory exists, or the user agreed and it was created with every missing level. The question is
 /// "'<directory>' Directory does not exist.  Do you wish to create it?". Throws FileError.
 bool ExistsOrIsCreated(const std::string& directory, Disk& disk, MessageBoxes& boxes);

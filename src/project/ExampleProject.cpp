@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "project/ProjectFile.h"
+#include "project/ProjectLayout.h"
 
 #include "platform/desktop/FileErrorBoxes.h"
 
@@ -21,7 +22,7 @@ ProjectParameters ExampleProject(const std::string& programDir) {
   project.Abbreviation = "Example";
   project.PrimaryDir = JoinPath(programDir, "Sample Data");
   project.BackupDir = kNoDirectory;
-  project.ProjectFileName = "Example.prm";
+  project.ProjectFileName = ParameterFileName("Example");
   project.FalseMemory = 1;
   project.FormatMarker = kCurrentMarker;
   project.LevelCounts = {2, 3};
@@ -49,7 +50,7 @@ void CopyToSampleData(const std::string& file, const std::string& directory, Dis
 
 bool WriteExampleProject(const std::string& paramDir, const std::string& programDir, Disk& disk, MessageBoxes& boxes) {
   const ProjectParameters project = ExampleProject(programDir);
-  const std::string file = JoinPath(paramDir, project.ProjectFileName);
+  const std::string file = ParameterFilePath(paramDir, project);
   if (!WithRetry(boxes, [&] { disk.Write(file, FormatProject(project, kCurrentMarker)); })) return false;
   // The copy is for whoever looks there; a program's directory that may not be written does not hold anyone up.
   WithRetry(boxes, [&] { CopyToSampleData(file, project.PrimaryDir, disk); });

@@ -38,11 +38,15 @@ void ParamDirectory::Register(const std::string& path) {
 
 bool ParamDirectory::Lock(const std::string& path) {
   try {
-    return m_lock.Acquire(m_disk.Resolve(path, FileOperation::Read)) != DirectoryLock::Outcome::InUse;
+    return m_lock.Acquire(m_disk.Resolve(path, FileOperation::Read).Native) != DirectoryLock::Outcome::InUse;
   } catch (const FileError&) {
     m_lock.Release();
     return true;
   }
+}
+
+void ReportParamInUse(MessageBoxes& boxes) {
+  boxes.Show({.Text = "ZOVA is already running with this 'Param' directory.", .Icon = BoxIcon::Critical});
 }
 
 }  // namespace zova

@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "platform/desktop/MessageBoxes.h"
 #include "platform/desktop/SettingsStore.h"
 #include "platform/files/DirectoryLock.h"
 #include "platform/files/Disk.h"
@@ -37,5 +38,8 @@ class ParamDirectory {
   DirectoryLock m_lock;
   std::string m_path;
 };
+
+/// Says that another copy of the program works with a Param directory.
+void ReportParamInUse(MessageBoxes& boxes);
 
 }  // namespace zova

@@ -14,6 +14,7 @@
 #include "platform/files/FileCopier.h"
 #include "project/DirectoryRules.h"
 #include "project/ProjectFile.h"
+#include "project/ProjectLayout.h"
 #include "text/Encoding.h"
 
 namespace zova {
@@ -52,27 +53,14 @@ ParamLocation::ParamLocation(ParamDirectory& param, std::string programDir, cons
     : m_param(param), m_programDir(std::move(programDir)), m_platform(platform) {}
 
 void ParamLocation::Open() {
-  m_form = m_param.Exists() ? Form::Change : Form::Select;
+  m_changes = m_param.Exists();
   m_refusals = 0;
-}
-
-LocationTexts ParamLocation::Texts() const {
-  if (m_form == Form::Change) {
-    return {"Change Location of 'Param' Directory",
-            "Please select the new location of the 'Param' folder by double clicking on the appropriate directory.",
-            "NOTE: All files in this folder will be moved to the new location."};
-  }
-  return {"Select Location of 'Param' Directory",
-          "Please select the location of the moved 'Param' folder or the location for a new one by double-clicking on "
-          "the appropriate directory.",
-          "NOTE:  If you would like to change this location in the future please select the appropriate option on the "
-          "'Preferences' menu."};
 }
 
 std::string ParamLocation::Target(const std::string& text) const {
   const std::string directory = DirectoryFromText(text, m_platform.Files.Drives());
-  if (IsNoDirectory(directory) || directory.size() < 2 || directory[1] != ':') return "";
-  return JoinPath(directory, "Param");
+  if (IsNoDirectory(directory) || !HasDrive(directory)) return "";
+  return ParamDirectoryIn(directory);
 }
 
 LocationOutcome ParamLocation::Say(std::string text) {
@@ -81,13 +69,13 @@ LocationOutcome ParamLocation::Say(std::string text) {
 }
 
 LocationOutcome ParamLocation::SayInUse(Step next) {
-  m_platform.Boxes.Show({.Text = "ZOVA is already running with this 'Param' directory.", .Icon = BoxIcon::Critical});
+  ReportParamInUse(m_platform.Boxes);
   return {next};
 }
 
 bool ParamLocation::CanHold(const std::string& target) {
-  return !target.empty() && HasValidComponents(target) &&
-         m_platform.Files.DirectoryExists(target.substr(0, 2) + "\\") && !m_platform.Files.FileExists(target);
+  return !target.empty() && HasValidComponents(target) && m_platform.Files.DirectoryExists(DriveRoot(target)) &&
+         !m_platform.Files.FileExists(target);
 }
 
 LocationOutcome ParamLocation::Accept(const std::string& text) {
@@ -100,12 +88,11 @@ LocationOutcome ParamLocation::Accept(const std::string& text) {
   bool isOld = false;
   const bool canBe = Succeeds([&] {
     // Looked for now, since a disk may have come or gone meanwhile. To a move, one that cannot be read is not lost.
-    hasOld = m_form == Form::Change ? m_platform.Files.DirectoryExists(old) : m_param.Exists();
-    moves = hasOld && m_form == Form::Change;
+    hasOld = m_changes ? m_platform.Files.DirectoryExists(old) : m_param.Exists();
+    moves = hasOld && m_changes;
     if (!CanHold(target)) throw FileError(FileOperation::List, target, FileCause::PathNotFound);
     isThere = m_platform.Files.DirectoryExists(target);
-    isOld = hasOld &&
-            (IsSameDirectory(target, old, m_platform.Files) || (moves && LiesInside(target, old, m_platform.Files)));
+    isOld = hasOld && (m_platform.Files.IsSame(target, old) || (moves && m_platform.Files.LiesInside(target, old)));
   });
   if (!canBe) return Say(kPathNotFound);
   if (isOld) return Say("This already is the location of the 'Param' folder.");
@@ -116,7 +103,7 @@ LocationOutcome ParamLocation::Accept(const std::string& text) {
 
 LocationOutcome ParamLocation::Select(const std::string& target, bool isThere) {
   if (!isThere && !CreateParamDirectory(target, m_programDir, m_platform.Files, m_platform.Boxes)) return {};
-  if (!m_param.Lock(target)) return SayInUse(m_form == Form::Select ? Step::EndProgram : Step::Stay);
+  if (!m_param.Lock(target)) return SayInUse(m_changes ? Step::Stay : Step::EndProgram);
   if (!WithRetry(m_platform.Boxes, [&] { m_param.Register(target); })) return {};
   return CloseWith(isThere ? kRegistered : kCreated);
 }
@@ -134,7 +121,7 @@ LocationOutcome ParamLocation::RestoreOrRegister(const std::string& found) {
 }
 
 LocationOutcome ParamLocation::Move(const std::string& from, const std::string& to) {
-  const Step whenInUse = m_form == Form::Select ? Step::EndProgram : Step::Stay;
+  const Step whenInUse = m_changes ? Step::Stay : Step::EndProgram;
   if (!m_param.Lock(from)) return SayInUse(whenInUse);
   Load load;
   const bool listed = WithRetry(m_platform.Boxes, [&] {

@@ -9,14 +9,7 @@
 
 namespace zova {
 
-/// The words of the screen on which a directory is chosen.
-struct LocationTexts {
-  std::string Title;
-  std::string Instruction;
-  std::string Note;
-};
-
-/// What comes of an act on that screen.
+/// What comes of an act on the screen on which a directory is chosen.
 struct LocationOutcome {
   enum class Step { Stay, Close, EndProgram };
   Step Next = Step::Stay;
@@ -24,18 +17,15 @@ struct LocationOutcome {
   std::optional<MessageBox> Message = {};
 };
 
-/// The screen on which the Param directory is created, registered or moved. Its "select" form is for a start without
-/// one, its "change" form moves the one there is. The chosen directory D means D\Param.
+/// The rules by which the Param directory is created, registered or moved. The chosen directory D means D\Param.
 class ParamLocation {
  public:
-  enum class Form { Select, Change };
-
   ParamLocation(ParamDirectory& param, std::string programDir, const Platform& platform);
 
-  /// Takes the form that fits: Change when the registered directory exists.
+  /// Looks whether the registered directory exists.
   void Open();
-  [[nodiscard]] Form CurrentForm() const noexcept { return m_form; }
-  [[nodiscard]] LocationTexts Texts() const;
+  /// True when it does: it is moved. Otherwise one is selected.
+  [[nodiscard]] bool Changes() const noexcept { return m_changes; }
   /// D\Param for the text of the box; "" while it names no directory.
   [[nodiscard]] std::string Target(const std::string& text) const;
 
@@ -65,7 +55,7 @@ class ParamLocation {
   ParamDirectory& m_param;
   std::string m_programDir;
   Platform m_platform;
-  Form m_form = Form::Select;
+  bool m_changes = false;
   int m_refusals = 0;
 };
 

@@ -15,18 +15,15 @@
 #include "platform/files/FileCopier.h"
 #include "project/DirectoryRules.h"
 #include "project/ProjectFile.h"
+#include "project/ProjectLayout.h"
 
 namespace zova {
 
 namespace {
 
-constexpr std::string_view kDataFileEnd = ".dat";
-
-std::string SdataOf(std::string_view directory) { return JoinPath(directory, "Sdata"); }
-
 // Makes `Sdata` in a backup directory; the message is what the command will say when all else succeeds, too.
 std::optional<MessageBox> PrepareBackup(const std::string& backupDir, const Platform& platform) {
-  const std::string sdata = SdataOf(backupDir);
+  const std::string sdata = SubjectDirectory(backupDir);
   bool created = false;
   const bool ready = WithRetry(platform.Boxes, [&] {
     if (platform.Files.DirectoryExists(sdata)) return;
@@ -43,7 +40,7 @@ std::optional<MessageBox> PrepareBackup(const std::string& backupDir, const Plat
 bool CopyDataFiles(const std::string& from, const std::string& to, std::string_view prefix, const Platform& platform) {
   std::vector<std::string> names;
   const bool listed = WithRetry(platform.Boxes, [&] {
-    if (!IsSameDirectory(from, to, platform.Files)) names = platform.Files.ListFiles(from, prefix, kDataFileEnd);
+    if (!platform.Files.IsSame(from, to)) names = platform.Files.ListFiles(from, prefix, kDataFileEnd);
   });
   FileCopier copier(platform.Files, from, to, names);
   return listed && std::all_of(names.begin(), names.end(), [&](const std::string& name) {
@@ -55,7 +52,7 @@ bool CopyDataFiles(const std::string& from, const std::string& to, std::string_v
 bool CopyProjectFile(const std::string& name, const std::string& from, const std::string& to,
                      const Platform& platform) {
   return WithRetry(platform.Boxes, [&] {
-    if (IsSameDirectory(from, to, platform.Files) || !platform.Files.FileExists(JoinPath(from, name))) return;
+    if (platform.Files.IsSame(from, to) || !platform.Files.FileExists(JoinPath(from, name))) return;
     platform.Files.Copy(JoinPath(from, name), JoinPath(to, name));
   });
 }
@@ -64,8 +61,10 @@ std::optional<MessageBox> RefreshBackup(const ProjectParameters& project, const 
                                         const Platform& platform) {
   const BusyPointer busy(platform.Pointer);
   const auto outcome = PrepareBackup(project.BackupDir, platform);
-  const bool copied = outcome && CopyDataFiles(SdataOf(project.PrimaryDir), SdataOf(project.BackupDir), "", platform) &&
-                      CopyProjectFile(project.ProjectFileName, paramDir, project.BackupDir, platform);
+  const bool copied =
+      outcome &&
+      CopyDataFiles(SubjectDirectory(project.PrimaryDir), SubjectDirectory(project.BackupDir), "", platform) &&
+      CopyProjectFile(project.ProjectFileName, paramDir, project.BackupDir, platform);
   return copied ? outcome : std::nullopt;
 }
 
@@ -73,7 +72,7 @@ std::optional<MessageBox> RefreshBackup(const ProjectParameters& project, const 
 std::optional<std::string> TakeDestination(const ProjectParameters& project, const std::string& text,
                                            const Platform& platform) {
   const std::string directory = DirectoryFromText(text, platform.Files.Drives());
-  if (directory.size() < 2 || directory[1] != ':') {
+  if (!HasDrive(directory)) {
     Warn(platform.Boxes, kNoDrivePath);
     return std::nullopt;
   }
@@ -82,7 +81,7 @@ std::optional<std::string> TakeDestination(const ProjectParameters& project, con
     platform.Files.Resolve(directory, FileOperation::CreateDirectory);  // on a drive that is not ready nothing is asked
     if (!HasValidComponents(directory) || platform.Files.FileExists(directory)) {
       Warn(platform.Boxes, kInvalidBackup);
-    } else if (IsSameDirectory(directory, project.PrimaryDir, platform.Files)) {
+    } else if (platform.Files.IsSame(directory, project.PrimaryDir)) {
       Warn(platform.Boxes, kBackupIsPrimary);
     } else {
       accepted = ExistsOrIsCreated(directory, platform.Files, platform.Boxes);
@@ -96,17 +95,17 @@ std::optional<std::string> TakeDestination(const ProjectParameters& project, con
 bool WriteBackupCopy(const ProjectParameters& project, const std::string& projectFile, const Platform& platform) {
   if (project.FormatMarker != kCurrentMarker) {
     return WithRetry(platform.Boxes, [&] {
-      if (IsSameDirectory(DirectoryOfPath(projectFile), project.BackupDir, platform.Files)) return;
-      platform.Files.Copy(projectFile, JoinPath(project.BackupDir, project.ProjectFileName));
+      if (platform.Files.IsSame(DirectoryOfPath(projectFile), project.BackupDir)) return;
+      platform.Files.Copy(projectFile, ParameterFilePath(project.BackupDir, project));
     });
   }
-  const std::string path = JoinPath(project.BackupDir, ProjectTitle(project) + " Backup.prm");
+  const std::string path = BackupCopyPath(project);
   const std::string content = FormatProject(project, kBackupMarker, project.PreviousBackupDir);
   return WithRetry(platform.Boxes, [&] { platform.Files.Write(path, content); });
 }
 
 void MakePrimary(const ProjectParameters& project, Disk& disk) {
-  const std::string sdata = SdataOf(project.PrimaryDir);
+  const std::string sdata = SubjectDirectory(project.PrimaryDir);
   if (IsNoDirectory(project.PrimaryDir)) {  // in older layouts; some platforms would make "(none)"
     throw FileError(FileOperation::CreateDirectory, sdata, FileCause::PathNotFound);
   }
@@ -120,18 +119,14 @@ struct RestoreSource {
 
 // The backup may have moved since it was recorded; then whoever chose a file in it has shown where it is.
 RestoreSource FindBackup(const ProjectParameters& project, std::string_view path, Disk& disk) {
-  const std::string recorded = SdataOf(project.BackupDir);
+  const std::string recorded = SubjectDirectory(project.BackupDir);
   if (disk.DirectoryExists(recorded)) return {project.BackupDir};
   const std::string beside(DirectoryOfPath(path));
-  if (disk.DirectoryExists(SdataOf(beside)) && !IsSameDirectory(SdataOf(beside), SdataOf(project.PrimaryDir), disk)) {
+  if (disk.DirectoryExists(SubjectDirectory(beside)) &&
+      !disk.IsSame(SubjectDirectory(beside), SubjectDirectory(project.PrimaryDir))) {
     return {beside, true};
   }
   throw FileError(FileOperation::List, recorded, FileCause::PathNotFound);
-}
-
-// Newer projects have " Sub#" in the names of their data files.
-std::string DataFilePrefix(const ProjectParameters& project) {
-  return project.Abbreviation + (project.FormatMarker.starts_with("VB") ? " Sub#" : "");
 }
 
 // What a backup copy's project is once restored, and also when its restore was given up: the directories that its owner
@@ -147,7 +142,7 @@ ProjectParameters WithoutBackupCopy(const ProjectParameters& project) {
 bool RestoreParameters(ProjectParameters& project, const std::string& paramDir, const Platform& platform) {
   if (!WriteProjectFile(project, paramDir, /*restoring=*/true, platform.Files, platform.Boxes)) return false;
   return WithRetry(platform.Boxes,
-                   [&] { project = ReadProjectFile(platform.Files, JoinPath(paramDir, project.ProjectFileName)); });
+                   [&] { project = ReadProjectFile(platform.Files, ParameterFilePath(paramDir, project)); });
 }
 
 MessageBox NoBackupMessage() {
@@ -175,16 +170,6 @@ BackupOutcome BeginBackup(const ProjectParameters& project, const std::string& p
   return {.AsksDestination = answer == BoxAnswer::Yes};
 }
 
-LocationTexts BackupDestinationTexts() {
-  return {.Title = "New Backup Destination",
-          .Instruction =
-              "Please choose the location for the backup information by selecting the appropriate drive and "
-              "double-clicking on the appropriate directory or typing it in directly.",
-          .Note =
-              "NOTE: This will not change your parameter settings.  If you restore this data using the 'Restore "
-              "From Backup' feature, your original destination directories will remain unchanged."};
-}
-
 std::optional<MessageBox> BackUpTo(ProjectParameters& project, const std::string& text, const SavedProject& saved,
                                    const Platform& platform) {
   const auto destination = TakeDestination(project, text, platform);
@@ -194,8 +179,9 @@ std::optional<MessageBox> BackUpTo(ProjectParameters& project, const std::string
   if (!outcome) return std::nullopt;
   project.PreviousBackupDir = saved.BackupDir;
   project.BackupDir = *destination;
-  const bool copied = CopyDataFiles(SdataOf(project.PrimaryDir), SdataOf(project.BackupDir), "", platform) &&
-                      WriteBackupCopy(project, saved.File, platform);
+  const bool copied =
+      CopyDataFiles(SubjectDirectory(project.PrimaryDir), SubjectDirectory(project.BackupDir), "", platform) &&
+      WriteBackupCopy(project, saved.File, platform);
   return copied ? outcome : std::nullopt;
 }
 
@@ -219,7 +205,8 @@ std::optional<MessageBox> RestoreData(ProjectParameters& project, const std::str
   RestoreSource source;
   if (!WithRetry(platform.Boxes, [&] { MakePrimary(chosen, platform.Files); }) ||
       !WithRetry(platform.Boxes, [&] { source = FindBackup(chosen, path, platform.Files); }) ||
-      !CopyDataFiles(SdataOf(source.Directory), SdataOf(chosen.PrimaryDir), DataFilePrefix(chosen), platform)) {
+      !CopyDataFiles(SubjectDirectory(source.Directory), SubjectDirectory(chosen.PrimaryDir), SavedPrefix(chosen),
+                     platform)) {
     return std::nullopt;
   }
   const bool done = isBackupCopy ? RestoreParameters(project, paramDir, platform)
@@ -227,7 +214,7 @@ std::optional<MessageBox> RestoreData(ProjectParameters& project, const std::str
   if (!done) return std::nullopt;
   MessageBox message{.Text = "The data was successfully restored.", .Icon = BoxIcon::Information, .Title = "Restore"};
   if (source.IsBesideChosenFile) {
-    message.Details = "The data files were taken from '" + SdataOf(source.Directory) + "'.";
+    message.Details = "The data files were taken from '" + SubjectDirectory(source.Directory) + "'.";
   }
   return message;
 }

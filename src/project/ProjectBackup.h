@@ -5,7 +5,6 @@
 #include <string>
 
 #include "platform/desktop/Platform.h"
-#include "project/ParamLocation.h"
 #include "project/ProjectParameters.h"
 
 namespace zova {
@@ -18,9 +17,6 @@ struct BackupOutcome {
 
 /// Create New Backup of an open project: refreshes the backup location it has, unless the user wants a new one.
 BackupOutcome BeginBackup(const ProjectParameters& project, const std::string& paramDir, const Platform& platform);
-
-/// The frame "New Backup Destination".
-LocationTexts BackupDestinationTexts();
 
 /// What the open project's parameter file says, whatever destination a backup of this run went to.
 struct SavedProject {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "project/ProjectFile.h"
+#include "project/ProjectLayout.h"
 #include "text/Records.h"
 
 #include "platform/desktop/FileErrorBoxes.h"
@@ -40,9 +41,9 @@ void WriteLists(RecordWriter& out, const ProjectParameters& project) {
 bool WriteWithSdata(const ProjectParameters& project, const std::string& directory, const std::string& content,
                     Disk& disk, MessageBoxes& boxes) {
   return WithRetry(boxes, [&] {
-    const std::string sdata = JoinPath(directory, "Sdata");
+    const std::string sdata = SubjectDirectory(directory);
     if (!disk.DirectoryExists(sdata)) disk.CreateDirectory(sdata);
-    disk.Write(JoinPath(directory, project.ProjectFileName), content);
+    disk.Write(ParameterFilePath(directory, project), content);
   });
 }
 
@@ -59,7 +60,7 @@ std::string FormatProject(const ProjectParameters& project, std::string_view mar
 bool WriteProjectFile(ProjectParameters& project, const std::string& paramDir, bool restoring, Disk& disk,
                       MessageBoxes& boxes) {
   const std::string content = FormatProject(project, kCurrentMarker);
-  if (!WithRetry(boxes, [&] { disk.Write(JoinPath(paramDir, project.ProjectFileName), content); })) return false;
+  if (!WithRetry(boxes, [&] { disk.Write(ParameterFilePath(paramDir, project), content); })) return false;
   if (!IsNoDirectory(project.PrimaryDir) && !WriteWithSdata(project, project.PrimaryDir, content, disk, boxes)) {
     return false;
   }

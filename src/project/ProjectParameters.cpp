@@ -4,8 +4,6 @@
 
 #include <algorithm>
 
-#include "platform/files/DriveMap.h"
-
 namespace zova {
 
 bool IsFalseMemoryInForce(const ProjectParameters& project) noexcept {
@@ -28,15 +26,6 @@ std::string LevelLabel(const ProjectParameters& project, std::size_t variable, i
   const auto begin = project.LevelNames[variable].begin();
   const bool isOnly = std::count(begin, begin + project.LevelCounts[variable], name) == 1;
   return isOnly ? std::string(name) : std::string(name) + " (" + std::to_string(level) + ")";
-}
-
-std::string ProjectTitle(const ProjectParameters& project) {
-  const std::string& name = project.ProjectFileName;
-  return name.size() < 4 ? std::string() : name.substr(0, name.size() - 4);
-}
-
-std::string DefaultMasterPath(const ProjectParameters& project) {
-  return JoinPath(project.PrimaryDir, project.Abbreviation + " Master.txt");
 }
 
 }  // namespace zova

@@ -6,12 +6,9 @@
 #include <string>
 #include <string_view>
 
-namespace zova {
+#include "project/ProjectLimits.h"
 
-inline constexpr int kMaxTests = 15;
-inline constexpr int kMaxVariables = 10;
-/// The wizard gives a variable at most 10 levels; an older file may have one more.
-inline constexpr int kMaxLevels = 11;
+namespace zova {
 
 /// The marker of a parameter file in the current layout, of a backup copy, and of a file in the oldest layout.
 inline constexpr const char* kCurrentMarker = "VB Version";
@@ -61,11 +58,5 @@ std::string_view LevelName(const ProjectParameters& project, std::size_t variabl
 /// A level as tables show it: its name, with the number where another level has the same ("low (2)"); only the number
 /// of one without a name.
 std::string LevelLabel(const ProjectParameters& project, std::size_t variable, int level);
-
-/// The project file's name without ".prm".
-std::string ProjectTitle(const ProjectParameters& project);
-
-/// The path of the individual master, in the primary directory.
-std::string DefaultMasterPath(const ProjectParameters& project);
 
 }  // namespace zova

@@ -103,7 +103,7 @@ std::int64_t CountByPairs(const RecallLists& lists, int later, std::vector<std::
 
 }  // namespace
 
-void ScoreItr(const RecallLists& lists, const PerTest<std::int16_t>& gains, const ProjectParameters& project,
+void ScoreItr(const RecallLists& lists, const PerTest<TestChange>& changes, const ProjectParameters& project,
               ItrScores& scores, ItrWork& work) {
   for (int test = 2; test <= project.TestCount; ++test) {
     const std::int64_t count = lists.RecallCount(test);
@@ -111,20 +111,20 @@ void ScoreItr(const RecallLists& lists, const PerTest<std::int16_t>& gains, cons
     const std::int64_t observed = FindPlaces(lists, test, project.ItemCount, work.ItemPlaces)
                                       ? CountByPlaces(lists, test - 1, work.ItemPlaces)
                                       : CountByPairs(lists, test, work.PairSlots);
-    scores.ItrObserved[test] = Checked16(observed, "the number of repeated pairs", test);
-    const std::int64_t common = count - gains[test];
-    scores.ItrCommon[test] = static_cast<std::int16_t>(common);
+    PairRepetition& pair = scores.Pairs[test];
+    pair.ItrObserved = Checked16(observed, "the number of repeated pairs", test);
+    const std::int64_t common = count - changes[test].Gains;
+    pair.ItrCommon = static_cast<std::int16_t>(common);
     const bool failed = count < 1 || countBefore < 1;
     if (failed) {
       scores.AnyItrFailed = true;
     } else {
       const std::int16_t chances = Checked16((common - 1) * 2 * common, "the product of the common items", test);
       const std::int16_t product = Checked16(count * countBefore, "the product of the list lengths", test);
-      scores.ItrExpected[test] = static_cast<float>(chances) / static_cast<float>(product);
+      pair.ItrExpected = static_cast<float>(chances) / static_cast<float>(product);
     }
-    scores.BiItr[test] =
-        CutRatio(static_cast<float>(scores.ItrObserved[test]) - scores.ItrExpected[test], kThreeDecimals);
-    if (failed) scores.BiItr[test].Gap = ScoreGap::EmptyList;
+    pair.BiItr = CutRatio(static_cast<float>(pair.ItrObserved) - pair.ItrExpected, kThreeDecimals);
+    if (failed) pair.BiItr.Gap = ScoreGap::EmptyList;
   }
 }
 

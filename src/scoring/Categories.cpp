@@ -12,6 +12,7 @@ namespace {
 
 void CountCategories(const RecallLists& lists, int test, const ProjectParameters& project, CategoryScores& scores,
                      std::vector<std::int16_t>& counts) {
+  TestClustering& clustering = scores.Tests[test];
   int previous = 0;
   std::int64_t sumSquares = 0;
   for (int position = 1; position <= lists.RecallCount(test); ++position) {
@@ -20,34 +21,34 @@ void CountCategories(const RecallLists& lists, int test, const ProjectParameters
     if (category != 0) {
       std::int16_t& count = counts[static_cast<std::size_t>(category)];
       if (count == 0) {
-        ++scores.CatsUsed[test];
+        ++clustering.CatsUsed;
         if (project.MinutesRecorded == 1) ++scores.CatsByMin.At(MinuteInRange(recall, test, project), test);
       }
       // (n+1)^2 - n^2, so that one walk over the list does, however many categories there are
       sumSquares += 2 * std::int64_t{count} + 1;
       ++count;
-      if (category == previous) ++scores.CatRepeats[test];
+      if (category == previous) ++clustering.CatRepeats;
     }
     previous = category;
   }
-  scores.SumSquares[test] = Checked16(sumSquares, "the sum of the squared category counts", test);
+  clustering.SumSquares = Checked16(sumSquares, "the sum of the squared category counts", test);
 }
 
-void ComputeArc(int recallCount, int test, CategoryScores& scores) {
-  scores.MaxRepeats[test] = static_cast<std::int16_t>(recallCount - scores.CatsUsed[test]);
-  if (scores.CatsUsed[test] < 2 || recallCount < 3) {
-    scores.ArcScore[test] = {.Gap = ScoreGap::TooFewRecalls};
-    scores.AnyArcFailed = true;
-    return;
+// False when the list holds too little for a score.
+bool ComputeArc(int recallCount, TestClustering& scores) {
+  scores.MaxRepeats = static_cast<std::int16_t>(recallCount - scores.CatsUsed);
+  if (scores.CatsUsed < 2 || recallCount < 3) {
+    scores.ArcScore = {.Gap = ScoreGap::TooFewRecalls};
+    return false;
   }
-  const float expected = static_cast<float>(scores.SumSquares[test]) / static_cast<float>(recallCount) - 1.0F;
-  scores.ExpectedRepeats[test] = expected;
-  const float room = static_cast<float>(scores.MaxRepeats[test]) - expected;
+  scores.ExpectedRepeats = static_cast<float>(scores.SumSquares) / static_cast<float>(recallCount) - 1.0F;
+  const float room = static_cast<float>(scores.MaxRepeats) - scores.ExpectedRepeats;
   if (room == 0.0F) {
-    scores.ArcScore[test] = {.Gap = ScoreGap::NoRoom};
-    return;
+    scores.ArcScore = {.Gap = ScoreGap::NoRoom};
+    return true;
   }
-  scores.ArcScore[test] = CutRatio((static_cast<float>(scores.CatRepeats[test]) - expected) / room, kThreeDecimals);
+  scores.ArcScore = CutRatio((static_cast<float>(scores.CatRepeats) - scores.ExpectedRepeats) / room, kThreeDecimals);
+  return true;
 }
 
 }  // namespace
@@ -58,11 +59,12 @@ void ScoreCategories(const RecallLists& lists, const ProjectParameters& project,
     const int recallCount = lists.RecallCount(test);
     categoryCounts.assign(static_cast<std::size_t>(project.CategoryCount) + 1, 0);
     CountCategories(lists, test, project, scores, categoryCounts);
-    ComputeArc(recallCount, test, scores);
-    scores.ItemsPerCat[test] =
-        scores.CatsUsed[test] == 0
+    TestClustering& clustering = scores.Tests[test];
+    if (!ComputeArc(recallCount, clustering)) scores.AnyArcFailed = true;
+    clustering.ItemsPerCat =
+        clustering.CatsUsed == 0
             ? Ratio{.Gap = ScoreGap::EmptyList}
-            : CutRatio(static_cast<float>(recallCount) / static_cast<float>(scores.CatsUsed[test]), kTwoDecimals);
+            : CutRatio(static_cast<float>(recallCount) / static_cast<float>(clustering.CatsUsed), kTwoDecimals);
   }
 }
 

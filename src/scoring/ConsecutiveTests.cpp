@@ -31,12 +31,13 @@ void ScorePair(const ItemTable& items, int later, const ProjectParameters& proje
     above += side > 0 ? 1 : 0;
     below += side < 0 ? 1 : 0;
   }
-  scores.Gains[later] = static_cast<std::int16_t>(gains);
-  scores.Losses[later] = static_cast<std::int16_t>(losses);
+  TestChange& change = scores.Changes[later];
+  change.Gains = static_cast<std::int16_t>(gains);
+  change.Losses = static_cast<std::int16_t>(losses);
   if (!IsTestRated(project, later)) return;
-  scores.GainsAboveMid[later] = static_cast<std::int16_t>(above);
-  scores.GainsBelowMid[later] = static_cast<std::int16_t>(below);
-  scores.GainsAtMid[later] = static_cast<std::int16_t>(gains - above - below);
+  change.GainsAboveMid = static_cast<std::int16_t>(above);
+  change.GainsBelowMid = static_cast<std::int16_t>(below);
+  change.GainsAtMid = static_cast<std::int16_t>(gains - above - below);
 }
 
 // The share of the items on both tests whose rating rose, fell or stayed; nothing when either test is not rated.
@@ -71,7 +72,7 @@ void ScoreConsecutiveTests(const ItemTable& items, const ProjectParameters& proj
   const int tests = project.TestCount;
   for (int later = 2; later <= tests; ++later) {
     ScorePair(items, later, project, scores);
-    scores.Changes[later] = CompareRatings(items, later - 1, later, project);
+    scores.Changes[later].Ratings = CompareRatings(items, later - 1, later, project);
   }
   if (tests >= 3) scores.FirstToLast = CompareRatings(items, 1, tests, project);
 }
@@ -89,16 +90,17 @@ void ScoreRatings(const RecallLists& lists, const ProjectParameters& project, It
       above += side > 0 ? 1 : 0;
       sum = Checked16(sum + rating, "the sum of the ratings", test);
     }
-    scores.RatingSum[test] = static_cast<std::int16_t>(sum);
-    scores.RateBelowMid[test] = static_cast<std::int16_t>(below);
-    scores.RateAboveMid[test] = static_cast<std::int16_t>(above);
-    scores.RateAtMid[test] = static_cast<std::int16_t>(count - below - above);
+    TestRatings& ratings = scores.Ratings[test];
+    ratings.RatingSum = static_cast<std::int16_t>(sum);
+    ratings.RateBelowMid = static_cast<std::int16_t>(below);
+    ratings.RateAboveMid = static_cast<std::int16_t>(above);
+    ratings.RateAtMid = static_cast<std::int16_t>(count - below - above);
     // Either case of the letter here, exactly "Y" for the columns: both forms are kept.
     const std::string& flag = project.RatedTests[static_cast<std::size_t>(test) - 1];
     if (flag != "Y" && flag != "y") continue;
-    scores.RatingAvg[test] =
-        count == 0 ? Ratio{.Gap = ScoreGap::EmptyList}
-                   : CutRatio(static_cast<float>(scores.RatingSum[test]) / static_cast<float>(count), kTwoDecimals);
+    ratings.RatingAvg = count == 0
+                            ? Ratio{.Gap = ScoreGap::EmptyList}
+                            : CutRatio(static_cast<float>(ratings.RatingSum) / static_cast<float>(count), kTwoDecimals);
   }
 }
 

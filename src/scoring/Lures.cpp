@@ -28,11 +28,12 @@ void ScoreTest(const RecallLists& lists, int test, const ProjectParameters& proj
       walk.BeforeLure = walk.Entries;
     }
   }
+  TestLures& found = scores.Tests[test];
   for (int lure = 1; lure <= project.CategoryCount; ++lure) {
     if (scores.LureRecalled.At(lure, test) == 0) continue;
     const CategoryWalk& walk = walks[static_cast<std::size_t>(lure) - 1];
-    scores.ItemsPreLure[test] = static_cast<std::int16_t>(scores.ItemsPreLure[test] + walk.BeforeLure);
-    scores.ItemsPostLure[test] = static_cast<std::int16_t>(scores.ItemsPostLure[test] + walk.Entries - walk.BeforeLure);
+    found.ItemsPreLure = static_cast<std::int16_t>(found.ItemsPreLure + walk.BeforeLure);
+    found.ItemsPostLure = static_cast<std::int16_t>(found.ItemsPostLure + walk.Entries - walk.BeforeLure);
   }
 }
 

@@ -86,7 +86,7 @@ void ScoreSubject(const RecallLists& lists, const ProjectParameters& project, co
     CountPatterns(scores.TrueItems, falseMemory ? &scores.LureItems : nullptr, project, scores.Patterns);
     RunFamily(
         shown.Has(ScoreFamily::Itr),
-        [&] { ScoreItr(trueLists, scores.True.Gains, project, scores.Itr, scores.Places); },
+        [&] { ScoreItr(trueLists, scores.True.Changes, project, scores.Itr, scores.Places); },
         [&] { ResetItrScores(scores.Itr, project); });
   }
   if (project.MinutesRecorded == 1) {

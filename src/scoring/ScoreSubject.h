@@ -64,8 +64,8 @@ void ScoreRatings(const RecallLists& lists, const ProjectParameters& project, It
 /// Categories, and clustering as the adjusted ratio of clustering (Roenker, Thompson & Brown 1971).
 void ScoreCategories(const RecallLists& lists, const ProjectParameters& project, CategoryScores& scores,
                      std::vector<std::int16_t>& categoryCounts);
-/// Bi-directional inter-test repetition (after Bousfield & Bousfield 1966). `gains` are those of the same lists.
-void ScoreItr(const RecallLists& lists, const PerTest<std::int16_t>& gains, const ProjectParameters& project,
+/// Bi-directional inter-test repetition (after Bousfield & Bousfield 1966). The gains are those of the same lists.
+void ScoreItr(const RecallLists& lists, const PerTest<TestChange>& changes, const ProjectParameters& project,
               ItrScores& scores, ItrWork& work);
 /// `lures` is null where no lures are told apart.
 void CountPatterns(const ItemTable& items, const ItemTable* lures, const ProjectParameters& project,

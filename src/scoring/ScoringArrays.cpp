@@ -9,16 +9,10 @@ namespace {
 int MinuteRows(const ProjectParameters& project) { return project.MinutesRecorded == 1 ? project.MaxMinutes : 0; }
 
 void ResetGains(ItemScores& scores, const ProjectParameters& project) {
-  const int tests = project.TestCount;
-  scores.Net.Reset(tests);
-  scores.Gains.Reset(tests);
-  scores.Losses.Reset(tests);
-  scores.GainsByMin.Reset(MinuteRows(project), tests);
-  scores.GainsAboveMid.Reset(tests);
-  scores.GainsBelowMid.Reset(tests);
-  scores.GainsAtMid.Reset(tests);
-  scores.Changes.Reset(tests);
+  scores.Net.Reset(project.TestCount);
+  scores.Changes.Reset(project.TestCount);
   scores.FirstToLast = {};
+  scores.GainsByMin.Reset(MinuteRows(project), project.TestCount);
 }
 
 void ResetItemScores(ItemScores& scores, const ProjectParameters& project) {
@@ -36,33 +30,17 @@ void ResetMinuteScores(ItemScores& scores, const ProjectParameters& project) {
 }
 
 void ResetRatingScores(ItemScores& scores, const ProjectParameters& project) {
-  const int tests = project.TestCount;
-  scores.RateAboveMid.Reset(tests);
-  scores.RateBelowMid.Reset(tests);
-  scores.RateAtMid.Reset(tests);
-  scores.RatingSum.Reset(tests);
-  scores.RatingAvg.Reset(tests);
+  scores.Ratings.Reset(project.TestCount);
 }
 
 void ResetCategoryScores(CategoryScores& scores, const ProjectParameters& project) {
-  const int tests = project.TestCount;
-  scores.CatsUsed.Reset(tests);
-  scores.CatsByMin.Reset(MinuteRows(project), tests);
-  scores.CatRepeats.Reset(tests);
-  scores.SumSquares.Reset(tests);
-  scores.MaxRepeats.Reset(tests);
-  scores.ExpectedRepeats.Reset(tests);
-  scores.ArcScore.Reset(tests);
-  scores.ItemsPerCat.Reset(tests);
+  scores.Tests.Reset(project.TestCount);
+  scores.CatsByMin.Reset(MinuteRows(project), project.TestCount);
   scores.AnyArcFailed = false;
 }
 
 void ResetItrScores(ItrScores& scores, const ProjectParameters& project) {
-  const int tests = project.TestCount;
-  scores.ItrObserved.Reset(tests);
-  scores.ItrCommon.Reset(tests);
-  scores.ItrExpected.Reset(tests);
-  scores.BiItr.Reset(tests);
+  scores.Pairs.Reset(project.TestCount);
   scores.AnyItrFailed = false;
 }
 
@@ -70,8 +48,7 @@ void ResetLureScores(ScoringArrays& scores, const ProjectParameters& project) {
   if (!IsFalseMemoryInForce(project)) return;
   ResetItemScores(scores.Lures, project);
   scores.Which.LureRecalled.Reset(project.CategoryCount, project.TestCount);
-  scores.Which.ItemsPreLure.Reset(project.TestCount);
-  scores.Which.ItemsPostLure.Reset(project.TestCount);
+  scores.Which.Tests.Reset(project.TestCount);
 }
 
 void ResetScores(ScoringArrays& scores, const ProjectParameters& project) {

@@ -58,48 +58,64 @@ struct RatingChange {
   Ratio Same;
 };
 
-/// The measures that are taken of any set of items: the true items, and by the same rules the lures. Values of test t
-/// against t-1 stand at t, from test 2.
-struct ItemScores {
-  PerTest<std::int16_t> Net;  ///< entries of the list, repeats included
-  PerTest<std::int16_t> Gains;
-  PerTest<std::int16_t> Losses;
-  TestTable<std::int16_t> GainsByMin;  ///< row: minute
-  PerTest<std::int16_t> GainsAboveMid;
-  PerTest<std::int16_t> GainsBelowMid;
-  PerTest<std::int16_t> GainsAtMid;
-  PerTest<RatingChange> Changes;  ///< test t-1 to t
-  RatingChange FirstToLast;       ///< test 1 to T, with at least 3 tests
-
-  TestTable<std::int16_t> RecallByMin;         ///< row: minute
-  std::vector<std::int16_t> CumulativeRecall;  ///< by running minute over all tests, from index 0
-
-  PerTest<std::int16_t> RateAboveMid;
-  PerTest<std::int16_t> RateBelowMid;
-  PerTest<std::int16_t> RateAtMid;
-  PerTest<std::int16_t> RatingSum;  ///< up to 32,767, else an overflow
-  PerTest<Ratio> RatingAvg;         ///< ratings of the scale, cut to two decimals; tests flagged "Y" only
+/// What came and went from test t-1 to t. By rating where test t is rated.
+struct TestChange {
+  std::int16_t Gains = 0;
+  std::int16_t Losses = 0;
+  std::int16_t GainsAboveMid = 0;
+  std::int16_t GainsBelowMid = 0;
+  std::int16_t GainsAtMid = 0;
+  RatingChange Ratings;
 };
 
-/// How recall is organised by the categories of the list, per test.
+/// The ratings of a test's list.
+struct TestRatings {
+  std::int16_t RateAboveMid = 0;
+  std::int16_t RateBelowMid = 0;
+  std::int16_t RateAtMid = 0;
+  std::int16_t RatingSum = 0;  ///< up to 32,767, else an overflow
+  Ratio RatingAvg;             ///< ratings of the scale, cut to two decimals; tests flagged "Y" only
+};
+
+/// The measures that are taken of any set of items: the true items, and by the same rules the lures.
+struct ItemScores {
+  PerTest<std::int16_t> Net;    ///< entries of the list, repeats included
+  PerTest<TestChange> Changes;  ///< from test 2
+  RatingChange FirstToLast;     ///< test 1 to T, with at least 3 tests
+  PerTest<TestRatings> Ratings;
+
+  TestTable<std::int16_t> GainsByMin;          ///< row: minute; from test 2
+  TestTable<std::int16_t> RecallByMin;         ///< row: minute
+  std::vector<std::int16_t> CumulativeRecall;  ///< by running minute over all tests, from index 0
+};
+
+/// How the recall of a test is organised by the categories of the list.
+struct TestClustering {
+  std::int16_t CatsUsed = 0;
+  std::int16_t CatRepeats = 0;   ///< neighbours of one category (R)
+  std::int16_t SumSquares = 0;   ///< of the entries per category; up to 32,767, else an overflow
+  std::int16_t MaxRepeats = 0;   ///< list length less categories used
+  float ExpectedRepeats = 0.0F;  ///< by chance: SumSquares / list length - 1
+  Ratio ArcScore;                ///< adjusted ratio of clustering, 1 at most, cut to three decimals
+  Ratio ItemsPerCat;             ///< entries per category used, cut to two decimals
+};
+
 struct CategoryScores {
-  PerTest<std::int16_t> CatsUsed;
+  PerTest<TestClustering> Tests;
   TestTable<std::int16_t> CatsByMin;  ///< row: minute in which a category's first item came
-  PerTest<std::int16_t> CatRepeats;   ///< neighbours of one category (R)
-  PerTest<std::int16_t> SumSquares;   ///< of the entries per category; up to 32,767, else an overflow
-  PerTest<std::int16_t> MaxRepeats;   ///< list length less categories used
-  PerTest<float> ExpectedRepeats;     ///< by chance: SumSquares / list length - 1
-  PerTest<Ratio> ArcScore;            ///< adjusted ratio of clustering, 1 at most, cut to three decimals
-  PerTest<Ratio> ItemsPerCat;         ///< entries per category used, cut to two decimals
   bool AnyArcFailed = false;
 };
 
-/// Bi-directional inter-test repetition of test t-1 on test t, at t.
+/// Bi-directional inter-test repetition of test t-1 on test t.
+struct PairRepetition {
+  std::int16_t ItrObserved = 0;  ///< pairs of neighbours found again, in either order
+  std::int16_t ItrCommon = 0;    ///< c: list length less gains
+  float ItrExpected = 0.0F;      ///< by chance: 2c(c-1) / product of the two list lengths
+  Ratio BiItr;                   ///< pairs: observed less expected, cut to three decimals
+};
+
 struct ItrScores {
-  PerTest<std::int16_t> ItrObserved;  ///< pairs of neighbours found again, in either order
-  PerTest<std::int16_t> ItrCommon;    ///< c: list length less gains
-  PerTest<float> ItrExpected;         ///< by chance: 2c(c-1) / product of the two list lengths
-  PerTest<Ratio> BiItr;               ///< pairs: observed less expected, cut to three decimals
+  PerTest<PairRepetition> Pairs;  ///< at t, from test 2
   bool AnyItrFailed = false;
 };
 
@@ -115,11 +131,16 @@ struct PatternCounts {
   std::vector<std::int16_t> LuresWithPattern;
 };
 
-/// Which lures were recalled, and what of their categories before and after them.
+/// What of their categories was recalled before and after the lures of a test.
+struct TestLures {
+  std::int16_t ItemsPreLure = 0;
+  std::int16_t ItemsPostLure = 0;
+};
+
+/// Which lures were recalled, and where.
 struct LureScores {
   TestTable<std::int16_t> LureRecalled;  ///< row: lure, numbered like its category; 1 or 0
-  PerTest<std::int16_t> ItemsPreLure;
-  PerTest<std::int16_t> ItemsPostLure;
+  PerTest<TestLures> Tests;
 };
 
 /// Everything that is computed of one subject, and what that takes. One set serves a whole run.

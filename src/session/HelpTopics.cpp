@@ -26,6 +26,15 @@ std::string TopicOfStage(MasterFlow::Stage stage) {
   return "master";
 }
 
+std::string TopicOfForm(LocationFlow::Form form) {
+  switch (form) {
+    case LocationFlow::Form::SelectParam: break;
+    case LocationFlow::Form::ChangeParam: return "moveparam";
+    case LocationFlow::Form::BackupDestination: return "backup";
+  }
+  return "param";
+}
+
 std::string TopicOfPurpose(SubjectIdentification::Purpose purpose) {
   switch (purpose) {
     case SubjectIdentification::Purpose::NewSubject: break;
@@ -63,8 +72,7 @@ std::string HelpTopicFor(const HelpPlace& place) {
     case Screen::Main: break;
     case Screen::Wizard: return "wizard" + std::to_string(place.WizardPage);
     case Screen::Viewing: return "viewing";
-    case Screen::ParamLocation: return place.Location == ParamLocation::Form::Select ? "param" : "moveparam";
-    case Screen::BackupDestination: return "backup";
+    case Screen::Location: return TopicOfForm(place.Location);
     case Screen::Identification: return TopicOfPurpose(place.Purpose);
     case Screen::Entry: return "grid";
     case Screen::Masters: return TopicOfStage(place.Stage);

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "project/ParamLocation.h"
+#include "session/LocationFlow.h"
 #include "session/MasterFlow.h"
 #include "session/MenuStates.h"
 #include "subjects/SubjectIdentification.h"
@@ -16,7 +16,7 @@ namespace zova {
 struct HelpPlace {
   Screen Shown = Screen::Main;
   int WizardPage = 1;
-  ParamLocation::Form Location = ParamLocation::Form::Select;
+  LocationFlow::Form Location = LocationFlow::Form::SelectParam;
   SubjectIdentification::Purpose Purpose = SubjectIdentification::Purpose::NewSubject;
   MasterFlow::Stage Stage = MasterFlow::Stage::Closed;
 };

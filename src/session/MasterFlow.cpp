@@ -10,6 +10,7 @@
 #include "platform/desktop/FileErrorBoxes.h"
 
 #include "master/run/RunStart.h"
+#include "project/ProjectLayout.h"
 
 namespace zova {
 

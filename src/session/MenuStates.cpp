@@ -35,8 +35,7 @@ MenuStates MenusFor(const MenuFacts& facts) noexcept {
     case Screen::Main: AllowMainScreen(states, facts); break;
     case Screen::Wizard: states.Open = true; break;
     case Screen::Viewing:
-    case Screen::ParamLocation:
-    case Screen::BackupDestination:
+    case Screen::Location:
     case Screen::Masters:
     case Screen::Means: break;
     case Screen::Identification: AllowPreferences(states, facts); break;

@@ -4,7 +4,7 @@
 namespace zova {
 
 /// What the window shows. Identification and Entry are the two screens of a subject being entered.
-enum class Screen { Main, Wizard, Viewing, ParamLocation, BackupDestination, Identification, Entry, Masters, Means };
+enum class Screen { Main, Wizard, Viewing, Location, Identification, Entry, Masters, Means };
 
 /// All that the menus depend on.
 struct MenuFacts {

@@ -2,9 +2,9 @@
 
 #include "session/ProgramDirectory.h"
 
-namespace zova {
+#include <algorithm>
 
-namespace fs = std::filesystem;
+namespace zova {
 
 namespace {
 
@@ -12,23 +12,22 @@ constexpr const char* kHelpName = "ZOVA2.hlp";
 constexpr const char* kSampleData = "Sample Data";
 
 // Buffered: the program is not to wait for the disk at its start, and the originals stay where they are.
-void CopyInstalled(const fs::path& installed, const std::string& target, Disk& disk) {
+void CopyInstalled(const std::string& installed, const std::string& target, Disk& disk) {
   std::string content;
-  disk.ReadNative(installed, PathText(installed), content);
+  disk.Read(installed, content);
   disk.Write(target, content, Disk::Durability::Buffered);
 }
 
 // A directory that is there already keeps what its user made of it; only directories that it lacks are added.
-void FillDirectory(const fs::path& installed, const std::string& target, Disk& disk) {
+void FillDirectory(const std::string& installed, const std::string& target, Disk& disk) {
   const bool isNew = !disk.DirectoryExists(target);
   if (isNew) disk.CreateDirectories(target);
-  for (const fs::directory_entry& entry : fs::directory_iterator(installed)) {
-    const std::string inTarget = JoinPath(target, PathText(entry.path().filename()));
-    if (entry.is_directory()) {
-      FillDirectory(entry.path(), inTarget, disk);
-    } else if (isNew) {
-      CopyInstalled(entry.path(), inTarget, disk);
-    }
+  const auto copy = [&](const std::string& name) {
+    CopyInstalled(JoinPath(installed, name), JoinPath(target, name), disk);
+  };
+  if (isNew) std::ranges::for_each(disk.ListFiles(installed, "", ""), copy);
+  for (const std::string& name : disk.ListDirectories(installed)) {
+    FillDirectory(JoinPath(installed, name), JoinPath(target, name), disk);
   }
 }
 
@@ -45,17 +44,17 @@ void TrySilently(Step&& step) noexcept {
 
 std::string HelpFile(const std::string& programDir) { return JoinPath(programDir, kHelpName); }
 
-void FillProgramDirectory(const fs::path& installed, const std::string& programDir, Disk& disk) noexcept {
+void FillProgramDirectory(const std::string& installed, const std::string& programDir, Disk& disk) noexcept {
   TrySilently([&] {
+    const std::string source = HelpFile(installed);
     const std::string help = HelpFile(programDir);
-    if (!fs::exists(installed / kHelpName) || disk.FileExists(help)) return;
+    if (!disk.FileExists(source) || disk.FileExists(help)) return;
     disk.CreateDirectories(programDir);
-    CopyInstalled(installed / kHelpName, help, disk);
+    CopyInstalled(source, help, disk);
   });
   TrySilently([&] {
-    if (fs::is_directory(installed / kSampleData)) {
-      FillDirectory(installed / kSampleData, JoinPath(programDir, kSampleData), disk);
-    }
+    const std::string samples = JoinPath(installed, kSampleData);
+    if (disk.DirectoryExists(samples)) FillDirectory(samples, JoinPath(programDir, kSampleData), disk);
   });
 }
 

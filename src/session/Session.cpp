@@ -12,18 +12,18 @@
 
 namespace zova {
 
-Session::Session(const Platform& platform, std::string programDir, std::filesystem::path installed)
+Session::Session(const Platform& platform, std::string programDir, std::string installed)
     : m_platform(platform),
       m_programDir(std::move(programDir)),
       m_installed(std::move(installed)),
       m_param(platform.Settings, platform.Files),
       m_location(m_param, m_programDir, platform),
       m_wizard(platform),
-      m_locationBrowser(platform.Files, platform.Boxes, kPathNotFound),
-      m_identification(m_record, platform),
-      m_entry(m_record, m_preferences, platform),
+      m_subjects(m_preferences, platform),
       m_masters(platform),
       m_means(platform) {
+  m_location.SetObserver([this](const LocationOutcome& outcome) { FollowLocation(outcome); });
+  m_subjects.SetObserver([this] { FollowSubjects(); });
   m_masters.SetObserver([this] { FollowMasters(); });
   m_means.SetObserver([this] {
     if (m_observer) m_observer();
@@ -34,7 +34,7 @@ void Session::Prepare() {
   m_prepared = true;
   FillProgramDirectory(m_installed, m_programDir, m_platform.Files);
   m_param.Load();
-  if (!m_param.IsRegistered()) ShowLocation(Screen::ParamLocation);
+  if (!m_param.IsRegistered()) ShowParamLocation();
 }
 
 void Session::Start() {
@@ -52,7 +52,7 @@ void Session::StartWithLostParam() {
       {.Text = "The 'Param' directory has been moved or deleted.  To attempt to locate the 'Param' directory or to "
                "select a new location for it, select 'Yes' below.  If you select 'No' ZOVA will create a new 'Param' "
                "folder at '" +
-               JoinPath(m_programDir, "Param") + "'.  Do you want to browse for a directory location?",
+               ParamDirectoryIn(m_programDir) + "'.  Do you want to browse for a directory location?",
        .Icon = BoxIcon::Exclamation,
        .Buttons = BoxButtons::YesNo,
        .Default = BoxAnswer::Yes,
@@ -62,13 +62,13 @@ void Session::StartWithLostParam() {
       CreateParamDirectory(m_param.Path(), m_programDir, m_platform.Files, m_platform.Boxes)) {
     if (LockParam()) OfferRestore();
   } else {
-    ShowLocation(Screen::ParamLocation);
+    ShowParamLocation();
   }
 }
 
 bool Session::LockParam() {
   if (m_param.Lock(m_param.Path())) return true;
-  m_platform.Boxes.Show({.Text = "ZOVA is already running with this 'Param' directory.", .Icon = BoxIcon::Critical});
+  ReportParamInUse(m_platform.Boxes);
   m_ended = true;
   return false;
 }
@@ -134,6 +134,54 @@ void Session::OpenExistingProject() {
     UnfinishedBusiness();
 }
 
+void Session::Identify(SubjectIdentification::Purpose purpose) {
+  m_subjects.Identify(purpose, *m_project, m_param.Path());
+}
+
+void Session::EnterSubjects() {
+  if (OpenFirst()) Identify(SubjectIdentification::Purpose::NewSubject);
+}
+
+void Session::ReadOldData() {
+  if (OpenFirst()) Identify(SubjectIdentification::Purpose::OldData);
+}
+
+void Session::UnfinishedBusiness() {
+  if (!OpenFirst()) return;
+  const bool isKnown = WithRetry(m_platform.Boxes, [&] {
+    if (!m_platform.Files.DirectoryExists(m_project->PrimaryDir)) {
+      throw FileError(FileOperation::List, m_project->PrimaryDir, FileCause::PathNotFound);
+    }
+    m_hasUnfinished = HasUnfinishedFiles();
+  });
+  if (!isKnown) return;
+  if (m_hasUnfinished) {
+    Identify(SubjectIdentification::Purpose::Unfinished);
+    return;
+  }
+  Show(Screen::Main);
+  Inform(m_platform.Boxes, "You do not have unfinished data for this project.");
+}
+
+void Session::SaveIncompleteSubject() {
+  if (Menus().SaveIncomplete) m_subjects.Entry().SaveIncomplete();
+}
+
+void Session::FollowSubjects() {
+  switch (m_subjects.CurrentStage()) {
+    case SubjectFlow::Stage::Closed: return Show(Screen::Main);
+    case SubjectFlow::Stage::Identification: return Show(Screen::Identification);
+    case SubjectFlow::Stage::Entry: return Show(Screen::Entry);
+  }
+}
+
+void Session::OfferRestore() {
+  auto restored = m_subjects.OfferRestore(m_param.Path());
+  if (!restored) return;
+  TakeProject(std::move(restored->Parameters), std::move(restored->Path));
+  m_subjects.EnterRestored(*m_project, m_param.Path());
+}
+
 bool Session::OpenFirst() {
   if (m_screen != Screen::Main) return false;
   if (!m_project) OpenExistingProject();
@@ -162,7 +210,7 @@ void Session::FinishWizard() {
   if (!m_wizard.Done(m_restoring)) return;
   if (!viewing) {
     const ProjectParameters& project = m_wizard.Project();
-    TakeProject(project, JoinPath(m_param.Path(), project.ProjectFileName));
+    TakeProject(project, ParameterFilePath(m_param.Path(), project));
   }
   Show(Screen::Main);
   if (viewing) return;
@@ -194,8 +242,8 @@ bool Session::Close() {
   if (m_ended) return true;
   if (m_masters.CurrentStage() == MasterFlow::Stage::Writing) return false;
   FinishMasters();
-  if (m_screen == Screen::ParamLocation) {
-    m_ended = m_location.Close().Next != LocationOutcome::Step::Stay;
+  if (m_screen == Screen::Location) {
+    m_ended = m_location.MayClose();
   } else {
     m_ended = m_screen != Screen::Entry || MayLeaveEntry({.Text = "Are you sure that you would like to exit ZOVA?",
                                                           .Icon = BoxIcon::Question,
@@ -206,13 +254,13 @@ bool Session::Close() {
 
 bool Session::MayLeaveEntry(const Question& question) {
   if (!Confirm(m_platform.Boxes, question)) return false;
-  m_entry.Abandon();
+  m_subjects.Entry().Abandon();
   return true;
 }
 
 void Session::Recover(const std::exception_ptr& fault) {
   try {
-    m_entry.SecureAutosave();
+    m_subjects.Entry().SecureAutosave();
   } catch (...) {
     // What ended the command, memory that is short, say, may end this as well. The last autosave is still whole.
   }
@@ -229,7 +277,7 @@ void Session::ToggleNextBlankSpace() noexcept {
 }
 
 void Session::ToggleAutosave() {
-  if (Menus().Autosave) m_entry.SetAutosave(!m_preferences.Autosave);
+  if (Menus().Autosave) m_subjects.Entry().SetAutosave(!m_preferences.Autosave);
 }
 
 }  // namespace zova

@@ -2,21 +2,17 @@
 #pragma once
 
 #include <exception>
-#include <filesystem>
 #include <functional>
 #include <optional>
 #include <string>
 
 #include "means/MeansExaminer.h"
-#include "platform/desktop/DirectoryBrowser.h"
 #include "platform/desktop/Platform.h"
-#include "project/ParamLocation.h"
-#include "project/ProjectBackup.h"
 #include "project/wizard/NewProjectWizard.h"
+#include "session/LocationFlow.h"
 #include "session/MasterFlow.h"
 #include "session/MenuStates.h"
-#include "subjects/SubjectIdentification.h"
-#include "subjects/entry/SubjectEntry.h"
+#include "session/SubjectFlow.h"
 
 namespace zova {
 
@@ -25,7 +21,7 @@ namespace zova {
 class Session {
  public:
   /// `programDir` is the program's directory as a drive-letter path, `installed` the native one that it is filled from.
-  Session(const Platform& platform, std::string programDir, std::filesystem::path installed);
+  Session(const Platform& platform, std::string programDir, std::string installed);
 
   /// Called whenever what the window shows may have changed while a command goes on with a message.
   void SetObserver(std::function<void()> observer) { m_observer = std::move(observer); }
@@ -79,16 +75,8 @@ class Session {
   void CancelWizard();
   void FinishWizard();
 
-  SubjectIdentification& Identification() noexcept { return m_identification; }
-  void FinishIdentification();
-  void LoadTypedSubject();
-  void BrowseSubject();
-  void CancelIdentification();
-
-  SubjectEntry& Entry() noexcept { return m_entry; }
-  void DoneWithAllTests();
-  void CancelEntry();
-  void AutosaveTick();
+  /// The screens of a subject; `Shown` is Identification or Entry while its stage is.
+  SubjectFlow& Subjects() noexcept { return m_subjects; }
 
   /// The screens of a master; `Shown` is Masters while its stage is not Closed.
   MasterFlow& Masters() noexcept { return m_masters; }
@@ -101,20 +89,13 @@ class Session {
   MeansExaminer& Means() noexcept { return m_means; }
   void CloseMeans();
 
-  // The panel on which a directory is chosen, in its three forms.
-  [[nodiscard]] LocationTexts LocationTextsShown() const;
-  DirectoryBrowser& LocationBrowser() noexcept { return m_locationBrowser; }
-  [[nodiscard]] const std::string& LocationText() const noexcept { return m_locationText; }
-  void SetLocationText(const std::string& text);
-  /// The Param directory that the text gives; "" on the backup form.
-  [[nodiscard]] std::string LocationResult() const;
-  void AcceptLocation();
-  void CancelLocation();
+  /// The screen on which a directory is chosen; `Shown` is Location while it is up.
+  LocationFlow& Location() noexcept { return m_location; }
 
  private:
   void Show(Screen screen);
-  void ShowLocation(Screen screen);
-  void Follow(const LocationOutcome& outcome);
+  void ShowParamLocation();
+  void FollowLocation(const LocationOutcome& outcome);
   void StartWithLostParam();
   bool LockParam();
   void TakeProject(ProjectParameters project, std::string file);
@@ -127,25 +108,19 @@ class Session {
   void FollowMasters();
   void FinishMasters();
   void OfferRestore();
-  void RestoreAutosave();
   void Identify(SubjectIdentification::Purpose purpose);
-  void OpenEntry(SubjectIdentification::Outcome outcome);
+  void FollowSubjects();
 
   Platform m_platform;
   std::string m_programDir;
-  std::filesystem::path m_installed;
+  std::string m_installed;
   ParamDirectory m_param;
-  ParamLocation m_location;
+  LocationFlow m_location;
   NewProjectWizard m_wizard;
-  DirectoryBrowser m_locationBrowser;
-  std::string m_locationText;
   Preferences m_preferences;
-  SubjectRecord m_record;
-  SubjectIdentification m_identification;
-  SubjectEntry m_entry;
+  SubjectFlow m_subjects;
   MasterFlow m_masters;
   MeansExaminer m_means;
-  bool m_entersNewSubjects = false;  // after a complete save the next one is asked for
   std::function<void()> m_observer;
   Screen m_screen = Screen::Main;
   std::optional<ProjectParameters> m_project;
@@ -153,8 +128,6 @@ class Session {
   bool m_hasUnfinished = false;
   bool m_restoring = false;  // never false again once set
   bool m_prepared = false;
-  bool m_restoreOffered = false;
-  bool m_keepsAutosave = false;  // one that could not be restored
   bool m_ended = false;
 };
 

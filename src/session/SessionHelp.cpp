@@ -15,7 +15,7 @@ void Session::ShowScreenHelp() {
   m_location.NoteOtherAct();
   m_platform.Help.ShowHelp(HelpFile(m_programDir),
                            HelpTopicFor({m_screen, m_wizard.Page(), m_location.CurrentForm(),
-                                         m_identification.CurrentPurpose(), m_masters.CurrentStage()}));
+                                         m_subjects.Identification().CurrentPurpose(), m_masters.CurrentStage()}));
 }
 
 void Session::ShowMeasuresHelp() { m_platform.Help.ShowHelp(HelpFile(m_programDir), "measures"); }

@@ -48,7 +48,8 @@ void Session::OpenLastMasterFolder() {
   if (LastMaster().empty()) return;
   bool opened = true;
   WithRetry(m_platform.Boxes, [&] {
-    opened = m_platform.Pointer.OpenFolder(m_platform.Files.Resolve(LastMaster(), FileOperation::List).parent_path());
+    opened =
+        m_platform.Pointer.OpenFolder(DirectoryOf(m_platform.Files.Resolve(LastMaster(), FileOperation::List)).Native);
   });
   if (opened) return;
   Warn(m_platform.Boxes, "The folder could not be opened.", std::string(DirectoryOfPath(LastMaster())));
@@ -57,7 +58,10 @@ void Session::OpenLastMasterFolder() {
 void Session::CreateNewBackup() {
   if (!Menus().Backup) return;
   const BackupOutcome outcome = BeginBackup(*m_project, m_param.Path(), m_platform);
-  if (outcome.AsksDestination) ShowLocation(Screen::BackupDestination);
+  if (outcome.AsksDestination) {
+    m_location.OpenBackup(*m_project, m_saved);
+    Show(Screen::Location);
+  }
   if (outcome.Message) m_platform.Boxes.Show(*outcome.Message);
 }
 
@@ -72,55 +76,22 @@ void Session::RestoreFromBackup() {
   if (!WithRetry(m_platform.Boxes, [&] { project = ReadProjectFile(m_platform.Files, *path); })) return;
   const bool wasBackupCopy = project.FormatMarker == kBackupMarker;
   const std::optional<MessageBox> message = RestoreData(project, *path, m_param.Path(), m_platform);
-  std::string file = wasBackupCopy ? JoinPath(m_param.Path(), project.ProjectFileName) : *path;
+  std::string file = wasBackupCopy ? ParameterFilePath(m_param.Path(), project) : *path;
   TakeProject(std::move(project), std::move(file));
   Show(Screen::Main);
   if (message) m_platform.Boxes.Show(*message);
 }
 
 void Session::ChangeParamLocation() {
-  if (Menus().MoveParam) ShowLocation(Screen::ParamLocation);
+  if (Menus().MoveParam) ShowParamLocation();
 }
 
-void Session::ShowLocation(Screen screen) {
-  if (screen == Screen::ParamLocation) m_location.Open();
-  m_locationBrowser.Reset();
-  m_locationText = m_locationBrowser.Path();
-  Show(screen);
+void Session::ShowParamLocation() {
+  m_location.OpenParam();
+  Show(Screen::Location);
 }
 
-LocationTexts Session::LocationTextsShown() const {
-  return m_screen == Screen::BackupDestination ? BackupDestinationTexts() : m_location.Texts();
-}
-
-void Session::SetLocationText(const std::string& text) {
-  m_locationText = text;
-  m_location.NoteOtherAct();
-}
-
-std::string Session::LocationResult() const {
-  return m_screen == Screen::ParamLocation ? m_location.Target(m_locationText) : std::string();
-}
-
-void Session::AcceptLocation() {
-  m_locationText = m_platform.Files.Drives().ToDrivePath(m_locationText);
-  if (m_screen == Screen::ParamLocation) {
-    Follow(m_location.Accept(m_locationText));
-  } else if (m_screen == Screen::BackupDestination) {
-    const auto message = BackUpTo(*m_project, m_locationText, m_saved, m_platform);
-    if (message) Follow({LocationOutcome::Step::Close, message});
-  }
-}
-
-void Session::CancelLocation() {
-  if (m_screen == Screen::ParamLocation) {
-    Follow(m_location.Cancel());
-  } else if (m_screen == Screen::BackupDestination) {
-    Show(Screen::Main);
-  }
-}
-
-void Session::Follow(const LocationOutcome& outcome) {
+void Session::FollowLocation(const LocationOutcome& outcome) {
   if (outcome.Next == LocationOutcome::Step::EndProgram) m_ended = true;
   if (outcome.Next == LocationOutcome::Step::Close) Show(Screen::Main);
   if (outcome.Message) m_platform.Boxes.Show(*outcome.Message);

@@ -22,8 +22,6 @@ namespace zova {
 
 namespace {
 
-constexpr const char* kAutosaveName = "Temp.txt";
-
 bool HasRatingColumn(const ProjectParameters& project) { return UpperCase(project.FormatMarker) != "OLD ZOVA"; }
 
 void WriteLevelsAndLists(RecordWriter& out, const SubjectRecord& record, const ProjectParameters& project) {
@@ -161,18 +159,18 @@ void ParseAutosave(std::string_view bytes, const ProjectParameters& project, Sub
 // The file's first name that is free beside it.
 std::string FreeName(Disk& disk, const std::string& paramDir) {
   for (int number = 1;; ++number) {
-    std::string path = JoinPath(paramDir, "Temp " + std::to_string(number) + ".txt");
+    std::string path = KeptAutosavePath(paramDir, number);
     if (!disk.FileExists(path)) return path;
   }
 }
 
 void WriteAutosaveFile(Disk& disk, const std::string& paramDir, const SubjectRecord& record,
                        const ProjectParameters& project) {
-  disk.Write(JoinPath(paramDir, kAutosaveName), FormatAutosave(record, project));
+  disk.Write(AutosavePath(paramDir), FormatAutosave(record, project));
 }
 
 std::string ReadAutosaveProject(Disk& disk, const std::string& paramDir) {
-  const std::string path = JoinPath(paramDir, kAutosaveName);
+  const std::string path = AutosavePath(paramDir);
   std::string bytes;
   disk.Read(path, bytes);
   return ParsingFile(path, [&] { return ParseAutosaveProject(bytes); });
@@ -180,21 +178,21 @@ std::string ReadAutosaveProject(Disk& disk, const std::string& paramDir) {
 
 void ReadAutosaveFile(Disk& disk, const std::string& paramDir, const ProjectParameters& project,
                       SubjectRecord& record) {
-  const std::string path = JoinPath(paramDir, kAutosaveName);
+  const std::string path = AutosavePath(paramDir);
   std::string bytes;
   disk.Read(path, bytes);
   ParsingFile(path, [&] { ParseAutosave(bytes, project, record); });
 }
 
 void KeepAutosaveFile(Disk& disk, const std::string& paramDir) {
-  const std::string path = JoinPath(paramDir, kAutosaveName);
+  const std::string path = AutosavePath(paramDir);
   if (!disk.FileExists(path)) return;
   disk.Copy(path, FreeName(disk, paramDir));
   disk.Delete(path);
 }
 
 void DeleteAutosaveFile(Disk& disk, const std::string& paramDir) {
-  const std::string path = JoinPath(paramDir, kAutosaveName);
+  const std::string path = AutosavePath(paramDir);
   if (disk.FileExists(path)) disk.Delete(path);
 }
 

@@ -13,8 +13,6 @@ namespace zova {
 
 namespace {
 
-constexpr std::string_view kExtension = ".dat";
-
 // `Sdata` and `Unfinished` are made when only they are missing; a missing primary or backup directory is a disk that
 // is not there, and an error.
 void EnsureDirectory(Disk& disk, const std::string& directory) {
@@ -74,37 +72,8 @@ bool WriteCopies(const SubjectRecord& record, const ProjectParameters& project, 
 }  // namespace
 
 bool IsSubjectId(std::string_view text) {
-  constexpr std::size_t kLongest = 20;
-  return text.find_first_not_of(' ') != std::string_view::npos && CharacterCount(text) <= kLongest &&
+  return text.find_first_not_of(' ') != std::string_view::npos && CharacterCount(text) <= kMaxSubjectIdLength &&
          IsFileNamePart(text) && IsValidUtf8(text);
-}
-
-std::string SubjectDirectory(const std::string& directory) { return JoinPath(directory, "Sdata"); }
-std::string UnfinishedDirectory(const std::string& directory) {
-  return JoinPath(SubjectDirectory(directory), "Unfinished");
-}
-
-std::string SubjectFileName(const ProjectParameters& project, std::string_view subjectId) {
-  std::string name = project.Abbreviation;
-  // The first two characters here, the whole marker where identifiers are taken from names: both forms are kept.
-  if (project.FormatMarker.starts_with("VB")) name += " Sub#";
-  name += subjectId;
-  name += kExtension;
-  return name;
-}
-
-std::string SubjectIdFromFileName(const ProjectParameters& project, std::string_view path) {
-  std::string_view name = LastPathComponent(path);
-  name.remove_suffix(std::min(name.size(), kExtension.size()));
-  std::string prefix = project.Abbreviation;
-  if (project.FormatMarker == kCurrentMarker) prefix += " Sub#";
-  // "Exp.dat" in a project "Exp" of the oldest layout has an empty identifier; it is listed, so it is scored.
-  if (BeginsIgnoringCase(name, prefix)) name.remove_prefix(prefix.size());
-  return std::string(name);
-}
-
-std::vector<std::string> ListSubjectFiles(Disk& disk, const ProjectParameters& project, const std::string& directory) {
-  return disk.ListFiles(directory, project.Abbreviation, kExtension);
 }
 
 SaveOutcome SaveSubject(SubjectRecord& record, const ProjectParameters& project, const std::string& paramDir,

@@ -3,31 +3,15 @@
 
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "platform/desktop/Platform.h"
+#include "project/ProjectLayout.h"
 #include "subjects/SubjectRecord.h"
 
 namespace zova {
 
 /// False for what cannot be a subject's identifier: blank, longer than 20 characters, or no part of a file's name.
 bool IsSubjectId(std::string_view text);
-
-/// Where a project's subject files lie, below a primary or backup directory.
-std::string SubjectDirectory(const std::string& directory);
-std::string UnfinishedDirectory(const std::string& directory);
-
-/// The name of a subject's file: abbreviation + " Sub#" + identifier + ".dat" when the project's marker begins with
-/// "VB", else without " Sub#".
-std::string SubjectFileName(const ProjectParameters& project, std::string_view subjectId);
-
-/// The identifier in the name of a listed file: without the expected prefix (in either case) and ".dat". A name without
-/// that prefix is another project's; its whole name without ".dat" shows it.
-std::string SubjectIdFromFileName(const ProjectParameters& project, std::string_view path);
-
-/// The names of the project's files in a directory (abbreviation + anything + ".dat"), in the order of a master's
-/// rows. Throws FileError.
-std::vector<std::string> ListSubjectFiles(Disk& disk, const ProjectParameters& project, const std::string& directory);
 
 /// What a save did.
 struct SaveOutcome {

@@ -16,18 +16,11 @@ namespace zova {
 
 namespace {
 
-constexpr std::size_t kExtensionLength = 4;
-
-// The whole marker here, its first two characters where files are saved: both forms are kept.
-std::string ExpectedPrefix(const ProjectParameters& project) {
-  return project.Abbreviation + (project.FormatMarker == kCurrentMarker ? " Sub#" : "");
-}
-
 // "" for a file that is none of this project's subjects. Blanks around an identifier stay: so does its file.
 std::string IdentifierOfFile(const ProjectParameters& project, std::string_view path) {
   const std::string_view name = LastPathComponent(path);
   const std::string prefix = ExpectedPrefix(project);
-  if (!BeginsIgnoringCase(name, prefix) || name.size() - prefix.size() <= kExtensionLength) return {};
+  if (!BeginsIgnoringCase(name, prefix) || name.size() - prefix.size() <= kDataFileEnd.size()) return {};
   return SubjectIdFromFileName(project, path);
 }
 
@@ -130,8 +123,8 @@ std::string SubjectIdentification::Directory() const {
 
 // False also when it could not be looked for and the user gave up.
 bool SubjectIdentification::MayReplaceComplete(const std::string& subjectId) {
-  const std::string path =
-      JoinPath(SubjectDirectory(m_project->PrimaryDir), ExpectedPrefix(*m_project) + subjectId + ".dat");
+  const std::string path = JoinPath(SubjectDirectory(m_project->PrimaryDir),
+                                    ExpectedPrefix(*m_project).append(subjectId).append(kDataFileEnd));
   bool exists = false;
   const bool isKnown = WithRetry(m_platform.Boxes, [&] {
     RequirePrimary(*m_project, m_platform.Files);

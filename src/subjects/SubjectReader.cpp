@@ -5,8 +5,8 @@
 #include <set>
 
 #include "platform/files/DataFileError.h"
+#include "project/ProjectLayout.h"
 #include "subjects/SubjectFile.h"
-#include "subjects/SubjectFiles.h"
 
 namespace zova {
 
@@ -16,7 +16,7 @@ void SubjectReader::FindDirectory() {
   for (const std::string& directory : {m_project.PrimaryDir, sdata}) {
     if (!m_disk.DirectoryExists(directory)) throw FileError(FileOperation::List, directory, FileCause::PathNotFound);
   }
-  m_native = m_disk.Resolve(sdata, FileOperation::Read);
+  m_directory = m_disk.Resolve(sdata, FileOperation::Read);
 }
 
 void SubjectReader::List(int expected) {
@@ -62,9 +62,9 @@ void SubjectReader::Read(int k, SubjectRecord& record) {
 }
 
 void SubjectReader::ReadFile(const std::string& name, SubjectRecord& record) {
-  const std::string path = JoinPath(SubjectDirectory(m_project.PrimaryDir), name);
-  m_disk.ReadNative(m_native / PathFromText(name), path, m_bytes);
-  ParsingFile(path, [&] { ParseSubject(m_bytes, m_project, record); });
+  const ResolvedPath file = Below(m_directory, name);
+  m_disk.Read(file, m_bytes);
+  ParsingFile(file.Shown, [&] { ParseSubject(m_bytes, m_project, record); });
 }
 
 // After a Retry the missing files may be back; those already read are not read again.

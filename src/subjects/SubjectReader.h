@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -45,7 +44,7 @@ class SubjectReader {
   std::vector<std::string> m_names;
   int m_expected = 0;
   bool m_reportedMissing = false;
-  std::filesystem::path m_native;
+  ResolvedPath m_directory;
   std::string m_bytes;  // kept between subjects so that a run allocates once
 };
 

@@ -24,9 +24,9 @@ class EntryPanelTest : public SessionTest {
     project.ItemCount = items;
     project.RatedTests = {"Y", "N", "Y"};
     OpenExample(project).EnterSubjects();
-    m_session->Identification().SetSubjectText("7");
-    m_session->FinishIdentification();
-    m_panel = std::make_unique<EntryPanel>(*m_session);
+    m_session->Subjects().Identification().SetSubjectText("7");
+    m_session->Subjects().FinishIdentification();
+    m_panel = std::make_unique<EntryPanel>(m_session->Subjects());
     m_panel->resize(700, 500);
     QObject::connect(m_panel.get(), &Panel::Acted, m_panel.get(), &Panel::Refresh);
     m_panel->show();
@@ -51,7 +51,7 @@ class EntryPanelTest : public SessionTest {
   [[nodiscard]] Widget* Find(const char* name = "txtInput") const {
     return m_panel->findChild<Widget*>(name);
   }
-  [[nodiscard]] TypedGrid& Grid() const { return m_session->Entry().Grid().Cells(); }
+  [[nodiscard]] TypedGrid& Grid() const { return m_session->Subjects().Entry().Grid().Cells(); }
   // The first lines as they are shown, then where the cursor is shown, and what stands in the box.
   [[nodiscard]] std::string Shown(int lines) const {
     const auto* table = Find<QTableView>("grdInput");
@@ -150,7 +150,7 @@ TEST_F(EntryPanelTest, TellsTheViewOfChangedLinesAloneAndKeepsTheCursorInSight) 
 
 TEST_F(EntryPanelTest, TheTimerFollowsTheStateAndItsTicksWaitForAMessageBox) {
   Start();
-  const AutosaveTimer& state = m_session->Entry().Timer();
+  const AutosaveTimer& state = m_session->Subjects().Entry().Timer();
   auto* timer = Find<QTimer>("tmrAutoSave");
   const auto tick = [&] {
     QTimerEvent due(timer->timerId());

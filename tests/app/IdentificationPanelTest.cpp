@@ -14,7 +14,7 @@ class IdentificationPanelTest : public SessionTest {
  protected:
   void Start() {
     OpenExample().EnterSubjects();
-    m_panel = std::make_unique<IdentificationPanel>(*m_session);
+    m_panel = std::make_unique<IdentificationPanel>(m_session->Subjects());
     QObject::connect(m_panel.get(), &Panel::Acted, m_panel.get(), &Panel::Refresh);
     m_panel->show();
     m_panel->activateWindow();

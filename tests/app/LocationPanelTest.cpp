@@ -19,7 +19,7 @@ class LocationPanelTest : public SessionTest {
  protected:
   void Start() {
     Make().Start();
-    m_panel = std::make_unique<LocationPanel>(*m_session);
+    m_panel = std::make_unique<LocationPanel>(m_session->Location());
     QObject::connect(m_panel.get(), &Panel::Acted, m_panel.get(), &Panel::Refresh);
     m_panel->show();
   }
@@ -38,12 +38,12 @@ class LocationPanelTest : public SessionTest {
 TEST_F(LocationPanelTest, TypedTextReachesTheSessionIsReplacedOnceRefusedAndEscapeCancelsEverywhere) {
   Start();
   Type("Q:\\x");
-  EXPECT_EQ(m_session->LocationText(), "Q:\\x");
+  EXPECT_EQ(m_session->Location().Text(), "Q:\\x");
   FocusOn("drvParamPath");
   Boxes.Expect({.Text = kNotReady});
   m_panel->findChild<QPushButton*>("cmdSetPath")->click();
   Type("C:");
-  EXPECT_EQ(m_session->LocationText(), "C:");
+  EXPECT_EQ(m_session->Location().Text(), "C:");
   for (const char* control : {"txtParamPath", "drvParamPath", "dirParamPath", "cmdSetPath"}) {
     Boxes.Expect({.Text = "You cannot continue using ZOVA without selecting a location for the 'Param' Directory."});
     FocusOn(control);

@@ -127,15 +127,15 @@ TEST_F(MainWindowTest, AnExceptionInACommandBecomesABoxWithTheSubjectSecuredAndT
 
   m_scratch.MakeDirectory("C:\\ZOVA\\Sample Data");
   m_session->EnterSubjects();
-  m_session->Identification().SetSubjectText("7");
+  m_session->Subjects().Identification().SetSubjectText("7");
   for (int step = 0; step < 2; ++step) {
-    m_session->Identification().Next();
-    m_session->Identification().SetLevelText("1");
+    m_session->Subjects().Identification().Next();
+    m_session->Subjects().Identification().SetLevelText("1");
   }
-  m_session->FinishIdentification();
+  m_session->Subjects().FinishIdentification();
   ASSERT_EQ(m_session->Shown(), Screen::Entry);
-  m_session->Entry().Grid().Cells().SetEntryText("5");
-  m_session->Entry().Grid().Cells().Enter();
+  m_session->Subjects().Entry().Grid().Cells().SetEntryText("5");
+  m_session->Subjects().Entry().Grid().Cells().Enter();
   std::filesystem::remove(m_scratch.Native("C:\\Param\\Temp.txt"));
   Boxes.Expect(told("Path not found.  Please verify that the correct disk is in the drive.", "Data"));
   fail([] { throw FileError(FileOperation::List, "C:\\Data", FileCause::PathNotFound); });

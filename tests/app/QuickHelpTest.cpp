@@ -49,7 +49,7 @@ TEST_F(QuickHelpTest, EveryControlOfEveryScreenHasASentence) {
 
 TEST_F(QuickHelpTest, ARightClickShowsTheSentenceUntilTheNextKey) {
   Make().Start();
-  LocationPanel panel(*m_session);
+  LocationPanel panel(m_session->Location());
   QuickHelpFilter filter;
   qApp->installEventFilter(&filter);
   panel.resize(600, 700);

@@ -175,7 +175,7 @@ TEST(MasterRun, NeverTakesThePlaceOfAProjectsOwnFile) {
   for (const char* path :
        {"C:\\Data\\AB.prm", "C:\\Data\\AB Serial Order.dat", "C:\\Data\\AB Combine Order.dat", "C:\\Param\\Temp.txt",
         "C:\\Param\\Temp 1.txt", "C:\\Data\\Sdata\\XY1.dat", "C:\\Data\\Sdata\\Unfinished\\AB Sub#2.dat",
-        "D:\\Backup\\Sdata\\AB Sub#1.dat", "D:\\Out\\Temp.txt", "D:\\Out\\plain.dat"}) {
+        "D:\\Backup\\Sdata\\AB Sub#1.dat", "D:\\Out\\Temp.txt", "D:\\Out\\plain.dat", "D:\\Out\\other.dat"}) {
     lab.Files.Put(path, "kept");
   }
   const fs::path out = lab.Files.Native("D:\\Out");
@@ -183,16 +183,17 @@ TEST(MasterRun, NeverTakesThePlaceOfAProjectsOwnFile) {
   fs::create_symlink("../../C/Data/Sdata/AB Sub#1.dat", out / "soft.txt");
   fs::create_symlink("soft.txt", out / "softer.txt");
   fs::create_directory_symlink(subject.parent_path(), out / "linked");
+  fs::create_symlink(out / "other.dat", subject.parent_path() / "XY2.dat");
   fs::create_hard_link(subject, out / "hard.txt");
   fs::create_hard_link(lab.Files.Native("C:\\Data\\AB.prm"), out / "hard.csv");
   fs::create_hard_link(out / "plain.dat", out / "twin.dat");
   const Tree before = lab.Files.Snapshot();
   for (const char* own :
        {"C:\\Data\\Sdata\\AB Sub#1.dat", "c:\\data\\SDATA\\ab sub#1.DAT", "C:\\Data\\Sdata\\..\\Sdata\\AB Sub#1.dat",
-        "D:\\Out\\soft.txt", "D:\\Out\\softer.txt", "D:\\Out\\linked\\XY1.dat", "D:\\Out\\linked\\..\\AB.PRM",
-        "D:\\Out\\hard.txt", "D:\\Out\\hard.csv", "AB.prm", "AB Serial Order.dat", "ab combine order.DAT",
-        "C:\\Param\\Temp.txt", "C:\\Param\\temp 1.txt", "C:\\Data\\Sdata\\Unfinished\\AB Sub#2.dat",
-        "D:\\Backup\\Sdata\\AB Sub#1.dat"}) {
+        "D:\\Out\\soft.txt", "D:\\Out\\softer.txt", "D:\\Out\\linked\\XY1.dat", "C:\\Data\\Sdata\\xy2.DAT",
+        "D:\\Out\\linked\\..\\AB.PRM", "D:\\Out\\hard.txt", "D:\\Out\\hard.csv", "AB.prm", "AB Serial Order.dat",
+        "ab combine order.DAT", "C:\\Param\\Temp.txt", "C:\\Param\\temp 1.txt",
+        "C:\\Data\\Sdata\\Unfinished\\AB Sub#2.dat", "D:\\Backup\\Sdata\\AB Sub#1.dat"}) {
     lab.Request.Destination = own;
     ScriptedBoxes refused{{std::make_error_code(std::errc::file_exists).message(), BoxAnswer::Cancel,
                            "A master cannot take the place of a project's own file."}};

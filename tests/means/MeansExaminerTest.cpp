@@ -177,8 +177,21 @@ TEST(MeansExaminer, NothingThatHoldsDataIsReplaced) {
   desk.Files.Put("D:\\Rows.txt", kHeader);
   desk.Means.Open(desk.Project, "");
   desk.Choose("D:\\Rows.txt");
-  for (const char* path :
-       {"D:\\New.prm", "C:\\Data\\Sdata\\AB Sub#1.dat", "c:\\data\\ab master.txt", "D:\\Odd.csv", "D:\\ROWS.TXT"}) {
+  std::vector<const char*> kept = {"D:\\New.prm", "C:\\Data\\Sdata\\AB Sub#1.dat", "c:\\data\\ab master.txt",
+                                   "D:\\Odd.csv", "D:\\ROWS.TXT"};
+#ifndef _WIN32
+  namespace fs = std::filesystem;
+  desk.Files.Put(kMaster, kRows);  // its header went to another file
+  desk.Files.Put("C:\\Data\\AB Combined Master2.txt", kRows);
+  desk.Files.Put("C:\\Param\\Temp.txt", "kept");
+  fs::create_symlink(desk.Files.Native(kMaster), desk.Files.Native("D:\\soft.csv"));
+  fs::create_hard_link(desk.Files.Native("C:\\Data\\AB Combined Master2.txt"), desk.Files.Native("D:\\hard.csv"));
+  fs::create_symlink(desk.Files.Native("C:\\Data\\Sdata\\AB Sub#1.dat"), desk.Files.Native("D:\\subject.csv"));
+  fs::create_symlink(desk.Files.Native("D:\\Rows.txt"), desk.Files.Native("D:\\shown.csv"));
+  fs::create_directory_symlink(desk.Files.Native("C:\\Param"), desk.Files.Native("D:\\Link"));
+  kept.insert(kept.end(), {"D:\\soft.csv", "D:\\hard.csv", "D:\\subject.csv", "D:\\shown.csv", "D:\\Link\\TEMP.txt"});
+#endif
+  for (const char* path : kept) {
     const Tree before = desk.Files.Snapshot();
     desk.Boxes.Expect({.Text = "A master or a data file of a project is never replaced.  Please select another name.",
                        .Details = path});
@@ -192,6 +205,7 @@ TEST(MeansExaminer, NothingThatHoldsDataIsReplaced) {
   desk.Save("Q:\\New.csv");
   EXPECT_EQ(desk.Dialogs.Questions.back().Name, "AB Means.csv");
 
+  desk.Files.Put(kMaster, kHeader + kRows);
   desk.Choose(kMaster);
   desk.Dialogs.Answers = {"D:\\P.PNG", "D:\\P.gif"};
   const auto target = desk.Means.AskPlotFile();

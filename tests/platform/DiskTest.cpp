@@ -131,6 +131,48 @@ TEST(Disk, KeepsWhatAFileIs) {
   EXPECT_EQ(scratch.Snapshot(), (Tree{{"C/", ""}, {"C/real", "new"}, {"D/", ""}, {"D/link", "new"}}));
 }
 
+TEST(Disk, KnowsOneFileByAnyName) {
+  Scratch scratch;
+  Disk disk = scratch.MakeDisk();
+  scratch.Put("C:\\Data\\Sub\\f", "");
+  scratch.Put("C:\\Data\\g", "");
+  fs::create_hard_link(scratch.Native("C:\\Data\\g"), scratch.Native("C:\\hard"));
+  fs::create_symlink("Data/g", scratch.Native("C:\\soft"));
+  fs::create_symlink("soft", scratch.Native("C:\\softer"));
+  fs::create_symlink("Data/new", scratch.Native("C:\\dangling"));
+  fs::create_directory_symlink(scratch.Native("C:\\Data\\Sub"), scratch.Native("D:\\Link"));
+  const struct {
+    const char *Left, *Right;
+    bool IsSame, LiesInside;  // the left one in the right one
+  } cases[] = {{"C:\\hard", "C:\\Data\\g", true, false},
+               {"C:\\SOFTER", "C:\\Data\\..\\hard", true, false},
+               {"C:\\dangling", "C:\\data\\NEW", true, false},
+               {"C:\\Data\\g", "C:\\Data\\Sub\\f", false, false},
+               {"D:\\Link\\..\\g", "C:\\hard", true, false},
+               {"C:\\Gone\\a", "C:\\GONE\\b\\..\\A", true, false},
+               {"C:\\Gone", "C:\\Gone\\a", false, false},
+               {"C:\\Gone\\a\\b", "C:\\gone", false, true},
+               {"D:\\Link\\f", "C:\\Data", false, true},
+               {"D:\\Link\\new", "C:\\data\\SUB", false, true},
+               {"D:\\Link", "D:\\", false, false},
+               {"C:\\Data", "C:\\Data", true, false},
+               {"X:\\a", "x:\\A", true, false},
+               {"X:\\a\\b", "X:\\a", false, false}};
+  for (const auto& c : cases) {
+    EXPECT_EQ(disk.IsSame(c.Left, c.Right), c.IsSame) << c.Left << ' ' << c.Right;
+    EXPECT_EQ(disk.LiesInside(c.Left, c.Right), c.LiesInside) << c.Left << ' ' << c.Right;
+  }
+  FailingFileLayer layer(scratch.Layer());
+  Disk failing(layer, scratch.Drives());
+  bool failed = true;
+  for (int n = 1; failed; ++n) {  // a fault is no answer
+    layer.FailAt(n, std::errc::io_error);
+    const std::string cause = CauseOf([&] { EXPECT_TRUE(failing.IsSame("C:\\hard", "C:\\Data\\g")); });
+    failed = layer.HasFailed();
+    EXPECT_EQ(cause, failed ? Message(std::errc::io_error) : "") << layer.FailedCall();
+  }
+}
+
 TEST(Disk, WritesInPlaceIntoWhatIsThere) {
   Scratch scratch;
   Disk disk(scratch.Layer(), DriveMap({{'C', scratch.Native("C:\\")}, {'Z', "/"}}));
@@ -180,7 +222,7 @@ TEST(AppendFile, HoldsWholeRowsOnly) {
     FailingFileLayer outer(static_cast<FileLayer&>(inner));
     scratch.Put("C:\\m", "header\r\n");
     std::string expected = "header\r\n";
-    AppendFile file(outer, "C:\\m", scratch.Native("C:\\m"));
+    AppendFile file(outer, {"C:\\m", scratch.Native("C:\\m")});
     outer.FailAt(pair / 10, std::errc::io_error, FailingFileLayer::Writes::Half);
     inner.FailAt(pair % 10, std::errc::io_error);
     for (const char* row : {"row one\r\n", "row two\r\n", "row three\r\n"}) {

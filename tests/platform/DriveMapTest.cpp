@@ -4,7 +4,29 @@
 
 #include <gtest/gtest.h>
 
+#include <vector>
+
 using namespace zova;
+
+TEST(PathParts, KnowsDrivePathsAndNativeOnes) {
+  const struct {
+    const char *Directory, *Name, *Path, *Above;  // what stands before the name when it is taken off again
+    std::vector<std::string_view> Components;
+  } cases[] = {{"C:\\Data", "a/b", "C:\\Data\\a/b", "C:\\Data\\a", {"Data", "a", "b"}},
+               {"C:\\", "x.txt", "C:\\x.txt", "C:", {"x.txt"}},
+               {"/srv/lab", "a\\b", "/srv/lab/a\\b", "/srv/lab", {"srv", "lab", "a\\b"}},
+               {"/", "x.txt", "/x.txt", "/", {"x.txt"}},
+               {"Data\\", "", "Data\\", "Data", {"Data"}}};
+  for (const auto& c : cases) {
+    const std::string path = JoinPath(c.Directory, c.Name);
+    EXPECT_EQ(path, c.Path);
+    EXPECT_EQ(DirectoryOfPath(path), c.Above);
+    EXPECT_EQ(PathComponents(path), c.Components) << path;
+  }
+  EXPECT_EQ(LastPathComponent("/srv/a\\b"), "a\\b");
+  EXPECT_EQ(LastPathComponent("C:\\a/b"), "b");
+  EXPECT_EQ(DirectoryOfPath("name"), "");
+}
 
 #ifndef _WIN32  // there the map is the identity
 

@@ -77,14 +77,14 @@ TEST(Scores, KeepTheUncutValueAndTheReason) {
       MakeProject({.Tests = 3, .Items = 8, .PerCategory = 4, .MaxRating = 6, .Rated = "YYN"});
   const ScoringArrays scores = Scored(project, "1/0/5 2/0/5 5/0/4 6/0/5 3/0/3 | 1/0/4 2/0/5 5/0/4 |");
   const float expected = 13.0F / 5.0F - 1.0F;
-  EXPECT_EQ(scores.Categories.ArcScore[1], (Ratio{.285F, (2.0F - expected) / (3.0F - expected), ScoreGap::None}));
-  EXPECT_EQ(scores.Categories.ArcScore[2].Cut, 1.0F) << "perfect clustering";
-  EXPECT_EQ(scores.Categories.ArcScore[3].Gap, ScoreGap::TooFewRecalls);
-  EXPECT_EQ(scores.Categories.ItemsPerCat[3].Gap, ScoreGap::EmptyList);
-  EXPECT_EQ(scores.True.RatingAvg[2], (Ratio{4.33F, 13.0F / 3.0F, ScoreGap::None}));
-  EXPECT_EQ(scores.True.RatingAvg[3].Gap, ScoreGap::NotScored);
-  EXPECT_EQ(scores.True.Changes[2].Down, (Ratio{.33F, 1.0F / 3.0F, ScoreGap::None}));
-  EXPECT_EQ(scores.Itr.BiItr[3].Gap, ScoreGap::EmptyList);
+  EXPECT_EQ(scores.Categories.Tests[1].ArcScore, (Ratio{.285F, (2.0F - expected) / (3.0F - expected), ScoreGap::None}));
+  EXPECT_EQ(scores.Categories.Tests[2].ArcScore.Cut, 1.0F) << "perfect clustering";
+  EXPECT_EQ(scores.Categories.Tests[3].ArcScore.Gap, ScoreGap::TooFewRecalls);
+  EXPECT_EQ(scores.Categories.Tests[3].ItemsPerCat.Gap, ScoreGap::EmptyList);
+  EXPECT_EQ(scores.True.Ratings[2].RatingAvg, (Ratio{4.33F, 13.0F / 3.0F, ScoreGap::None}));
+  EXPECT_EQ(scores.True.Ratings[3].RatingAvg.Gap, ScoreGap::NotScored);
+  EXPECT_EQ(scores.True.Changes[2].Ratings.Down, (Ratio{.33F, 1.0F / 3.0F, ScoreGap::None}));
+  EXPECT_EQ(scores.Itr.Pairs[3].BiItr.Gap, ScoreGap::EmptyList);
 }
 
 TEST(Scores, Patterns) {
@@ -143,7 +143,7 @@ TEST(Scores, AnOverflowThatNobodySeesLeavesZerosAndNamesNobody) {
   EXPECT_EQ(Columns(project, scores, {Measure::Basic, Measure::Bi, Measure::Cat}),
             "Net 0 182 183, Losses 0 0, Gains 182 1, ArcScore 0 0 0, Bi-ITR 0 0, "
             "#OfCategoriesUsed 0 0 0, AvgItemsPerCat 0 0 0");
-  EXPECT_EQ(scores.True.RatingAvg[3].Gap, ScoreGap::NotScored);
+  EXPECT_EQ(scores.True.Ratings[3].RatingAvg.Gap, ScoreGap::NotScored);
   EXPECT_FALSE(scores.Categories.AnyArcFailed || scores.Itr.AnyItrFailed);
 }
 
@@ -170,7 +170,7 @@ TEST(Scores, ItrObservedIsWhatTheDoubleLoopFinds) {
         if ((c == a || c == b) && (d == a || d == b)) ++observed;
       }
     }
-    ASSERT_EQ(scores.Itr.ItrObserved[2], observed) << text;
+    ASSERT_EQ(scores.Itr.Pairs[2].ItrObserved, observed) << text;
   }
 }
 

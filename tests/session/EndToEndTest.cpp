@@ -25,19 +25,19 @@ class EndToEndTest : public SessionTest {
   }
   /// Steps 1 and 2 of a new subject.
   void Identify(const char* subject, const char* level) {
-    SubjectIdentification& rules = m_session->Identification();
+    SubjectIdentification& rules = m_session->Subjects().Identification();
     rules.SetSubjectText(subject);
     rules.Next();
     rules.SetLevelText(level);
-    m_session->FinishIdentification();
+    m_session->Subjects().FinishIdentification();
     ASSERT_EQ(m_session->Shown(), Screen::Entry);
   }
   /// Numbers separated by blanks, Enter after each.
   void Enter(const std::string& numbers) {
     std::istringstream in(numbers);
     for (std::string number; in >> number;) {
-      m_session->Entry().Grid().Cells().SetEntryText(number);
-      m_session->Entry().Grid().Cells().Enter();
+      m_session->Subjects().Entry().Grid().Cells().SetEntryText(number);
+      m_session->Subjects().Entry().Grid().Cells().Enter();
     }
   }
 };
@@ -55,11 +55,11 @@ TEST_F(EndToEndTest, AProjectIsViewedBackedUpLostAndRestored) {
                         "at this location, select 'No'.  Do you want to specify a new backup location?",
                 .Answer = BoxAnswer::Yes});
   session.CreateNewBackup();
-  EXPECT_EQ(session.LocationTextsShown().Title, "New Backup Destination");
-  session.SetLocationText("D:\\New");
+  EXPECT_EQ(session.Location().Texts().Title, "New Backup Destination");
+  session.Location().SetText("D:\\New");
   Boxes.Expect({"'D:\\New' Directory does not exist.  Do you wish to create it?", BoxAnswer::Yes});
   Boxes.Expect({.Text = "The backup directory and files were successfully created.", .Icon = BoxIcon::Information});
-  session.AcceptLocation();
+  session.Location().Accept();
   EXPECT_EQ(session.Shown(), Screen::Main);
 
   std::filesystem::remove_all(m_scratch.Native("C:\\Data"));
@@ -108,10 +108,10 @@ TEST_F(EndToEndTest, OneSubjectIsInterruptedAndOneKeptUnfinished) {
   OpenStudy().EnterSubjects();
   Identify("1", "2");
   Enter("4 1 1 2");
-  m_session->Entry().Grid().Cells().Step(-1);  // Tab back: the minute was mistyped
+  m_session->Subjects().Entry().Grid().Cells().Step(-1);  // Tab back: the minute was mistyped
   Enter("3");
-  m_session->AutosaveTick();
-  m_session->Entry().DoneWithTest();
+  m_session->Subjects().Entry().Tick();
+  m_session->Subjects().Entry().DoneWithTest();
   EXPECT_TRUE(m_scratch.Has("C:\\Param\\Temp.txt"));
 
   m_session.reset();  // killed: nothing is deleted
@@ -124,14 +124,14 @@ TEST_F(EndToEndTest, OneSubjectIsInterruptedAndOneKeptUnfinished) {
                 "Restore"});
   Started();
   ASSERT_EQ(m_session->Shown(), Screen::Entry);
-  EXPECT_EQ(m_session->Entry().SubjectCaption(), "Project: L'Été 1\nSubject: 1");
-  m_session->Entry().DoneWithTest();
+  EXPECT_EQ(m_session->Subjects().Entry().SubjectCaption(), "Project: L'Été 1\nSubject: 1");
+  m_session->Subjects().Entry().DoneWithTest();
   Enter("1 1 5");
   Boxes.Expect({.Text = "The last item in Test 2 was during minute 1.  Do you wish to edit the data?",
                 .Answer = BoxAnswer::No,
                 .Title = "Warning"});
   Boxes.Expect({.Text = "Completed subject saved.", .Icon = BoxIcon::Information});
-  m_session->DoneWithAllTests();
+  m_session->Subjects().DoneWithAllTests();
   EXPECT_EQ(m_session->Shown(), Screen::Main);
   EXPECT_FALSE(m_scratch.Has("C:\\Param\\Temp.txt"));
 
@@ -142,15 +142,15 @@ TEST_F(EndToEndTest, OneSubjectIsInterruptedAndOneKeptUnfinished) {
   m_session->SaveIncompleteSubject();
   Boxes.Expect({.Text = "This is unfinished subject #1 for 'L'Été 1'.  NOTE: You cannot have more than 10.",
                 .Icon = BoxIcon::Information});
-  m_session->CancelEntry();
+  m_session->Subjects().CancelEntry();
   EXPECT_TRUE(m_session->Menus().Unfinished);
   m_session->UnfinishedBusiness();
-  m_session->Identification().SetSubjectText("2");
-  m_session->LoadTypedSubject();
-  m_session->Entry().DoneWithTest();
+  m_session->Subjects().Identification().SetSubjectText("2");
+  m_session->Subjects().LoadTypedSubject();
+  m_session->Subjects().Entry().DoneWithTest();
   Enter("3 2 4");
   Boxes.Expect({.Text = "Completed subject saved.", .Icon = BoxIcon::Information});
-  m_session->DoneWithAllTests();
+  m_session->Subjects().DoneWithAllTests();
   EXPECT_FALSE(m_session->Menus().Unfinished);
 
   const std::string head = "\"n, Item #(recall order), Min(recall order), Rating(recall order)\",\"*\"\r\n\"Group\",";

@@ -49,7 +49,9 @@ TEST(HelpTopics, EveryPlaceHasAPageOfItsOwn) {
     places.push_back({.Shown = static_cast<Screen>(screen)});
   }
   for (int page = 2; page <= 8; ++page) places.push_back({.Shown = Screen::Wizard, .WizardPage = page});
-  places.push_back({.Shown = Screen::ParamLocation, .Location = ParamLocation::Form::Change});
+  for (const auto form : {LocationFlow::Form::ChangeParam, LocationFlow::Form::BackupDestination}) {
+    places.push_back({.Shown = Screen::Location, .Location = form});
+  }
   for (const Purpose purpose : {Purpose::OldData, Purpose::Unfinished}) {
     places.push_back({.Shown = Screen::Identification, .Purpose = purpose});
   }

@@ -26,10 +26,10 @@ TEST(ProgramDirectory, GetsOnlyWhatItLacks) {
     Tree expected = {{"ZOVA/", ""}, {"ZOVA/Sample Data/", ""}, {"ZOVA/Sample Data/Sdata/", ""}};
     expected.insert(added.begin(), added.end());
     for (const std::string& name : own) scratch.Put("C:\\" + name, expected[name] = "own");
-    FillProgramDirectory(scratch.Native("D:\\missing"), "C:\\ZOVA", disk);
-    FillProgramDirectory(scratch.Native("D:\\share"), "X:\\ZOVA", disk);
+    FillProgramDirectory(PathText(scratch.Native("D:\\missing")), "C:\\ZOVA", disk);
+    FillProgramDirectory(PathText(scratch.Native("D:\\share")), "X:\\ZOVA", disk);
     EXPECT_EQ(scratch.Has("C:\\ZOVA"), !own.empty());
-    FillProgramDirectory(scratch.Native("D:\\share"), "C:\\ZOVA", disk);
+    FillProgramDirectory(PathText(scratch.Native("D:\\share")), "C:\\ZOVA", disk);
     EXPECT_EQ(TreeOf(scratch.Root() / "C"), expected);
   }
 }

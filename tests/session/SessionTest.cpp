@@ -22,18 +22,18 @@ TEST_F(SessionTest, AnEmptyAccountGetsParamAndExampleBeforeAnythingElse) {
   m_scratch.Put("C:\\Installed\\ZOVA2.hlp", "help");
   Session& session = Make();
   session.Start();
-  EXPECT_EQ(session.Shown(), Screen::ParamLocation);
-  EXPECT_EQ(session.LocationTextsShown().Title, "Select Location of 'Param' Directory");
-  EXPECT_EQ(session.LocationResult(), "C:\\Param");
+  EXPECT_EQ(session.Shown(), Screen::Location);
+  EXPECT_EQ(session.Location().Texts().Title, "Select Location of 'Param' Directory");
+  EXPECT_EQ(session.Location().Result(), "C:\\Param");
   MenuStates onlyExitAndHelp;
   EXPECT_EQ(session.Menus(), onlyExitAndHelp);
 
   // What is typed in the platform's form is kept by drive letter.
   m_scratch.MakeDirectory("D:\\Lab");
-  session.SetLocationText(PathText(m_scratch.Native("D:\\Lab")));
-  EXPECT_EQ(session.LocationResult(), "D:\\Lab\\Param");
+  session.Location().SetText(PathText(m_scratch.Native("D:\\Lab")));
+  EXPECT_EQ(session.Location().Result(), "D:\\Lab\\Param");
   Boxes.Expect({.Text = "'Param' directory successfully created.", .Icon = BoxIcon::Information});
-  session.AcceptLocation();
+  session.Location().Accept();
   EXPECT_EQ(session.Shown(), Screen::Main);
   EXPECT_EQ(Settings.Values[kSetting], "D:\\Lab\\Param");
   EXPECT_EQ(m_scratch.Get("D:\\Lab\\Param\\Example.prm"), Example());
@@ -47,7 +47,7 @@ TEST_F(SessionTest, ALostParamDirectoryIsMadeAgainOrLookedFor) {
     Boxes.Expect({kLost, answer, "", BoxIcon::Exclamation, BoxButtons::YesNo, {}, "Warning"});
     Make().Start();
     const bool made = answer == BoxAnswer::No;
-    EXPECT_EQ(m_session->Shown(), made ? Screen::Main : Screen::ParamLocation);
+    EXPECT_EQ(m_session->Shown(), made ? Screen::Main : Screen::Location);
     EXPECT_EQ(m_scratch.Has("D:\\Deep\\Down\\Param\\Example.prm"), made);
     m_session.reset();
     std::filesystem::remove_all(m_scratch.Native("D:\\Deep"));
@@ -58,7 +58,7 @@ TEST_F(SessionTest, ALostParamDirectoryIsMadeAgainOrLookedFor) {
   Boxes.Expect(
       {.Text = "Path not found.  Please verify that the correct disk is in the drive.", .Answer = BoxAnswer::Cancel});
   Make().Start();
-  EXPECT_EQ(m_session->Shown(), Screen::ParamLocation);
+  EXPECT_EQ(m_session->Shown(), Screen::Location);
 }
 
 TEST_F(SessionTest, ASecondCopyOnOneParamDirectoryEnds) {
@@ -123,8 +123,8 @@ TEST_F(SessionTest, PicturesOpenAProjectFirst) {
        BoxAnswer::Yes, "", BoxIcon::Question, BoxButtons::YesNoCancel});
   session.CreateNewMaster();
   EXPECT_EQ(session.Shown(), Screen::Identification);
-  EXPECT_EQ(session.Identification().Heading(), "Unfinished Business");
-  session.CancelIdentification();
+  EXPECT_EQ(session.Subjects().Identification().Heading(), "Unfinished Business");
+  session.Subjects().CancelIdentification();
   EXPECT_TRUE(session.Menus().Unfinished);
   std::filesystem::remove_all(m_scratch.Native("C:\\ZOVA\\Sample Data\\Sdata\\Unfinished"));
   Boxes.Expect({.Text = "You do not have unfinished data for this project.", .Icon = BoxIcon::Information});
@@ -185,9 +185,9 @@ TEST_F(SessionTest, ClosingNeedsARegisteredParamDirectory) {
   const ExpectedBox refused = Told("You cannot use ZOVA without selecting a location for the param directory.");
   Boxes.Expect(refused);
   EXPECT_FALSE(session.Close());
-  session.SetLocationText("C:\\Elsewhere");  // any other act: the next refusal is the first again
+  session.Location().SetText("C:\\Elsewhere");  // any other act: the next refusal is the first again
   Boxes.Expect({"You cannot continue using ZOVA without selecting a location for the 'Param' Directory."});
-  session.CancelLocation();
+  session.Location().Cancel();
   EXPECT_FALSE(session.HasEnded());
   Boxes.Expect(refused);
   EXPECT_TRUE(session.Close());
@@ -212,8 +212,7 @@ TEST(MenuStatesTest, EveryScreenHasItsEntries) {
       {{Screen::Main, true, true, true}, with(open, {&M::SkipMinutes, &M::Unfinished})},
       {{Screen::Wizard}, with(always, {&M::Open})},
       {{Screen::Viewing, true, true, true}, always},
-      {{Screen::ParamLocation, true, true, true}, always},
-      {{Screen::BackupDestination, true, true, true}, always},
+      {{Screen::Location, true, true, true}, always},
       {{Screen::Identification, true, true, true}, entering},
       {{Screen::Entry, true, true, true}, with(entering, {&M::SaveIncomplete})},
   };

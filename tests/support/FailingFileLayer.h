@@ -3,6 +3,7 @@
 
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <string>
 #include <system_error>
 #include <utility>
@@ -35,6 +36,7 @@ class FailingFileLayer final : public FileLayer {
   [[nodiscard]] const std::string& FailedCall() const noexcept { return m_failedCall; }
 
   EntryKind Kind(const Path& path) override { return Pass("Kind"), m_inner.Kind(path); }
+  std::optional<FileIdentity> Identity(const Path& path) override { return Pass("Identity"), m_inner.Identity(path); }
   bool CanEnter(const Path& path) override { return Pass("CanEnter"), m_inner.CanEnter(path); }
   bool IsReadOnly(const Path& path) override { return Pass("IsReadOnly"), m_inner.IsReadOnly(path); }
   Path RealPath(const Path& path) override { return Pass("RealPath"), m_inner.RealPath(path); }

@@ -23,7 +23,7 @@ QStringList FilterTexts(const std::vector<FileFilter>& filters) {
 // As it is spelt on the disk, or where the dialog begins by itself.
 QString StartDirectory(Disk& disk, const std::string& path) {
   try {
-    return ToQt(PathText(disk.Resolve(path, FileOperation::List)));
+    return ToQt(PathText(disk.Resolve(path, FileOperation::List).Native));
   } catch (const FileError&) {
     return {};
   }

@@ -185,8 +185,7 @@ void FitLegend(QCustomPlot& plot, PlotLegend& legend, Page page) {
   }
   const QCPAxisRect& axes = *plot.axisRect();
   const int texts = axes.outerRect().height() - axes.height();
-  legend.Fit(std::min(view.height() / 2, view.height() * 2 / 3 - texts),
-             "%1 more names are in the saved plot.");
+  legend.Fit(std::min(view.height() / 2, view.height() * 2 / 3 - texts), "%1 more names are in the saved plot.");
 }
 
 void FitAxes(QCustomPlot& plot, const PlotPicture& picture, const QFont& font, double fontSize) {

@@ -15,7 +15,7 @@
 #include "app/widgets/Controls.h"
 #include "app/widgets/GridBox.h"
 #include "app/widgets/GridTable.h"
-#include "session/Session.h"
+#include "session/SubjectFlow.h"
 
 namespace zova {
 
@@ -34,11 +34,11 @@ QGroupBox* AddGroup(QLayout& rows, const char* name, const QString& title) {
 
 }  // namespace
 
-EntryPanel::EntryPanel(Session& session)
+EntryPanel::EntryPanel(SubjectFlow& subjects)
     : Panel("fraInput"),
-      m_session(session),
-      m_grdInput(new GridTable("grdInput", session.Entry().Grid().Cells())),
-      m_txtInput(new GridBox("txtInput", session.Entry().Grid().Cells())),
+      m_subjects(subjects),
+      m_grdInput(new GridTable("grdInput", subjects.Entry().Grid().Cells())),
+      m_txtInput(new GridBox("txtInput", subjects.Entry().Grid().Cells())),
       m_lblTUpdate(MakeLabel("lblTUpdate", {})),
       m_lblThisOne(MakeLabel("lblThisOne", {})),
       m_side(MakeSide()),
@@ -52,9 +52,9 @@ EntryPanel::EntryPanel(Session& session)
   columns->addWidget(m_side);
   AddContent(content, 1);
   AddStatus(MakeLabel("lblFastHelp", "Right click something for fast help about it"));
-  m_cmdDone = AddButton("cmdDone", {}, [this] { m_session.Entry().DoneWithTest(); });
-  AddButton("cmdFinished", "Done with &all Tests!", [this] { m_session.DoneWithAllTests(); });
-  AddButton("cmdSubCancel", "&Cancel", [this] { m_session.CancelEntry(); });
+  m_cmdDone = AddButton("cmdDone", {}, [this] { m_subjects.Entry().DoneWithTest(); });
+  AddButton("cmdFinished", "Done with &all Tests!", [this] { m_subjects.DoneWithAllTests(); });
+  AddButton("cmdSubCancel", "&Cancel", [this] { m_subjects.CancelEntry(); });
   m_buttonsReturn = true;
 
   Enlarge(*m_txtInput, kInputSize);
@@ -86,7 +86,7 @@ QWidget* EntryPanel::MakeEntry() {
 QScrollArea* EntryPanel::MakeSide() {
   auto* side = new QWidget;
   auto* rows = new QVBoxLayout(side);
-  EntryGrid& grid = m_session.Entry().Grid();
+  EntryGrid& grid = m_subjects.Entry().Grid();
   Enlarge(*m_lblTUpdate, kTestSize);
   m_lblTUpdate->setWordWrap(false);
   m_lblTUpdate->setAlignment(Qt::AlignCenter);
@@ -109,7 +109,7 @@ QScrollArea* EntryPanel::MakeSide() {
 
 void EntryPanel::ShowState() {
   FollowTimer();
-  SubjectEntry& entry = m_session.Entry();
+  SubjectEntry& entry = m_subjects.Entry();
   if (!entry.IsOpen()) return;
   m_grdInput->Refresh();
   m_txtInput->Refresh();
@@ -120,13 +120,13 @@ void EntryPanel::ShowState() {
   m_framinbump->setVisible(entry.KeepsMinutes());
   m_framinbump->setEnabled(entry.KeepsMinutes());
   m_lblThisOne->setText(ToQt(entry.SubjectCaption()));
-  ShowProjectName(m_session.ProjectCaption());
+  ShowProjectName(m_subjects.ProjectName());
 }
 
 void EntryPanel::PlaceCursor() { m_txtInput->setFocus(); }
 
 void EntryPanel::FollowTimer() {
-  const AutosaveTimer& timer = m_session.Entry().Timer();
+  const AutosaveTimer& timer = m_subjects.Entry().Timer();
   if (!timer.IsRunning()) {
     m_tmrAutoSave->stop();
     m_waitingTicks = 0;
@@ -141,7 +141,7 @@ void EntryPanel::FollowTimer() {
 void EntryPanel::ActOnTicks() {
   if (QApplication::activeModalWidget() != nullptr || m_waitingTicks == 0) return;
   Act([this] {
-    for (; m_waitingTicks > 0; --m_waitingTicks) m_session.AutosaveTick();
+    for (; m_waitingTicks > 0; --m_waitingTicks) m_subjects.Entry().Tick();
   });
 }
 

@@ -13,14 +13,14 @@ namespace zova {
 
 class GridBox;
 class GridTable;
-class Session;
+class SubjectFlow;
 
 /// The screen on which a subject's recalls are typed. Whatever is pressed or clicked, the focus comes back to the box.
 class EntryPanel : public Panel {
   Q_OBJECT
 
  public:
-  explicit EntryPanel(Session& session);
+  explicit EntryPanel(SubjectFlow& subjects);
 
  protected:
   void ShowState() override;
@@ -36,7 +36,7 @@ class EntryPanel : public Panel {
   void FitSide();
   void ActOnTicks();
 
-  Session& m_session;
+  SubjectFlow& m_subjects;
   GridTable* m_grdInput;
   GridBox* m_txtInput;
   QLabel* m_lblTUpdate;

@@ -5,26 +5,26 @@
 #include <QVBoxLayout>
 
 #include "app/widgets/Controls.h"
-#include "session/Session.h"
+#include "session/SubjectFlow.h"
 
 namespace zova {
 
-IdentificationPanel::IdentificationPanel(Session& session)
+IdentificationPanel::IdentificationPanel(SubjectFlow& subjects)
     : Panel("fraSubInfo"),
-      m_session(session),
-      m_rules(session.Identification()),
+      m_subjects(subjects),
+      m_rules(subjects.Identification()),
       m_txtSub(Named(new QLineEdit, "txtSub")),
       m_txtInfo(Named(new QLineEdit, "txtInfo")) {
   AddTitle(MakeText("lblSubInfo", &SubjectIdentification::Heading));
   AddProjectName();
   AddQuestions(*AddPage());
   AddStatus(MakeText("lblInfCtr", &SubjectIdentification::Counter));
-  m_cmdBrowse = AddButton("cmdBrowse", "B&rowse", [this] { m_session.BrowseSubject(); });
-  m_cmdOK = AddButton("cmdOK", "O&K", [this] { m_session.LoadTypedSubject(); });
+  m_cmdBrowse = AddButton("cmdBrowse", "B&rowse", [this] { m_subjects.BrowseSubject(); });
+  m_cmdOK = AddButton("cmdOK", "O&K", [this] { m_subjects.LoadTypedSubject(); });
   m_cmdBack = AddButton("cmdBack", "<<&Back", [this] { m_rules.Back(); });
   m_cmdNext = AddButton("cmdNext", "&Next >>", [this] { m_rules.Next(); });
-  m_cmdEntered = AddButton("cmdEntered", "&Done!", [this] { m_session.FinishIdentification(); });
-  m_cancel = AddButton("cmdCancel", "&Cancel", [this] { m_session.CancelIdentification(); });
+  m_cmdEntered = AddButton("cmdEntered", "&Done!", [this] { m_subjects.FinishIdentification(); });
+  m_cancel = AddButton("cmdCancel", "&Cancel", [this] { m_subjects.CancelIdentification(); });
   connect(m_txtSub, &QLineEdit::textEdited, this, [this](const QString& text) {
     m_rules.SetSubjectText(FromQt(text));
     // What is dropped had just been put in before the cursor.
@@ -66,7 +66,7 @@ void IdentificationPanel::ShowState() {
     label->setText(ToQt((m_rules.*text)()));
     label->setVisible(!label->text().isEmpty());
   }
-  ShowProjectName(m_session.ProjectCaption());
+  ShowProjectName(m_subjects.ProjectName());
   ShowText(m_txtSub, m_rules.SubjectText());
   ShowText(m_txtInfo, m_rules.LevelText());
   const bool asksIdentifier = m_rules.AsksIdentifier();

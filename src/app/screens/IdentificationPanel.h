@@ -10,7 +10,7 @@ class QLabel;
 
 namespace zova {
 
-class Session;
+class SubjectFlow;
 class SubjectIdentification;
 
 /// The screen that names a subject: its identifier, then its levels step by step. Enter goes on, Escape cancels.
@@ -18,7 +18,7 @@ class IdentificationPanel : public Panel {
   Q_OBJECT
 
  public:
-  explicit IdentificationPanel(Session& session);
+  explicit IdentificationPanel(SubjectFlow& subjects);
 
  protected:
   void ShowState() override;
@@ -32,7 +32,7 @@ class IdentificationPanel : public Panel {
   void AddQuestions(QVBoxLayout& rows);
   QLabel* MakeText(const char* name, Getter text);
 
-  Session& m_session;
+  SubjectFlow& m_subjects;
   SubjectIdentification& m_rules;
   std::vector<std::pair<QLabel*, Getter>> m_texts;
   QLineEdit* m_txtSub;

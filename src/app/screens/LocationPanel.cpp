@@ -5,46 +5,46 @@
 
 #include "app/widgets/Controls.h"
 #include "app/widgets/DriveDirectoryList.h"
-#include "session/Session.h"
+#include "session/LocationFlow.h"
 
 namespace zova {
 
-LocationPanel::LocationPanel(Session& session)
+LocationPanel::LocationPanel(LocationFlow& location)
     : Panel("fraParamPath", Named(new QWidget, "frmParamLoc")),
-      m_session(session),
+      m_location(location),
       m_title(AddTitle("lblParamTitle")),
       m_instruction(MakeLabel("lblParamInstruction", {})),
       m_note(MakeLabel("lblParamNote", {})),
       m_path(Named(new QLineEdit, "txtParamPath")),
       m_result(MakeLabel("lblParamResult", {})),
-      m_directories(new DriveDirectoryList(session.LocationBrowser(), "drvParamPath", "dirParamPath")) {
+      m_directories(new DriveDirectoryList(location.Browser(), "drvParamPath", "dirParamPath")) {
   m_directories->SetLabels("lblParamDrive", "Dri&ve", "lblParamDir", "Director&y");
   QVBoxLayout* rows = AddPage();
   const std::initializer_list<QWidget*> parts = {
       m_instruction, MakeLabel("lblParamPath", "&Directory:", m_path), m_path, m_result, m_directories, m_note};
   for (QWidget* part : parts) rows->addWidget(part, part == m_directories ? 1 : 0);
-  SetDefault(AddButton("cmdSetPath", "OK", [this] { m_session.AcceptLocation(); }));
-  m_cancel = AddButton("cmdCancel3", "Cancel", [this] { m_session.CancelLocation(); });
+  SetDefault(AddButton("cmdSetPath", "OK", [this] { m_location.Accept(); }));
+  m_cancel = AddButton("cmdCancel3", "Cancel", [this] { m_location.Cancel(); });
   m_cursor = m_path;
   m_buttonsReturn = true;
   connect(m_path, &QLineEdit::textEdited, this, [this](const QString& text) { Take(FromQt(text)); });
-  connect(m_directories, &DriveDirectoryList::Acted, this, [this] { Take(m_session.LocationBrowser().Path()); });
+  connect(m_directories, &DriveDirectoryList::Acted, this, [this] { Take(m_location.Browser().Path()); });
 }
 
 void LocationPanel::ShowState() {
-  const LocationTexts texts = m_session.LocationTextsShown();
+  const LocationTexts texts = m_location.Texts();
   Host()->setWindowTitle(ToQt(texts.Title));
   m_title->setText(ToQt(texts.Title));
   m_instruction->setText(ToQt(texts.Instruction));
   m_note->setText(ToQt(texts.Note));
-  ShowText(m_path, m_session.LocationText());
-  m_result->setVisible(m_session.Shown() == Screen::ParamLocation);
-  m_result->setText(ToQt(m_session.LocationResult()));
+  ShowText(m_path, m_location.Text());
+  m_result->setVisible(m_location.CurrentForm() != LocationFlow::Form::BackupDestination);
+  m_result->setText(ToQt(m_location.Result()));
   m_directories->Refresh();
 }
 
 void LocationPanel::Take(const std::string& path) {
-  Act([&] { m_session.SetLocationText(path); });
+  Act([&] { m_location.SetText(path); });
 }
 
 }  // namespace zova

@@ -11,14 +11,14 @@ class QLineEdit;
 namespace zova {
 
 class DriveDirectoryList;
-class Session;
+class LocationFlow;
 
 /// Where a directory is chosen: for the Param directory in its two forms, and for a new backup destination.
 class LocationPanel : public Panel {
   Q_OBJECT
 
  public:
-  explicit LocationPanel(Session& session);
+  explicit LocationPanel(LocationFlow& location);
 
  protected:
   void ShowState() override;
@@ -26,7 +26,7 @@ class LocationPanel : public Panel {
  private:
   void Take(const std::string& path);
 
-  Session& m_session;
+  LocationFlow& m_location;
   QLabel* m_title;
   QLabel* m_instruction;
   QLabel* m_note;

@@ -87,11 +87,18 @@ auto ValuesAt(const ScoringArrays& scores, ColumnPlace place) {
   return At((scores.*Part).*Scores, place);
 }
 
+// Of a family that is a field of a record per test.
+template <auto Part, auto Records, auto Field>
+auto FieldAt(const ScoringArrays& scores, ColumnPlace place) {
+  const auto& value = ((scores.*Part).*Records)[place.Index].*Field;
+  return std::span{&value, 1};
+}
+
 template <auto Part, Ratio RatingChange::*Kind>
 std::span<const Ratio> ChangesAt(const ScoringArrays& scores, ColumnPlace place) {
   const ItemScores& items = scores.*Part;
   const bool areNeighbours = place.Test == place.Index - 1;
-  const RatingChange& change = areNeighbours ? items.Changes[place.Index] : items.FirstToLast;
+  const RatingChange& change = areNeighbours ? items.Changes[place.Index].Ratings : items.FirstToLast;
   return {&(change.*Kind), 1};
 }
 
@@ -99,104 +106,114 @@ template <auto Scores>
 constexpr auto* kTrue = &ValuesAt<&ScoringArrays::True, Scores>;
 template <auto Scores>
 constexpr auto* kLure = &ValuesAt<&ScoringArrays::Lures, Scores>;
+template <auto Field>
+constexpr auto* kTrueChange = &FieldAt<&ScoringArrays::True, &ItemScores::Changes, Field>;
+template <auto Field>
+constexpr auto* kLureChange = &FieldAt<&ScoringArrays::Lures, &ItemScores::Changes, Field>;
+template <auto Field>
+constexpr auto* kTrueRating = &FieldAt<&ScoringArrays::True, &ItemScores::Ratings, Field>;
+template <auto Field>
+constexpr auto* kLureRating = &FieldAt<&ScoringArrays::Lures, &ItemScores::Ratings, Field>;
 template <auto Kind>
-constexpr auto* kTrueChange = &ChangesAt<&ScoringArrays::True, Kind>;
+constexpr auto* kTrueRatingChange = &ChangesAt<&ScoringArrays::True, Kind>;
 template <auto Kind>
-constexpr auto* kLureChange = &ChangesAt<&ScoringArrays::Lures, Kind>;
-template <auto Scores>
-constexpr auto* kCategories = &ValuesAt<&ScoringArrays::Categories, Scores>;
-template <auto Scores>
-constexpr auto* kItr = &ValuesAt<&ScoringArrays::Itr, Scores>;
+constexpr auto* kLureRatingChange = &ChangesAt<&ScoringArrays::Lures, Kind>;
+template <auto Field>
+constexpr auto* kClustering = &FieldAt<&ScoringArrays::Categories, &CategoryScores::Tests, Field>;
+template <auto Field>
+constexpr auto* kItr = &FieldAt<&ScoringArrays::Itr, &ItrScores::Pairs, Field>;
 template <auto Scores>
 constexpr auto* kPattern = &ValuesAt<&ScoringArrays::Patterns, Scores>;
-template <auto Scores>
-constexpr auto* kWhich = &ValuesAt<&ScoringArrays::Which, Scores>;
+template <auto Field>
+constexpr auto* kAssociates = &FieldAt<&ScoringArrays::Which, &LureScores::Tests, Field>;
 
 // The order is kept as it is: losses stand before gains, but a lure's gains before its losses; the lures' gains by
 // rating stand behind their averages, those of true items before everything categorical.
 constexpr MeasureFamily kFamilies[] = {
     {"Net", kTest, Measure::Basic, ScoreFamily::Basic, kTrue<&ItemScores::Net>, "Net recall", "items"},
-    {"Losses", kTestPair, Measure::Basic, ScoreFamily::Basic, kTrue<&ItemScores::Losses>, "Losses between tests",
+    {"Losses", kTestPair, Measure::Basic, ScoreFamily::Basic, kTrueChange<&TestChange::Losses>, "Losses between tests",
      "items"},
-    {"Gains", kTestPair, Measure::Basic, ScoreFamily::Basic, kTrue<&ItemScores::Gains>, "Gains between tests", "items"},
+    {"Gains", kTestPair, Measure::Basic, ScoreFamily::Basic, kTrueChange<&TestChange::Gains>, "Gains between tests",
+     "items"},
     {"RecallByMin", kMinuteOfTest, Measure::MinNet, ScoreFamily::Minutes, kTrue<&ItemScores::RecallByMin>,
      "Recall by minute", "items"},
     {"CumulativeRecall", kRunningMinute, Measure::MinCum, ScoreFamily::Minutes, kTrue<&ItemScores::CumulativeRecall>,
      "Cumulative recall", "items"},
     {"GainsByMin", kMinuteOfLaterTest, Measure::MinGains, ScoreFamily::Minutes, kTrue<&ItemScores::GainsByMin>,
      "Gains by minute", "items"},
-    {"GainsAboveMedian", kLaterTest, Measure::Rat, ScoreFamily::Ratings, kTrue<&ItemScores::GainsAboveMid>,
+    {"GainsAboveMedian", kLaterTest, Measure::Rat, ScoreFamily::Ratings, kTrueChange<&TestChange::GainsAboveMid>,
      "Gains rated above the scale midpoint", "items"},
-    {"GainsBelowMedian", kLaterTest, Measure::Rat, ScoreFamily::Ratings, kTrue<&ItemScores::GainsBelowMid>,
+    {"GainsBelowMedian", kLaterTest, Measure::Rat, ScoreFamily::Ratings, kTrueChange<&TestChange::GainsBelowMid>,
      "Gains rated below the scale midpoint", "items", Needs::Nothing, MeasureFamily::BesideLast},
-    {"GainsAtMedian", kLaterTest, Measure::Rat, ScoreFamily::Ratings, kTrue<&ItemScores::GainsAtMid>,
+    {"GainsAtMedian", kLaterTest, Measure::Rat, ScoreFamily::Ratings, kTrueChange<&TestChange::GainsAtMid>,
      "Gains rated at the scale midpoint", "items", Needs::Nothing, MeasureFamily::BesideLast},
     {"ItemsWithPattern", kLetters, Measure::IP, ScoreFamily::Patterns, kPattern<&PatternCounts::ItemsWithPattern>,
      "Frequency of the recall pattern", "items"},
-    {"ArcScore", kTest, Measure::Cat, ScoreFamily::Categories, kCategories<&CategoryScores::ArcScore>,
+    {"ArcScore", kTest, Measure::Cat, ScoreFamily::Categories, kClustering<&TestClustering::ArcScore>,
      "Adjusted ratio of clustering (ARC)", "", Needs::Nothing, MeasureFamily::IndividualOnly},
-    {"Bi-ITR", kBothTests, Measure::Bi, ScoreFamily::Itr, kItr<&ItrScores::BiItr>,
+    {"Bi-ITR", kBothTests, Measure::Bi, ScoreFamily::Itr, kItr<&PairRepetition::BiItr>,
      "Bi-directional inter-test repetition", "pairs", Needs::Nothing, MeasureFamily::IndividualOnly},
-    {"#OfCategoriesUsed", kTest, Measure::Cat, ScoreFamily::Categories, kCategories<&CategoryScores::CatsUsed>,
+    {"#OfCategoriesUsed", kTest, Measure::Cat, ScoreFamily::Categories, kClustering<&TestClustering::CatsUsed>,
      "Category recall", "categories"},
-    {"#OfCats", kMinuteOfTest, Measure::MinCat, ScoreFamily::Categories, kCategories<&CategoryScores::CatsByMin>,
-     "Category recall by minute", "categories", Needs::Categories},
-    {"AvgItemsPerCat", kTest, Measure::Cat, ScoreFamily::Categories, kCategories<&CategoryScores::ItemsPerCat>,
+    {"#OfCats", kMinuteOfTest, Measure::MinCat, ScoreFamily::Categories,
+     &ValuesAt<&ScoringArrays::Categories, &CategoryScores::CatsByMin>, "Category recall by minute", "categories",
+     Needs::Categories},
+    {"AvgItemsPerCat", kTest, Measure::Cat, ScoreFamily::Categories, kClustering<&TestClustering::ItemsPerCat>,
      "Recall per category", "items"},
-    {"RatingAvg", kTest, Measure::Rat, ScoreFamily::Ratings, kTrue<&ItemScores::RatingAvg>, "Average rating",
+    {"RatingAvg", kTest, Measure::Rat, ScoreFamily::Ratings, kTrueRating<&TestRatings::RatingAvg>, "Average rating",
      "rating points"},
-    {"RateAboveMedian", kTest, Measure::Rat, ScoreFamily::Ratings, kTrue<&ItemScores::RateAboveMid>,
+    {"RateAboveMedian", kTest, Measure::Rat, ScoreFamily::Ratings, kTrueRating<&TestRatings::RateAboveMid>,
      "Recall rated above the scale midpoint", "items"},
-    {"RateBelowMedian", kTest, Measure::Rat, ScoreFamily::Ratings, kTrue<&ItemScores::RateBelowMid>,
+    {"RateBelowMedian", kTest, Measure::Rat, ScoreFamily::Ratings, kTrueRating<&TestRatings::RateBelowMid>,
      "Recall rated below the scale midpoint", "items", Needs::Nothing, MeasureFamily::BesideLast},
-    {"RateAtMedian", kTest, Measure::Rat, ScoreFamily::Ratings, kTrue<&ItemScores::RateAtMid>,
+    {"RateAtMedian", kTest, Measure::Rat, ScoreFamily::Ratings, kTrueRating<&TestRatings::RateAtMid>,
      "Recall rated at the scale midpoint", "items", Needs::Nothing, MeasureFamily::BesideLast},
-    {"Up", kTestPairAndEnds, Measure::Rat, ScoreFamily::Ratings, kTrueChange<&RatingChange::Up>,
+    {"Up", kTestPairAndEnds, Measure::Rat, ScoreFamily::Ratings, kTrueRatingChange<&RatingChange::Up>,
      "Ratings raised between tests", "share of items", Needs::Nothing, MeasureFamily::IndividualOnly},
-    {"Down", kTestPairAndEnds, Measure::Rat, ScoreFamily::Ratings, kTrueChange<&RatingChange::Down>,
+    {"Down", kTestPairAndEnds, Measure::Rat, ScoreFamily::Ratings, kTrueRatingChange<&RatingChange::Down>,
      "Ratings lowered between tests", "share of items", Needs::Nothing,
      MeasureFamily::IndividualOnly | MeasureFamily::BesideLast},
-    {"Same", kTestPairAndEnds, Measure::Rat, ScoreFamily::Ratings, kTrueChange<&RatingChange::Same>,
+    {"Same", kTestPairAndEnds, Measure::Rat, ScoreFamily::Ratings, kTrueRatingChange<&RatingChange::Same>,
      "Ratings kept between tests", "share of items", Needs::Nothing,
      MeasureFamily::IndividualOnly | MeasureFamily::BesideLast},
     {"FalseNet", kTest, Measure::FBasic, ScoreFamily::Lures, kLure<&ItemScores::Net>, "False recall", "lures"},
-    {"LureGain", kTestPair, Measure::FBasic, ScoreFamily::Lures, kLure<&ItemScores::Gains>,
+    {"LureGain", kTestPair, Measure::FBasic, ScoreFamily::Lures, kLureChange<&TestChange::Gains>,
      "Lures gained between tests", "lures"},
-    {"LureLoss", kTestPair, Measure::FBasic, ScoreFamily::Lures, kLure<&ItemScores::Losses>, "Lures lost between tests",
-     "lures"},
+    {"LureLoss", kTestPair, Measure::FBasic, ScoreFamily::Lures, kLureChange<&TestChange::Losses>,
+     "Lures lost between tests", "lures"},
     {"FalseByMin", kMinuteOfTest, Measure::MinNet, ScoreFamily::Lures, kLure<&ItemScores::RecallByMin>,
      "False recall by minute", "lures", Needs::Lures},
     {"FalseCumulative", kRunningMinute, Measure::MinCum, ScoreFamily::Lures, kLure<&ItemScores::CumulativeRecall>,
      "Cumulative false recall", "lures", Needs::Lures},
     {"LureGainByMin", kMinuteOfLaterTest, Measure::MinGains, ScoreFamily::Lures, kLure<&ItemScores::GainsByMin>,
      "Lures gained by minute", "lures", Needs::Lures},
-    {"FalseRateAvg", kTest, Measure::Rat, ScoreFamily::Lures, kLure<&ItemScores::RatingAvg>,
+    {"FalseRateAvg", kTest, Measure::Rat, ScoreFamily::Lures, kLureRating<&TestRatings::RatingAvg>,
      "Average rating of false recall", "rating points", Needs::Lures},
-    {"FalseAboveMid", kTest, Measure::Rat, ScoreFamily::Lures, kLure<&ItemScores::RateAboveMid>,
+    {"FalseAboveMid", kTest, Measure::Rat, ScoreFamily::Lures, kLureRating<&TestRatings::RateAboveMid>,
      "False recall rated above the scale midpoint", "lures", Needs::Lures},
-    {"FalseBelowMid", kTest, Measure::Rat, ScoreFamily::Lures, kLure<&ItemScores::RateBelowMid>,
+    {"FalseBelowMid", kTest, Measure::Rat, ScoreFamily::Lures, kLureRating<&TestRatings::RateBelowMid>,
      "False recall rated below the scale midpoint", "lures", Needs::Lures, MeasureFamily::BesideLast},
-    {"FalseAtMid", kTest, Measure::Rat, ScoreFamily::Lures, kLure<&ItemScores::RateAtMid>,
+    {"FalseAtMid", kTest, Measure::Rat, ScoreFamily::Lures, kLureRating<&TestRatings::RateAtMid>,
      "False recall rated at the scale midpoint", "lures", Needs::Lures, MeasureFamily::BesideLast},
-    {"FalseGainsAboveMid", kLaterTest, Measure::Rat, ScoreFamily::Lures, kLure<&ItemScores::GainsAboveMid>,
+    {"FalseGainsAboveMid", kLaterTest, Measure::Rat, ScoreFamily::Lures, kLureChange<&TestChange::GainsAboveMid>,
      "Gained lures rated above the scale midpoint", "lures", Needs::Lures},
-    {"FalseGainsBelowMid", kLaterTest, Measure::Rat, ScoreFamily::Lures, kLure<&ItemScores::GainsBelowMid>,
+    {"FalseGainsBelowMid", kLaterTest, Measure::Rat, ScoreFamily::Lures, kLureChange<&TestChange::GainsBelowMid>,
      "Gained lures rated below the scale midpoint", "lures", Needs::Lures, MeasureFamily::BesideLast},
-    {"FalseGainsAtMid", kLaterTest, Measure::Rat, ScoreFamily::Lures, kLure<&ItemScores::GainsAtMid>,
+    {"FalseGainsAtMid", kLaterTest, Measure::Rat, ScoreFamily::Lures, kLureChange<&TestChange::GainsAtMid>,
      "Gained lures rated at the scale midpoint", "lures", Needs::Lures, MeasureFamily::BesideLast},
-    {"FalseUp", kTestPairAndEnds, Measure::Rat, ScoreFamily::Lures, kLureChange<&RatingChange::Up>,
+    {"FalseUp", kTestPairAndEnds, Measure::Rat, ScoreFamily::Lures, kLureRatingChange<&RatingChange::Up>,
      "Ratings of lures raised between tests", "share of lures", Needs::Lures, MeasureFamily::IndividualOnly},
-    {"FalseDown", kTestPairAndEnds, Measure::Rat, ScoreFamily::Lures, kLureChange<&RatingChange::Down>,
+    {"FalseDown", kTestPairAndEnds, Measure::Rat, ScoreFamily::Lures, kLureRatingChange<&RatingChange::Down>,
      "Ratings of lures lowered between tests", "share of lures", Needs::Lures,
      MeasureFamily::IndividualOnly | MeasureFamily::BesideLast},
-    {"FalseSame", kTestPairAndEnds, Measure::Rat, ScoreFamily::Lures, kLureChange<&RatingChange::Same>,
+    {"FalseSame", kTestPairAndEnds, Measure::Rat, ScoreFamily::Lures, kLureRatingChange<&RatingChange::Same>,
      "Ratings of lures kept between tests", "share of lures", Needs::Lures,
      MeasureFamily::IndividualOnly | MeasureFamily::BesideLast},
-    {"Lure", kLureOfTest, Measure::FWhich, ScoreFamily::Lures, kWhich<&LureScores::LureRecalled>, "Recall of the lure",
-     "share of subjects"},
-    {"ItemsPreLure", kTest, Measure::FPos, ScoreFamily::Lures, kWhich<&LureScores::ItemsPreLure>,
+    {"Lure", kLureOfTest, Measure::FWhich, ScoreFamily::Lures,
+     &ValuesAt<&ScoringArrays::Which, &LureScores::LureRecalled>, "Recall of the lure", "share of subjects"},
+    {"ItemsPreLure", kTest, Measure::FPos, ScoreFamily::Lures, kAssociates<&TestLures::ItemsPreLure>,
      "Associates recalled before the lure", "items", Needs::Nothing, MeasureFamily::IndividualOnly},
-    {"ItemsPostLure", kTest, Measure::FPos, ScoreFamily::Lures, kWhich<&LureScores::ItemsPostLure>,
+    {"ItemsPostLure", kTest, Measure::FPos, ScoreFamily::Lures, kAssociates<&TestLures::ItemsPostLure>,
      "Associates recalled after the lure", "items", Needs::Nothing,
      MeasureFamily::IndividualOnly | MeasureFamily::BesideLast},
     {"LuresWithPattern", kLetters, Measure::FIP, ScoreFamily::Patterns, kPattern<&PatternCounts::LuresWithPattern>,

@@ -16,6 +16,7 @@
 #include <numeric>
 
 #include "platform/files/DataFileError.h"
+#include "project/ProjectLayout.h"
 #include "scoring/ScoreSubject.h"
 #include "text/Encoding.h"
 #include "text/FieldReader.h"
@@ -24,14 +25,6 @@
 namespace zova {
 
 namespace {
-
-std::string SerialOrderPath(const ProjectParameters& project) {
-  return JoinPath(project.PrimaryDir, project.Abbreviation + " Serial Order.dat");
-}
-
-std::string GroupOrderPath(const ProjectParameters& project) {
-  return JoinPath(project.PrimaryDir, project.Abbreviation + " Combine Order.dat");
-}
 
 template <typename NameOf>
 std::optional<OrderFault> FirstFault(const std::vector<std::int16_t>& positions, NameOf&& nameOf) {
@@ -167,7 +160,7 @@ GroupOrder FitGroupOrder(const GroupOrderLines& lines, const std::vector<std::st
   for (const std::string& id : subjectIds) {
     const auto [found, end] = saved.equal_range(id);
     const bool isKnown = found != end;
-    keys.push_back(isKnown ? found->second : INT16_MAX + 1);
+    keys.push_back(isKnown ? found->second : kMaxSubjects + 1);
     if (isKnown) saved.erase(found);
   }
   std::vector<std::size_t> rows(subjectIds.size());

@@ -3,6 +3,7 @@
 #include "master/run/MasterOptions.h"
 
 #include "master/run/RunPaths.h"
+#include "project/ProjectLayout.h"
 
 namespace zova {
 

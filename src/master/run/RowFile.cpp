@@ -25,7 +25,7 @@ bool WriteRunFile(const std::string& path, const std::string& content, Disk& dis
                   std::vector<std::filesystem::path>& written) {
   return WithRetry(boxes, [&] {
     disk.WriteInPlace(path, content);
-    AddOnce(disk.Resolve(path, FileOperation::Write), written);
+    AddOnce(disk.Resolve(path, FileOperation::Write).Native, written);
   });
 }
 

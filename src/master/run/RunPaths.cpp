@@ -8,13 +8,11 @@
 #include <algorithm>
 
 #include "master/columns/MasterLines.h"
-#include "master/run/OwnFiles.h"
-#include "text/Encoding.h"
+#include "project/ProjectLayout.h"
+#include "project/ProtectedFiles.h"
 #include "text/TypedText.h"
 
 namespace zova {
-
-namespace fs = std::filesystem;
 
 namespace {
 
@@ -23,7 +21,7 @@ std::string ResolveFile(const std::string& text, std::string_view name, const Pr
                         const DriveMap& drives) {
   const std::string_view typed = WithoutOuterBlanks(text);
   std::string path = drives.ToDrivePath(typed);
-  const bool hasDrive = path.size() > 1 && path[1] == ':';
+  const bool hasDrive = HasDrive(path);
   if (hasDrive && path.find_first_of("\\/") != 2) path.insert(2, "\\");
   const bool isDirectory =
       typed.empty() || typed.ends_with('\\') || typed.ends_with('/') || (hasDrive && path.size() == 3);
@@ -34,26 +32,18 @@ std::string ResolveFile(const std::string& text, std::string_view name, const Pr
   return path.append(name);
 }
 
-// Up to and including the last separator.
-std::string DirectoryOf(const std::string& path) {
-  return path.substr(0, path.size() - LastPathComponent(path).size());
-}
-
-std::vector<std::string> PiecePaths(const char* name, int columnCount, const ProjectParameters& project) {
+std::vector<std::string> PiecePaths(ResultFile master, int columnCount, const ProjectParameters& project) {
   std::vector<std::string> paths;
   if (columnCount <= kMaxColumnsUnsplit) return paths;
-  for (int piece = 1; piece <= columnCount / kMaxColumnsUnsplit + 1; ++piece) {
-    paths.push_back(JoinPath(project.PrimaryDir, project.Abbreviation + name + std::to_string(piece) + ".txt"));
-  }
+  const auto count = static_cast<std::size_t>(columnCount / kMaxColumnsUnsplit + 1);
+  for (std::size_t piece = 1; piece <= count; ++piece) paths.push_back(PiecePath(project, master, piece));
   return paths;
 }
 
-// Also by a link, and where neither is there yet: once the first is written, the other's spelling finds it.
-bool IsSameFile(const fs::path& left, const fs::path& right) {
-  std::error_code code;
-  if (fs::exists(left, code) && fs::exists(right, code)) return fs::equivalent(left, right, code);
-  return EqualsIgnoringCase(PathText(left.filename()), PathText(right.filename())) &&
-         (left.parent_path() == right.parent_path() || fs::equivalent(left.parent_path(), right.parent_path(), code));
+void RefuseProjectFile(const std::string& path, const ProjectParameters& project, Disk& disk) {
+  if (!IsProjectFile(path, project, disk)) return;
+  throw FileError(FileOperation::Write, path, std::make_error_code(std::errc::file_exists),
+                  "A master cannot take the place of a project's own file.");
 }
 
 }  // namespace
@@ -65,23 +55,23 @@ std::string ResolveDestination(const std::string& text, const ProjectParameters&
 RunPaths IndividualPaths(const MasterRequest& request, int columnCount, const ProjectParameters& project,
                          const DriveMap& drives) {
   const std::string header = ResolveDestination(request.Destination, project, drives);
-  const std::string stem = DirectoryOf(header) + project.Abbreviation;
-  const auto exportPath = [&](const std::optional<std::string>& asked, const char* name) -> std::string {
+  const auto beside = [&](ResultFile file) { return std::string(PathPrefix(header)) + ResultName(project, file); };
+  const auto exportPath = [&](const std::optional<std::string>& asked, ResultFile file) -> std::string {
     if (!asked) return "";
-    return asked->empty() ? stem + name : ResolveFile(*asked, project.Abbreviation + name, project, drives);
+    return asked->empty() ? beside(file) : ResolveFile(*asked, ResultName(project, file), project, drives);
   };
-  return {.Master = {header, DefaultMasterPath(project), PiecePaths(" Master", columnCount, project)},
-          .Serial = request.Order ? stem + " Serial Position Master.txt" : "",
-          .Combined = request.CombinedFollows ? CombinedPaths(request.Destination, 0, project, drives).Master.Rows : "",
-          .Clean = exportPath(request.CleanFile, " Clean.csv"),
-          .Long = exportPath(request.LongFile, " Long.csv")};
+  return {.Master = {header, DefaultMasterPath(project), PiecePaths(ResultFile::Master, columnCount, project)},
+          .Serial = request.Order ? beside(ResultFile::SerialMaster) : "",
+          .Combined = request.CombinedFollows ? beside(ResultFile::CombinedMaster) : "",
+          .Clean = exportPath(request.CleanFile, ResultFile::CleanCsv),
+          .Long = exportPath(request.LongFile, ResultFile::LongCsv)};
 }
 
 RunPaths CombinedPaths(const std::string& destination, int columnCount, const ProjectParameters& project,
                        const DriveMap& drives) {
-  const std::string path =
-      DirectoryOf(ResolveDestination(destination, project, drives)) + project.Abbreviation + " Combined Master.txt";
-  return {.Master = {path, path, PiecePaths(" Combined Master", columnCount, project)},
+  const std::string header = ResolveDestination(destination, project, drives);
+  const std::string path = std::string(PathPrefix(header)) + ResultName(project, ResultFile::CombinedMaster);
+  return {.Master = {path, path, PiecePaths(ResultFile::CombinedMaster, columnCount, project)},
           .Serial = "",
           .Combined = "",
           .Clean = "",
@@ -97,19 +87,21 @@ void CheckRunPaths(const RunPaths& paths, const ProjectParameters& project, Disk
   for (const std::string& path : {paths.Serial, paths.Combined, paths.Clean, paths.Long}) {
     if (!path.empty()) all.push_back(path);
   }
-  std::vector<fs::path> natives;
+  std::vector<ResolvedPath> earlier;
   for (const std::string& path : all) {
-    RefuseOwnFile(path, project, disk);
-    const fs::path native = disk.Resolve(path, FileOperation::Write);
-    if (std::error_code code; !fs::is_directory(native.parent_path(), code)) {
+    RefuseProjectFile(path, project, disk);
+    ResolvedPath file = disk.Resolve(path, FileOperation::Write);
+    if (disk.Kind(DirectoryOf(file), FileOperation::Write) != EntryKind::Directory) {
+      // Kept: only the file that gets the rows is reported as a path not found, as in a combined master's destination.
+      if (path == paths.Master.Rows) throw FileError(FileOperation::Write, path, FileCause::PathNotFound);
       throw FileError(FileOperation::Write, path, std::make_error_code(std::errc::no_such_file_or_directory));
     }
-    const auto isTaken = [&](const fs::path& other) { return IsSameFile(native, other); };
-    if (natives.size() >= ofMaster && std::any_of(natives.begin(), natives.end(), isTaken)) {
+    const auto isTaken = [&](const ResolvedPath& other) { return disk.IsSame(file, other); };
+    if (earlier.size() >= ofMaster && std::any_of(earlier.begin(), earlier.end(), isTaken)) {
       throw FileError(FileOperation::Write, path, std::make_error_code(std::errc::file_exists),
                       "Each file of a run needs a name of its own.");
     }
-    natives.push_back(native);
+    earlier.push_back(std::move(file));
   }
 }
 

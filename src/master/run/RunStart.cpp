@@ -3,8 +3,8 @@
 #include "master/run/RunStart.h"
 
 #include "platform/desktop/FileErrorBoxes.h"
+#include "project/ProjectLayout.h"
 #include "scoring/RunError.h"
-#include "subjects/SubjectFiles.h"
 
 namespace zova {
 
@@ -31,9 +31,9 @@ std::optional<int> CountSubjectFiles(const ProjectParameters& project, Disk& dis
     found = ListSubjectFiles(disk, project, SubjectDirectory(project.PrimaryDir)).size();
   });
   if (!listed) return std::nullopt;
-  if (found > INT16_MAX) {
+  if (found > kMaxSubjects) {
     ShowRunStopped({RunFault::Overflow, "There are " + std::to_string(found) + " subject files; a master can have " +
-                                            std::to_string(INT16_MAX) + "."},
+                                            std::to_string(kMaxSubjects) + "."},
                    boxes);
     return std::nullopt;
   }

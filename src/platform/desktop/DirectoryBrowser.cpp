@@ -30,13 +30,10 @@ using Components = std::vector<std::string>;
 // What follows the drive, "." and ".." worked out: they would be no names to show.
 Components ComponentsOf(std::string_view path) {
   Components parts;
-  while (!path.empty()) {
-    const std::size_t end = std::min(path.find_first_of("\\/"), path.size());
-    const std::string_view part = path.substr(0, end);
-    path.remove_prefix(std::min(end + 1, path.size()));
+  for (const std::string_view part : PathComponents(path)) {
     if (part == "..") {
       if (!parts.empty()) parts.pop_back();
-    } else if (!part.empty() && part != ".") {
+    } else if (part != ".") {
       parts.emplace_back(part);
     }
   }
@@ -51,7 +48,7 @@ std::string Joined(char letter, const Components& parts) {
 
 // The names as the disk has them, where a typed path differs in case. Looking up keeps the number of components.
 void TakeSpellingOfDisk(Disk& disk, char letter, Components& parts) {
-  const std::filesystem::path native = disk.Resolve(Joined(letter, parts), FileOperation::List);
+  const std::filesystem::path native = disk.Resolve(Joined(letter, parts), FileOperation::List).Native;
   auto inNative = std::prev(native.end(), static_cast<std::ptrdiff_t>(parts.size()));
   for (std::string& part : parts) part = PathText(*inNative++);
 }
@@ -82,9 +79,9 @@ void DirectoryBrowser::Reset() {
 bool DirectoryBrowser::TryOpen(const std::string& path) {
   try {
     const std::string drivePath = m_disk.Drives().ToDrivePath(path);
-    if (drivePath.size() < 2 || drivePath[1] != ':') return false;
+    if (!HasDrive(drivePath)) return false;
     const char letter = UpperLetter(drivePath.front());
-    Components parts = ComponentsOf(std::string_view(drivePath).substr(2));
+    Components parts = ComponentsOf(drivePath);
     TakeSpellingOfDisk(m_disk, letter, parts);
     const Components children = m_disk.ListDirectories(Joined(letter, parts));
 

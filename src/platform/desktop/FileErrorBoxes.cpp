@@ -37,9 +37,7 @@ std::string DetailsOf(const FileError& error) {
 bool ReportFileError(MessageBoxes& boxes, const FileError& error) {
   switch (error.Cause()) {
     case FileCause::DialogCancelled: return false;
-    case FileCause::EndOfData:
-      Warn(boxes, TextOf(error), DetailsOf(error));
-      return true;
+    case FileCause::EndOfData: Warn(boxes, TextOf(error), DetailsOf(error)); return true;
     case FileCause::PathNotFound:
     case FileCause::System: return ReportRunError(boxes, TextOf(error), DetailsOf(error));
   }

@@ -8,14 +8,11 @@
 
 namespace zova {
 
-namespace fs = std::filesystem;
-
-AppendFile::AppendFile(FileLayer& layer, std::string path, fs::path native)
-    : m_layer(layer), m_path(std::move(path)), m_native(std::move(native)) {}
+AppendFile::AppendFile(FileLayer& layer, ResolvedPath path) : m_layer(layer), m_path(std::move(path)) {}
 
 void AppendFile::CutBack() {
   m_file.reset();
-  m_layer.Truncate(m_native, m_size);
+  m_layer.Truncate(m_path.Native, m_size);
   m_cutBackDue = false;
 }
 
@@ -23,9 +20,9 @@ void AppendFile::Append(std::string_view bytes) {
   try {
     if (m_cutBackDue) CutBack();
     if (!m_file) {
-      RequireWritable(m_layer, FileOperation::Append, m_path, m_native, Devices::Allow);
-      m_size = m_layer.Kind(m_native) == EntryKind::Missing ? 0 : m_layer.Size(m_native);
-      m_file = m_layer.Append(m_native);
+      RequireWritable(m_layer, FileOperation::Append, m_path, Devices::Allow);
+      m_size = m_layer.Kind(m_path.Native) == EntryKind::Missing ? 0 : m_layer.Size(m_path.Native);
+      m_file = m_layer.Append(m_path.Native);
     }
     m_cutBackDue = true;
     m_file->Write(bytes);
@@ -37,7 +34,7 @@ void AppendFile::Append(std::string_view bytes) {
     } catch (const std::system_error&) {
       // Still due: the next attempt begins with it.
     }
-    ThrowFileError(m_layer, FileOperation::Append, m_path, m_native, error.code());
+    ThrowFileError(m_layer, FileOperation::Append, m_path, error.code());
   }
 }
 
@@ -46,7 +43,7 @@ void AppendFile::Close() {
   try {
     if (file) file->Close();
   } catch (const std::system_error& error) {
-    ThrowFileError(m_layer, FileOperation::Append, m_path, m_native, error.code());
+    ThrowFileError(m_layer, FileOperation::Append, m_path, error.code());
   }
 }
 

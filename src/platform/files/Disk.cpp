@@ -10,6 +10,7 @@
 #include <system_error>
 
 #include "platform/files/FileFaults.h"
+#include "platform/files/FilePlace.h"
 #include "text/Encoding.h"
 #include "text/TypedText.h"
 
@@ -68,11 +69,11 @@ void KeepPermissions(FileLayer& layer, const fs::path& from, const fs::path& to)
 
 // Every call to the layer goes through here: its errors become file errors that name the path as the caller spelt it.
 template <typename Call>
-auto Disk::Guarded(FileOperation operation, std::string_view path, const fs::path& native, Call&& call) {
+auto Disk::Guarded(FileOperation operation, const ResolvedPath& path, Call&& call) {
   try {
     return call();
   } catch (const std::system_error& error) {
-    ThrowFileError(m_layer, operation, std::string(path), native, error.code());
+    ThrowFileError(m_layer, operation, path, error.code());
   }
 }
 
@@ -93,38 +94,79 @@ fs::path Disk::ResolveBelow(fs::path base, const fs::path& rest) {
   return base;
 }
 
-fs::path Disk::Resolve(std::string_view path, FileOperation operation) {
+ResolvedPath Disk::Resolve(std::string_view path, FileOperation operation) {
   const auto native = m_drives.ToNative(path);
   if (!native) throw FileError(operation, std::string(path), FileCause::PathNotFound);
-  return Guarded(operation, path, *native, [&] {
-    if (m_layer.Kind(*native) != EntryKind::Missing) return *native;
-    return ResolveBelow(native->root_path(), native->relative_path());
+  ResolvedPath resolved{std::string(path), *native};
+  Guarded(operation, resolved, [&] {
+    if (m_layer.Kind(*native) != EntryKind::Missing) return;
+    resolved.Native = ResolveBelow(native->root_path(), native->relative_path());
   });
+  return resolved;
+}
+
+ResolvedPath Disk::ResolveLinks(const ResolvedPath& path, FileOperation operation) {
+  return {path.Shown, Guarded(operation, path, [&] { return m_layer.RealPath(path.Native); })};
+}
+
+bool Disk::IsSame(std::string_view left, std::string_view right) {
+  if (!m_drives.ToNative(left) || !m_drives.ToNative(right)) return EqualsIgnoringCase(left, right);
+  return IsSame(Resolve(left, FileOperation::Read), Resolve(right, FileOperation::Read));
+}
+
+bool Disk::IsSame(const ResolvedPath& left, const ResolvedPath& right) {
+  return Guarded(FileOperation::Read, left, [&] { return IsSameEntry(m_layer, left.Native, right.Native); });
+}
+
+bool Disk::LiesInside(std::string_view inner, std::string_view outer) {
+  if (!m_drives.ToNative(inner) || !m_drives.ToNative(outer)) return false;
+  const ResolvedPath place = Resolve(inner, FileOperation::Read);
+  const ResolvedPath other = Resolve(outer, FileOperation::Read);
+  return Guarded(FileOperation::Read, place, [&] { return LiesBelow(m_layer, place.Native, other.Native); });
+}
+
+std::vector<std::string> Disk::NamesOf(const ResolvedPath& file, const ResolvedPath& directory) {
+  std::vector<std::string> names;
+  Guarded(FileOperation::List, directory, [&] {
+    const auto wanted = m_layer.Identity(file.Native);
+    if (!wanted || m_layer.Kind(directory.Native) != EntryKind::Directory) return;
+    for (DirectoryEntry& entry : m_layer.List(directory.Native)) {
+      if (entry.Kind != EntryKind::File || IsTemporary(entry.Name)) continue;
+      const auto identity = m_layer.Identity(directory.Native / PathFromText(entry.Name));
+      if (identity && IsSameFile(*identity, *wanted)) names.push_back(std::move(entry.Name));
+    }
+  });
+  return names;
+}
+
+std::uintmax_t Disk::LinkCount(const ResolvedPath& file) {
+  return Guarded(FileOperation::Read, file,
+                 [&] { return m_layer.Identity(file.Native).value_or(FileIdentity{}).Links; });
+}
+
+EntryKind Disk::Kind(const ResolvedPath& path, FileOperation operation) {
+  return Guarded(operation, path, [&] { return m_layer.Kind(path.Native); });
 }
 
 bool Disk::FileExists(std::string_view path) {
   if (!m_drives.ToNative(path)) return false;
-  const fs::path native = Resolve(path, FileOperation::Read);
-  return Guarded(FileOperation::Read, path, native, [&] { return m_layer.Kind(native) == EntryKind::File; });
+  return Kind(Resolve(path, FileOperation::Read), FileOperation::Read) == EntryKind::File;
 }
 
 bool Disk::DirectoryExists(std::string_view path) {
   if (!m_drives.ToNative(path)) return false;
-  const fs::path native = Resolve(path, FileOperation::List);
-  return Guarded(FileOperation::List, path, native, [&] { return m_layer.Kind(native) == EntryKind::Directory; });
+  return Kind(Resolve(path, FileOperation::List), FileOperation::List) == EntryKind::Directory;
 }
 
-void Disk::Read(std::string_view path, std::string& content) {
-  ReadNative(Resolve(path, FileOperation::Read), path, content);
-}
+void Disk::Read(std::string_view path, std::string& content) { Read(Resolve(path, FileOperation::Read), content); }
 
-void Disk::ReadNative(const fs::path& native, std::string_view path, std::string& content) {
-  Guarded(FileOperation::Read, path, native, [&] {
+void Disk::Read(const ResolvedPath& path, std::string& content) {
+  Guarded(FileOperation::Read, path, [&] {
     try {
-      m_layer.Read(native, content, kMaxFileSize);
+      m_layer.Read(path.Native, content, kMaxFileSize);
     } catch (const std::system_error& error) {
       if (error.code() != std::errc::file_too_large) throw;
-      throw FileError(FileOperation::Read, std::string(path), FileCause::EndOfData, "The file is larger than 64 MiB.");
+      throw FileError(FileOperation::Read, path.Shown, FileCause::EndOfData, "The file is larger than 64 MiB.");
     }
   });
 }
@@ -150,31 +192,30 @@ void Disk::ReplaceFile(const fs::path& target, std::string_view content, Durabil
 }
 
 void Disk::Write(std::string_view path, std::string_view content, Durability durability) {
-  WriteNative(Resolve(path, FileOperation::Write), path, content, durability, Leftovers::Remove);
+  Write(Resolve(path, FileOperation::Write), content, durability, Leftovers::Remove);
 }
 
-void Disk::WriteNative(const fs::path& native, std::string_view path, std::string_view content, Durability durability,
-                       Leftovers leftovers) {
-  Guarded(FileOperation::Write, path, native, [&] {
-    const fs::path target = m_layer.RealPath(native);
-    RequireWritable(m_layer, FileOperation::Write, path, target, Devices::Refuse);  // the file would replace it
-    if (leftovers == Leftovers::Remove) RemoveLeftoversIn(target.parent_path());
-    ReplaceFile(target, content, durability);
+void Disk::Write(const ResolvedPath& path, std::string_view content, Durability durability, Leftovers leftovers) {
+  Guarded(FileOperation::Write, path, [&] {
+    const ResolvedPath target{path.Shown, m_layer.RealPath(path.Native)};
+    RequireWritable(m_layer, FileOperation::Write, target, Devices::Refuse);  // the file would replace it
+    if (leftovers == Leftovers::Remove) RemoveLeftoversIn(target.Native.parent_path());
+    ReplaceFile(target.Native, content, durability);
   });
 }
 
 void Disk::WriteInPlace(std::string_view path, std::string_view content) {
-  const fs::path native = Resolve(path, FileOperation::Write);
-  Guarded(FileOperation::Write, path, native, [&] {
-    RequireWritable(m_layer, FileOperation::Write, path, native, Devices::Allow);
-    std::unique_ptr<OutputFile> file = m_layer.Overwrite(native);
+  const ResolvedPath target = Resolve(path, FileOperation::Write);
+  Guarded(FileOperation::Write, target, [&] {
+    RequireWritable(m_layer, FileOperation::Write, target, Devices::Allow);
+    std::unique_ptr<OutputFile> file = m_layer.Overwrite(target.Native);
     try {
       file->Write(content);
       file->Close();
     } catch (const std::system_error&) {
       file.reset();
       try {
-        m_layer.Truncate(native, 0);
+        m_layer.Truncate(target.Native, 0);
       } catch (const std::system_error&) {
         // The fault that is told is the first.
       }
@@ -184,8 +225,8 @@ void Disk::WriteInPlace(std::string_view path, std::string_view content) {
 }
 
 void Disk::RemoveLeftovers(std::string_view directory) {
-  const fs::path native = Resolve(directory, FileOperation::List);
-  Guarded(FileOperation::List, directory, native, [&] { RemoveLeftoversIn(native); });
+  const ResolvedPath target = Resolve(directory, FileOperation::List);
+  Guarded(FileOperation::List, target, [&] { RemoveLeftoversIn(target.Native); });
 }
 
 void Disk::RemoveLeftoversIn(const fs::path& directory) {
@@ -199,42 +240,40 @@ void Disk::RemoveLeftoversIn(const fs::path& directory) {
   }
 }
 
-AppendFile Disk::OpenForAppend(std::string_view path) {
-  return {m_layer, std::string(path), Resolve(path, FileOperation::Append)};
-}
+AppendFile Disk::OpenForAppend(std::string_view path) { return {m_layer, Resolve(path, FileOperation::Append)}; }
 
 void Disk::Copy(std::string_view from, std::string_view to) {
   std::string content;
-  ReadForCopy(Resolve(from, FileOperation::Copy), from, content);
+  ReadForCopy(Resolve(from, FileOperation::Copy), content);
   Write(to, content);
 }
 
-void Disk::CopyNative(const fs::path& source, std::string_view from, const fs::path& target, std::string_view to) {
+void Disk::Copy(const ResolvedPath& from, const ResolvedPath& to) {
   std::string content;
-  ReadForCopy(source, from, content);
-  WriteNative(target, to, content, Durability::OnDisk, Leftovers::Keep);
+  ReadForCopy(from, content);
+  Write(to, content, Durability::OnDisk, Leftovers::Keep);
 }
 
-void Disk::ReadForCopy(const fs::path& source, std::string_view from, std::string& content) {
-  Guarded(FileOperation::Copy, from, source, [&] { m_layer.Read(source, content, UINTMAX_MAX); });
+void Disk::ReadForCopy(const ResolvedPath& from, std::string& content) {
+  Guarded(FileOperation::Copy, from, [&] { m_layer.Read(from.Native, content, UINTMAX_MAX); });
 }
 
 void Disk::Delete(std::string_view path) {
-  const fs::path native = Resolve(path, FileOperation::Delete);
-  Guarded(FileOperation::Delete, path, native, [&] { m_layer.Remove(native); });
+  const ResolvedPath target = Resolve(path, FileOperation::Delete);
+  Guarded(FileOperation::Delete, target, [&] { m_layer.Remove(target.Native); });
 }
 
 void Disk::CreateDirectory(std::string_view path) {
-  const fs::path native = Resolve(path, FileOperation::CreateDirectory);
-  Guarded(FileOperation::CreateDirectory, path, native, [&] { m_layer.CreateDirectory(native); });
+  const ResolvedPath target = Resolve(path, FileOperation::CreateDirectory);
+  Guarded(FileOperation::CreateDirectory, target, [&] { m_layer.CreateDirectory(target.Native); });
 }
 
 void Disk::CreateDirectories(std::string_view path) {
-  const fs::path native = Resolve(path, FileOperation::CreateDirectory);
-  Guarded(FileOperation::CreateDirectory, path, native, [&] {
-    fs::path level = native.root_path();
+  const ResolvedPath target = Resolve(path, FileOperation::CreateDirectory);
+  Guarded(FileOperation::CreateDirectory, target, [&] {
+    fs::path level = target.Native.root_path();
     EntryKind last = EntryKind::Directory;
-    for (const fs::path& part : native.relative_path()) {
+    for (const fs::path& part : target.Native.relative_path()) {
       level /= part;
       last = m_layer.Kind(level);
       if (last == EntryKind::Missing) m_layer.CreateDirectory(level);
@@ -245,18 +284,18 @@ void Disk::CreateDirectories(std::string_view path) {
 }
 
 void Disk::RemoveDirectory(std::string_view path) {
-  const fs::path native = Resolve(path, FileOperation::RemoveDirectory);
-  Guarded(FileOperation::RemoveDirectory, path, native, [&] {
-    RemoveLeftoversIn(native);
-    m_layer.Remove(native);
+  const ResolvedPath target = Resolve(path, FileOperation::RemoveDirectory);
+  Guarded(FileOperation::RemoveDirectory, target, [&] {
+    RemoveLeftoversIn(target.Native);
+    m_layer.Remove(target.Native);
   });
 }
 
 bool Disk::IsEmptyDirectory(std::string_view path) {
-  const fs::path native = Resolve(path, FileOperation::List);
-  return Guarded(FileOperation::List, path, native, [&] {
-    if (m_layer.Kind(native) != EntryKind::Directory) return false;
-    const auto entries = m_layer.List(native);
+  const ResolvedPath target = Resolve(path, FileOperation::List);
+  return Guarded(FileOperation::List, target, [&] {
+    if (m_layer.Kind(target.Native) != EntryKind::Directory) return false;
+    const auto entries = m_layer.List(target.Native);
     return std::all_of(entries.begin(), entries.end(), [](const DirectoryEntry& e) { return IsTemporary(e.Name); });
   });
 }
@@ -264,11 +303,11 @@ bool Disk::IsEmptyDirectory(std::string_view path) {
 std::vector<std::string> Disk::ListFiles(std::string_view directory, std::string_view prefix, std::string_view suffix) {
   std::vector<std::string> names;
   if (DirectoryExists(directory)) {
-    const fs::path native = Resolve(directory, FileOperation::List);
+    const ResolvedPath target = Resolve(directory, FileOperation::List);
     const std::string upperPrefix = UpperCase(prefix);
     const std::string upperSuffix = UpperCase(suffix);
-    Guarded(FileOperation::List, directory, native, [&] {
-      for (DirectoryEntry& entry : m_layer.List(native)) {
+    Guarded(FileOperation::List, target, [&] {
+      for (DirectoryEntry& entry : m_layer.List(target.Native)) {
         if (entry.Kind != EntryKind::File || IsTemporary(entry.Name)) continue;
         const std::string upper = UpperCase(entry.Name);
         if (upper.size() < upperPrefix.size() + upperSuffix.size()) continue;
@@ -281,14 +320,14 @@ std::vector<std::string> Disk::ListFiles(std::string_view directory, std::string
 }
 
 std::vector<std::string> Disk::ListDirectories(std::string_view directory) {
-  const fs::path native = Resolve(directory, FileOperation::List);
-  return Guarded(FileOperation::List, directory, native, [&] {
+  const ResolvedPath target = Resolve(directory, FileOperation::List);
+  return Guarded(FileOperation::List, target, [&] {
     std::vector<std::string> names;
-    for (DirectoryEntry& entry : m_layer.List(native)) {
+    for (DirectoryEntry& entry : m_layer.List(target.Native)) {
       if (entry.Kind != EntryKind::Directory || IsHidden(entry.Name) || !FitsStoredPath(entry.Name)) continue;
-      if (m_layer.CanEnter(native / PathFromText(entry.Name))) names.push_back(std::move(entry.Name));
+      if (m_layer.CanEnter(target.Native / PathFromText(entry.Name))) names.push_back(std::move(entry.Name));
     }
-    if (!m_layer.CanEnter(native)) throw std::system_error(std::make_error_code(std::errc::permission_denied));
+    if (!m_layer.CanEnter(target.Native)) throw std::system_error(std::make_error_code(std::errc::permission_denied));
     return InListingOrder(std::move(names));
   });
 }

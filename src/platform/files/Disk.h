@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstdint>
-#include <filesystem>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -11,6 +10,7 @@
 #include "platform/files/DriveMap.h"
 #include "platform/files/FileError.h"
 #include "platform/files/FileLayer.h"
+#include "platform/files/ResolvedPath.h"
 
 namespace zova {
 
@@ -27,17 +27,31 @@ class Disk {
   [[nodiscard]] const DriveMap& Drives() const noexcept { return m_drives; }
   [[nodiscard]] FileLayer& Layer() noexcept { return m_layer; }
 
-  /// The native path of an existing file, or the one that creating it would make. Throws FileError (PathNotFound) for
-  /// a drive that is not ready; `operation` is what the error will name.
-  std::filesystem::path Resolve(std::string_view path, FileOperation operation);
+  /// Where an existing file is, or the one that creating it would make. Throws FileError (PathNotFound) for a drive
+  /// that is not ready; `operation` is what the error will name.
+  ResolvedPath Resolve(std::string_view path, FileOperation operation);
 
+  /// The same without links, "." and ".."; `Shown` stays.
+  ResolvedPath ResolveLinks(const ResolvedPath& path, FileOperation operation);
+
+  /// True when the two paths are one file or directory: by symbolic or hard link, mount, `..` or case; of two that do
+  /// not exist, when creating the one would make the other. On a drive that is not ready the texts are compared.
+  bool IsSame(std::string_view left, std::string_view right);
+  bool IsSame(const ResolvedPath& left, const ResolvedPath& right);
+  /// True when `inner` lies below `outer` (and is not itself `outer`); false on a drive that is not ready.
+  bool LiesInside(std::string_view inner, std::string_view outer);
+  /// The files of `directory` that are `file` under another name or the same one. A missing directory has none.
+  std::vector<std::string> NamesOf(const ResolvedPath& file, const ResolvedPath& directory);
+  /// How many names (hard links) the existing file has.
+  std::uintmax_t LinkCount(const ResolvedPath& file);
+
+  EntryKind Kind(const ResolvedPath& path, FileOperation operation);
   bool FileExists(std::string_view path);
   bool DirectoryExists(std::string_view path);
 
   /// The whole file into `content`, replacing what was there.
   void Read(std::string_view path, std::string& content);
-  /// The same by the native path; `path` is only what an error names.
-  void ReadNative(const std::filesystem::path& native, std::string_view path, std::string& content);
+  void Read(const ResolvedPath& path, std::string& content);
 
   /// Creates or replaces the file in one step that a failure, or a kill at any moment, cannot leave half done.
   enum class Durability { OnDisk, Buffered };
@@ -49,11 +63,9 @@ class Disk {
   AppendFile OpenForAppend(std::string_view path);
 
   void Copy(std::string_view from, std::string_view to);
-  /// The same by native paths, for many files of one directory (FileCopier): `from` and `to` are what errors name, and
-  /// leftovers of interrupted saves stay where they are.
-  void CopyNative(const std::filesystem::path& source, std::string_view from, const std::filesystem::path& target,
-                  std::string_view to);
-  /// Of interrupted saves, as every Write does in its directory.
+  /// The same for many files of one directory (FileCopier): leftovers of interrupted saves stay where they are.
+  void Copy(const ResolvedPath& from, const ResolvedPath& to);
+  /// Deletes the temporary files of interrupted saves.
   void RemoveLeftovers(std::string_view directory);
   void Delete(std::string_view path);
   void CreateDirectory(std::string_view path);
@@ -76,12 +88,11 @@ class Disk {
 
   std::filesystem::path ResolveBelow(std::filesystem::path base, const std::filesystem::path& rest);
   void RemoveLeftoversIn(const std::filesystem::path& directory);
-  void WriteNative(const std::filesystem::path& native, std::string_view path, std::string_view content,
-                   Durability durability, Leftovers leftovers);
-  void ReadForCopy(const std::filesystem::path& source, std::string_view from, std::string& content);
+  void Write(const ResolvedPath& path, std::string_view content, Durability durability, Leftovers leftovers);
+  void ReadForCopy(const ResolvedPath& from, std::string& content);
   void ReplaceFile(const std::filesystem::path& target, std::string_view content, Durability durability);
   template <typename Call>
-  auto Guarded(FileOperation operation, std::string_view path, const std::filesystem::path& native, Call&& call);
+  auto Guarded(FileOperation operation, const ResolvedPath& path, Call&& call);
 
   FileLayer& m_layer;
   DriveMap m_drives;

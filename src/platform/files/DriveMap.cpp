@@ -1,7 +1,4 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-//
-// A drive path is a letter, a colon, and components separated by backslashes. A "/" separates as well, since no name
-// on any platform holds one.
 
 #include "platform/files/DriveMap.h"
 
@@ -18,12 +15,8 @@ constexpr bool kDrivesAreNative = true;
 constexpr bool kDrivesAreNative = false;
 #endif
 
-constexpr std::string_view kSeparators = "\\/";
-
 bool IsLetter(char c) noexcept { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
 char Upper(char c) noexcept { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
-
-bool HasDrive(std::string_view path) noexcept { return path.size() >= 2 && IsLetter(path[0]) && path[1] == ':'; }
 
 // How many components of `path` the root covers, or nothing when the path does not lie in it.
 std::optional<std::ptrdiff_t> CoveredBy(const std::filesystem::path& root, const std::filesystem::path& path) {
@@ -39,15 +32,6 @@ std::optional<std::ptrdiff_t> CoveredBy(const std::filesystem::path& root, const
 }
 
 }  // namespace
-
-std::string PathText(const std::filesystem::path& path) {
-  const std::u8string text = path.u8string();
-  return {reinterpret_cast<const char*>(text.data()), text.size()};
-}
-
-std::filesystem::path PathFromText(std::string_view text) {
-  return {std::u8string(reinterpret_cast<const char8_t*>(text.data()), text.size())};
-}
 
 DriveMap::DriveMap(std::vector<Drive> drives) : m_drives(std::move(drives)) {
   for (Drive& drive : m_drives) drive.Letter = Upper(drive.Letter);
@@ -89,12 +73,7 @@ std::optional<std::filesystem::path> DriveMap::ToNative(std::string_view path) c
   // Begins at the root in any case: "C:" and "C:name" alone would go by that drive's current directory.
   std::filesystem::path native =
       drive != m_drives.end() ? drive->Root : PathFromText(std::string(path.substr(0, 2)) + "\\");
-  std::string_view rest = path.substr(2);
-  while (!rest.empty()) {
-    const std::size_t end = std::min(rest.find_first_of(kSeparators), rest.size());
-    if (end > 0) native /= PathFromText(rest.substr(0, end));
-    rest.remove_prefix(std::min(end + 1, rest.size()));
-  }
+  for (const std::string_view component : PathComponents(path)) native /= PathFromText(component);
   return native;
 }
 
@@ -119,24 +98,5 @@ std::string DriveMap::ToDrivePath(std::string_view path) const {
   if (out.size() == 2) out += '\\';
   return out;
 }
-
-std::string JoinPath(std::string_view directory, std::string_view name) {
-  std::string path(directory);
-  if (!path.ends_with('\\')) path += '\\';
-  path += name;
-  return path;
-}
-
-std::string_view LastPathComponent(std::string_view path) noexcept {
-  const std::size_t last = path.find_last_of(kSeparators);
-  return last == std::string_view::npos ? path : path.substr(last + 1);
-}
-
-std::string_view DirectoryOfPath(std::string_view path) noexcept {
-  const std::size_t last = path.find_last_of(kSeparators);
-  return last == std::string_view::npos ? std::string_view() : path.substr(0, last);
-}
-
-bool IsNoDirectory(std::string_view directory) noexcept { return directory.empty() || directory.front() == '('; }
 
 }  // namespace zova

@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/files/PathParts.h"
+
 namespace zova {
 
 /// Between the drive-letter paths that all files and screens speak ("C:\Data\Sdata", UTF-8, backslashes) and the
@@ -40,18 +42,5 @@ class DriveMap {
  private:
   std::vector<Drive> m_drives;
 };
-
-/// A path of the platform as UTF-8 text, and back.
-std::string PathText(const std::filesystem::path& path);
-std::filesystem::path PathFromText(std::string_view text);
-
-/// `directory` + "\" + `name`, with one backslash between them also when `directory` is a drive's root ("C:\").
-std::string JoinPath(std::string_view directory, std::string_view name);
-/// What follows the last backslash (or "/"), and what stands before it (without it).
-std::string_view LastPathComponent(std::string_view path) noexcept;
-std::string_view DirectoryOfPath(std::string_view path) noexcept;
-
-/// True for a directory text that stands for none: empty, or beginning with "(" as in "(none)".
-bool IsNoDirectory(std::string_view directory) noexcept;
 
 }  // namespace zova

@@ -12,8 +12,8 @@ FileCopier::FileCopier(Disk& disk, std::string from, std::string to, std::vector
     : m_disk(disk), m_from(std::move(from)), m_to(std::move(to)), m_names(std::move(names)) {}
 
 void FileCopier::Open() {
-  m_nativeFrom = m_disk.Resolve(m_from, FileOperation::Copy);
-  m_nativeTo = m_disk.Resolve(m_to, FileOperation::Copy);
+  m_resolvedFrom = m_disk.Resolve(m_from, FileOperation::Copy);
+  m_resolvedTo = m_disk.Resolve(m_to, FileOperation::Copy);
   m_disk.RemoveLeftovers(m_to);
   const std::set<std::string> copied(m_names.begin(), m_names.end());
   for (const std::string& name : m_disk.ListFiles(m_to, "", "")) {
@@ -23,15 +23,17 @@ void FileCopier::Open() {
 }
 
 std::string FileCopier::TargetName(const std::string& name) const {
-  if (m_others.empty() || m_disk.Layer().Kind(m_nativeTo / PathFromText(name)) != EntryKind::Missing) return name;
+  if (m_others.empty()) return name;
+  if (m_disk.Kind(Below(m_resolvedTo, name), FileOperation::Copy) != EntryKind::Missing) return name;
   const auto other = m_others.find(UpperCase(name));
   return other == m_others.end() ? name : other->second;
 }
 
 void FileCopier::Copy(const std::string& name) {
   if (!m_isOpen) Open();
-  m_disk.CopyNative(m_nativeFrom / PathFromText(name), JoinPath(m_from, name),
-                    m_nativeTo / PathFromText(TargetName(name)), JoinPath(m_to, name));
+  ResolvedPath target = Below(m_resolvedTo, TargetName(name));
+  target.Shown = JoinPath(m_to, name);
+  m_disk.Copy(Below(m_resolvedFrom, name), target);
 }
 
 }  // namespace zova

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <filesystem>
 #include <map>
 #include <string>
 #include <vector>
@@ -31,8 +30,8 @@ class FileCopier {
   std::string m_from;
   std::string m_to;
   bool m_isOpen = false;
-  std::filesystem::path m_nativeFrom;
-  std::filesystem::path m_nativeTo;
+  ResolvedPath m_resolvedFrom;
+  ResolvedPath m_resolvedTo;
   std::vector<std::string> m_names;
   std::map<std::string, std::string> m_others;  // files in the target with none of the names, by their upper case
 };

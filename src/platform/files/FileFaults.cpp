@@ -2,17 +2,13 @@
 
 #include "platform/files/FileFaults.h"
 
-#include <utility>
-
 namespace zova {
-
-namespace fs = std::filesystem;
 
 namespace {
 
-bool IsDirectoryMissing(FileLayer& layer, const fs::path& native) {
+bool IsDirectoryMissing(FileLayer& layer, const ResolvedPath& path) {
   try {
-    return layer.Kind(native.parent_path()) != EntryKind::Directory;
+    return layer.Kind(path.Native.parent_path()) != EntryKind::Directory;
   } catch (const std::system_error&) {
     return false;
   }
@@ -20,24 +16,22 @@ bool IsDirectoryMissing(FileLayer& layer, const fs::path& native) {
 
 }  // namespace
 
-void ThrowFileError(FileLayer& layer, FileOperation operation, std::string path, const fs::path& native,
-                    const std::error_code& code) {
+void ThrowFileError(FileLayer& layer, FileOperation operation, const ResolvedPath& path, const std::error_code& code) {
   const bool notThere = code == std::errc::no_such_file_or_directory || code == std::errc::not_a_directory;
-  if (notThere && IsDirectoryMissing(layer, native)) {
-    throw FileError(operation, std::move(path), FileCause::PathNotFound);
+  if (notThere && IsDirectoryMissing(layer, path)) {
+    throw FileError(operation, path.Shown, FileCause::PathNotFound);
   }
-  throw FileError(operation, std::move(path), code);
+  throw FileError(operation, path.Shown, code);
 }
 
-void RequireWritable(FileLayer& layer, FileOperation operation, std::string_view path, const fs::path& target,
-                     Devices devices) {
-  const EntryKind kind = layer.Kind(target);
+void RequireWritable(FileLayer& layer, FileOperation operation, const ResolvedPath& target, Devices devices) {
+  const EntryKind kind = layer.Kind(target.Native);
   if (kind == EntryKind::Directory) throw std::system_error(std::make_error_code(std::errc::is_a_directory));
   if (kind == EntryKind::Other || (kind == EntryKind::Device && devices == Devices::Refuse)) {
-    throw FileError(operation, std::string(path), std::make_error_code(std::errc::not_supported),
+    throw FileError(operation, target.Shown, std::make_error_code(std::errc::not_supported),
                     "This is neither a file nor the name of a new one.");
   }
-  if (layer.IsReadOnly(target)) throw std::system_error(std::make_error_code(std::errc::permission_denied));
+  if (layer.IsReadOnly(target.Native)) throw std::system_error(std::make_error_code(std::errc::permission_denied));
 }
 
 }  // namespace zova

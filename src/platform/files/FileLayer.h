@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -23,6 +24,17 @@ struct DirectoryEntry {
   EntryKind Kind = EntryKind::File;
 };
 
+/// What tells one file or directory from every other, by whatever name it is reached.
+struct FileIdentity {
+  std::uint64_t Device = 0;
+  std::uint64_t Index = 0;  ///< its number on the device
+  std::uint64_t Links = 0;  ///< how many names it has (hard links)
+};
+
+inline bool IsSameFile(const FileIdentity& left, const FileIdentity& right) noexcept {
+  return left.Device == right.Device && left.Index == right.Index;
+}
+
 /// A file open for writing at its end.
 class OutputFile {
  public:
@@ -41,11 +53,14 @@ class FileLayer {
   virtual ~FileLayer() = default;
 
   virtual EntryKind Kind(const std::filesystem::path& path) = 0;
+  /// Of what the path leads to, links followed; nullopt where there is nothing.
+  virtual std::optional<FileIdentity> Identity(const std::filesystem::path& path) = 0;
   /// True for a directory, or a link to one, that this user may list and whose files he may reach.
   virtual bool CanEnter(const std::filesystem::path& path) = 0;
   /// True for an existing file that nobody may write, or that this user may not.
   virtual bool IsReadOnly(const std::filesystem::path& path) = 0;
-  /// The file that a link, or a chain of links, stands for, also when there is none yet; other paths stay.
+  /// The path without links, "." and "..", also where a link stands for a file that does not exist yet. A path that
+  /// cannot be followed stays as it is.
   virtual std::filesystem::path RealPath(const std::filesystem::path& path) = 0;
   /// A device has none: 0.
   virtual std::uintmax_t Size(const std::filesystem::path& path) = 0;
@@ -73,6 +88,7 @@ class FileLayer {
 class NativeFileLayer final : public FileLayer {
  public:
   EntryKind Kind(const std::filesystem::path& path) override;
+  std::optional<FileIdentity> Identity(const std::filesystem::path& path) override;
   bool CanEnter(const std::filesystem::path& path) override;
   bool IsReadOnly(const std::filesystem::path& path) override;
   std::filesystem::path RealPath(const std::filesystem::path& path) override;

@@ -111,6 +111,13 @@ EntryKind NativeFileLayer::Kind(const fs::path& path) {
   return KindOf(status);
 }
 
+std::optional<FileIdentity> NativeFileLayer::Identity(const fs::path& path) {
+  struct stat status = {};
+  if (stat(path.c_str(), &status) == 0) return FileIdentity{status.st_dev, status.st_ino, status.st_nlink};
+  if (errno == ENOENT || errno == ENOTDIR) return std::nullopt;
+  ThrowErrno();
+}
+
 bool NativeFileLayer::CanEnter(const fs::path& path) {
   std::error_code code;
   return fs::is_directory(path, code) && access(path.c_str(), R_OK | X_OK) == 0;
@@ -133,7 +140,8 @@ fs::path NativeFileLayer::RealPath(const fs::path& path) {
     real = real.parent_path() / fs::read_symlink(real, code);
     if (code) return path;
   }
-  return real;
+  const fs::path whole = fs::weakly_canonical(real, code);
+  return code ? real : whole;
 }
 
 std::uintmax_t NativeFileLayer::Size(const fs::path& path) {

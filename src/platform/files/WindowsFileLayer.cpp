@@ -153,6 +153,16 @@ EntryKind NativeFileLayer::Kind(const fs::path& path) {
   return KindOf(attributes);
 }
 
+std::optional<FileIdentity> NativeFileLayer::Identity(const fs::path& path) {
+  if (Kind(path) == EntryKind::Missing) return std::nullopt;
+  const WindowsHandle handle = OpenForFacts(WindowsName(path));
+  if (!handle) ThrowLastError();
+  BY_HANDLE_FILE_INFORMATION facts = {};
+  Require(GetFileInformationByHandle(handle.get(), &facts));
+  const auto high = static_cast<std::uint64_t>(facts.nFileIndexHigh);
+  return FileIdentity{facts.dwVolumeSerialNumber, (high << 32) | facts.nFileIndexLow, facts.nNumberOfLinks};
+}
+
 bool NativeFileLayer::CanEnter(const fs::path& path) {
   try {
     if (Kind(path) != EntryKind::Directory) return false;

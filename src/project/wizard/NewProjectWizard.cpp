@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "project/ProjectFile.h"
+#include "project/ProjectLayout.h"
 #include "text/TypedText.h"
 
 namespace zova {

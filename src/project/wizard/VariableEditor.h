@@ -16,7 +16,6 @@ namespace zova {
 class VariableEditor {
  public:
   /// The wizard gives a variable at most this many levels.
-  static constexpr int kMaxEditedLevels = 10;
 
   /// To an only variable without name and levels.
   void Clear();

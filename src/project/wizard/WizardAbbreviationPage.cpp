@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "project/DirectoryRules.h"
+#include "project/ProjectLayout.h"
 #include "project/wizard/WizardPages.h"
 #include "text/Encoding.h"
 #include "text/TypedText.h"
@@ -11,7 +12,7 @@ namespace {
 
 bool HasDataFiles(const std::string& primaryDir, const std::string& abbreviation, Disk& disk) {
   try {
-    return !disk.ListFiles(JoinPath(primaryDir, "Sdata"), abbreviation, ".dat").empty();
+    return !ListDataFiles(disk, abbreviation, SubjectDirectory(primaryDir)).empty();
   } catch (const FileError&) {
     return false;  // saving the first subject will tell
   }
@@ -30,7 +31,7 @@ bool MayShare(const std::string& abbreviation, MessageBoxes& boxes) {
 WizardFault LeaveAbbreviationPage(WizardState& state, const Platform& platform) {
   constexpr WizardBox kBox = WizardBox::Abbreviation;
   std::string& text = state.Entries.Text(kBox);
-  const std::string abbreviation(WithoutOuterBlanks(FirstCharacters(WithoutOuterBlanks(text), kAbbreviationLength)));
+  const std::string abbreviation(WithoutOuterBlanks(FirstCharacters(WithoutOuterBlanks(text), kMaxAbbreviationLength)));
   text = abbreviation;
   if (abbreviation.empty()) return Refuse(platform, "You must have an abbreviation.", kBox, BoxIcon::Information);
   // Kept, although the spaces are gone by now.

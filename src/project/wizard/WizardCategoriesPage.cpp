@@ -26,7 +26,7 @@ WizardFault CheckCategories(WizardState& state, const Platform& platform, ListSh
   constexpr WizardBox kBox = WizardBox::Categories;
   std::string& text = state.Entries.Text(kBox);
   if (text.empty()) return Refuse(platform, "You must enter the number of categories.", kBox);
-  const auto categories = NumberInBox(text, 4, 1, 5000);
+  const auto categories = NumberInBox(text, 4, 1, kMaxCategories);
   if (!categories) {
     return Refuse(platform, "Value for number of categories must be numeric and between 1 and 5000.", kBox);
   }

@@ -12,7 +12,7 @@ constexpr const char* kInvalidPrimary = "Invalid Primary directory name.";
 
 bool IsDriveReady(const std::string& directory, Disk& disk) {
   try {
-    return disk.DirectoryExists(directory.substr(0, 2) + "\\");
+    return disk.DirectoryExists(DriveRoot(directory));
   } catch (const FileError&) {
     return false;
   }
@@ -21,7 +21,7 @@ bool IsDriveReady(const std::string& directory, Disk& disk) {
 // Whether the directory of `box` is there when this returns; if need be it was created.
 WizardFault CheckDirectory(WizardBox box, const char* invalidText, WizardState& state, const Platform& platform) {
   std::string& directory = state.Entries.Text(box);
-  if (directory.size() < 2 || directory[1] != ':') return Refuse(platform, kNoDrivePath, box);
+  if (!HasDrive(directory)) return Refuse(platform, kNoDrivePath, box);
   if (!IsDriveReady(directory, platform.Files)) return Refuse(platform, kDriveNotReady, box);
   try {
     if (!HasValidComponents(directory) || platform.Files.FileExists(directory))
@@ -44,13 +44,13 @@ bool WishesToChange(MessageBoxes& boxes) {
 
 WizardFault CheckPair(const std::string& primary, const std::string& backup, const Platform& platform) {
   try {
-    if (IsSameDirectory(primary, backup, platform.Files)) {
+    if (platform.Files.IsSame(primary, backup)) {
       return Refuse(platform, kBackupIsPrimary, WizardBox::Backup);
     }
   } catch (const FileError&) {
     return Refuse(platform, kInvalidBackup, WizardBox::Backup);
   }
-  const bool onOneDrive = EqualsIgnoringCase(primary.substr(0, 1), backup.substr(0, 1));
+  const bool onOneDrive = EqualsIgnoringCase(DriveRoot(primary), DriveRoot(backup));
   if (onOneDrive && WishesToChange(platform.Boxes)) return WizardBox::Backup;
   return std::nullopt;
 }

@@ -63,7 +63,7 @@ WizardFault LeaveMinutesPage(WizardState& state, const Platform& platform) {
   std::int16_t minutes = 0;
   const bool recorded = state.Entries.Option(WizardOption::Minutes);
   if (recorded) {
-    const auto number = NumberInBox(state.Entries.Text(WizardBox::Minutes), 4, 1, 6000);
+    const auto number = NumberInBox(state.Entries.Text(WizardBox::Minutes), 4, 1, kMaxMinutes);
     if (!number) {
       return Refuse(platform, "Value for number of minutes must be between 1 and 6000.", WizardBox::Minutes);
     }
@@ -81,7 +81,7 @@ WizardFault LeaveRatingsPage(WizardState& state, const Platform& platform) {
     DropRatings(project);
     return std::nullopt;
   }
-  const auto most = NumberInBox(entries.Text(WizardBox::MaxRating), 4, 1, 1000);
+  const auto most = NumberInBox(entries.Text(WizardBox::MaxRating), 4, 1, kMaxRating);
   if (!most) return Refuse(platform, "Value for the maximum rating must be between 1 and 1000.", WizardBox::MaxRating);
   const auto end = entries.RatedTests.begin() + project.TestCount;
   if (std::find(entries.RatedTests.begin(), end, true) == end) {
@@ -91,7 +91,7 @@ WizardFault LeaveRatingsPage(WizardState& state, const Platform& platform) {
   project.MaxRating = *most;
   project.RatedTests.fill("N");
   std::transform(entries.RatedTests.begin(), end, project.RatedTests.begin(),
-                 [](bool rated) { return rated ? "Y" : "N"; });
+                 [](bool rated) { return std::string(1, rated ? 'Y' : 'N'); });
   return std::nullopt;
 }
 

@@ -85,11 +85,9 @@ void DropRatings(ProjectParameters& project);
 /// box keeps those characters. Nothing when it is no such number.
 std::optional<std::int16_t> NumberInBox(std::string& text, std::size_t length, int least, int most);
 
-inline constexpr std::size_t kAbbreviationLength = 20;
 inline constexpr const char* kBadFileName = "Bad file name.  Please select another.";
 inline constexpr const char* kDriveNotReady = "Drive is not ready or the disk is not correctly formatted.";
 /// What is said of a number of items beyond 1 to 999, also when it is the lures that lead there.
 inline constexpr const char* kBadItemCount = "Value for number of items must be greater than 0 and less than 1000.";
-inline constexpr int kMaxItems = 999;
 
 }  // namespace zova

@@ -5,6 +5,7 @@
 
 #include "project/DirectoryRules.h"
 #include "project/ProjectFile.h"
+#include "project/ProjectLayout.h"
 #include "project/wizard/WizardPages.h"
 #include "text/Encoding.h"
 #include "text/TypedText.h"
@@ -50,7 +51,7 @@ void ProveName(const std::string& path, Disk& disk) {
 void OfferAbbreviation(const std::string& title, WizardState& state) {
   std::string& box = state.Entries.Text(WizardBox::Abbreviation);
   const bool isOurs = box.empty() || WithoutOuterBlanks(box) == WithoutOuterBlanks(state.DefaultAbbreviation);
-  state.DefaultAbbreviation = FirstCharacters(title, kAbbreviationLength);
+  state.DefaultAbbreviation = FirstCharacters(title, kMaxAbbreviationLength);
   if (isOurs) box = state.DefaultAbbreviation;
 }
 
@@ -62,7 +63,7 @@ WizardFault LeaveTitlePage(WizardState& state, const Platform& platform) {
     return Refuse(platform, "The project must have a title.  Please re-enter.", WizardBox::Title, BoxIcon::Information);
   }
   if (!IsFileNamePart(title)) return Refuse(platform, kBadFileName, WizardBox::Title);
-  const std::string fileName = title + ".prm";
+  const std::string fileName = ParameterFileName(title);
   const std::string path = JoinPath(state.ParamDir, fileName);
   std::optional<std::string> overwritten;
   try {

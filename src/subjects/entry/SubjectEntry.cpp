@@ -86,14 +86,13 @@ SubjectEntry::Ending SubjectEntry::DoneWithAllTests() {
 }
 
 bool SubjectEntry::SaveIncomplete() {
-  constexpr std::size_t kMostUnfinished = 10;
   if (!m_open || !m_grid.Cells().TakeStandingText()) return false;
   const std::string directory = UnfinishedDirectory(m_project->PrimaryDir);
   std::size_t count = 0;
   const auto countFiles = [&] { count = ListSubjectFiles(m_platform.Files, *m_project, directory).size() + 1; };
   if (!WithRetry(m_platform.Boxes, countFiles)) return false;
   // Kept: the subject's own earlier file counts like any other.
-  if (count > kMostUnfinished) {
+  if (count > kMaxUnfinished) {
     Warn(m_platform.Boxes, "You cannot have more than 10 unfinished data files.");
     return false;
   }

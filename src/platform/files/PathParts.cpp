@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "platform/files/PathParts.h"
+
+#include <algorithm>
+
+namespace zova {
+
+namespace {
+
+bool IsNative(std::string_view path) noexcept { return path.starts_with('/'); }
+
+std::string_view SeparatorsOf(std::string_view path) noexcept { return IsNative(path) ? "/" : "\\/"; }
+
+}  // namespace
+
+std::string PathText(const std::filesystem::path& path) {
+  const std::u8string text = path.u8string();
+  return {reinterpret_cast<const char*>(text.data()), text.size()};
+}
+
+std::filesystem::path PathFromText(std::string_view text) {
+  return {std::u8string(reinterpret_cast<const char8_t*>(text.data()), text.size())};
+}
+
+std::string JoinPath(std::string_view directory, std::string_view name) {
+  const char separator = IsNative(directory) ? '/' : '\\';
+  std::string path(directory);
+  if (!path.ends_with(separator)) path += separator;
+  path += name;
+  return path;
+}
+
+std::string_view PathPrefix(std::string_view path) noexcept {
+  return path.substr(0, path.find_last_of(SeparatorsOf(path)) + 1);
+}
+
+std::string_view LastPathComponent(std::string_view path) noexcept { return path.substr(PathPrefix(path).size()); }
+
+std::string_view DirectoryOfPath(std::string_view path) noexcept {
+  const std::string_view prefix = PathPrefix(path);
+  return prefix.empty() || prefix == "/" ? prefix : prefix.substr(0, prefix.size() - 1);
+}
+
+std::vector<std::string_view> PathComponents(std::string_view path) {
+  const std::string_view separators = SeparatorsOf(path);
+  if (HasDrive(path)) path.remove_prefix(2);
+  std::vector<std::string_view> components;
+  while (!path.empty()) {
+    const std::size_t end = std::min(path.find_first_of(separators), path.size());
+    if (end > 0) components.push_back(path.substr(0, end));
+    path.remove_prefix(std::min(end + 1, path.size()));
+  }
+  return components;
+}
+
+bool HasDrive(std::string_view path) noexcept { return path.size() >= 2 && path[1] == ':' && path[0] != '/'; }
+
+std::string DriveRoot(std::string_view path) { return std::string(path.substr(0, 2)) + '\\'; }
+
+bool IsNoDirectory(std::string_view directory) noexcept { return directory.empty() || directory.front() == '('; }
+
+}  // namespace zova

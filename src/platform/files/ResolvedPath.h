@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+#include "platform/files/PathParts.h"
+
+namespace zova {
+
+/// A path looked up on the disk (Disk::Resolve).
+struct ResolvedPath {
+  std::string Shown;             ///< as the caller spelt it, which is how messages name it
+  std::filesystem::path Native;  ///< the platform's path, in the disk's spelling
+};
+
+/// The entry of exactly this name in a directory that was looked up.
+inline ResolvedPath Below(const ResolvedPath& directory, std::string_view name) {
+  return {JoinPath(directory.Shown, name), directory.Native / PathFromText(name)};
+}
+
+inline ResolvedPath DirectoryOf(const ResolvedPath& path) {
+  return {std::string(DirectoryOfPath(path.Shown)), path.Native.parent_path()};
+}
+
+/// The last component in the disk's spelling.
+inline std::string NameOf(const ResolvedPath& path) { return PathText(path.Native.filename()); }
+
+}  // namespace zova

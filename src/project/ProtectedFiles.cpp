@@ -1,0 +1,101 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// A file is told by the directory that it really lies in and by its name there, which takes the same time for any
+// number of subjects. Only a file with a second hard link is compared with the files themselves.
+
+#include "project/ProtectedFiles.h"
+
+#include <algorithm>
+#include <system_error>
+#include <vector>
+
+#include "project/ProjectLayout.h"
+#include "text/Encoding.h"
+
+namespace zova {
+
+namespace {
+
+enum class Masters { Free, Kept };
+
+// A drive that is not ready, or a directory that this user may not look into, holds no file that he could replace.
+void AddDirectory(const std::string& directory, Disk& disk, std::vector<ResolvedPath>& directories) {
+  try {
+    directories.push_back(disk.Resolve(directory, FileOperation::Write));
+  } catch (const FileError& error) {
+    if (error.Cause() == FileCause::System && error.Code() != std::errc::permission_denied) throw;
+  }
+}
+
+std::vector<ResolvedPath> ProjectDirectories(const ProjectParameters& project, Disk& disk) {
+  std::vector<ResolvedPath> directories;
+  for (const std::string& directory : {project.PrimaryDir, project.BackupDir}) {
+    if (!IsNoDirectory(directory)) AddDirectory(directory, disk, directories);
+  }
+  return directories;
+}
+
+std::vector<ResolvedPath> SubjectDirectories(const ProjectParameters& project, Disk& disk) {
+  std::vector<ResolvedPath> directories;
+  for (const std::string& directory : {project.PrimaryDir, project.BackupDir}) {
+    if (IsNoDirectory(directory)) continue;
+    AddDirectory(SubjectDirectory(directory), disk, directories);
+    AddDirectory(UnfinishedDirectory(directory), disk, directories);
+  }
+  return directories;
+}
+
+bool IsAnyOf(const std::vector<ResolvedPath>& directories, const ResolvedPath& directory, Disk& disk) {
+  return std::any_of(directories.begin(), directories.end(),
+                     [&](const ResolvedPath& other) { return disk.IsSame(directory, other); });
+}
+
+// The project's directories are looked up only for a name that needs them: where `Unfinished` is missing, looking it up
+// lists all of `Sdata`.
+bool IsNamedAsOwn(const ResolvedPath& file, const ProjectParameters& project, Masters masters, Disk& disk) {
+  const std::string name = NameOf(file);
+  if (EndsIgnoringCase(name, kParameterFileEnd) || IsOrderName(name)) return true;
+  const ResolvedPath directory = DirectoryOf(file);
+  if (EndsIgnoringCase(name, kDataFileEnd)) return IsAnyOf(SubjectDirectories(project, disk), directory, disk);
+  if (masters == Masters::Kept && IsMasterName(name, project)) {
+    return IsAnyOf(ProjectDirectories(project, disk), directory, disk);
+  }
+  return IsAutosaveName(name) && IsParamName(NameOf(directory));
+}
+
+bool IsLinkedToOwn(const ResolvedPath& file, const ProjectParameters& project, Masters masters, Disk& disk) {
+  std::vector<ResolvedPath> directories = ProjectDirectories(project, disk);
+  for (ResolvedPath& directory : SubjectDirectories(project, disk)) directories.push_back(std::move(directory));
+  for (const ResolvedPath& directory : directories) {
+    const ResolvedPath real = disk.ResolveLinks(directory, FileOperation::Write);
+    for (const std::string& name : disk.NamesOf(file, directory)) {
+      if (IsNamedAsOwn(Below(real, name), project, masters, disk)) return true;
+    }
+  }
+  return false;
+}
+
+bool IsOwn(const std::string& path, const ProjectParameters& project, Masters masters, Disk& disk) {
+  const ResolvedPath file = disk.Resolve(path, FileOperation::Write);
+  const ResolvedPath real = disk.ResolveLinks(file, FileOperation::Write);
+  const EntryKind kind = disk.Kind(real, FileOperation::Write);
+  if (kind == EntryKind::Missing) return IsOrderName(NameOf(file)) || IsOrderName(NameOf(real));
+  if (kind != EntryKind::File) return false;
+  for (const ResolvedPath& name : {real, file}) {  // a link among the project's files is one of them as well
+    if (IsNamedAsOwn(name, project, masters, disk)) return true;
+  }
+  return disk.LinkCount(real) > 1 && IsLinkedToOwn(real, project, masters, disk);
+}
+
+}  // namespace
+
+bool IsProjectFile(const std::string& path, const ProjectParameters& project, Disk& disk) {
+  return IsOwn(path, project, Masters::Free, disk);
+}
+
+bool IsProtectedFile(const std::string& path, const ProjectParameters& project, Disk& disk) {
+  return EndsIgnoringCase(path, kParameterFileEnd) || EndsIgnoringCase(path, kDataFileEnd) ||
+         IsOwn(path, project, Masters::Kept, disk);
+}
+
+}  // namespace zova

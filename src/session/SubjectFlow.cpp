@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "session/SubjectFlow.h"
+
+#include <utility>
+
+#include "platform/desktop/FileErrorBoxes.h"
+#include "project/ProjectFile.h"
+#include "subjects/SubjectFile.h"
+
+namespace zova {
+
+SubjectFlow::SubjectFlow(Preferences& preferences, const Platform& platform)
+    : m_platform(platform), m_identification(m_record, platform), m_entry(m_record, preferences, platform) {}
+
+void SubjectFlow::Show(Stage stage) {
+  m_stage = stage;
+  if (m_observer) m_observer();
+}
+
+void SubjectFlow::Identify(SubjectIdentification::Purpose purpose, const ProjectParameters& project,
+                           const std::string& paramDir) {
+  m_project = &project;
+  m_paramDir = paramDir;
+  m_entersNewSubjects = purpose == SubjectIdentification::Purpose::NewSubject;
+  m_identification.Open(purpose, project);
+  Show(Stage::Identification);
+}
+
+void SubjectFlow::FinishIdentification() { OpenEntry(m_identification.Finish()); }
+
+void SubjectFlow::LoadTypedSubject() { OpenEntry(m_identification.LoadTyped()); }
+
+void SubjectFlow::BrowseSubject() { OpenEntry(m_identification.Browse()); }
+
+void SubjectFlow::CancelIdentification() { Show(Stage::Closed); }
+
+void SubjectFlow::OpenEntry(SubjectIdentification::Outcome outcome) {
+  if (outcome != SubjectIdentification::Outcome::OpenEntry) return;
+  // An interrupted subject that could not be restored is put aside before this one's autosave takes its place.
+  if (m_keepsAutosave && !WithRetry(m_platform.Boxes, [&] { KeepAutosaveFile(m_platform.Files, m_paramDir); })) return;
+  m_keepsAutosave = false;
+  m_entry.Open(*m_project, m_paramDir);
+  Show(Stage::Entry);
+}
+
+void SubjectFlow::DoneWithAllTests() {
+  if (!m_entry.DoneWithAllTests().Left) return;
+  if (m_entersNewSubjects) {
+    m_identification.Open(SubjectIdentification::Purpose::NewSubject, *m_project);
+    Show(Stage::Identification);
+  } else {
+    Show(Stage::Closed);
+  }
+}
+
+void SubjectFlow::CancelEntry() {
+  if (m_entry.Cancel().Left) Show(Stage::Closed);
+}
+
+std::optional<ChosenProject> SubjectFlow::OfferRestore(const std::string& paramDir) {
+  if (std::exchange(m_restoreOffered, true)) return std::nullopt;
+  const std::string autosave = AutosavePath(paramDir);
+  bool isThere = false;
+  WithRetry(m_platform.Boxes, [&] { isThere = m_platform.Files.FileExists(autosave); });
+  if (!isThere) return std::nullopt;
+  const BoxAnswer answer = m_platform.Boxes.Show(
+      {.Text = "The program was interrupted while entering a subject.  Would you like to restore from the autosave?",
+       .Icon = BoxIcon::Information,
+       .Buttons = BoxButtons::YesNoCancel,
+       .Default = BoxAnswer::Yes,
+       .Title = "Restore"});
+  if (answer == BoxAnswer::Yes) return Restore(paramDir);
+  WithRetry(m_platform.Boxes, [&] { DeleteAutosaveFile(m_platform.Files, paramDir); });
+  return std::nullopt;
+}
+
+// A restore that cannot be read keeps the file: it may be all there is of the subject.
+std::optional<ChosenProject> SubjectFlow::Restore(const std::string& paramDir) {
+  Disk& disk = m_platform.Files;
+  ChosenProject chosen;
+  const auto readProject = [&] {
+    chosen.Path = JoinPath(paramDir, ReadAutosaveProject(disk, paramDir));
+    chosen.Parameters = ReadProjectFile(disk, chosen.Path);
+  };
+  m_keepsAutosave = true;
+  if (!WithRetry(m_platform.Boxes, readProject) || !MayOpenProject(chosen.Parameters, m_platform.Boxes) ||
+      !WithRetry(m_platform.Boxes, [&] { ReadAutosaveFile(disk, paramDir, chosen.Parameters, m_record); })) {
+    return std::nullopt;
+  }
+  m_keepsAutosave = false;
+  return chosen;
+}
+
+void SubjectFlow::EnterRestored(const ProjectParameters& project, const std::string& paramDir) {
+  m_project = &project;
+  m_paramDir = paramDir;
+  m_entersNewSubjects = false;
+  m_entry.Open(project, paramDir, /*restored=*/true);
+  Show(Stage::Entry);
+}
+
+}  // namespace zova
