@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include <QApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QIcon>
@@ -8,6 +7,7 @@
 #include <QTimer>
 
 #include "app/MainWindow.h"
+#include "app/desktop/Application.h"
 #include "app/desktop/HelpWindow.h"
 #include "app/desktop/QtDesktop.h"
 #include "app/desktop/QtFileDialogs.h"
@@ -15,6 +15,7 @@
 #include "app/desktop/QuickHelpFilter.h"
 #include "app/screens/ProgressPanel.h"
 #include "app/widgets/Controls.h"
+#include "platform/desktop/FileErrorBoxes.h"
 #include "platform/desktop/FileSettings.h"
 #include "session/Version.h"
 
@@ -42,11 +43,9 @@ std::string SettingsFile() {
   return FromQt(settings.fileName());
 }
 
-int RunApplication(QApplication& application) {
+int RunApplication(Application& application, QtDesktop& desktop, QtMessageBoxes& boxes) {
   NativeFileLayer layer;
   Disk disk(layer, DriveMap::FromEnvironment());
-  QtDesktop desktop;
-  QtMessageBoxes boxes(desktop);
   QtFileDialogs dialogs(disk, desktop);
   FileSettings settings(disk, SettingsFile());
   HelpWindow help(disk);
@@ -56,12 +55,28 @@ int RunApplication(QApplication& application) {
   MainWindow window(session, progress);
   boxes.SetBeforeShow([&window] { window.Refresh(); });
 
+  application.SetFaultHandler([&session](const std::exception_ptr& fault) { session.Recover(fault); });
   application.installEventFilter(new QuickHelpFilter(&application));
   QObject::connect(&window, &MainWindow::Ended, &application, [] { QCoreApplication::exit(); });
   window.show();
   // Later than the window's own first events: a box at start-up is to stand before a window that has its place.
   QTimer::singleShot(50, &window, &MainWindow::Start);
-  return QApplication::exec();
+  const int result = QApplication::exec();
+  application.SetFaultHandler({});
+  return result;
+}
+
+// What fails before the window stands, or after it, ends the program, but with a message.
+int RunReporting(Application& application) {
+  QtDesktop desktop;
+  QtMessageBoxes boxes(desktop);
+  try {
+    return RunApplication(application, desktop, boxes);
+  } catch (...) {
+    boxes.SetBeforeShow({});
+    ReportFault(boxes, std::current_exception());
+    return 1;
+  }
 }
 
 }  // namespace
@@ -71,8 +86,8 @@ int main(int argc, char** argv) {
   QCoreApplication::setOrganizationName("ZOVA");
   QCoreApplication::setApplicationName("Dorvan's ZOVA");
   QCoreApplication::setApplicationVersion(zova::kVersion);
-  QApplication application(argc, argv);
+  zova::Application application(argc, argv);
   QApplication::setDesktopFileName("zova");
   QApplication::setWindowIcon(QIcon(":/icons/zova.svg"));
-  return zova::RunApplication(application);
+  return zova::RunReporting(application);
 }

@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QMenuBar>
+#include <QScopedValueRollback>
 #include <QScreen>
 #include <QShortcut>
 #include <QStackedWidget>
@@ -29,7 +30,10 @@ namespace {
 // Stands behind the messages at the end of the masters.
 class BlankPanel final : public Panel {
  public:
-  void Refresh() override {}
+  BlankPanel() : Panel("fraMastersDone") {}
+
+ protected:
+  void ShowState() override {}
 };
 
 }  // namespace
@@ -48,7 +52,7 @@ MainWindow::MainWindow(Session& session, QtProgress& progress)
       m_order(Add(new OrderPanel(session.Masters()))),
       m_groups(Add(new GroupPanel(session.Masters()))),
       m_progress(Add(new ProgressPanel(progress))),
-      m_blank(Add(Named(new BlankPanel, "fraMastersDone"))),
+      m_blank(Add(new BlankPanel)),
       m_means(Add(new MeansPanel(session))) {
   setObjectName("frmZova");
   setWindowTitle("ZOVA");
@@ -103,28 +107,32 @@ bool MainWindow::IsBusy() const { return m_running || QApplication::activeModalW
 
 void MainWindow::Run(SessionCommand command) {
   if (IsBusy()) return;
-  m_running = true;
-  (m_session.*command)();
-  m_running = false;
+  {
+    const QScopedValueRollback<bool> running(m_running, true);
+    (m_session.*command)();
+  }
   Refresh();
 }
 
 void MainWindow::Refresh() {
   m_menus.Refresh();
   Panel* panel = PanelOf(m_session.Shown());
-  m_panels->setCurrentWidget(panel);
-  panel->Refresh();
+  if (panel == m_panels->currentWidget()) {
+    panel->Refresh();
+  } else {
+    m_panels->setCurrentWidget(panel);  // which refreshes it as it comes up
+  }
   if (m_session.HasEnded()) emit Ended();
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
+  event->ignore();  // also when the session ends by an exception
   bool mayGo = m_session.HasEnded();
   if (!mayGo && !IsBusy()) {
-    m_running = true;
+    const QScopedValueRollback<bool> running(m_running, true);
     mayGo = m_session.Close();
-    m_running = false;
-    Refresh();
   }
+  Refresh();
   event->setAccepted(mayGo);
   if (mayGo) emit Ended();
 }

@@ -51,7 +51,7 @@ void MasterFlow::Show(Stage stage) {
   if (m_observer) m_observer();
 }
 
-std::string MasterFlow::ProjectLine() const { return "Project: " + (m_project ? ProjectTitle(*m_project) : ""); }
+std::string MasterFlow::ProjectName() const { return m_project ? ProjectTitle(*m_project) : ""; }
 
 bool MasterFlow::Open(const ProjectParameters& project) {
   const auto count = CountSubjectFiles(project, m_platform.Files, m_platform.Boxes);
@@ -147,7 +147,12 @@ void MasterFlow::ChooseVariable(int choice) {
   if (m_isReading) return;  // a second choice, that came while the window was kept alive
   if (choice > 0 && !m_hasLevels) {
     m_isReading = true;
-    m_hasLevels = ReadSubjects(true);
+    try {
+      m_hasLevels = ReadSubjects(true);
+    } catch (...) {
+      m_isReading = false;
+      throw;
+    }
     m_isReading = false;
   }
   m_options.ChooseVariable(m_hasLevels ? m_wantedVariable : 0);
@@ -196,14 +201,23 @@ void MasterFlow::CancelGroups() {
   if (m_stage == Stage::GroupDetails) Show(Stage::Options);
 }
 
-void MasterFlow::WriteMasters() {
+MasterRunResult MasterFlow::Write(const std::function<MasterRunResult()>& run) {
   Show(Stage::Writing);
   MasterRunResult result;
-  {
+  try {
     const BusyPointer busy(m_platform.Pointer);
-    result = CreateMasters(*m_project, m_request, m_platform);
+    result = run();
+  } catch (...) {
+    Show(Stage::Options);
+    throw;
   }
-  if (!result.Completed) return Show(Stage::Options);
+  if (!result.Completed) Show(Stage::Options);
+  return result;
+}
+
+void MasterFlow::WriteMasters() {
+  MasterRunResult result = Write([&] { return CreateMasters(*m_project, m_request, m_platform); });
+  if (!result.Completed) return;
   m_lastMaster = DefaultMasterPath(*m_project);  // where the rows are, wherever the header went
   // What stands in the file, which may be too large to be read for its first line.
   m_lastHeader = m_header.MasterHeader;
@@ -228,15 +242,12 @@ void MasterFlow::GoCombine() {
   if (m_stage != Stage::OrderOfGroups || !m_order.Check()) return;
   const auto save = [&] { SaveGroupOrder(m_platform.Files, *m_project, m_subjects.SubjectIds, m_order.Positions()); };
   if (!WithRetry(m_platform.Boxes, save)) return;
-  Show(Stage::Writing);
-  MasterRunResult result;
-  {
-    const BusyPointer busy(m_platform.Pointer);
+  const MasterRunResult result = Write([&] {
     const CombinedRequest request = {m_request.Selection, m_request.Destination, m_subjects, m_options.Separator(),
                                      PlanGroups(m_order.Positions()).value()};
-    result = CreateCombinedMaster(*m_project, request, m_platform);
-  }
-  if (!result.Completed) return Show(Stage::Options);
+    return CreateCombinedMaster(*m_project, request, m_platform);
+  });
+  if (!result.Completed) return;
   m_lastMaster = m_platform.Files.Drives().ToDrivePath(PathText(result.Written.front()));
   Finish(CombinedCreated());
 }

@@ -27,8 +27,8 @@ class MasterFlow {
   /// Counts the subject files; false, told, when there is none. `project` must outlive the flow's screens.
   bool Open(const ProjectParameters& project);
   [[nodiscard]] Stage CurrentStage() const noexcept { return m_stage; }
-  /// "Project: " and the title of the project of the last opening.
-  [[nodiscard]] std::string ProjectLine() const;
+  /// The title of the project of the last opening.
+  [[nodiscard]] std::string ProjectName() const;
 
   MasterOptions& Options() noexcept { return m_options; }
   OrderEditor& Order() noexcept { return m_order; }
@@ -66,6 +66,8 @@ class MasterFlow {
   bool ReadSubjects(bool withLevels);
   [[nodiscard]] std::optional<GroupPlan> PlanGroups(const GroupOrder& order) const;
   [[nodiscard]] GroupOrder StartingOrder() const;
+  /// Leads back to the options when the run was not completed, also by an exception.
+  MasterRunResult Write(const std::function<MasterRunResult()>& run);
   void WriteMasters();
   void AskForGroupOrder();
   void Finish(const MessageBox& message);

@@ -3,8 +3,8 @@
 #include "session/Session.h"
 
 #include <utility>
-#include "platform/desktop/FileErrorBoxes.h"
 
+#include "platform/desktop/FileErrorBoxes.h"
 #include "project/DirectoryRules.h"
 #include "project/ProjectOpening.h"
 #include "session/ProgramDirectory.h"
@@ -280,6 +280,16 @@ bool Session::MayLeaveEntry(const Question& question) {
   if (!Confirm(m_platform.Boxes, question)) return false;
   m_subjects.Entry().Abandon();
   return true;
+}
+
+void Session::Recover(const std::exception_ptr& fault) {
+  try {
+    m_subjects.Entry().SecureAutosave();
+  } catch (...) {
+    // What ended the command, memory that is short, say, may end this as well. The last autosave is still whole.
+  }
+  ReportFault(m_platform.Boxes, fault);
+  if (m_observer) m_observer();
 }
 
 void Session::ToggleSkipMinutes() {

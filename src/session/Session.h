@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <exception>
 #include <functional>
 #include <optional>
 #include <string>
@@ -29,6 +30,8 @@ class Session {
   void Prepare();
   /// From there to the main screen, or to the location screen, with all questions on the way.
   void Start();
+  /// To be called when a command was ended by an exception: secures the subject that is being entered, and reports.
+  void Recover(const std::exception_ptr& fault);
   /// The program is to end.
   [[nodiscard]] bool HasEnded() const noexcept { return m_ended; }
 

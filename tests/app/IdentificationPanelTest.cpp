@@ -15,6 +15,7 @@ class IdentificationPanelTest : public SessionTest {
   void Start() {
     OpenExample().EnterSubjects();
     m_panel = std::make_unique<IdentificationPanel>(m_session->Subjects());
+    QObject::connect(m_panel.get(), &Panel::Acted, m_panel.get(), &Panel::Refresh);
     m_panel->show();
     m_panel->activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(m_panel.get()));

@@ -20,6 +20,7 @@ class LocationPanelTest : public SessionTest {
   void Start() {
     Make().Start();
     m_panel = std::make_unique<LocationPanel>(m_session->Location());
+    QObject::connect(m_panel.get(), &Panel::Acted, m_panel.get(), &Panel::Refresh);
     m_panel->show();
   }
   // Comes to the control with the focus as it does from the keyboard.

@@ -7,8 +7,11 @@
 #include <QMenuBar>
 #include <QRegularExpression>
 #include <QTest>
+#include <QTimer>
+#include <new>
 #include <set>
 
+#include "app/desktop/Application.h"
 #include "app/screens/ProgressPanel.h"
 #include "app/widgets/Panel.h"
 #include "session/SessionFixture.h"
@@ -103,6 +106,42 @@ TEST_F(MainWindowTest, CommandsThatComeWhileAnotherRunsAreIgnored) {
   Entry("mnuOpen")->trigger();
   EXPECT_TRUE(m_session->Shown() == Screen::Main && !m_hasEnded);
   EXPECT_TRUE(m_window.close() && m_hasEnded);
+}
+
+TEST_F(MainWindowTest, AnExceptionInACommandBecomesABoxWithTheSubjectSecuredAndTheProgramGoesOn) {
+  auto& application = static_cast<Application&>(*qApp);
+  application.SetFaultHandler([this](const std::exception_ptr& fault) { m_session->Recover(fault); });
+  const auto fail = [this](const std::function<void()>& act) {
+    QTimer::singleShot(0, &m_window, act);
+    QCoreApplication::processEvents();
+  };
+  const auto told = [](const std::string& text, const std::string& details) {
+    return ExpectedBox{.Text = text, .Details = details, .Icon = BoxIcon::Critical, .Buttons = BoxButtons::Ok};
+  };
+  Dialogs.Meanwhile = [] { throw std::bad_alloc(); };
+  Boxes.Expect(told("The last command could not be finished.", "There is not enough memory."));
+  fail([this] { Entry("mnuOpen")->trigger(); });
+  Dialogs.Meanwhile = {};
+  Entry("mnuOpen")->trigger();
+  ASSERT_NE(m_session->OpenedProject(), nullptr) << "the window takes commands again";
+
+  m_scratch.MakeDirectory("C:\\ZOVA\\Sample Data");
+  m_session->EnterSubjects();
+  m_session->Subjects().Identification().SetSubjectText("7");
+  for (int step = 0; step < 2; ++step) {
+    m_session->Subjects().Identification().Next();
+    m_session->Subjects().Identification().SetLevelText("1");
+  }
+  m_session->Subjects().FinishIdentification();
+  ASSERT_EQ(m_session->Shown(), Screen::Entry);
+  m_session->Subjects().Entry().Grid().Cells().SetEntryText("5");
+  m_session->Subjects().Entry().Grid().Cells().Enter();
+  std::filesystem::remove(m_scratch.Native("C:\\Param\\Temp.txt"));
+  Boxes.Expect(told("Path not found.  Please verify that the correct disk is in the drive.", "Data"));
+  fail([] { throw FileError(FileOperation::List, "C:\\Data", FileCause::PathNotFound); });
+  EXPECT_TRUE(m_scratch.Has("C:\\Param\\Temp.txt"));
+  EXPECT_TRUE(m_window.findChild<QWidget*>("fraInput")->isVisible());
+  application.SetFaultHandler({});
 }
 
 }  // namespace

@@ -50,6 +50,7 @@ class MasterPanelsTest : public ::testing::Test {
     if (m_up) m_up->hide();
     if (!panels.contains(m_flow.CurrentStage())) return;
     m_up = panels.at(m_flow.CurrentStage());
+    QObject::connect(m_up, &Panel::Acted, m_up, &Panel::Refresh, Qt::UniqueConnection);
     m_up->show();
     m_up->activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(m_up));

@@ -30,7 +30,9 @@ struct Lab : Study, MessageBoxes, Progress {
     Options.SetPerGroupText("2");
   }
   void Put(int id, const std::string& lists) { Study::Put(std::to_string(id), lists, id <= 3 ? 1 : 2); }
-  void Show(int, const std::string&) override {}
+  void Show(int, const std::string&) override {
+    if (RunsOutOfMemory) throw std::bad_alloc();
+  }
   void ProcessEvents() override {}
   BoxAnswer Show(const MessageBox& box) override {
     EXPECT_NE(Flow.CurrentStage(), MasterFlow::Stage::Closed) << "the main screen comes after the messages";
@@ -57,6 +59,7 @@ struct Lab : Study, MessageBoxes, Progress {
 
   FakePlatform Fakes;
   Platform Around = Fakes.With(OfFiles, *this, *this);
+  bool RunsOutOfMemory = false;
   std::string Trail;
   MasterFlow Flow{Around};
   MasterOptions& Options = Flow.Options();
@@ -197,6 +200,14 @@ TEST(MasterFlow, GroupsAsPreviewedInTheirOrder) {
   lab.Flow.ChooseVariable(1);
   EXPECT_EQ(lab.Flow.GroupsPreview(), ", Man: 1 group of 2, left over: subject 1\n, 2: 1 group of 2")
       << "in the saved order";
+}
+
+TEST(MasterFlow, ARunThatEndsByAnExceptionLeadsBackToTheOptions) {
+  Lab lab("");
+  lab.RunsOutOfMemory = true;
+  EXPECT_THROW(lab.Flow.Continue(), std::bad_alloc);
+  EXPECT_EQ(lab.Flow.CurrentStage(), MasterFlow::Stage::Options);
+  EXPECT_EQ(lab.Fakes.Pointer.Busy, 0);
 }
 
 }  // namespace

@@ -161,8 +161,9 @@ TEST(SubjectSave, LosesNothingWhateverCallFails) {
       EXPECT_EQ(record, savedRecord) << call;
     }
     EXPECT_GT(asked, 25 / kFailureStep);
-    if (kFailureStep == 1)
+    if (kFailureStep == 1) {
       EXPECT_EQ(calls.count("Flush") + calls.count("FlushDirectory"), 2U) << "a save is on the disk, not in a buffer";
+    }
   }
 }
 
@@ -202,4 +203,3 @@ TEST(SubjectSave, SurvivesAKillAtAnyCall) {
   EXPECT_GT(kills, 25);
 }
 #endif
-}

@@ -82,17 +82,17 @@ QLayout* HelpWindow::MakeButtons() {
     connect(button, &QPushButton::clicked, this, act);
     return button;
   };
-  add("cmdHelpContents", tr("&Contents"), [this] { m_text->Show({}); });
-  QPushButton* back = add("cmdHelpBack", tr("&Back"), [this] { m_text->backward(); });
+  add("cmdHelpContents", "&Contents", [this] { m_text->Show({}); });
+  QPushButton* back = add("cmdHelpBack", "&Back", [this] { m_text->backward(); });
   back->setEnabled(false);
   connect(m_text, &QTextBrowser::backwardAvailable, back, &QPushButton::setEnabled);
   m_search = Named(new QLineEdit, "txtHelpSearch");
-  row->addWidget(MakeLabel("lblHelpSearch", tr("&Search:"), m_search));
+  row->addWidget(MakeLabel("lblHelpSearch", "&Search:", m_search));
   row->addWidget(m_search, 1);
   connect(m_search, &QLineEdit::returnPressed, this, [this] { Find({}); });
   connect(m_search, &QLineEdit::textEdited, this, [this] { m_found->clear(); });
-  add("cmdHelpFind", tr("Find &Next"), [this] { Find({}); });
-  add("cmdHelpFindBack", tr("Find Pre&vious"), [this] { Find(QTextDocument::FindBackward); });
+  add("cmdHelpFind", "Find &Next", [this] { Find({}); });
+  add("cmdHelpFindBack", "Find Pre&vious", [this] { Find(QTextDocument::FindBackward); });
   m_found = MakeLabel("lblHelpFound", {});
   m_found->setWordWrap(false);
   row->addWidget(m_found);
@@ -100,7 +100,7 @@ QLayout* HelpWindow::MakeButtons() {
 }
 
 QWidget* HelpWindow::MakePages() {
-  m_text->setAccessibleName(tr("Help text"));
+  m_text->setAccessibleName("Help text");
   m_text->document()->setDefaultStyleSheet("table { margin-top: 8px; }");
   m_text->setOpenLinks(false);  // a link leads to a page of this file, never out of it
   connect(m_text, &QTextBrowser::anchorClicked, this, [this](const QUrl& link) { m_text->Show(link.fragment()); });
@@ -115,7 +115,7 @@ QWidget* HelpWindow::MakePages() {
   auto* side = new QWidget;
   auto* rows = new QVBoxLayout(side);
   rows->setContentsMargins({});
-  rows->addWidget(MakeLabel("lblHelpTopics", tr("Pa&ges"), m_list));
+  rows->addWidget(MakeLabel("lblHelpTopics", "Pa&ges", m_list));
   rows->addWidget(m_list, 1);
   auto* halves = Named(new QSplitter, "splHelp");
   halves->addWidget(side);
@@ -195,7 +195,7 @@ void HelpWindow::FollowPage(const QUrl& address) {
 
 void HelpWindow::Find(QTextDocument::FindFlags direction) {
   const QString wanted = m_search->text();
-  m_found->setText(wanted.isEmpty() || m_text->FindInPages(wanted, direction) ? QString() : tr("Not found"));
+  m_found->setText(wanted.isEmpty() || m_text->FindInPages(wanted, direction) ? QString() : "Not found");
   if (wanted.isEmpty()) m_search->setFocus();
 }
 

@@ -180,13 +180,12 @@ enum class Page { View, Figure };
 void FitLegend(QCustomPlot& plot, PlotLegend& legend, Page page) {
   const QRect view = plot.viewport();
   if (page == Page::Figure) {
-    legend.Fit(view.height() * kLegendPages, PlotView::tr("%1 more names do not fit here."));
+    legend.Fit(view.height() * kLegendPages, "%1 more names do not fit here.");
     return plot.setViewport(view.adjusted(0, 0, 0, legend.Height()));
   }
   const QCPAxisRect& axes = *plot.axisRect();
   const int texts = axes.outerRect().height() - axes.height();
-  legend.Fit(std::min(view.height() / 2, view.height() * 2 / 3 - texts),
-             PlotView::tr("%1 more names are in the saved plot."));
+  legend.Fit(std::min(view.height() / 2, view.height() * 2 / 3 - texts), "%1 more names are in the saved plot.");
 }
 
 void FitAxes(QCustomPlot& plot, const PlotPicture& picture, const QFont& font, double fontSize) {
@@ -248,7 +247,7 @@ void SetCLocale(QCustomPlot& plot) {
 PlotView::PlotView(const char* name) : m_legend(*this) {
   SetCLocale(*this);
   setObjectName(QString::fromLatin1(name));
-  setAccessibleName(tr("Plot of Means"));
+  setAccessibleName("Plot of Means");
   setMinimumSize(fontMetrics().averageCharWidth() * 40, fontMetrics().height() * 12);
   axisRect()->setupFullAxesBox(false);
 }

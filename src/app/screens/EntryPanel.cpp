@@ -24,15 +24,9 @@ namespace {
 constexpr double kTestSize = 3.3;  // times the normal font: to be read from a metre away
 constexpr double kInputSize = 1.8;
 
-void Enlarge(QWidget& control, double times) {
-  QFont font;
-  font.setPointSizeF(QFontInfo(font).pointSizeF() * times);
-  font.setBold(true);
-  control.setFont(font);
-}
-
 QGroupBox* AddGroup(QLayout& rows, const char* name, const QString& title) {
   QGroupBox* group = Named(new QGroupBox(title), name);
+  group->setFlat(true);
   new QVBoxLayout(group);
   rows.addWidget(group);
   return group;
@@ -41,35 +35,33 @@ QGroupBox* AddGroup(QLayout& rows, const char* name, const QString& title) {
 }  // namespace
 
 EntryPanel::EntryPanel(SubjectFlow& subjects)
-    : m_subjects(subjects),
+    : Panel("fraInput"),
+      m_subjects(subjects),
       m_grdInput(new GridTable("grdInput", subjects.Entry().Grid().Cells())),
       m_txtInput(new GridBox("txtInput", subjects.Entry().Grid().Cells())),
       m_lblTUpdate(MakeLabel("lblTUpdate", {})),
       m_lblThisOne(MakeLabel("lblThisOne", {})),
       m_lblLimitNote(MakeLabel("lblLimitNote", {})),
-      m_lblProjectName(MakeLabel("lblProjectName", {})),
       m_side(MakeSide()),
       m_tmrAutoSave(Named(new QTimer(this), "tmrAutoSave")) {
-  setObjectName(QStringLiteral("fraInput"));
-  auto* columns = new QHBoxLayout;
-  auto* entry = new QVBoxLayout;
-  columns->addLayout(entry, 1);
+  AddTitle("lblEntryTitle", "Enter Recalls");
+  AddProjectName();
+  auto* content = new QWidget;
+  auto* columns = new QHBoxLayout(content);
+  columns->setContentsMargins({});
+  columns->addWidget(MakeEntry(), 1);
   columns->addWidget(m_side);
-  entry->addWidget(m_lblProjectName);
-  entry->addWidget(m_lblLimitNote);
-  entry->addWidget(m_grdInput, 1);
-  auto* row = new QHBoxLayout;
-  entry->addLayout(row);
-  row->addWidget(MakeLabel("lblInput", tr("&Entry:"), m_txtInput));
-  row->addWidget(m_txtInput, 1);
-  auto* rows = new QVBoxLayout(this);
-  rows->addLayout(columns, 1);
-  rows->addWidget(MakeLabel("lblFastHelp", tr("Right click something for fast help about it")));
+  AddContent(content, 1);
+  AddStatus(MakeLabel("lblFastHelp", "Right click something for fast help about it"));
+  m_cmdDone = AddButton("cmdDone", {}, [this] { m_subjects.Entry().DoneWithTest(); });
+  AddButton("cmdFinished", "Done with &all Tests!", [this] { m_subjects.DoneWithAllTests(); });
+  AddButton("cmdSubCancel", "&Cancel", [this] { m_subjects.CancelEntry(); });
+  m_buttonsReturn = true;
 
   Enlarge(*m_txtInput, kInputSize);
-  connect(m_txtInput, &GridBox::Acted, this, &EntryPanel::Report);
+  connect(m_txtInput, &GridBox::Acted, this, [this] { ActAndReturn([] {}); });
   connect(m_txtInput, &GridBox::textEdited, m_grdInput, &GridTable::ScrollToCursor);
-  connect(m_grdInput, &GridTable::Acted, this, &EntryPanel::Report);
+  connect(m_grdInput, &GridTable::Acted, this, [this] { ActAndReturn([] {}); });
   m_side->widget()->installEventFilter(this);
   FitSide();
   m_tmrAutoSave->setInterval(AutosaveTimer::kTickMilliseconds);
@@ -77,6 +69,19 @@ EntryPanel::EntryPanel(SubjectFlow& subjects)
     ++m_waitingTicks;
     ActOnTicks();
   });
+}
+
+QWidget* EntryPanel::MakeEntry() {
+  auto* entry = new QWidget;
+  auto* rows = new QVBoxLayout(entry);
+  rows->setContentsMargins({});
+  rows->addWidget(m_lblLimitNote);
+  rows->addWidget(m_grdInput, 1);
+  auto* row = new QHBoxLayout;
+  rows->addLayout(row);
+  row->addWidget(MakeLabel("lblInput", "&Entry:", m_txtInput));
+  row->addWidget(m_txtInput, 1);
+  return entry;
 }
 
 // Its buttons scroll in a low window; grid and box always stand beside it.
@@ -88,35 +93,23 @@ QScrollArea* EntryPanel::MakeSide() {
   m_lblTUpdate->setWordWrap(false);
   m_lblTUpdate->setAlignment(Qt::AlignCenter);
   rows->addWidget(m_lblTUpdate);
-  m_cmdDone = AddButton(*rows, "cmdDone", {}, [this] { m_subjects.Entry().DoneWithTest(); });
-  AddButton(*rows, "cmdFinished", tr("Done with &all Tests!"), [this] { m_subjects.DoneWithAllTests(); });
-  QLayout& tools = *AddGroup(*rows, "fraPretty", tr("Tools"))->layout();
-  AddButton(tools, "cmdInsert", tr("&Insert"), [&grid] { grid.InsertLine(); });
-  AddButton(tools, "cmdDelete", tr("&Delete"), [&grid] { grid.DeleteSelectedLines(); });
-  m_framinbump = AddGroup(*rows, "framinbump", tr("Minute Bump"));
-  AddButton(*m_framinbump->layout(), "cmdminadd", tr("Add O&ne"), [&grid] { grid.AddMinute(); });
-  AddButton(*m_framinbump->layout(), "cmdminmin", tr("&Subtract One"), [&grid] { grid.SubtractMinute(); });
-  AddGroup(*rows, "fraInformation", tr("Subject Information"))->layout()->addWidget(m_lblThisOne);
+  QLayout& tools = *AddGroup(*rows, "fraPretty", "Tools")->layout();
+  tools.addWidget(MakeActButton("cmdInsert", "&Insert", [&grid] { grid.InsertLine(); }));
+  tools.addWidget(MakeActButton("cmdDelete", "&Delete", [&grid] { grid.DeleteSelectedLines(); }));
+  m_framinbump = AddGroup(*rows, "framinbump", "Minute Bump");
+  QLayout& bump = *m_framinbump->layout();
+  bump.addWidget(MakeActButton(
+      "cmdminadd", "Add O&ne", [&grid] { grid.AddMinute(); }, /*repeats=*/true));
+  bump.addWidget(MakeActButton(
+      "cmdminmin", "&Subtract One", [&grid] { grid.SubtractMinute(); }, /*repeats=*/true));
+  AddGroup(*rows, "fraInformation", "Subject Information")->layout()->addWidget(m_lblThisOne);
   rows->addStretch();
-  AddButton(*rows, "cmdSubCancel", tr("&Cancel"), [this] { m_subjects.CancelEntry(); });
   QScrollArea* area = MakeScrolling(side);
   area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   return area;
 }
 
-QPushButton* EntryPanel::AddButton(QLayout& rows, const char* name, const QString& caption, std::function<void()> act) {
-  QPushButton* button = MakeButton(name, caption);
-  button->setFocusPolicy(Qt::TabFocus);  // a click leaves the focus in the box
-  button->installEventFilter(this);
-  rows.addWidget(button);
-  connect(button, &QPushButton::clicked, this, [this, act = std::move(act)] {
-    act();
-    Report();
-  });
-  return button;
-}
-
-void EntryPanel::Refresh() {
+void EntryPanel::ShowState() {
   FollowTimer();
   SubjectEntry& entry = m_subjects.Entry();
   if (!entry.IsOpen()) return;
@@ -131,14 +124,10 @@ void EntryPanel::Refresh() {
   m_lblThisOne->setText(ToQt(entry.SubjectCaption()));
   m_lblLimitNote->setText(ToQt(entry.LimitNote()));
   m_lblLimitNote->setVisible(!entry.LimitNote().empty());
-  m_lblProjectName->setText(tr("Project: ") + ToQt(m_subjects.ProjectName()));
+  ShowProjectName(m_subjects.ProjectName());
 }
 
-void EntryPanel::Report() {
-  Refresh();
-  emit Acted();
-  if (isVisible()) m_txtInput->setFocus();
-}
+void EntryPanel::PlaceCursor() { m_txtInput->setFocus(); }
 
 void EntryPanel::FollowTimer() {
   const AutosaveTimer& timer = m_subjects.Entry().Timer();
@@ -155,16 +144,15 @@ void EntryPanel::FollowTimer() {
 // Behind a message box a command waits for its answer. Once it has ended, Refresh comes back to the ticks.
 void EntryPanel::ActOnTicks() {
   if (QApplication::activeModalWidget() != nullptr || m_waitingTicks == 0) return;
-  for (; m_waitingTicks > 0; --m_waitingTicks) m_subjects.Entry().Tick();
-  Refresh();
-  emit Acted();
+  Act([this] {
+    for (; m_waitingTicks > 0; --m_waitingTicks) m_subjects.Entry().Tick();
+  });
 }
 
-void EntryPanel::showEvent(QShowEvent* event) {
-  Panel::showEvent(event);
-  if (event->spontaneous()) return;
-  Refresh();
-  m_txtInput->setFocus();
+// A subject that is left is not refreshed again.
+void EntryPanel::hideEvent(QHideEvent* event) {
+  Panel::hideEvent(event);
+  FollowTimer();
 }
 
 // Of the keys that a button has no use for, digits are meant for the box; Escape only goes back there.
@@ -181,18 +169,9 @@ void EntryPanel::FitSide() {
   m_side->setFixedWidth(m_side->widget()->minimumSizeHint().width() + m_side->verticalScrollBar()->sizeHint().width());
 }
 
-bool EntryPanel::eventFilter(QObject* watched, QEvent* event) {
-  auto* button = qobject_cast<QPushButton*>(watched);
-  if (!button) {
-    if (event->type() == QEvent::LayoutRequest) FitSide();
-    return false;
-  }
-  if (event->type() == QEvent::Shortcut) {
-    button->click();  // at once: of itself it acts 100 ms later, when the next number is half typed
-    return true;
-  }
-  // A double click is one press, or it would go on by two tests; minutes may be bumped as fast as one can click.
-  return event->type() == QEvent::MouseButtonDblClick && button->parentWidget() != m_framinbump;
+bool EntryPanel::eventFilter(QObject*, QEvent* event) {
+  if (event->type() == QEvent::LayoutRequest) FitSide();
+  return false;
 }
 
 }  // namespace zova

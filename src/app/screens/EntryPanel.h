@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <functional>
-
 #include "app/widgets/Panel.h"
 
 class QGroupBox;
@@ -23,17 +21,17 @@ class EntryPanel : public Panel {
 
  public:
   explicit EntryPanel(SubjectFlow& subjects);
-  void Refresh() override;
 
  protected:
-  void showEvent(QShowEvent* event) override;
+  void ShowState() override;
+  void PlaceCursor() override;
+  void hideEvent(QHideEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   QScrollArea* MakeSide();
-  QPushButton* AddButton(QLayout& rows, const char* name, const QString& caption, std::function<void()> act);
-  void Report();
+  QWidget* MakeEntry();
   void FollowTimer();
   void FitSide();
   void ActOnTicks();
@@ -44,7 +42,6 @@ class EntryPanel : public Panel {
   QLabel* m_lblTUpdate;
   QLabel* m_lblThisOne;
   QLabel* m_lblLimitNote;
-  QLabel* m_lblProjectName;
   QPushButton* m_cmdDone = nullptr;
   QGroupBox* m_framinbump = nullptr;
   QScrollArea* m_side;

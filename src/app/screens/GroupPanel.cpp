@@ -11,47 +11,42 @@
 namespace zova {
 
 GroupPanel::GroupPanel(MasterFlow& flow)
-    : FlowPanel(flow, "FraNomDet"),
+    : Panel("FraNomDet"),
+      m_flow(flow),
       m_txtPerGroup(Named(new QLineEdit, "txtPerGroup")),
       m_lstVarName(Named(new QListWidget, "lstVarName")),
       m_lblGroupsPreview(MakeLabel("lblGroupsPreview", {})) {
+  AddTitle("lblGroupsTitle", "Nominal Groups");
+  AddProjectName();
   QVBoxLayout* rows = AddPage();
-  rows->addWidget(MakeLabel("lblPerGroup", tr("&Subjects per group:"), m_txtPerGroup));
+  rows->addWidget(MakeLabel("lblPerGroup", "&Subjects per group:", m_txtPerGroup));
+  FitBox(m_txtPerGroup, 4);
   rows->addWidget(m_txtPerGroup);
-  rows->addWidget(MakeLabel("lblVarNameList", tr("&Variable that keeps the groups apart:"), m_lstVarName));
+  rows->addWidget(MakeLabel("lblVarNameList", "&Variable that keeps the groups apart:", m_lstVarName));
   rows->addWidget(m_lstVarName, 1);
   QScrollArea* preview = MakeScrolling(m_lblGroupsPreview);
   preview->setFocusPolicy(Qt::TabFocus);  // to be scrolled from the keyboard
-  preview->setAccessibleName(tr("Groups"));
+  preview->setAccessibleName("Groups");
   m_lblGroupsPreview->setAlignment(Qt::AlignTop);
   for (QWidget* part : {static_cast<QWidget*>(m_lstVarName), static_cast<QWidget*>(preview)}) {
     part->setMinimumHeight(part->fontMetrics().lineSpacing() * 6);
   }
   rows->addWidget(preview, 1);
-  m_default = AddButton("cmdCreateMasterGo", tr("Co&ntinue"), [this] { m_flow.GoGroups(); });
-  m_cancel = AddButton("cmdGroupCancel", tr("&Cancel"), [this] { m_flow.CancelGroups(); });
-  MarkDefault(m_default, true);
+  SetDefault(AddButton("cmdCreateMasterGo", "Co&ntinue", [this] { m_flow.GoGroups(); }));
+  m_cancel = AddButton("cmdGroupCancel", "&Cancel", [this] { m_flow.CancelGroups(); });
   m_cursor = m_txtPerGroup;
-  const auto report = [this] {
-    Refresh();
-    emit Acted();
-  };
-  connect(m_txtPerGroup, &QLineEdit::textEdited, this, [this, report](const QString& text) {
-    m_flow.Options().SetPerGroupText(FromQt(text));
-    report();
-  });
+  m_buttonsReturn = true;
+  connect(m_txtPerGroup, &QLineEdit::textEdited, this,
+          [this](const QString& text) { Act([&] { m_flow.Options().SetPerGroupText(FromQt(text)); }); });
   // After the key or click that chose it: all subjects may be read, and the choice go back.
   connect(
       m_lstVarName, &QListWidget::currentRowChanged, this,
-      [this, report](int row) {
-        m_flow.ChooseVariable(row);
-        report();
-      },
-      Qt::QueuedConnection);
+      [this](int row) { Act([&] { m_flow.ChooseVariable(row); }); }, Qt::QueuedConnection);
 }
 
-void GroupPanel::Refresh() {
+void GroupPanel::ShowState() {
   if (m_flow.CurrentStage() != MasterFlow::Stage::GroupDetails) return;
+  ShowProjectName(m_flow.ProjectName());
   ShowText(m_txtPerGroup, m_flow.Options().PerGroupText());
   m_lblGroupsPreview->setText(ToQt(m_flow.GroupsPreview()));
   const QSignalBlocker quiet(m_lstVarName);

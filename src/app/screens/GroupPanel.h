@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "app/widgets/FlowPanel.h"
+#include "app/widgets/Panel.h"
+#include "session/MasterFlow.h"
 
 class QLabel;
 class QLineEdit;
@@ -10,14 +11,17 @@ class QListWidget;
 namespace zova {
 
 /// How subjects are put together as nominal groups, and what that gives.
-class GroupPanel : public FlowPanel {
+class GroupPanel : public Panel {
   Q_OBJECT
 
  public:
   explicit GroupPanel(MasterFlow& flow);
-  void Refresh() override;
+
+ protected:
+  void ShowState() override;
 
  private:
+  MasterFlow& m_flow;
   QLineEdit* m_txtPerGroup;
   QListWidget* m_lstVarName;
   std::vector<std::string> m_choices;  // in the list

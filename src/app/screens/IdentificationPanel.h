@@ -6,9 +6,7 @@
 
 #include "app/widgets/Panel.h"
 
-class QBoxLayout;
 class QLabel;
-class QPushButton;
 
 namespace zova {
 
@@ -21,19 +19,18 @@ class IdentificationPanel : public Panel {
 
  public:
   explicit IdentificationPanel(SubjectFlow& subjects);
-  void Refresh() override;
 
  protected:
-  void showEvent(QShowEvent* event) override;
-  void keyPressEvent(QKeyEvent* event) override;
+  void ShowState() override;
+  [[nodiscard]] int CursorMoves() const override;
+  void PlaceCursor() override;
+  [[nodiscard]] QPushButton* DefaultButton() const override;
 
  private:
   using Getter = std::string (SubjectIdentification::*)() const;
 
-  QWidget* MakePage();
-  QLabel* AddText(QBoxLayout& rows, const char* name, Getter text);
-  void PlaceCursor();
-  [[nodiscard]] QPushButton* DefaultButton() const;
+  void AddQuestions(QVBoxLayout& rows);
+  QLabel* MakeText(const char* name, Getter text);
 
   SubjectFlow& m_subjects;
   SubjectIdentification& m_rules;
@@ -41,14 +38,11 @@ class IdentificationPanel : public Panel {
   QLineEdit* m_txtSub;
   QWidget* m_level;
   QLineEdit* m_txtInfo;
-  QLabel* m_lblProjectName;
   QPushButton* m_cmdBrowse;
   QPushButton* m_cmdOK;
   QPushButton* m_cmdBack;
   QPushButton* m_cmdNext;
   QPushButton* m_cmdEntered;
-  QPushButton* m_cmdCancel;
-  int m_cursorMoves = 0;
 };
 
 }  // namespace zova

@@ -18,22 +18,15 @@ class LocationPanel : public Panel {
   Q_OBJECT
 
  public:
-  explicit LocationPanel(LocationFlow& location, QWidget* parent = nullptr);
-  void Refresh() override;
+  explicit LocationPanel(LocationFlow& location);
 
  protected:
-  void showEvent(QShowEvent* event) override;
-  void keyPressEvent(QKeyEvent* event) override;
+  void ShowState() override;
 
  private:
-  void Arrange();
   void Take(const std::string& path);
-  void Accept();
-  void Cancel();
-  void Report();
 
   LocationFlow& m_location;
-  QWidget* m_form;
   QLabel* m_title;
   QLabel* m_instruction;
   QLabel* m_note;

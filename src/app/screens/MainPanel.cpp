@@ -6,7 +6,6 @@
 #include <QHBoxLayout>
 #include <QIcon>
 #include <QKeyEvent>
-#include <QScrollArea>
 #include <QVBoxLayout>
 
 #include "app/widgets/Controls.h"
@@ -53,10 +52,11 @@ void PictureButton::keyPressEvent(QKeyEvent* event) {
   }
 }
 
-MainPanel::MainPanel(const Session& session, RunCommand run) : m_session(session), m_run(std::move(run)) {
-  setObjectName("fraMain");
+MainPanel::MainPanel(const Session& session, RunCommand run)
+    : Panel("fraMain"), m_session(session), m_run(std::move(run)) {
   auto* page = new QWidget;
   auto* column = new QVBoxLayout(page);
+  column->setContentsMargins({});
   column->addWidget(MakeProjectGroup());
   auto* grid = new QGridLayout;
   AddPictures(*grid);
@@ -64,16 +64,8 @@ MainPanel::MainPanel(const Session& session, RunCommand run) : m_session(session
   m_lastMaster = MakeLastMasterGroup();
   column->addWidget(m_lastMaster);
   column->addStretch();
-  column->addWidget(MakeLabel("lblQuickHelp", "Right click something for fast help about it"));
-
-  auto* scroll = Named(new QScrollArea, "scrMain");
-  scroll->setWidgetResizable(true);
-  scroll->setFrameShape(QFrame::NoFrame);
-  scroll->setFocusPolicy(Qt::NoFocus);
-  scroll->setWidget(page);
-  auto* whole = new QVBoxLayout(this);
-  whole->setContentsMargins({});
-  whole->addWidget(scroll);
+  AddContent(Named(MakeScrolling(page), "scrMain"));
+  AddStatus(MakeLabel("lblQuickHelp", "Right click something for fast help about it"));
 }
 
 QWidget* MainPanel::MakeProjectGroup() {
@@ -118,7 +110,7 @@ void MainPanel::AddPictures(QGridLayout& grid) {
   }
 }
 
-void MainPanel::Refresh() {
+void MainPanel::ShowState() {
   m_currentProject->setText(ToQt(m_session.ProjectCaption()));
   // "Project" is in both captions; its j is free, the letters of the menus are not.
   m_open->setText(ToQt(m_session.OpenCaption()).replace("ject", "&ject"));

@@ -30,7 +30,9 @@ class MainPanel : public Panel {
 
  public:
   MainPanel(const Session& session, RunCommand run);
-  void Refresh() override;
+
+ protected:
+  void ShowState() override;
 
  private:
   QWidget* MakeProjectGroup();

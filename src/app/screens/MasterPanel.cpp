@@ -12,62 +12,55 @@
 namespace zova {
 
 MasterPanel::MasterPanel(MasterFlow& flow)
-    : FlowPanel(flow, "FraSaveMaster"),
-      m_lblProjectName(MakeLabel("lblProjectName", {})),
+    : Panel("FraSaveMaster"),
+      m_flow(flow),
       m_txtMasterDest(Named(new QLineEdit, "txtMasterDest")),
       m_directories(new DriveDirectoryList(flow.Options().Browser(), "drvMasterDest", "dirMasterDest")),
-      m_cmdMeasures(
-          MakeButton("cmdMeasures", tr("To change the default &measures selected for this study click here"))),
-      m_chkItemAnalysis(Named(new QCheckBox(tr("&Serial Position Analysis")), "chkItemAnalysis")),
-      m_chkCombine(Named(new QCheckBox(tr("Com&bine Scores Into Groups")), "chkCombine")),
-      m_chkExportClean(Named(new QCheckBox(tr("&Wide CSV of All Measures")), "chkExportClean")),
-      m_chkExportLong(Named(new QCheckBox(tr("CSV of All &Recalls")), "chkExportLong")) {
+      m_cmdMeasures(MakeButton("cmdMeasures", "To change the default &measures selected for this study click here")),
+      m_chkItemAnalysis(Named(new QCheckBox("&Serial Position Analysis"), "chkItemAnalysis")),
+      m_chkCombine(Named(new QCheckBox("Com&bine Scores Into Groups"), "chkCombine")),
+      m_chkExportClean(Named(new QCheckBox("&Wide CSV of All Measures"), "chkExportClean")),
+      m_chkExportLong(Named(new QCheckBox("CSV of All &Recalls"), "chkExportLong")) {
+  AddTitle("lblMasterTitle", "Create New Master");
+  AddProjectName();
   QVBoxLayout* rows = AddPage();
-  rows->addWidget(m_lblProjectName);
-  rows->addWidget(MakeLabel("lblDestination", tr("&Destination Directory"), m_txtMasterDest));
+  rows->addWidget(MakeLabel("lblDestination", "&Destination Directory", m_txtMasterDest));
   rows->addWidget(m_directories, 1);
   rows->addWidget(m_txtMasterDest);
-  rows->addWidget(MakeLabel("lblMasterRows", tr("The rows always go to the master in the primary directory.")));
-  rows->addWidget(MakeLabel("lblmeasures", tr("Choose Measures"), m_cmdMeasures));
+  rows->addWidget(MakeLabel("lblMasterRows", "The rows always go to the master in the primary directory."));
+  rows->addWidget(MakeLabel("lblmeasures", "Choose Measures", m_cmdMeasures));
   rows->addWidget(m_cmdMeasures, 0, Qt::AlignLeft);
   rows->addWidget(
-      MakeLabel("lblItemAnalInst", tr("For an additional serial postion analysis please select the box below. ")));
-  rows->addWidget(MakeLabel("lblItemAnal", tr("Serial Position Master"), m_chkItemAnalysis));
+      MakeLabel("lblItemAnalInst", "For an additional serial postion analysis please select the box below. "));
+  rows->addWidget(MakeLabel("lblItemAnal", "Serial Position Master", m_chkItemAnalysis));
   rows->addWidget(m_chkItemAnalysis, 0, Qt::AlignLeft);
   rows->addWidget(m_chkCombine, 0, Qt::AlignLeft);
-  rows->addWidget(MakeLabel("lblExports", tr("Files for Other Programs"), m_chkExportClean));
+  rows->addWidget(MakeLabel("lblExports", "Files for Other Programs", m_chkExportClean));
   auto* exports = new QHBoxLayout;  // in one row, so that all of the page is in sight at 800 x 600
   exports->addWidget(m_chkExportClean);
   exports->addWidget(m_chkExportLong);
   exports->addStretch();
   rows->addLayout(exports);
-  QFont bold;  // only its weight is set: the rest comes from the window
-  bold.setBold(true);
   for (const char* heading : {"lblDestination", "lblmeasures", "lblItemAnal", "lblExports"}) {
-    findChild<QLabel*>(heading)->setFont(bold);
+    MakeBold(findChild<QLabel*>(heading));
   }
-  findChild<QComboBox*>("drvMasterDest")->setAccessibleName(tr("Destination Drive"));
-  findChild<QListWidget*>("dirMasterDest")->setAccessibleName(tr("Destination Directory"));
-  m_txtMasterDest->setAccessibleName(tr("Master File"));
-  m_cancel = AddButton("cmdMastCancel", tr("&Cancel"), [this] { m_flow.CancelOptions(); });
-  m_default = AddButton("cmdCreateMaster", tr("Co&ntinue"), [this] { m_flow.Continue(); });
-  MarkDefault(m_default, true);
+  findChild<QComboBox*>("drvMasterDest")->setAccessibleName("Destination Drive");
+  findChild<QListWidget*>("dirMasterDest")->setAccessibleName("Destination Directory");
+  m_txtMasterDest->setAccessibleName("Master File");
+  SetDefault(AddButton("cmdCreateMaster", "Co&ntinue", [this] { m_flow.Continue(); }));
+  m_cancel = AddButton("cmdMastCancel", "&Cancel", [this] { m_flow.CancelOptions(); });
+  m_buttonsReturn = true;
   m_cursor = m_default;  // a key struck by mistake then changes no path
   Connect();
 }
 
 void MasterPanel::Connect() {
-  connect(m_txtMasterDest, &QLineEdit::textEdited, this, [this](const QString& text) {
-    m_flow.Options().SetDestination(FromQt(text));
-    emit Acted();
-  });
-  connect(m_directories, &DriveDirectoryList::Acted, this, [this] {
-    m_flow.Options().FollowBrowser();
-    Refresh();
-    emit Acted();
-  });
+  connect(m_txtMasterDest, &QLineEdit::textEdited, this,
+          [this](const QString& text) { Act([&] { m_flow.Options().SetDestination(FromQt(text)); }); });
+  connect(m_directories, &DriveDirectoryList::Acted, this,
+          [this] { Act([this] { m_flow.Options().FollowBrowser(); }); });
   ActAtOnce(m_cmdMeasures);
-  connect(m_cmdMeasures, &QPushButton::clicked, this, [this] { Act([this] { m_flow.OpenMeasures(); }); });
+  connect(m_cmdMeasures, &QPushButton::clicked, this, [this] { ActAndReturn([this] { m_flow.OpenMeasures(); }); });
   ConnectBox(m_chkItemAnalysis, &MasterOptions::ChkItemAnalysis);
   ConnectBox(m_chkCombine, &MasterOptions::ChkCombine);
   ConnectBox(m_chkExportClean, &MasterOptions::ChkExportClean);
@@ -76,15 +69,13 @@ void MasterPanel::Connect() {
 
 void MasterPanel::ConnectBox(QCheckBox* box, bool MasterOptions::*option) {
   ActAtOnce(box);
-  connect(box, &QCheckBox::clicked, this, [this, option](bool checked) {
-    m_flow.Options().*option = checked;
-    emit Acted();
-  });
+  connect(box, &QCheckBox::clicked, this,
+          [this, option](bool checked) { Act([&] { m_flow.Options().*option = checked; }); });
 }
 
-void MasterPanel::Refresh() {
+void MasterPanel::ShowState() {
   const MasterOptions& options = m_flow.Options();
-  m_lblProjectName->setText(ToQt(m_flow.ProjectLine()));
+  ShowProjectName(m_flow.ProjectName());
   ShowText(m_txtMasterDest, options.Destination());
   m_directories->Refresh();
   m_chkItemAnalysis->setChecked(options.ChkItemAnalysis);

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "app/widgets/FlowPanel.h"
+#include "app/widgets/Panel.h"
+#include "session/MasterFlow.h"
 
 class QCheckBox;
 class QLabel;
@@ -12,18 +13,20 @@ namespace zova {
 class DriveDirectoryList;
 
 /// Where a master is asked for: its file, its measures and the masters beside it.
-class MasterPanel : public FlowPanel {
+class MasterPanel : public Panel {
   Q_OBJECT
 
  public:
   explicit MasterPanel(MasterFlow& flow);
-  void Refresh() override;
+
+ protected:
+  void ShowState() override;
 
  private:
   void Connect();
   void ConnectBox(QCheckBox* box, bool MasterOptions::*option);
 
-  QLabel* m_lblProjectName;
+  MasterFlow& m_flow;
   QLineEdit* m_txtMasterDest;
   DriveDirectoryList* m_directories;
   QPushButton* m_cmdMeasures;

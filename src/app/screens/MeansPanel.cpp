@@ -9,7 +9,6 @@
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QItemSelectionModel>
-#include <QKeyEvent>
 #include <QListWidget>
 #include <QScrollArea>
 #include <QSignalBlocker>
@@ -100,29 +99,31 @@ void Fill(QListWidget& list, const std::vector<std::string>& texts) {
 }  // namespace
 
 MeansPanel::MeansPanel(Session& session)
-    : m_session(session),
+    : Panel("fraMeans"),
+      m_session(session),
       m_rules(session.Means()),
-      m_lblProjectName(MakeLabel("lblProjectName", {})),
       m_lblMeansFile(MakeLabel("lblMeansFile", {})),
       m_lblMeansNote(MakeLabel("lblMeansNote", {})),
       m_lstMeasures(Named(new QListWidget, "lstMeasures")),
       m_lstMeansVariables(Named(new QListWidget, "lstMeansVariables")),
-      m_chkMeansLeaveOut(Named(new QCheckBox(tr("&Leave out values that could not be computed")), "chkMeansLeaveOut")),
+      m_chkMeansLeaveOut(Named(new QCheckBox("&Leave out values that could not be computed"), "chkMeansLeaveOut")),
       m_grdMeans(Named(new QTableView, "grdMeans")),
       m_model(new MeansModel(m_rules, this)),
       m_plotMeans(new PlotView("plotMeans")),
       m_lblPlotNote(MakeLabel("lblPlotNote", {})) {
-  setObjectName(QStringLiteral("fraMeans"));
+  AddTitle("lblMeansTitle", "Examine Means");
+  AddProjectName();
+  // Outside of what scrolls: text that wraps would make the scrolling page as high as it would like to be.
+  for (QLabel* line : {m_lblMeansFile, m_lblMeansNote}) AddContent(line);
   auto* sides = Named(new QSplitter(Qt::Horizontal), "splMeans");
   sides->setChildrenCollapsible(false);
   sides->addWidget(MakeChoices());
   sides->addWidget(MakeResults());
   sides->setStretchFactor(1, 1);
   sides->setSizes({fontMetrics().averageCharWidth() * 36, fontMetrics().averageCharWidth() * 100});
-  auto* whole = new QVBoxLayout(this);
-  whole->addWidget(MakeHead());  // what wraps its text would make the scrolling page as high as it would like to be
-  whole->addWidget(MakeScrolling(sides), 1);
-  whole->addWidget(MakeButtons());
+  AddContent(MakeScrolling(sides), 1);
+  AddButtons();
+  m_cursor = m_lstMeasures;
   connect(m_lstMeasures, &QListWidget::itemSelectionChanged, this,
           [this] { Act([this] { m_rules.ChooseMeasures(ChosenRows(*m_lstMeasures)); }); });
   connect(m_lstMeasures, &QListWidget::itemDoubleClicked, this,
@@ -131,14 +132,6 @@ MeansPanel::MeansPanel(Session& session)
           [this] { Act([this] { m_rules.ChooseVariables(ChosenRows(*m_lstMeansVariables)); }); });
   connect(m_chkMeansLeaveOut, &QCheckBox::clicked, this,
           [this](bool checked) { Act([this, checked] { m_rules.SetLeavesOut(checked); }); });
-}
-
-QWidget* MeansPanel::MakeHead() {
-  auto* head = new QWidget;
-  auto* rows = new QVBoxLayout(head);
-  rows->setContentsMargins({});
-  for (QLabel* line : {m_lblProjectName, m_lblMeansFile, m_lblMeansNote}) rows->addWidget(line);
-  return head;
 }
 
 QWidget* MeansPanel::MakeChoices() {
@@ -152,11 +145,11 @@ QWidget* MeansPanel::MakeChoices() {
     list->setTextElideMode(Qt::ElideNone);  // what differs stands at the end
     list->setMinimumSize(list->fontMetrics().averageCharWidth() * 26, list->fontMetrics().lineSpacing() * 5);
   }
-  rows->addWidget(MakeLabel("lblMeasures", tr("&Measures:"), m_lstMeasures));
+  rows->addWidget(MakeLabel("lblMeasures", "&Measures:", m_lstMeasures));
   rows->addWidget(m_lstMeasures, 3);
-  m_cmdMeansFamily =
-      AddButton(*choices, "cmdMeansFamily", tr("Whole &Series"), [this] { m_rules.ChooseWholeSeries(); });
-  rows->addWidget(MakeLabel("lblMeansVariables", tr("&Variables:"), m_lstMeansVariables));
+  m_cmdMeansFamily = MakeActButton("cmdMeansFamily", "Whole &Series", [this] { m_rules.ChooseWholeSeries(); });
+  rows->addWidget(m_cmdMeansFamily);
+  rows->addWidget(MakeLabel("lblMeansVariables", "&Variables:", m_lstMeansVariables));
   rows->addWidget(m_lstMeansVariables, 1);
   return choices;
 }
@@ -170,7 +163,7 @@ QWidget* MeansPanel::MakeResults() {
   rows->addWidget(m_chkMeansLeaveOut, 0, Qt::AlignLeft);
   rows->addWidget(m_grdMeans, 1);
   m_grdMeans->setModel(m_model);
-  m_grdMeans->setAccessibleName(tr("Means"));
+  m_grdMeans->setAccessibleName("Means");
   m_grdMeans->setTabKeyNavigation(false);
   m_grdMeans->verticalHeader()->hide();
   m_grdMeans->verticalHeader()->setDefaultSectionSize(fontMetrics().height() * 3 / 2);
@@ -194,29 +187,12 @@ QWidget* MeansPanel::MakeResults() {
   return results;
 }
 
-QWidget* MeansPanel::MakeButtons() {
-  auto* buttons = new QWidget;
-  auto* row = new QHBoxLayout(buttons);
-  row->setContentsMargins({});
-  AddButton(*buttons, "cmdMeansOpen", tr("Open M&aster..."), [this] { m_rules.ChooseMaster(); });
-  row->addStretch();
-  m_cmdMeansCopy = AddButton(*buttons, "cmdMeansCopy", tr("Cop&y Table"), [this] { Copy(); });
-  m_cmdMeansSave = AddButton(*buttons, "cmdMeansSave", tr("Save Ta&ble..."), [this] { m_rules.SaveTable(); });
-  m_cmdPlotSave = AddButton(*buttons, "cmdPlotSave", tr("Sav&e Plot..."), [this] { SavePlot(); });
-  AddButton(*buttons, "cmdMeansClose", tr("&Close"), [this] { m_session.CloseMeans(); });
-  return buttons;
-}
-
-QPushButton* MeansPanel::AddButton(QWidget& row, const char* name, const QString& caption, std::function<void()> act) {
-  QPushButton* button = MakeButton(name, caption);
-  row.layout()->addWidget(button);
-  connect(button, &QPushButton::clicked, this, [this, act = std::move(act)] { Act(act); });
-  return button;
-}
-
-void MeansPanel::Act(const std::function<void()>& act) {
-  act();
-  emit Acted();
+void MeansPanel::AddButtons() {
+  AddButton("cmdMeansOpen", "Open M&aster...", [this] { m_rules.ChooseMaster(); });
+  m_cmdMeansCopy = AddButton("cmdMeansCopy", "Cop&y Table", [this] { Copy(); });
+  m_cmdMeansSave = AddButton("cmdMeansSave", "Save Ta&ble...", [this] { m_rules.SaveTable(); });
+  m_cmdPlotSave = AddButton("cmdPlotSave", "Sav&e Plot...", [this] { SavePlot(); });
+  m_cancel = AddButton("cmdMeansClose", "&Close", [this] { m_session.CloseMeans(); });
 }
 
 void MeansPanel::Copy() { QGuiApplication::clipboard()->setText(ToQt(m_rules.TableText())); }
@@ -239,8 +215,8 @@ void MeansPanel::ShowChosen() {
   Choose(*m_lstMeansVariables, variables);
 }
 
-void MeansPanel::Refresh() {
-  m_lblProjectName->setText(tr("Project: ") + ToQt(m_session.ProjectCaption()));
+void MeansPanel::ShowState() {
+  ShowProjectName(m_session.ProjectCaption());
   m_lblMeansFile->setText(ToQt(m_rules.FileLine()));
   m_lblMeansNote->setText(ToQt(m_rules.NoteLine()));
   m_lblMeansNote->setVisible(!m_lblMeansNote->text().isEmpty());
@@ -259,19 +235,6 @@ void MeansPanel::Refresh() {
   // An empty plot says by itself why it is.
   m_lblPlotNote->setText(m_rules.HasPlot() ? ToQt(m_rules.Picture().Note) : QString());
   m_lblPlotNote->setVisible(!m_lblPlotNote->text().isEmpty());
-}
-
-void MeansPanel::showEvent(QShowEvent* event) {
-  Panel::showEvent(event);
-  if (event->spontaneous()) return;
-  Refresh();
-  PlaceCursorIn(m_lstMeasures);
-}
-
-// Keys that the control with the focus has no use for.
-void MeansPanel::keyPressEvent(QKeyEvent* event) {
-  if (event->key() != Qt::Key_Escape || event->isAutoRepeat()) return Panel::keyPressEvent(event);
-  Act([this] { m_session.CloseMeans(); });
 }
 
 }  // namespace zova

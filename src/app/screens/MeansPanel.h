@@ -24,27 +24,21 @@ class MeansPanel : public Panel {
 
  public:
   explicit MeansPanel(Session& session);
-  void Refresh() override;
 
  protected:
-  void showEvent(QShowEvent* event) override;
-  void keyPressEvent(QKeyEvent* event) override;
+  void ShowState() override;
 
  private:
-  [[nodiscard]] QWidget* MakeHead();
   [[nodiscard]] QWidget* MakeChoices();
   [[nodiscard]] QWidget* MakeResults();
-  [[nodiscard]] QWidget* MakeButtons();
-  QPushButton* AddButton(QWidget& row, const char* name, const QString& caption, std::function<void()> act);
+  void AddButtons();
   void FillLists();
   void ShowChosen();
-  void Act(const std::function<void()>& act);
   void Copy();
   void SavePlot();
 
   Session& m_session;
   MeansExaminer& m_rules;
-  QLabel* m_lblProjectName;
   QLabel* m_lblMeansFile;
   QLabel* m_lblMeansNote;
   QListWidget* m_lstMeasures;

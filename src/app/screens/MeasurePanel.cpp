@@ -17,21 +17,21 @@ QString Ascii(std::string_view text) { return QString::fromLatin1(text.data(), s
 
 }  // namespace
 
-MeasurePanel::MeasurePanel(MasterFlow& flow, std::function<void()> help) : FlowPanel(flow, "FraWhichAnal") {
+MeasurePanel::MeasurePanel(MasterFlow& flow, std::function<void()> help) : Panel("FraWhichAnal"), m_flow(flow) {
+  AddTitle("lblmeasuretitle", "Choose Measures");
+  AddProjectName();
   QVBoxLayout* rows = AddPage();
-  QLabel* title = MakeLabel("lblmeasuretitle", tr("Choose Measures"));
-  QFont bold;  // only its weight is set: the rest comes from the window
-  bold.setBold(true);
-  title->setFont(bold);
-  rows->addWidget(title);
-  rows->addWidget(MakeLabel("lblselect", tr("Please uncheck any measures that you do not want.  Please note that "
-                                            "selections here will apply to both individual and applicable nominal "
-                                            "group measures.")));
+  rows->parentWidget()->setMaximumWidth(QWIDGETSIZE_MAX);  // for the longest caption
+  rows->addWidget(MakeLabel("lblselect",
+                            "Please uncheck any measures that you do not want.  Please note that "
+                            "selections here will apply to both individual and applicable nominal "
+                            "group measures."));
   QGroupBox* frame = nullptr;
   for (const MeasureBox& measure : AllMeasureBoxes()) {
     if (!frame || frame->objectName() != Ascii(measure.Frame->Name)) {
       frame = new QGroupBox(Ascii(measure.Frame->Caption));
       frame->setObjectName(Ascii(measure.Frame->Name));
+      frame->setFlat(true);
       new QVBoxLayout(frame);
       rows->addWidget(frame);
     }
@@ -40,9 +40,9 @@ MeasurePanel::MeasurePanel(MasterFlow& flow, std::function<void()> help) : FlowP
   m_lblColumnCount = MakeLabel("lblColumnCount", {});
   rows->addWidget(m_lblColumnCount);
   rows->addStretch();
-  AddButton("cmdHelpMeasures", tr("H&elp on Measures"), std::move(help));
-  m_default = m_cancel = AddButton("cmdMeasureOK", tr("O&K"), [this] { m_flow.CloseMeasures(); });
-  MarkDefault(m_default, true);
+  AddButton("cmdHelpMeasures", "H&elp on Measures", std::move(help));
+  SetDefault(m_cancel = AddButton("cmdMeasureOK", "O&K", [this] { m_flow.CloseMeasures(); }));
+  m_buttonsReturn = true;
   m_cursor = m_boxes.front().first;
 }
 
@@ -54,13 +54,12 @@ void MeasurePanel::AddBox(QGroupBox& frame, const MeasureBox& measure) {
   ActAtOnce(box);
   m_boxes.emplace_back(box, measure.Which);
   connect(box, &QCheckBox::clicked, this, [this, which = measure.Which](bool checked) {
-    m_flow.Options().Selection.Check(which, checked);
-    ShowColumnCount();
-    emit Acted();
+    Act([&] { m_flow.Options().Selection.Check(which, checked); });
   });
 }
 
-void MeasurePanel::Refresh() {
+void MeasurePanel::ShowState() {
+  ShowProjectName(m_flow.ProjectName());
   const MeasureSelection& selection = m_flow.Options().Selection;
   for (const auto& [box, measure] : m_boxes) {
     box->setEnabled(selection.IsEnabled(measure));

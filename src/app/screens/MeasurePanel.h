@@ -4,7 +4,8 @@
 #include <utility>
 #include <vector>
 
-#include "app/widgets/FlowPanel.h"
+#include "app/widgets/Panel.h"
+#include "session/MasterFlow.h"
 
 class QCheckBox;
 class QGroupBox;
@@ -13,18 +14,21 @@ class QLabel;
 namespace zova {
 
 /// Which families of measures become columns of the master.
-class MeasurePanel : public FlowPanel {
+class MeasurePanel : public Panel {
   Q_OBJECT
 
  public:
   /// `help` shows the help topic on measures.
   MeasurePanel(MasterFlow& flow, std::function<void()> help);
-  void Refresh() override;
+
+ protected:
+  void ShowState() override;
 
  private:
   void AddBox(QGroupBox& frame, const MeasureBox& measure);
   void ShowColumnCount();
 
+  MasterFlow& m_flow;
   std::vector<std::pair<QCheckBox*, Measure>> m_boxes;
   QLabel* m_lblColumnCount = nullptr;
 };

@@ -13,52 +13,49 @@
 namespace zova {
 
 OrderPanel::OrderPanel(MasterFlow& flow)
-    : FlowPanel(flow, "fraOrder"),
-      m_lblProjectName(MakeLabel("lblProjectName", {})),
-      m_lblOrderTitle(MakeLabel("lblOrderTitle", {})),
+    : Panel("fraOrder"),
+      m_flow(flow),
+      m_lblOrderTitle(AddTitle("lblOrderTitle")),
       m_grdOrder(new GridTable("grdOrder", flow.Order().Cells())),
       m_lblOrderPlan(MakeLabel("lblOrderPlan", {})),
       m_plan(MakeScrolling(m_lblOrderPlan)),
-      m_txtOrder(new GridBox("txtOrder", flow.Order().Cells())),
-      m_cmdGoSerial(AddButton("cmdGoSerial", tr("Co&ntinue"), [this] { m_flow.GoSerial(); })),
-      m_cmdGoCombine(AddButton("cmdGoCombine", tr("Co&ntinue"), [this] { m_flow.GoCombine(); })) {
-  AddButton("cmdOrderReset", tr("&Reset"), [this] { m_flow.Order().Reset(); });
-  m_cancel = AddButton("cmdOrderCancel", tr("&Cancel"), [this] { m_flow.CancelOrder(); });
-  m_cursor = m_txtOrder;
-  m_grdOrder->setAccessibleName(tr("New Order"));
+      m_txtOrder(new GridBox("txtOrder", flow.Order().Cells())) {
+  m_grdOrder->setAccessibleName("New Order");
   Arrange();
-  connect(m_txtOrder, &GridBox::Acted, this, [this] { Act([] {}); });
-  connect(m_txtOrder, &QLineEdit::textEdited, this, [this] {
-    Refresh();
-    emit Acted();
-  });
-  connect(m_grdOrder, &GridTable::Acted, this, [this] { Act([] {}); });
+  AddButton("cmdOrderReset", "&Reset", [this] { m_flow.Order().Reset(); });
+  m_cmdGoSerial = AddButton("cmdGoSerial", "Co&ntinue", [this] { m_flow.GoSerial(); });
+  m_cmdGoCombine = AddButton("cmdGoCombine", "Co&ntinue", [this] { m_flow.GoCombine(); });
+  m_cancel = AddButton("cmdOrderCancel", "&Cancel", [this] { m_flow.CancelOrder(); });
+  m_cursor = m_txtOrder;
+  m_buttonsReturn = true;
+  connect(m_txtOrder, &GridBox::Acted, this, [this] { ActAndReturn([] {}); });
+  connect(m_txtOrder, &QLineEdit::textEdited, this, [this] { Act([] {}); });
+  connect(m_grdOrder, &GridTable::Acted, this, [this] { ActAndReturn([] {}); });
 }
 
 void OrderPanel::Arrange() {
-  QFont bold;  // only its weight is set: the rest comes from the window
-  bold.setBold(true);
-  m_lblOrderTitle->setFont(bold);
+  AddProjectName();
   m_lblOrderPlan->setAlignment(Qt::AlignTop);
   m_plan->setFocusPolicy(Qt::TabFocus);  // to be scrolled from the keyboard
-  m_plan->setAccessibleName(tr("Groups"));
+  m_plan->setAccessibleName("Groups");
   m_plan->setFixedHeight(m_plan->fontMetrics().lineSpacing() * 3);
-  QLabel* prompt = MakeLabel("lblOrder", tr("New Or&der:"), m_txtOrder);
+  QLabel* prompt = MakeLabel("lblOrder", "New Or&der:", m_txtOrder);
   prompt->setWordWrap(false);
-  auto* rows = static_cast<QVBoxLayout*>(layout());
+  auto* content = new QWidget;
+  auto* rows = new QVBoxLayout(content);
+  rows->setContentsMargins({});
+  rows->addWidget(m_grdOrder, 1);
+  rows->addWidget(m_plan);
   auto* entry = new QHBoxLayout;
   entry->addWidget(prompt);
   entry->addWidget(m_txtOrder, 1);
-  rows->insertWidget(0, m_lblProjectName);
-  rows->insertWidget(1, m_lblOrderTitle);
-  rows->insertWidget(2, m_grdOrder, 1);
-  rows->insertWidget(3, m_plan);
-  rows->insertLayout(4, entry);
+  rows->addLayout(entry);
+  AddContent(content);
 }
 
-void OrderPanel::Refresh() {
+void OrderPanel::ShowState() {
   const OrderEditor& order = m_flow.Order();
-  m_lblProjectName->setText(ToQt(m_flow.ProjectLine()));
+  ShowProjectName(m_flow.ProjectName());
   m_lblOrderTitle->setText(ToQt(order.Title()));
   m_grdOrder->Refresh();
   m_txtOrder->Refresh();
@@ -72,7 +69,7 @@ void OrderPanel::Refresh() {
 // Of the keys that a button has no use for, digits are meant for the box.
 void OrderPanel::keyPressEvent(QKeyEvent* event) {
   const bool isDigit = event->key() >= Qt::Key_0 && event->key() <= Qt::Key_9;
-  if (!isDigit || m_txtOrder->hasFocus()) return FlowPanel::keyPressEvent(event);
+  if (!isDigit || m_txtOrder->hasFocus()) return Panel::keyPressEvent(event);
   m_txtOrder->setFocus();
   QCoreApplication::sendEvent(m_txtOrder, event);
 }

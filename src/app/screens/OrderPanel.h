@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "app/widgets/FlowPanel.h"
+#include "app/widgets/Panel.h"
+#include "session/MasterFlow.h"
 
 class QLabel;
 
@@ -11,27 +12,27 @@ class GridBox;
 class GridTable;
 
 /// The screen on which the order of the study items or of the subjects is typed. The focus comes back to its box.
-class OrderPanel : public FlowPanel {
+class OrderPanel : public Panel {
   Q_OBJECT
 
  public:
   explicit OrderPanel(MasterFlow& flow);
-  void Refresh() override;
 
  protected:
+  void ShowState() override;
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
   void Arrange();
 
-  QLabel* m_lblProjectName;
+  MasterFlow& m_flow;
   QLabel* m_lblOrderTitle;
   GridTable* m_grdOrder;
   QLabel* m_lblOrderPlan;
   QWidget* m_plan;
   GridBox* m_txtOrder;
-  QPushButton* m_cmdGoSerial;
-  QPushButton* m_cmdGoCombine;
+  QPushButton* m_cmdGoSerial = nullptr;
+  QPushButton* m_cmdGoCombine = nullptr;
 };
 
 }  // namespace zova

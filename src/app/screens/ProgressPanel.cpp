@@ -36,15 +36,14 @@ class DiscardedInput final : public QObject {
 }  // namespace
 
 ProgressPanel::ProgressPanel(QtProgress& progress)
-    : m_proMasterProgress(Named(new QProgressBar, "proMasterProgress")),
+    : Panel("fraMasterProgress"),
+      m_proMasterProgress(Named(new QProgressBar, "proMasterProgress")),
       m_lblMasterProgress(MakeLabel("lblMasterProgress", {})) {
-  setObjectName(QStringLiteral("fraMasterProgress"));
   m_proMasterProgress->setRange(0, 100);
   m_proMasterProgress->setValue(0);
-  m_proMasterProgress->setAccessibleName(tr("Creating Master"));
-  auto* rows = new QVBoxLayout(this);
-  rows->addStretch();
-  rows->addWidget(MakeLabel("lblCreatingMaster", tr("Creating Master ...")));
+  m_proMasterProgress->setAccessibleName("Creating Master");
+  AddTitle("lblCreatingMaster", "Creating Master ...");
+  QVBoxLayout* rows = AddPage();
   rows->addWidget(m_proMasterProgress);
   rows->addWidget(m_lblMasterProgress);
   rows->addStretch();
@@ -63,10 +62,8 @@ void ProgressPanel::ShowProgress() {
 
 // Each run begins anew.
 void ProgressPanel::showEvent(QShowEvent* event) {
+  if (!event->spontaneous()) SetProgress(0, {});
   Panel::showEvent(event);
-  if (event->spontaneous()) return;
-  SetProgress(0, {});
-  ShowProgress();
 }
 
 void QtProgress::Show(int percent, const std::string& text) {

@@ -22,12 +22,12 @@ class ProgressPanel : public Panel {
  public:
   /// Shows what is told to `progress`.
   explicit ProgressPanel(QtProgress& progress);
-  void Refresh() override { ShowProgress(); }  // before a box of the run, say
   /// What ShowProgress will show.
   void SetProgress(int percent, const std::string& text);
   void ShowProgress();
 
  protected:
+  void ShowState() override { ShowProgress(); }  // before a box of the run, say
   void showEvent(QShowEvent* event) override;
 
  private:

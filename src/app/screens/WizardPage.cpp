@@ -2,7 +2,6 @@
 #include "app/screens/WizardPage.h"
 
 #include <QButtonGroup>
-#include <QFont>
 #include <QHBoxLayout>
 #include <algorithm>
 
@@ -12,6 +11,9 @@ namespace zova {
 
 namespace {
 
+constexpr int kLabelGap = 4;  // between a label and its box
+constexpr int kQuestionGap = 12;
+
 bool HoldsNumber(WizardBox box) {
   return box == WizardBox::Tests || box == WizardBox::Items || box == WizardBox::Categories ||
          box == WizardBox::Minutes || box == WizardBox::MaxRating;
@@ -20,19 +22,21 @@ bool HoldsNumber(WizardBox box) {
 }  // namespace
 
 WizardPage::WizardPage(NewProjectWizard& wizard, int number, const QString& title)
-    : m_wizard(wizard), m_rows(new QVBoxLayout(this)) {
+    : m_wizard(wizard), m_title(MakeLabel("", title)), m_rows(new QVBoxLayout(this)) {
   setObjectName(QStringLiteral("FraPrmScr%1").arg(number));
-  QLabel* heading = MakeLabel("", title);
-  heading->setObjectName(QStringLiteral("lblTitle%1").arg(number));
-  QFont bold;  // only its weight is set: the rest comes from the page
-  bold.setBold(true);
-  heading->setFont(bold);
-  m_rows->addWidget(heading);
+  m_title->setObjectName(QStringLiteral("lblTitle%1").arg(number));
+  m_rows->setContentsMargins(0, 0, m_rows->spacing(), 0);  // the frame has margins of its own
+  m_rows->setSpacing(kLabelGap);
+  setMaximumWidth(FormWidth(*this));
+}
+
+void WizardPage::AddQuestionGap() {
+  if (m_rows->count() > 0) m_rows->addSpacing(kQuestionGap - kLabelGap);
 }
 
 QLabel* WizardPage::AddText(const char* name, const QString& text, Remark shown) {
   QLabel* label = MakeLabel(name, text);
-  m_rows->addSpacing(label->fontMetrics().lineSpacing() / 2);
+  AddQuestionGap();
   m_rows->addWidget(label);
   if (shown) m_remarks.emplace_back(label, shown);
   return label;
@@ -50,7 +54,8 @@ WizardPage::TextBox WizardPage::MakeBox(WizardBox box, const char* labelName, co
 WizardPage::TextBox WizardPage::AddBox(WizardBox box, const char* labelName, const QString& question,
                                        const char* name) {
   const TextBox made = MakeBox(box, labelName, question, name);
-  m_rows->addSpacing(made.Label->fontMetrics().lineSpacing() / 2);
+  AddQuestionGap();
+  if (HoldsNumber(box)) FitBox(made.Edit, 4);
   m_rows->addWidget(made.Label);
   m_rows->addWidget(made.Edit, 0, HoldsNumber(box) ? Qt::AlignLeft : Qt::Alignment());
   return made;

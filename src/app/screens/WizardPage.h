@@ -5,17 +5,17 @@
 #include <QLineEdit>
 #include <QRadioButton>
 #include <QVBoxLayout>
+#include <QWidget>
 #include <optional>
 #include <utility>
 #include <vector>
 
-#include "app/widgets/Panel.h"
 #include "project/wizard/NewProjectWizard.h"
 
 namespace zova {
 
-/// One page of the wizard: its title, and below it what the rows of questions add.
-class WizardPage : public Panel {
+/// One page of the wizard: what its rows of questions add, and its title, which stands in the frame's header.
+class WizardPage : public QWidget {
   Q_OBJECT
 
  public:
@@ -39,10 +39,15 @@ class WizardPage : public Panel {
   void AddOptions(WizardOption option, const char* labelName, const QString& question, const char* yesName,
                   const char* noName, std::optional<WizardBox> asked = {});
   [[nodiscard]] QVBoxLayout* Rows() const noexcept { return m_rows; }
+  [[nodiscard]] QLabel* Title() const noexcept { return m_title; }
 
-  void Refresh() override;
+  virtual void Refresh();
   /// The control in which the cursor stands for `box`, one of this page's.
   [[nodiscard]] virtual QWidget* ControlOf(WizardBox box) const;
+
+ signals:
+  /// An act reached the wizard.
+  void Acted();
 
  protected:
   [[nodiscard]] NewProjectWizard& Wizard() const noexcept { return m_wizard; }
@@ -55,10 +60,12 @@ class WizardPage : public Panel {
     QLabel* Label;
     std::optional<WizardBox> Asked;
   };
+  void AddQuestionGap();
   void TakeTyped(const TextBox& typed, const QString& text);
   void TakeOption(WizardOption option, bool yes);
 
   NewProjectWizard& m_wizard;
+  QLabel* m_title;
   QVBoxLayout* m_rows;
   std::vector<TextBox> m_boxes;
   std::vector<OptionPair> m_options;

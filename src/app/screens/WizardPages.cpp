@@ -35,7 +35,7 @@ class DirectoriesPage final : public WizardPage {
             "the data to a backup location.");
     m_lists->SetLabels("lblDrive1", "Dri&ve", "lblDir1", "D&irectory");
     Rows()->addWidget(m_lists, 1);
-    connect(m_lists, &DriveDirectoryList::Acted, this, &Panel::Acted);
+    connect(m_lists, &DriveDirectoryList::Acted, this, &WizardPage::Acted);
     auto* grid = new QGridLayout;
     Rows()->addLayout(grid);
     m_cmdPath1 = MakeButton("cmdPath1", "Cop&y Path");
@@ -168,9 +168,11 @@ WizardPage* MakeAbbreviationPage(NewProjectWizard& wizard) {
   const auto prefix =
       page->MakeBox(WizardBox::Abbreviation, "lblAbbrPrompt", "Please &enter prefix here -------->", "txtAbbr");
   prefix.Label->setWordWrap(false);
+  FitBox(prefix.Edit, 20);
   auto* row = new QHBoxLayout;
   row->addWidget(prefix.Label);
-  row->addWidget(prefix.Edit, 1);
+  row->addWidget(prefix.Edit);
+  row->addStretch();
   page->Rows()->addLayout(row);
   return page;
 }

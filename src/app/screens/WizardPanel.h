@@ -2,7 +2,6 @@
 #pragma once
 
 #include <QGroupBox>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
 #include <QStackedWidget>
@@ -21,17 +20,16 @@ class WizardPanel : public Panel {
 
  public:
   explicit WizardPanel(Session& session);
-  void Refresh() override;
 
  protected:
-  void keyPressEvent(QKeyEvent* event) override;
-  void showEvent(QShowEvent* event) override;
+  void ShowState() override;
+  [[nodiscard]] int CursorMoves() const override;
+  void PlaceCursor() override;
+  [[nodiscard]] QPushButton* DefaultButton() const override;
 
  private:
   void AddPages();
-  void AddButtons(QVBoxLayout& rows);
-  void PlaceCursor();
-  [[nodiscard]] QPushButton* DefaultButton() const;
+  void AddButtons();
 
   Session& m_session;
   QGroupBox* m_fraParam;
@@ -41,8 +39,6 @@ class WizardPanel : public Panel {
   QPushButton* m_cmdBack1 = nullptr;
   QPushButton* m_cmdNext1 = nullptr;
   QPushButton* m_cmdEntered1 = nullptr;
-  QPushButton* m_cmdCancel1 = nullptr;
-  int m_cursorMoves = 0;
 };
 
 }  // namespace zova

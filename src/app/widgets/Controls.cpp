@@ -1,12 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/widgets/Controls.h"
 
-#include <QBoxLayout>
 #include <QEvent>
+#include <QFontInfo>
 #include <QScrollArea>
-#include <utility>
-
-#include "app/widgets/Panel.h"
 
 namespace zova {
 
@@ -14,7 +11,9 @@ namespace {
 
 class ActingAtOnce final : public QObject {
  public:
-  explicit ActingAtOnce(QAbstractButton* button) : QObject(button) { button->installEventFilter(this); }
+  ActingAtOnce(QAbstractButton* button, bool repeats) : QObject(button), m_repeats(repeats) {
+    button->installEventFilter(this);
+  }
   bool eventFilter(QObject* watched, QEvent* event) override {
     auto* button = static_cast<QAbstractButton*>(watched);
     if (event->type() == QEvent::Shortcut) {
@@ -23,8 +22,11 @@ class ActingAtOnce final : public QObject {
       return true;
     }
     // A double click is one press: its second half would press what stands at the same place on the next screen.
-    return event->type() == QEvent::MouseButtonDblClick && !button->isCheckable();
+    return event->type() == QEvent::MouseButtonDblClick && !m_repeats && !button->isCheckable();
   }
+
+ private:
+  bool m_repeats;
 };
 
 }  // namespace
@@ -44,21 +46,30 @@ QPushButton* MakeButton(const char* name, const QString& caption) {
   return button;
 }
 
-QPushButton* AddButton(QBoxLayout& row, const char* name, const QString& caption, Panel& panel,
-                       std::function<void()> act) {
-  QPushButton* button = MakeButton(name, caption);
-  button->setFocusPolicy(Qt::TabFocus);
-  ActAtOnce(button);
-  row.addWidget(button);
-  QObject::connect(button, &QPushButton::clicked, &panel, [&panel, act = std::move(act)] {
-    act();
-    panel.Refresh();
-    emit panel.Acted();
-  });
-  return button;
+void ActAtOnce(QAbstractButton* button, bool repeats) { new ActingAtOnce(button, repeats); }
+
+void MakeBold(QWidget* control) {
+  QFont bold;  // only its weight is set: the rest comes from the window
+  bold.setBold(true);
+  control->setFont(bold);
 }
 
-void ActAtOnce(QAbstractButton* button) { new ActingAtOnce(button); }
+void Enlarge(QWidget& control, double times) {
+  QFont font;
+  font.setPointSizeF(QFontInfo(font).pointSizeF() * times);
+  font.setBold(true);
+  control.setFont(font);
+}
+
+int FormWidth(const QWidget& control) {
+  constexpr int kEms = 46;
+  return kEms * QFontInfo(control.font()).pixelSize();
+}
+
+void FitBox(QLineEdit* box, int characters) {
+  constexpr int kFrame = 20;  // of the box and round its text
+  box->setFixedWidth(characters * box->fontMetrics().horizontalAdvance(u'0') + kFrame);
+}
 
 void MarkDefault(QPushButton* button, bool isDefault) {
   button->setAutoDefault(!isDefault);  // else Qt takes the mark away with the focus

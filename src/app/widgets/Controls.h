@@ -5,16 +5,12 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QString>
-#include <functional>
 #include <string>
 
 class QAbstractButton;
-class QBoxLayout;
 class QScrollArea;
 
 namespace zova {
-
-class Panel;
 
 inline QString ToQt(const std::string& text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
@@ -31,12 +27,16 @@ Widget* Named(Widget* widget, const char* name) {
 /// A label that wraps its text, in plain text; `buddy` gets the focus by the label's access key.
 QLabel* MakeLabel(const char* name, const QString& text, QWidget* buddy = nullptr);
 QPushButton* MakeButton(const char* name, const QString& caption);
-/// Adds a button of `panel` to the row. It does what it stands for at once; then the panel shows and reports it. A
-/// click leaves the cursor where it is: the panel places it.
-QPushButton* AddButton(QBoxLayout& row, const char* name, const QString& caption, Panel& panel,
-                       std::function<void()> act);
-/// The button acts at once also by its letter, and once for a double click.
-void ActAtOnce(QAbstractButton* button);
+/// The button acts at once also by its letter, and, unless it `repeats`, once for a double click.
+void ActAtOnce(QAbstractButton* button, bool repeats = false);
+/// Makes a heading's text bold, in the size of its surroundings.
+void MakeBold(QWidget* control);
+/// Bold, and `times` as large as the application's font.
+void Enlarge(QWidget& control, double times);
+/// As wide as lines can be that are read with ease: 46 em.
+int FormWidth(const QWidget& control);
+/// Makes the box as wide as `characters` that it holds.
+void FitBox(QLineEdit* box, int characters);
 /// A frameless area that gives `content` all its room and scrolls it in a window that is too small.
 QScrollArea* MakeScrolling(QWidget* content);
 /// Marks the button that Enter presses when the control with the focus has no use for it; it stays marked when the

@@ -54,7 +54,7 @@ DriveDirectoryList::DriveDirectoryList(DirectoryBrowser& browser, const char* dr
   m_rows->addWidget(m_directories, 1);
   m_directories->setItemDelegate(new IndentingDelegate(m_directories));
   m_directories->installEventFilter(this);
-  m_directories->setMinimumHeight(8 * m_directories->fontMetrics().lineSpacing());
+  m_directories->setMinimumHeight(3 * m_directories->fontMetrics().lineSpacing());
   m_directories->setIconSize(QSize(1, 1) * style()->pixelMetric(QStyle::PM_SmallIconSize));
   connect(m_drives, &QComboBox::activated, this, [this](int row) {
     const char letter = m_shownDrives.at(static_cast<std::size_t>(row));

@@ -2,6 +2,8 @@
 
 #include "platform/desktop/FileErrorBoxes.h"
 
+#include <new>
+
 #include "text/Encoding.h"
 
 namespace zova {
@@ -12,6 +14,16 @@ namespace {
 std::string SystemText(const std::error_code& code) {
   const std::string text = code.message();
   return IsValidUtf8(text) ? text : FromWindows1252(text);
+}
+
+std::string TextOf(const FileError& error) {
+  switch (error.Cause()) {
+    case FileCause::DialogCancelled: break;
+    case FileCause::EndOfData: return "This is not a valid file format.  Please select a different file.";
+    case FileCause::PathNotFound: return kPathNotFound;
+    case FileCause::System: return SystemText(error.Code());
+  }
+  return "";
 }
 
 std::string DetailsOf(const FileError& error) {
@@ -29,11 +41,9 @@ std::string FaultText(const FileError& error) {
 bool ReportFileError(MessageBoxes& boxes, const FileError& error) {
   switch (error.Cause()) {
     case FileCause::DialogCancelled: return false;
-    case FileCause::EndOfData:
-      Warn(boxes, "This is not a valid file format.  Please select a different file.", DetailsOf(error));
-      return true;
-    case FileCause::PathNotFound: return ReportRunError(boxes, kPathNotFound, DetailsOf(error));
-    case FileCause::System: return ReportRunError(boxes, SystemText(error.Code()), DetailsOf(error));
+    case FileCause::EndOfData: Warn(boxes, TextOf(error), DetailsOf(error)); return true;
+    case FileCause::PathNotFound:
+    case FileCause::System: return ReportRunError(boxes, TextOf(error), DetailsOf(error));
   }
   return false;
 }
@@ -44,6 +54,24 @@ bool ReportRunError(MessageBoxes& boxes, const std::string& text, const std::str
                      .Buttons = BoxButtons::RetryCancel,
                      .Default = BoxAnswer::Retry,
                      .Details = details}) == BoxAnswer::Retry;
+}
+
+void ReportFault(MessageBoxes& boxes, const std::exception_ptr& fault) {
+  MessageBox box = {.Text = "The last command could not be finished.", .Icon = BoxIcon::Critical};
+  try {
+    std::rethrow_exception(fault);
+  } catch (const FileError& error) {
+    if (error.Cause() == FileCause::DialogCancelled) return;
+    box.Text = TextOf(error);
+    box.Details = DetailsOf(error);
+  } catch (const std::bad_alloc&) {
+    box.Details = "There is not enough memory.";
+  } catch (const std::exception& error) {
+    box.Details = error.what();
+  } catch (...) {
+    box.Details = "The cause is not known.";
+  }
+  boxes.Show(box);
 }
 
 }  // namespace zova

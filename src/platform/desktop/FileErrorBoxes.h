@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <exception>
 #include <string>
 
 #include "platform/desktop/MessageBoxes.h"
@@ -19,6 +20,9 @@ std::string FaultText(const FileError& error);
 
 /// An error that is not the file system's, reported in the same box.
 bool ReportRunError(MessageBoxes& boxes, const std::string& text, const std::string& details);
+
+/// Reports an exception that ended a command: nobody expected it there, so that there is no step to try again.
+void ReportFault(MessageBoxes& boxes, const std::exception_ptr& fault);
 
 /// Runs the smallest step that can be repeated until it succeeds. False when the user gave up, or when a file ended
 /// early: reading the same bytes again would end the same way.

@@ -158,6 +158,10 @@ void SubjectEntry::SetAutosave(bool on) {
   (on && m_open) ? m_timer.Start() : m_timer.Stop();
 }
 
+void SubjectEntry::SecureAutosave() {
+  if (m_open && m_preferences.Autosave && !m_autosavePaused) WriteAutosave();
+}
+
 void SubjectEntry::WriteAutosave() {
   m_autosavePaused =
       !WithRetry(m_platform.Boxes, [&] { WriteAutosaveFile(m_platform.Files, m_paramDir, m_record, *m_project); });

@@ -48,6 +48,8 @@ class SubjectEntry {
   /// The autosave's timer ticked.
   void Tick();
   void SetAutosave(bool on);
+  /// Writes the autosave file now, if there is a subject to save and Autosave is on.
+  void SecureAutosave();
   /// Leaves without a question, as Cancel does after it and the end of the program: shows the note of an unfinished
   /// subject, if there is one, blanks the record and deletes the autosave file.
   void Abandon();
