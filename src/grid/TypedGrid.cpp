@@ -22,7 +22,7 @@ void TypedGrid::Open(int lines, std::vector<GridColumn> columns) {
   m_columns = std::move(columns);
   m_history.Clear();
   m_text.clear();
-  ++m_openings;
+  ++m_openingRevision;
   ++m_revision;
   ShowPage(1);
 }
@@ -77,7 +77,7 @@ void TypedGrid::Move(int lines, int columns) {
 
 void TypedGrid::Step(int direction) {
   const GridCell start = m_cursor;
-  if (!TakeStandingText()) return;
+  if (!EnterPendingText()) return;
   GridCell cell = start;
   do {
     cell.Column += direction;
@@ -147,7 +147,7 @@ void TypedGrid::Paste(std::string_view text) {
   const GridCell start{m_selection.FirstLine, m_selection.FirstColumn};
   std::vector<CellEdit> edits;
   for (int line = start.Line; !text.empty(); ++line) {
-    LineCells cells(TakeLine(text), separator);
+    LineCells cells(NextLine(text), separator);
     for (GridCell cell{line, start.Column}; const auto content = cells.Next(); ++cell.Column) {
       CellInput input = m_rules.Pasted(cell, *content);
       if (!input.Refusal.empty()) {

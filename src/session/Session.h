@@ -95,7 +95,7 @@ class Session {
   void FollowLocation(const LocationOutcome& outcome);
   void StartWithLostParam();
   bool LockParam();
-  void TakeProject(ProjectParameters project, std::string file);
+  void SetProject(ProjectParameters project, std::string file);
   void CloseProject();
   [[nodiscard]] bool HasUnfinishedFiles();
   void LookForUnfinished();

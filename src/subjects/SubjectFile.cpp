@@ -46,7 +46,7 @@ void WriteLevelsAndLists(RecordWriter& out, const SubjectRecord& record, const P
 template <std::size_t Count>
 Recall ReadPosition(FieldReader& reader) {
   std::array<std::int16_t, Count> line{};
-  if (!reader.TakePlainLine(line)) {
+  if (!reader.ReadPlainLine(line)) {
     reader.Skip();
     for (std::size_t field = 1; field < Count; ++field) line[field] = reader.NextNumber();
   }
@@ -113,7 +113,7 @@ std::string FormatSubject(const SubjectRecord& record, const ProjectParameters& 
   out.Text("Subject#").Text(record.SubjectId);
   out.Text("n, Item #(recall order), Min(recall order), Rating(recall order)").Text("*").EndLine();
   WriteLevelsAndLists(out, record, project);
-  return out.Take();
+  return out.Release();
 }
 
 void ParseSubject(std::string_view bytes, const ProjectParameters& project, SubjectRecord& record) {
@@ -134,7 +134,7 @@ std::string FormatAutosave(const SubjectRecord& record, const ProjectParameters&
   out.Text(project.ProjectFileName).EndLine();
   out.Text(record.SubjectId).EndLine();
   WriteLevelsAndLists(out, record, project);
-  return out.Take();
+  return out.Release();
 }
 
 std::string ParseAutosaveProject(std::string_view bytes) {

@@ -3,8 +3,8 @@
 #include "subjects/SubjectIdentification.h"
 
 #include <array>
-#include "platform/desktop/FileErrorBoxes.h"
 
+#include "platform/desktop/FileErrorBoxes.h"
 #include "project/DirectoryRules.h"
 #include "subjects/SubjectFile.h"
 #include "subjects/SubjectFiles.h"
@@ -71,7 +71,7 @@ std::string SubjectIdentification::LevelsList() const {
 void SubjectIdentification::SetSubjectText(const std::string& text) { m_subjectText = ColumnText(text); }
 
 SubjectIdentification::Outcome SubjectIdentification::StayInBox() {
-  ++m_cursorMoves;
+  ++m_cursorRevision;
   return Outcome::Stay;
 }
 
@@ -95,7 +95,7 @@ bool SubjectIdentification::StoreLevel() {
   return true;
 }
 
-bool SubjectIdentification::TakeBox() {
+bool SubjectIdentification::AcceptBox() {
   m_subjectText = std::string(WithoutOuterBlanks(m_subjectText));
   if (m_step == 1 ? IsSubjectId(m_subjectText) : StoreLevel()) return true;
   if (m_step == 1) {
@@ -107,7 +107,7 @@ bool SubjectIdentification::TakeBox() {
 }
 
 void SubjectIdentification::Next() {
-  if (CanGoNext() && TakeBox()) GoTo(m_step + 1);
+  if (CanGoNext() && AcceptBox()) GoTo(m_step + 1);
 }
 
 void SubjectIdentification::Back() {
@@ -142,7 +142,7 @@ bool SubjectIdentification::MayReplaceComplete(const std::string& subjectId) {
 }
 
 SubjectIdentification::Outcome SubjectIdentification::Finish() {
-  if (!CanFinish() || !TakeBox()) return Outcome::Stay;
+  if (!CanFinish() || !AcceptBox()) return Outcome::Stay;
   if (!MayReplaceComplete(m_subjectText)) return StayInBox();
   m_record.SubjectId = m_subjectText;
   return Outcome::OpenEntry;
@@ -179,7 +179,7 @@ std::string SubjectIdentification::ListedName() const {
 }
 
 SubjectIdentification::Outcome SubjectIdentification::LoadTyped() {
-  if (!LooksForExisting() || !TakeBox()) return Outcome::Stay;
+  if (!LooksForExisting() || !AcceptBox()) return Outcome::Stay;
   std::string name;
   if (!WithRetry(m_platform.Boxes, [&] { name = ListedName(); })) return StayInBox();
   if (name.empty()) {

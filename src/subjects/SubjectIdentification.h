@@ -50,12 +50,12 @@ class SubjectIdentification {
 
   [[nodiscard]] Box Cursor() const noexcept { return m_step == 1 ? Box::Subject : Box::Level; }
   /// Grows whenever the cursor was placed anew; the box's text is to be selected then.
-  [[nodiscard]] int CursorMoves() const noexcept { return m_cursorMoves; }
+  [[nodiscard]] int CursorRevision() const noexcept { return m_cursorRevision; }
 
  private:
   [[nodiscard]] int Steps() const noexcept { return LooksForExisting() ? 1 : 1 + m_project->VariableCount; }
   bool StoreLevel();  // false when what stands in the box is no level of the variable
-  bool TakeBox();
+  bool AcceptBox();
   Outcome GoTo(int step);
   Outcome StayInBox();
   Outcome Refuse(const std::string& text);
@@ -71,7 +71,7 @@ class SubjectIdentification {
   int m_step = 1;
   std::string m_subjectText;
   std::string m_levelText;
-  int m_cursorMoves = 0;
+  int m_cursorRevision = 0;
 };
 
 }  // namespace zova

@@ -90,9 +90,9 @@ TEST(MeansExaminer, TheTableFollowsWhatIsChosenAndLeavesOutWhatWasNotComputed) {
   means.ChooseWholeSeries();
   EXPECT_EQ(means.ChosenMeasures(), (std::vector<std::size_t>{2, 3}));
   EXPECT_TRUE(means.NoteLine().starts_with("3 values ")) << means.NoteLine();
-  const int results = means.Results();
+  const int results = means.ResultRevision();
   means.ChooseMeasures({});
-  EXPECT_TRUE(means.Results() > results && !means.HasPlot() && means.RowCount() == 0 && !means.CanLeaveOut());
+  EXPECT_TRUE(means.ResultRevision() > results && !means.HasPlot() && means.RowCount() == 0 && !means.CanLeaveOut());
   EXPECT_EQ(means.Picture().Note, "Choose a measure.");
 }
 

@@ -48,7 +48,7 @@ class EntryPanel : public Panel {
   QGroupBox* m_framinbump = nullptr;
   QScrollArea* m_side;
   QTimer* m_tmrAutoSave;
-  int m_timerStarts = 0;
+  int m_timerStartRevision = 0;
   int m_waitingTicks = 0;
 };
 

@@ -3,8 +3,8 @@
 #include "subjects/entry/SubjectEntry.h"
 
 #include <utility>
-#include "platform/desktop/FileErrorBoxes.h"
 
+#include "platform/desktop/FileErrorBoxes.h"
 #include "subjects/SubjectFile.h"
 
 namespace zova {
@@ -32,7 +32,7 @@ std::string SubjectEntry::SubjectCaption() const {
 }
 
 void SubjectEntry::DoneWithTest() {
-  if (!m_open || !m_grid.Cells().TakeStandingText()) return;
+  if (!m_open || !m_grid.Cells().EnterPendingText()) return;
   m_autosavePaused = false;
   if (m_preferences.Autosave && m_timer.Ticks() >= 1) {
     m_timer.ResetTicks();
@@ -79,14 +79,14 @@ SaveOutcome SubjectEntry::SaveWithNote(const std::string& note) {
 }
 
 SubjectEntry::Ending SubjectEntry::DoneWithAllTests() {
-  if (!m_open || !m_grid.Cells().TakeStandingText() || !ListsPassTheChecks()) return {};
+  if (!m_open || !m_grid.Cells().EnterPendingText() || !ListsPassTheChecks()) return {};
   const SaveOutcome outcome = SaveWithNote("");
   if (outcome.Saved) Close();
   return {outcome.Saved, outcome.UnfinishedEmptied};
 }
 
 bool SubjectEntry::SaveIncomplete() {
-  if (!m_open || !m_grid.Cells().TakeStandingText()) return false;
+  if (!m_open || !m_grid.Cells().EnterPendingText()) return false;
   const std::string directory = UnfinishedDirectory(m_project->PrimaryDir);
   std::size_t count = 0;
   const auto countFiles = [&] { count = ListSubjectFiles(m_platform.Files, *m_project, directory).size() + 1; };
