@@ -63,12 +63,12 @@ void TypedGrid::PlaceCursor(GridCell cell) {
 }
 
 void TypedGrid::SelectTo(GridCell cell) {
-  // A grid without lines has its cursor on line 1 as well.
+  // The cursor is on line 1 even in a grid without lines.
   m_cursor = {std::clamp(cell.Line, 1, std::max(m_lines, 1)), std::clamp(cell.Column, 1, LastColumn())};
   const auto [firstLine, lastLine] = std::minmax(m_anchor.Line, m_cursor.Line);
   const auto [firstColumn, lastColumn] = std::minmax(m_anchor.Column, m_cursor.Column);
   m_selection = {firstLine, lastLine, firstColumn, lastColumn};
-  if (!m_text.empty()) ++m_revision;  // it is for other cells now
+  if (!m_text.empty()) ++m_revision;  // the text now belongs to other cells
 }
 
 void TypedGrid::Move(int lines, int columns) {
@@ -140,7 +140,7 @@ std::string TypedGrid::Copy() const {
 }
 
 void TypedGrid::Paste(std::string_view text) {
-  // Empty lines at the end are the spreadsheet's, not cells to be blanked.
+  // Empty lines at the end come from the spreadsheet and blank no cells.
   text = text.substr(0, text.find_last_not_of(m_rules.PastesBlanks ? "\r\n" : " \r\n") + 1);
   if (text.empty()) return;
   const char separator = CellSeparator(text);
@@ -157,7 +157,7 @@ void TypedGrid::Paste(std::string_view text) {
       edits.push_back({cell, std::move(input.Text)});
     }
   }
-  m_text.clear();  // else the next Enter would put it over what was pasted
+  m_text.clear();  // the next Enter would overwrite what was pasted
   ++m_revision;
   Apply(std::move(edits));
 }

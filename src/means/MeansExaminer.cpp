@@ -95,7 +95,7 @@ bool MeansExaminer::Read(const std::string& path, std::string& bytes) {
   return WithRetry(m_platform.Boxes, [&] { m_platform.Files.Read(path, bytes); });
 }
 
-// What was shown stays when the text is no master.
+// Leaves what is shown unchanged when the text is not a master.
 std::optional<std::string> MeansExaminer::ParseTable(const std::string& bytes, std::string_view header) {
   const BusyPointer busy(m_platform.Pointer);
   if (!LooksLikeDataText(bytes)) return kNoText;
@@ -161,7 +161,7 @@ void MeansExaminer::ChooseWholeSeries() {
   for (const std::size_t measure : m_request.Measures) families.insert(familyOf(measure));
   std::vector<std::size_t> measures;
   for (std::size_t measure = 0; measure < m_measureNames.size(); ++measure) {
-    // The tests of a serial-position master are one series.
+    // All tests of a serial-position master are one series.
     if (m_serial || families.contains(familyOf(measure))) measures.push_back(measure);
   }
   ChooseMeasures(measures);
@@ -270,7 +270,7 @@ std::string MeansExaminer::RowTip(int row) const {
          (LeavesOut() ? "left out here." : "counted as 0 here, as in the master.");
 }
 
-// What was not looked for is no 0.
+// Leaves the field empty when the values were not checked: 0 would be wrong.
 MeansLines MeansExaminer::Lines() const {
   MeansLines lines = LinesOf(m_means);
   for (std::vector<std::string>& row : lines.Rows) row.back() = m_isOwn ? row.back() : "";
@@ -302,11 +302,11 @@ std::optional<PlotTarget> MeansExaminer::AskPlotFile() {
 
 void MeansExaminer::SavePlot(const PlotTarget& target, const std::string& bytes) { Save(target.Path, bytes); }
 
-// A master lies also where its run was told to put it, under whatever name. Throws FileError.
+// A master can have any destination and name, so its content decides. Throws FileError.
 bool MeansExaminer::IsKept(const std::string& path) {
   if (IsProtectedFile(path, *m_project, m_platform.Files)) return true;
   if (!m_platform.Files.FileExists(path)) return false;
-  if (m_platform.Files.IsSame(path, m_path)) return true;  // its rows may stand without a header
+  if (m_platform.Files.IsSame(path, m_path)) return true;  // its rows may have no header
   std::string bytes;
   m_platform.Files.Read(path, bytes);
   const DataText text(bytes);

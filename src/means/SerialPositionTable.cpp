@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// The file is that of SerialPositions.cpp.
+// SerialPositions.cpp has the grammar of the file.
 
 #include "means/SerialPositionTable.h"
 
@@ -14,7 +14,7 @@ namespace zova {
 
 namespace {
 
-// Test by test, position by position, none missing.
+// False unless every test has all positions, in order.
 bool ParseShape(const std::vector<std::string_view>& names, SerialPositionTable& table) {
   if (names.size() < 2 || names.front() != "Type") return false;
   const auto last = NumbersIn(names.back(), kSerialPositionName);

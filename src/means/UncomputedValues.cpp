@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// Only shares have gaps (MasterColumns.h). The walk over the columns hands them on in the same order for every
-// subject, so that the names are put together once, and from then on the n-th share is known by its place.
+// Only ratios have gaps. The walk over the columns has the same order for every subject, so column names are built once
+// and the n-th ratio is then identified by its index.
 
 #include "means/UncomputedValues.h"
 
@@ -22,7 +22,7 @@ namespace {
 
 constexpr std::size_t kNone = std::numeric_limits<std::size_t>::max();
 
-// Where the walk's columns stand in a table.
+// Finds the walk's columns in a table.
 class ColumnFinder final : public ColumnSink {
  public:
   explicit ColumnFinder(const MasterTable& table) {
@@ -33,8 +33,8 @@ class ColumnFinder final : public ColumnSink {
   void Count(const MasterColumn& column, std::int16_t) override { (void)Find(column); }
   void Share(const MasterColumn& column, const Ratio&) override { Shares.push_back(Find(column)); }
 
-  FamilySet Families;               // of which the table has a column
-  std::vector<std::size_t> Shares;  // the measure of the n-th share of a walk, or kNone
+  FamilySet Families;               // with a column in the table
+  std::vector<std::size_t> Shares;  // the measure of the walk's n-th ratio, or kNone
 
  private:
   std::size_t Find(const MasterColumn& column) {
@@ -59,7 +59,7 @@ ColumnFinder FindColumns(const ProjectParameters& project, const MeasureSelectio
   return finder;
 }
 
-// Takes the columns of a walk into a table, by their names as they are.
+// Collects the names of a walk's columns.
 class ColumnCollector final : public ColumnSink {
  public:
   explicit ColumnCollector(std::vector<std::string>& measures) : m_measures(measures) {}
@@ -69,13 +69,13 @@ class ColumnCollector final : public ColumnSink {
     AppendColumnName(m_measures.emplace_back(), column);
   }
 
-  std::vector<std::size_t> Shares;  // as ColumnFinder has them
+  std::vector<std::size_t> Shares;  // as in ColumnFinder
 
  private:
   std::vector<std::string>& m_measures;
 };
 
-// Marks the zeros of a row whose shares have no value.
+// Marks the zeros of a row whose ratios have no value.
 class GapMarker final : public ColumnSink {
  public:
   GapMarker(MasterTable& table, std::size_t row, const std::vector<std::size_t>& shares)
@@ -104,7 +104,7 @@ class Rescoring {
         m_index(ListedSubjects(m_reader)),
         m_pool(project) {}
 
-  // False for a subject or group that cannot be scored.
+  // False if the subject or group cannot be scored.
   bool Score(const std::string& subject) {
     const int number = m_index.NumberOf(subject);
     const std::vector<int> members = number > 0 ? std::vector<int>{} : m_index.MembersOf(subject);
@@ -127,7 +127,7 @@ class Rescoring {
   [[nodiscard]] const ScoringArrays& Scores() const noexcept { return m_scores; }
 
  private:
-  // Without a listing every row is one that cannot be scored.
+  // If the directory cannot be listed, no row can be scored.
   static std::vector<std::string> ListedSubjects(SubjectReader& reader) {
     try {
       reader.List(0);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// The order of the families is fixed: gains first, since minutes and inter-test repetition read them.
+// The order of the families is fixed: minutes and inter-test repetition read the gains.
 
 #include "scoring/ScoreSubject.h"
 
@@ -8,7 +8,7 @@ namespace zova {
 
 namespace {
 
-// Runs one family. An overflow matters to nobody when the master shows nothing of it.
+// Runs one family. Ignores an overflow in a family that is not shown.
 template <typename Score, typename Reset>
 void RunFamily(bool isShown, Score&& score, Reset&& reset) {
   try {
@@ -61,7 +61,7 @@ void IndexByItem(const RecallLists& lists, const ProjectParameters& project, Ite
                                                                   std::to_string(test) + " is outside 1 to " +
                                                                   std::to_string(project.ItemCount));
       }
-      if (recall.Item > 0) items.At(recall.Item, test) = recall;  // a blank inside a list marks nothing
+      if (recall.Item > 0) items.At(recall.Item, test) = recall;  // not a blank inside the list
     }
   }
 }

@@ -12,7 +12,8 @@ enum class ScoringFault {
   SubscriptOutOfRange  ///< an item or minute outside the project's range
 };
 
-/// A subject that cannot be scored; `what()` says what and where ("item 70 on test 2 ...").
+/// A subject that cannot be scored, or a master with too many columns. `what()` names the value and its place ("item 70
+/// on test 2 ...").
 class ScoringError : public std::runtime_error {
  public:
   ScoringError(ScoringFault fault, const std::string& reason) : std::runtime_error(reason), m_fault(fault) {}
@@ -22,7 +23,7 @@ class ScoringError : public std::runtime_error {
   ScoringFault m_fault;
 };
 
-/// What the error box says of a fault.
+/// The error box's text.
 inline const char* ScoringFaultText(ScoringFault fault) {
   switch (fault) {
     case ScoringFault::Overflow: return "Overflow";
@@ -31,7 +32,7 @@ inline const char* ScoringFaultText(ScoringFault fault) {
   return "";
 }
 
-/// Throws the ScoringError (Overflow) of `what` on `test`.
+/// Throws ScoringError (Overflow) naming `what` on `test`.
 [[noreturn]] void ThrowOverflow(std::int64_t value, const char* what, int test);
 
 /// `value` as a 16-bit count. Throws ScoringError (Overflow) naming `what` on `test`.

@@ -6,8 +6,8 @@
 //   "<variable name>",<level>                         V lines
 //   <position>,<item>,<minute>,<rating>               T*N lines, test by test; blanks as zeros
 //
-// In a project whose marker is "Old ZOVA" (upper or lower case) the last lines have no rating. The autosave file has,
-// in place of the first line, two: the project file's name and the identifier.
+// In a project with the marker "Old ZOVA" (in any case) the last lines have no rating. The autosave file has two lines
+// instead of the first one: the project file's name and the identifier.
 
 #include "subjects/SubjectFile.h"
 
@@ -42,7 +42,7 @@ void WriteLevelsAndLists(RecordWriter& out, const SubjectRecord& record, const P
   }
 }
 
-// `Count` is 4, or 3 where there is no rating.
+// `Count` is 4, or 3 without ratings.
 template <std::size_t Count>
 Recall ReadPosition(FieldReader& reader) {
   std::array<std::int16_t, Count> line{};
@@ -82,8 +82,8 @@ void RequireDataText(std::string_view bytes) {
   if (!LooksLikeDataText(bytes)) throw FieldError(FieldFault::EndOfData, 1);
 }
 
-// `bytes` as they stand in the file, `content` what they hold; `readStart` reads what stands before the levels, and
-// `checkEnd` is called behind the lists.
+// `bytes` are the file's, `content` is their text. `readStart` reads what precedes the levels; `checkEnd` is called
+// after the lists.
 template <typename ReadStart, typename CheckEnd>
 void ParseRecord(std::string_view bytes, std::string_view content, const ProjectParameters& project,
                  SubjectRecord& record, ReadStart&& readStart, CheckEnd&& checkEnd) {
@@ -117,7 +117,7 @@ std::string FormatSubject(const SubjectRecord& record, const ProjectParameters& 
 }
 
 void ParseSubject(std::string_view bytes, const ProjectParameters& project, SubjectRecord& record) {
-  // Only numbers are taken from the file, so its encoding does not matter.
+  // Only numbers are read, so the encoding does not matter.
   ParseRecord(
       bytes, WithoutMarks(bytes), project, record, [](FieldReader& reader) { reader.SkipLine(); },
       [](const FieldReader&) {});
@@ -156,7 +156,7 @@ void ParseAutosave(std::string_view bytes, const ProjectParameters& project, Sub
   record.SubjectId = subjectId;
 }
 
-// The file's first name that is free beside it.
+// The first free name for putting the autosave file aside.
 std::string FreeName(Disk& disk, const std::string& paramDir) {
   for (int number = 1;; ++number) {
     std::string path = KeptAutosavePath(paramDir, number);

@@ -16,7 +16,8 @@ namespace zova {
 
 namespace {
 
-// "" for a file that is none of this project's subjects. Blanks around an identifier stay: so does its file.
+// "" for a file that is not one of this project's subjects. Keeps blanks around the identifier, since they are part of
+// the file's name.
 std::string IdentifierOfFile(const ProjectParameters& project, std::string_view path) {
   const std::string_view name = LastPathComponent(path);
   const std::string prefix = ExpectedPrefix(project);
@@ -24,14 +25,14 @@ std::string IdentifierOfFile(const ProjectParameters& project, std::string_view 
   return SubjectIdFromFileName(project, path);
 }
 
-// A directory that cannot be looked into has not "no such file".
+// A directory that cannot be searched must not be reported as "no such file".
 void RequirePrimary(const ProjectParameters& project, Disk& disk) {
   if (!disk.DirectoryExists(project.PrimaryDir)) {
     throw FileError(FileOperation::List, project.PrimaryDir, FileCause::PathNotFound);
   }
 }
 
-// Heading and instruction, in the order of the purposes.
+// Heading and instruction by purpose.
 constexpr std::array<std::array<const char*, 2>, 3> kTexts = {{
     {"Subject Information", ""},
     {"Read Old Data",
@@ -121,7 +122,7 @@ std::string SubjectIdentification::Directory() const {
                                           : SubjectDirectory(m_project->PrimaryDir);
 }
 
-// False also when it could not be looked for and the user gave up.
+// Also false when the search fails and the user cancels.
 bool SubjectIdentification::MayReplaceComplete(const std::string& subjectId) {
   const std::string path = JoinPath(SubjectDirectory(m_project->PrimaryDir),
                                     ExpectedPrefix(*m_project).append(subjectId).append(kDataFileEnd));
@@ -150,7 +151,7 @@ SubjectIdentification::Outcome SubjectIdentification::Finish() {
 
 SubjectIdentification::Outcome SubjectIdentification::Load(const std::string& path, const std::string& subjectId,
                                                            bool& endedEarly) {
-  // Completed, an unfinished subject replaces a complete one of its name.
+  // An unfinished subject, once completed, replaces a complete one of the same identifier.
   if (m_purpose == Purpose::Unfinished && !MayReplaceComplete(subjectId)) return StayInBox();
   const BusyPointer busy(m_platform.Pointer);
   const bool isRead = WithRetry(m_platform.Boxes, [&] {
@@ -166,7 +167,7 @@ SubjectIdentification::Outcome SubjectIdentification::Load(const std::string& pa
   return Outcome::OpenEntry;
 }
 
-// The subject's file as it is spelt on the disk: it is the identifier by that spelling that is completed or corrected.
+// The subject's file as spelt on the disk; that spelling of the identifier is the one that is completed or corrected.
 std::string SubjectIdentification::ListedName() const {
   RequirePrimary(*m_project, m_platform.Files);
   const std::string wanted = SubjectFileName(*m_project, m_subjectText);
@@ -188,7 +189,7 @@ SubjectIdentification::Outcome SubjectIdentification::LoadTyped() {
         "you are trying to read data from a different project, you have to cancel the 'Read Old Data' screen and go to "
         "the 'file', 'Open Existing Project' menu first.");
   }
-  bool endedEarly = false;  // told; another identifier may be typed
+  bool endedEarly = false;  // reported; the user may type another identifier
   const std::string identifier = IdentifierOfFile(*m_project, name);
   return Load(JoinPath(Directory(), name), identifier.empty() ? m_subjectText : identifier, endedEarly);
 }

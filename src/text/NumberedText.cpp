@@ -11,9 +11,9 @@ namespace zova {
 
 namespace {
 
-constexpr std::size_t kMaxDigits = 5;  // more than any column's number has
+constexpr std::size_t kMaxDigits = 5;  // more than in any column's number
 
-// Takes a number from 1 off `text`; 0 when there is none.
+// Removes a number, from 1, from the beginning of `text`; 0 when there is none.
 int ParseNumber(std::string_view& text) {
   int number = 0;
   if (text.empty() || text.front() == '0' || text.front() == '-') return 0;

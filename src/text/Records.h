@@ -6,8 +6,8 @@
 
 namespace zova {
 
-/// Writes text records: numbers bare, texts in double quotes with nothing escaped, empty fields as nothing, fields
-/// separated by commas, lines ended by CR LF.
+/// Writes text records: bare numbers, texts in double quotes without escaping, fields separated by commas, lines ended
+/// by CR LF.
 class RecordWriter {
  public:
   RecordWriter& Number(int value);

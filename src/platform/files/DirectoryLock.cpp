@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// POSIX systems lock the directory itself. Windows cannot, so there a file in it stands for the lock, open to nobody
-// else and deleted by the system when its handle goes. Its name is that of a temporary file: listings leave it out, and
-// a sweep of leftovers cannot delete it as long as it is open.
+// POSIX systems lock the directory itself. Windows cannot, so a file in the directory represents the lock, opened
+// without sharing and deleted by the system when its handle is closed. It has the name of a temporary file: listings
+// omit it, and the removal of leftovers cannot delete it while it is open.
 
 #include "platform/files/DirectoryLock.h"
 
@@ -62,7 +62,7 @@ Attempt TryLock(const std::filesystem::path& directory, std::intptr_t held) {
 
 void Close(std::intptr_t handle) noexcept { (void)close(static_cast<int>(handle)); }
 
-// By the directory itself, not by its path: one that was deleted and made anew is another.
+// Compares the directory itself, not its path: a directory deleted and created again is another one.
 bool IsLockOn(std::intptr_t held, const struct stat& directory) {
   struct stat own = {};
   return held != kNone && fstat(static_cast<int>(held), &own) == 0 && own.st_dev == directory.st_dev &&
@@ -78,7 +78,7 @@ Attempt TryLock(const std::filesystem::path& directory, std::intptr_t held) {
   if (fstat(handle, &status) == 0 && IsLockOn(held, status)) {
     attempt = {Outcome::Held, held};
   } else if ((status.st_mode & kAnyWrite) == 0 || access(directory.c_str(), W_OK) != 0) {
-    // Read-only, for the system's administrator too.
+    // Read-only, also for the system's administrator.
   } else if (flock(handle, LOCK_EX | LOCK_NB) == 0) {
     return {Outcome::Held, handle};
   } else if (errno == EWOULDBLOCK) {

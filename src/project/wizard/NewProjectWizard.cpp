@@ -120,7 +120,7 @@ bool NewProjectWizard::ShowsLureNote() const noexcept {
 }
 
 int NewProjectWizard::TestCount() const noexcept {
-  return std::clamp<int>(m_state.Project.TestCount, 0, kMaxTests);  // an old file may say anything
+  return std::clamp<int>(m_state.Project.TestCount, 0, kMaxTests);  // an old file may hold any number
 }
 
 void NewProjectWizard::EnterVariableText() {

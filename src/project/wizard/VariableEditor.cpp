@@ -109,12 +109,12 @@ void VariableEditor::Enter() {
     return;
   }
   EnterPendingText();
-  // Also after a renaming: who types on adds, and never writes over a name.
+  // Also after a renaming, so that further typing adds a level and never overwrites a name.
   Show(m_variable, NextFreeLevel());
 }
 
 void VariableEditor::EnterPendingText() {
-  // What an old file holds is not trimmed just because it was looked at.
+  // Displaying a name from an old file does not trim it.
   const std::string name(WithoutOuterBlanks(m_entry));
   if (!name.empty() && m_entry != Highlighted()) NameHighlighted(name);
   Show(m_variable, m_level);
@@ -173,7 +173,7 @@ void VariableEditor::Review() {
 }
 
 bool VariableEditor::Check(MessageBoxes& boxes) {
-  // A name that was emptied in the box is told of; it stays what it was until another one is given.
+  // An emptied name is reported; it stays until another one is entered.
   const bool isEmptied = m_level == 0 && !Current().Name.empty() && WithoutOuterBlanks(m_entry).empty();
   EnterPendingText();
   if (isEmptied) {

@@ -23,7 +23,7 @@ void SubjectEntry::Open(const ProjectParameters& project, const std::string& par
   if (m_preferences.Autosave) m_timer.Start();
   if (!restored) return;
   m_record.HasUnsavedChanges = true;
-  // The file that it came from is replaced in one step: at no moment is there none.
+  // Replaces the autosave file atomically, so that there always is one.
   m_preferences.Autosave ? WriteAutosave() : DeleteAutosave();
 }
 
@@ -91,7 +91,7 @@ bool SubjectEntry::SaveIncomplete() {
   std::size_t count = 0;
   const auto countFiles = [&] { count = ListSubjectFiles(m_platform.Files, *m_project, directory).size() + 1; };
   if (!WithRetry(m_platform.Boxes, countFiles)) return false;
-  // Kept: the subject's own earlier file counts like any other.
+  // Kept: the subject's own earlier file counts, too.
   if (count > kMaxUnfinished) {
     Warn(m_platform.Boxes, "You cannot have more than 10 unfinished data files.");
     return false;
@@ -125,7 +125,7 @@ void SubjectEntry::Close() {
   m_open = false;
   m_timer.Stop();
   m_autosavePaused = m_inReview = false;
-  m_grid.Open(*m_project);  // nothing of this subject can be undone in the next
+  m_grid.Open(*m_project);  // clears the undo history for the next subject
 }
 
 void SubjectEntry::Tick() {
