@@ -204,6 +204,17 @@ TEST_F(SessionTest, OpenDuringTheWizardCancelsItFirst) {
   EXPECT_EQ(Help.Shown, "C:\\ZOVA\\ZOVA2.hlp#moveparam");
 }
 
+TEST_F(SessionTest, ADeclinedAutosaveIsPutAside) {
+  m_scratch.Put("C:\\Param\\Temp.txt", "subject");
+  Boxes.Expect({.Text = "The program was interrupted while entering a subject.  Would you like to restore from the "
+                        "autosave?",
+                .Answer = BoxAnswer::No,
+                .Title = "Restore"});
+  Boxes.Expect({"The autosave was kept as 'C:\\Param\\Temp 1.txt'.", BoxAnswer::Ok, "'Browse'", BoxIcon::Information});
+  Started();
+  EXPECT_TRUE(m_scratch.Get("C:\\Param\\Temp 1.txt") == "subject" && !m_scratch.Has("C:\\Param\\Temp.txt"));
+}
+
 TEST_F(SessionTest, ClosingNeedsARegisteredParamDirectory) {
   Session& session = Make();
   session.Start();
