@@ -94,18 +94,27 @@ void TypedGrid::Step(int direction) {
 }
 
 bool TypedGrid::Enter() {
-  const GridBlock block = m_selection;
-  if (block.FirstColumn != block.LastColumn) {
+  if (m_selection.FirstColumn != m_selection.LastColumn) {
     m_desktop.Beep();
     return false;
   }
+  return m_text.empty() || EnterText({});
+}
+
+bool TypedGrid::EnterTextBeforeLeaving() {
   if (m_text.empty()) return true;
+  if (m_selection.FirstColumn != m_selection.LastColumn) PlaceCursor(m_cursor);
+  return EnterText("'" + m_text + "' in the entry box was not taken.  Please type it again, or go on without it.");
+}
+
+bool TypedGrid::EnterText(const std::string& refusalDetails) {
+  const GridBlock block = m_selection;
   const std::string text = std::exchange(m_text, {});
   ++m_revision;
   std::vector<CellEdit> edits;
   for (GridCell cell{block.FirstLine, block.FirstColumn}; cell.Line <= std::min(block.LastLine, m_lines); ++cell.Line) {
     CellInput input = m_rules.Typed(cell, text);
-    if (!input.Refusal.empty()) return Refuse(input.Refusal);
+    if (!input.Refusal.empty()) return Refuse(input.Refusal, refusalDetails);
     edits.push_back({cell, std::move(input.Text)});
   }
   Apply(std::move(edits));

@@ -128,6 +128,9 @@ class TypedGrid {
   bool Enter();
   /// Enters a text that was typed but not entered yet. False when it is refused.
   bool EnterPendingText() { return m_text.empty() || Enter(); }
+  /// The same for a command that leaves the page: of several columns the text goes to the cursor's cell. A refusal says
+  /// what it was that stood in the box.
+  bool EnterTextBeforeLeaving();
   void PlaceCursor(GridCell cell);
   /// The arrow keys. No effect with text in the box.
   void Move(int lines, int columns);
@@ -158,6 +161,7 @@ class TypedGrid {
   bool Refuse(const std::string& message, const std::string& details = {});
 
  private:
+  bool EnterText(const std::string& refusalDetails);
   void Show(const std::vector<CellChange>& changes, std::string CellChange::*side);
   void MarkChanged(int firstLine, int lastLine) noexcept;
   void MarkChanged(const std::vector<CellChange>& changes) noexcept;

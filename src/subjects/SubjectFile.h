@@ -31,7 +31,7 @@ std::string ParseAutosaveProject(std::string_view bytes);
 /// for content that does not fit the project or has no identifier: saving it would overwrite other data.
 void ParseAutosave(std::string_view bytes, const ProjectParameters& project, SubjectRecord& record);
 
-/// The autosave file "Temp.txt" in the Param directory. All throw FileError.
+/// The autosave file in the Param directory, and those that were put aside there (ProjectLayout). All throw FileError.
 void WriteAutosaveFile(Disk& disk, const std::string& paramDir, const SubjectRecord& record,
                        const ProjectParameters& project);
 std::string ReadAutosaveProject(Disk& disk, const std::string& paramDir);

@@ -5,7 +5,7 @@
 #include <array>
 
 #include "platform/desktop/FileErrorBoxes.h"
-#include "project/DirectoryRules.h"
+#include "project/ProjectLayout.h"
 #include "subjects/SubjectFile.h"
 #include "subjects/SubjectFiles.h"
 #include "text/Encoding.h"
@@ -45,9 +45,10 @@ constexpr std::array<std::array<const char*, 2>, 3> kTexts = {{
 
 }  // namespace
 
-void SubjectIdentification::Open(Purpose purpose, const ProjectParameters& project) {
+void SubjectIdentification::Open(Purpose purpose, const ProjectParameters& project, const std::string& paramDir) {
   m_purpose = purpose;
   m_project = &project;
+  m_paramDir = paramDir;
   m_subjectText.clear();
   m_record = {};
   ResetLists(m_record, project);
@@ -76,8 +77,8 @@ SubjectIdentification::Outcome SubjectIdentification::StayInBox() {
   return Outcome::Stay;
 }
 
-SubjectIdentification::Outcome SubjectIdentification::Refuse(const std::string& text) {
-  Warn(m_platform.Boxes, text);
+SubjectIdentification::Outcome SubjectIdentification::Refuse(const std::string& text, const std::string& details) {
+  Warn(m_platform.Boxes, text, details);
   return StayInBox();
 }
 
@@ -153,15 +154,8 @@ SubjectIdentification::Outcome SubjectIdentification::Load(const std::string& pa
                                                            bool& endedEarly) {
   // An unfinished subject, once completed, replaces a complete one of the same identifier.
   if (m_purpose == Purpose::Unfinished && !MayReplaceComplete(subjectId)) return StayInBox();
-  const BusyPointer busy(m_platform.Pointer);
-  const bool isRead = WithRetry(m_platform.Boxes, [&] {
-    try {
-      LoadSubjectFile(m_platform.Files, path, *m_project, m_record);
-    } catch (const FileError& error) {
-      endedEarly = error.Cause() == FileCause::EndOfData;
-      throw;
-    }
-  });
+  const bool isRead =
+      ReadFile(m_platform, endedEarly, [&] { LoadSubjectFile(m_platform.Files, path, *m_project, m_record); });
   if (!isRead) return StayInBox();
   m_record.SubjectId = subjectId;
   return Outcome::OpenEntry;
@@ -172,22 +166,42 @@ std::string SubjectIdentification::ListedName() const {
   RequirePrimary(*m_project, m_platform.Files);
   const std::string wanted = SubjectFileName(*m_project, m_subjectText);
   std::string found;
-  for (const std::string& name : ListSubjectFiles(m_platform.Files, *m_project, Directory())) {
+  for (const std::string& name : ListSubjectFiles(m_platform.Files, *m_project, directory)) {
     if (name == wanted) return name;
     if (found.empty() && EqualsIgnoringCase(name, wanted)) found = name;
   }
   return found;
 }
 
+// Only said beside a refusal: a directory that cannot be listed is no reason for another one.
+bool SubjectIdentification::IsUnfinished() const {
+  try {
+    return m_purpose == Purpose::OldData && !ListedName(UnfinishedDirectory(m_project->PrimaryDir)).empty();
+  } catch (const FileError&) {
+    return false;
+  }
+}
+
+bool SubjectIdentification::IsAutosave(const std::string& path) const {
+  try {
+    return IsAutosaveName(LastPathComponent(path)) && m_platform.Files.IsSame(DirectoryOfPath(path), m_paramDir);
+  } catch (const FileError&) {
+    return false;
+  }
+}
+
 SubjectIdentification::Outcome SubjectIdentification::LoadTyped() {
   if (!LooksForExisting() || !AcceptBox()) return Outcome::Stay;
   std::string name;
-  if (!WithRetry(m_platform.Boxes, [&] { name = ListedName(); })) return StayInBox();
+  if (!WithRetry(m_platform.Boxes, [&] { name = ListedName(Directory()); })) return StayInBox();
   if (name.empty()) {
     return Refuse(
         "The subject identified does not exist. You can edit the subject identifier, or you could try browsing.  If "
         "you are trying to read data from a different project, you have to cancel the 'Read Old Data' screen and go to "
-        "the 'file', 'Open Existing Project' menu first.");
+        "the 'file', 'Open Existing Project' menu first.",
+        IsUnfinished() ? "The data of this subject are unfinished.  To complete them, select 'Options', 'Unfinished "
+                         "Business'."
+                       : "");
   }
   bool endedEarly = false;  // reported; the user may type another identifier
   const std::string identifier = IdentifierOfFile(*m_project, name);
@@ -203,11 +217,11 @@ SubjectIdentification::Outcome SubjectIdentification::Browse() {
     const std::optional<std::string> path = m_platform.Dialogs.ChooseFile(question);
     if (!path) return Outcome::Stay;
     const std::string identifier = IdentifierOfFile(*m_project, *path);
-    if (identifier.empty()) {
-      return Refuse("This file is not a subject file for this experiment.  Please select another file.");
-    }
+    // By its place first: to an old project its name may look like a subject's.
+    const bool isAutosave = IsAutosave(*path);
+    if (!isAutosave && identifier.empty()) return Refuse(kForeignFile);
     bool offersAgain = false;
-    const Outcome outcome = Load(*path, identifier, offersAgain);
+    const Outcome outcome = isAutosave ? LoadAutosave(*path, offersAgain) : Load(*path, identifier, offersAgain);
     if (!offersAgain) return outcome;
   }
 }

@@ -43,6 +43,7 @@ class EntryPanel : public Panel {
   GridBox* m_txtInput;
   QLabel* m_lblTUpdate;
   QLabel* m_lblThisOne;
+  QLabel* m_lblLimitNote;
   QLabel* m_lblProjectName;
   QPushButton* m_cmdDone = nullptr;
   QGroupBox* m_framinbump = nullptr;
