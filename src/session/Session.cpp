@@ -57,7 +57,7 @@ void Session::StartWithLostParam() {
        .Buttons = BoxButtons::YesNo,
        .Default = BoxAnswer::Yes,
        .Title = "Warning"});
-  // Kept: the question names the program's directory, but what is created is the directory of the stored setting.
+  // Kept: the question names the program's directory, but the directory of the stored setting is created.
   if (answer == BoxAnswer::No &&
       CreateParamDirectory(m_param.Path(), m_programDir, m_platform.Files, m_platform.Boxes)) {
     if (LockParam()) OfferRestore();
@@ -83,7 +83,7 @@ std::string Session::OpenCaption() const { return m_project ? "Change Project" :
 
 void Session::Show(Screen screen) {
   m_screen = screen;
-  if (screen == Screen::Main && m_project) LookForUnfinished();  // another computer may have left some, or taken them
+  if (screen == Screen::Main && m_project) LookForUnfinished();  // another computer may have added or completed some
   if (m_observer) m_observer();
 }
 
@@ -109,7 +109,7 @@ void Session::LookForUnfinished() {
   try {
     m_hasUnfinished = HasUnfinishedFiles();
   } catch (const FileError&) {
-    m_hasUnfinished = false;  // a primary directory on a drive that is not ready is told of when it is needed
+    m_hasUnfinished = false;  // a drive that is not ready is reported when it is needed
   }
 }
 
@@ -233,7 +233,7 @@ void Session::Exit() {
   m_ended = true;
 }
 
-// Masters that are written are told of, with their notices, also when only the groups' order is left unanswered.
+// Reports written masters and their notices, also when only the groups' order is cancelled.
 void Session::FinishMasters() {
   if (m_masters.CurrentStage() == MasterFlow::Stage::OrderOfGroups) m_masters.CancelOrder();
 }

@@ -82,9 +82,8 @@ void RequireDataText(std::string_view bytes) {
   if (!LooksLikeDataText(bytes)) throw FieldError(FieldFault::EndOfData, 1);
 }
 
-// `bytes` are the file's, `content` is their text. `readStart` reads what precedes the levels; `checkEnd` is called
-// after the lists.
-template <typename ReadStart, typename CheckEnd>
+// `bytes` as they stand in the file, `content` what they hold; `readStart` reads what stands before the levels.
+template <typename ReadStart>
 void ParseRecord(std::string_view bytes, std::string_view content, const ProjectParameters& project,
                  SubjectRecord& record, ReadStart&& readStart) {
   record.Levels.fill(0);
@@ -117,9 +116,7 @@ std::string FormatSubject(const SubjectRecord& record, const ProjectParameters& 
 
 void ParseSubject(std::string_view bytes, const ProjectParameters& project, SubjectRecord& record) {
   // Only numbers are read, so the encoding does not matter.
-  ParseRecord(
-      bytes, WithoutMarks(bytes), project, record, [](FieldReader& reader) { reader.SkipLine(); },
-      [](const FieldReader&) {});
+  ParseRecord(bytes, WithoutMarks(bytes), project, record, [](FieldReader& reader) { reader.SkipLine(); });
 }
 
 void LoadSubjectFile(Disk& disk, const std::string& path, const ProjectParameters& project, SubjectRecord& record) {
@@ -152,14 +149,6 @@ void ParseAutosave(std::string_view bytes, const ProjectParameters& project, Sub
     if (!isName) throw FieldError(FieldFault::EndOfData, 2);
   });
   record.SubjectId = subjectId;
-}
-
-// The first free name for putting the autosave file aside.
-std::string FreeName(Disk& disk, const std::string& paramDir) {
-  for (int number = 1;; ++number) {
-    std::string path = KeptAutosavePath(paramDir, number);
-    if (!disk.FileExists(path)) return path;
-  }
 }
 
 void WriteAutosaveFile(Disk& disk, const std::string& paramDir, const SubjectRecord& record,

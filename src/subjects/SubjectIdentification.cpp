@@ -32,6 +32,23 @@ void RequirePrimary(const ProjectParameters& project, Disk& disk) {
   }
 }
 
+constexpr const char* kForeignFile =
+    "This file is not a subject file for this experiment.  Please select another file.";
+
+// False when the user gave up; `endedEarly` when the file is none of its kind.
+template <typename Step>
+bool ReadFile(const Platform& platform, bool& endedEarly, Step&& step) {
+  const BusyPointer busy(platform.Pointer);
+  return WithRetry(platform.Boxes, [&] {
+    try {
+      step();
+    } catch (const FileError& error) {
+      endedEarly = error.Cause() == FileCause::EndOfData;
+      throw;
+    }
+  });
+}
+
 // Heading and instruction by purpose.
 constexpr std::array<std::array<const char*, 2>, 3> kTexts = {{
     {"Subject Information", ""},
@@ -161,8 +178,23 @@ SubjectIdentification::Outcome SubjectIdentification::Load(const std::string& pa
   return Outcome::OpenEntry;
 }
 
+SubjectIdentification::Outcome SubjectIdentification::LoadAutosave(const std::string& path, bool& endedEarly) {
+  SubjectRecord restored;
+  bool isOurs = false;
+  const bool isRead = ReadFile(m_platform, endedEarly, [&] {
+    isOurs = EqualsIgnoringCase(ReadAutosaveProject(m_platform.Files, path), m_project->ProjectFileName);
+    if (isOurs) ReadAutosaveFile(m_platform.Files, path, *m_project, restored);
+  });
+  if (!isRead) return StayInBox();
+  if (!isOurs) return Refuse(kForeignFile);
+  if (m_purpose == Purpose::Unfinished && !MayReplaceComplete(restored.SubjectId)) return StayInBox();
+  m_record = std::move(restored);
+  m_record.HasUnsavedChanges = true;
+  return Outcome::OpenEntry;
+}
+
 // The subject's file as spelt on the disk; that spelling of the identifier is the one that is completed or corrected.
-std::string SubjectIdentification::ListedName() const {
+std::string SubjectIdentification::ListedName(const std::string& directory) const {
   RequirePrimary(*m_project, m_platform.Files);
   const std::string wanted = SubjectFileName(*m_project, m_subjectText);
   std::string found;

@@ -110,8 +110,7 @@ void SubjectEntry::LookForLimit() {
 bool SubjectEntry::SaveIncomplete() {
   if (!m_open || !m_grid.Cells().EnterTextBeforeLeaving()) return false;
   std::size_t count = 0;
-  const auto countFiles = [&] { count = ListSubjectFiles(m_platform.Files, *m_project, directory).size() + 1; };
-  if (!WithRetry(m_platform.Boxes, countFiles)) return false;
+  if (!WithRetry(m_platform.Boxes, [&] { count = CountUnfinished() + 1; })) return false;
   // Kept: the subject's own earlier file counts, too.
   if (count > kMaxUnfinished) {
     Warn(m_platform.Boxes, kTooManyUnfinished);

@@ -70,6 +70,7 @@ class SubjectEntry {
   AutosaveTimer m_timer;
   const ProjectParameters* m_project = nullptr;
   std::string m_paramDir;
+  std::string m_limitNote;
   bool m_inReview = false;  // after the last test, which stays in the grid
   bool m_open = false;
   bool m_autosavePaused = false;  // a fault was reported and not resolved
