@@ -10,9 +10,9 @@
 
 namespace zova {
 
-/// Messages as lines on standard error, and the progress of a run as one line there that is written over. Retry/Cancel
-/// is asked when a person can answer (standard input and error are a terminal); elsewhere every answer is the one that
-/// does nothing further (Cancel, No, OK). Progress is shown only on a terminal.
+/// Writes messages as lines, and the progress of a run as one line that is overwritten, to standard error. Asks
+/// Retry/Cancel if standard input and error are a terminal; otherwise, and for all other boxes, the answer is the one
+/// that does nothing further (Cancel, No, OK). Shows progress only on a terminal.
 class Terminal final : public MessageBoxes, public Progress {
  public:
   Terminal();

@@ -10,15 +10,15 @@
 
 namespace zova {
 
-/// The directory that holds one parameter file per project: where it is registered (the program's one stored
-/// setting), and the lock that keeps a second copy of the program off it.
+/// The directory with one parameter file per project: its registration (the program's only stored setting), and the
+/// lock that keeps a second copy of the program out of it.
 class ParamDirectory {
  public:
   ParamDirectory(SettingsStore& settings, Disk& disk) : m_settings(settings), m_disk(disk) {}
 
   /// Reads the stored setting. Throws FileError when it cannot be read.
   void Load();
-  /// The registered path, "" when none was ever chosen.
+  /// The registered path; "" without one.
   [[nodiscard]] const std::string& Path() const noexcept { return m_path; }
   [[nodiscard]] bool IsRegistered() const noexcept { return !m_path.empty(); }
   /// False also for a path that cannot be one. Throws FileError when that cannot be told.
@@ -29,8 +29,8 @@ class ParamDirectory {
   /// Replaces the stored setting; a failure leaves the earlier one. Throws FileError.
   void Register(const std::string& path);
 
-  /// False when another copy of the program works with `path`; what was locked before stays locked then. A directory
-  /// that cannot be locked goes without.
+  /// False, keeping the previous lock, when another copy of the program uses `path`. A directory that cannot be locked
+  /// is used without a lock.
   bool Lock(const std::string& path);
   void Unlock() noexcept { m_lock.Release(); }
 
@@ -41,7 +41,7 @@ class ParamDirectory {
   std::string m_path;
 };
 
-/// Says that another copy of the program works with a Param directory.
+/// Reports that another copy of the program uses a Param directory.
 void ReportParamInUse(MessageBoxes& boxes);
 
 }  // namespace zova

@@ -15,7 +15,7 @@ constexpr const char* kCompleteName = "Complete.txt";
 constexpr const char* kCompleteText =
     "The sample data are complete. Delete this file to have those that are missing copied again.\r\n";
 
-// Buffered: the program is not to wait for the disk at its start, and the originals stay where they are.
+// Buffered: the start must not wait for the disk, and the originals still exist.
 void CopyInstalled(const std::string& installed, const std::string& target, Disk& disk) {
   std::string content;
   disk.Read(installed, content);
@@ -46,7 +46,7 @@ void TrySilently(Step&& step) noexcept {
   try {
     step();
   } catch (const std::exception&) {
-    // Told of where the file is asked for.
+    // Reported where the file is needed.
   }
 }
 

@@ -86,7 +86,7 @@ void SubjectFlow::PutAside(const std::string& paramDir) {
                                     "'Browse' button of 'Read Old Data' or 'Unfinished Business'."});
 }
 
-// A restore that cannot be read keeps the file: it may be all there is of the subject.
+// Keeps a file that cannot be restored: it may be the only copy of the subject.
 std::optional<ChosenProject> SubjectFlow::Restore(const std::string& paramDir) {
   Disk& disk = m_platform.Files;
   ChosenProject chosen;

@@ -6,8 +6,8 @@
 //   "<variable name>",<level>                         V lines
 //   <position>,<item>,<minute>,<rating>               T*N lines, test by test; blanks as zeros
 //
-// In a project whose marker is "Old ZOVA" (upper or lower case) the last lines have no rating. The autosave file has,
-// in place of the first line, two: the project file's name and the identifier.
+// In a project with the marker "Old ZOVA" (in any case) the last lines have no rating. The autosave file has two lines
+// instead of the first one: the project file's name and the identifier.
 
 #include "subjects/SubjectFile.h"
 
@@ -42,11 +42,11 @@ void WriteLevelsAndLists(RecordWriter& out, const SubjectRecord& record, const P
   }
 }
 
-// `Count` is 4, or 3 where there is no rating.
+// `Count` is 4, or 3 without ratings.
 template <std::size_t Count>
 Recall ReadPosition(FieldReader& reader) {
   std::array<std::int16_t, Count> line{};
-  if (!reader.TakePlainLine(line)) {
+  if (!reader.ReadPlainLine(line)) {
     reader.Skip();
     for (std::size_t field = 1; field < Count; ++field) line[field] = reader.NextNumber();
   }
@@ -112,7 +112,7 @@ std::string FormatSubject(const SubjectRecord& record, const ProjectParameters& 
   out.Text("Subject#").Text(record.SubjectId);
   out.Text("n, Item #(recall order), Min(recall order), Rating(recall order)").Text("*").EndLine();
   WriteLevelsAndLists(out, record, project);
-  return out.Take();
+  return out.Release();
 }
 
 SubjectOddities ParseSubject(std::string_view bytes, const ProjectParameters& project, SubjectRecord& record) {
@@ -131,7 +131,7 @@ std::string FormatAutosave(const SubjectRecord& record, const ProjectParameters&
   out.Text(project.ProjectFileName).EndLine();
   out.Text(record.SubjectId).EndLine();
   WriteLevelsAndLists(out, record, project);
-  return out.Take();
+  return out.Release();
 }
 
 std::string ParseAutosaveProject(std::string_view bytes) {

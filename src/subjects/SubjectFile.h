@@ -24,13 +24,13 @@ struct SubjectOddities {
 /// Throws FieldError (EndOfData, OutOfRange16, NulByte, Utf16) and then leaves levels 0 and lists blank.
 SubjectOddities ParseSubject(std::string_view bytes, const ProjectParameters& project, SubjectRecord& record);
 
-/// The same from the disk. Throws FileError.
+/// Reads the file and parses it with ParseSubject. Throws FileError.
 void LoadSubjectFile(Disk& disk, const std::string& path, const ProjectParameters& project, SubjectRecord& record);
 
 /// The content of the autosave file: the project file's name, then the subject.
 std::string FormatAutosave(const SubjectRecord& record, const ProjectParameters& project);
 
-/// The project file's name in an autosave file's content. Throws FieldError.
+/// The project file's name in the content of an autosave file. Throws FieldError.
 std::string ParseAutosaveProject(std::string_view bytes);
 
 /// Fills `record` (identifier included) from an autosave file's content. Throws as ParseSubject does, and BadIdentifier

@@ -3,8 +3,8 @@
 #include "subjects/SubjectIdentification.h"
 
 #include <array>
-#include "platform/desktop/FileErrorBoxes.h"
 
+#include "platform/desktop/FileErrorBoxes.h"
 #include "project/ProjectLayout.h"
 #include "subjects/SubjectFile.h"
 #include "subjects/SubjectFiles.h"
@@ -16,7 +16,8 @@ namespace zova {
 
 namespace {
 
-// "" for a file that is none of this project's subjects. Blanks around an identifier stay: so does its file.
+// "" for a file that is not one of this project's subjects. Keeps blanks around the identifier, since they are part of
+// the file's name.
 std::string IdentifierOfFile(const ProjectParameters& project, std::string_view path) {
   const std::string_view name = LastPathComponent(path);
   const std::string prefix = ExpectedPrefix(project);
@@ -24,7 +25,7 @@ std::string IdentifierOfFile(const ProjectParameters& project, std::string_view 
   return SubjectIdFromFileName(project, path);
 }
 
-// A directory that cannot be looked into has not "no such file".
+// A directory that cannot be searched must not be reported as "no such file".
 void RequirePrimary(const ProjectParameters& project, Disk& disk) {
   if (!disk.DirectoryExists(project.PrimaryDir)) {
     throw FileError(FileOperation::List, project.PrimaryDir, FileCause::PathNotFound);
@@ -48,7 +49,7 @@ bool ReadFile(const Platform& platform, bool& endedEarly, Step&& step) {
   });
 }
 
-// Heading and instruction, in the order of the purposes.
+// Heading and instruction by purpose.
 constexpr std::array<std::array<const char*, 2>, 3> kTexts = {{
     {"Subject Information", ""},
     {"Read Old Data",
@@ -89,7 +90,7 @@ std::string SubjectIdentification::LevelsList() const {
 void SubjectIdentification::SetSubjectText(const std::string& text) { m_subjectText = ColumnText(text); }
 
 SubjectIdentification::Outcome SubjectIdentification::StayInBox() {
-  ++m_cursorMoves;
+  ++m_cursorRevision;
   return Outcome::Stay;
 }
 
@@ -113,7 +114,7 @@ bool SubjectIdentification::StoreLevel() {
   return true;
 }
 
-bool SubjectIdentification::TakeBox() {
+bool SubjectIdentification::AcceptBox() {
   m_subjectText = std::string(WithoutOuterBlanks(m_subjectText));
   if (m_step == 1 ? IsSubjectId(m_subjectText) : StoreLevel()) return true;
   if (m_step == 1) {
@@ -125,7 +126,7 @@ bool SubjectIdentification::TakeBox() {
 }
 
 void SubjectIdentification::Next() {
-  if (CanGoNext() && TakeBox()) GoTo(m_step + 1);
+  if (CanGoNext() && AcceptBox()) GoTo(m_step + 1);
 }
 
 void SubjectIdentification::Back() {
@@ -139,7 +140,7 @@ std::string SubjectIdentification::Directory() const {
                                           : SubjectDirectory(m_project->PrimaryDir);
 }
 
-// False also when it could not be looked for and the user gave up.
+// Also false when the search fails and the user cancels.
 bool SubjectIdentification::MayReplaceComplete(const std::string& subjectId) {
   const std::string path = JoinPath(SubjectDirectory(m_project->PrimaryDir),
                                     ExpectedPrefix(*m_project).append(subjectId).append(kDataFileEnd));
@@ -160,7 +161,7 @@ bool SubjectIdentification::MayReplaceComplete(const std::string& subjectId) {
 }
 
 SubjectIdentification::Outcome SubjectIdentification::Finish() {
-  if (!CanFinish() || !TakeBox()) return Outcome::Stay;
+  if (!CanFinish() || !AcceptBox()) return Outcome::Stay;
   if (!MayReplaceComplete(m_subjectText)) return StayInBox();
   m_record.SubjectId = m_subjectText;
   return Outcome::OpenEntry;
@@ -168,7 +169,7 @@ SubjectIdentification::Outcome SubjectIdentification::Finish() {
 
 SubjectIdentification::Outcome SubjectIdentification::Load(const std::string& path, const std::string& subjectId,
                                                            bool& endedEarly) {
-  // Completed, an unfinished subject replaces a complete one of its name.
+  // An unfinished subject, once completed, replaces a complete one of the same identifier.
   if (m_purpose == Purpose::Unfinished && !MayReplaceComplete(subjectId)) return StayInBox();
   const bool isRead =
       ReadFile(m_platform, endedEarly, [&] { LoadSubjectFile(m_platform.Files, path, *m_project, m_record); });
@@ -192,7 +193,7 @@ SubjectIdentification::Outcome SubjectIdentification::LoadAutosave(const std::st
   return Outcome::OpenEntry;
 }
 
-// The subject's file as it is spelt on the disk: it is the identifier by that spelling that is completed or corrected.
+// The subject's file as spelt on the disk; that spelling of the identifier is the one that is completed or corrected.
 std::string SubjectIdentification::ListedName(const std::string& directory) const {
   RequirePrimary(*m_project, m_platform.Files);
   const std::string wanted = SubjectFileName(*m_project, m_subjectText);
@@ -222,7 +223,7 @@ bool SubjectIdentification::IsAutosave(const std::string& path) const {
 }
 
 SubjectIdentification::Outcome SubjectIdentification::LoadTyped() {
-  if (!LooksForExisting() || !TakeBox()) return Outcome::Stay;
+  if (!LooksForExisting() || !AcceptBox()) return Outcome::Stay;
   std::string name;
   if (!WithRetry(m_platform.Boxes, [&] { name = ListedName(Directory()); })) return StayInBox();
   if (name.empty()) {
@@ -234,7 +235,7 @@ SubjectIdentification::Outcome SubjectIdentification::LoadTyped() {
                          "Business'."
                        : "");
   }
-  bool endedEarly = false;  // told; another identifier may be typed
+  bool endedEarly = false;  // reported; the user may type another identifier
   const std::string identifier = IdentifierOfFile(*m_project, name);
   return Load(JoinPath(Directory(), name), identifier.empty() ? m_subjectText : identifier, endedEarly);
 }

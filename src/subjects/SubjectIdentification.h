@@ -8,8 +8,8 @@
 
 namespace zova {
 
-/// The screen that names a subject, for its three purposes. A new subject is asked for its identifier (step 1) and
-/// then for its level of each variable (steps 2 to V+1); an existing one only for its identifier, or its file.
+/// The screen that identifies a subject, for three purposes. It asks for a new subject's identifier (step 1) and level
+/// of each variable (steps 2 to V+1), and for an existing subject's identifier or file.
 class SubjectIdentification {
  public:
   enum class Purpose { NewSubject, OldData, Unfinished };
@@ -26,7 +26,7 @@ class SubjectIdentification {
   [[nodiscard]] std::string Instruction() const;  ///< "" for a new subject
   [[nodiscard]] std::string Counter() const;      ///< "1 of 3"
   [[nodiscard]] bool AsksIdentifier() const noexcept { return m_step == 1; }
-  /// The levels of the variable asked for, as a text of several lines; "" on step 1.
+  /// The levels of the current variable, one per line; "" on step 1.
   [[nodiscard]] std::string LevelsList() const;
   [[nodiscard]] bool CanGoBack() const noexcept { return m_step > 1; }
   [[nodiscard]] bool CanGoNext() const noexcept { return m_step < Steps(); }
@@ -34,12 +34,12 @@ class SubjectIdentification {
   [[nodiscard]] bool LooksForExisting() const noexcept { return m_purpose != Purpose::NewSubject; }
 
   [[nodiscard]] const std::string& SubjectText() const noexcept { return m_subjectText; }
-  /// Drops what an identifier cannot hold.
+  /// Drops characters that an identifier cannot contain.
   void SetSubjectText(const std::string& text);
   [[nodiscard]] const std::string& LevelText() const noexcept { return m_levelText; }
   void SetLevelText(const std::string& text) { m_levelText = text; }
 
-  /// Only when CanGoNext, CanGoBack; else nothing happens. A level that may stand is kept on the way back, too.
+  /// No effect unless CanGoNext or CanGoBack. Back keeps a valid level, too.
   void Next();
   void Back();
   /// "Done!" for a new subject: OpenEntry with an empty record.
@@ -50,13 +50,13 @@ class SubjectIdentification {
   Outcome Browse();
 
   [[nodiscard]] Box Cursor() const noexcept { return m_step == 1 ? Box::Subject : Box::Level; }
-  /// Grows whenever the cursor was placed anew; the box's text is to be selected then.
-  [[nodiscard]] int CursorMoves() const noexcept { return m_cursorMoves; }
+  /// Increases when the cursor moves; the box's text is then selected.
+  [[nodiscard]] int CursorRevision() const noexcept { return m_cursorRevision; }
 
  private:
   [[nodiscard]] int Steps() const noexcept { return LooksForExisting() ? 1 : 1 + m_project->VariableCount; }
-  bool StoreLevel();  // false when what stands in the box is no level of the variable
-  bool TakeBox();
+  bool StoreLevel();  // false when the box holds no level of the variable
+  bool AcceptBox();
   Outcome GoTo(int step);
   Outcome StayInBox();
   Outcome Refuse(const std::string& text, const std::string& details = {});
@@ -76,7 +76,7 @@ class SubjectIdentification {
   int m_step = 1;
   std::string m_subjectText;
   std::string m_levelText;
-  int m_cursorMoves = 0;
+  int m_cursorRevision = 0;
 };
 
 }  // namespace zova

@@ -87,12 +87,12 @@ TEST(SubjectIdentification, WalksIdentifierAndLevelsBackAndForth) {
   while (std::getline(std::getline(std::getline(rows, key, '|'), typed, '|'), shown, ';')) {
     if (key == "x") stage.Boxes.Expect(BoxOf('i', ""));
     screen.AsksIdentifier() ? screen.SetSubjectText(typed) : screen.SetLevelText(typed);
-    const int moves = screen.CursorMoves();
+    const int moves = screen.CursorRevision();
     key == "b" ? screen.Back() : screen.Next();
     std::string now = screen.Counter() + "[" + (screen.AsksIdentifier() ? screen.SubjectText() : screen.LevelText());
     now += screen.CanGoBack() ? "]b" : "]";
     EXPECT_EQ(now + (screen.CanGoNext() ? "n" : "") + (screen.CanFinish() ? "d" : ""), shown);
-    EXPECT_TRUE(key != "x" || screen.CursorMoves() > moves) << typed;
+    EXPECT_TRUE(key != "x" || screen.CursorRevision() > moves) << typed;
   }
   EXPECT_EQ(screen.LevelsList(),
             "The levels for the \xC3\x82GE variable are: \n\n     1. young\n     2. old\n     3. \n");
@@ -130,7 +130,7 @@ TEST(SubjectIdentification, OpensWhatIsTypedOrChosen) {
     if (!boxes.empty()) stage.Boxes.Expect(BoxOf(boxes.back(), isFile ? "a" : entered));
     Identification& screen = stage.Screen;
     screen.SetSubjectText(entered);
-    const int moves = screen.CursorMoves();
+    const int moves = screen.CursorRevision();
     const auto outcome = isFile ? screen.Browse() : purpose == NewSubject ? screen.Finish() : screen.LoadTyped();
     const bool opens = outcome == Identification::Outcome::OpenEntry;
     const int item = stage.Record.Lists.At(1, 1).Item;
@@ -139,7 +139,7 @@ TEST(SubjectIdentification, OpensWhatIsTypedOrChosen) {
       SubjectRecord blank;
       ResetLists(blank, stage.Project);
       EXPECT_EQ(stage.Record, blank) << key << entered;
-      EXPECT_GT(screen.CursorMoves(), moves) << key << entered;
+      EXPECT_GT(screen.CursorRevision(), moves) << key << entered;
     }
     const std::string directory = purpose == Unfinished ? "C:\\P\\Sdata\\Unfinished" : "C:\\P\\Sdata";
     for (const FileQuestion& question : stage.Dialogs.Questions) EXPECT_EQ(question.Directory, directory);

@@ -134,10 +134,10 @@ void EntryPanel::FollowTimer() {
   if (!timer.IsRunning()) {
     m_tmrAutoSave->stop();
     m_waitingTicks = 0;
-  } else if (!m_tmrAutoSave->isActive() || m_timerStarts != timer.Starts()) {
+  } else if (!m_tmrAutoSave->isActive() || m_timerStartRevision != timer.StartRevision()) {
     m_tmrAutoSave->start();
   }
-  m_timerStarts = timer.Starts();
+  m_timerStartRevision = timer.StartRevision();
   if (m_waitingTicks > 0) QMetaObject::invokeMethod(this, &EntryPanel::ActOnTicks, Qt::QueuedConnection);
 }
 

@@ -46,7 +46,7 @@ class EntryPanel : public Panel {
   QGroupBox* m_framinbump = nullptr;
   QScrollArea* m_side;
   QTimer* m_tmrAutoSave;
-  int m_timerStarts = 0;
+  int m_timerStartRevision = 0;
   int m_waitingTicks = 0;
 };
 

@@ -48,7 +48,7 @@ bool ReportFileError(MessageBoxes& boxes, const FileError& error) {
   return false;
 }
 
-bool ReportRunError(MessageBoxes& boxes, const std::string& text, const std::string& details) {
+bool ShowRetryBox(MessageBoxes& boxes, const std::string& text, const std::string& details) {
   return boxes.Show({.Text = text,
                      .Icon = BoxIcon::Exclamation,
                      .Buttons = BoxButtons::RetryCancel,

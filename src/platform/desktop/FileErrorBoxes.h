@@ -11,8 +11,8 @@ namespace zova {
 
 inline constexpr const char* kPathNotFound = "Path not found.  Please verify that the correct disk is in the drive.";
 
-/// The answer to "try again?". True also after end of data, where only an OK is asked for: the caller decides
-/// whether another file can be chosen. False without a box when a file dialog was cancelled.
+/// Shows the error; true for Retry. An end of data has only an OK button and returns true: the caller decides whether
+/// another file can be chosen. For a cancelled file dialog returns false without a box.
 bool ReportFileError(MessageBoxes& boxes, const FileError& error);
 
 /// The facts of an error as lines: operation and path, the detail, the system's cause.

@@ -37,14 +37,14 @@ bool IsHidden(std::string_view name) noexcept {
 #endif
 }
 
-// A backslash would be taken for two components, a quote or a control character would break the file it is kept in.
+// A backslash would split the name, a quote or a control character would break the file that stores it.
 bool FitsStoredPath(std::string_view name) noexcept {
   const auto breaks = [](char c) { return c == '\\' || BreaksField(c); };
   return IsValidUtf8(name) && std::none_of(name.begin(), name.end(), breaks);
 }
 
 std::vector<std::string> InListingOrder(std::vector<std::string> names) {
-  std::vector<std::pair<std::string, std::string>> keyed;  // upper-cased, as it stands
+  std::vector<std::pair<std::string, std::string>> keyed;  // in upper case, as spelt
   keyed.reserve(names.size());
   for (std::string& name : names) keyed.emplace_back(UpperCase(name), std::move(name));
   std::sort(keyed.begin(), keyed.end());
@@ -77,7 +77,7 @@ void KeepPermissions(FileLayer& layer, const fs::path& from, const fs::path& to)
 
 }  // namespace
 
-// Every call to the layer goes through here: its errors become file errors that name the path as the caller spelt it.
+// Runs a call to the layer and turns its errors into file errors that name the path as the caller spelt it.
 template <typename Call>
 auto Disk::Guarded(FileOperation operation, const ResolvedPath& path, Call&& call) {
   try {
@@ -197,7 +197,7 @@ void Disk::ReplaceFile(const fs::path& target, std::string_view content, Durabil
     try {
       m_layer.Remove(temporary);
     } catch (const std::system_error&) {
-      // The next save into this directory removes it.
+      // The next save into this directory deletes it.
     }
     throw;
   }
@@ -230,7 +230,7 @@ void Disk::WriteInPlace(std::string_view path, std::string_view content) {
       try {
         m_layer.Truncate(target.Native, 0);
       } catch (const std::system_error&) {
-        // The fault that is told is the first.
+        // The first fault is the one reported.
       }
       throw;
     }
@@ -248,7 +248,7 @@ void Disk::RemoveLeftoversIn(const fs::path& directory) {
     try {
       m_layer.RemoveUnlocked(directory / PathFromText(entry.Name));
     } catch (const std::system_error&) {
-      // Another user's, perhaps: no reason to refuse a save.
+      // Perhaps another user's. It does not stop a save.
     }
   }
 }

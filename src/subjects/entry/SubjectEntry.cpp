@@ -3,8 +3,8 @@
 #include "subjects/entry/SubjectEntry.h"
 
 #include <utility>
-#include "platform/desktop/FileErrorBoxes.h"
 
+#include "platform/desktop/FileErrorBoxes.h"
 #include "subjects/SubjectFile.h"
 
 namespace zova {
@@ -30,7 +30,7 @@ void SubjectEntry::Open(const ProjectParameters& project, const std::string& par
   if (m_preferences.Autosave) m_timer.Start();
   if (!restored) return;
   m_record.HasUnsavedChanges = true;
-  // The file that it came from is replaced in one step: at no moment is there none.
+  // Replaces the autosave file atomically, so that there always is one.
   m_preferences.Autosave ? WriteAutosave() : DeleteAutosave();
 }
 
@@ -39,7 +39,7 @@ std::string SubjectEntry::SubjectCaption() const {
 }
 
 void SubjectEntry::DoneWithTest() {
-  if (!m_open || !m_grid.Cells().TakeTextBeforeLeaving()) return;
+  if (!m_open || !m_grid.Cells().EnterTextBeforeLeaving()) return;
   m_autosavePaused = false;
   if (m_preferences.Autosave && m_timer.Ticks() >= 1) {
     m_timer.ResetTicks();
@@ -86,7 +86,7 @@ SaveOutcome SubjectEntry::SaveWithNote(const std::string& note) {
 }
 
 SubjectEntry::Ending SubjectEntry::DoneWithAllTests() {
-  if (!m_open || !m_grid.Cells().TakeTextBeforeLeaving() || !ListsPassTheChecks()) return {};
+  if (!m_open || !m_grid.Cells().EnterTextBeforeLeaving() || !ListsPassTheChecks()) return {};
   const SaveOutcome outcome = SaveWithNote("");
   if (outcome.Saved) Close();
   return {outcome.Saved, outcome.UnfinishedEmptied};
@@ -108,10 +108,10 @@ void SubjectEntry::LookForLimit() {
 }
 
 bool SubjectEntry::SaveIncomplete() {
-  if (!m_open || !m_grid.Cells().TakeTextBeforeLeaving()) return false;
+  if (!m_open || !m_grid.Cells().EnterTextBeforeLeaving()) return false;
   std::size_t count = 0;
   if (!WithRetry(m_platform.Boxes, [&] { count = CountUnfinished() + 1; })) return false;
-  // Kept: the subject's own earlier file counts like any other.
+  // Kept: the subject's own earlier file counts, too.
   if (count > kMaxUnfinished) {
     Warn(m_platform.Boxes, kTooManyUnfinished);
     return false;
@@ -145,7 +145,7 @@ void SubjectEntry::Close() {
   m_open = false;
   m_timer.Stop();
   m_autosavePaused = m_inReview = false;
-  m_grid.Open(*m_project);  // nothing of this subject can be undone in the next
+  m_grid.Open(*m_project);  // clears the undo history for the next subject
 }
 
 void SubjectEntry::Tick() {

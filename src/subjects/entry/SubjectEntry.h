@@ -11,14 +11,14 @@
 
 namespace zova {
 
-/// The screen on which a subject's recalls are typed: the grid, the walk through the tests, the checks, saving, the
-/// autosave and leaving. The captions may be asked for once it was opened.
+/// The screen for a subject's recalls: the grid, the sequence of tests, the checks, saving, autosave and leaving.
+/// Captions require an earlier Open.
 class SubjectEntry {
  public:
   SubjectEntry(SubjectRecord& record, Preferences& preferences, const Platform& platform);
 
-  /// Shows the record's first test. `project` must outlive the entry. `restored`: the record came from the autosave;
-  /// it counts as changed, and the file that it came from goes: with Autosave on a fresh one is written at once.
+  /// Shows the record's first test. `project` must outlive the entry. A `restored` record, from the autosave, counts as
+  /// changed; its file is deleted, or with Autosave on replaced at once.
   void Open(const ProjectParameters& project, const std::string& paramDir, bool restored = false);
   [[nodiscard]] bool IsOpen() const noexcept { return m_open; }
 
@@ -33,19 +33,19 @@ class SubjectEntry {
 
   /// "Done with Test n" and "Review".
   void DoneWithTest();
-  /// What an end of the entry did.
+  /// The result of leaving the entry.
   struct Ending {
-    bool Left = false;               ///< the screen is to be left
-    bool UnfinishedEmptied = false;  ///< the project has no unfinished subjects any more
+    bool Left = false;               ///< the screen is left
+    bool UnfinishedEmptied = false;  ///< the project has no more unfinished subjects
   };
   /// "Done with all Tests!": the checks, then the save as complete.
   Ending DoneWithAllTests();
   /// True when saved; the screen stays in any case.
   bool SaveIncomplete();
-  /// The Cancel button: left after its question.
+  /// The Cancel button: leaves after a question.
   Ending Cancel();
 
-  /// The autosave's timer ticked.
+  /// One tick of the autosave's timer.
   void Tick();
   void SetAutosave(bool on);
   /// Writes the autosave file now, if there is a subject to save and Autosave is on.
@@ -73,9 +73,9 @@ class SubjectEntry {
   const ProjectParameters* m_project = nullptr;
   std::string m_paramDir;
   std::string m_limitNote;
-  bool m_inReview = false;  // the walk has come past the last test, which stays in the grid
+  bool m_inReview = false;  // after the last test, which stays in the grid
   bool m_open = false;
-  bool m_autosavePaused = false;  // a fault was told, and not acted on
+  bool m_autosavePaused = false;  // a fault was reported and not resolved
 };
 
 }  // namespace zova
