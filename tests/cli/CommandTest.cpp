@@ -94,12 +94,16 @@ TEST_F(Command, RefusesWrongUsage) {
 
 TEST_F(Command, RefusesNamesThatLeadElsewhereAndEscapesThem) {
   std::string content = Files.Get("C:\\Ab.prm");
-  content.replace(content.find("\"AB\""), 4, "\"..\\\xC2\x9B" "A\"");
+  content.replace(content.find("\"AB\""), 4,
+                  "\"..\\\xC2\x9B"
+                  "A\"");
   Files.Put("C:\\Ab.prm", content);
-  const std::string reason = "This project can be viewed only: its abbreviation '..\\\\x9bA' cannot be part of a file name.\n";
+  const std::string reason =
+      "This project can be viewed only: its abbreviation '..\\\\x9bA' cannot be part of a file name.\n";
   Expect("Ab.prm", 1, {}, reason);
   Files.Put("C:\\a\x1b[31m.prm", "");
-  Expect("'a\x1b[31m.prm'", 1, {}, "This is not a valid file format.  Please select a different file.\nReading 'C:\\a\\x1b[31m.prm'\n"
+  Expect("'a\x1b[31m.prm'", 1, {},
+         "This is not a valid file format.  Please select a different file.\nReading 'C:\\a\\x1b[31m.prm'\n"
          "Line 1: input past end of file.\n");
 }
 

@@ -96,7 +96,8 @@ TEST_F(NewProjectWizardTest, TitleNamesTheFileAndThePrefixUntilOneIsTyped) {
   const Tree before = m_scratch.Snapshot();
   Leave(1, {{Title, " .prm"}}, {Told("The project must have a title.  Please re-enter.", BoxIcon::Information)});
   for (const std::string& bad : {std::string("a*b"), std::string(300, 'x'), std::string("nul"), std::string("Com1.x.y"),
-                                 std::string("\u200B\u00A0"), std::string("Aux .prm")}) Leave(1, {{Title, bad}}, {kBadName});
+                                 std::string("\u200B\u00A0"), std::string("Aux .prm")})
+    Leave(1, {{Title, bad}}, {kBadName});
   for (const auto& [prefix, title, file, shown] : std::vector<std::array<const char*, 4>>{
            {"", "  v1.2.3 ", "\"v1.prm\"", "v1"},
            {"Mine", "Say \"a\tb\"", "\"Say ab.prm\"", "Mine"},
@@ -136,7 +137,8 @@ TEST_F(NewProjectWizardTest, DirectoriesAreMadeOrRefused) {
   Leave(2, {{Primary, " (NONE)"}}, {Told("You must have a primary path.")});
   Leave(2, {{Primary, "Data"}}, {Told("Invalid format. Please redo.")});
   Leave(2, {{Primary, "X:\\Data\\"}}, {notReady});
-  for (const char* bad : {"C:\\File", "C:\\a*b", "C:\\Data\\con"}) Leave(2, {{Primary, bad}}, {Told("Invalid Primary directory name.")});
+  for (const char* bad : {"C:\\File", "C:\\a*b", "C:\\Data\\con"})
+    Leave(2, {{Primary, bad}}, {Told("Invalid Primary directory name.")});
   Leave(2, {{Primary, "C:\\New \\"}}, {AskedToCreate("C:\\New", No)});
   EXPECT_EQ(m_wizard.Text(Primary), "(none)");
   Leave(2, {{Primary, "C:\\Data"}, {Backup, "X:\\"}}, {notReady});

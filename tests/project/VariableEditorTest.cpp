@@ -26,7 +26,7 @@ TEST(VariableEditor, AsksForOneNameAfterAnother) {
   EXPECT_EQ(editor.Prompt(), "What is the name of level 1?");
   EXPECT_EQ(editor.Heading(), "The variable AGE has the following levels:");
   Type(editor, {"young\t", "old"}), editor.HighlightLevel(1), Type(editor, {"child", "oldest"});
-  editor.HighlightVariable(), editor.TakeEntry(), editor.HighlightLevel(5);
+  editor.HighlightVariable(), editor.Enter(), editor.HighlightLevel(5);
   Type(editor, {"4", "5", "6", "7", "8", "9", "1,0", "eleventh"});
   EXPECT_EQ(Shown(editor), "11[] 1. child 2. old 3. oldest 4. 4 5. 5 6. 6 7. 7 8. 8 9. 9 10. 1,0");
 }

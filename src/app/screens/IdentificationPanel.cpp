@@ -81,7 +81,7 @@ void IdentificationPanel::ShowState() {
   for (QPushButton* button : {m_cmdOK, m_cmdNext, m_cmdEntered}) MarkDefault(button, button == DefaultButton());
 }
 
-int IdentificationPanel::CursorMoves() const { return m_rules.CursorMoves(); }
+int IdentificationPanel::CursorRevision() const { return m_rules.CursorRevision(); }
 
 void IdentificationPanel::PlaceCursor() {
   PlaceCursorIn(m_rules.Cursor() == SubjectIdentification::Box::Subject ? m_txtSub : m_txtInfo);

@@ -22,7 +22,7 @@ class IdentificationPanel : public Panel {
 
  protected:
   void ShowState() override;
-  [[nodiscard]] int CursorMoves() const override;
+  [[nodiscard]] int CursorRevision() const override;
   void PlaceCursor() override;
   [[nodiscard]] QPushButton* DefaultButton() const override;
 

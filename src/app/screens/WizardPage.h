@@ -61,8 +61,8 @@ class WizardPage : public QWidget {
     std::optional<WizardBox> Asked;
   };
   void AddQuestionGap();
-  void TakeTyped(const TextBox& typed, const QString& text);
-  void TakeOption(WizardOption option, bool yes);
+  void StoreText(const TextBox& typed, const QString& text);
+  void StoreOption(WizardOption option, bool yes);
 
   NewProjectWizard& m_wizard;
   QLabel* m_title;

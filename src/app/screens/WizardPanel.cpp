@@ -60,7 +60,7 @@ void WizardPanel::ShowState() {
   m_cmdEntered1->setVisible(wizard.ShowsDone());
 }
 
-int WizardPanel::CursorMoves() const { return m_session.Wizard().CursorMoves(); }
+int WizardPanel::CursorRevision() const { return m_session.Wizard().CursorRevision(); }
 
 void WizardPanel::PlaceCursor() {
   const NewProjectWizard& wizard = m_session.Wizard();

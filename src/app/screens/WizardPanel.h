@@ -23,7 +23,7 @@ class WizardPanel : public Panel {
 
  protected:
   void ShowState() override;
-  [[nodiscard]] int CursorMoves() const override;
+  [[nodiscard]] int CursorRevision() const override;
   void PlaceCursor() override;
   [[nodiscard]] QPushButton* DefaultButton() const override;
 

@@ -135,8 +135,8 @@ void Panel::ActAndReturn(const std::function<void()>& act) {
 
 void Panel::Refresh() {
   ShowState();
-  if (!isVisible() || m_cursorMoves == CursorMoves()) return;
-  m_cursorMoves = CursorMoves();
+  if (!isVisible() || m_cursorRevision == CursorRevision()) return;
+  m_cursorRevision = CursorRevision();
   PlaceCursor();
 }
 
@@ -148,7 +148,7 @@ void Panel::showEvent(QShowEvent* event) {
   QWidget::showEvent(event);
   if (event->spontaneous()) return;  // back from the task bar, say: the cursor stays where it was
   ShowState();
-  m_cursorMoves = CursorMoves();
+  m_cursorRevision = CursorRevision();
   PlaceCursor();
 }
 

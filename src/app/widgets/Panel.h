@@ -32,7 +32,7 @@ class Panel : public QWidget {
   explicit Panel(const char* name, QWidget* host = nullptr);
   virtual void ShowState() = 0;
   /// Counts how often the rules have placed the cursor.
-  [[nodiscard]] virtual int CursorMoves() const { return 0; }
+  [[nodiscard]] virtual int CursorRevision() const { return 0; }
   /// Puts the cursor where it stands when the panel comes up.
   virtual void PlaceCursor();
   [[nodiscard]] virtual QPushButton* DefaultButton() const { return m_default; }
@@ -72,7 +72,7 @@ class Panel : public QWidget {
   QWidget* m_footerLine;
   QWidget* m_footer;
   QLabel* m_projectName = nullptr;
-  int m_cursorMoves = 0;
+  int m_cursorRevision = 0;
 };
 
 }  // namespace zova

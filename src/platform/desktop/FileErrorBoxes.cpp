@@ -43,7 +43,7 @@ bool ReportFileError(MessageBoxes& boxes, const FileError& error) {
     case FileCause::DialogCancelled: return false;
     case FileCause::EndOfData: Warn(boxes, TextOf(error), DetailsOf(error)); return true;
     case FileCause::PathNotFound:
-    case FileCause::System: return ReportRunError(boxes, TextOf(error), DetailsOf(error));
+    case FileCause::System: return ShowRetryBox(boxes, TextOf(error), DetailsOf(error));
   }
   return false;
 }

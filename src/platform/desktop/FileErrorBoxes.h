@@ -19,7 +19,7 @@ bool ReportFileError(MessageBoxes& boxes, const FileError& error);
 std::string FaultText(const FileError& error);
 
 /// An error that is not the file system's, reported in the same box.
-bool ReportRunError(MessageBoxes& boxes, const std::string& text, const std::string& details);
+bool ShowRetryBox(MessageBoxes& boxes, const std::string& text, const std::string& details);
 
 /// Reports an exception that ended a command: nobody expected it there, so that there is no step to try again.
 void ReportFault(MessageBoxes& boxes, const std::exception_ptr& fault);
