@@ -82,7 +82,7 @@ void RequireDataText(std::string_view bytes) {
   if (!LooksLikeDataText(bytes)) throw FieldError(FieldFault::EndOfData, 1);
 }
 
-// `bytes` as they stand in the file, `content` what they hold; `readStart` reads what stands before the levels.
+// `bytes` are the file's, `content` is their text; `readStart` reads what precedes the levels.
 template <typename ReadStart>
 void ParseRecord(std::string_view bytes, std::string_view content, const ProjectParameters& project,
                  SubjectRecord& record, ReadStart&& readStart) {
