@@ -43,9 +43,8 @@ void WriteAutosaveFile(Disk& disk, const std::string& paramDir, const SubjectRec
                        const ProjectParameters& project);
 std::string ReadAutosaveProject(Disk& disk, const std::string& path);
 void ReadAutosaveFile(Disk& disk, const std::string& path, const ProjectParameters& project, SubjectRecord& record);
-/// Puts it aside as "Temp 1.txt", whose path is returned; those put aside before move on by one number. The third, and
-/// what lies behind it, goes, but never one that cannot be restored. Nothing happens when there is no autosave file,
-/// here and below.
+/// Puts it aside as "Temp 1.txt" and returns that path; files put aside earlier move up by one number. The third and
+/// later ones are deleted unless they cannot be restored. No effect without an autosave file; likewise below.
 std::string KeepAutosaveFile(Disk& disk, const std::string& paramDir);
 void DeleteAutosaveFile(Disk& disk, const std::string& paramDir);
 

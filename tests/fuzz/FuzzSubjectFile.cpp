@@ -44,7 +44,7 @@ ProjectParameters ChooseProject(FuzzedDataProvider& data) {
   return project;
 }
 
-// Reads over what an earlier subject left behind; false after a FieldError, when nothing of it may shine through.
+// Reads into the record of an earlier subject, of which nothing may remain; false after a FieldError.
 template <typename Parse>
 bool Reads(Parse&& parse, std::string_view bytes, const ProjectParameters& project, SubjectRecord& record) {
   record.SubjectId = "7";

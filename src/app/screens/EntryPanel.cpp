@@ -21,7 +21,7 @@ namespace zova {
 
 namespace {
 
-constexpr double kTestSize = 3.3;  // times the normal font: to be read from a metre away
+constexpr double kTestSize = 3.3;  // times the normal font: legible from a metre away
 constexpr double kInputSize = 1.8;
 
 QGroupBox* AddGroup(QLayout& rows, const char* name, const QString& title) {
@@ -116,7 +116,7 @@ void EntryPanel::ShowState() {
   m_grdInput->Refresh();
   m_txtInput->Refresh();
   m_lblTUpdate->setText(ToQt(entry.TestCaption()));
-  // The only letter that "Done with Test 1" and "Review" share and that is still free.
+  // The only free letter that "Done with Test 1" and "Review" share.
   QString done = ToQt(entry.DoneCaption());
   m_cmdDone->setText(done.insert(done.indexOf(u'w'), u'&'));
   m_framinbump->setVisible(entry.KeepsMinutes());
@@ -141,7 +141,7 @@ void EntryPanel::FollowTimer() {
   if (m_waitingTicks > 0) QMetaObject::invokeMethod(this, &EntryPanel::ActOnTicks, Qt::QueuedConnection);
 }
 
-// Behind a message box a command waits for its answer. Once it has ended, Refresh comes back to the ticks.
+// Ticks behind a message box wait until its command has ended; then Refresh acts on them.
 void EntryPanel::ActOnTicks() {
   if (QApplication::activeModalWidget() != nullptr || m_waitingTicks == 0) return;
   Act([this] {
@@ -155,7 +155,7 @@ void EntryPanel::hideEvent(QHideEvent* event) {
   FollowTimer();
 }
 
-// Of the keys that a button has no use for, digits are meant for the box; Escape only goes back there.
+// Keys that a button ignores: digits go to the box, and Escape returns the focus to it.
 void EntryPanel::keyPressEvent(QKeyEvent* event) {
   const bool isDigit = event->key() >= Qt::Key_0 && event->key() <= Qt::Key_9;
   if (!isDigit && event->key() != Qt::Key_Escape) return Panel::keyPressEvent(event);
@@ -163,7 +163,7 @@ void EntryPanel::keyPressEvent(QKeyEvent* event) {
   if (isDigit) QCoreApplication::sendEvent(m_txtInput, event);
 }
 
-// The column of buttons is as wide as its texts need, once they are laid out.
+// Fits the column of buttons to its texts after the layout.
 void EntryPanel::FitSide() {
   m_side->widget()->layout()->activate();
   m_side->setFixedWidth(m_side->widget()->minimumSizeHint().width() + m_side->verticalScrollBar()->sizeHint().width());

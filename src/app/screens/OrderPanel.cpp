@@ -66,7 +66,7 @@ void OrderPanel::ShowState() {
   m_cmdGoCombine->setVisible(!isSerial);
 }
 
-// Of the keys that a button has no use for, digits are meant for the box.
+// Of the keys that a button ignores, digits go to the box.
 void OrderPanel::keyPressEvent(QKeyEvent* event) {
   const bool isDigit = event->key() >= Qt::Key_0 && event->key() <= Qt::Key_9;
   if (!isDigit || m_txtOrder->hasFocus()) return Panel::keyPressEvent(event);

@@ -22,7 +22,7 @@ WizardPanel::WizardPanel(Session& session)
 
 void WizardPanel::AddPages() {
   for (WizardPage* page : MakeWizardPages(m_session.Wizard())) {
-    page->Rows()->addStretch();  // what room there is below the rows stays empty, unless one of them stretches
+    page->Rows()->addStretch();  // the room below the rows stays empty unless a row stretches
     QScrollArea* area = MakeScrolling(page);
     area->setObjectName(QStringLiteral("scr") + page->objectName());
     // A page shows the frame's own background.
