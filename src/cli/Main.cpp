@@ -64,7 +64,8 @@ class MasterCommand {
  private:
   [[nodiscard]] bool Told(const MasterRunResult& result) const {
     std::ostream& out = m_arguments.Means ? std::cerr : std::cout;  // a table stands alone on standard output
-    for (const std::filesystem::path& path : result.Written) out << (IsStandardOutputTerminal() ? Printable(PathText(path)) : PathText(path)) << '\n';
+    for (const std::filesystem::path& path : result.Written)
+      out << (IsStandardOutputTerminal() ? Printable(PathText(path)) : PathText(path)) << '\n';
     return result.Completed;
   }
 
@@ -168,7 +169,8 @@ class MasterCommand {
     // Nobody looks at the order before it is used: a misspelt identifier must not pass unseen.
     const std::set<std::string_view> known(lines.SubjectIds.begin(), lines.SubjectIds.end());
     for (const std::string& id : subjectIds) {
-      if (!known.contains(id)) std::cerr << "Subject " << Printable(id) << " is not in '" << Printable(path) << "' and comes last.\n";
+      if (!known.contains(id))
+        std::cerr << "Subject " << Printable(id) << " is not in '" << Printable(path) << "' and comes last.\n";
     }
     return true;
   }

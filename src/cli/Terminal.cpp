@@ -81,7 +81,8 @@ std::string Printable(std::string_view text, Lines lines) {
   std::string printable;
   for (std::size_t i = 0; i < text.size(); ++i) {
     const auto byte = static_cast<unsigned char>(text[i]);
-    const bool isSecond = text[i] == kSecondSet && i + 1 < text.size() && static_cast<unsigned char>(text[i + 1]) < 0xA0;
+    const bool isSecond =
+        text[i] == kSecondSet && i + 1 < text.size() && static_cast<unsigned char>(text[i + 1]) < 0xA0;
     const bool isControl = byte < 0x20 || byte == 0x7F || isSecond;
     if (!isControl || (text[i] == '\n' && lines == Lines::Several)) {
       printable += text[i];

@@ -23,9 +23,7 @@ bool IsFileNamePart(std::string_view name) noexcept {
   });
 }
 
-bool IsWholeFileName(std::string_view name) {
-  return IsFileNamePart(name) && IsVisible(name) && !IsDeviceName(name);
-}
+bool IsWholeFileName(std::string_view name) { return IsFileNamePart(name) && IsVisible(name) && !IsDeviceName(name); }
 
 bool HasValidComponents(std::string_view path) {
   const auto components = PathComponents(path);

@@ -90,7 +90,8 @@ std::optional<ChosenProject> SubjectFlow::Restore(const std::string& paramDir) {
     return reason.empty();
   };
   m_keepsAutosave = true;
-  if (!WithRetry(m_platform.Boxes, readProject) || !MayOpenProject(chosen.Parameters, m_platform.Boxes) || !mayEnter() ||
+  if (!WithRetry(m_platform.Boxes, readProject) || !MayOpenProject(chosen.Parameters, m_platform.Boxes) ||
+      !mayEnter() ||
       !WithRetry(m_platform.Boxes, [&] { ReadAutosaveFile(disk, paramDir, chosen.Parameters, m_record); })) {
     return std::nullopt;
   }

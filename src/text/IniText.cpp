@@ -25,8 +25,8 @@ constexpr std::array<std::pair<char, char>, 5> kEscapes = {
 std::string EscapedName(std::string_view name) {
   std::string escaped;
   for (const char c : name) {
-    const bool isPlain = (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') || c == '_' ||
-                         c == '-' || c == '.';
+    const bool isPlain =
+        (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') || c == '_' || c == '-' || c == '.';
     if (isPlain) {
       escaped += c;
     } else {
@@ -53,8 +53,8 @@ std::string EscapedValue(std::string_view value) {
       escaped += c;
     }
   }
-  const bool needsQuotes = value.find_first_of(";,=") != std::string_view::npos || value.starts_with(' ') ||
-                           value.ends_with(' ');
+  const bool needsQuotes =
+      value.find_first_of(";,=") != std::string_view::npos || value.starts_with(' ') || value.ends_with(' ');
   return needsQuotes ? '"' + escaped + '"' : escaped;
 }
 

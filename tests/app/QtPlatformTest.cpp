@@ -71,7 +71,9 @@ TEST(FileSettingsTest, ReadsAndWritesWhatQtDoes) {
   NativeFileLayer layer;
   Disk disk(layer, scratch.Drives());
   FileSettings settings(disk, path);
-  for (const char* text : {"C:\\Param", "D:\\M\xC3\xBCller, R & D; 100%\\\"x\"=1", " blanks ", "\tx\x01" "2"}) {
+  for (const char* text : {"C:\\Param", "D:\\M\xC3\xBCller, R & D; 100%\\\"x\"=1", " blanks ",
+                           "\tx\x01"
+                           "2"}) {
     QSettings(ToQt(path), QSettings::IniFormat).setValue("Startup/ParamPath$", ToQt(text));
     EXPECT_EQ(settings.Get("Startup", "ParamPath$"), text);
     settings.Set("Startup", "Other key", text);

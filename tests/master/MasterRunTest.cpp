@@ -191,8 +191,8 @@ TEST(MasterRun, NeverTakesThePlaceOfAProjectsOwnFile) {
   for (const char* own :
        {"C:\\Data\\Sdata\\AB Sub#1.dat", "c:\\data\\SDATA\\ab sub#1.DAT", "C:\\Data\\Sdata\\..\\Sdata\\AB Sub#1.dat",
         "D:\\Out\\soft.txt", "D:\\Out\\softer.txt", "D:\\Out\\linked\\XY1.dat", "C:\\Data\\Sdata\\xy2.DAT",
-        "D:\\Out\\..\\..\\Out\\linked\\XY1.dat", "D:\\Out\\hard.txt", "D:\\Out\\hard.csv", "AB.prm", "AB Serial Order.dat",
-        "ab combine order.DAT", "C:\\Param\\Temp.txt", "C:\\Param\\temp 1.txt",
+        "D:\\Out\\..\\..\\Out\\linked\\XY1.dat", "D:\\Out\\hard.txt", "D:\\Out\\hard.csv", "AB.prm",
+        "AB Serial Order.dat", "ab combine order.DAT", "C:\\Param\\Temp.txt", "C:\\Param\\temp 1.txt",
         "C:\\Data\\Sdata\\Unfinished\\AB Sub#2.dat", "D:\\Backup\\Sdata\\AB Sub#1.dat"}) {
     lab.Request.Destination = own;
     ScriptedBoxes refused{{std::make_error_code(std::errc::file_exists).message(), BoxAnswer::Cancel,

@@ -73,8 +73,12 @@ class NewProjectWizardTest : public ::testing::Test {
     m_wizard.Next();
     EXPECT_EQ(m_wizard.Page(), part == nullptr ? page : page + 1) << texts.back().second;
     EXPECT_EQ(m_wizard.CursorMoves(), moves + 1);
-    EXPECT_TRUE(part != nullptr || (m_wizard.Cursor() == texts.back().first && m_wizard.Project() == before));
-    EXPECT_THAT(FormatProject(m_wizard.Project(), ""), ::testing::HasSubstr(part == nullptr ? "" : part));
+    if (part != nullptr) {
+      EXPECT_THAT(FormatProject(m_wizard.Project(), ""), ::testing::HasSubstr(part));
+      return;
+    }
+    EXPECT_EQ(m_wizard.Cursor(), texts.back().first);
+    EXPECT_EQ(m_wizard.Project(), before);
   }
   // "Done!" with this prefix.
   void Finish(const std::string& prefix, const Boxes& boxes, bool written = false) {
@@ -92,7 +96,8 @@ TEST_F(NewProjectWizardTest, TitleNamesTheFileAndThePrefixUntilOneIsTyped) {
   const Tree before = m_scratch.Snapshot();
   Leave(1, {{Title, " .prm"}}, {Told("The project must have a title.  Please re-enter.", BoxIcon::Information)});
   for (const std::string& bad : {std::string("a*b"), std::string(300, 'x'), std::string("nul"), std::string("Com1.x.y"),
-                                 std::string("\u200B\u00A0"), std::string("Aux .prm")}) Leave(1, {{Title, bad}}, {kBadName});
+                                 std::string("\u200B\u00A0"), std::string("Aux .prm")})
+    Leave(1, {{Title, bad}}, {kBadName});
   for (const auto& [prefix, title, file, shown] : std::vector<std::array<const char*, 4>>{
            {"", "  v1.2.3 ", "\"v1.prm\"", "v1"},
            {"Mine", "Say \"a\tb\"", "\"Say ab.prm\"", "Mine"},
@@ -132,7 +137,8 @@ TEST_F(NewProjectWizardTest, DirectoriesAreMadeOrRefused) {
   Leave(2, {{Primary, " (NONE)"}}, {Told("You must have a primary path.")});
   Leave(2, {{Primary, "Data"}}, {Told("Invalid format. Please redo.")});
   Leave(2, {{Primary, "X:\\Data\\"}}, {notReady});
-  for (const char* bad : {"C:\\File", "C:\\a*b", "C:\\Data\\con"}) Leave(2, {{Primary, bad}}, {Told("Invalid Primary directory name.")});
+  for (const char* bad : {"C:\\File", "C:\\a*b", "C:\\Data\\con"})
+    Leave(2, {{Primary, bad}}, {Told("Invalid Primary directory name.")});
   Leave(2, {{Primary, "C:\\New \\"}}, {AskedToCreate("C:\\New", No)});
   EXPECT_EQ(m_wizard.Text(Primary), "(none)");
   Leave(2, {{Primary, "C:\\Data"}, {Backup, "X:\\"}}, {notReady});
@@ -235,8 +241,9 @@ TEST_F(NewProjectWizardTest, ViewingShowsAProjectAndChangesNothing) {
   std::string shown;
   for (const WizardBox box : boxes) shown += m_wizard.Text(box) + (m_wizard.Asks(box) ? "|" : "!");
   EXPECT_EQ(shown, "Example|C:\\ZOVA\\Sample Data|(none)|99|66|6|7|6|Example|Interval|");
-  EXPECT_TRUE(m_wizard.TestCount() == kMaxTests && m_wizard.Entries().RatedTests[2] &&
-              !m_wizard.Entries().RatedTests[0]);
+  EXPECT_EQ(m_wizard.TestCount(), kMaxTests);
+  EXPECT_TRUE(m_wizard.Entries().RatedTests[2]);
+  EXPECT_FALSE(m_wizard.Entries().RatedTests[0]);
   EXPECT_EQ(m_wizard.Project(), project);
   EXPECT_TRUE(m_wizard.Done(false));
 }

@@ -41,7 +41,8 @@ TEST(ProgramDirectory, GetsOnlyWhatItLacks) {
 }
 
 TEST(ProgramDirectory, IsCompletedByALaterStartAndThenLeftToItsUser) {
-  const std::vector<std::string> subjects = {"C:\\ZOVA\\Sample Data\\Sdata\\1.dat", "C:\\ZOVA\\Sample Data\\Sdata\\2.dat"};
+  const std::vector<std::string> subjects = {"C:\\ZOVA\\Sample Data\\Sdata\\1.dat",
+                                             "C:\\ZOVA\\Sample Data\\Sdata\\2.dat"};
   bool failed = true;
   for (int n = 1; failed; ++n) {
     Scratch scratch;

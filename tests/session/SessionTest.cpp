@@ -19,7 +19,8 @@ const std::string kUnfinished =
 
 const std::string kRestoreQuestion =
     "This procedure will allow you to select a parameter (.prm) file for a project.  The file can be found in the "
-    "'Param' directory.  Backups can also be found in the primary or backup directories of a project.  Once the file is "
+    "'Param' directory.  Backups can also be found in the primary or backup directories of a project.  Once the file "
+    "is "
     "selected, ZOVA will copy all appropriate files and directories from the backup location to the primary location.  "
     "ZOVA will overwrite all existing data (.dat) files in primary directory that are related to the project.  Do you "
     "wish to continue?";
@@ -155,6 +156,31 @@ TEST_F(SessionTest, ABackupOfAnOlderProjectFollowsAMovedParam) {
   Boxes.Expect(Told("The backup directory and files were successfully created.", BoxIcon::Information));
   session.Location().Accept();
   EXPECT_EQ(m_scratch.Get("D:\\Backup\\Old.prm"), m_scratch.Get("D:\\Param\\Old.prm"));
+}
+
+TEST_F(SessionTest, AnAutosaveGoesWhenDeclinedAndIsPutAsideWhenItCannotBeRead) {
+  const char* autosave = "C:\\Param\\Temp.txt";
+  const std::string torn = "\"Example.prm\"\r\n\"7\"\r\n\"Interv";
+  ExpectedBox offer{
+      "The program was interrupted while entering a subject.  Would you like to restore from the autosave?"};
+  offer.Title = "Restore";
+  for (const BoxAnswer answer : {BoxAnswer::No, BoxAnswer::Cancel}) {
+    m_scratch.Put(autosave, torn);
+    offer.Answer = answer, Boxes.Expect(offer);
+    Started();
+    EXPECT_FALSE(m_scratch.Has(autosave));
+  }
+  m_scratch.Put(autosave, torn);
+  offer.Answer = BoxAnswer::Yes, Boxes.Expect(offer);
+  Boxes.Expect({"This is not a valid file format.  Please select a different file."});
+  ProjectParameters project = ExampleProject("C:\\ZOVA");
+  project.VariableCount = 0;
+  OpenExample(project).EnterSubjects();
+  EXPECT_EQ(m_scratch.Get(autosave), torn);
+  m_session->Subjects().Identification().SetSubjectText("8");
+  m_session->Subjects().FinishIdentification();
+  EXPECT_EQ(m_scratch.Get("C:\\Param\\Temp 1.txt"), torn);
+  EXPECT_FALSE(m_scratch.Has(autosave));
 }
 
 TEST_F(SessionTest, ASecondCopyOnOneParamDirectoryEnds) {

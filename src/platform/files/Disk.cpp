@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
 // A file is replaced by writing ".zova-<n>.tmp" beside it, flushing, and renaming over it. The writer keeps it locked
-// until it has its name. One that can be locked is the trace of a save that was killed; the next save into the directory
-// removes it.
+// until it has its name. One that can be locked is the trace of a save that was killed; the next save into the
+// directory removes it.
 
 #include "platform/files/Disk.h"
 

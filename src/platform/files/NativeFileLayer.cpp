@@ -238,7 +238,8 @@ std::unique_ptr<OutputFile> NativeFileLayer::Create(const fs::path& path) {
     Descriptor lock(fcntl(fileno(file.get()), F_DUPFD_CLOEXEC, 0));
     // Another program's sweep may hold the new file for the moment before its lock; then the file is gone with it. A
     // file system without locks has no sweep that could take the file, either.
-    if (lock.Number() < 0 || flock(lock.Number(), LOCK_EX) != 0) return std::make_unique<NativeOutputFile>(file.release());
+    if (lock.Number() < 0 || flock(lock.Number(), LOCK_EX) != 0)
+      return std::make_unique<NativeOutputFile>(file.release());
     struct stat status = {};
     if (fstat(lock.Number(), &status) != 0) ThrowErrno();
     if (status.st_nlink > 0) return std::make_unique<NativeOutputFile>(file.release(), std::move(lock));
