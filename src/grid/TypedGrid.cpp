@@ -22,7 +22,7 @@ void TypedGrid::Open(int lines, std::vector<GridColumn> columns) {
   m_columns = std::move(columns);
   m_history.Clear();
   m_text.clear();
-  ++m_openings;
+  ++m_openingRevision;
   ++m_revision;
   ShowPage(1);
 }
@@ -77,7 +77,7 @@ void TypedGrid::Move(int lines, int columns) {
 
 void TypedGrid::Step(int direction) {
   const GridCell start = m_cursor;
-  if (!TakeStandingText()) return;
+  if (!EnterPendingText()) return;
   GridCell cell = start;
   do {
     cell.Column += direction;
@@ -94,18 +94,27 @@ void TypedGrid::Step(int direction) {
 }
 
 bool TypedGrid::Enter() {
-  const GridBlock block = m_selection;
-  if (block.FirstColumn != block.LastColumn) {
+  if (m_selection.FirstColumn != m_selection.LastColumn) {
     m_desktop.Beep();
     return false;
   }
+  return m_text.empty() || EnterText({});
+}
+
+bool TypedGrid::EnterTextBeforeLeaving() {
   if (m_text.empty()) return true;
+  if (m_selection.FirstColumn != m_selection.LastColumn) PlaceCursor(m_cursor);
+  return EnterText("'" + m_text + "' in the entry box was not taken.  Please type it again, or go on without it.");
+}
+
+bool TypedGrid::EnterText(const std::string& refusalDetails) {
+  const GridBlock block = m_selection;
   const std::string text = std::exchange(m_text, {});
   ++m_revision;
   std::vector<CellEdit> edits;
   for (GridCell cell{block.FirstLine, block.FirstColumn}; cell.Line <= std::min(block.LastLine, m_lines); ++cell.Line) {
     CellInput input = m_rules.Typed(cell, text);
-    if (!input.Refusal.empty()) return Refuse(input.Refusal);
+    if (!input.Refusal.empty()) return Refuse(input.Refusal, refusalDetails);
     edits.push_back({cell, std::move(input.Text)});
   }
   Apply(std::move(edits));
@@ -147,7 +156,7 @@ void TypedGrid::Paste(std::string_view text) {
   const GridCell start{m_selection.FirstLine, m_selection.FirstColumn};
   std::vector<CellEdit> edits;
   for (int line = start.Line; !text.empty(); ++line) {
-    LineCells cells(TakeLine(text), separator);
+    LineCells cells(NextLine(text), separator);
     for (GridCell cell{line, start.Column}; const auto content = cells.Next(); ++cell.Column) {
       CellInput input = m_rules.Pasted(cell, *content);
       if (!input.Refusal.empty()) {

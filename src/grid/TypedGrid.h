@@ -109,9 +109,9 @@ class TypedGrid {
   [[nodiscard]] bool IsUsed(int column) const { return m_rules.IsUsed(column); }
   [[nodiscard]] GridCell Cursor() const noexcept { return m_cursor; }
   [[nodiscard]] const GridBlock& Selection() const noexcept { return m_selection; }
-  ChangedLines TakeChangedLines() noexcept { return std::exchange(m_changed, {}); }
+  ChangedLines FetchChangedLines() noexcept { return std::exchange(m_changed, {}); }
   /// Grows whenever the grid is opened.
-  [[nodiscard]] int Openings() const noexcept { return m_openings; }
+  [[nodiscard]] int OpeningRevision() const noexcept { return m_openingRevision; }
   /// Grows whenever a cell may have changed, or what the box would put where.
   [[nodiscard]] int Revision() const noexcept { return m_revision; }
 
@@ -124,7 +124,10 @@ class TypedGrid {
   /// the text was refused, or has no one column to go to.
   bool Enter();
   /// Takes a text that was typed but not entered, as Enter would. False when it was refused.
-  bool TakeStandingText() { return m_text.empty() || Enter(); }
+  bool EnterPendingText() { return m_text.empty() || Enter(); }
+  /// The same for a command that leaves the page: of several columns the text goes to the cursor's cell. A refusal says
+  /// what it was that stood in the box.
+  bool EnterTextBeforeLeaving();
   void PlaceCursor(GridCell cell);
   /// The arrow keys; with text in the box they do nothing.
   void Move(int lines, int columns);
@@ -135,7 +138,7 @@ class TypedGrid {
   void SelectTo(GridCell cell);
   /// Takes what stands in the box first, which belongs to the cell that is left.
   void Click(GridCell cell) {
-    if (TakeStandingText()) PlaceCursor(cell);
+    if (EnterPendingText()) PlaceCursor(cell);
   }
   /// False when the Delete key is not the grid's.
   bool DeleteKey();
@@ -155,6 +158,7 @@ class TypedGrid {
   bool Refuse(const std::string& message, const std::string& details = {});
 
  private:
+  bool EnterText(const std::string& refusalDetails);
   void Show(const std::vector<CellChange>& changes, std::string CellChange::*side);
   void MarkChanged(int firstLine, int lastLine) noexcept;
   void MarkChanged(const std::vector<CellChange>& changes) noexcept;
@@ -171,7 +175,7 @@ class TypedGrid {
   std::string m_text;
   UndoStack<std::vector<CellChange>> m_history;
   ChangedLines m_changed;
-  int m_openings = 0;
+  int m_openingRevision = 0;
   int m_revision = 0;
 };
 

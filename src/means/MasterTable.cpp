@@ -94,7 +94,7 @@ bool IsMasterHeader(std::string_view line) {
   return false;
 }
 
-bool TakeMasterHeader(std::string_view line, const ProjectParameters* project, MasterTable& table) {
+bool ParseMasterHeader(std::string_view line, const ProjectParameters* project, MasterTable& table) {
   table = {};
   if (!IsMasterHeader(line)) return false;
   if (const auto measures = project != nullptr ? BehindVariables(line, *project) : std::nullopt) {
@@ -136,12 +136,12 @@ std::optional<MasterTable> ParseMaster(std::string_view text, std::string_view h
   text = WithoutMarks(text);
   MasterTable table;
   std::string_view rows = text;
-  if (!TakeMasterHeader(TakeLine(rows), project, table)) {
-    if (!TakeMasterHeader(header, project, table)) return std::nullopt;
+  if (!ParseMasterHeader(NextLine(rows), project, table)) {
+    if (!ParseMasterHeader(header, project, table)) return std::nullopt;
     rows = text;
   }
   Reserve(rows, table);
-  while (!rows.empty()) AddMasterRow(TakeLine(rows), table);
+  while (!rows.empty()) AddMasterRow(NextLine(rows), table);
   table.RepeatedSubjects = CountRepeated(table);
   return table;
 }

@@ -41,7 +41,7 @@ bool IsMasterHeader(std::string_view line);
 /// Empties `table` and gives it the columns of a header line: identifier, variables, measures. Where the variables are
 /// those of `project` (null where none is known), they are taken as they are, whatever commas their names hold; else
 /// they end where the first name of a measure stands. False for a line that is none.
-bool TakeMasterHeader(std::string_view line, const ProjectParameters* project, MasterTable& table);
+bool ParseMasterHeader(std::string_view line, const ProjectParameters* project, MasterTable& table);
 
 /// Adds one row (a line without its end). A line with another number of fields, or whose measures are no numbers, is
 /// counted as skipped; an empty one is passed over.

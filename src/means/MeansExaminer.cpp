@@ -6,11 +6,11 @@
 #include <numeric>
 #include <set>
 #include <utility>
-#include "platform/desktop/FileErrorBoxes.h"
 
 #include "master/columns/ColumnName.h"
 #include "means/MasterOfProject.h"
 #include "means/UncomputedValues.h"
+#include "platform/desktop/FileErrorBoxes.h"
 #include "project/ProtectedFiles.h"
 #include "text/Encoding.h"
 
@@ -55,7 +55,7 @@ void MeansExaminer::Open(const ProjectParameters& project, const std::string& he
   m_missing = "The master of this project could not be read.";
   std::string bytes;
   if (!Read(path, bytes)) return;
-  const auto fault = Take(bytes, m_header);
+  const auto fault = ParseTable(bytes, m_header);
   if (!fault) return Show(path);
   m_missing = "'" + path + "' could not be read.  " + *fault + "  Create the master anew" +
               (*fault == kNoHeader ? ", with this destination if its header went to another one." : ".");
@@ -70,7 +70,7 @@ void MeansExaminer::Close() {
   m_serial.reset();
   m_measureNames.clear();
   m_request = {};
-  ++m_layouts;
+  ++m_layoutRevision;
   Compute();
 }
 
@@ -85,7 +85,7 @@ void MeansExaminer::ChooseMaster() {
   bool isOwnFile = false;
   const auto compare = [&] { isOwnFile = m_platform.Files.IsSame(*path, DefaultMasterPath(*m_project)); };
   if (!WithRetry(m_platform.Boxes, compare)) return;
-  const auto fault = Take(bytes, isOwnFile ? m_header : "");
+  const auto fault = ParseTable(bytes, isOwnFile ? m_header : "");
   if (!fault) return Show(*path);
   Warn(m_platform.Boxes, "'" + std::string(LastPathComponent(*path)) + "' is no master.", *fault);
 }
@@ -96,7 +96,7 @@ bool MeansExaminer::Read(const std::string& path, std::string& bytes) {
 }
 
 // What was shown stays when the text is no master.
-std::optional<std::string> MeansExaminer::Take(const std::string& bytes, std::string_view header) {
+std::optional<std::string> MeansExaminer::ParseTable(const std::string& bytes, std::string_view header) {
   const BusyPointer busy(m_platform.Pointer);
   if (!LooksLikeDataText(bytes)) return kNoText;
   const DataText text(bytes);
@@ -122,7 +122,7 @@ void MeansExaminer::Show(const std::string& path) {
   if (!m_measureNames.empty()) m_request.Measures = {0};
   m_unchecked = 0;
   m_isOwn = !m_serial && IsMasterOfProject(m_table, path, *m_project, m_platform.Files);
-  ++m_layouts;
+  ++m_layoutRevision;
   Compute();
   if (!m_isOwn || m_table.RowCount() == 0) return;
   m_isReading = true;
@@ -173,7 +173,7 @@ void MeansExaminer::SetLeavesOut(bool leavesOut) {
 }
 
 void MeansExaminer::Compute() {
-  ++m_results;
+  ++m_resultRevision;
   m_uncomputed = 0;
   m_means = {};
   m_picture = {};

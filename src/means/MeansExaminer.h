@@ -50,8 +50,8 @@ class MeansExaminer {
 
   [[nodiscard]] std::string FileLine() const;  ///< which master is shown, or why none is
   [[nodiscard]] std::string NoteLine() const;  ///< what the numbers below must be read with
-  /// The texts of the lists; they change only when `Layouts` has grown.
-  [[nodiscard]] int Layouts() const noexcept { return m_layouts; }
+  /// The texts of the lists; they change only when `LayoutRevision` has grown.
+  [[nodiscard]] int LayoutRevision() const noexcept { return m_layoutRevision; }
   [[nodiscard]] const std::vector<std::string>& Measures() const noexcept { return m_measureNames; }
   [[nodiscard]] const std::vector<std::string>& Variables() const noexcept { return m_table.Variables; }
   [[nodiscard]] const std::vector<std::size_t>& ChosenMeasures() const noexcept { return m_request.Measures; }
@@ -59,8 +59,8 @@ class MeansExaminer {
   [[nodiscard]] bool LeavesOut() const noexcept { return m_request.LeavesOutUncomputed; }
   [[nodiscard]] bool CanLeaveOut() const noexcept { return m_uncomputed > 0; }
 
-  /// The table and the picture, which change only when `Results` has grown.
-  [[nodiscard]] int Results() const noexcept { return m_results; }
+  /// The table and the picture, which change only when `ResultRevision` has grown.
+  [[nodiscard]] int ResultRevision() const noexcept { return m_resultRevision; }
   [[nodiscard]] int RowCount() const noexcept {
     return static_cast<int>(m_means.Measures.size() * m_means.Cells.size());
   }
@@ -77,7 +77,7 @@ class MeansExaminer {
  private:
   bool Read(const std::string& path, std::string& bytes);
   /// Nothing, or why the text is no master.
-  std::optional<std::string> Take(const std::string& bytes, std::string_view header);
+  std::optional<std::string> ParseTable(const std::string& bytes, std::string_view header);
   void Show(const std::string& path);
   void Compute();
   [[nodiscard]] MeansLines Lines() const;
@@ -101,8 +101,8 @@ class MeansExaminer {
   MeansTable m_means;
   std::size_t m_uncomputed = 0;  // values of the chosen measures
   PlotPicture m_picture;
-  int m_layouts = 0;
-  int m_results = 0;
+  int m_layoutRevision = 0;
+  int m_resultRevision = 0;
 };
 
 }  // namespace zova

@@ -226,7 +226,7 @@ class FamilyAxis {
 
 // What the family is made of where its axis lies within tests: its only test, or the only minute or lure, which then
 // goes along the tests. "" where there are several of both, or where the axis goes over all tests anyway.
-std::string TakeCommonPlace(std::vector<Drawn>& family) {
+std::string ExtractCommonPlace(std::vector<Drawn>& family) {
   const auto [axis, place] = std::pair(family.front().Axis, family.front().Place);
   if (!TraitsOf(axis).LiesWithinTests) return {};
   if (HaveSame(family, &ColumnPlace::Test)) return TestText(place);
@@ -258,7 +258,7 @@ void AddSeries(const MeansTable& means, const MeansCell& cell, const std::vector
 // Several measures of one family, along what they differ in; `empty` counts the lines without values.
 PlotPicture AlongAxis(const MeansTable& means, std::vector<Drawn> family, std::size_t& empty) {
   PlotPicture picture;
-  picture.YLabel = YLabelOf(family.front(), TakeCommonPlace(family));
+  picture.YLabel = YLabelOf(family.front(), ExtractCommonPlace(family));
   std::sort(family.begin(), family.end(), [](const Drawn& a, const Drawn& b) { return RankOf(a) < RankOf(b); });
   const FamilyAxis axis(family);
   picture.XLabel = TraitsOf(family.front().Axis).Label;

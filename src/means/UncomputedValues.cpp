@@ -60,9 +60,9 @@ ColumnFinder FindColumns(const ProjectParameters& project, const MeasureSelectio
 }
 
 // Takes the columns of a walk into a table, by their names as they are.
-class ColumnTaker final : public ColumnSink {
+class ColumnCollector final : public ColumnSink {
  public:
-  explicit ColumnTaker(std::vector<std::string>& measures) : m_measures(measures) {}
+  explicit ColumnCollector(std::vector<std::string>& measures) : m_measures(measures) {}
   void Count(const MasterColumn& column, std::int16_t) override { AppendColumnName(m_measures.emplace_back(), column); }
   void Share(const MasterColumn& column, const Ratio&) override {
     Shares.push_back(m_measures.size());
@@ -119,7 +119,7 @@ class Rescoring {
       return true;
     } catch (const FileError&) {
       return false;
-    } catch (const RunError&) {
+    } catch (const ScoringError&) {
       return false;
     }
   }
@@ -183,12 +183,12 @@ ScoredTable::ScoredTable(const ProjectParameters& project, const MeasureSelectio
   m_table.Variables.assign(names, names + project.VariableCount);
   ScoringArrays empty;
   ResetScores(empty, project);
-  ColumnTaker taker(m_table.Measures);
-  WalkMeasureColumns(project, selection, MasterKind::Individual, empty, taker);
-  m_shares = std::move(taker.Shares);
+  ColumnCollector collector(m_table.Measures);
+  WalkMeasureColumns(project, selection, MasterKind::Individual, empty, collector);
+  m_shares = std::move(collector.Shares);
 }
 
-bool ScoredTable::Take(const ScoredSubject& subject) {
+bool ScoredTable::Add(const ScoredSubject& subject) {
   const std::size_t row = m_table.RowCount();
   const std::string_view fields = std::string_view(subject.MasterRow).substr(subject.SubjectId.size());
   AddMasterRowOf(subject.SubjectId, fields.substr(std::min<std::size_t>(fields.size(), 1)), m_table);

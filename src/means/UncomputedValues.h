@@ -20,7 +20,7 @@ int MarkUncomputed(MasterTable& table, const ProjectParameters& project, Disk& d
 class ScoredTable final : public ScoredSubjectSink {
  public:
   ScoredTable(const ProjectParameters& project, const MeasureSelection& selection);
-  bool Take(const ScoredSubject& subject) override;
+  bool Add(const ScoredSubject& subject) override;
   [[nodiscard]] const MasterTable& Table() const noexcept { return m_table; }
 
  private:

@@ -9,8 +9,8 @@
 #include <set>
 #include <utility>
 #include <vector>
-#include "platform/desktop/FileErrorBoxes.h"
 
+#include "platform/desktop/FileErrorBoxes.h"
 #include "platform/files/FileCopier.h"
 #include "project/DirectoryRules.h"
 #include "project/ProjectFile.h"
@@ -141,7 +141,7 @@ LocationOutcome ParamLocation::Move(const std::string& from, const std::string& 
   };
   if (!CopyFiles(from, to, load) || !WithRetry(m_platform.Boxes, registerIt)) {
     m_param.Unlock();  // before the directory can go
-    TakeBack(to, load);
+    RollBack(to, load);
     return m_param.Lock(from) ? LocationOutcome{} : SayInUse(Step::EndProgram);
   }
   if (DeleteOld(from, load)) return CloseWith(kMoved);
@@ -171,7 +171,7 @@ bool ParamLocation::CopyFiles(const std::string& from, const std::string& to, co
 }
 
 // All names, since also a copy that failed may have come as far as the file.
-void ParamLocation::TakeBack(const std::string& to, const Load& load) {
+void ParamLocation::RollBack(const std::string& to, const Load& load) {
   for (const std::string& name : load.Names) {
     if (load.TargetNames.count(UpperCase(name)) == 0) Succeeds([&] { m_platform.Files.Delete(JoinPath(to, name)); });
   }

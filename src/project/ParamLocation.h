@@ -49,7 +49,7 @@ class ParamLocation {
   LocationOutcome Move(const std::string& from, const std::string& to);
   bool MayReplace(const Load& load);
   bool CopyFiles(const std::string& from, const std::string& to, const Load& load);
-  void TakeBack(const std::string& to, const Load& load);
+  void RollBack(const std::string& to, const Load& load);
   bool DeleteOld(const std::string& from, const Load& load);
 
   ParamDirectory& m_param;

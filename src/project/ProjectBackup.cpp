@@ -10,8 +10,8 @@
 #include <algorithm>
 #include <utility>
 #include <vector>
-#include "platform/desktop/FileErrorBoxes.h"
 
+#include "platform/desktop/FileErrorBoxes.h"
 #include "platform/files/FileCopier.h"
 #include "project/DirectoryRules.h"
 #include "project/ProjectFile.h"
@@ -69,8 +69,8 @@ std::optional<MessageBox> RefreshBackup(const ProjectParameters& project, const 
 }
 
 // The directory typed, once it exists; nothing when it cannot be the destination, after telling the user why.
-std::optional<std::string> TakeDestination(const ProjectParameters& project, const std::string& text,
-                                           const Platform& platform) {
+std::optional<std::string> CheckDestination(const ProjectParameters& project, const std::string& text,
+                                            const Platform& platform) {
   const std::string directory = DirectoryFromText(text, platform.Files.Drives());
   if (!HasDrive(directory)) {
     Warn(platform.Boxes, kNoDrivePath);
@@ -190,7 +190,7 @@ BackupOutcome BeginBackup(const ProjectParameters& project, const std::string& p
 
 std::optional<MessageBox> BackUpTo(ProjectParameters& project, const std::string& text, const SavedProject& saved,
                                    const Platform& platform) {
-  const auto destination = TakeDestination(project, text, platform);
+  const auto destination = CheckDestination(project, text, platform);
   if (!destination) return std::nullopt;
   const BusyPointer busy(platform.Pointer);
   const auto outcome = PrepareBackup(*destination, platform);

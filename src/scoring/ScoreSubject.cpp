@@ -13,8 +13,8 @@ template <typename Score, typename Reset>
 void RunFamily(bool isShown, Score&& score, Reset&& reset) {
   try {
     score();
-  } catch (const RunError& error) {
-    if (isShown || error.Fault() != RunFault::Overflow) throw;
+  } catch (const ScoringError& error) {
+    if (isShown || error.Fault() != ScoringFault::Overflow) throw;
     reset();
   }
 }
@@ -56,10 +56,10 @@ void IndexByItem(const RecallLists& lists, const ProjectParameters& project, Ite
     for (int position = 1; position <= lists.RecallCount(test); ++position) {
       const Recall& recall = lists.At(test, position);
       if (recall.Item < 0 || recall.Item > project.ItemCount) {
-        throw RunError(RunFault::SubscriptOutOfRange, "item " + std::to_string(recall.Item) + " at position " +
-                                                          std::to_string(position) + " of test " +
-                                                          std::to_string(test) + " is outside 1 to " +
-                                                          std::to_string(project.ItemCount));
+        throw ScoringError(ScoringFault::SubscriptOutOfRange, "item " + std::to_string(recall.Item) + " at position " +
+                                                                  std::to_string(position) + " of test " +
+                                                                  std::to_string(test) + " is outside 1 to " +
+                                                                  std::to_string(project.ItemCount));
       }
       if (recall.Item > 0) items.At(recall.Item, test) = recall;  // a blank inside a list marks nothing
     }

@@ -4,8 +4,8 @@
 #include <array>
 
 #include "project/ProjectParameters.h"
-#include "scoring/RunError.h"
 #include "scoring/ScoringArrays.h"
+#include "scoring/ScoringError.h"
 #include "subjects/RecallLists.h"
 
 namespace zova {
@@ -25,7 +25,7 @@ class FamilySet {
 
 /// Computes every family of measures, in their fixed order, of the lists of one subject (or group), into `scores`,
 /// which is reset first. Every family runs whatever is `shown`; but where nothing of a family is, an overflow in it
-/// only leaves its values 0. Throws RunError for an item or minute outside the project's range and for overflows.
+/// only leaves its values 0. Throws ScoringError for an item or minute outside the project's range and for overflows.
 void ScoreSubject(const RecallLists& lists, const ProjectParameters& project, const FamilySet& shown,
                   ScoringArrays& scores);
 
@@ -51,7 +51,7 @@ inline int CategoryOf(int item, const ProjectParameters& project) noexcept {
 /// Parts the lists in true items and lures. Blanks stay with the true items.
 void StripLures(const RecallLists& lists, const ProjectParameters& project, RecallLists& trueLists,
                 RecallLists& lureLists);
-/// Turns the lists into a table by item. Throws RunError for an item beyond the study list.
+/// Turns the lists into a table by item. Throws ScoringError for an item beyond the study list.
 void IndexByItem(const RecallLists& lists, const ProjectParameters& project, ItemTable& items);
 
 /// Gains and losses between neighbouring tests, their minutes and ratings, rating changes.

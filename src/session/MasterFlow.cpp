@@ -7,9 +7,9 @@
 #include "session/MasterFlow.h"
 
 #include <utility>
-#include "platform/desktop/FileErrorBoxes.h"
 
 #include "master/run/RunStart.h"
+#include "platform/desktop/FileErrorBoxes.h"
 #include "project/ProjectLayout.h"
 
 namespace zova {
@@ -172,8 +172,8 @@ std::string MasterFlow::GroupsPreview() {
 }
 
 const std::string& MasterFlow::OrderPreview() {
-  if (m_stage != Stage::OrderOfGroups || m_previewedChange == m_order.Cells().Revision()) return m_orderPreview;
-  m_previewedChange = m_order.Cells().Revision();
+  if (m_stage != Stage::OrderOfGroups || m_previewedRevision == m_order.Cells().Revision()) return m_orderPreview;
+  m_previewedRevision = m_order.Cells().Revision();
   const GroupOrder order = m_order.PendingOrder();
   m_orderPreview =
       GroupOrderFault(m_subjects.SubjectIds, order)

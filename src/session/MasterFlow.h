@@ -84,7 +84,7 @@ class MasterFlow {
   int m_wantedVariable = 0;
   std::optional<GroupOrder> m_savedGroupOrder;
   std::string m_orderPreview;  // of the order at that change
-  int m_previewedChange = 0;
+  int m_previewedRevision = 0;
   MasterNotices m_notices;
   std::string m_lastMaster;
   std::string m_lastHeader;

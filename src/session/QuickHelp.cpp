@@ -136,6 +136,7 @@ constexpr auto kSentences = std::to_array<Sentence>({
     {"lblItemmax",
      "How many items the study list has, from 1 to 999; critical non-presented items, once added, are counted too."},
     {"lblLastMaster", "Where the master that was made last lies."},
+    {"lblLimitNote", "Complete an unfinished subject first if you want to put this one aside."},
     {"lblLuresIncluded", "The number of items includes one critical non-presented item for each category."},
     {"lblMasterProgress", "How much of the master has been written."},
     {"lblMasterRows", "Another destination gets the header only; each subject's row goes to the primary directory."},

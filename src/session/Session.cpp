@@ -3,8 +3,8 @@
 #include "session/Session.h"
 
 #include <utility>
-#include "platform/desktop/FileErrorBoxes.h"
 
+#include "platform/desktop/FileErrorBoxes.h"
 #include "project/DirectoryRules.h"
 #include "project/ProjectOpening.h"
 #include "session/ProgramDirectory.h"
@@ -107,7 +107,7 @@ void Session::Show(Screen screen) {
   if (m_observer) m_observer();
 }
 
-void Session::TakeProject(ProjectParameters project, std::string file) {
+void Session::SetProject(ProjectParameters project, std::string file) {
   m_masters.ForgetHeader();
   m_project = std::move(project);
   m_saved = {std::move(file), m_project->BackupDir};
@@ -146,7 +146,7 @@ void Session::OpenExistingProject() {
     CloseProject();
     return;
   }
-  TakeProject(std::move(chosen->Parameters), std::move(chosen->Path));
+  SetProject(std::move(chosen->Parameters), std::move(chosen->Path));
   Show(Screen::Main);
   if (!m_hasUnfinished) return;
   if (Confirm(m_platform.Boxes,
@@ -199,7 +199,7 @@ void Session::FollowSubjects() {
 void Session::OfferRestore() {
   auto restored = m_subjects.OfferRestore(m_param.Path());
   if (!restored) return;
-  TakeProject(std::move(restored->Parameters), std::move(restored->Path));
+  SetProject(std::move(restored->Parameters), std::move(restored->Path));
   m_subjects.EnterRestored(*m_project, m_param.Path());
 }
 
@@ -234,7 +234,7 @@ void Session::FinishWizard() {
   if (!m_wizard.Done(m_restoring)) return;
   if (!viewing) {
     const ProjectParameters& project = m_wizard.Project();
-    TakeProject(project, ParameterFilePath(m_param.Path(), project));
+    SetProject(project, ParameterFilePath(m_param.Path(), project));
   }
   Show(Screen::Main);
   if (viewing) return;

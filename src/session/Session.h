@@ -99,7 +99,7 @@ class Session {
   void ReadSetting();
   void StartWithLostParam();
   bool LockParam();
-  void TakeProject(ProjectParameters project, std::string file);
+  void SetProject(ProjectParameters project, std::string file);
   void CloseProject();
   [[nodiscard]] bool HasUnfinishedFiles();
   void LookForUnfinished();

@@ -78,7 +78,7 @@ void Session::RestoreFromBackup() {
   const bool wasBackupCopy = project.FormatMarker == kBackupMarker;
   const std::optional<MessageBox> message = RestoreData(project, *path, m_param.Path(), m_platform);
   std::string file = wasBackupCopy ? ParameterFilePath(m_param.Path(), project) : *path;
-  TakeProject(std::move(project), std::move(file));
+  SetProject(std::move(project), std::move(file));
   Show(Screen::Main);
   if (message) m_platform.Boxes.Show(*message);
 }

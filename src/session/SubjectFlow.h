@@ -49,6 +49,7 @@ class SubjectFlow {
   void Show(Stage stage);
   void OpenEntry(SubjectIdentification::Outcome outcome);
   std::optional<ChosenProject> Restore(const std::string& paramDir);
+  void PutAside(const std::string& paramDir);
 
   Platform m_platform;
   SubjectRecord m_record;
@@ -60,7 +61,7 @@ class SubjectFlow {
   std::string m_paramDir;
   bool m_entersNewSubjects = false;  // after a complete save the next one is asked for
   bool m_restoreOffered = false;
-  bool m_keepsAutosave = false;  // one that could not be restored
+  bool m_keepsAutosave = false;  // one that was neither restored nor put aside
 };
 
 }  // namespace zova

@@ -3,8 +3,8 @@
 #include "subjects/SubjectFiles.h"
 
 #include <algorithm>
-#include "platform/desktop/FileErrorBoxes.h"
 
+#include "platform/desktop/FileErrorBoxes.h"
 #include "project/DirectoryRules.h"
 #include "subjects/SubjectFile.h"
 #include "text/Encoding.h"

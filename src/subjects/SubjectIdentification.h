@@ -19,7 +19,7 @@ class SubjectIdentification {
   SubjectIdentification(SubjectRecord& record, const Platform& platform) : m_record(record), m_platform(platform) {}
 
   /// Step 1 with empty boxes. `project` must outlive the screen.
-  void Open(Purpose purpose, const ProjectParameters& project);
+  void Open(Purpose purpose, const ProjectParameters& project, const std::string& paramDir);
 
   [[nodiscard]] Purpose CurrentPurpose() const noexcept { return m_purpose; }
   [[nodiscard]] std::string Heading() const;      ///< "Subject Information", "Read Old Data" or "Unfinished Business"
@@ -45,33 +45,38 @@ class SubjectIdentification {
   /// "Done!" for a new subject: OpenEntry with an empty record.
   Outcome Finish();
   /// "OK" and "Browse" for an existing one: OpenEntry with the record loaded, or Stay with the record still blank.
+  /// Browse also takes the project's autosave files that were put aside in the Param directory.
   Outcome LoadTyped();
   Outcome Browse();
 
   [[nodiscard]] Box Cursor() const noexcept { return m_step == 1 ? Box::Subject : Box::Level; }
   /// Grows whenever the cursor was placed anew; the box's text is to be selected then.
-  [[nodiscard]] int CursorMoves() const noexcept { return m_cursorMoves; }
+  [[nodiscard]] int CursorRevision() const noexcept { return m_cursorRevision; }
 
  private:
   [[nodiscard]] int Steps() const noexcept { return LooksForExisting() ? 1 : 1 + m_project->VariableCount; }
   bool StoreLevel();  // false when what stands in the box is no level of the variable
-  bool TakeBox();
+  bool AcceptBox();
   Outcome GoTo(int step);
   Outcome StayInBox();
-  Outcome Refuse(const std::string& text);
+  Outcome Refuse(const std::string& text, const std::string& details = {});
   [[nodiscard]] std::string Directory() const;
-  [[nodiscard]] std::string ListedName() const;
+  [[nodiscard]] std::string ListedName(const std::string& directory) const;
+  [[nodiscard]] bool IsUnfinished() const;
+  [[nodiscard]] bool IsAutosave(const std::string& path) const;
   bool MayReplaceComplete(const std::string& subjectId);
   Outcome Load(const std::string& path, const std::string& subjectId, bool& endedEarly);
+  Outcome LoadAutosave(const std::string& path, bool& endedEarly);
 
   SubjectRecord& m_record;
   Platform m_platform;
   const ProjectParameters* m_project = nullptr;
+  std::string m_paramDir;
   Purpose m_purpose = Purpose::OldData;  // one step, before there is a project
   int m_step = 1;
   std::string m_subjectText;
   std::string m_levelText;
-  int m_cursorMoves = 0;
+  int m_cursorRevision = 0;
 };
 
 }  // namespace zova

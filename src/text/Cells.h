@@ -10,7 +10,7 @@
 namespace zova {
 
 /// Takes the next line off `text`. Its end (CR LF, LF, CR, or that of the text) belongs to none.
-std::string_view TakeLine(std::string_view& text) noexcept;
+std::string_view NextLine(std::string_view& text) noexcept;
 
 /// The cells of a line one after the other, without the blanks around them. An empty line has one, like any other.
 class LineCells {

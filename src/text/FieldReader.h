@@ -56,7 +56,7 @@ class FieldReader {
   /// digits each, ended by CR LF. Otherwise false with nothing taken, and NextNumber is the way. Nearly every line of a
   /// lab's files is such a line, and this reads it several times faster.
   template <std::size_t Count>
-  bool TakePlainLine(std::array<std::int16_t, Count>& numbers) noexcept {
+  bool ReadPlainLine(std::array<std::int16_t, Count>& numbers) noexcept {
     constexpr std::size_t kLongest = Count * 5 + 1;
     if (m_text.size() - m_position < kLongest) return false;
     const char* next = m_text.data() + m_position;

@@ -16,7 +16,7 @@ class RecordWriter {
   RecordWriter& EndLine();
 
   [[nodiscard]] const std::string& Content() const noexcept { return m_content; }
-  [[nodiscard]] std::string Take() noexcept { return std::move(m_content); }
+  [[nodiscard]] std::string Release() noexcept { return std::move(m_content); }
   void Reserve(std::size_t size) { m_content.reserve(size); }
 
  private:

@@ -98,9 +98,10 @@ std::string MeasuresToUncheck(const CountSink& counts, int excess) {
 
 void RequireColumnCount(const CountSink& counts, int total) {
   if (total <= kMaxColumnCount) return;
-  throw RunError(RunFault::Overflow, "The master would have " + std::to_string(total) + " columns; it can have " +
-                                         std::to_string(kMaxColumnCount) + ".  Please uncheck " +
-                                         MeasuresToUncheck(counts, total - kMaxColumnCount) + ".");
+  throw ScoringError(ScoringFault::Overflow, "The master would have " + std::to_string(total) +
+                                                 " columns; it can have " + std::to_string(kMaxColumnCount) +
+                                                 ".  Please uncheck " +
+                                                 MeasuresToUncheck(counts, total - kMaxColumnCount) + ".");
 }
 
 }  // namespace

@@ -18,7 +18,7 @@ struct MasterHeaderLine {
   FamilySet Families;  ///< families with at least one column
 };
 
-/// Throws RunError (Overflow) for more than 32,767 columns; its text names the measures to uncheck.
+/// Throws ScoringError (Overflow) for more than 32,767 columns; its text names the measures to uncheck.
 MasterHeaderLine BuildMasterHeader(const ProjectParameters& project, const MeasureSelection& selection,
                                    MasterKind kind);
 

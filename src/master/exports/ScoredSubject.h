@@ -22,7 +22,7 @@ class ScoredSubjectSink {
   virtual ~ScoredSubjectSink() = default;
   /// Called once per subject, in the order of the listing, after the subject's row is written. False ends the run, like
   /// a row that could not be written; the user was told.
-  virtual bool Take(const ScoredSubject& subject) = 0;
+  virtual bool Add(const ScoredSubject& subject) = 0;
 };
 
 }  // namespace zova

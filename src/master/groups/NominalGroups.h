@@ -74,7 +74,7 @@ class GroupRecall {
   explicit GroupRecall(const ProjectParameters& project) : m_project(project) { Reset(); }
 
   void Reset();
-  /// Throws RunError for what could not be scored of a subject either, and then has taken nothing.
+  /// Throws ScoringError for what could not be scored of a subject either, and then has taken nothing.
   void Add(const RecallLists& lists);
   /// Lures are in their places, and there are no blanks inside.
   [[nodiscard]] RecallLists Pooled() const;

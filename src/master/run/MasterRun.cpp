@@ -80,7 +80,7 @@ class IndividualRun {
   }
 
   bool HandOn(const ScoredSubject& subject) {
-    return m_exports.WriteRows(subject) && (m_request.Sink == nullptr || m_request.Sink->Take(subject));
+    return m_exports.WriteRows(subject) && (m_request.Sink == nullptr || m_request.Sink->Add(subject));
   }
 
   void NoteFailures(const std::string& id) {

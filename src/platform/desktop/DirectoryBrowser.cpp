@@ -49,7 +49,7 @@ std::string Joined(char letter, const Components& parts) {
 }
 
 // The names as the disk has them, where a typed path differs in case. Looking up keeps the number of components.
-void TakeSpellingOfDisk(Disk& disk, char letter, Components& parts) {
+void UseDiskSpelling(Disk& disk, char letter, Components& parts) {
   const std::filesystem::path native = disk.Resolve(Joined(letter, parts), FileOperation::List).Native;
   auto inNative = std::prev(native.end(), static_cast<std::ptrdiff_t>(parts.size()));
   for (std::string& part : parts) part = PathText(*inNative++);
@@ -85,7 +85,7 @@ bool DirectoryBrowser::TryOpen(const std::string& path) {
     if (!HasDrive(drivePath)) return false;
     const char letter = UpperLetter(drivePath.front());
     Components parts = ComponentsOf(drivePath);
-    TakeSpellingOfDisk(m_disk, letter, parts);
+    UseDiskSpelling(m_disk, letter, parts);
     const Components children = m_disk.ListDirectories(Joined(letter, parts));
 
     std::vector<Entry> entries = {{RootOf(letter), RootOf(letter), 0}};

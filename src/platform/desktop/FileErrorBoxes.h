@@ -18,7 +18,7 @@ bool ReportFileError(MessageBoxes& boxes, const FileError& error);
 std::string FaultText(const FileError& error);
 
 /// An error that is not the file system's, reported in the same box.
-bool ReportRunError(MessageBoxes& boxes, const std::string& text, const std::string& details);
+bool ShowRetryBox(MessageBoxes& boxes, const std::string& text, const std::string& details);
 
 /// Runs the smallest step that can be repeated until it succeeds. False when the user gave up, or when a file ended
 /// early: reading the same bytes again would end the same way.

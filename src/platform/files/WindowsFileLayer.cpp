@@ -83,8 +83,8 @@ struct SearchCloser {
 using SearchHandle = std::unique_ptr<HANDLE, SearchCloser>;
 
 // What stands in a directory, one call of `take` for each.
-template <typename Take>
-void ForEachEntry(const fs::path& directory, Take&& take) {
+template <typename Visit>
+void ForEachEntry(const fs::path& directory, Visit&& visit) {
   WIN32_FIND_DATAW found = {};
   const HANDLE search = FindFirstFileExW(WindowsName(directory / L"*").c_str(), FindExInfoBasic, &found,
                                          FindExSearchNameMatch, nullptr, FIND_FIRST_EX_LARGE_FETCH);
@@ -95,7 +95,7 @@ void ForEachEntry(const fs::path& directory, Take&& take) {
   const SearchHandle closer(search);
   do {
     const std::wstring_view name = &found.cFileName[0];
-    if (name != L"." && name != L"..") take(fs::path(name), found.dwFileAttributes);
+    if (name != L"." && name != L"..") visit(fs::path(name), found.dwFileAttributes);
   } while (FindNextFileW(search, &found) != 0);
   if (GetLastError() != ERROR_NO_MORE_FILES) ThrowLastError();
 }

@@ -52,7 +52,7 @@ class NewProjectWizard {
 
   // The variable editor. Highlighting and Review work while viewing as well.
   [[nodiscard]] const VariableEditor& Variables() const noexcept { return m_state.Entries.Variables; }
-  void TakeVariableEntry();
+  void EnterVariableText();
   void HighlightVariable();
   void HighlightLevel(int label);
   void DeleteHighlighted();
@@ -73,7 +73,7 @@ class NewProjectWizard {
   /// Where the cursor has to stand after the last action of this kind, its text selected.
   [[nodiscard]] WizardBox Cursor() const noexcept { return m_cursor; }
   /// Grows whenever the cursor was placed anew.
-  [[nodiscard]] int CursorMoves() const noexcept { return m_cursorMoves; }
+  [[nodiscard]] int CursorRevision() const noexcept { return m_cursorRevision; }
 
  private:
   void Reset();
@@ -89,7 +89,7 @@ class NewProjectWizard {
   int m_page = 1;
   bool m_viewing = false;
   WizardBox m_cursor = WizardBox::Title;
-  int m_cursorMoves = 0;
+  int m_cursorRevision = 0;
 };
 
 }  // namespace zova

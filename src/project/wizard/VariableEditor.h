@@ -42,7 +42,7 @@ class VariableEditor {
 
   /// Enter: the box's text names what is highlighted or asked for, then the next free level is asked. Empty text is
   /// not taken.
-  void TakeEntry();
+  void Enter();
   void HighlightVariable();
   /// `label` counts from 1; the one behind the last level is "Add Level".
   void HighlightLevel(int label);
@@ -69,7 +69,7 @@ class VariableEditor {
   [[nodiscard]] int FirstUnnamed() const;  ///< from 1, or 0
   [[nodiscard]] std::string Highlighted() const;
   void NameHighlighted(const std::string& name);
-  void TakeStandingText();
+  void EnterPendingText();
   void Show(int variable, int level);
 
   std::vector<Variable> m_variables{1};  // never empty

@@ -12,11 +12,11 @@ class AutosaveTimer {
   /// Ticks since the last write, 0 to 10.
   [[nodiscard]] int Ticks() const noexcept { return m_ticks; }
   /// Grows with every start, so that a timer that runs knows to begin its interval anew.
-  [[nodiscard]] int Starts() const noexcept { return m_starts; }
+  [[nodiscard]] int StartRevision() const noexcept { return m_startRevision; }
 
   void Start() noexcept {
     m_running = true;
-    ++m_starts;
+    ++m_startRevision;
   }
   /// Stops, and counts from 0 again.
   void Stop() noexcept {
@@ -39,7 +39,7 @@ class AutosaveTimer {
   static constexpr int kLastTick = 10;
   bool m_running = false;
   int m_ticks = 0;
-  int m_starts = 0;
+  int m_startRevision = 0;
 };
 
 }  // namespace zova

@@ -27,6 +27,8 @@ class SubjectEntry {
   [[nodiscard]] std::string TestCaption() const { return "Test " + std::to_string(m_grid.Test()); }
   [[nodiscard]] std::string DoneCaption() const { return IsInReview() ? "Review" : "Done with " + TestCaption(); }
   [[nodiscard]] std::string SubjectCaption() const;  ///< "Project: " title, and under it "Subject: " identifier
+  /// That the project had too many unfinished subjects for one more when the entry was opened; "" when it had not.
+  [[nodiscard]] const std::string& LimitNote() const noexcept { return m_limitNote; }
   [[nodiscard]] bool KeepsMinutes() const noexcept { return m_project->MinutesRecorded == 1; }
 
   /// "Done with Test n" and "Review".
@@ -52,6 +54,8 @@ class SubjectEntry {
 
  private:
   [[nodiscard]] bool IsInReview() const noexcept { return m_inReview && m_grid.Test() == m_project->TestCount; }
+  [[nodiscard]] std::size_t CountUnfinished();
+  void LookForLimit();
   void ShowFinding(const CheckFinding& finding);
   bool ListsPassTheChecks();
   SaveOutcome SaveWithNote(const std::string& note);
@@ -66,6 +70,7 @@ class SubjectEntry {
   AutosaveTimer m_timer;
   const ProjectParameters* m_project = nullptr;
   std::string m_paramDir;
+  std::string m_limitNote;
   bool m_inReview = false;  // the walk has come past the last test, which stays in the grid
   bool m_open = false;
   bool m_autosavePaused = false;  // a fault was told, and not acted on
