@@ -100,9 +100,9 @@ std::optional<ChosenProject> SubjectFlow::Restore(const std::string& paramDir) {
   };
   m_keepsAutosave = true;
   if (!WithRetry(m_platform.Boxes, readProject) || !MayOpenProject(chosen.Parameters, m_platform.Boxes) ||
-      !mayEnter() ||
-      !WithRetry(m_platform.Boxes,
-                 [&] { ReadAutosaveFile(disk, AutosavePath(paramDir), chosen.Parameters, m_record); })) {
+      !mayEnter() || !WithRetry(m_platform.Boxes, [&] {
+        ReadAutosaveFile(disk, AutosavePath(paramDir), chosen.Parameters, m_record);
+      })) {
     return std::nullopt;
   }
   m_keepsAutosave = false;
