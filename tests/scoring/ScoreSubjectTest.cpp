@@ -80,6 +80,7 @@ TEST(Scores, KeepTheUncutValueAndTheReason) {
   EXPECT_EQ(scores.Categories.Tests[1].ArcScore, (Ratio{.285F, (2.0F - expected) / (3.0F - expected), ScoreGap::None}));
   EXPECT_EQ(scores.Categories.Tests[2].ArcScore.Cut, 1.0F) << "perfect clustering";
   EXPECT_EQ(scores.Categories.Tests[3].ArcScore.Gap, ScoreGap::TooFewRecalls);
+  EXPECT_EQ(Scored(project, "1 5").Categories.Tests[1].ArcScore.Gap, ScoreGap::TooFewRecalls) << "two, of two";
   EXPECT_EQ(scores.Categories.Tests[3].ItemsPerCat.Gap, ScoreGap::EmptyList);
   EXPECT_EQ(scores.True.Ratings[2].RatingAvg, (Ratio{4.33F, 13.0F / 3.0F, ScoreGap::None}));
   EXPECT_EQ(scores.True.Ratings[3].RatingAvg.Gap, ScoreGap::NotScored);
