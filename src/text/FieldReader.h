@@ -9,16 +9,16 @@
 
 namespace zova {
 
-/// Why a text could not be read as fields.
+/// Why a text cannot be read as fields.
 enum class FieldFault {
-  EndOfData,      ///< a field was asked for and no character was left
+  EndOfData,      ///< no character is left for another field
   NotNumeric,     ///< a numeric field holds text without a leading number
   OutOfRange16,   ///< a number beyond the 16-bit signed range
-  NegativeCount,  ///< a number below what it may be
-  TooMany         ///< a number above what the tables hold
+  NegativeCount,  ///< a number below its lower limit
+  TooMany         ///< a number above its upper limit
 };
 
-/// A fault in a text, with the 1-based line on which it stands.
+/// A fault in a text and its line, from 1.
 class FieldError : public std::runtime_error {
  public:
   FieldError(FieldFault fault, std::size_t line);
@@ -30,33 +30,33 @@ class FieldError : public std::runtime_error {
   std::size_t m_line;
 };
 
-/// Reads the comma-separated fields of a text as one stream, without allocating: lines do not count, except that
-/// each line end closes a field. The text must outlive the reader, and what it hands out points into it.
+/// Reads the comma-separated fields of a text as one stream, without allocating. A line end only closes a field. The
+/// results are views of the text, which must outlive the reader.
 class FieldReader {
  public:
-  /// `text` as it comes out of `DataText` (no mark, nothing behind the end-of-file byte).
+  /// `text` as `DataText` provides it.
   explicit FieldReader(std::string_view text) noexcept : m_text(text) {}
 
   /// The next field without its quotes. Throws FieldError (EndOfData).
   std::string_view Next();
   void Skip() { (void)Next(); }
 
-  /// The next field's leading number, rounded to an integer (halves to even); no leading number is 0.
-  /// Throws FieldError (EndOfData, OutOfRange16).
+  /// The next field's leading number, rounded to an integer (halves to even); 0 without one. Throws FieldError
+  /// (EndOfData, OutOfRange16).
   std::int16_t NextNumber();
-  /// The same, but only an empty field is 0. Throws FieldError (NotNumeric) for other text without a number.
+  /// Like NextNumber, but throws FieldError (NotNumeric) for a field without a number that is not empty.
   std::int16_t NextStrictNumber();
-  /// The same for a count from `least` to `limit`. Throws FieldError (NegativeCount, TooMany).
+  /// Like NextStrictNumber, from `least` to `limit`. Throws FieldError (NegativeCount, TooMany).
   std::int16_t NextCount(int limit = INT16_MAX, int least = 0);
 
-  /// Goes on behind the end of the line, quotes or not. Throws FieldError (EndOfData) when nothing is left.
+  /// Skips the rest of the line, without regard to quotes. Throws FieldError (EndOfData) at the end of the text.
   void SkipLine();
 
-  /// The next `Count` numbers, when they stand as this program writes them: a line of their own of one to four bare
-  /// digits each, ended by CR LF. Otherwise false with nothing taken, and NextNumber is the way. Nearly every line of a
-  /// lab's files is such a line, and this reads it several times faster.
+  /// Reads a line of exactly `Count` numbers of one to four digits each, ended by CR LF, as this program writes them.
+  /// Otherwise returns false and reads nothing; use NextNumber. Several times faster than NextNumber on nearly every
+  /// line of a lab's files.
   template <std::size_t Count>
-  bool TakePlainLine(std::array<std::int16_t, Count>& numbers) noexcept {
+  bool ReadPlainLine(std::array<std::int16_t, Count>& numbers) noexcept {
     constexpr std::size_t kLongest = Count * 5 + 1;
     if (m_text.size() - m_position < kLongest) return false;
     const char* next = m_text.data() + m_position;
@@ -74,7 +74,7 @@ class FieldReader {
     m_lineEnded = true;
     return true;
   }
-  /// True when the field read last was closed by a line end or by the end of the text.
+  /// True when the last field was closed by a line end or by the end of the text.
   [[nodiscard]] bool AtLineStart() const noexcept { return m_lineEnded; }
   [[nodiscard]] bool AtEnd() const noexcept { return m_position >= m_text.size(); }
 

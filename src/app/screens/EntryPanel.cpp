@@ -21,7 +21,7 @@ namespace zova {
 
 namespace {
 
-constexpr double kTestSize = 3.3;  // times the normal font: to be read from a metre away
+constexpr double kTestSize = 3.3;  // times the normal font: legible from a metre away
 constexpr double kInputSize = 1.8;
 
 void Enlarge(QWidget& control, double times) {
@@ -46,6 +46,7 @@ EntryPanel::EntryPanel(SubjectFlow& subjects)
       m_txtInput(new GridBox("txtInput", subjects.Entry().Grid().Cells())),
       m_lblTUpdate(MakeLabel("lblTUpdate", {})),
       m_lblThisOne(MakeLabel("lblThisOne", {})),
+      m_lblLimitNote(MakeLabel("lblLimitNote", {})),
       m_lblProjectName(MakeLabel("lblProjectName", {})),
       m_side(MakeSide()),
       m_tmrAutoSave(Named(new QTimer(this), "tmrAutoSave")) {
@@ -55,6 +56,7 @@ EntryPanel::EntryPanel(SubjectFlow& subjects)
   columns->addLayout(entry, 1);
   columns->addWidget(m_side);
   entry->addWidget(m_lblProjectName);
+  entry->addWidget(m_lblLimitNote);
   entry->addWidget(m_grdInput, 1);
   auto* row = new QHBoxLayout;
   entry->addLayout(row);
@@ -77,7 +79,7 @@ EntryPanel::EntryPanel(SubjectFlow& subjects)
   });
 }
 
-// Its buttons scroll in a low window; grid and box always stand beside it.
+// The buttons scroll in a low window; grid and box are always visible.
 QScrollArea* EntryPanel::MakeSide() {
   auto* side = new QWidget;
   auto* rows = new QVBoxLayout(side);
@@ -121,12 +123,14 @@ void EntryPanel::Refresh() {
   m_grdInput->Refresh();
   m_txtInput->Refresh();
   m_lblTUpdate->setText(ToQt(entry.TestCaption()));
-  // The only letter that "Done with Test 1" and "Review" share and that is still free.
+  // The only free letter that "Done with Test 1" and "Review" share.
   QString done = ToQt(entry.DoneCaption());
   m_cmdDone->setText(done.insert(done.indexOf(u'w'), u'&'));
   m_framinbump->setVisible(entry.KeepsMinutes());
   m_framinbump->setEnabled(entry.KeepsMinutes());
   m_lblThisOne->setText(ToQt(entry.SubjectCaption()));
+  m_lblLimitNote->setText(ToQt(entry.LimitNote()));
+  m_lblLimitNote->setVisible(!entry.LimitNote().empty());
   m_lblProjectName->setText(tr("Project: ") + ToQt(m_subjects.ProjectName()));
 }
 
@@ -141,14 +145,14 @@ void EntryPanel::FollowTimer() {
   if (!timer.IsRunning()) {
     m_tmrAutoSave->stop();
     m_waitingTicks = 0;
-  } else if (!m_tmrAutoSave->isActive() || m_timerStarts != timer.Starts()) {
+  } else if (!m_tmrAutoSave->isActive() || m_timerStartRevision != timer.StartRevision()) {
     m_tmrAutoSave->start();
   }
-  m_timerStarts = timer.Starts();
+  m_timerStartRevision = timer.StartRevision();
   if (m_waitingTicks > 0) QMetaObject::invokeMethod(this, &EntryPanel::ActOnTicks, Qt::QueuedConnection);
 }
 
-// Behind a message box a command waits for its answer. Once it has ended, Refresh comes back to the ticks.
+// Ticks behind a message box wait until its command has ended; then Refresh acts on them.
 void EntryPanel::ActOnTicks() {
   if (QApplication::activeModalWidget() != nullptr || m_waitingTicks == 0) return;
   for (; m_waitingTicks > 0; --m_waitingTicks) m_subjects.Entry().Tick();
@@ -163,7 +167,7 @@ void EntryPanel::showEvent(QShowEvent* event) {
   m_txtInput->setFocus();
 }
 
-// Of the keys that a button has no use for, digits are meant for the box; Escape only goes back there.
+// Keys that a button ignores: digits go to the box, and Escape returns the focus to it.
 void EntryPanel::keyPressEvent(QKeyEvent* event) {
   const bool isDigit = event->key() >= Qt::Key_0 && event->key() <= Qt::Key_9;
   if (!isDigit && event->key() != Qt::Key_Escape) return Panel::keyPressEvent(event);
@@ -171,7 +175,7 @@ void EntryPanel::keyPressEvent(QKeyEvent* event) {
   if (isDigit) QCoreApplication::sendEvent(m_txtInput, event);
 }
 
-// The column of buttons is as wide as its texts need, once they are laid out.
+// Fits the column of buttons to its texts after the layout.
 void EntryPanel::FitSide() {
   m_side->widget()->layout()->activate();
   m_side->setFixedWidth(m_side->widget()->minimumSizeHint().width() + m_side->verticalScrollBar()->sizeHint().width());
@@ -184,10 +188,10 @@ bool EntryPanel::eventFilter(QObject* watched, QEvent* event) {
     return false;
   }
   if (event->type() == QEvent::Shortcut) {
-    button->click();  // at once: of itself it acts 100 ms later, when the next number is half typed
+    button->click();  // at once: by itself it acts 100 ms later, when the next number is half typed
     return true;
   }
-  // A double click is one press, or it would go on by two tests; minutes may be bumped as fast as one can click.
+  // A double click is one press, or it would advance two tests; the minute buttons accept every click.
   return event->type() == QEvent::MouseButtonDblClick && button->parentWidget() != m_framinbump;
 }
 

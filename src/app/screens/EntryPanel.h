@@ -17,7 +17,7 @@ class GridBox;
 class GridTable;
 class SubjectFlow;
 
-/// The screen on which a subject's recalls are typed. Whatever is pressed or clicked, the focus comes back to the box.
+/// The screen for a subject's recalls. After every key and click the focus returns to the box.
 class EntryPanel : public Panel {
   Q_OBJECT
 
@@ -43,12 +43,13 @@ class EntryPanel : public Panel {
   GridBox* m_txtInput;
   QLabel* m_lblTUpdate;
   QLabel* m_lblThisOne;
+  QLabel* m_lblLimitNote;
   QLabel* m_lblProjectName;
   QPushButton* m_cmdDone = nullptr;
   QGroupBox* m_framinbump = nullptr;
   QScrollArea* m_side;
   QTimer* m_tmrAutoSave;
-  int m_timerStarts = 0;
+  int m_timerStartRevision = 0;
   int m_waitingTicks = 0;
 };
 

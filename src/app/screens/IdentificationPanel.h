@@ -15,7 +15,7 @@ namespace zova {
 class SubjectFlow;
 class SubjectIdentification;
 
-/// The screen that names a subject: its identifier, then its levels step by step. Enter goes on, Escape cancels.
+/// The screen that identifies a subject: its identifier, then its levels step by step. Enter continues, Escape cancels.
 class IdentificationPanel : public Panel {
   Q_OBJECT
 
@@ -48,7 +48,7 @@ class IdentificationPanel : public Panel {
   QPushButton* m_cmdNext;
   QPushButton* m_cmdEntered;
   QPushButton* m_cmdCancel;
-  int m_cursorMoves = 0;
+  int m_cursorRevision = 0;
 };
 
 }  // namespace zova

@@ -23,8 +23,8 @@
 
 namespace zova {
 
-// Asks the rules for each cell, but never between a change of theirs and the refresh that follows: a view that is laid
-// out anew in that time would ask for rows that are gone.
+// Asks the rules for each cell, but not between a change and the refresh that follows: a view laid out in between would
+// ask for rows that no longer exist.
 class MeansModel final : public QAbstractTableModel {
  public:
   MeansModel(MeansExaminer& rules, QObject* parent) : QAbstractTableModel(parent), m_rules(rules) {}
@@ -34,7 +34,7 @@ class MeansModel final : public QAbstractTableModel {
     return parent.isValid() ? 0 : static_cast<int>(m_headings.size());
   }
   [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override {
-    if (m_results != m_rules.Results()) return {};
+    if (m_resultRevision != m_rules.ResultRevision()) return {};
     switch (role) {
       case Qt::DisplayRole: return ToQt(m_rules.CellText(index.row(), index.column()));
       case Qt::ToolTipRole: return ToQt(m_rules.RowTip(index.row()));
@@ -52,9 +52,9 @@ class MeansModel final : public QAbstractTableModel {
 
   /// False when nothing has changed.
   bool Follow() {
-    if (m_results == m_rules.Results()) return false;
+    if (m_resultRevision == m_rules.ResultRevision()) return false;
     beginResetModel();
-    m_results = m_rules.Results();
+    m_resultRevision = m_rules.ResultRevision();
     m_rows = m_rules.RowCount();
     m_headings = m_rules.Headings();
     endResetModel();
@@ -63,7 +63,7 @@ class MeansModel final : public QAbstractTableModel {
 
  private:
   MeansExaminer& m_rules;
-  int m_results = -1;
+  int m_resultRevision = -1;
   int m_rows = 0;
   std::vector<std::string> m_headings;
 };
@@ -81,7 +81,7 @@ std::vector<std::size_t> ChosenRows(const QListWidget& list) {
 void Choose(QListWidget& list, const std::vector<std::size_t>& rows) {
   if (ChosenRows(list) == rows) return;
   const auto indexOf = [&](std::size_t row) { return list.model()->index(static_cast<int>(row), 0); };
-  QItemSelection chosen;  // by neighbouring rows: one by one, thousands of them would take seconds
+  QItemSelection chosen;  // as ranges of rows: one by one, thousands would take seconds
   for (std::size_t first = 0, next = 1; first < rows.size(); first = next++) {
     while (next < rows.size() && rows[next] == rows[next - 1] + 1) ++next;
     chosen.append({indexOf(rows[first]), indexOf(rows[next - 1])});
@@ -149,7 +149,7 @@ QWidget* MeansPanel::MakeChoices() {
   m_lstMeansVariables->setSelectionMode(QAbstractItemView::MultiSelection);
   for (QListWidget* list : {m_lstMeasures, m_lstMeansVariables}) {
     list->setUniformItemSizes(true);
-    list->setTextElideMode(Qt::ElideNone);  // what differs stands at the end
+    list->setTextElideMode(Qt::ElideNone);  // the distinguishing part is at the end
     list->setMinimumSize(list->fontMetrics().averageCharWidth() * 26, list->fontMetrics().lineSpacing() * 5);
   }
   rows->addWidget(MakeLabel("lblMeasures", tr("&Measures:"), m_lstMeasures));
@@ -227,7 +227,7 @@ void MeansPanel::SavePlot() {
 }
 
 void MeansPanel::FillLists() {
-  m_layouts = m_rules.Layouts();
+  m_layoutRevision = m_rules.LayoutRevision();
   Fill(*m_lstMeasures, m_rules.Measures());
   Fill(*m_lstMeansVariables, m_rules.Variables());
 }
@@ -244,7 +244,7 @@ void MeansPanel::Refresh() {
   m_lblMeansFile->setText(ToQt(m_rules.FileLine()));
   m_lblMeansNote->setText(ToQt(m_rules.NoteLine()));
   m_lblMeansNote->setVisible(!m_lblMeansNote->text().isEmpty());
-  if (m_layouts != m_rules.Layouts()) FillLists();
+  if (m_layoutRevision != m_rules.LayoutRevision()) FillLists();
   ShowChosen();
   m_chkMeansLeaveOut->setEnabled(m_rules.CanLeaveOut());
   m_chkMeansLeaveOut->setChecked(m_rules.LeavesOut());
@@ -256,7 +256,7 @@ void MeansPanel::Refresh() {
   if (!m_model->Follow()) return;
   m_grdMeans->resizeColumnsToContents();
   m_plotMeans->ShowPicture(m_rules.Picture());
-  // An empty plot says by itself why it is.
+  // An empty plot shows its own explanation.
   m_lblPlotNote->setText(m_rules.HasPlot() ? ToQt(m_rules.Picture().Note) : QString());
   m_lblPlotNote->setVisible(!m_lblPlotNote->text().isEmpty());
 }

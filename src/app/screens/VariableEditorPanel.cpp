@@ -21,12 +21,12 @@ bool IsTyping(const QKeyEvent& press) {
   return mayType && !press.text().isEmpty() && press.text().front().isPrint() && press.key() != Qt::Key_Space;
 }
 
-// A window or a menu that gives the focus back is no act of the user's.
+// A window or menu that returns the focus is not an act of the user.
 bool IsReturn(Qt::FocusReason reason) {
   return reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason || reason == Qt::MenuBarFocusReason;
 }
 
-// The margin takes the frame's place, so that nothing moves.
+// A margin replaces the frame, so that nothing moves.
 void ShowFrame(QLabel& label, bool shown) {
   constexpr int kFrame = 2;
   label.setFrameStyle(shown ? QFrame::Box | QFrame::Plain : QFrame::NoFrame);
@@ -132,7 +132,7 @@ bool VariableEditorPanel::eventFilter(QObject* watched, QEvent* event) {
   const auto found = std::find(m_labels.begin(), m_labels.end(), watched);
   if (found == m_labels.end()) return WizardPage::eventFilter(watched, event);
   const int label = static_cast<int>(found - m_labels.begin());
-  if (event->type() == QEvent::KeyPress) return TakeKey(label, *static_cast<QKeyEvent*>(event));
+  if (event->type() == QEvent::KeyPress) return HandleKey(label, *static_cast<QKeyEvent*>(event));
   if (event->type() != QEvent::FocusIn && event->type() != QEvent::FocusOut) return false;
   ShowFrame(**found, event->type() == QEvent::FocusIn);
   if (event->type() == QEvent::FocusIn && !m_refreshing && !IsReturn(static_cast<QFocusEvent*>(event)->reason())) {
@@ -141,7 +141,7 @@ bool VariableEditorPanel::eventFilter(QObject* watched, QEvent* event) {
   return false;
 }
 
-bool VariableEditorPanel::TakeKey(int label, QKeyEvent& press) {
+bool VariableEditorPanel::HandleKey(int label, QKeyEvent& press) {
   if (press.key() == Qt::Key_Up || press.key() == Qt::Key_Down) {
     const int next = std::clamp(label + (press.key() == Qt::Key_Up ? -1 : 1), 0, kMaxEditedLevels);
     QLabel* name = m_labels[static_cast<std::size_t>(next)];
@@ -158,17 +158,17 @@ bool VariableEditorPanel::TakeKey(int label, QKeyEvent& press) {
   return true;
 }
 
-// Else the page would come back with the focus on a label, which highlights it.
+// Otherwise the page would reappear with the focus on a label, which highlights it.
 void VariableEditorPanel::hideEvent(QHideEvent* event) {
   for (QLabel* label : m_labels) label->clearFocus();
   WizardPage::hideEvent(event);
 }
 
-// Enter names what is highlighted or asked for, and never leaves the page.
+// Enter names what is highlighted or prompted for, and never leaves the page.
 void VariableEditorPanel::keyPressEvent(QKeyEvent* event) {
   if (!IsEnter(*event) || window()->focusWidget() != m_entry.Edit || Wizard().IsViewing())
     return WizardPage::keyPressEvent(event);
-  if (!event->isAutoRepeat()) Do(&NewProjectWizard::TakeVariableEntry);
+  if (!event->isAutoRepeat()) Do(&NewProjectWizard::EnterVariableText);
 }
 
 }  // namespace zova

@@ -24,7 +24,7 @@ WizardPanel::WizardPanel(Session& session)
 
 void WizardPanel::AddPages() {
   for (WizardPage* page : MakeWizardPages(m_session.Wizard())) {
-    page->Rows()->addStretch();  // what room there is below the rows stays empty, unless one of them stretches
+    page->Rows()->addStretch();  // the room below the rows stays empty unless a row stretches
     QScrollArea* area = MakeScrolling(page);
     area->setObjectName(QStringLiteral("scr") + page->objectName());
     // A page shows the frame's own background.
@@ -47,7 +47,7 @@ void WizardPanel::AddButtons(QVBoxLayout& rows) {
   m_cmdNext1 = AddButton(*row, "cmdNext1", "&Next >>", *this, [this] { m_session.Wizard().Next(); });
   m_cmdEntered1 = AddButton(*row, "cmdEntered1", "&Done!", *this, [this] { m_session.FinishWizard(); });
   m_cmdCancel1 = AddButton(*row, "cmdCancel1", "&Cancel", *this, [this] { m_session.CancelWizard(); });
-  for (QPushButton* button : {m_cmdNext1, m_cmdEntered1}) MarkDefault(button, true);  // one of them is in sight
+  for (QPushButton* button : {m_cmdNext1, m_cmdEntered1}) MarkDefault(button, true);  // one of them is visible
 }
 
 void WizardPanel::Refresh() {
@@ -59,12 +59,12 @@ void WizardPanel::Refresh() {
   m_cmdBack1->setEnabled(wizard.CanGoBack());
   m_cmdNext1->setVisible(wizard.ShowsNext());
   m_cmdEntered1->setVisible(wizard.ShowsDone());
-  if (isVisible() && m_cursorMoves != wizard.CursorMoves()) PlaceCursor();
+  if (isVisible() && m_cursorRevision != wizard.CursorRevision()) PlaceCursor();
 }
 
 void WizardPanel::PlaceCursor() {
   const NewProjectWizard& wizard = m_session.Wizard();
-  m_cursorMoves = wizard.CursorMoves();
+  m_cursorRevision = wizard.CursorRevision();
   QWidget* control = m_pages.at(static_cast<std::size_t>(wizard.Page() - 1))->ControlOf(wizard.Cursor());
   // While viewing, the lists of page 2 cannot be reached.
   PlaceCursorIn(control->isEnabled() ? control : DefaultButton());

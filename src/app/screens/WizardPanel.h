@@ -14,8 +14,8 @@
 
 namespace zova {
 
-/// The eight pages of a new project, or of one that is viewed, and the buttons that lead through them. Enter presses
-/// "Next >>", on the last page "Done!"; Escape presses "Cancel".
+/// The eight pages of a new or viewed project, and their buttons. Enter presses "Next >>", on the last page "Done!";
+/// Escape presses "Cancel".
 class WizardPanel : public Panel {
   Q_OBJECT
 
@@ -42,7 +42,7 @@ class WizardPanel : public Panel {
   QPushButton* m_cmdNext1 = nullptr;
   QPushButton* m_cmdEntered1 = nullptr;
   QPushButton* m_cmdCancel1 = nullptr;
-  int m_cursorMoves = 0;
+  int m_cursorRevision = 0;
 };
 
 }  // namespace zova

@@ -26,7 +26,7 @@ class CellDelegate final : public QStyledItemDelegate {
     auto ground = column == 0 ? QPalette::Button : isGreyed ? QPalette::Window : QPalette::Base;
     if (isSelected) ground = QPalette::Highlight;
     painter->fillRect(option.rect, option.palette.brush(QPalette::Active, ground));
-    if (isCursor) {  // in a frame of the text's own colour, which no other cell has
+    if (isCursor) {  // framed in the text's colour
       const double frame = std::max(3, option.fontMetrics.height() / 6);
       const QBrush ink = option.palette.brush(QPalette::Active, QPalette::Text);
       painter->setPen({ink, frame, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin});
@@ -70,12 +70,12 @@ class GridModel final : public QAbstractTableModel {
   }
 
   void Follow() {
-    const auto [firstLine, lastLine] = m_grid.TakeChangedLines();
-    if (m_openings != m_grid.Openings()) {
+    const auto [firstLine, lastLine] = m_grid.FetchChangedLines();
+    if (m_openingRevision != m_grid.OpeningRevision()) {
       beginResetModel();
       m_lines = m_grid.Lines();
       m_columns = m_grid.Columns();
-      m_openings = m_grid.Openings();
+      m_openingRevision = m_grid.OpeningRevision();
       endResetModel();
     } else if (firstLine <= lastLine) {
       emit dataChanged(index(firstLine - 1, 1), index(lastLine - 1, m_grid.LastColumn()));
@@ -86,7 +86,7 @@ class GridModel final : public QAbstractTableModel {
   TypedGrid& m_grid;
   std::vector<GridColumn> m_columns;
   int m_lines = 0;
-  int m_openings = 0;
+  int m_openingRevision = 0;
 };
 
 GridTable::GridTable(const char* name, TypedGrid& grid) : m_grid(grid), m_model(new GridModel(grid, this)) {
@@ -133,7 +133,7 @@ void GridTable::mousePressEvent(QMouseEvent* event) {
   emit Acted();
 }
 
-// Comes only while a button is held. Beyond the edge it goes to the next row, so that dragging scrolls.
+// Received only while a button is held. Beyond the edge the next row is selected, so that dragging scrolls.
 void GridTable::mouseMoveEvent(QMouseEvent* event) {
   if (!m_dragging) return;
   const QPoint place = event->position().toPoint();

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// A master is emptied and written in place: its file may be a link, a device, or lie where no other can be made. It
-// holds the header and whole rows, or, where the header itself could not be written, nothing.
+// A master is emptied and written in place: its file may be a link, a device, or in a directory where no file can be
+// created. It has the header and whole rows, or is empty when the header could not be written.
 
 #include "master/run/RowFile.h"
 
@@ -74,8 +74,8 @@ bool RowFile::AppendLine(AppendFile& file, std::string_view text) {
   return true;
 }
 
-// Some file systems report only now that a row did not get through. They do not say which one, so there is no step to
-// repeat: whatever is answered, the run has failed.
+// Some file systems report only now that a row was not written, and not which one. There is no step to repeat, so the
+// run fails whatever the answer.
 bool RowFile::Close() {
   try {
     for (AppendFile& file : m_files) file.Close();

@@ -32,14 +32,14 @@ void AppendFile::Append(std::string_view bytes) {
     try {
       if (m_cutBackDue) CutBack();
     } catch (const std::system_error&) {
-      // Still due: the next attempt begins with it.
+      // The next attempt truncates first.
     }
     ThrowFileError(m_layer, FileOperation::Append, m_path, error.code());
   }
 }
 
 void AppendFile::Close() {
-  const std::unique_ptr<OutputFile> file = std::move(m_file);  // it is closed also when closing fails
+  const std::unique_ptr<OutputFile> file = std::move(m_file);  // counts as closed even if closing fails
   try {
     if (file) file->Close();
   } catch (const std::system_error& error) {
