@@ -14,8 +14,7 @@ bool WithRunRetry(MessageBoxes& boxes, Step&& step, Where&& where) {
     try {
       return WithRetry(boxes, step);
     } catch (const ScoringError& error) {
-      if (!ShowRetryBox(boxes, ScoringFaultText(error.Fault()), where() + ": " + error.what() + "."))
-        return false;
+      if (!ShowRetryBox(boxes, ScoringFaultText(error.Fault()), where() + ": " + error.what() + ".")) return false;
     }
   }
 }
