@@ -157,7 +157,7 @@ class TypedGrid {
   void Apply(std::vector<CellEdit> edits);
   /// Records a change already made, sorted by page and line, as one undo step.
   void Note(std::vector<CellChange> changes);
-  /// Beeps and shows `message`. Always returns false.
+  /// Shows `message`. Always returns false.
   bool Refuse(const std::string& message, const std::string& details = {});
 
  private:

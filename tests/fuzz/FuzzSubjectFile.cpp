@@ -2,7 +2,7 @@
 //
 // Any bytes as a subject file and as an autosave file, in a project that the last bytes choose: either a FieldError,
 // and then a blank record in the project's shape, or a record that is what a plain reading field by field gives, and
-// that comes back the same when written. Such a record is scored: nothing but a ScoringError may come of it.
+// that comes back the same when written. Such a record is scored; only a ScoringError may be thrown.
 
 #include <fuzzer/FuzzedDataProvider.h>
 

@@ -101,23 +101,14 @@ TEST(MeasureSelection, DefaultsFollowTheProject) {
 }
 
 TEST(MeasureBoxes, AreFoundByControlNameAndWord) {
-  const std::pair<const char*, const char*> kWords[kMeasureCount] = {{"chkBasic", "recall"},
-                                                                     {"chkBi", "itr"},
-                                                                     {"chkIP", "patterns"},
-                                                                     {"chkCat", "arc"},
-                                                                     {"chkRat", "ratings"},
-                                                                     {"chkFBasic", "lures"},
-                                                                     {"chkFPos", "associates"},
-                                                                     {"chkFwhich", "which-lures"},
-                                                                     {"chkFIP", "lure-patterns"},
-                                                                     {"chkMinNet", "minutes"},
-                                                                     {"chkMinCat", "minute-categories"},
-                                                                     {"chkMinCum", "cumulative"},
-                                                                     {"chkMinGains", "minute-gains"}};
-  for (std::size_t box = 0; box < kMeasureCount; ++box) {
-    EXPECT_EQ(MeasureByName(kWords[box].first), static_cast<Measure>(box)) << kWords[box].first;
-    EXPECT_EQ(MeasureByName(kWords[box].second), static_cast<Measure>(box)) << kWords[box].second;
-  }
+  std::istringstream words(
+      "chkBasic recall chkBi itr chkIP patterns chkCat arc chkRat ratings chkFBasic lures chkFPos associates "
+      "chkFwhich which-lures chkFIP lure-patterns chkMinNet minutes chkMinCat minute-categories chkMinCum cumulative "
+      "chkMinGains minute-gains");
+  std::size_t count = 0;
+  for (std::string word; words >> word; ++count)
+    EXPECT_EQ(MeasureByName(word), static_cast<Measure>(count / 2)) << word;
+  EXPECT_EQ(count, 2 * kMeasureCount);
   for (const char* unknown : {"", "chkbasic", "Recall", "Net"}) EXPECT_FALSE(MeasureByName(unknown)) << unknown;
 }
 

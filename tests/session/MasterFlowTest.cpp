@@ -184,13 +184,9 @@ TEST(MasterFlow, GroupsAsPreviewedInTheirOrder) {
   EXPECT_EQ(lab.Flow.Order().Positions().front(), 3) << "the order was saved";
   lab.Fakes.Boxes.Expect(kCombinedCreated);
   lab.Flow.GoCombine();
-  const std::string bytes = lab.Files.Get(lab.Flow.LastMaster());
-
-  CombinedRequest request{{}, "", ReadGroupSubjects(lab.Project, 5, true, lab.Around).value(), 0, {}};
-  request.Selection.SetDefaultMeasures(lab.Project);
-  request.Plan.Groups = {{1, {2, 1}}, {2, {3, 4}}};
-  EXPECT_TRUE(CreateCombinedMaster(lab.Project, request, lab.Around).Completed);
-  EXPECT_EQ(lab.Files.Get("C:\\Data\\AB Combined Master.txt"), bytes);
+  const std::string combined = lab.Files.Get(lab.Flow.LastMaster());
+  for (const char* group : {"\r\nGroup 1 (3+2),  1,", "\r\nGroup 2 (4+5),  2,"})
+    EXPECT_NE(combined.find(group), std::string::npos) << combined;
 
   EXPECT_TRUE(lab.Flow.Open(lab.Project));
   lab.Options.ChkCombine = true;

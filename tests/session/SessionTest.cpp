@@ -265,7 +265,9 @@ TEST_F(SessionTest, WhatIsKeptOfTheLastMaster) {
   m_scratch.Put("C:\\ZOVA\\Sample Data\\Sdata\\Example Sub#1.dat", FormatSubject(record, *session.OpenedProject()));
   session.CreateNewMaster();
   Boxes.Expect({.Text = "Master(s) Successfully Created!", .Icon = BoxIcon::None});
+  Bar.Meanwhile = [&] { EXPECT_FALSE(session.Close()) << "while the master is written"; };
   session.Masters().Continue();
+  EXPECT_GT(Bar.Breaths, 0);
   EXPECT_EQ(session.Shown(), Screen::Main);
   EXPECT_NE(session.Masters().LastHeader(), "");
   session.OpenLastMasterFolder();

@@ -52,11 +52,16 @@ class FakeSettings final : public SettingsStore {
   bool FailsOnce = false;  ///< the next setting is not stored
 };
 
-/// The percentages shown, in their order.
+/// The percentages shown, in their order; `Meanwhile` happens in the event loop.
 struct RecordingProgress final : Progress {
-  void Show(int percent, const std::string&) override { Shown.push_back(percent); }
-  void ProcessEvents() override { ++Breaths; }
+  void Show(int percent, const std::string& text) override { Shown.push_back(percent), Text = text; }
+  void ProcessEvents() override {
+    ++Breaths;
+    if (Meanwhile) Meanwhile();
+  }
+  std::function<void()> Meanwhile;
   std::vector<int> Shown;
+  std::string Text;  ///< shown last
   int Breaths = 0;
 };
 
