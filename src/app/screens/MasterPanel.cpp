@@ -14,6 +14,7 @@ namespace zova {
 MasterPanel::MasterPanel(MasterFlow& flow)
     : FlowPanel(flow, "FraSaveMaster"),
       m_lblProjectName(MakeLabel("lblProjectName", {})),
+      m_lblMasterStatus(MakeLabel("lblMasterStatus", {})),
       m_txtMasterDest(Named(new QLineEdit, "txtMasterDest")),
       m_directories(new DriveDirectoryList(flow.Options().Browser(), "drvMasterDest", "dirMasterDest")),
       m_cmdMeasures(
@@ -41,6 +42,7 @@ MasterPanel::MasterPanel(MasterFlow& flow)
   exports->addWidget(m_chkExportLong);
   exports->addStretch();
   rows->addLayout(exports);
+  rows->addWidget(m_lblMasterStatus);
   QFont bold;  // only its weight is set: the rest comes from the window
   bold.setBold(true);
   for (const char* heading : {"lblDestination", "lblmeasures", "lblItemAnal", "lblExports"}) {
@@ -85,6 +87,8 @@ void MasterPanel::ConnectBox(QCheckBox* box, bool MasterOptions::*option) {
 void MasterPanel::Refresh() {
   const MasterOptions& options = m_flow.Options();
   m_lblProjectName->setText(ToQt(m_flow.ProjectLine()));
+  m_lblMasterStatus->setText(ToQt(m_flow.StatusLine()));
+  m_lblMasterStatus->setVisible(!m_flow.StatusLine().empty());
   ShowText(m_txtMasterDest, options.Destination());
   m_directories->Refresh();
   m_chkItemAnalysis->setChecked(options.ChkItemAnalysis);

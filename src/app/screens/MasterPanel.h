@@ -24,6 +24,7 @@ class MasterPanel : public FlowPanel {
   void ConnectBox(QCheckBox* box, bool MasterOptions::*option);
 
   QLabel* m_lblProjectName;
+  QLabel* m_lblMasterStatus;
   QLineEdit* m_txtMasterDest;
   DriveDirectoryList* m_directories;
   QPushButton* m_cmdMeasures;

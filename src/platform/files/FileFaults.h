@@ -21,4 +21,7 @@ enum class Devices { Allow, Refuse };
 /// the disk. Throws FileError, or std::system_error for a directory and for a file that may not be written.
 void RequireWritable(FileLayer& layer, FileOperation operation, const ResolvedPath& target, Devices devices);
 
+/// Opens the file for writing and leaves it as it was; one that does not exist is not left behind. Throws FileError.
+void RequireOpens(FileLayer& layer, const ResolvedPath& path);
+
 }  // namespace zova
