@@ -19,16 +19,11 @@ namespace {
 
 constexpr const char* kMaster = "C:\\Data\\AB Master.txt";
 
-class Command : public ::testing::Test {
+class Command : public ::testing::Test, protected Study {
  protected:
-  Command() {
-    ProjectParameters project = MakeProject({.Items = 2});
-    project.Abbreviation = "AB";
-    project.PrimaryDir = "C:\\Data";
-    SubjectRecord record;
-    record.Lists = MakeLists(project, "1 2 | 2");
-    Files.Put("C:\\Ab.prm", FormatProject(project, kCurrentMarker));
-    Files.Put("C:\\Data\\Sdata\\AB Sub#1.dat", FormatSubject(record, project));
+  Command() : Study({.Items = 2}) {
+    Files.Put("C:\\Ab.prm", FormatProject(Project, kCurrentMarker));
+    Put("1", "1 2 | 2");
     Files.MakeDirectory("D:\\Out");
   }
   // Runs the program on drive C: with `arguments` as a shell takes them, and looks at all that it answers: its exit
@@ -45,8 +40,6 @@ class Command : public ::testing::Test {
     EXPECT_EQ(ReadFile(Files.Root() / "out"), lines) << arguments;
     EXPECT_EQ(ReadFile(Files.Root() / "err"), errors) << arguments;
   }
-
-  Scratch Files;
 };
 
 TEST_F(Command, WritesTheMasterWhereverItIsTold) {
@@ -123,9 +116,7 @@ TEST_F(Command, CombinesSubjectsIntoGroups) {
          "There are not enough subjects for one group.\nno groups of 2, left over: subject 1\n");
   EXPECT_FALSE(Files.Has(kMaster)) << "said before anything is written";
 
-  for (const char* id : {"2", "3"}) {
-    Files.Put(std::string("C:\\Data\\Sdata\\AB Sub#") + id + ".dat", Files.Get("C:\\Data\\Sdata\\AB Sub#1.dat"));
-  }
+  for (const char* id : {"2", "3"}) Put(id, "1 2 | 2");
   Expect(options + "Ab.prm", 0, {kMaster, combined}, "1 group of 2, left over: subject 3\n");
   EXPECT_EQ(Files.Get(combined), header + "Group 1 (1+2),  2,  1,  1,  0\r\n");
   Files.Put("C:\\Data\\AB Combine Order.dat", "\"1\",1\r\n\"2\",2\r\n\"3\",3\r\n");  // not named, not taken
@@ -139,21 +130,12 @@ TEST_F(Command, CombinesSubjectsIntoGroups) {
 }
 
 TEST_F(Command, HandsOnToOtherPrograms) {
-  ProjectParameters project = MakeProject({.Items = 2});
-  project.Abbreviation = "AB";
-  project.PrimaryDir = "C:\\Data";
-  project.VariableCount = 2;
-  project.VariableNames = {"Sex", "Age, then"};
-  project.LevelCounts = {2, 1};
-  project.LevelNames = {{{"f", "m"}, {"old"}}};
-  SubjectRecord record;
-  record.Levels = {2, 1};
-  record.Lists = MakeLists(project, "1 2 | ");
-  Files.Put("C:\\Ab.prm", FormatProject(project, kCurrentMarker));
-  Files.Put("C:\\Data\\Sdata\\AB Sub#1.dat", FormatSubject(record, project));
-  record.Lists = MakeLists(project, "1 | 1");
-  Files.Put("C:\\Data\\Sdata\\AB Sub#2.dat", FormatSubject(record, project));
-
+  Project = MakeProject({.Items = 2, .Variables = {"Sex", "Age, then"}});
+  Project.LevelCounts = {2, 2};
+  Project.LevelNames = {{{"f", "m"}, {"young", "old"}}};
+  Files.Put("C:\\Ab.prm", FormatProject(Project, kCurrentMarker));
+  Put("1", "1 2 | ", 2);
+  Put("2", "1 | 1", 2);
   const std::string notice =
       "For at least 1 test, Bi-Directional ITR was unable to be calculated for subject(s): 1.  You should delete these "
       "subjects before analysis.\n";
@@ -181,8 +163,7 @@ TEST_F(Command, SaysWhyThereIsNoMaster) {
          "Path not found.  Please verify that the correct disk is in the drive.\nReading 'C:\\none\\a.prm'\n");
   Files.Put("C:\\twice.dat", "1,2\n2,2\n");
   Expect("--serial-order twice.dat Ab.prm", 1, {}, "Position 2 is used twice.\nReading 'C:\\twice.dat'\n");
-  std::string wrong = Files.Get("C:\\Data\\Sdata\\AB Sub#1.dat");
-  Files.Put("C:\\Data\\Sdata\\AB Sub#2.dat", wrong.replace(wrong.find("1,1,"), 4, "1,3,"));
+  Put("2", "3 2 | 2");
   Expect(
       "Ab.prm", 1, {kMaster},  // the first subject's row stays; its notice is not told
       "Subscript out of range\n'C:\\Data\\Sdata\\AB Sub#2.dat'\nSubject 2: item 3 at position 1 of test 1 is outside 1 "

@@ -20,42 +20,35 @@ struct RowSink final : ScoredSubjectSink {
   int Left = 100;
 };
 
-struct ExportLab {
-  explicit ExportLab(const Shape& shape) : Project(MakeProject(shape)) {
-    Project.Abbreviation = "AB";
-    Project.PrimaryDir = "C:\\Data";
+struct ExportLab : Study {
+  explicit ExportLab(const Shape& shape) : Study(shape) {
     Request.Selection.SetDefaultMeasures(Project);
     Request.CleanFile = "";
     Request.LongFile = "";
   }
-  void Put(const std::string& id, std::int16_t level, const std::string& lists) {
-    SubjectRecord record;
-    record.Levels.fill(level);
-    record.Lists = MakeLists(Project, lists);
-    Files.Put("C:\\Data\\Sdata\\AB Sub#" + id + ".dat", FormatSubject(record, Project));
-    ++Request.SubjectFileCount;
-  }
   MasterRunResult Run(MessageBoxes& boxes) {
-    Disk disk = Files.MakeDisk();
-    return CreateMasters(Project, Request, FakePlatform().With(disk, boxes));
+    Request.SubjectFileCount = SubjectFileCount();
+    return CreateMasters(Project, Request, FakePlatform().With(OfFiles, boxes));
   }
 
-  Scratch Files;
-  ProjectParameters Project;
   MasterRequest Request;
 };
 
 TEST(Exports, WhatOtherProgramsRead) {
-  ExportLab lab({.Items = 6, .PerCategory = 3, .Minutes = 9, .MaxRating = 5, .Rated = "NY", .Lures = true});
-  lab.Project.VariableCount = 2;
-  lab.Project.VariableNames = {"Subject", "list"};
+  ExportLab lab({.Items = 6,
+                 .PerCategory = 3,
+                 .Minutes = 9,
+                 .MaxRating = 5,
+                 .Rated = "NY",
+                 .Lures = true,
+                 .Variables = {"Subject", "list"}});
   lab.Project.LevelCounts = {2, 3};
   lab.Project.LevelNames[0] = {"Young, \"fit\"", "Old"};
   lab.Project.LevelNames[1] = {" late", "due", "due"};
   lab.Request.Selection = Only(lab.Project, {Measure::Cat, Measure::Bi, Measure::Rat});
   lab.Request.Selection.Check(Measure::Rat, false);
-  lab.Put("07", 1, "4/1/3 1/2/4 2/2/4 | 2/1/5 3/1/1 0/1 2/9 1/9/2");  // a lure, a blank, a repeat, no rating
-  lab.Put("8", 2, "1/1 | ");
+  lab.Put("07", "4/1/3 1/2/4 2/2/4 | 2/1/5 3/1/1 0/1 2/9 1/9/2", 1);  // a lure, a blank, a repeat, no rating
+  lab.Put("8", "1/1 | ", 2);
   // Item 2 came first; a row of the lures' positions is never wanted.
   lab.Files.Put("C:\\Data\\AB Serial Order.dat", "1,2\r\n2,1\r\n3,6\r\n4,3\r\n5,4\r\n6,5\r\n");
   RowSink sink;
@@ -101,7 +94,7 @@ TEST(Exports, WhatOtherProgramsRead) {
 
 TEST(Exports, StandBesideTheMasterAndReplaceNoOtherFile) {
   ExportLab lab({.Tests = 1, .Items = 3});
-  lab.Put("1", 0, "3");
+  lab.Put("1", "3");
   lab.Files.MakeDirectory("D:\\Out");
   lab.Request.Destination = "D:\\Out\\m.txt";
   lab.Request.Order = SerialOrder{3, 1, 2};

@@ -16,10 +16,13 @@ MeasureSelection Defaults(const ProjectParameters& project) {
 }
 
 TEST(MasterLines, NamesAndValuesInTheirOrder) {
-  ProjectParameters project =
-      MakeProject({.Items = 4, .PerCategory = 2, .Minutes = 2, .MaxRating = 3, .Rated = "YY", .Lures = true});
-  project.VariableCount = 2;
-  project.VariableNames = {"Sex", "Age group"};
+  const ProjectParameters project = MakeProject({.Items = 4,
+                                                 .PerCategory = 2,
+                                                 .Minutes = 2,
+                                                 .MaxRating = 3,
+                                                 .Rated = "YY",
+                                                 .Lures = true,
+                                                 .Variables = {"Sex", "Age group"}});
   const MeasureSelection all = Defaults(project);
   const MasterHeaderLine header = BuildMasterHeader(project, all, MasterKind::Individual);
   EXPECT_EQ(
@@ -72,8 +75,7 @@ TEST(MasterHeader, HoldsAtMost32767Columns) {
 }
 
 TEST(MasterRow, WrittenOut) {
-  ProjectParameters project = MakeProject({});
-  project.VariableCount = 2;
+  const ProjectParameters project = MakeProject({.Variables = {"", ""}});
   std::string row = "the row before";
   const MeasureSelection some = Only(project, {Measure::Basic, Measure::Bi});
   BuildMasterRow("17", {1, 2}, project, some, Scored(project, "1 2 3 | 1 3 2 9"), row);

@@ -25,9 +25,7 @@ TEST(NominalGroups, SizesAreWholeNumbersFrom2) {
 }
 
 TEST(NominalGroups, AreCutWithinLevelsInTheirOrder) {
-  ProjectParameters project = MakeProject({});
-  project.VariableCount = 2;
-  project.VariableNames = {"Age", "Sex"};
+  ProjectParameters project = MakeProject({.Variables = {"Age", "Sex"}});
   project.LevelCounts = {0, 2};
   project.LevelNames[1] = {"Man", "Woman"};
   const std::vector<std::string> ids = {"a", "b", "c", "d", "e", "f", "g"};
@@ -93,27 +91,9 @@ TEST(NominalGroups, AMemberThatCannotBeScoredAddsNothing) {
   EXPECT_EQ(recall.Pooled(), MakeLists(project, ""));
 }
 
-// Answers Retry when it has mended the data.
-struct MendingBoxes final : MessageBoxes {
-  BoxAnswer Show(const MessageBox& box) override { return Details = box.Details, Mend(), BoxAnswer::Retry; }
-  std::function<void()> Mend;
-  std::string Details;
-};
-
-struct RecordingBar final : Progress {
-  void Show(int percent, const std::string&) override { Percents += std::to_string(percent) + " "; }
-  void ProcessEvents() override { ++Breaths; }
-  int Breaths = 0;
-  std::string Percents;
-};
-
-// A project's data on a scratch disk; the variable Sex is 1 for subjects up to 5, then 2.
-struct Lab {
-  explicit Lab(const Shape& shape) : Project(MakeProject(shape)) {
-    Project.Abbreviation = "AB";
-    Project.PrimaryDir = "C:\\Data";
-    Project.VariableCount = 2;
-    Project.VariableNames = {"Age", "Sex"};
+// Groups of two within each sex; Sex is 1 for subjects up to 5, then 2.
+struct Lab : Study {
+  explicit Lab(Shape shape) : Study((shape.Variables = {"Age", "Sex"}, shape)) {
     Files.MakeDirectory("D:\\Out");
     Request.Selection.SetDefaultMeasures(Project);
     Request.Destination = "D:\\Out\\Mine.txt";
@@ -122,25 +102,21 @@ struct Lab {
     SubjectRecord record;
     record.Levels = {7, static_cast<std::int16_t>(id <= 5 ? 1 : 2)};
     record.Lists = MakeLists(Project, lists);
-    Files.Put("C:\\Data\\Sdata\\AB Sub#" + std::to_string(id) + ".dat", FormatSubject(record, Project));
+    PutFile("AB Sub#" + std::to_string(id) + ".dat", FormatSubject(record, Project));
   }
-  // Groups of two within each sex, in the order of the listing.
+  // In the order of the listing.
   void Plan(int subjectCount) {
     ScriptedBoxes none;
-    Disk disk = Files.MakeDisk();
-    Request.Subjects = ReadGroupSubjects(Project, subjectCount, true, FakePlatform().With(disk, none, Bar)).value();
+    Request.Subjects = ReadGroupSubjects(Project, subjectCount, true, FakePlatform().With(OfFiles, none, Bar)).value();
     Request.Separator = 1;
     Request.Plan = FormGroups(Request.Subjects.LevelsOf(1), FirstGroupOrder(Request.Subjects.FileNames.size()), 2);
   }
   MasterRunResult Run(MessageBoxes& boxes) {
-    Disk disk = Files.MakeDisk();
-    return CreateCombinedMaster(Project, Request, FakePlatform().With(disk, boxes, Bar));
+    return CreateCombinedMaster(Project, Request, FakePlatform().With(OfFiles, boxes, Bar));
   }
 
-  Scratch Files;
-  ProjectParameters Project;
   CombinedRequest Request;
-  RecordingBar Bar;
+  RecordingProgress Bar;
 };
 
 TEST(CombinedMaster, TwoGroupsByHand) {
@@ -158,7 +134,7 @@ TEST(CombinedMaster, TwoGroupsByHand) {
             "#OfCategoriesUsed(Test 1), #OfCategoriesUsed(Test 2), AvgItemsPerCat(Test 1), AvgItemsPerCat(Test 2)\r\n"
             "Group 1 (2+4), XXXXXXX,  1,  3,  3,  1,  1,  2,  2,  1.5,  1.5\r\n"
             "Group 2 (6+7), XXXXXXX,  2,  1,  3,  0,  2,  1,  2,  1,  1.5\r\n");
-  EXPECT_EQ(lab.Bar.Percents, "50 100 ");
+  EXPECT_EQ(lab.Bar.Shown, (std::vector{50, 100}));
 
   lab.Request.Separator.reset();
   EXPECT_TRUE(lab.Run(boxes).Completed);
@@ -193,23 +169,23 @@ TEST(CombinedMaster, AFailingMemberIsRetriedOrEndsTheRun) {
   const std::string first = "Sub ID's, Age, Sex, Net(Test 1)\r\nGroup 1 (1+2), XXXXXXX,  1,  2\r\n";
   EXPECT_EQ(lab.Files.Get(kCombined), first);
 
-  MendingBoxes retry;
-  retry.Mend = [&] { lab.Put(4, "1 2 1"); };
+  AnsweringBoxes retry(BoxAnswer::Retry);
+  retry.Meanwhile = [&] { lab.Put(4, "1 2 1"); };
   EXPECT_TRUE(lab.Run(retry).Completed);
   EXPECT_EQ(lab.Files.Get(kCombined), first + "Group 2 (3+4), XXXXXXX,  1,  2\r\n");
   std::filesystem::remove(lab.Files.Native(path));
-  EXPECT_TRUE(lab.Run(retry).Completed) << retry.Details;
-  EXPECT_NE(retry.Details.find(path + "'\nSubject 4"), std::string::npos) << retry.Details;
+  EXPECT_TRUE(lab.Run(retry).Completed);
+  EXPECT_NE(retry.Details.back().find(path + "'\nSubject 4"), std::string::npos) << retry.Details.back();
 
-  Disk disk = lab.Files.MakeDisk();
   std::filesystem::remove(lab.Files.Native(path));
   const std::string gone = std::make_error_code(std::errc::no_such_file_or_directory).message();
   ScriptedBoxes missing{{gone, BoxAnswer::Cancel, "'C:\\Data\\Sdata\\'\n3 of 4 subject files were found."}};
   lab.Bar.Breaths = 0;
-  EXPECT_FALSE(ReadGroupSubjects(lab.Project, 4, false, FakePlatform().With(disk, missing, lab.Bar)))
+  EXPECT_FALSE(ReadGroupSubjects(lab.Project, 4, false, FakePlatform().With(lab.OfFiles, missing, lab.Bar)))
       << "three files, where four were counted";
-  retry.Mend = [&] { lab.Put(4, "1"); };
-  EXPECT_EQ(ReadGroupSubjects(lab.Project, 4, true, FakePlatform().With(disk, retry, lab.Bar))->SubjectIds.size(), 4U);
+  retry.Meanwhile = [&] { lab.Put(4, "1"); };
+  EXPECT_EQ(
+      ReadGroupSubjects(lab.Project, 4, true, FakePlatform().With(lab.OfFiles, retry, lab.Bar))->SubjectIds.size(), 4U);
   EXPECT_GE(lab.Bar.Breaths, 4) << "one for each subject that is read";
 }
 
@@ -226,7 +202,7 @@ TEST(CombinedMaster, AnOverflowIsTheGroups) {
 
 TEST(SavedOrders, FitOrAreIgnored) {
   Lab lab({.Items = 4, .PerCategory = 2, .Lures = true});
-  Disk disk = lab.Files.MakeDisk();
+  Disk& disk = lab.OfFiles;
   const std::string items = "C:\\Data\\AB Serial Order.dat";
   EXPECT_EQ(FirstSerialOrder(lab.Project), (SerialOrder{1, 3, 2, 4})) << "lures last";
   EXPECT_EQ(ReadSavedSerialOrder(disk, lab.Project), std::nullopt);
@@ -254,8 +230,9 @@ TEST(SavedOrders, FitOrAreIgnored) {
     lab.Files.Put(groups, bytes);
     EXPECT_EQ(read({"1", "2"}), std::nullopt) << bytes;
   }
-  const auto fault = GroupOrderFault({"8", "x", "9"}, {1, 0, 1});
-  EXPECT_TRUE(fault && fault->Text == "Subject x has no position from 1 to 3." && fault->Row == 1);
+  const OrderFault fault = GroupOrderFault({"8", "x", "9"}, {1, 0, 1}).value();
+  EXPECT_EQ(fault.Text, "Subject x has no position from 1 to 3.");
+  EXPECT_EQ(fault.Row, 1);
   for (const auto& [lines, text] : {std::pair(GroupOrderLines{{"8", "x", "9"}, {2, 3, 2}}, "Position 2 is used twice."),
                                     {{{"x", "9", "x"}, {1, 2, 3}}, "Subject x has more than one position."},
                                     {{{"gone", "gone"}, {1, 2}}, "Subject gone has more than one position."},

@@ -16,25 +16,15 @@ const std::string kHeader = "Sub ID's, Sex, Net(Test 1), Net(Test 2), ArcScore(T
 const std::string kRows = "1,  1,  3,  2,  1,  0\r\n2,  2,  3,  3, -2, -2\r\n9,  2,  0,  1,  0,  0\r\n";
 
 // The master of three subjects; those of "9" have no ARC score, and test 2 of "1" neither.
-struct Desk : FakePlatform {
-  Desk() {
-    Project.Abbreviation = "AB";
-    Project.PrimaryDir = "C:\\Data";
-    Project.VariableCount = 1;
-    Project.VariableNames[0] = "Sex";
+struct Desk : FakePlatform, Study {
+  Desk() : Study({.Items = 4, .PerCategory = 2, .Variables = {"Sex"}}) {
     Project.LevelCounts[0] = 2;
     Project.LevelNames[0] = {"Man", "Woman"};
-    Put("1", 1, "1 2 3 | 2 1");
-    Put("2", 2, "1 3 2 | 1 3 2");
-    Put("9", 2, "| 4");
-    Files.Put("C:\\Data\\Sdata\\Z Sub#1.dat", "another project's");
+    Put("1", "1 2 3 | 2 1", 1);
+    Put("2", "1 3 2 | 1 3 2", 2);
+    Put("9", "| 4", 2);
+    PutFile("Z Sub#1.dat", "another project's");
     Files.Put(kMaster, kHeader + kRows);
-  }
-  void Put(const std::string& id, std::int16_t level, const std::string& lists) {
-    SubjectRecord record;
-    record.Levels.fill(level);
-    record.Lists = MakeLists(Project, lists);
-    Files.Put("C:\\Data\\Sdata\\AB Sub#" + id + ".dat", FormatSubject(record, Project));
   }
   void Choose(const std::string& path) {
     Dialogs.Answers.emplace_back(path);
@@ -57,9 +47,6 @@ struct Desk : FakePlatform {
     return text;
   }
 
-  Scratch Files;
-  Disk OfFiles = Files.MakeDisk();
-  ProjectParameters Project = MakeProject({.Items = 4, .PerCategory = 2});
   MeansExaminer Means{With(OfFiles)};
 };
 
@@ -72,7 +59,8 @@ TEST(MeansExaminer, TheTableFollowsWhatIsChosenAndLeavesOutWhatWasNotComputed) {
   EXPECT_EQ(means.FileLine(), "Master: C:\\Data\\AB Master.txt (3 rows)");
   EXPECT_TRUE(whileReading.starts_with("Reading the subjects"));
   EXPECT_EQ(desk.Table(), "N1 3 2.00 1.73 -2.30 6.30 0") << "the first measure, no variable";
-  EXPECT_TRUE(means.NoteLine().empty() && !means.CanLeaveOut() && means.HasPlot());
+  EXPECT_EQ(means.NoteLine(), "");
+  EXPECT_FALSE(means.CanLeaveOut());
 
   means.ChooseVariables({0});
   means.ChooseMeasures({2});
@@ -92,7 +80,9 @@ TEST(MeansExaminer, TheTableFollowsWhatIsChosenAndLeavesOutWhatWasNotComputed) {
   EXPECT_TRUE(means.NoteLine().starts_with("3 values ")) << means.NoteLine();
   const int results = means.Results();
   means.ChooseMeasures({});
-  EXPECT_TRUE(means.Results() > results && !means.HasPlot() && means.RowCount() == 0 && !means.CanLeaveOut());
+  EXPECT_GT(means.Results(), results);
+  EXPECT_FALSE(means.HasPlot() || means.CanLeaveOut());
+  EXPECT_EQ(means.RowCount(), 0);
   EXPECT_EQ(means.Picture().Note, "Choose a measure.");
 }
 
@@ -164,7 +154,9 @@ TEST(MeansExaminer, ASerialPositionMasterIsPlottedOnly) {
   desk.Means.Open(desk.Project, "");
   desk.Choose("D:\\S.txt");
   EXPECT_EQ(desk.Means.Measures(), (std::vector<std::string>{"Test 1", "Test 2"}));
-  EXPECT_TRUE(desk.Means.Variables().empty() && desk.Means.RowCount() == 0 && desk.Means.HasPlot());
+  EXPECT_TRUE(desk.Means.Variables().empty());
+  EXPECT_EQ(desk.Means.RowCount(), 0);
+  EXPECT_TRUE(desk.Means.HasPlot());
   desk.Means.ChooseWholeSeries();
   EXPECT_EQ(desk.Means.Picture().Series.size(), 4U) << "observed and smoothed, of both tests";
   desk.Means.SaveTable();
@@ -209,7 +201,8 @@ TEST(MeansExaminer, NothingThatHoldsDataIsReplaced) {
   desk.Choose(kMaster);
   desk.Dialogs.Answers = {"D:\\P.PNG", "D:\\P.gif"};
   const auto target = desk.Means.AskPlotFile();
-  ASSERT_TRUE(target && target->Format == PlotFormat::Png);
+  ASSERT_TRUE(target);
+  EXPECT_EQ(target->Format, PlotFormat::Png);
   desk.Means.SavePlot(*target, "bytes");
   EXPECT_EQ(desk.Files.Get("D:\\P.PNG"), "bytes");
   desk.Boxes.Expect({.Text = "The name of a plot's file ends in '.pdf', '.svg' or '.png'.", .Details = "D:\\P.gif"});

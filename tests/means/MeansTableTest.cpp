@@ -112,9 +112,7 @@ TEST(MasterTable, ReadsWhatFitsTheHeader) {
 }
 
 TEST(MasterTable, TheProjectsVariablesAreKnownWhateverTheirNames) {
-  ProjectParameters project;
-  project.VariableCount = 2;
-  project.VariableNames = {"Sex, or gender", "Net(Test 1) "};
+  ProjectParameters project = MakeProject({.Variables = {"Sex, or gender", "Net(Test 1) "}});
   const char* const own =
       "Sub ID's, Sex, or gender, Net(Test 1) , Net(Test 1), Losses(Test 1 to 2)\n1,  2,  1,  5,  0\n";
   const auto table = ParseMaster(own, "", &project).value_or(MasterTable{});
@@ -138,9 +136,7 @@ TEST(MeansTable, ARowPerCombinationAndTheTotal) {
   auto table = ParseMaster(kMaster, "").value_or(MasterTable{});
   ASSERT_EQ(table.RowCount(), 5U);
   table.Uncomputed[1] = table.Uncomputed[7] = true;  // ArcScore of subjects 1 and 4
-  ProjectParameters project;
-  project.VariableCount = 2;
-  project.VariableNames = {"Sex", "Dose"};
+  ProjectParameters project = MakeProject({.Variables = {"Sex", "Dose"}});
   project.LevelCounts = {2, 2};
   project.LevelNames = {{{"Woman, or girl", "Woman, or girl"}, {"none", "low"}}};
 

@@ -11,18 +11,10 @@ namespace zova::testing {
 namespace {
 
 // Eight items in two categories; two variables, with a comma in the name and with that of a measure.
-struct Lab {
-  Lab() {
-    Project.Abbreviation = "AB";
-    Project.PrimaryDir = "C:\\Data";
-    Project.VariableCount = 2;
-    Project.VariableNames = {"Sex, or gender", "Net(Test 2)"};
+struct Lab : Study {
+  explicit Lab(const Shape& shape = {.Items = 8, .PerCategory = 4, .Variables = {"Sex, or gender", "Net(Test 2)"}})
+      : Study(shape) {
     Selection.SetDefaultMeasures(Project);
-  }
-  void Put(const std::string& id, const std::string& lists) const {
-    SubjectRecord record;
-    record.Lists = MakeLists(Project, lists);
-    Files.Put("C:\\Data\\Sdata\\AB Sub#" + id + ".dat", FormatSubject(record, Project));
   }
   void Take(ScoredTable& table, const std::string& id, const std::string& lists) const {
     SubjectRecord record;
@@ -45,8 +37,6 @@ struct Lab {
     return text;
   }
 
-  Scratch Files;
-  ProjectParameters Project = MakeProject({.Items = 8, .PerCategory = 4});
   MeasureSelection Selection;
 };
 
@@ -54,7 +44,7 @@ TEST(UncomputedValues, OfARunWithoutReadingItBack) {
   const Lab lab;
   ScoredTable table(lab.Project, lab.Selection);
   lab.Take(table, "1, the first", "1 5 6 2 | 1 2 5");  // a clustering of exactly 0, and one with a value
-  lab.Take(table, "2", "1 2 3 | ");
+  lab.Take(table, "2", "1 5 | ");
   EXPECT_EQ(table.Table().Variables, (std::vector<std::string>{"Sex, or gender", "Net(Test 2)"}));
   EXPECT_EQ(table.Table().SkippedLines, 0);
   EXPECT_EQ(Lab::Marked(table.Table()),
@@ -69,16 +59,15 @@ TEST(UncomputedValues, OfAMasterByScoringItsSubjectsAgain) {
   lab.Put("a+b", " | ");
   lab.Put("a", "1 | ");
   lab.Put("c", " | 1");
-  lab.Files.Put("C:\\Data\\Sdata\\AB Sub#torn.dat", "1,2");
+  lab.PutFile("AB Sub#torn.dat", "1,2");
   auto table = ParseMaster(
       "Sub ID's, Net(Test 1), ArcScore(Test 1), AvgItemsPerCat(Test 2)\n"
       "full,  0,  0,  0\nzero,  0,  0,  0\ngap,  0,  0,  0\ngap,  0,  .5,  0\ngone,  0,  0,  0\ntorn,  0,  0,  0\n"
       "Group 1 (a+b+c),  0,  0,  0\nGroup 2 (gap+a),  0,  0,  0\nGroup 3 (a+gone),  0,  0,  0\n",
       "");
   ASSERT_TRUE(table);
-  Disk disk(lab.Files.MakeDisk());
   RecordingProgress bar;
-  EXPECT_EQ(MarkUncomputed(*table, lab.Project, disk, bar), 3);
+  EXPECT_EQ(MarkUncomputed(*table, lab.Project, lab.OfFiles, bar), 3);
   EXPECT_EQ(bar.Shown.back(), 100);
   EXPECT_EQ(Lab::Marked(*table),
             "full:; zero:; gap: ArcScore(Test 1) AvgItemsPerCat(Test 2); gap: AvgItemsPerCat(Test 2); gone:; torn:; "
@@ -87,17 +76,13 @@ TEST(UncomputedValues, OfAMasterByScoringItsSubjectsAgain) {
 }
 
 TEST(UncomputedValues, AnOverflowElsewhereIsNoFault) {
-  Lab lab;
-  lab.Project = MakeProject({.Items = 200, .PerCategory = 100});
-  lab.Project.Abbreviation = "AB";
-  lab.Project.PrimaryDir = "C:\\Data";
+  Lab lab({.Items = 200, .PerCategory = 100});
   lab.Put("1", Sequence(150) + "| " + Sequence(150));  // too many in common for Bi-ITR
-  Disk disk(lab.Files.MakeDisk());
   RecordingProgress bar;
   auto averages = ParseMaster("Sub ID's, AvgItemsPerCat(Test 1)\n1,  0\n", "");
-  EXPECT_EQ(MarkUncomputed(*averages, lab.Project, disk, bar), 0);
+  EXPECT_EQ(MarkUncomputed(*averages, lab.Project, lab.OfFiles, bar), 0);
   auto repetition = ParseMaster("Sub ID's, Bi-ITR(Tests 1 and 2)\n1,  0\n", "");
-  EXPECT_EQ(MarkUncomputed(*repetition, lab.Project, disk, bar), 1);
+  EXPECT_EQ(MarkUncomputed(*repetition, lab.Project, lab.OfFiles, bar), 1);
 }
 
 }  // namespace

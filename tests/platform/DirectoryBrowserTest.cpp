@@ -36,7 +36,7 @@ TEST(DirectoryBrowser, ListsWhatCanBeEnteredAndStored) {
       {"C:\\b\\deep\\\\", "C:\\b\\deep | C:\\ >b >>deep"},
       {"c:/LINK/./x/..", "C:\\link | C:\\ >link"},
       {PathText(scratch.Native("D:\\target")), "D:\\target | D:\\ >target"}};
-  for (const auto& [path, shown] : cases) EXPECT_TRUE(browser.TryOpen(path) && Shown(browser) == shown) << path;
+  for (const auto& [path, shown] : cases) EXPECT_EQ(browser.TryOpen(path) ? Shown(browser) : "", shown);
   for (const char* path : {"E:\\", "C:\\none", "C:\\file.txt", "", "/"}) EXPECT_FALSE(browser.TryOpen(path)) << path;
   EXPECT_EQ(Shown(browser), cases.back().second);
 }
@@ -48,18 +48,19 @@ TEST(DirectoryBrowser, TellsOfWhatIsGoneAndGoesOn) {
   Disk disk(layer, scratch.Drives());
   ScriptedBoxes boxes;
   DirectoryBrowser browser(disk, boxes, "Not ready.");
-  ASSERT_TRUE(browser.Open(1) && browser.Open(2) && !browser.Open(4));
+  for (const std::size_t entry : {1U, 2U, 4U}) EXPECT_EQ(browser.Open(entry), entry < 4);
   const ExpectedBox notReady{.Text = "Not ready.", .Icon = BoxIcon::Exclamation, .Buttons = BoxButtons::Ok};
   for (int n = 1; n <= 4; ++n) {
     layer.FailAt(n, std::errc::io_error);
     boxes.Expect(notReady);
-    EXPECT_TRUE(!browser.Open(1) && Shown(browser) == "C:\\a\\b | C:\\ >a >>b >>>c") << layer.FailedCall();
+    EXPECT_FALSE(browser.Open(1)) << layer.FailedCall();
+    EXPECT_EQ(Shown(browser), "C:\\a\\b | C:\\ >a >>b >>>c") << layer.FailedCall();
   }
   const std::tuple<const char*, std::size_t, const char*> cases[] = {
       {"C:\\a\\b", 3, "C:\\a | C:\\ >a"}, {"C:\\", 1, "D:\\ | D:\\"}, {"D:\\", 0, "C:\\ | C:\\"}};
   for (const auto& [gone, entry, shown] : cases) {
     fs::remove_all(scratch.Native(gone));
     boxes.Expect(notReady);
-    EXPECT_TRUE(!browser.Open(entry) && Shown(browser) == shown) << Shown(browser);
+    EXPECT_EQ(browser.Open(entry) ? "" : Shown(browser), shown);
   }
 }

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <vector>
 
 using namespace zova;
@@ -48,6 +49,13 @@ TEST(DriveMap, GoesBothWays) {
   EXPECT_EQ(map.ToDrivePath("/home/u/./a/../b/"), "C:\\b");
   for (const char* same : {"C:\\x", "x", ""}) EXPECT_EQ(map.ToDrivePath(same), same);
   EXPECT_EQ(DriveMap::Parse("D=/data").ToDrivePath("/home"), "/home") << "below no root";
+
+  setenv("HOME", "/home/u", 1);
+  unsetenv("ZOVA_DRIVES");
+  EXPECT_EQ(DriveMap::FromEnvironment().ToDrivePath("/home/u/x"), "C:\\x");
+  EXPECT_EQ(DriveMap::FromEnvironment().ToDrivePath("/srv"), "Z:\\srv");
+  setenv("ZOVA_DRIVES", "D=/data", 1);
+  EXPECT_EQ(DriveMap::FromEnvironment().Drives().size(), 1U);
 }
 
 #endif

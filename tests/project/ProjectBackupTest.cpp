@@ -83,7 +83,8 @@ TEST(ProjectBackup, RefreshesTheLocationItHasUnlessAnotherIsWanted) {
   ScriptedBoxes boxes{HasBackup(BoxAnswer::Cancel), HasBackup(BoxAnswer::Yes), HasBackup(BoxAnswer::No), kUpdated};
   Lab lab(boxes);
   Tree tree = lab.Files.Snapshot();
-  EXPECT_TRUE(!lab.Begin(false) && !lab.Begin(true));
+  EXPECT_FALSE(lab.Begin(false));
+  EXPECT_FALSE(lab.Begin(true));
   EXPECT_EQ(lab.Files.Snapshot(), tree);
   EXPECT_TRUE(lab.Begin(false));
   tree = Copied(tree, "C/Data/Sdata/", "D/Backup/Sdata/", kPrimary);
@@ -101,7 +102,8 @@ TEST(ProjectBackup, NewDestinations) {
   const auto refuses = [&](const std::string& text, const std::vector<ExpectedBox>& expected) {
     for (const ExpectedBox& box : expected) boxes.Expect(box);
     EXPECT_FALSE(lab.BackUp(text)) << text;
-    EXPECT_TRUE(lab.Project == ParseProject(kOwnFile, "") && lab.Files.Snapshot() == tree) << text;
+    EXPECT_EQ(lab.Project, ParseProject(kOwnFile, "")) << text;
+    EXPECT_EQ(lab.Files.Snapshot(), tree) << text;
   };
   for (const char* text : {"", "(none)", "New"}) {
     refuses(text, {Told("Invalid format. Please redo.")});
@@ -116,7 +118,8 @@ TEST(ProjectBackup, NewDestinations) {
   refuses("D:\\No\\Deep", {Missing("D:\\No\\Deep", BoxAnswer::No)});
 
   for (const auto& box : {Missing("D:\\A\\B", BoxAnswer::Yes), kCreated, kCreated, kUpdated}) boxes.Expect(box);
-  EXPECT_TRUE(lab.BackUp(lab.Files.Native("D:/A/B").string() + "/") && lab.BackUp("D:\\New\\ "));
+  for (const std::string& text : {lab.Files.Native("D:/A/B").string() + "/", std::string("D:\\New\\ ")})
+    EXPECT_TRUE(lab.BackUp(text)) << text;
   EXPECT_EQ(lab.Files.Get("D:/New/Study Backup.prm"), kCopy) << "names the saved directory, not D:\\A\\B";
   EXPECT_EQ(lab.Project.PreviousBackupDir + lab.Project.BackupDir, "D:\\BackupD:\\New");
   lab.Lose("D:/A"), lab.Lose("D:/New/Study Backup.prm");
@@ -167,7 +170,8 @@ TEST(ProjectBackup, NothingIsCopiedOntoItselfOrToNowhere) {
   for (const char* file : {"C:/Data/Sdata/AB Sub#1.dat", "D:/Backup/Study.prm"}) {
     fs::permissions(lab.Files.Native(file), fs::perms::owner_read);  // a copy would be refused
   }
-  EXPECT_TRUE(lab.Begin(false) && lab.Restore("D:\\Backup\\Study.prm"));
+  EXPECT_TRUE(lab.Begin(false));
+  EXPECT_TRUE(lab.Restore("D:\\Backup\\Study.prm"));
 
   lab.Project.PrimaryDir = "(none)";
   EXPECT_FALSE(lab.Restore("D:\\Backup\\Study.prm"));

@@ -43,9 +43,11 @@ TEST(VariableEditor, AddsReviewsDeletesAndChecks) {
   for (int i = 0; i < 2; ++i) editor.DeleteHighlighted(boxes);
   editor.SetEntryText("b4"), editor.Review(), editor.SetEntryText("");
   boxes.Expect(Told("You must have a name for each variable."));
-  EXPECT_TRUE(!editor.Check(boxes) && Shown(editor) == "0[a]      Add Level") << "an emptied box erases no name";
+  EXPECT_FALSE(editor.Check(boxes));
+  EXPECT_EQ(Shown(editor), "0[a]      Add Level") << "an emptied box erases no name";
   boxes.Expect(Told("You must have at least 1 level per variable.  Please review."));
-  EXPECT_TRUE(!editor.Check(boxes) && Shown(editor) == "1[]      Add Level");
+  EXPECT_FALSE(editor.Check(boxes));
+  EXPECT_EQ(Shown(editor), "1[]      Add Level");
   editor.HighlightVariable();
   for (const BoxAnswer answer : {BoxAnswer::No, BoxAnswer::Cancel, BoxAnswer::Yes}) {
     boxes.Expect({"Do you wish to erase variable 1 and all of its levels?", answer, "", BoxIcon::Exclamation,
@@ -55,7 +57,8 @@ TEST(VariableEditor, AddsReviewsDeletesAndChecks) {
   EXPECT_EQ(Shown(editor), "0[b] 1. b1 2. b4      Add Level");
   editor.AddVariable(boxes);
   boxes.Expect(Told("You must have a name for each variable."));
-  EXPECT_TRUE(!editor.Check(boxes) && !editor.Heading().empty()) << "it can be highlighted and deleted";
+  EXPECT_FALSE(editor.Check(boxes));
+  EXPECT_NE(editor.Heading(), "") << "it can be highlighted and deleted";
   for (int variable = 3; variable <= kMaxVariables; ++variable) editor.SetEntryText("v"), editor.AddVariable(boxes);
   boxes.Expect(Told("Sorry. ZOVA will allow a maximum of 10 variables."));
   editor.SetEntryText("last"), editor.AddVariable(boxes);

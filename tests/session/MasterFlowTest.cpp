@@ -15,12 +15,10 @@ const ExpectedBox kCreated = {.Text = "Master(s) Successfully Created!", .Icon =
 const ExpectedBox kCombinedCreated = {.Text = "Master(s) successfully created!", .Icon = BoxIcon::Information};
 
 // A flow over the data of five subjects, 1 to 3 men.
-struct Lab : MessageBoxes, Progress {
+struct Lab : Study, MessageBoxes, Progress {
   // "i", "c" and "e" for the boxes: serial positions, groups, both CSV files.
-  explicit Lab(std::string_view settings) {
-    Project.Abbreviation = "AB";
-    Project.PrimaryDir = "C:\\Data";
-    Project.VariableCount = Project.LevelCounts[0] = 1;
+  explicit Lab(std::string_view settings) : Study({.Items = 3, .Variables = {""}}) {
+    Project.LevelCounts[0] = 1;
     Project.LevelNames[0][0] = "Man";
     for (int id = 1; id <= 5; ++id) Put(id, std::to_string(id % 3 + 1) + " 3 | 2 3");
     Files.MakeDirectory("D:\\Out");
@@ -31,12 +29,7 @@ struct Lab : MessageBoxes, Progress {
     Options.ChkExportClean = Options.ChkExportLong = settings.find('e') != std::string_view::npos;
     Options.SetPerGroupText("2");
   }
-  void Put(int id, const std::string& lists) {
-    SubjectRecord record;
-    record.Levels[0] = id <= 3 ? 1 : 2;
-    record.Lists = MakeLists(Project, lists);
-    Files.Put("C:\\Data\\Sdata\\AB Sub#" + std::to_string(id) + ".dat", FormatSubject(record, Project));
-  }
+  void Put(int id, const std::string& lists) { Study::Put(std::to_string(id), lists, id <= 3 ? 1 : 2); }
   void Show(int, const std::string&) override {}
   void ProcessEvents() override {}
   BoxAnswer Show(const MessageBox& box) override {
@@ -62,11 +55,8 @@ struct Lab : MessageBoxes, Progress {
     return made;
   }
 
-  Scratch Files;
-  Disk OfFiles = Files.MakeDisk();
   FakePlatform Fakes;
   Platform Around = Fakes.With(OfFiles, *this, *this);
-  ProjectParameters Project = MakeProject({.Items = 3});
   std::string Trail;
   MasterFlow Flow{Around};
   MasterOptions& Options = Flow.Options();
@@ -157,7 +147,7 @@ TEST(MasterFlow, DestinationsAndRunsThatStop) {
 
 TEST(MasterFlow, GroupsAsPreviewedInTheirOrder) {
   Lab lab("c");
-  lab.Files.Put("C:\\Data\\Sdata\\AB Sub#3.dat", "");
+  lab.PutFile("AB Sub#3.dat", "");
   lab.Flow.Continue();
   EXPECT_EQ(lab.Flow.GroupsPreview(), "2 groups of 2, left over: subject 5") << "no subject is read";
   lab.Fakes.Boxes.Expect({"This is not a valid file format.  Please select a different file."});

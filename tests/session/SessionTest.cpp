@@ -61,6 +61,31 @@ TEST_F(SessionTest, ALostParamDirectoryIsMadeAgainOrLookedFor) {
   EXPECT_EQ(m_session->Shown(), Screen::Location);
 }
 
+TEST_F(SessionTest, AnAutosaveGoesWhenDeclinedAndIsPutAsideWhenItCannotBeRead) {
+  const char* autosave = "C:\\Param\\Temp.txt";
+  const std::string torn = "\"Example.prm\"\r\n\"7\"\r\n\"Interv";
+  ExpectedBox offer{
+      "The program was interrupted while entering a subject.  Would you like to restore from the autosave?"};
+  offer.Title = "Restore";
+  for (const BoxAnswer answer : {BoxAnswer::No, BoxAnswer::Cancel}) {
+    m_scratch.Put(autosave, torn);
+    offer.Answer = answer, Boxes.Expect(offer);
+    Started();
+    EXPECT_FALSE(m_scratch.Has(autosave));
+  }
+  m_scratch.Put(autosave, torn);
+  offer.Answer = BoxAnswer::Yes, Boxes.Expect(offer);
+  Boxes.Expect({"This is not a valid file format.  Please select a different file."});
+  ProjectParameters project = ExampleProject("C:\\ZOVA");
+  project.VariableCount = 0;
+  OpenExample(project).EnterSubjects();
+  EXPECT_EQ(m_scratch.Get(autosave), torn);
+  m_session->Subjects().Identification().SetSubjectText("8");
+  m_session->Subjects().FinishIdentification();
+  EXPECT_EQ(m_scratch.Get("C:\\Param\\Temp 1.txt"), torn);
+  EXPECT_FALSE(m_scratch.Has(autosave));
+}
+
 TEST_F(SessionTest, ASecondCopyOnOneParamDirectoryEnds) {
   Started();
   Session second(With(m_disk), "C:\\ZOVA", {});

@@ -28,7 +28,6 @@ struct EntryDesk {
     Project.MinutesRecorded = has('m');
     Project.Rated = has('r');
     Project.Abbreviation = "Ex";
-    Project.ProjectFileName = "Study.prm";
     Project.PrimaryDir = "C:\\P";
     Project.BackupDir = "D:\\B";
     for (const char* directory : {"C:\\P", "D:\\B", "C:\\Param"}) Files.MakeDirectory(directory);

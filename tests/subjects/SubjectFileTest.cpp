@@ -17,11 +17,8 @@ const std::string kLists = "\"Group\",2\r\n1,5,1,3\r\n2,2,1,4\r\n3,0,0,0\r\n1,5,
 const std::string kExample = kHeader + kLists;
 
 ProjectParameters GroupProject(const std::string& marker = "VB Version") {
-  ProjectParameters project = MakeProject({.Tests = 2, .Items = 3});
-  project.VariableCount = 1;
-  project.VariableNames[0] = "Group";
+  ProjectParameters project = MakeProject({.Items = 3, .Variables = {"Group"}});
   project.Abbreviation = "Exp";
-  project.ProjectFileName = "Study.prm";
   project.FormatMarker = marker;
   return project;
 }
@@ -55,7 +52,8 @@ void ExpectBlankAfterFault(Parse&& parse, const std::string& bytes) {
   EXPECT_THROW(parse(bytes, GroupProject(), record), FieldError) << bytes;
   SubjectRecord blank;
   ResetLists(blank, GroupProject());
-  EXPECT_TRUE(record.Lists == blank.Lists && record.Levels == blank.Levels) << bytes;
+  EXPECT_EQ(record.Lists, blank.Lists) << bytes;
+  EXPECT_EQ(record.Levels, blank.Levels) << bytes;
 }
 
 }  // namespace
@@ -102,6 +100,8 @@ TEST(SubjectFile, LeavesABlankRecordAfterAFault) {
     ExpectBlankAfterFault(ParseSubject, kExample.substr(0, kExample.size() - 9) + bad);
     ExpectBlankAfterFault(ParseAutosave, autosave.substr(0, autosave.size() - 9) + bad);
   }
+  std::string wide = kExample;  // in a line with others behind it
+  ExpectBlankAfterFault(ParseSubject, wide.replace(wide.find("1,5,1,3"), 7, "1,5,1,32768"));
 
   Scratch scratch;
   Disk disk = scratch.MakeDisk();

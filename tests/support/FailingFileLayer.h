@@ -2,6 +2,7 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -34,6 +35,8 @@ class FailingFileLayer final : public FileLayer {
   [[nodiscard]] bool HasFailed() const noexcept { return !m_failedCall.empty(); }
   /// The name of the call that failed, or "".
   [[nodiscard]] const std::string& FailedCall() const noexcept { return m_failedCall; }
+  /// What happens just before the fault.
+  std::function<void()> OnFault;
 
   EntryKind Kind(const Path& path) override { return Pass("Kind"), m_inner.Kind(path); }
   std::optional<FileIdentity> Identity(const Path& path) override { return Pass("Identity"), m_inner.Identity(path); }
@@ -83,6 +86,7 @@ class FailingFileLayer final : public FileLayer {
   void Pass(const char* call) {
     if (++m_calls != m_failAt) return;
     m_failedCall = call;
+    if (OnFault) OnFault();
     throw std::system_error(std::make_error_code(m_code));
   }
 

@@ -8,6 +8,7 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/desktop/Platform.h"
@@ -41,17 +42,22 @@ class FakeSettings final : public SettingsStore {
  public:
   std::string Get(const std::string& section, const std::string& key) override { return Values[section + "/" + key]; }
   void Set(const std::string& section, const std::string& key, const std::string& value) override {
+    if (std::exchange(FailsOnce, false)) {
+      throw FileError(FileOperation::Write, "ZOVA.ini", std::make_error_code(std::errc::io_error));
+    }
     Values[section + "/" + key] = value;
   }
   void Remove(const std::string& section, const std::string& key) override { Values.erase(section + "/" + key); }
   std::map<std::string, std::string> Values;
+  bool FailsOnce = false;  ///< the next setting is not stored
 };
 
 /// The percentages shown, in their order.
 struct RecordingProgress final : Progress {
   void Show(int percent, const std::string&) override { Shown.push_back(percent); }
-  void ProcessEvents() override {}
+  void ProcessEvents() override { ++Breaths; }
   std::vector<int> Shown;
+  int Breaths = 0;
 };
 
 class FakeHelpViewer final : public HelpViewer {

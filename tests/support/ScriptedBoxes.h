@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <functional>
 #include <initializer_list>
 #include <optional>
 #include <string>
@@ -74,15 +75,19 @@ class ScriptedBoxes final : public MessageBoxes {
   std::size_t m_shown = 0;
 };
 
-/// Gives one answer to every box that offers Retry or Cancel, and keeps the texts of all boxes.
+/// Gives one answer to every box that offers it, else OK, and keeps the texts and details of all; `Meanwhile` happens
+/// before each answer.
 class AnsweringBoxes final : public MessageBoxes {
  public:
   explicit AnsweringBoxes(BoxAnswer answer) : m_answer(answer) {}
   BoxAnswer Show(const MessageBox& box) override {
     Texts.push_back(box.Text);
+    Details.push_back(box.Details);
+    if (Meanwhile) Meanwhile();
     return box.Buttons == BoxButtons::RetryCancel ? m_answer : BoxAnswer::Ok;
   }
-  std::vector<std::string> Texts;
+  std::vector<std::string> Texts, Details;
+  std::function<void()> Meanwhile;
 
  private:
   BoxAnswer m_answer;
