@@ -115,7 +115,7 @@ TEST(Exports, StandBesideTheMasterAndReplaceNoOtherFile) {
     EXPECT_EQ(lab.Files.Snapshot(), before) << taken;
   }
   lab.Request.LongFile = "D:\\Gone\\AB Long.csv";
-  boxes.Expect({std::make_error_code(std::errc::no_such_file_or_directory).message(), BoxAnswer::Cancel, "Gone"});
+  boxes.Expect({"Path not found.  Please verify that the correct disk is in the drive.", BoxAnswer::Cancel, "Gone"});
   EXPECT_FALSE(lab.Run(boxes).Completed);
   EXPECT_EQ(lab.Files.Snapshot(), before) << "told before the master is replaced";
   // One file under two names: once it is there, either spelling finds it; and links.
