@@ -12,7 +12,7 @@ namespace zova {
 
 namespace {
 
-// The names between the commas; "" has none.
+// Splits at commas; no names for "".
 std::vector<std::string> SplitNames(std::string_view list) {
   std::vector<std::string> names;
   if (list.empty()) return names;
@@ -40,13 +40,13 @@ int GroupSizeOf(const std::string& text) {
   return *size;
 }
 
-constexpr std::size_t kColumn = 24;  // where the usage text explains
+constexpr std::size_t kColumn = 24;  // column of the explanations
 
 std::string NameFault(const std::string& file) { return file.empty() ? "a file needs a name" : ""; }
 
-// Options with one value each. A list is one value with commas, so that it cannot take the project's file for a part
-// of it. Values come as typed: an empty one is a value, which the library's own optional types would drop. Of an option
-// that is given twice the last value holds.
+// Options with one value each. A list is one value with commas, so that it cannot swallow the project's file. Values
+// are kept as typed, also an empty one, which the library's optional types would drop. The last value of a repeated
+// option counts.
 class OptionTable {
  public:
   explicit OptionTable(CLI::App& app) : m_app(app) {}
@@ -70,7 +70,7 @@ class OptionTable {
 };
 
 void DeclareOptions(CLI::App& app, Arguments& parsed) {
-  app.allow_windows_style_options(false);  // "/data/Study.prm" is a file everywhere
+  app.allow_windows_style_options(false);  // "/data/Study.prm" is a file on every system
   app.get_formatter()->column_width(kColumn);
   app.add_option("PROJECT.prm", parsed.ProjectFile, "the project's file, in Param or in the primary directory")
       ->option_text(" ")
@@ -137,8 +137,8 @@ std::string Footer() {
          "masters are made, 1 when the run stopped or there is no data, 2 on wrong usage.";
 }
 
-// As the library takes them, the last first. It would pass over the empty value of "--clean=" and take the next
-// argument for it.
+// The arguments in the library's order, last first. It would skip the empty value of "--clean=" and use the next
+// argument instead.
 std::vector<std::string> ForLibrary(const std::vector<std::string>& arguments) {
   std::vector<std::string> reversed;
   const auto filesFrom = std::find(arguments.begin(), arguments.end(), "--");
@@ -166,7 +166,7 @@ Arguments ParseArguments(const std::vector<std::string>& arguments) {
   } catch (const CLI::CallForVersion&) {
     parsed.Version = true;
     return parsed;
-  } catch (const CLI::ExtrasError&) {  // its text has the arguments from behind
+  } catch (const CLI::ExtrasError&) {  // its text lists the arguments in reverse
     const std::vector<std::string> extra = app.remaining();
     throw UsageError(
         "unexpected argument: " +
@@ -174,7 +174,7 @@ Arguments ParseArguments(const std::vector<std::string>& arguments) {
   } catch (const CLI::ParseError& error) {
     throw UsageError(error.what());
   }
-  // To the library "-" and a negative number are no options.
+  // The library does not treat "-" and negative numbers as options.
   if (parsed.ProjectFile.starts_with('-') && std::find(arguments.begin(), arguments.end(), "--") == arguments.end()) {
     throw UsageError("unexpected argument: " + parsed.ProjectFile);
   }

@@ -10,7 +10,7 @@
 
 namespace zova {
 
-/// Wrong usage of the command; the text says what is wrong.
+/// Wrong usage of the command; the text names the fault.
 class UsageError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
@@ -24,17 +24,17 @@ struct Arguments {
   std::vector<Measure> Without;                  ///< the boxes to uncheck of these
   std::optional<std::string> SerialOrderFile;
   std::string Destination;                        ///< "" for the default
-  std::optional<std::string> CleanFile;           ///< asks for the CSV of the measures
-  std::optional<std::string> LongFile;            ///< asks for the CSV of the recalls
-  std::optional<std::vector<std::string>> Means;  ///< asks for the table of means, by these variables
+  std::optional<std::string> CleanFile;           ///< path for the CSV of the measures
+  std::optional<std::string> LongFile;            ///< path for the CSV of the recalls
+  std::optional<std::vector<std::string>> Means;  ///< variables of the table of means
   bool ComputedOnly = false;                      ///< only with Means
-  std::optional<int> GroupSize;                   ///< asks for the combined master; without it none of the next two
+  std::optional<int> GroupSize;                   ///< requests the combined master; required by the next two
   std::optional<std::string> GroupBy;
   std::optional<std::string> GroupOrderFile;
   std::string ProjectFile;
 };
 
-/// Throws UsageError. `arguments` are those behind the program's name.
+/// Parses the arguments after the program's name. Throws UsageError.
 Arguments ParseArguments(const std::vector<std::string>& arguments);
 
 std::string UsageText();

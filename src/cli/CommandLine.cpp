@@ -9,7 +9,7 @@
 #define NOMINMAX
 #endif
 #include <windows.h>
-// Needs the types of windows.h.
+// Requires the types of windows.h.
 #include <shellapi.h>
 
 #include <memory>

@@ -6,8 +6,8 @@
 
 namespace zova {
 
-/// The arguments behind the program's name, in UTF-8. `argc` and `argv` are main's; on Windows, where those are in the
-/// system's code page, the system's own command line is read instead.
+/// The arguments after the program's name, in UTF-8. On Windows `argv` is in the system's code page, so the system's
+/// command line is read instead.
 std::vector<std::string> CommandLineArguments(int argc, char** argv);
 
 }  // namespace zova

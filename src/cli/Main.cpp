@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// zova-master: a project's masters without a window, for scripts and servers.
+// zova-master: writes a project's masters without a window, for scripts and servers.
 
 #include <exception>
 #include <filesystem>
@@ -59,7 +59,7 @@ class MasterCommand {
 
  private:
   [[nodiscard]] bool Told(const MasterRunResult& result) const {
-    std::ostream& out = m_arguments.Means ? std::cerr : std::cout;  // a table stands alone on standard output
+    std::ostream& out = m_arguments.Means ? std::cerr : std::cout;  // the table is alone on standard output
     for (const std::filesystem::path& path : result.Written) out << PathText(path) << '\n';
     return result.Completed;
   }
@@ -69,7 +69,7 @@ class MasterCommand {
     if (!m_arguments.Means) return request;
     const std::vector<std::string>& names = *m_arguments.Means;
     for (std::size_t first = 0; first < names.size(); ++first) {
-      // The name of a variable in an older file may hold commas.
+      // In an older file the name of a variable may contain commas.
       std::string name = names[first];
       std::size_t last = first;
       while (!FindVariable(m_project, name) && last + 1 < names.size()) name += "," + names[++last];
@@ -87,7 +87,7 @@ class MasterCommand {
     std::cout << CsvText(LinesOf(ComputeMeans(table, request, &m_project)));
   }
 
-  // A relative path of the platform starts from the current directory; drive-letter paths stay.
+  // Makes a relative path of the platform absolute; drive-letter paths are unchanged.
   static std::string FromHere(const std::string& text) {
     return HasDrive(text) ? text : PathText(std::filesystem::absolute(PathFromText(text)));
   }
@@ -96,7 +96,7 @@ class MasterCommand {
     return m_disk.Drives().ToDrivePath(FromHere(text));
   }
 
-  // The destination box's text: a name alone is left to mean a file in the primary directory.
+  // The destination box's text; a name alone is a file in the primary directory.
   [[nodiscard]] std::string DestinationText() const {
     const std::string& text = m_arguments.Destination;
     return text.find('/') == std::string::npos || text.find('\\') != std::string::npos ? text : FromHere(text);
@@ -136,7 +136,7 @@ class MasterCommand {
     return *variable;
   }
 
-  // Before the first master is written, as the groups are asked for before it in the window.
+  // Called before the first master is written: in the window, too, the groups are chosen first.
   bool FillCombinedRequest(const MasterRequest& request, CombinedRequest& combined) {
     combined.Selection = request.Selection;
     combined.Destination = request.Destination;
@@ -162,7 +162,7 @@ class MasterCommand {
     if (!WithRetry(m_terminal, [&] { lines = ReadGroupOrder(m_disk, path); })) return false;
     if (!IsFaultless(GroupFileFault(lines, subjectIds), path)) return false;
     order = FitGroupOrder(lines, subjectIds);
-    // Nobody looks at the order before it is used: a misspelt identifier must not pass unseen.
+    // No one reviews the order before it is used, so a misspelt identifier must be reported.
     const std::set<std::string_view> known(lines.SubjectIds.begin(), lines.SubjectIds.end());
     for (const std::string& id : subjectIds) {
       if (!known.contains(id)) std::cerr << "Subject " << id << " is not in '" << path << "' and comes last.\n";
@@ -215,7 +215,7 @@ int main(int argc, char** argv) {
     std::cout.flush();
     if (std::cout) return result;
     std::cerr << "zova-master: standard output cannot be written\n";
-  } catch (const std::exception& error) {  // memory ran out, or a fault of ours: never a silent end
+  } catch (const std::exception& error) {  // out of memory, or a bug: never end silently
     std::cerr << "zova-master: " << error.what() << '\n';
   }
   return 1;

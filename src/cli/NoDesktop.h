@@ -5,7 +5,7 @@
 
 namespace zova {
 
-/// The rest of the platform where there is no window: dialogs are cancelled, nothing is stored, shown or heard.
+/// The platform without a window: cancels dialogs, stores and shows nothing.
 class NoDesktop final : public FileDialogs, public SettingsStore, public Desktop, public HelpViewer {
  public:
   std::optional<std::string> ChooseFile(const FileQuestion&) override { return std::nullopt; }

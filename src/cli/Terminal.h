@@ -9,9 +9,9 @@
 
 namespace zova {
 
-/// Messages as lines on standard error, and the progress of a run as one line there that is written over. Retry/Cancel
-/// is asked when a person can answer (standard input and error are a terminal); elsewhere every answer is the one that
-/// does nothing further (Cancel, No, OK). Progress is shown only on a terminal.
+/// Writes messages as lines, and the progress of a run as one line that is overwritten, to standard error. Asks
+/// Retry/Cancel if standard input and error are a terminal; otherwise, and for all other boxes, the answer is the one
+/// that does nothing further (Cancel, No, OK). Shows progress only on a terminal.
 class Terminal final : public MessageBoxes, public Progress {
  public:
   Terminal();
@@ -28,7 +28,7 @@ class Terminal final : public MessageBoxes, public Progress {
   std::chrono::steady_clock::time_point m_lastShown{};
 };
 
-/// From here on standard output takes bytes as they are, line ends included, also where a system would change them.
+/// Stops the system from converting line ends on standard output.
 void SetStandardOutputBinary();
 
 }  // namespace zova

@@ -22,7 +22,7 @@ void TypedGrid::Open(int lines, std::vector<GridColumn> columns) {
   m_columns = std::move(columns);
   m_history.Clear();
   m_text.clear();
-  ++m_openings;
+  ++m_openingRevision;
   ++m_revision;
   ShowPage(1);
 }
@@ -63,12 +63,12 @@ void TypedGrid::PlaceCursor(GridCell cell) {
 }
 
 void TypedGrid::SelectTo(GridCell cell) {
-  // A grid without lines has its cursor on line 1 as well.
+  // The cursor is on line 1 even in a grid without lines.
   m_cursor = {std::clamp(cell.Line, 1, std::max(m_lines, 1)), std::clamp(cell.Column, 1, LastColumn())};
   const auto [firstLine, lastLine] = std::minmax(m_anchor.Line, m_cursor.Line);
   const auto [firstColumn, lastColumn] = std::minmax(m_anchor.Column, m_cursor.Column);
   m_selection = {firstLine, lastLine, firstColumn, lastColumn};
-  if (!m_text.empty()) ++m_revision;  // it is for other cells now
+  if (!m_text.empty()) ++m_revision;  // the text now belongs to other cells
 }
 
 void TypedGrid::Move(int lines, int columns) {
@@ -77,7 +77,7 @@ void TypedGrid::Move(int lines, int columns) {
 
 void TypedGrid::Step(int direction) {
   const GridCell start = m_cursor;
-  if (!TakeStandingText()) return;
+  if (!EnterPendingText()) return;
   GridCell cell = start;
   do {
     cell.Column += direction;
@@ -94,18 +94,27 @@ void TypedGrid::Step(int direction) {
 }
 
 bool TypedGrid::Enter() {
-  const GridBlock block = m_selection;
-  if (block.FirstColumn != block.LastColumn) {
+  if (m_selection.FirstColumn != m_selection.LastColumn) {
     m_desktop.Beep();
     return false;
   }
+  return m_text.empty() || EnterText({});
+}
+
+bool TypedGrid::EnterTextBeforeLeaving() {
   if (m_text.empty()) return true;
+  if (m_selection.FirstColumn != m_selection.LastColumn) PlaceCursor(m_cursor);
+  return EnterText("'" + m_text + "' in the entry box was not taken.  Please type it again, or go on without it.");
+}
+
+bool TypedGrid::EnterText(const std::string& refusalDetails) {
+  const GridBlock block = m_selection;
   const std::string text = std::exchange(m_text, {});
   ++m_revision;
   std::vector<CellEdit> edits;
   for (GridCell cell{block.FirstLine, block.FirstColumn}; cell.Line <= std::min(block.LastLine, m_lines); ++cell.Line) {
     CellInput input = m_rules.Typed(cell, text);
-    if (!input.Refusal.empty()) return Refuse(input.Refusal);
+    if (!input.Refusal.empty()) return Refuse(input.Refusal, refusalDetails);
     edits.push_back({cell, std::move(input.Text)});
   }
   Apply(std::move(edits));
@@ -140,14 +149,14 @@ std::string TypedGrid::Copy() const {
 }
 
 void TypedGrid::Paste(std::string_view text) {
-  // Empty lines at the end are the spreadsheet's, not cells to be blanked.
+  // Empty lines at the end come from the spreadsheet and blank no cells.
   text = text.substr(0, text.find_last_not_of(m_rules.PastesBlanks ? "\r\n" : " \r\n") + 1);
   if (text.empty()) return;
   const char separator = CellSeparator(text);
   const GridCell start{m_selection.FirstLine, m_selection.FirstColumn};
   std::vector<CellEdit> edits;
   for (int line = start.Line; !text.empty(); ++line) {
-    LineCells cells(TakeLine(text), separator);
+    LineCells cells(NextLine(text), separator);
     for (GridCell cell{line, start.Column}; const auto content = cells.Next(); ++cell.Column) {
       CellInput input = m_rules.Pasted(cell, *content);
       if (!input.Refusal.empty()) {
@@ -157,7 +166,7 @@ void TypedGrid::Paste(std::string_view text) {
       edits.push_back({cell, std::move(input.Text)});
     }
   }
-  m_text.clear();  // else the next Enter would put it over what was pasted
+  m_text.clear();  // the next Enter would overwrite what was pasted
   ++m_revision;
   Apply(std::move(edits));
 }

@@ -22,7 +22,7 @@ struct GridCell {
   bool operator==(const GridCell&) const = default;
 };
 
-/// A block of cells, both ends included.
+/// A rectangle of cells, bounds included.
 struct GridBlock {
   int FirstLine = 1;
   int LastLine = 1;
@@ -36,10 +36,10 @@ struct GridBlock {
 
 struct GridColumn {
   std::string Heading;
-  bool ShowsTips = false;  ///< its texts may be too long for it
+  bool ShowsTips = false;  ///< its texts may be wider than the column
 };
 
-/// What a text would put into a cell ("" for a blank), or the message of why it may not.
+/// The text that a cell would get ("" for a blank), or the message that refuses it.
 struct CellInput {
   std::string Text;
   std::string Refusal = {};
@@ -50,7 +50,7 @@ struct CellEdit {
   std::string Text;
 };
 
-/// A cell of one of the grid's pages before and after a change.
+/// A cell of a page before and after a change.
 struct CellChange {
   int Page;
   GridCell Cell;
@@ -58,36 +58,38 @@ struct CellChange {
   std::string After;
 };
 
-/// The cell of a number; a 0 is a blank.
+/// A number as the text of a cell; 0 is blank.
 std::string NumberCell(int number);
 std::int16_t CellNumber(const std::string& text);
 
-/// What makes a typed grid the grid of its screen. The cells belong to the screen and pass as their texts, "" for a
-/// blank; equal cells have equal texts.
+/// The rules of one screen's grid. The screen owns the cells; the grid sees only their texts, "" for a blank. Equal
+/// cells have equal texts.
 struct GridRules {
-  std::function<std::string(int page, GridCell cell)> Text;  ///< column 0 as well
+  std::function<std::string(int page, GridCell cell)> Text;  ///< also of column 0
   std::function<void(int page, GridCell cell, const std::string& text)> SetText;
-  /// What the box's text would put into a cell of the selection, which is in one column.
+  /// The box's text as input for a cell of the selection, which lies in one column.
   std::function<CellInput(GridCell cell, const std::string& text)> Typed;
-  /// What a pasted text would put into a cell, which may lie beyond the last line or column.
+  /// A pasted text as input for a cell, which may be beyond the last line or column.
   std::function<CellInput(GridCell cell, std::string_view text)> Pasted;
-  /// Where the cursor goes from a cell that was entered; beyond the grid's edge it stays at it.
+  /// Where the cursor goes after Enter; the grid clamps it to its edges.
   std::function<GridCell(GridCell entered)> Next = [](GridCell cell) { return GridCell{cell.Line + 1, cell.Column}; };
-  /// Whether Tab stops in the column of the page that is shown.
+  /// Whether Tab stops in the column on the current page.
   std::function<bool(int column)> IsUsed = [](int) { return true; };
-  std::function<bool(char c)> IsTyped = [](char c) { return c >= '0' && c <= '9'; };  ///< into the box
+  std::function<bool(char c)> IsTyped = [](char c) {
+    return c >= '0' && c <= '9';
+  };  ///< whether the box accepts the character
 
-  bool TabStaysAtEnds = true;      ///< in the last cell, backwards in the first; else it leads as far as Enter does
-  bool DeleteBlanks = true;        ///< with the box empty Delete blanks the selection
-  bool CopiesFromOneCell = false;  ///< a selection of one cell copies it alone, else its column
-  bool PastesBlanks = false;       ///< a line of spaces at the end of a paste is a cell, else the spreadsheet's
+  bool TabStaysAtEnds = true;  ///< Tab stays in the last cell, Shift+Tab in the first; else it leads where Enter does
+  bool DeleteBlanks = true;    ///< Delete blanks the selection when the box is empty
+  bool CopiesFromOneCell = false;  ///< a selection of one cell is copied alone; else its column is
+  bool PastesBlanks = false;       ///< lines of spaces at the end of a paste blank cells; else they are ignored
 };
 
-/// A grid of cells and the one-cell box through which everything is typed: cursor, selection, copying, pasting, undo.
-/// It may have several pages of the same shape, of which it shows one. What a text means in a cell is its rules'.
+/// A grid of cells with one entry box: cursor, selection, copying, pasting, undo. It shows one of several pages of the
+/// same shape. `GridRules` decide what a text means in a cell.
 class TypedGrid {
  public:
-  /// Lines whose cells changed since they were last asked for; none when FirstLine is above LastLine.
+  /// Lines whose cells changed since the last FetchChangedLines; none when FirstLine is above LastLine.
   struct ChangedLines {
     int FirstLine = 1;
     int LastLine = 0;
@@ -97,7 +99,8 @@ class TypedGrid {
   TypedGrid(const TypedGrid&) = delete;
   TypedGrid& operator=(const TypedGrid&) = delete;
 
-  /// Page 1, cursor on the first cell, the box empty, nothing to undo. The first of `columns` is column 0.
+  /// Shows page 1 with the cursor on the first cell, an empty box and an empty undo history. The first of `columns` is
+  /// column 0.
   void Open(int lines, std::vector<GridColumn> columns);
   void ShowPage(int page, GridCell cursor = {});
 
@@ -109,52 +112,56 @@ class TypedGrid {
   [[nodiscard]] bool IsUsed(int column) const { return m_rules.IsUsed(column); }
   [[nodiscard]] GridCell Cursor() const noexcept { return m_cursor; }
   [[nodiscard]] const GridBlock& Selection() const noexcept { return m_selection; }
-  ChangedLines TakeChangedLines() noexcept { return std::exchange(m_changed, {}); }
-  /// Grows whenever the grid is opened.
-  [[nodiscard]] int Openings() const noexcept { return m_openings; }
-  /// Grows whenever a cell may have changed, or what the box would put where.
+  ChangedLines FetchChangedLines() noexcept { return std::exchange(m_changed, {}); }
+  /// Increases with every Open.
+  [[nodiscard]] int OpeningRevision() const noexcept { return m_openingRevision; }
+  /// Increases whenever a cell, the box or its target may have changed.
   [[nodiscard]] int Revision() const noexcept { return m_revision; }
 
   [[nodiscard]] const std::string& EntryText() const noexcept { return m_text; }
-  /// Keeps the characters that may be typed.
+  /// Drops characters that may not be typed.
   void SetEntryText(std::string_view text);
   [[nodiscard]] bool IsTyped(char c) const { return m_rules.IsTyped(c); }
 
-  /// Puts the box's text into the selection, which stays, or into the cursor's cell, from which it goes on. False when
-  /// the text was refused, or has no one column to go to.
+  /// Puts the box's text into the selection, or into the cursor's cell and moves on. False when the text is refused or
+  /// the selection spans several columns.
   bool Enter();
-  /// Takes a text that was typed but not entered, as Enter would. False when it was refused.
-  bool TakeStandingText() { return m_text.empty() || Enter(); }
+  /// Enters a text that was typed but not entered yet. False when it is refused.
+  bool EnterPendingText() { return m_text.empty() || Enter(); }
+  /// The same for a command that leaves the page: of several columns the text goes to the cursor's cell. A refusal says
+  /// what it was that stood in the box.
+  bool EnterTextBeforeLeaving();
   void PlaceCursor(GridCell cell);
-  /// The arrow keys; with text in the box they do nothing.
+  /// The arrow keys. No effect with text in the box.
   void Move(int lines, int columns);
-  /// Tab and Shift+Tab, after taking what stands in the box: the next or previous cell of the columns in use.
+  /// Tab and Shift+Tab: enters the pending text, then goes to the next or previous cell of the columns in use.
   void Step(int direction);
-  /// Shift+arrows, and the mouse from where it was pressed. The cursor goes along, the other end stays.
+  /// Shift+arrows and dragging: moves the cursor's end of the selection.
   void ExtendSelection(int lines, int columns) { SelectTo({m_cursor.Line + lines, m_cursor.Column + columns}); }
   void SelectTo(GridCell cell);
-  /// Takes what stands in the box first, which belongs to the cell that is left.
+  /// Enters the pending text first: it belongs to the cell that is left.
   void Click(GridCell cell) {
-    if (TakeStandingText()) PlaceCursor(cell);
+    if (EnterPendingText()) PlaceCursor(cell);
   }
-  /// False when the Delete key is not the grid's.
+  /// False when the grid does not use the Delete key.
   bool DeleteKey();
 
-  /// For a spreadsheet: cells separated by tabs, every line ended by LF.
+  /// Cells separated by tabs, every line ended by LF.
   [[nodiscard]] std::string Copy() const;
-  /// From the selection's first cell on, all of it or nothing; the first fault is shown. Cursor and selection stay.
+  /// Pastes from the selection's first cell on, all cells or none; shows the first fault. Cursor and selection stay.
   void Paste(std::string_view text);
   void Undo();
   void Redo();
 
-  /// Changes cells of the page that is shown, as one step to undo.
+  /// Changes cells of the current page as one undo step.
   void Apply(std::vector<CellEdit> edits);
-  /// A change that was made already, page by page and line by line, to be undone as one step.
+  /// Records a change already made, sorted by page and line, as one undo step.
   void Note(std::vector<CellChange> changes);
-  /// Shows why something cannot be done. Always false.
+  /// Beeps and shows `message`. Always returns false.
   bool Refuse(const std::string& message, const std::string& details = {});
 
  private:
+  bool EnterText(const std::string& refusalDetails);
   void Show(const std::vector<CellChange>& changes, std::string CellChange::*side);
   void MarkChanged(int firstLine, int lastLine) noexcept;
   void MarkChanged(const std::vector<CellChange>& changes) noexcept;
@@ -171,7 +178,7 @@ class TypedGrid {
   std::string m_text;
   UndoStack<std::vector<CellChange>> m_history;
   ChangedLines m_changed;
-  int m_openings = 0;
+  int m_openingRevision = 0;
   int m_revision = 0;
 };
 

@@ -7,7 +7,6 @@
 
 namespace zova {
 
-/// The steps that can be undone, and those undone that can be redone.
 template <typename Step>
 class UndoStack {
  public:
@@ -15,19 +14,19 @@ class UndoStack {
     m_steps.clear();
     m_done = 0;
   }
-  /// Drops what could be redone.
+  /// Drops the steps that could be redone.
   void Push(Step step) {
     m_steps.erase(m_steps.begin() + static_cast<std::ptrdiff_t>(m_done), m_steps.end());
     m_steps.push_back(std::move(step));
     ++m_done;
   }
-  /// The step to take back or to do again; nullptr when there is none.
+  /// The step to undo or redo; nullptr when there is none.
   const Step* Undo() noexcept { return m_done == 0 ? nullptr : &m_steps[--m_done]; }
   const Step* Redo() noexcept { return m_done == m_steps.size() ? nullptr : &m_steps[m_done++]; }
 
  private:
   std::vector<Step> m_steps;
-  std::size_t m_done = 0;  // steps before it are done
+  std::size_t m_done = 0;  // number of steps done
 };
 
 }  // namespace zova

@@ -7,7 +7,7 @@
 namespace zova {
 
 std::optional<double> MasterNumber(std::string_view text) {
-  // std::from_chars also takes "inf" and "nan"
+  // std::from_chars also accepts "inf" and "nan"
   const char first = text.empty() ? ' ' : text[text.front() == '-' && text.size() > 1 ? 1 : 0];
   if (first != '.' && (first < '0' || first > '9')) return std::nullopt;
   double value = 0;

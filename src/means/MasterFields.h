@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// The pieces that the lines of all masters are made of.
+// Fields of the lines of all masters.
 #pragma once
 
 #include <optional>
@@ -8,7 +8,8 @@
 
 namespace zova {
 
-/// Digits with at most one point, and a minus sign: ".285", "-12". Nothing for all else, also for exponents.
+/// Digits with at most one point and an optional minus sign: ".285", "-12". nullopt for any other text, also with an
+/// exponent.
 std::optional<double> MasterNumber(std::string_view text);
 
 }  // namespace zova

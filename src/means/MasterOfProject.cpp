@@ -11,7 +11,7 @@ namespace zova {
 
 namespace {
 
-// Two projects may share a primary directory and the numbers of their subjects.
+// Two projects may share a primary directory and their subjects' identifiers.
 bool IsNamedForOther(std::string_view name, const ProjectParameters& project, Disk& disk) {
   const std::string directory = SubjectDirectory(project.PrimaryDir);
   const std::vector<std::string> abbreviations = AbbreviationsInMasterName(name);
@@ -20,7 +20,7 @@ bool IsNamedForOther(std::string_view name, const ProjectParameters& project, Di
   });
 }
 
-// Not where the directory cannot be listed: nothing of it is read then.
+// False when the directory cannot be listed.
 bool LiesAmongItsOwn(const std::string& path, const ProjectParameters& project, Disk& disk) {
   try {
     return disk.IsSame(DirectoryOfPath(path), project.PrimaryDir) &&

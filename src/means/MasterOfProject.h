@@ -8,9 +8,9 @@
 
 namespace zova {
 
-/// True when the master at `path` is one of the project's: its variables are the project's, and its name begins with
-/// the abbreviation and " Master" or " Combined Master", or it lies in the primary directory and is not called like the
-/// master of another project whose subjects lie there.
+/// True when the master at `path` belongs to the project: it has the project's variables, and either its name begins
+/// with the abbreviation and " Master" or " Combined Master", or it is in the primary directory and not named like the
+/// master of another project with subjects there.
 bool IsMasterOfProject(const MasterTable& table, const std::string& path, const ProjectParameters& project, Disk& disk);
 
 }  // namespace zova

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// The lines are those of MasterLines.cpp. They are split at commas whatever the fields hold: names and identifiers are
-// not quoted. A comma in a variable's name (older files have some) therefore makes a line of names that no row fits,
-// unless the names are known.
+// MasterLines.cpp has the grammar of the lines. Fields are not quoted, so a comma in a variable's name (in older files)
+// splits it, and no row fits the header unless the project's names are known.
 
 #include "means/MasterTable.h"
 
@@ -34,7 +33,7 @@ bool AppendFields(LineCells& fields, MasterTable& table) {
   return !fields.Next();
 }
 
-// A row is taken whole or not at all.
+// Adds the whole row or nothing.
 void AddFields(std::string_view subject, LineCells& fields, MasterTable& table) {
   const std::size_t rows = table.RowCount();
   if (AppendFields(fields, table)) {
@@ -47,7 +46,7 @@ void AddFields(std::string_view subject, LineCells& fields, MasterTable& table) 
   }
 }
 
-// At most what `text` can hold, however short its lines and long its header.
+// Reserves no more than `text` can hold, even with short lines and a long header.
 void Reserve(std::string_view text, MasterTable& table) {
   const auto lines = static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n')) + 1;
   const std::size_t fields = text.size() / 2 + 1;
@@ -61,7 +60,7 @@ void Reserve(std::string_view text, MasterTable& table) {
 
 bool BeginsWithMeasure(std::string_view line) { return ColumnByName(*LineCells(line).Next()).has_value(); }
 
-// What stands behind identifier and variables where these are the project's, and a measure follows.
+// The part of the line after identifier and variables, if these are the project's and a measure follows.
 std::optional<std::string_view> BehindVariables(std::string_view line, const ProjectParameters& project) {
   if (BeginsWithMeasure(line)) return std::nullopt;  // a later piece
   line.remove_prefix(std::min(line.find(','), line.size()));
@@ -94,7 +93,7 @@ bool IsMasterHeader(std::string_view line) {
   return false;
 }
 
-bool TakeMasterHeader(std::string_view line, const ProjectParameters* project, MasterTable& table) {
+bool ParseMasterHeader(std::string_view line, const ProjectParameters* project, MasterTable& table) {
   table = {};
   if (!IsMasterHeader(line)) return false;
   if (const auto measures = project != nullptr ? BehindVariables(line, *project) : std::nullopt) {
@@ -136,12 +135,12 @@ std::optional<MasterTable> ParseMaster(std::string_view text, std::string_view h
   text = WithoutMarks(text);
   MasterTable table;
   std::string_view rows = text;
-  if (!TakeMasterHeader(TakeLine(rows), project, table)) {
-    if (!TakeMasterHeader(header, project, table)) return std::nullopt;
+  if (!ParseMasterHeader(NextLine(rows), project, table)) {
+    if (!ParseMasterHeader(header, project, table)) return std::nullopt;
     rows = text;
   }
   Reserve(rows, table);
-  while (!rows.empty()) AddMasterRow(TakeLine(rows), table);
+  while (!rows.empty()) AddMasterRow(NextLine(rows), table);
   table.RepeatedSubjects = CountRepeated(table);
   return table;
 }

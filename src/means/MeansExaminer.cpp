@@ -6,11 +6,11 @@
 #include <numeric>
 #include <set>
 #include <utility>
-#include "platform/desktop/FileErrorBoxes.h"
 
 #include "master/columns/ColumnName.h"
 #include "means/MasterOfProject.h"
 #include "means/UncomputedValues.h"
+#include "platform/desktop/FileErrorBoxes.h"
 #include "project/ProtectedFiles.h"
 #include "text/Encoding.h"
 
@@ -55,7 +55,7 @@ void MeansExaminer::Open(const ProjectParameters& project, const std::string& he
   m_missing = "The master of this project could not be read.";
   std::string bytes;
   if (!Read(path, bytes)) return;
-  const auto fault = Take(bytes, m_header);
+  const auto fault = ParseTable(bytes, m_header);
   if (!fault) return Show(path);
   m_missing = "'" + path + "' could not be read.  " + *fault + "  Create the master anew" +
               (*fault == kNoHeader ? ", with this destination if its header went to another one." : ".");
@@ -70,7 +70,7 @@ void MeansExaminer::Close() {
   m_serial.reset();
   m_measureNames.clear();
   m_request = {};
-  ++m_layouts;
+  ++m_layoutRevision;
   Compute();
 }
 
@@ -85,7 +85,7 @@ void MeansExaminer::ChooseMaster() {
   bool isOwnFile = false;
   const auto compare = [&] { isOwnFile = m_platform.Files.IsSame(*path, DefaultMasterPath(*m_project)); };
   if (!WithRetry(m_platform.Boxes, compare)) return;
-  const auto fault = Take(bytes, isOwnFile ? m_header : "");
+  const auto fault = ParseTable(bytes, isOwnFile ? m_header : "");
   if (!fault) return Show(*path);
   Warn(m_platform.Boxes, "'" + std::string(LastPathComponent(*path)) + "' is no master.", *fault);
 }
@@ -95,8 +95,8 @@ bool MeansExaminer::Read(const std::string& path, std::string& bytes) {
   return WithRetry(m_platform.Boxes, [&] { m_platform.Files.Read(path, bytes); });
 }
 
-// What was shown stays when the text is no master.
-std::optional<std::string> MeansExaminer::Take(const std::string& bytes, std::string_view header) {
+// Leaves what is shown unchanged when the text is not a master.
+std::optional<std::string> MeansExaminer::ParseTable(const std::string& bytes, std::string_view header) {
   const BusyPointer busy(m_platform.Pointer);
   if (!LooksLikeDataText(bytes)) return kNoText;
   const DataText text(bytes);
@@ -122,7 +122,7 @@ void MeansExaminer::Show(const std::string& path) {
   if (!m_measureNames.empty()) m_request.Measures = {0};
   m_unchecked = 0;
   m_isOwn = !m_serial && IsMasterOfProject(m_table, path, *m_project, m_platform.Files);
-  ++m_layouts;
+  ++m_layoutRevision;
   Compute();
   if (!m_isOwn || m_table.RowCount() == 0) return;
   m_isReading = true;
@@ -161,7 +161,7 @@ void MeansExaminer::ChooseWholeSeries() {
   for (const std::size_t measure : m_request.Measures) families.insert(familyOf(measure));
   std::vector<std::size_t> measures;
   for (std::size_t measure = 0; measure < m_measureNames.size(); ++measure) {
-    // The tests of a serial-position master are one series.
+    // All tests of a serial-position master are one series.
     if (m_serial || families.contains(familyOf(measure))) measures.push_back(measure);
   }
   ChooseMeasures(measures);
@@ -173,7 +173,7 @@ void MeansExaminer::SetLeavesOut(bool leavesOut) {
 }
 
 void MeansExaminer::Compute() {
-  ++m_results;
+  ++m_resultRevision;
   m_uncomputed = 0;
   m_means = {};
   m_picture = {};
@@ -270,7 +270,7 @@ std::string MeansExaminer::RowTip(int row) const {
          (LeavesOut() ? "left out here." : "counted as 0 here, as in the master.");
 }
 
-// What was not looked for is no 0.
+// Leaves the field empty when the values were not checked: 0 would be wrong.
 MeansLines MeansExaminer::Lines() const {
   MeansLines lines = LinesOf(m_means);
   for (std::vector<std::string>& row : lines.Rows) row.back() = m_isOwn ? row.back() : "";
@@ -302,11 +302,11 @@ std::optional<PlotTarget> MeansExaminer::AskPlotFile() {
 
 void MeansExaminer::SavePlot(const PlotTarget& target, const std::string& bytes) { Save(target.Path, bytes); }
 
-// A master lies also where its run was told to put it, under whatever name. Throws FileError.
+// A master can have any destination and name, so its content decides. Throws FileError.
 bool MeansExaminer::IsKept(const std::string& path) {
   if (IsProtectedFile(path, *m_project, m_platform.Files)) return true;
   if (!m_platform.Files.FileExists(path)) return false;
-  if (m_platform.Files.IsSame(path, m_path)) return true;  // its rows may stand without a header
+  if (m_platform.Files.IsSame(path, m_path)) return true;  // its rows may have no header
   std::string bytes;
   m_platform.Files.Read(path, bytes);
   const DataText text(bytes);

@@ -23,35 +23,34 @@ struct PlotTarget {
 /// True when a point of the picture has a confidence interval.
 bool HasIntervals(const PlotPicture& picture);
 
-/// The rules of Examine Means: which master is read, what is chosen of it, and what table and plot show of that.
-/// Measures, variables, rows and columns count from 0. The master itself is never changed.
+/// The rules of Examine Means: the master, the selection, and what table and plot show. Measures, variables, rows and
+/// columns count from 0. Never changes a master.
 class MeansExaminer {
  public:
   explicit MeansExaminer(const Platform& platform) : m_platform(platform) {}
-  /// Called when what is shown changes while a master is read.
+  /// Called when what is shown changes while a master is being read.
   void SetObserver(std::function<void()> observer) { m_observer = std::move(observer); }
 
-  /// Begins with the project's own master; where there is none the screen says so. `header` is that of a master whose
-  /// rows stand without their own, or "". `project` must outlive the screen.
+  /// Shows the project's own master, or a note that there is none. `header` is the header written to another
+  /// destination, for a master without its own, or "". `project` must outlive the screen.
   void Open(const ProjectParameters& project, const std::string& header);
-  /// Forgets the master.
   void Close();
 
   void ChooseMaster();  ///< cmdMeansOpen
   void ChooseMeasures(const std::vector<std::size_t>& measures);
-  /// Those that were chosen before keep their order; new ones come behind them.
+  /// Variables chosen before keep their order; new ones follow.
   void ChooseVariables(const std::vector<std::size_t>& variables);
-  void ChooseWholeSeries();  ///< all measures of the families that have a chosen one
+  void ChooseWholeSeries();  ///< all measures of the families of the chosen ones
   void SetLeavesOut(bool leavesOut);
   void SaveTable();
-  /// Asks for the file of a plot; nothing when that was given up.
+  /// Asks for the file of a plot; nullopt when the user cancels.
   std::optional<PlotTarget> AskPlotFile();
   void SavePlot(const PlotTarget& target, const std::string& bytes);
 
-  [[nodiscard]] std::string FileLine() const;  ///< which master is shown, or why none is
-  [[nodiscard]] std::string NoteLine() const;  ///< what the numbers below must be read with
-  /// The texts of the lists; they change only when `Layouts` has grown.
-  [[nodiscard]] int Layouts() const noexcept { return m_layouts; }
+  [[nodiscard]] std::string FileLine() const;  ///< the master shown, or why there is none
+  [[nodiscard]] std::string NoteLine() const;  ///< remarks on the numbers
+  /// The texts of the lists change only when `LayoutRevision` increases.
+  [[nodiscard]] int LayoutRevision() const noexcept { return m_layoutRevision; }
   [[nodiscard]] const std::vector<std::string>& Measures() const noexcept { return m_measureNames; }
   [[nodiscard]] const std::vector<std::string>& Variables() const noexcept { return m_table.Variables; }
   [[nodiscard]] const std::vector<std::size_t>& ChosenMeasures() const noexcept { return m_request.Measures; }
@@ -59,25 +58,24 @@ class MeansExaminer {
   [[nodiscard]] bool LeavesOut() const noexcept { return m_request.LeavesOutUncomputed; }
   [[nodiscard]] bool CanLeaveOut() const noexcept { return m_uncomputed > 0; }
 
-  /// The table and the picture, which change only when `Results` has grown.
-  [[nodiscard]] int Results() const noexcept { return m_results; }
+  /// Table and picture change only when `ResultRevision` increases.
+  [[nodiscard]] int ResultRevision() const noexcept { return m_resultRevision; }
   [[nodiscard]] int RowCount() const noexcept {
     return static_cast<int>(m_means.Measures.size() * m_means.Cells.size());
   }
   [[nodiscard]] std::vector<std::string> Headings() const;
-  /// As the screen shows it; a mean with values that could not be computed ends in "*".
+  /// As shown; a mean that includes values that could not be computed ends in "*".
   [[nodiscard]] std::string CellText(int row, int column) const;
-  /// What its mark means, or "".
+  /// The meaning of the row's mark, or "".
   [[nodiscard]] std::string RowTip(int row) const;
-  /// For a spreadsheet's clipboard.
   [[nodiscard]] std::string TableText() const { return TabText(Lines()); }
   [[nodiscard]] const PlotPicture& Picture() const noexcept { return m_picture; }
   [[nodiscard]] bool HasPlot() const noexcept { return !m_picture.Series.empty(); }
 
  private:
   bool Read(const std::string& path, std::string& bytes);
-  /// Nothing, or why the text is no master.
-  std::optional<std::string> Take(const std::string& bytes, std::string_view header);
+  /// nullopt, or why the text is not a master.
+  std::optional<std::string> ParseTable(const std::string& bytes, std::string_view header);
   void Show(const std::string& path);
   void Compute();
   [[nodiscard]] MeansLines Lines() const;
@@ -89,8 +87,8 @@ class MeansExaminer {
   std::function<void()> m_observer;
   const ProjectParameters* m_project = nullptr;
   std::string m_header;
-  std::string m_path;     // of the master shown, or ""
-  std::string m_missing;  // why none is
+  std::string m_path;     // the master shown, or ""
+  std::string m_missing;  // why there is none
   bool m_isOwn = false;
   bool m_isReading = false;
   int m_unchecked = 0;  // rows that could not be scored again
@@ -99,10 +97,10 @@ class MeansExaminer {
   std::vector<std::string> m_measureNames;
   MeansRequest m_request;
   MeansTable m_means;
-  std::size_t m_uncomputed = 0;  // values of the chosen measures
+  std::size_t m_uncomputed = 0;  // among the chosen measures
   PlotPicture m_picture;
-  int m_layouts = 0;
-  int m_results = 0;
+  int m_layoutRevision = 0;
+  int m_resultRevision = 0;
 };
 
 }  // namespace zova

@@ -22,7 +22,7 @@ std::string Joined(const Names& names, std::string_view separator) {
   return text;
 }
 
-// A measure that is drawn, and its column in the means.
+// A measure to draw and its column in the means.
 struct Drawn {
   std::string_view Family;
   std::string_view Label;
@@ -39,8 +39,8 @@ Drawn DrawnOf(std::string_view measure, std::size_t column) {
   return {family.Stem, family.Label, family.Unit, family.Shape.Axis, known->Place, column};
 }
 
-// The measures of the family that was chosen first, each once, and how many there are of other families. A name that is
-// none of ours is a family of its own.
+// The distinct measures of the first chosen one's family. Sets `others` to the number of measures of other families. An
+// unknown name is a family of its own.
 std::vector<Drawn> FirstFamily(const MeansTable& means, std::size_t& others) {
   std::vector<Drawn> family;
   std::unordered_set<std::string_view> seen;
@@ -69,7 +69,7 @@ std::string IndexText(MeasureAxis axis, const ColumnPlace& place) {
   return std::string(TraitsOf(axis).Noun) + " " + std::to_string(place.Index);
 }
 
-// Where on its axis a measure stands: "test 1", "test 2, minute 3", "NNC".
+// The place on the axis in words: "test 1", "test 2, minute 3", "NNC".
 std::string PlaceText(MeasureAxis axis, const ColumnPlace& place) {
   switch (axis) {
     case MeasureAxis::TestPair: return "tests " + std::to_string(place.Test) + " and " + std::to_string(place.Index);
@@ -84,7 +84,7 @@ std::string TickText(MeasureAxis axis, const ColumnPlace& place) {
   return axis == MeasureAxis::Pattern ? PatternText(place) : std::to_string(place.Index);
 }
 
-// "Net recall, test 1 (items)"; `place` is what all that is drawn has in common.
+// "Net recall, test 1 (items)"; `place` is common to everything drawn.
 std::string YLabelOf(const Drawn& drawn, const std::string& place) {
   std::string label(drawn.Label);
   if (drawn.Place.Index > 0 && !place.empty()) label += ", " + place;
@@ -96,7 +96,7 @@ bool IsNumber(const std::string& text) {
   return !text.empty() && text.find_first_not_of("0123456789") == std::string::npos;
 }
 
-// The levels of a cell from variable `first` on; where all that is known is a number, "Sex 1".
+// The levels of a cell from variable `first` on; "Sex 1" for a level without a name.
 Names LevelsFrom(const MeansTable& means, const MeansCell& cell, std::size_t first) {
   Names names;
   for (std::size_t variable = first; variable < cell.Levels.size(); ++variable) {
@@ -110,7 +110,7 @@ void AddPoint(PlotSeries& series, double x, const SampleStatistics& statistics) 
   if (statistics.Mean) series.Points.push_back({x, *statistics.Mean, statistics.HalfWidth});
 }
 
-// All cells but the total, which is last; the total when it is the only one.
+// All cells except the total, which is last, unless it is the only one.
 std::vector<const MeansCell*> DrawnCells(const MeansTable& means) {
   std::vector<const MeansCell*> cells;
   for (const MeansCell& cell : means.Cells) cells.push_back(&cell);
@@ -118,8 +118,8 @@ std::vector<const MeansCell*> DrawnCells(const MeansTable& means) {
   return cells;
 }
 
-// The series of a plot along the first variable's levels: the combinations of the other levels, in the order of those
-// also where the first level lacks some.
+// The series of a plot along the first variable's levels: the combinations of the other variables' levels, in ascending
+// order even if the first level lacks some.
 class SeriesOfOthers {
  public:
   SeriesOfOthers(const MeansTable& means, const std::vector<const MeansCell*>& cells) {
@@ -146,11 +146,11 @@ class SeriesOfOthers {
     return key;
   }
 
-  std::vector<std::unordered_map<std::string_view, std::size_t>> m_ranks;  // by variable: the places of its levels
+  std::vector<std::unordered_map<std::string_view, std::size_t>> m_ranks;  // per variable: the ranks of its levels
   std::map<Key, std::size_t> m_places;
 };
 
-// One measure along the levels of the first variable; `empty` counts the cells without values.
+// Draws one measure along the levels of the first variable. `empty` counts the cells without values.
 PlotPicture ByLevels(const MeansTable& means, const Drawn& drawn, std::size_t& empty) {
   PlotPicture picture;
   picture.HasLines = false;
@@ -175,7 +175,7 @@ bool HaveSame(const std::vector<Drawn>& family, int ColumnPlace::*number) {
                      [&](const Drawn& drawn) { return drawn.Place.*number == family.front().Place.*number; });
 }
 
-// The place on the axis, for sorting: pairs of neighbouring tests come before the pair of the first and the last.
+// Sort key of a place on the axis: pairs of consecutive tests come before the pair of first and last test.
 using Rank = std::array<int, 3>;
 
 Rank RankOf(const Drawn& drawn) {
@@ -184,7 +184,7 @@ Rank RankOf(const Drawn& drawn) {
   return {index > test + 1 ? 1 : 0, test, index};
 }
 
-// The axis of a family. Numbers keep their distances; pairs, patterns and lures stand side by side.
+// The axis of a family. Numbers are to scale; pairs, patterns and lures are evenly spaced.
 class FamilyAxis {
  public:
   explicit FamilyAxis(const std::vector<Drawn>& family) : m_axis(family.front().Axis) {
@@ -201,7 +201,7 @@ class FamilyAxis {
   [[nodiscard]] Names Ticks() const {
     Names ticks;
     for (const auto& [place, text] : m_texts) {
-      while (static_cast<int>(ticks.size()) + 1 < m_positions.find(place)->second) {  // a number that is not drawn
+      while (static_cast<int>(ticks.size()) + 1 < m_positions.find(place)->second) {  // a number without a point
         ticks.push_back(std::to_string(m_texts.begin()->first[2] + static_cast<int>(ticks.size())));
       }
       ticks.push_back(text);
@@ -209,8 +209,7 @@ class FamilyAxis {
     return ticks;
   }
 
-  // A line says that something goes on from point to point. From the last two tests to the first and the last nothing
-  // does.
+  // Lines connect successive points. The pair of first and last test does not follow the pair before it.
   [[nodiscard]] bool HasLines() const {
     const bool anyFarPair = m_texts.rbegin()->first[0] == 1;
     return HasDistances() || (m_axis == MeasureAxis::TestPair && !anyFarPair);
@@ -224,9 +223,9 @@ class FamilyAxis {
   std::map<Rank, int> m_positions;
 };
 
-// What the family is made of where its axis lies within tests: its only test, or the only minute or lure, which then
-// goes along the tests. "" where there are several of both, or where the axis goes over all tests anyway.
-std::string TakeCommonPlace(std::vector<Drawn>& family) {
+// For an axis within tests, the place that all measures share: their only test, or their only minute or lure, in which
+// case the axis becomes the tests. "" if both vary or the axis spans all tests.
+std::string ExtractCommonPlace(std::vector<Drawn>& family) {
   const auto [axis, place] = std::pair(family.front().Axis, family.front().Place);
   if (!TraitsOf(axis).LiesWithinTests) return {};
   if (HaveSame(family, &ColumnPlace::Test)) return TestText(place);
@@ -239,7 +238,7 @@ std::string TakeCommonPlace(std::vector<Drawn>& family) {
   return common;
 }
 
-// A series per cell, and per test where the axis lies within several.
+// One series per cell, and per test if the axis is within tests and there are several.
 void AddSeries(const MeansTable& means, const MeansCell& cell, const std::vector<Drawn>& family, const FamilyAxis& axis,
                std::vector<PlotSeries>& all) {
   const bool perTest = TraitsOf(family.front().Axis).LiesWithinTests && !HaveSame(family, &ColumnPlace::Test);
@@ -255,10 +254,10 @@ void AddSeries(const MeansTable& means, const MeansCell& cell, const std::vector
   }
 }
 
-// Several measures of one family, along what they differ in; `empty` counts the lines without values.
+// Draws several measures of one family along its axis. `empty` counts the lines without values.
 PlotPicture AlongAxis(const MeansTable& means, std::vector<Drawn> family, std::size_t& empty) {
   PlotPicture picture;
-  picture.YLabel = YLabelOf(family.front(), TakeCommonPlace(family));
+  picture.YLabel = YLabelOf(family.front(), ExtractCommonPlace(family));
   std::sort(family.begin(), family.end(), [](const Drawn& a, const Drawn& b) { return RankOf(a) < RankOf(b); });
   const FamilyAxis axis(family);
   picture.XLabel = TraitsOf(family.front().Axis).Label;

@@ -9,7 +9,7 @@
 
 namespace zova {
 
-/// What a plot shows, without a drawing library. Positions on the x axis count from 1.
+/// The content of a plot, independent of a drawing library. Positions on the x axis count from 1.
 struct PlotPoint {
   double X = 0;
   double Y = 0;
@@ -17,9 +17,9 @@ struct PlotPoint {
 };
 
 struct PlotSeries {
-  std::string Name;               ///< for the legend; "" when neither levels nor tests tell it apart
-  bool IsDashed = false;          ///< a smoothed curve beside the observed one
-  std::vector<PlotPoint> Points;  ///< ascending; in a means picture never empty
+  std::string Name;               ///< for the legend; "" without levels and tests to distinguish
+  bool IsDashed = false;          ///< a smoothed curve
+  std::vector<PlotPoint> Points;  ///< ascending; never empty in a plot of means
 };
 
 struct PlotPicture {
@@ -27,15 +27,14 @@ struct PlotPicture {
   std::string YLabel;              ///< measure and unit, "Net recall (items)"
   std::vector<std::string> Ticks;  ///< the text at x = 1, 2, ...
   std::vector<PlotSeries> Series;
-  bool HasLines = true;  ///< false: separate means
-  std::string Note;      ///< what is not in the picture, for the line below it; "" when all is
+  bool HasLines = true;  ///< false: separate points
+  std::string Note;      ///< what the picture leaves out, or ""
 };
 
-/// The picture of a means table. One measure: the means of the cells, the first variable's levels along the axis and a
-/// series per combination of the others. Several of one family: lines along the family's axis (tests, pairs of tests,
-/// minutes, patterns, lures), a series per cell, and per test where the axis lies within tests. The total is drawn only
-/// when there is no other cell. Measures of further families and cells without values are left out, and told in the
-/// note.
+/// The picture of a means table. One measure: the cells' means along the first variable's levels, one series per
+/// combination of the others. Several of one family: lines along the family's axis (tests, pairs of tests, minutes,
+/// patterns, lures), one series per cell, and per test if the axis is within tests. The total is drawn only without
+/// other cells. The note names what is left out: measures of other families and cells without values.
 PlotPicture PictureOf(const MeansTable& means);
 
 }  // namespace zova

@@ -18,7 +18,7 @@ namespace zova {
 
 namespace {
 
-constexpr std::string_view kNoLevel = "XXXXXXX";  // of a nominal group whose members need not share it
+constexpr std::string_view kNoLevel = "XXXXXXX";  // for a nominal group: its members may differ
 constexpr const char* kAll = "(all)";
 
 std::optional<int> LevelNumber(std::string_view level) {
@@ -28,14 +28,14 @@ std::optional<int> LevelNumber(std::string_view level) {
   return number;
 }
 
-// The levels of one variable that occur, in the order they are shown in.
+// The levels of one variable that occur, in display order.
 struct OccurringLevels {
   std::vector<std::string_view> Texts;
   std::vector<std::string> Names;  // as Texts
-  std::vector<std::size_t> OfRow;  // index into both
+  std::vector<std::size_t> OfRow;  // index into both lists
 };
 
-// By number where all levels have one, else by text; what is no level comes last.
+// By number if all levels are numbers, else by text; kNoLevel comes last.
 void SortLevels(std::vector<std::string_view>& texts) {
   const auto isNumber = [](std::string_view text) { return text == kNoLevel || LevelNumber(text); };
   const bool byNumber = std::all_of(texts.begin(), texts.end(), isNumber);
@@ -62,7 +62,7 @@ OccurringLevels LevelsOf(const MasterTable& table, std::size_t variable) {
   return levels;
 }
 
-// At its own place when its name stands there, since two variables may have one name.
+// Prefers the variable at the column's own position, since two variables may have one name.
 std::optional<std::size_t> VariableOf(const ProjectParameters& project, const MasterTable& table, std::size_t column) {
   const std::string& name = table.Variables[column];
   if (column < static_cast<std::size_t>(project.VariableCount) &&
@@ -72,7 +72,7 @@ std::optional<std::size_t> VariableOf(const ProjectParameters& project, const Ma
   return FindVariable(project, name);
 }
 
-// A level that is called like the number of one without a name is told apart from that.
+// Distinguishes a level whose name is the number of an unnamed level from that level.
 void NameLevels(OccurringLevels& levels, const ProjectParameters* project, std::optional<std::size_t> variable) {
   std::unordered_map<std::string, int> uses;
   for (const std::string_view text : levels.Texts) {
@@ -85,7 +85,7 @@ void NameLevels(OccurringLevels& levels, const ProjectParameters* project, std::
   }
 }
 
-// The measures of one cell while its rows are taken.
+// Accumulates the measures of one cell.
 class OpenCell {
  public:
   OpenCell(const MasterTable& table, const MeansRequest& request)
@@ -103,7 +103,7 @@ class OpenCell {
     }
   }
 
-  // Leaves the cell empty for the next one.
+  // Resets for the next cell.
   MeansCell Close(std::vector<std::string> levels) {
     MeansCell cell{std::move(levels), {}, m_uncomputed};
     for (Sample& sample : m_samples) cell.Measures.push_back(std::exchange(sample, {}).Statistics(m_critical));
@@ -119,7 +119,7 @@ class OpenCell {
   CriticalValues m_critical;
 };
 
-// Sorted by their levels, the rows of a cell lie together, in their own order.
+// Stable sort by levels, so that the rows of a cell are adjacent.
 std::vector<std::size_t> RowsByLevels(std::size_t rowCount, const std::vector<OccurringLevels>& variables) {
   std::vector<std::size_t> rows(rowCount);
   std::iota(rows.begin(), rows.end(), std::size_t{0});
@@ -224,7 +224,7 @@ std::string CsvText(const MeansLines& lines) {
                 [](std::string& text, const std::string& field) { AppendCsvField(text, field); });
 }
 
-// What would end a field or line becomes a blank: not every spreadsheet takes quotes here.
+// Replaces tabs and line breaks in fields by blanks: not every spreadsheet understands quotes on the clipboard.
 std::string TabText(const MeansLines& lines) {
   return TextOf(lines, '\t', "\n", [](std::string& text, const std::string& field) {
     for (const char c : field) text += static_cast<unsigned char>(c) < 0x20 ? ' ' : c;

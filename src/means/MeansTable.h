@@ -11,29 +11,29 @@
 namespace zova {
 
 struct MeansRequest {
-  std::vector<std::size_t> Measures;   ///< columns of the table, in the order they are shown in
-  std::vector<std::size_t> Variables;  ///< crossed with each other; none: only the total
-  bool LeavesOutUncomputed = false;    ///< marked values count in no cell of their column
+  std::vector<std::size_t> Measures;   ///< columns of the table, in display order
+  std::vector<std::size_t> Variables;  ///< crossed; none: only the total
+  bool LeavesOutUncomputed = false;    ///< excludes marked values
 };
 
-/// One cell of the design: a combination of levels that occurs in the master, or all rows.
+/// One cell of the design: an occurring combination of levels, or the total.
 struct MeansCell {
-  std::vector<std::string> Levels;         ///< names, one per variable asked for; empty for the total
-  std::vector<SampleStatistics> Measures;  ///< one per measure asked for
-  std::vector<std::size_t> Uncomputed;     ///< one per measure: marked values among the cell's rows
+  std::vector<std::string> Levels;         ///< names, one per requested variable; empty for the total
+  std::vector<SampleStatistics> Measures;  ///< one per requested measure
+  std::vector<std::size_t> Uncomputed;     ///< one per measure: the number of marked values in the cell
 };
 
 struct MeansTable {
-  std::vector<std::string> Variables;  ///< names of those asked for
+  std::vector<std::string> Variables;  ///< names of the requested ones
   std::vector<std::string> Measures;
-  /// Combinations in ascending order of the level numbers, the first variable slowest; the total last. Just the total
-  /// without variables; nothing but it, with n = 0, for a master without rows.
+  /// Combinations in ascending order of the level numbers, the first variable slowest, then the total. Only the total
+  /// without variables, and, with n = 0, for a master without rows.
   std::vector<MeansCell> Cells;
-  std::vector<std::vector<std::string>> LevelNames{};  ///< as Variables: the levels that occur, in ascending order
+  std::vector<std::vector<std::string>> LevelNames{};  ///< per variable: the levels that occur, ascending
 };
 
-/// One pass over the rows. `project` gives the levels their names when the master is its own, else null: then levels,
-/// and those beyond the names, show their numbers.
+/// Makes one pass over the rows. `project`, the master's project or null, names the levels; levels without a name show
+/// their numbers.
 MeansTable ComputeMeans(const MasterTable& table, const MeansRequest& request, const ProjectParameters* project);
 
 /// The table as text, a line per measure and cell: Measure, a column per variable (with a number where its name is that
@@ -45,11 +45,11 @@ struct MeansLines {
 };
 MeansLines LinesOf(const MeansTable& means);
 
-/// RFC 4180, for files and the command; and fields between tabs, for a spreadsheet's clipboard.
+/// CsvText is RFC 4180, for files and the command; TabText separates fields by tabs, for a spreadsheet's clipboard.
 std::string CsvText(const MeansLines& lines);
 std::string TabText(const MeansLines& lines);
 
-/// A number as the screen shows it: two decimals, three for values below 1 in size; "" for none.
+/// A number as shown on screen: two decimals, three for an absolute value below 1; "" for nullopt.
 std::string ShownNumber(const std::optional<double>& value);
 
 }  // namespace zova

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// The file is that of SerialPositions.cpp.
+// SerialPositions.cpp has the grammar of the file.
 
 #include "means/SerialPositionTable.h"
 
@@ -14,8 +14,8 @@ namespace zova {
 
 namespace {
 
-// Test by test, position by position, none missing.
-bool TakeShape(const std::vector<std::string_view>& names, SerialPositionTable& table) {
+// False unless every test has all positions, in order.
+bool ParseShape(const std::vector<std::string_view>& names, SerialPositionTable& table) {
   if (names.size() < 2 || names.front() != "Type") return false;
   const auto last = NumbersIn(names.back(), kSerialPositionName);
   if (!last) return false;
@@ -32,8 +32,8 @@ bool TakeShape(const std::vector<std::string_view>& names, SerialPositionTable& 
   return true;
 }
 
-bool TakeShares(const std::vector<std::string_view>& fields, std::string_view type, std::size_t count,
-                std::vector<double>& shares) {
+bool ParseShares(const std::vector<std::string_view>& fields, std::string_view type, std::size_t count,
+                 std::vector<double>& shares) {
   if (fields.size() != count + 1 || fields.front() != type) return false;
   for (std::size_t column = 1; column <= count; ++column) {
     const auto share = MasterNumber(fields[column]);
@@ -57,10 +57,10 @@ PlotSeries CurveOf(const std::vector<double>& shares, int test, int positionCoun
 std::optional<SerialPositionTable> ParseSerialPositionMaster(std::string_view text) {
   text = WithoutMarks(text);
   SerialPositionTable table;
-  if (!TakeShape(CellsOf(TakeLine(text)), table)) return std::nullopt;
+  if (!ParseShape(CellsOf(NextLine(text)), table)) return std::nullopt;
   const auto count = static_cast<std::size_t>(table.TestCount) * static_cast<std::size_t>(table.PositionCount);
-  if (!TakeShares(CellsOf(TakeLine(text)), "Actual", count, table.Observed) ||
-      !TakeShares(CellsOf(TakeLine(text)), "Smooth", count, table.Smoothed)) {
+  if (!ParseShares(CellsOf(NextLine(text)), "Actual", count, table.Observed) ||
+      !ParseShares(CellsOf(NextLine(text)), "Smooth", count, table.Smoothed)) {
     return std::nullopt;
   }
   return table;

@@ -9,19 +9,19 @@
 
 namespace zova {
 
-/// A serial-position master read back: shares of the subjects, test by test, position by position. One can be above 1,
-/// since a repeated item counts each time.
+/// A parsed serial-position master: shares of the subjects per test and position. A share can exceed 1, since a
+/// repeated item counts each time.
 struct SerialPositionTable {
   int TestCount = 0;
   int PositionCount = 0;
-  std::vector<double> Observed;  ///< of test t at position p (both from 1): [(t - 1) * PositionCount + p - 1]
+  std::vector<double> Observed;  ///< test t, position p (both from 1): [(t - 1) * PositionCount + p - 1]
   std::vector<double> Smoothed;
 };
 
-/// Nothing for a text that is no serial-position master ("Type", ...), or one whose lines do not fit its header.
+/// nullopt for a text that is not a serial-position master ("Type", ...), or whose lines do not fit its header.
 std::optional<SerialPositionTable> ParseSerialPositionMaster(std::string_view text);
 
-/// Recall along the positions: per chosen test (from 1) the observed shares and the smoothed ones, dashed.
+/// Recall by serial position: for each chosen test (from 1) the observed shares, and the smoothed ones dashed.
 PlotPicture PictureOf(const SerialPositionTable& table, const std::vector<int>& tests);
 
 }  // namespace zova

@@ -7,29 +7,28 @@
 
 namespace zova {
 
-/// The two-sided critical value of Student's t: a t variable of `degrees` (at least 1) degrees of freedom lies between
-/// -t and t with probability `level` (between 0 and 1). 2.228 for 10 degrees and .95.
+/// The two-sided critical value of Student's t: with `degrees` (at least 1) degrees of freedom, P(-t < T < t) = `level`
+/// (between 0 and 1). 2.228 for 10 degrees and .95.
 double StudentT(int degrees, double level);
 
-/// The probability of the confidence intervals.
+/// Level of the confidence intervals.
 inline constexpr double kConfidence = .95;
 
-/// The critical values of the confidence intervals, each found once: a table has as many intervals as it has cells and
-/// measures, but few sizes of samples.
+/// Caches the critical values of the confidence intervals: a table has many intervals but few sample sizes.
 class CriticalValues {
  public:
-  /// `degrees` of freedom, at least 1.
+  /// `degrees` of freedom: at least 1.
   double Of(std::size_t degrees);
 
  private:
   std::unordered_map<std::size_t, double> m_values;
 };
 
-/// n, mean and spread of a sample.
+/// n, mean and dispersion of a sample.
 struct SampleStatistics {
   std::size_t N = 0;
-  std::optional<double> Mean;       ///< nothing for an empty sample
-  std::optional<double> Sd;         ///< of the sample (divided by n - 1); nothing below two values
+  std::optional<double> Mean;       ///< nullopt for an empty sample
+  std::optional<double> Sd;         ///< sample standard deviation (n - 1); nullopt below two values
   std::optional<double> HalfWidth;  ///< of the confidence interval of the mean: t(n - 1) * Sd / sqrt(n)
 
   [[nodiscard]] std::optional<double> Low() const {
@@ -40,8 +39,9 @@ struct SampleStatistics {
   }
 };
 
-/// Takes values one by one in one pass (Welford 1962), without the loss of digits that sums of squares have; relative
-/// to the first value, so that a large mean costs none of the spread's digits either.
+/// Accumulates a sample in one pass by Welford's algorithm, without the cancellation of sums of squares. Values are
+/// taken relative to the first one, so that a large mean costs no precision either. Welford, B. P. (1962). Note on a
+/// method for calculating corrected sums of squares and products. Technometrics, 4, 419-420.
 class Sample {
  public:
   void Add(double value) noexcept;
@@ -50,7 +50,7 @@ class Sample {
  private:
   std::size_t m_n = 0;
   double m_first = 0;
-  double m_mean = 0;  // less the first value
+  double m_mean = 0;  // relative to the first value
   double m_squares = 0;
 };
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// Only shares have gaps (MasterColumns.h). The walk over the columns hands them on in the same order for every
-// subject, so that the names are put together once, and from then on the n-th share is known by its place.
+// Only ratios have gaps. The walk over the columns has the same order for every subject, so column names are built once
+// and the n-th ratio is then identified by its index.
 
 #include "means/UncomputedValues.h"
 
@@ -22,7 +22,7 @@ namespace {
 
 constexpr std::size_t kNone = std::numeric_limits<std::size_t>::max();
 
-// Where the walk's columns stand in a table.
+// Finds the walk's columns in a table.
 class ColumnFinder final : public ColumnSink {
  public:
   explicit ColumnFinder(const MasterTable& table) {
@@ -33,8 +33,8 @@ class ColumnFinder final : public ColumnSink {
   void Count(const MasterColumn& column, std::int16_t) override { (void)Find(column); }
   void Share(const MasterColumn& column, const Ratio&) override { Shares.push_back(Find(column)); }
 
-  FamilySet Families;               // of which the table has a column
-  std::vector<std::size_t> Shares;  // the measure of the n-th share of a walk, or kNone
+  FamilySet Families;               // with a column in the table
+  std::vector<std::size_t> Shares;  // the measure of the walk's n-th ratio, or kNone
 
  private:
   std::size_t Find(const MasterColumn& column) {
@@ -59,23 +59,23 @@ ColumnFinder FindColumns(const ProjectParameters& project, const MeasureSelectio
   return finder;
 }
 
-// Takes the columns of a walk into a table, by their names as they are.
-class ColumnTaker final : public ColumnSink {
+// Collects the names of a walk's columns.
+class ColumnCollector final : public ColumnSink {
  public:
-  explicit ColumnTaker(std::vector<std::string>& measures) : m_measures(measures) {}
+  explicit ColumnCollector(std::vector<std::string>& measures) : m_measures(measures) {}
   void Count(const MasterColumn& column, std::int16_t) override { AppendColumnName(m_measures.emplace_back(), column); }
   void Share(const MasterColumn& column, const Ratio&) override {
     Shares.push_back(m_measures.size());
     AppendColumnName(m_measures.emplace_back(), column);
   }
 
-  std::vector<std::size_t> Shares;  // as ColumnFinder has them
+  std::vector<std::size_t> Shares;  // as in ColumnFinder
 
  private:
   std::vector<std::string>& m_measures;
 };
 
-// Marks the zeros of a row whose shares have no value.
+// Marks the zeros of a row whose ratios have no value.
 class GapMarker final : public ColumnSink {
  public:
   GapMarker(MasterTable& table, std::size_t row, const std::vector<std::size_t>& shares)
@@ -104,7 +104,7 @@ class Rescoring {
         m_index(ListedSubjects(m_reader)),
         m_pool(project) {}
 
-  // False for a subject or group that cannot be scored.
+  // False if the subject or group cannot be scored.
   bool Score(const std::string& subject) {
     const int number = m_index.NumberOf(subject);
     const std::vector<int> members = number > 0 ? std::vector<int>{} : m_index.MembersOf(subject);
@@ -119,7 +119,7 @@ class Rescoring {
       return true;
     } catch (const FileError&) {
       return false;
-    } catch (const RunError&) {
+    } catch (const ScoringError&) {
       return false;
     }
   }
@@ -127,7 +127,7 @@ class Rescoring {
   [[nodiscard]] const ScoringArrays& Scores() const noexcept { return m_scores; }
 
  private:
-  // Without a listing every row is one that cannot be scored.
+  // If the directory cannot be listed, no row can be scored.
   static std::vector<std::string> ListedSubjects(SubjectReader& reader) {
     try {
       reader.List(0);
@@ -183,12 +183,12 @@ ScoredTable::ScoredTable(const ProjectParameters& project, const MeasureSelectio
   m_table.Variables.assign(names, names + project.VariableCount);
   ScoringArrays empty;
   ResetScores(empty, project);
-  ColumnTaker taker(m_table.Measures);
-  WalkMeasureColumns(project, selection, MasterKind::Individual, empty, taker);
-  m_shares = std::move(taker.Shares);
+  ColumnCollector collector(m_table.Measures);
+  WalkMeasureColumns(project, selection, MasterKind::Individual, empty, collector);
+  m_shares = std::move(collector.Shares);
 }
 
-bool ScoredTable::Take(const ScoredSubject& subject) {
+bool ScoredTable::Add(const ScoredSubject& subject) {
   const std::size_t row = m_table.RowCount();
   const std::string_view fields = std::string_view(subject.MasterRow).substr(subject.SubjectId.size());
   AddMasterRowOf(subject.SubjectId, fields.substr(std::min<std::size_t>(fields.size(), 1)), m_table);

@@ -52,7 +52,7 @@ bool WriteExampleProject(const std::string& paramDir, const std::string& program
   const ProjectParameters project = ExampleProject(programDir);
   const std::string file = ParameterFilePath(paramDir, project);
   if (!WithRetry(boxes, [&] { disk.Write(file, FormatProject(project, kCurrentMarker)); })) return false;
-  // The copy is for whoever looks there; a program's directory that may not be written does not hold anyone up.
+  // The copy is optional: the program's directory may be read-only.
   WithRetry(boxes, [&] { CopyToSampleData(file, project.PrimaryDir, disk); });
   return true;
 }

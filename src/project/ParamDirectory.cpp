@@ -29,7 +29,7 @@ void ParamDirectory::Register(const std::string& path) {
     try {
       if (IsRegistered()) m_settings.Set(kSection, kKey, m_path);
     } catch (const FileError&) {
-      // The first error is the one to tell.
+      // The first error is the one reported.
     }
     throw;
   }

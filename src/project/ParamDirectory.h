@@ -10,25 +10,26 @@
 
 namespace zova {
 
-/// The directory that holds one parameter file per project: where it is registered (the program's one stored
-/// setting), and the lock that keeps a second copy of the program off it.
+/// The directory with one parameter file per project: its registration (the program's only stored setting), and the
+/// lock that keeps a second copy of the program out of it.
 class ParamDirectory {
  public:
   ParamDirectory(SettingsStore& settings, Disk& disk) : m_settings(settings), m_disk(disk) {}
 
   /// Reads the stored setting.
   void Load();
-  /// The registered path, "" when none was ever chosen.
+  /// The registered path; "" without one.
   [[nodiscard]] const std::string& Path() const noexcept { return m_path; }
   [[nodiscard]] bool IsRegistered() const noexcept { return !m_path.empty(); }
-  /// False also for a path that cannot be one.
+  /// Also false for an invalid path.
   [[nodiscard]] bool Exists() const;
 
-  /// Removes the stored setting and writes it anew; a failure leaves the earlier one, if it can. Throws FileError.
+  /// Removes the stored setting and writes it again; after a failure restores the earlier one if possible. Throws
+  /// FileError.
   void Register(const std::string& path);
 
-  /// False when another copy of the program works with `path`; what was locked before stays locked then. A directory
-  /// that cannot be locked goes without.
+  /// False, keeping the previous lock, when another copy of the program uses `path`. A directory that cannot be locked
+  /// is used without a lock.
   bool Lock(const std::string& path);
   void Unlock() noexcept { m_lock.Release(); }
 
@@ -39,7 +40,7 @@ class ParamDirectory {
   std::string m_path;
 };
 
-/// Says that another copy of the program works with a Param directory.
+/// Reports that another copy of the program uses a Param directory.
 void ReportParamInUse(MessageBoxes& boxes);
 
 }  // namespace zova

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// Nothing of a move is lost whenever it ends: all files are copied, the new place is registered, and only then the old
-// ones go. One that is given up before takes its copies back, lest a half-filled directory be taken for the real one.
+// A move loses no data whenever it ends: it copies all files, registers the new directory, and only then deletes the
+// old files. A move that is cancelled earlier deletes its copies, so that a half-filled directory cannot be mistaken
+// for the real one.
 
 #include "project/ParamLocation.h"
 
@@ -9,8 +10,8 @@
 #include <set>
 #include <utility>
 #include <vector>
-#include "platform/desktop/FileErrorBoxes.h"
 
+#include "platform/desktop/FileErrorBoxes.h"
 #include "platform/files/FileCopier.h"
 #include "project/DirectoryRules.h"
 #include "project/ProjectFile.h"
@@ -45,7 +46,7 @@ bool Succeeds(Call&& call) {
 
 struct ParamLocation::Load {
   std::vector<std::string> Names;
-  std::set<std::string> TargetNames;  // upper-cased, as they were before
+  std::set<std::string> TargetNames;  // upper-cased, before the move
   bool TargetIsNew = false;
 };
 
@@ -87,7 +88,7 @@ LocationOutcome ParamLocation::Accept(const std::string& text) {
   bool isThere = false;
   bool isOld = false;
   const bool canBe = Succeeds([&] {
-    // Looked for now, since a disk may have come or gone meanwhile. To a move, one that cannot be read is not lost.
+    // Checked now, since a disk may have been attached or removed. For a move, an unreadable directory still exists.
     hasOld = m_changes ? m_platform.Files.DirectoryExists(old) : m_param.Exists();
     moves = hasOld && m_changes;
     if (!CanHold(target)) throw FileError(FileOperation::List, target, FileCause::PathNotFound);
@@ -137,8 +138,8 @@ LocationOutcome ParamLocation::Move(const std::string& from, const std::string& 
     if (to != m_param.Path()) m_param.Register(to);
   };
   if (!CopyFiles(from, to, load) || !WithRetry(m_platform.Boxes, registerIt)) {
-    m_param.Unlock();  // before the directory can go
-    TakeBack(to, load);
+    m_param.Unlock();  // before the directory can be deleted
+    RollBack(to, load);
     return m_param.Lock(from) ? LocationOutcome{} : SayInUse(Step::EndProgram);
   }
   if (DeleteOld(from, load)) return CloseWith(kMoved);
@@ -147,7 +148,7 @@ LocationOutcome ParamLocation::Move(const std::string& from, const std::string& 
       MessageBox{.Text = "ZOVA could not delete the old directory.", .Icon = BoxIcon::Exclamation, .Details = from}};
 }
 
-// A name that differs from another of the moved ones by case alone would replace that one's copy.
+// Moved files whose names differ only in case would replace each other's copies.
 bool ParamLocation::MayReplace(const Load& load) {
   std::set<std::string> taken = load.TargetNames;
   for (const std::string& name : load.Names) {
@@ -167,8 +168,8 @@ bool ParamLocation::CopyFiles(const std::string& from, const std::string& to, co
                      [&](const std::string& name) { return WithRetry(m_platform.Boxes, [&] { copier.Copy(name); }); });
 }
 
-// All names, since also a copy that failed may have come as far as the file.
-void ParamLocation::TakeBack(const std::string& to, const Load& load) {
+// All names, since a failed copy may have created its file.
+void ParamLocation::RollBack(const std::string& to, const Load& load) {
   for (const std::string& name : load.Names) {
     if (load.TargetNames.count(UpperCase(name)) == 0) Succeeds([&] { m_platform.Files.Delete(JoinPath(to, name)); });
   }

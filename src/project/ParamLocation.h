@@ -9,31 +9,31 @@
 
 namespace zova {
 
-/// What comes of an act on the screen on which a directory is chosen.
+/// The result of an act on the location screen.
 struct LocationOutcome {
   enum class Step { Stay, Close, EndProgram };
   Step Next = Step::Stay;
-  /// To be shown once the screen is gone.
+  /// Shown after the screen closes.
   std::optional<MessageBox> Message = {};
 };
 
-/// The rules by which the Param directory is created, registered or moved. The chosen directory D means D\Param.
+/// The rules for creating, registering and moving the Param directory. A chosen directory D means D\Param.
 class ParamLocation {
  public:
   ParamLocation(ParamDirectory& param, std::string programDir, const Platform& platform);
 
-  /// Looks whether the registered directory exists.
+  /// Checks whether the registered directory exists.
   void Open();
-  /// True when it does: it is moved. Otherwise one is selected.
+  /// True when it exists and is moved; false when one is selected.
   [[nodiscard]] bool Changes() const noexcept { return m_changes; }
-  /// D\Param for the text of the box; "" while it names no directory.
+  /// D\Param for the box's text; "" when it names no directory.
   [[nodiscard]] std::string Target(const std::string& text) const;
 
   LocationOutcome Accept(const std::string& text);
   LocationOutcome Cancel();
-  /// The window's own closing. Like Cancel it tells its refusal at once; the second in a row ends the program.
+  /// Closing the window. Like Cancel it reports its refusal at once; the second in a row ends the program.
   LocationOutcome Close();
-  /// Any other act of the user on the screen: the count of refusals in a row starts anew.
+  /// Any other act on the screen: resets the count of refusals.
   void NoteOtherAct() noexcept { m_refusals = 0; }
 
  private:
@@ -49,7 +49,7 @@ class ParamLocation {
   LocationOutcome Move(const std::string& from, const std::string& to);
   bool MayReplace(const Load& load);
   bool CopyFiles(const std::string& from, const std::string& to, const Load& load);
-  void TakeBack(const std::string& to, const Load& load);
+  void RollBack(const std::string& to, const Load& load);
   bool DeleteOld(const std::string& from, const Load& load);
 
   ParamDirectory& m_param;
@@ -59,8 +59,8 @@ class ParamLocation {
   int m_refusals = 0;
 };
 
-/// Creates the Param directory at `path` with every missing level and writes the example project into it. False when
-/// the user gave up a failed step.
+/// Creates the Param directory at `path` with all missing levels and writes the example project into it. False when the
+/// user cancels after a fault.
 bool CreateParamDirectory(const std::string& path, const std::string& programDir, Disk& disk, MessageBoxes& boxes);
 
 }  // namespace zova

@@ -1,17 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// A backup location holds, below the backup directory, `Sdata` with a copy of every data file, and beside it either the
-// project's own parameter file or, for a destination chosen later, "<title> Backup.prm". That copy names the new
-// destination as backup directory, where a restore finds the data, and in field 8 the one that the saved parameters
-// keep, which a restore puts back.
+// A backup location is a backup directory with `Sdata`, a copy of every data file, and beside it either the project's
+// own parameter file or, for a destination chosen later, "<title> Backup.prm". That copy names the new destination as
+// backup directory, where a restore finds the data, and in field 8 that of the saved parameters, which a restore puts
+// back.
 
 #include "project/ProjectBackup.h"
 
 #include <algorithm>
 #include <utility>
 #include <vector>
-#include "platform/desktop/FileErrorBoxes.h"
 
+#include "platform/desktop/FileErrorBoxes.h"
 #include "platform/files/FileCopier.h"
 #include "project/DirectoryRules.h"
 #include "project/ProjectFile.h"
@@ -21,7 +21,7 @@ namespace zova {
 
 namespace {
 
-// Makes `Sdata` in a backup directory; the message is what the command will say when all else succeeds, too.
+// Creates `Sdata` in a backup directory. Returns the command's message for the case that everything else succeeds.
 std::optional<MessageBox> PrepareBackup(const std::string& backupDir, const Platform& platform) {
   const std::string sdata = SubjectDirectory(backupDir);
   bool created = false;
@@ -36,7 +36,7 @@ std::optional<MessageBox> PrepareBackup(const std::string& backupDir, const Plat
                     .Icon = BoxIcon::Information};
 }
 
-// A link can make the two directories one: its files are where they belong then.
+// If both directories are one through a link, the files are already in place.
 bool CopyDataFiles(const std::string& from, const std::string& to, std::string_view prefix, const Platform& platform) {
   std::vector<std::string> names;
   const bool listed = WithRetry(platform.Boxes, [&] {
@@ -48,7 +48,7 @@ bool CopyDataFiles(const std::string& from, const std::string& to, std::string_v
          });
 }
 
-// True also when there is no such file.
+// Also true when there is no such file.
 bool CopyProjectFile(const std::string& name, const std::string& from, const std::string& to,
                      const Platform& platform) {
   return WithRetry(platform.Boxes, [&] {
@@ -68,9 +68,9 @@ std::optional<MessageBox> RefreshBackup(const ProjectParameters& project, const 
   return copied ? outcome : std::nullopt;
 }
 
-// The directory typed, once it exists; nothing when it cannot be the destination, after telling the user why.
-std::optional<std::string> TakeDestination(const ProjectParameters& project, const std::string& text,
-                                           const Platform& platform) {
+// The typed directory, created if necessary; nullopt, after a message, when it cannot be the destination.
+std::optional<std::string> CheckDestination(const ProjectParameters& project, const std::string& text,
+                                            const Platform& platform) {
   const std::string directory = DirectoryFromText(text, platform.Files.Drives());
   if (!HasDrive(directory)) {
     Warn(platform.Boxes, kNoDrivePath);
@@ -78,7 +78,8 @@ std::optional<std::string> TakeDestination(const ProjectParameters& project, con
   }
   bool accepted = false;
   WithRetry(platform.Boxes, [&] {
-    platform.Files.Resolve(directory, FileOperation::CreateDirectory);  // on a drive that is not ready nothing is asked
+    platform.Files.Resolve(directory,
+                           FileOperation::CreateDirectory);  // throws before any question if the drive is not ready
     if (!HasValidComponents(directory) || platform.Files.FileExists(directory)) {
       Warn(platform.Boxes, kInvalidBackup);
     } else if (platform.Files.IsSame(directory, project.PrimaryDir)) {
@@ -90,8 +91,8 @@ std::optional<std::string> TakeDestination(const ProjectParameters& project, con
   return accepted ? std::optional(directory) : std::nullopt;
 }
 
-// The backup copy is in the current layout, whose data files have other names than those of older projects: an older
-// project restored from it would miss its data. It gets its own parameter file.
+// The backup copy is in the current layout, in which data files have other names than in older projects: an older
+// project restored from it would miss its data. So an older project gets its own parameter file.
 bool WriteBackupCopy(const ProjectParameters& project, const std::string& projectFile, const Platform& platform) {
   if (project.FormatMarker != kCurrentMarker) {
     return WithRetry(platform.Boxes, [&] {
@@ -106,7 +107,7 @@ bool WriteBackupCopy(const ProjectParameters& project, const std::string& projec
 
 void MakePrimary(const ProjectParameters& project, Disk& disk) {
   const std::string sdata = SubjectDirectory(project.PrimaryDir);
-  if (IsNoDirectory(project.PrimaryDir)) {  // in older layouts; some platforms would make "(none)"
+  if (IsNoDirectory(project.PrimaryDir)) {  // in older layouts; some platforms would create "(none)"
     throw FileError(FileOperation::CreateDirectory, sdata, FileCause::PathNotFound);
   }
   disk.CreateDirectories(sdata);
@@ -117,7 +118,7 @@ struct RestoreSource {
   bool IsBesideChosenFile = false;
 };
 
-// The backup may have moved since it was recorded; then whoever chose a file in it has shown where it is.
+// The backup may have moved since it was recorded; the chosen file then shows its location.
 RestoreSource FindBackup(const ProjectParameters& project, std::string_view path, Disk& disk) {
   const std::string recorded = SubjectDirectory(project.BackupDir);
   if (disk.DirectoryExists(recorded)) return {project.BackupDir};
@@ -129,8 +130,8 @@ RestoreSource FindBackup(const ProjectParameters& project, std::string_view path
   throw FileError(FileOperation::List, recorded, FileCause::PathNotFound);
 }
 
-// What a backup copy's project is once restored, and also when its restore was given up: the directories that its owner
-// chose, and the layout whose file names all its subjects have.
+// The project of a backup copy after a restore, also a cancelled one: with the directories of the saved parameters, and
+// the layout that its subjects' file names follow.
 ProjectParameters WithoutBackupCopy(const ProjectParameters& project) {
   ProjectParameters own = project;
   own.BackupDir = std::exchange(own.PreviousBackupDir, {});
@@ -138,7 +139,7 @@ ProjectParameters WithoutBackupCopy(const ProjectParameters& project) {
   return own;
 }
 
-// The parameter file is made again, then the project is what that file says.
+// Writes the parameter file again and reads the project from it.
 bool RestoreParameters(ProjectParameters& project, const std::string& paramDir, const Platform& platform) {
   if (!WriteProjectFile(project, paramDir, /*restoring=*/true, platform.Files, platform.Boxes)) return false;
   return WithRetry(platform.Boxes,
@@ -172,7 +173,7 @@ BackupOutcome BeginBackup(const ProjectParameters& project, const std::string& p
 
 std::optional<MessageBox> BackUpTo(ProjectParameters& project, const std::string& text, const SavedProject& saved,
                                    const Platform& platform) {
-  const auto destination = TakeDestination(project, text, platform);
+  const auto destination = CheckDestination(project, text, platform);
   if (!destination) return std::nullopt;
   const BusyPointer busy(platform.Pointer);
   const auto outcome = PrepareBackup(*destination, platform);

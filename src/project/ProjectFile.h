@@ -10,12 +10,12 @@
 
 namespace zova {
 
-/// Reads a parameter file in any of its three layouts. `bytes` is the file's content, `path` where it was found (its
-/// last component becomes `ProjectFileName` in the older layouts). Throws FieldError; nothing is checked but that the
-/// fields are there, that numbers are numbers, and that the tables hold them.
+/// Parses a parameter file in any of its three layouts. The last component of `path` becomes `ProjectFileName` in the
+/// older layouts. Throws FieldError; checks only that the fields exist, that numbers are numbers, and that they fit the
+/// tables.
 ProjectParameters ParseProject(std::string_view bytes, std::string_view path);
 
-/// The same from the disk. Throws FileError.
+/// Reads the file and parses it with ParseProject. Throws FileError.
 ProjectParameters ReadProjectFile(Disk& disk, const std::string& path);
 
 /// The file's content in the current layout, with `marker` in its last field and, when not empty,
@@ -24,17 +24,16 @@ std::string FormatProject(const ProjectParameters& project, std::string_view mar
                           std::string_view previousBackupDir = {});
 
 /// Writes the parameter file into `paramDir`, the primary directory and, unless `restoring`, the backup directory;
-/// makes the `Sdata` directory below the latter two when only that is missing. Directories that are "(none)" are
-/// passed over. Then the record's marker is "VB Version". False when the user gave up a failed step; what was written
-/// until then stays.
+/// creates a missing `Sdata` directory in the latter two. Skips directories that are "(none)". Sets the record's marker
+/// to "VB Version". False when the user cancels after a fault; files already written stay.
 bool WriteProjectFile(ProjectParameters& project, const std::string& paramDir, bool restoring, Disk& disk,
                       MessageBoxes& boxes);
 
 /// The example project of new users.
 ProjectParameters ExampleProject(const std::string& programDir);
 
-/// Writes "Example.prm" into `paramDir` and copies it into "Sample Data" below `programDir` (created when missing).
-/// False when the user gave up writing the first; a copy given up is no failure.
+/// Writes "Example.prm" into `paramDir` and copies it into "Sample Data" below `programDir` (created if missing). False
+/// when the user cancels the first; cancelling the copy is no failure.
 bool WriteExampleProject(const std::string& paramDir, const std::string& programDir, Disk& disk, MessageBoxes& boxes);
 
 }  // namespace zova

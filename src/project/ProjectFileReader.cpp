@@ -30,7 +30,7 @@ namespace {
 
 constexpr int kOldestFieldCount = 14;
 
-// An abbreviation in field 11 shows the oldest layout; one that is all digits is told by the number of fields.
+// An abbreviation in field 11 identifies the oldest layout; if it is all digits, the number of fields decides.
 bool IsOldestLayout(std::string_view content) {
   FieldReader reader(content);
   int fieldsInLine = 0;
@@ -70,7 +70,7 @@ void ReadLevels(FieldReader& reader, ProjectParameters& project) {
   }
 }
 
-// Line 1 of the current layout, which is also the first look at an intermediate one.
+// Reads line 1 of the current layout, also for a first look at the intermediate one.
 void ReadCurrentLine(FieldReader& reader, ProjectParameters& project) {
   ReadCommonStart(reader, project);
   project.PreviousBackupDir = reader.Next();
@@ -97,7 +97,7 @@ void ReadCurrentLists(FieldReader reader, ProjectParameters& project) {
   for (std::size_t t = 0; t < tests; ++t) project.RatedTests[t] = reader.Next();
 }
 
-// Stored with a last character too many and, at times, blanks.
+// Stored with one extra character at the end and sometimes blanks.
 std::string OlderDirectory(bool given, std::string_view drive, std::string_view stored) {
   if (!given) return kNoDirectory;
   std::string directory = UpperCase(drive);

@@ -54,7 +54,7 @@ std::string FormatProject(const ProjectParameters& project, std::string_view mar
   RecordWriter out;
   WriteFirstLine(out, project, marker, previousBackupDir);
   WriteLists(out, project);
-  return out.Take();
+  return out.Release();
 }
 
 bool WriteProjectFile(ProjectParameters& project, const std::string& paramDir, bool restoring, Disk& disk,

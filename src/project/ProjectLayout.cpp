@@ -104,7 +104,7 @@ std::string SubjectIdFromFileName(const ProjectParameters& project, std::string_
   std::string_view name = LastPathComponent(path);
   name.remove_suffix(std::min(name.size(), kDataFileEnd.size()));
   const std::string prefix = ExpectedPrefix(project);
-  // "Exp.dat" in a project "Exp" of the oldest layout has an empty identifier; it is listed, so it is scored.
+  // "Exp.dat" in a project "Exp" of the oldest layout has an empty identifier; it is listed and scored.
   if (BeginsIgnoringCase(name, prefix)) name.remove_prefix(prefix.size());
   return std::string(name);
 }

@@ -9,11 +9,10 @@
 
 namespace zova {
 
-/// False, after telling the user, for a backup copy of a parameter file: it names no place where the data lie.
+/// False, after a message, for a backup copy of a parameter file: it does not name the location of the data.
 bool MayOpenProject(const ProjectParameters& project, MessageBoxes& boxes);
 
-/// The parameter file that the user chooses in a dialog with this title that starts in `paramDir`; nothing when the
-/// dialog was cancelled.
+/// Shows a file dialog with this title, starting in `paramDir`; nullopt when the user cancels.
 std::optional<std::string> ChooseProjectFile(const std::string& title, const std::string& paramDir,
                                              FileDialogs& dialogs);
 
@@ -22,8 +21,8 @@ struct ChosenProject {
   std::string Path;
 };
 
-/// The same, and reads the file. One that is no parameter file is told, and the dialog offered again. Nothing when the
-/// dialog was cancelled or a failed read given up.
+/// Calls ChooseProjectFile and reads the file. Reports a file that is not a parameter file and shows the dialog again.
+/// nullopt when the user cancels the dialog or a failed read.
 std::optional<ChosenProject> ChooseProject(const std::string& title, const std::string& paramDir,
                                            const Platform& platform);
 

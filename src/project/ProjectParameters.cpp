@@ -11,7 +11,7 @@ bool IsFalseMemoryInForce(const ProjectParameters& project) noexcept {
 }
 
 bool IsTestRated(const ProjectParameters& project, int test) {
-  // Exactly "Y" here, while the rating averages take "y" as well: both forms are kept.
+  // Kept: exactly "Y" here, while the rating averages also accept "y".
   return project.Rated == 1 && project.RatedTests.at(static_cast<std::size_t>(test) - 1) == "Y";
 }
 

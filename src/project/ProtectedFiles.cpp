@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// A file is told by the directory that it really lies in and by its name there, which takes the same time for any
-// number of subjects. Only a file with a second hard link is compared with the files themselves.
+// Identifies a file by its real directory and its name, in constant time for any number of subjects. Only a file with
+// several hard links is compared with the files themselves.
 
 #include "project/ProtectedFiles.h"
 
@@ -18,7 +18,7 @@ namespace {
 
 enum class Masters { Free, Kept };
 
-// A drive that is not ready, or a directory that this user may not look into, holds no file that he could replace.
+// On a drive that is not ready, or in a directory without access, there is no file that this user could replace.
 void AddDirectory(const std::string& directory, Disk& disk, std::vector<ResolvedPath>& directories) {
   try {
     directories.push_back(disk.Resolve(directory, FileOperation::Write));
@@ -50,8 +50,8 @@ bool IsAnyOf(const std::vector<ResolvedPath>& directories, const ResolvedPath& d
                      [&](const ResolvedPath& other) { return disk.IsSame(directory, other); });
 }
 
-// The project's directories are looked up only for a name that needs them: where `Unfinished` is missing, looking it up
-// lists all of `Sdata`.
+// Looks up the project's directories only for a name that needs them: looking up a missing `Unfinished` lists all of
+// `Sdata`.
 bool IsNamedAsOwn(const ResolvedPath& file, const ProjectParameters& project, Masters masters, Disk& disk) {
   const std::string name = NameOf(file);
   if (EndsIgnoringCase(name, kParameterFileEnd) || IsOrderName(name)) return true;
@@ -81,7 +81,7 @@ bool IsOwn(const std::string& path, const ProjectParameters& project, Masters ma
   const EntryKind kind = disk.Kind(real, FileOperation::Write);
   if (kind == EntryKind::Missing) return IsOrderName(NameOf(file)) || IsOrderName(NameOf(real));
   if (kind != EntryKind::File) return false;
-  for (const ResolvedPath& name : {real, file}) {  // a link among the project's files is one of them as well
+  for (const ResolvedPath& name : {real, file}) {  // a link in the project's directories counts as a file there
     if (IsNamedAsOwn(name, project, masters, disk)) return true;
   }
   return disk.LinkCount(real) > 1 && IsLinkedToOwn(real, project, masters, disk);

@@ -8,14 +8,14 @@
 
 namespace zova {
 
-/// True when `path` is a file that masters are made from, by whatever link or spelling: a subject file (".dat") in the
-/// primary or backup directory's `Sdata` or its `Unfinished`, a parameter file, an order that is saved or may be, or
-/// the autosave file or one put aside in a directory "Param". Nothing that a run writes takes the place of these. Of
-/// hard links only those to files in the primary and backup directories are known. Throws FileError.
+/// True when `path` is a file that masters are made from, under any link or spelling: a subject file (".dat") in the
+/// primary or backup directory's `Sdata` or `Unfinished`, a parameter file, a saved order or its path, or an autosave
+/// file in a directory "Param". A run must not overwrite these. Detects hard links only to files in the primary and
+/// backup directories. Throws FileError.
 bool IsProjectFile(const std::string& path, const ProjectParameters& project, Disk& disk);
 
-/// True also for a master of the project in its primary directory, and for any name that ends as a data or parameter
-/// file's: what is computed from a master takes the place of none of these. Throws FileError.
+/// Also true for a master of the project in its primary directory, and for any name with the extension of a data or
+/// parameter file: tables and plots must not overwrite these. Throws FileError.
 bool IsProtectedFile(const std::string& path, const ProjectParameters& project, Disk& disk);
 
 }  // namespace zova

@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// Observed repetitions: each pair of neighbours (a, b) of the earlier test is held against each pair (c, d) of the
-// later one; it counts when both c and d are among a and b. For a pair of two different items that is {a, b} in either
-// order, and also (a, a) and (b, b). Counting the later pairs once, whatever their order, answers this for every
-// earlier pair without walking the later list again; and a later list without repeats, the usual one, needs not even
-// that.
+// Observed repetitions: an adjacent pair (a, b) of the earlier test matches an adjacent pair (c, d) of the later test
+// if both c and d are in {a, b}. For a != b the matches are {a, b} in either order, (a, a) and (b, b). A table of the
+// later pairs, without regard to order, gives the matches of each earlier pair in constant time. A later list without
+// repeats or blanks, the usual case, needs only the position of each item.
 //
-// The last entry of the later list makes a pair with the position behind it, which counts as 0: it meets only an
-// earlier pair that holds a blank.
+// The last entry of the later list forms a pair with the blank (0) after it, which matches only an earlier pair with a
+// blank.
 
 #include <algorithm>
 #include <bit>
@@ -18,8 +17,8 @@ namespace zova {
 
 namespace {
 
-// A table from unordered pairs of items to how often they stand together, in one array with open addressing. A slot
-// holds the pair's key in its upper and the count in its lower half; 0 is a free slot, as no count is 0.
+// Counts unordered pairs of items, by open addressing. A slot holds the pair's key in its upper half and the count in
+// its lower half; 0 is a free slot.
 class PairTable {
  public:
   PairTable(std::vector<std::uint64_t>& slots, std::size_t pairCount) : m_slots(slots) {
@@ -46,7 +45,7 @@ class PairTable {
 
   std::uint64_t& Find(std::uint32_t key) noexcept {
     const std::size_t mask = m_slots.size() - 1;
-    std::size_t index = (key * 0x9E3779B1U) >> static_cast<unsigned>(m_shift);  // the bits that all of the key reaches
+    std::size_t index = (key * 0x9E3779B1U) >> static_cast<unsigned>(m_shift);  // the high bits mix best
     for (;; ++index) {
       std::uint64_t& slot = m_slots[index & mask];
       if (slot == 0 || slot >> 32U == key) return slot;
@@ -57,8 +56,8 @@ class PairTable {
   int m_shift = 0;
 };
 
-// Where the items of the later list stand, from 2; 0 for those that do not. The blank behind the list stands behind its
-// last entry. False when an item stands twice or a blank inside, so that one place does not tell all.
+// The place of each item of the later list, from 2, and of the blank after the list; 0 for an item not on it. False
+// when an item is repeated or a blank stands inside the list, so that items have more than one place.
 bool FindPlaces(const RecallLists& lists, int test, int itemCount, std::vector<std::int32_t>& places) {
   places.assign(static_cast<std::size_t>(itemCount) + 1, 0);
   const int count = lists.RecallCount(test);
@@ -72,7 +71,7 @@ bool FindPlaces(const RecallLists& lists, int test, int itemCount, std::vector<s
   return taken == 0;
 }
 
-// Every item at one place: a pair of neighbours found again has places that differ by one.
+// For items with one place each: a repeated pair has places that differ by one.
 std::int64_t CountByPlaces(const RecallLists& lists, int earlier, const std::vector<std::int32_t>& places) {
   std::int64_t observed = 0;
   for (int position = 1; position < lists.RecallCount(earlier); ++position) {

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// ARC = (R - E) / (Max - E), where R counts neighbours of one category, Max = N - k with k categories represented, and
-// E = (sum of n_c squared) / N - 1 is what chance gives.
+// ARC = (R - E) / (Max - E); ScoreSubject.h defines the terms.
 
 #include "scoring/MinuteRange.h"
 #include "scoring/ScoreSubject.h"
@@ -24,7 +23,7 @@ void CountCategories(const RecallLists& lists, int test, const ProjectParameters
         ++clustering.CatsUsed;
         if (project.MinutesRecorded == 1) ++scores.CatsByMin.At(MinuteInRange(recall, test, project), test);
       }
-      // (n+1)^2 - n^2, so that one walk over the list does, however many categories there are
+      // (n+1)^2 - n^2: one pass over the list, however many categories there are
       sumSquares += 2 * std::int64_t{count} + 1;
       ++count;
       if (category == previous) ++clustering.CatRepeats;
@@ -34,7 +33,7 @@ void CountCategories(const RecallLists& lists, int test, const ProjectParameters
   clustering.SumSquares = Checked16(sumSquares, "the sum of the squared category counts", test);
 }
 
-// False when the list holds too little for a score.
+// False with fewer than 2 categories or 3 recalls.
 bool ComputeArc(int recallCount, TestClustering& scores) {
   scores.MaxRepeats = static_cast<std::int16_t>(recallCount - scores.CatsUsed);
   if (scores.CatsUsed < 2 || recallCount < 3) {

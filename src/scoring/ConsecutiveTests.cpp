@@ -7,13 +7,13 @@ namespace zova {
 
 namespace {
 
-// Twice the distance from the midpoint (highest rating + 1) / 2, so that no fraction is needed.
+// Twice the distance from the midpoint (highest rating + 1) / 2, to stay in integers.
 int SideOfMidpoint(int rating, const ProjectParameters& project) noexcept {
   return 2 * rating - (project.MaxRating + 1);
 }
 
-// What came and went from one test to the next. Counts are added, not branched on: recall and ratings cannot be
-// guessed.
+// Gains and losses from one test to the next. Adds conditions instead of branching on them, since recall and ratings
+// are unpredictable branches.
 void ScorePair(const ItemTable& items, int later, const ProjectParameters& project, ItemScores& scores) {
   const Recall* const before = items.Test(later - 1);
   const Recall* const after = items.Test(later);
@@ -40,7 +40,7 @@ void ScorePair(const ItemTable& items, int later, const ProjectParameters& proje
   change.GainsAtMid = static_cast<std::int16_t>(gains - above - below);
 }
 
-// The share of the items on both tests whose rating rose, fell or stayed; nothing when either test is not rated.
+// The shares of the items on both tests whose rating rose, fell or stayed. No effect unless both tests are rated.
 RatingChange CompareRatings(const ItemTable& items, int earlier, int later, const ProjectParameters& project) {
   RatingChange change;
   if (!IsTestRated(project, earlier) || !IsTestRated(project, later)) return change;
@@ -95,7 +95,7 @@ void ScoreRatings(const RecallLists& lists, const ProjectParameters& project, It
     ratings.RateBelowMid = static_cast<std::int16_t>(below);
     ratings.RateAboveMid = static_cast<std::int16_t>(above);
     ratings.RateAtMid = static_cast<std::int16_t>(count - below - above);
-    // Either case of the letter here, exactly "Y" for the columns: both forms are kept.
+    // Kept: either case of the flag here, exactly "Y" for the columns.
     const std::string& flag = project.RatedTests[static_cast<std::size_t>(test) - 1];
     if (flag != "Y" && flag != "y") continue;
     ratings.RatingAvg = count == 0

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// A pattern's number is read as binary digits, test 1 first: 1 where the item was recalled ("C"), 0 where not ("N").
+// A pattern's number in binary, test 1 first: 1 if the item was recalled ("C"), 0 if not ("N").
 
 #include "scoring/ScoreSubject.h"
 

@@ -6,10 +6,10 @@ namespace zova {
 
 namespace {
 
-// What of each category stands in the list, as far as it has been walked.
+// The entries of one category so far.
 struct CategoryWalk {
-  std::int16_t Entries = 0;     // lures aside
-  std::int16_t BeforeLure = 0;  // of those, before the first entry of the lure
+  std::int16_t Entries = 0;     // without lures
+  std::int16_t BeforeLure = 0;  // of these, before the lure's first entry
 };
 
 void ScoreTest(const RecallLists& lists, int test, const ProjectParameters& project, LureScores& scores,

@@ -2,15 +2,15 @@
 #pragma once
 
 #include "project/ProjectParameters.h"
-#include "scoring/RunError.h"
+#include "scoring/ScoringError.h"
 #include "subjects/RecallLists.h"
 
 namespace zova {
 
-/// Throws the RunError (SubscriptOutOfRange) of a minute that is none of the project's.
+/// Throws ScoringError (SubscriptOutOfRange) for a minute outside the test.
 [[noreturn]] void ThrowMinuteOutOfRange(const Recall& recall, int test, const ProjectParameters& project);
 
-/// The recall's minute. Throws RunError (SubscriptOutOfRange) when it is outside 1 to the project's minutes.
+/// The recall's minute. Throws ScoringError (SubscriptOutOfRange) outside 1 to the project's minutes per test.
 inline int MinuteInRange(const Recall& recall, int test, const ProjectParameters& project) {
   if (recall.Minute < 1 || recall.Minute > project.MaxMinutes) ThrowMinuteOutOfRange(recall, test, project);
   return recall.Minute;

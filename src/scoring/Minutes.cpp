@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// The running minutes number the minutes of all tests in one run: minute m of test t is (t-1)*M + m. The cumulative
-// curve stands on three bases, and all three are kept: test 1 adds every entry, repeats included; test 2 its gains;
-// each later test the items that were on neither test 1 nor test 2. From test 4 on, an item first recalled on test 3
-// therefore counts as new each time.
+// Running minutes number the minutes of all tests consecutively: minute m of test t is (t-1)*M + m. The cumulative
+// curve adds every entry of test 1, repeats included; the gains of test 2; and for each later test the items on neither
+// test 1 nor test 2. Kept: from test 4 on, an item first recalled on test 3 counts as new each time.
 
 #include "scoring/MinuteRange.h"
 #include "scoring/ScoreSubject.h"
@@ -16,7 +15,7 @@ std::int16_t Added(std::int16_t total, std::int16_t count, int test) {
   return Checked16(std::int64_t{total} + count, "cumulative recall", test);
 }
 
-// The new items of each minute of a test from the third on, into `cumulative` at the test's running minutes.
+// For a test from the third on, adds the new items of each minute to `cumulative` at the test's running minutes.
 void CountNewByMinute(const ItemTable& items, int test, const ProjectParameters& project,
                       std::vector<std::int16_t>& cumulative) {
   const std::size_t offset = static_cast<std::size_t>(test - 1) * static_cast<std::size_t>(project.MaxMinutes);

@@ -5,17 +5,17 @@
 
 namespace zova {
 
-/// Why a ratio has no value. The master writes 0 for all of these.
+/// Why a ratio has no value. The master shows 0 for every reason.
 enum class ScoreGap {
-  None,             ///< it has one
+  None,             ///< the ratio has a value
   TooFewRecalls,    ///< ARC: fewer than 2 categories or fewer than 3 recalls
-  NoRoom,           ///< ARC: the largest possible clustering is the one expected by chance
+  NoRoom,           ///< ARC: the maximum equals the chance value
   EmptyList,        ///< ITR: one of the two lists is empty; an average over an empty list
-  NothingInCommon,  ///< rating changes: no item on both tests
-  NotScored         ///< left out: the family overflowed, or the test is not rated
+  NothingInCommon,  ///< rating changes: no item was recalled on both tests
+  NotScored         ///< the family overflowed and is not shown, or the test is not rated
 };
 
-/// A ratio as the master shows it, as it was before the cut, and whether it could be computed.
+/// A ratio as the master shows it and before truncation.
 struct Ratio {
   float Cut = 0.0F;
   float Uncut = 0.0F;
@@ -24,7 +24,7 @@ struct Ratio {
   bool operator==(const Ratio&) const = default;
 };
 
-/// Cut, not rounded: the greatest integer not above value * scale, divided by scale, each step in single precision.
+/// floor(value * scale) / scale, each step in single precision: cut, not rounded.
 inline Ratio CutRatio(float value, float scale) {
   const float scaled = value * scale;
   return {std::floor(scaled) / scale, value, ScoreGap::None};

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// The order of the families is fixed: gains first, since minutes and inter-test repetition read them.
+// The order of the families is fixed: minutes and inter-test repetition read the gains.
 
 #include "scoring/ScoreSubject.h"
 
@@ -8,13 +8,13 @@ namespace zova {
 
 namespace {
 
-// Runs one family. An overflow matters to nobody when the master shows nothing of it.
+// Runs one family. Ignores an overflow in a family that is not shown.
 template <typename Score, typename Reset>
 void RunFamily(bool isShown, Score&& score, Reset&& reset) {
   try {
     score();
-  } catch (const RunError& error) {
-    if (isShown || error.Fault() != RunFault::Overflow) throw;
+  } catch (const ScoringError& error) {
+    if (isShown || error.Fault() != ScoringFault::Overflow) throw;
     reset();
   }
 }
@@ -56,12 +56,12 @@ void IndexByItem(const RecallLists& lists, const ProjectParameters& project, Ite
     for (int position = 1; position <= lists.RecallCount(test); ++position) {
       const Recall& recall = lists.At(test, position);
       if (recall.Item < 0 || recall.Item > project.ItemCount) {
-        throw RunError(RunFault::SubscriptOutOfRange, "item " + std::to_string(recall.Item) + " at position " +
-                                                          std::to_string(position) + " of test " +
-                                                          std::to_string(test) + " is outside 1 to " +
-                                                          std::to_string(project.ItemCount));
+        throw ScoringError(ScoringFault::SubscriptOutOfRange, "item " + std::to_string(recall.Item) + " at position " +
+                                                                  std::to_string(position) + " of test " +
+                                                                  std::to_string(test) + " is outside 1 to " +
+                                                                  std::to_string(project.ItemCount));
       }
-      if (recall.Item > 0) items.At(recall.Item, test) = recall;  // a blank inside a list marks nothing
+      if (recall.Item > 0) items.At(recall.Item, test) = recall;  // not a blank inside the list
     }
   }
 }

@@ -10,7 +10,7 @@
 
 namespace zova {
 
-/// One value per test; tests count from 1, and others may not be asked for.
+/// One value per test. Tests count from 1; access is unchecked.
 template <typename Value>
 class PerTest {
  public:
@@ -22,7 +22,7 @@ class PerTest {
   std::vector<Value> m_values;
 };
 
-/// One value per row and test; both count from 1. The rows of a test lie together.
+/// One value per row and test, both from 1. The rows of a test are contiguous.
 template <typename Value>
 class TestTable {
  public:
@@ -31,7 +31,7 @@ class TestTable {
     m_values.assign(static_cast<std::size_t>(rowCount) * static_cast<std::size_t>(testCount), Value{});
   }
   [[nodiscard]] int RowCount() const noexcept { return m_rowCount; }
-  /// The test's first row; the others follow it.
+  /// The rows of the test.
   [[nodiscard]] const Value* Test(int test) const noexcept { return m_values.data() + Index(1, test); }
   Value& At(int row, int test) noexcept { return m_values[Index(row, test)]; }
   const Value& At(int row, int test) const noexcept { return m_values[Index(row, test)]; }
@@ -46,11 +46,11 @@ class TestTable {
   std::vector<Value> m_values;
 };
 
-/// Per item and test: the item itself (0: not recalled), its minute and its rating. Where an item stands twice in a
-/// list, the later entry's minute and rating count.
+/// Per item and test: the item (0: not recalled), its minute and its rating. For a repeated item the later entry
+/// counts.
 using ItemTable = TestTable<Recall>;
 
-/// How the ratings of the items on both of two rated tests changed, as shares of those items cut to two decimals.
+/// Rating changes of the items recalled on both of two rated tests: shares of these items, cut to two decimals.
 struct RatingChange {
   std::int16_t BothRecalled = 0;
   Ratio Up;
@@ -58,7 +58,7 @@ struct RatingChange {
   Ratio Same;
 };
 
-/// What came and went from test t-1 to t. By rating where test t is rated.
+/// Gains and losses from test t-1 to t; by rating if test t is rated.
 struct TestChange {
   std::int16_t Gains = 0;
   std::int16_t Losses = 0;
@@ -68,16 +68,16 @@ struct TestChange {
   RatingChange Ratings;
 };
 
-/// The ratings of a test's list.
+/// The ratings of one test.
 struct TestRatings {
   std::int16_t RateAboveMid = 0;
   std::int16_t RateBelowMid = 0;
   std::int16_t RateAtMid = 0;
   std::int16_t RatingSum = 0;  ///< up to 32,767, else an overflow
-  Ratio RatingAvg;             ///< ratings of the scale, cut to two decimals; tests flagged "Y" only
+  Ratio RatingAvg;             ///< rating points, cut to two decimals; only for tests flagged "Y"
 };
 
-/// The measures that are taken of any set of items: the true items, and by the same rules the lures.
+/// The measures of true items, and by the same rules of lures.
 struct ItemScores {
   PerTest<std::int16_t> Net;    ///< entries of the list, repeats included
   PerTest<TestChange> Changes;  ///< from test 2
@@ -89,33 +89,33 @@ struct ItemScores {
   std::vector<std::int16_t> CumulativeRecall;  ///< by running minute over all tests, from index 0
 };
 
-/// How the recall of a test is organised by the categories of the list.
+/// Category clustering on one test.
 struct TestClustering {
   std::int16_t CatsUsed = 0;
-  std::int16_t CatRepeats = 0;   ///< neighbours of one category (R)
-  std::int16_t SumSquares = 0;   ///< of the entries per category; up to 32,767, else an overflow
-  std::int16_t MaxRepeats = 0;   ///< list length less categories used
-  float ExpectedRepeats = 0.0F;  ///< by chance: SumSquares / list length - 1
-  Ratio ArcScore;                ///< adjusted ratio of clustering, 1 at most, cut to three decimals
+  std::int16_t CatRepeats = 0;   ///< R: consecutive entries of one category
+  std::int16_t SumSquares = 0;   ///< sum of n_c squared; up to 32,767, else an overflow
+  std::int16_t MaxRepeats = 0;   ///< N - k: list length minus categories used
+  float ExpectedRepeats = 0.0F;  ///< E: SumSquares / list length - 1
+  Ratio ArcScore;                ///< at most 1, cut to three decimals
   Ratio ItemsPerCat;             ///< entries per category used, cut to two decimals
 };
 
 struct CategoryScores {
   PerTest<TestClustering> Tests;
-  TestTable<std::int16_t> CatsByMin;  ///< row: minute in which a category's first item came
+  TestTable<std::int16_t> CatsByMin;  ///< categories first recalled in the minute (row)
   bool AnyArcFailed = false;
 };
 
 /// Bi-directional inter-test repetition of test t-1 on test t.
 struct PairRepetition {
-  std::int16_t ItrObserved = 0;  ///< pairs of neighbours found again, in either order
-  std::int16_t ItrCommon = 0;    ///< c: list length less gains
-  float ItrExpected = 0.0F;      ///< by chance: 2c(c-1) / product of the two list lengths
-  Ratio BiItr;                   ///< pairs: observed less expected, cut to three decimals
+  std::int16_t ItrObserved = 0;  ///< O: adjacent pairs repeated, in either order
+  std::int16_t ItrCommon = 0;    ///< c: list length minus gains
+  float ItrExpected = 0.0F;      ///< E: 2c(c-1) / product of the two list lengths
+  Ratio BiItr;                   ///< O - E, in pairs, cut to three decimals
 };
 
 struct ItrScores {
-  PerTest<PairRepetition> Pairs;  ///< at t, from test 2
+  PerTest<PairRepetition> Pairs;  ///< from test 2
   bool AnyItrFailed = false;
 };
 
@@ -125,28 +125,28 @@ struct ItrWork {
   std::vector<std::uint64_t> PairSlots;
 };
 
-/// Items by their pattern of recall over the tests, from index 0 (never recalled) to 2^T - 1 (on every test).
+/// Indexed by the pattern of recall, from 0 (never recalled) to 2^T - 1 (recalled on every test).
 struct PatternCounts {
   std::vector<std::int16_t> ItemsWithPattern;
   std::vector<std::int16_t> LuresWithPattern;
 };
 
-/// What of their categories was recalled before and after the lures of a test.
+/// Entries of a lure's own category before and after the lure, summed over the lures recalled.
 struct TestLures {
   std::int16_t ItemsPreLure = 0;
   std::int16_t ItemsPostLure = 0;
 };
 
-/// Which lures were recalled, and where.
+/// Which lures were recalled, and their positions.
 struct LureScores {
   TestTable<std::int16_t> LureRecalled;  ///< row: lure, numbered like its category; 1 or 0
   PerTest<TestLures> Tests;
 };
 
-/// Everything that is computed of one subject, and what that takes. One set serves a whole run.
+/// All scores of one subject, and working space. A run reuses one instance.
 struct ScoringArrays {
-  RecallLists TrueLists;  ///< without lures; only in a false-memory project
-  RecallLists LureLists;  ///< nothing but lures; only in a false-memory project
+  RecallLists TrueLists;  ///< only in a false-memory project
+  RecallLists LureLists;  ///< only in a false-memory project
   ItemTable TrueItems;
   ItemTable LureItems;
 
@@ -162,7 +162,7 @@ struct ScoringArrays {
   ItrWork Places;
 };
 
-/// Everything 0 and in the shape of the project.
+/// Sizes everything for the project and sets it to 0.
 void ResetScores(ScoringArrays& scores, const ProjectParameters& project);
 void ResetMinuteScores(ItemScores& scores, const ProjectParameters& project);
 void ResetRatingScores(ItemScores& scores, const ProjectParameters& project);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// A page begins at a line of the form
+// A page begins with a line of the form
 //
 //     <h2><a name="topic">Heading</a></h2>
 
@@ -44,7 +44,7 @@ std::string TopicOfPurpose(SubjectIdentification::Purpose purpose) {
   return "identification";
 }
 
-// Takes `mark` and all before it off `text`, and returns what stood before it.
+// Removes the text up to and including `mark` and returns what preceded the mark.
 std::optional<std::string_view> CutAt(std::string_view& text, std::string_view mark) {
   const std::size_t at = text.find(mark);
   if (at == std::string_view::npos) return std::nullopt;
@@ -53,7 +53,7 @@ std::optional<std::string_view> CutAt(std::string_view& text, std::string_view m
   return before;
 }
 
-// The page that begins with this line, so far without its text.
+// The page that begins with this line, still without text.
 std::optional<HelpPage> PageAt(std::string_view line) {
   if (!line.starts_with("<h") || line.size() < 3 || line[2] < '1' || line[2] > '3') return std::nullopt;
   const int level = line[2] - '0';

@@ -12,7 +12,7 @@
 
 namespace zova {
 
-/// Where the user is, as far as the help tells it apart.
+/// The user's place, as far as the help distinguishes it.
 struct HelpPlace {
   Screen Shown = Screen::Main;
   int WizardPage = 1;
@@ -21,19 +21,19 @@ struct HelpPlace {
   MasterFlow::Stage Stage = MasterFlow::Stage::Closed;
 };
 
-/// The topic of the help (an anchor in its file) about what the user sees.
+/// The help topic (an anchor in the file) for the place.
 std::string HelpTopicFor(const HelpPlace& place);
 
-/// A page of the help file. It begins at a line with a heading h1, h2 or h3 whose whole text is an anchor, and ends
-/// before the next one.
+/// A page of the help file, from a line with a heading h1, h2 or h3 whose whole text is an anchor up to the next such
+/// line.
 struct HelpPage {
   std::string Topic;    ///< the name of the heading's anchor
-  std::string Heading;  ///< as it stands, HTML
-  int Level = 1;        ///< 1 to 3; a page of level 3 belongs to the last one of level 2
+  std::string Heading;  ///< HTML
+  int Level = 1;        ///< 1 to 3; a page of level 3 belongs to the preceding one of level 2
   std::string Html;
 };
 
-/// The pages of a help file in their order. A text without such a heading is one page, "contents".
+/// The pages of a help file in order. A text without such a heading is one page, "contents".
 std::vector<HelpPage> CutIntoPages(std::string_view html);
 
 }  // namespace zova

@@ -11,24 +11,24 @@
 
 namespace zova {
 
-/// The words of the screen on which a directory is chosen.
+/// The texts of the location screen.
 struct LocationTexts {
   std::string Title;
   std::string Instruction;
   std::string Note;
 };
 
-/// The screen on which a directory is chosen, in its three forms: for the Param directory at a start without one, to
-/// move it, and for a new destination of a project's backup.
+/// The screen that chooses a directory, in three forms: the Param directory at a start without one, its move, and a new
+/// destination for a project's backup.
 class LocationFlow {
  public:
   enum class Form { SelectParam, ChangeParam, BackupDestination };
 
   LocationFlow(ParamDirectory& param, std::string programDir, const Platform& platform);
-  /// Called with what an act on the screen leads to.
+  /// Called with the result of an act on the screen.
   void SetObserver(std::function<void(const LocationOutcome&)> observer) { m_observer = std::move(observer); }
 
-  /// Takes the form that fits the Param directory.
+  /// Opens the form for creating or moving the Param directory.
   void OpenParam();
   /// Both must outlive the screen.
   void OpenBackup(ProjectParameters& project, const SavedProject& saved);
@@ -38,14 +38,14 @@ class LocationFlow {
   DirectoryBrowser& Browser() noexcept { return m_browser; }
   [[nodiscard]] const std::string& Text() const noexcept { return m_text; }
   void SetText(const std::string& text);
-  /// The Param directory that the text gives; "" in the backup's form.
+  /// The Param directory for the text; "" in the backup's form.
   [[nodiscard]] std::string Result() const;
 
   void Accept();
   void Cancel();
-  /// The window's own closing: true when the program may end.
+  /// Closing the window: true when the program may end.
   bool MayClose();
-  /// Any other act of the user on the screen (ParamLocation).
+  /// See ParamLocation.
   void NoteOtherAct() noexcept { m_param.NoteOtherAct(); }
 
  private:
@@ -57,7 +57,7 @@ class LocationFlow {
   DirectoryBrowser m_browser;
   std::function<void(const LocationOutcome&)> m_observer;
   std::string m_text;
-  ProjectParameters* m_project = nullptr;  // that gets the backup
+  ProjectParameters* m_project = nullptr;  // the project to back up
   const SavedProject* m_saved = nullptr;
 };
 

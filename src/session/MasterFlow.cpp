@@ -1,26 +1,26 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// The order of the screens: options (and from them the measures), the serial order if asked for, the groups' details if
-// asked for, writing; then, with groups, their order and writing again. A command that does not fit the stage, such as
-// the second of a double click, does nothing.
+// The order of the screens: options (and from them the measures), the serial order if requested, the groups' details if
+// requested, writing; then, with groups, their order and writing again. A command that does not fit the stage, such as
+// the second of a double click, has no effect.
 
 #include "session/MasterFlow.h"
 
 #include <utility>
-#include "platform/desktop/FileErrorBoxes.h"
 
 #include "master/run/RunStart.h"
+#include "platform/desktop/FileErrorBoxes.h"
 #include "project/ProjectLayout.h"
 
 namespace zova {
 
 namespace {
 
-// The two differ on purpose.
+// The two texts differ on purpose.
 MessageBox MastersCreated() { return {.Text = "Master(s) Successfully Created!"}; }
 MessageBox CombinedCreated() { return {.Text = "Master(s) successfully created!", .Icon = BoxIcon::Information}; }
 
-// A saved order as the disk has it; none when the user gave up reading it, so that it can be given anew.
+// Reads a saved order; nullopt when the user cancels after a fault, so that it can be entered again.
 template <typename Read>
 auto SavedOrder(MessageBoxes& boxes, Read&& read) -> decltype(read()) {
   decltype(read()) order;
@@ -28,12 +28,12 @@ auto SavedOrder(MessageBoxes& boxes, Read&& read) -> decltype(read()) {
   return order;
 }
 
-// Named by default, in the destination's directory.
+// "" for the default name in the destination's directory.
 std::optional<std::string> FileBeside(bool isAskedFor) {
   return isAskedFor ? std::optional<std::string>("") : std::nullopt;
 }
 
-// What a row of the group order shows: "17, Man".
+// The heading of a row of the group order: "17, Man".
 std::string SubjectName(const GroupSubjects& subjects, std::size_t subject, const ProjectParameters& project,
                         std::optional<std::size_t> separator) {
   const std::string& id = subjects.SubjectIds[subject];
@@ -75,7 +75,7 @@ void MasterFlow::Continue() {
   m_request.LongFile = FileBeside(m_options.ChkExportLong);
   m_request.Order.reset();
   m_request.CombinedFollows = m_options.ChkCombine;
-  // Told before an order is typed and saved for a master that cannot be.
+  // Reports a master that cannot be built before an order is typed and saved for it.
   if (!BuildHeader(*m_project, m_request.Selection, MasterKind::Individual, m_platform.Boxes, m_header)) return;
   if (m_options.ChkItemAnalysis) {
     m_order.OpenSerial(
@@ -117,11 +117,11 @@ void MasterFlow::CancelOrder() {
   if (m_stage == Stage::OrderOfItems) {
     Show(Stage::Options);
   } else if (m_stage == Stage::OrderOfGroups) {
-    Finish(MastersCreated());  // the masters that are written stay
+    Finish(MastersCreated());  // masters already written stay
   }
 }
 
-// The panel is up before anything is read. A variable of an earlier try is chosen again.
+// Shows the panel before reading anything, and chooses the variable of an earlier try again.
 void MasterFlow::AskForGroups() {
   const int chosen = m_options.ChosenVariable();
   m_options.ChooseVariable(0);
@@ -146,7 +146,7 @@ bool MasterFlow::ReadSubjects(bool withLevels) {
 void MasterFlow::ChooseVariable(int choice) {
   if (m_stage != Stage::GroupDetails) return;
   m_wantedVariable = choice;
-  if (m_isReading) return;  // a second choice, that came while the window was kept alive
+  if (m_isReading) return;  // a second choice, made while events were processed
   if (choice > 0 && !m_hasLevels) {
     m_isReading = true;
     m_hasLevels = ReadSubjects(true);
@@ -174,8 +174,8 @@ std::string MasterFlow::GroupsPreview() {
 }
 
 const std::string& MasterFlow::OrderPreview() {
-  if (m_stage != Stage::OrderOfGroups || m_previewedChange == m_order.Cells().Revision()) return m_orderPreview;
-  m_previewedChange = m_order.Cells().Revision();
+  if (m_stage != Stage::OrderOfGroups || m_previewedRevision == m_order.Cells().Revision()) return m_orderPreview;
+  m_previewedRevision = m_order.Cells().Revision();
   const GroupOrder order = m_order.PendingOrder();
   m_orderPreview =
       GroupOrderFault(m_subjects.SubjectIds, order)

@@ -13,21 +13,21 @@
 
 namespace zova {
 
-/// The screens of a master, from its options to its end, and the runs between them. The session shows the screen of
-/// the stage and is told of changes by the observer.
+/// The screens of a master, from its options to its end, and the runs between them. The session shows the screen of the
+/// stage; the observer notifies it of changes.
 class MasterFlow {
  public:
-  /// Finished: nothing is up but the messages at the end.
+  /// Finished: only the final messages are shown.
   enum class Stage { Closed, Options, Measures, OrderOfItems, GroupDetails, Writing, OrderOfGroups, Finished };
 
   explicit MasterFlow(const Platform& platform);
-  /// Called when the stage changes while a command goes on.
+  /// Called when the stage changes during a command.
   void SetObserver(std::function<void()> observer) { m_observer = std::move(observer); }
 
-  /// Counts the subject files; false, told, when there is none. `project` must outlive the flow's screens.
+  /// Counts the subject files; false, after a message, without any. `project` must outlive the flow's screens.
   bool Open(const ProjectParameters& project);
   [[nodiscard]] Stage CurrentStage() const noexcept { return m_stage; }
-  /// "Project: " and the title of the project of the last opening.
+  /// "Project: " and the title of the project last opened.
   [[nodiscard]] std::string ProjectLine() const;
 
   /// After a run that stopped in the individual master: how many subjects that holds; else "".
@@ -46,21 +46,20 @@ class MasterFlow {
   void CancelOrder();    ///< from either order screen
   void CancelGroups();
 
-  /// Chooses the variable that keeps the groups apart (MasterOptions::VariableChoices) on the groups' details. With the
-  /// first one all subjects are read for their levels; while they are not, it is "(none)".
+  /// Chooses the separating variable (MasterOptions::VariableChoices) on the groups' details. The first choice reads
+  /// the levels of all subjects; until they are read it stays "(none)".
   void ChooseVariable(int choice);
-  /// What the groups' details would give, a line per level, or that no group is possible; "" while the number of
-  /// subjects is none.
+  /// The groups that the details yield, one line per level, or that none is possible; "" without a valid number of
+  /// subjects.
   [[nodiscard]] std::string GroupsPreview();
-  /// The same for the order of the groups as it stands, its box included; what is missing while it has a fault.
+  /// The groups that the current order yields, including the pending text of its box; its fault if it has one.
   [[nodiscard]] const std::string& OrderPreview();
 
-  /// The last combined master made, or the file with the rows of the last individual one: a drive-letter path; ""
-  /// before the first.
+  /// The drive-letter path of the last combined master, or of the rows of the last individual one; "" before the first.
   [[nodiscard]] const std::string& LastMaster() const noexcept { return m_lastMaster; }
-  /// Header line of the project's new master, for those who read it; "" before the first.
+  /// Header line of the project's last master; "" before the first.
   [[nodiscard]] const std::string& LastHeader() const noexcept { return m_lastHeader; }
-  /// To be called when the project is closed, or another one taken.
+  /// To be called when the project is closed or replaced.
   void ForgetHeader() noexcept { m_lastHeader.clear(); }
 
  private:
@@ -81,13 +80,13 @@ class MasterFlow {
   Stage m_stage = Stage::Closed;
   MasterRequest m_request;
   MasterHeaderLine m_header;  // of the request
-  GroupSubjects m_subjects;   // from the groups' details on
+  GroupSubjects m_subjects;   // set by the groups' details
   bool m_hasLevels = false;
   bool m_isReading = false;
   int m_wantedVariable = 0;
   std::optional<GroupOrder> m_savedGroupOrder;
   std::string m_orderPreview;  // of the order at that change
-  int m_previewedChange = 0;
+  int m_previewedRevision = 0;
   MasterNotices m_notices;
   std::string m_statusLine;
   std::string m_lastMaster;

@@ -3,10 +3,10 @@
 
 namespace zova {
 
-/// What the window shows. Identification and Entry are the two screens of a subject being entered.
+/// The screens of the window. Identification and Entry are the two screens of a subject.
 enum class Screen { Main, Wizard, Viewing, Location, Identification, Entry, Masters, Means };
 
-/// All that the menus depend on.
+/// Everything that the menus depend on.
 struct MenuFacts {
   Screen Shown = Screen::Main;
   bool ProjectOpen = false;
@@ -14,7 +14,7 @@ struct MenuFacts {
   bool HasUnfinished = false;  ///< of the open project
 };
 
-/// Which menu entries can be chosen.
+/// Which menu entries are enabled.
 struct MenuStates {
   bool Open = false;
   bool Create = false;

@@ -11,14 +11,14 @@ namespace {
 constexpr const char* kHelpName = "ZOVA2.hlp";
 constexpr const char* kSampleData = "Sample Data";
 
-// Buffered: the program is not to wait for the disk at its start, and the originals stay where they are.
+// Buffered: the start must not wait for the disk, and the originals still exist.
 void CopyInstalled(const std::string& installed, const std::string& target, Disk& disk) {
   std::string content;
   disk.Read(installed, content);
   disk.Write(target, content, Disk::Durability::Buffered);
 }
 
-// A directory that is there already keeps what its user made of it; only directories that it lacks are added.
+// Leaves existing directories unchanged and adds only missing ones.
 void FillDirectory(const std::string& installed, const std::string& target, Disk& disk) {
   const bool isNew = !disk.DirectoryExists(target);
   if (isNew) disk.CreateDirectories(target);
@@ -36,7 +36,7 @@ void TrySilently(Step&& step) noexcept {
   try {
     step();
   } catch (const std::exception&) {
-    // Told of where the file is asked for.
+    // Reported where the file is needed.
   }
 }
 

@@ -18,7 +18,7 @@ struct Sentence {
 
 constexpr bool IsBefore(const Sentence& left, const Sentence& right) { return left.Name < right.Name; }
 
-// By name, capitals first, as the search needs it; those of the measures stand with these.
+// Sorted by name, capitals first, for the binary search. MeasureFamilies has the sentences of the measures.
 constexpr auto kSentences = std::to_array<Sentence>({
     {"FraNomDet",
      "The subjects are put together as nominal groups on this screen, whose recall is then scored as one."},
@@ -137,6 +137,7 @@ constexpr auto kSentences = std::to_array<Sentence>({
     {"lblItemmax",
      "How many items the study list has, from 1 to 999; critical non-presented items, once added, are counted too."},
     {"lblLastMaster", "Where the master that was made last lies."},
+    {"lblLimitNote", "Complete an unfinished subject first if you want to put this one aside."},
     {"lblLuresIncluded", "The number of items includes one critical non-presented item for each category."},
     {"lblMasterProgress", "How much of the master has been written."},
     {"lblMasterRows", "Another destination gets the header only; each subject's row goes to the primary directory."},
@@ -248,7 +249,7 @@ std::string_view SentenceOf(std::string_view name) noexcept {
 std::string_view QuickHelp(std::string_view controlName) noexcept {
   const std::string_view own = SentenceOf(controlName);
   if (!own.empty()) return own;
-  // A member of an array: its name without the number.
+  // For a member of an array, the name without its number.
   while (!controlName.empty() && controlName.back() >= '0' && controlName.back() <= '9') controlName.remove_suffix(1);
   return SentenceOf(controlName);
 }

@@ -5,8 +5,7 @@
 
 namespace zova {
 
-/// The one sentence that a right-click on a control answers with; "" for a name that has none. Members of an array
-/// (`lblVarLevel3`) share that of the array.
+/// The sentence shown for a right-click on the control; "" without one. Members of an array (`lblVarLevel3`) share it.
 std::string_view QuickHelp(std::string_view controlName) noexcept;
 
 }  // namespace zova

@@ -3,8 +3,8 @@
 #include "session/Session.h"
 
 #include <utility>
-#include "platform/desktop/FileErrorBoxes.h"
 
+#include "platform/desktop/FileErrorBoxes.h"
 #include "project/DirectoryRules.h"
 #include "project/ProjectOpening.h"
 #include "session/ProgramDirectory.h"
@@ -57,7 +57,7 @@ void Session::StartWithLostParam() {
        .Buttons = BoxButtons::YesNo,
        .Default = BoxAnswer::Yes,
        .Title = "Warning"});
-  // Kept: the question names the program's directory, but what is created is the directory of the stored setting.
+  // Kept: the question names the program's directory, but the directory of the stored setting is created.
   if (answer == BoxAnswer::No &&
       CreateParamDirectory(m_param.Path(), m_programDir, m_platform.Files, m_platform.Boxes)) {
     if (LockParam()) OfferRestore();
@@ -83,11 +83,11 @@ std::string Session::OpenCaption() const { return m_project ? "Change Project" :
 
 void Session::Show(Screen screen) {
   m_screen = screen;
-  if (screen == Screen::Main && m_project) LookForUnfinished();  // another computer may have left some, or taken them
+  if (screen == Screen::Main && m_project) LookForUnfinished();  // another computer may have added or completed some
   if (m_observer) m_observer();
 }
 
-void Session::TakeProject(ProjectParameters project, std::string file) {
+void Session::SetProject(ProjectParameters project, std::string file) {
   m_masters.ForgetHeader();
   m_project = std::move(project);
   m_saved = {std::move(file), m_project->BackupDir};
@@ -109,7 +109,7 @@ void Session::LookForUnfinished() {
   try {
     m_hasUnfinished = HasUnfinishedFiles();
   } catch (const FileError&) {
-    m_hasUnfinished = false;  // a primary directory on a drive that is not ready is told of when it is needed
+    m_hasUnfinished = false;  // a drive that is not ready is reported when it is needed
   }
 }
 
@@ -125,7 +125,7 @@ void Session::OpenExistingProject() {
     CloseProject();
     return;
   }
-  TakeProject(std::move(chosen->Parameters), std::move(chosen->Path));
+  SetProject(std::move(chosen->Parameters), std::move(chosen->Path));
   Show(Screen::Main);
   if (!m_hasUnfinished) return;
   if (Confirm(m_platform.Boxes,
@@ -178,7 +178,7 @@ void Session::FollowSubjects() {
 void Session::OfferRestore() {
   auto restored = m_subjects.OfferRestore(m_param.Path());
   if (!restored) return;
-  TakeProject(std::move(restored->Parameters), std::move(restored->Path));
+  SetProject(std::move(restored->Parameters), std::move(restored->Path));
   m_subjects.EnterRestored(*m_project, m_param.Path());
 }
 
@@ -210,7 +210,7 @@ void Session::FinishWizard() {
   if (!m_wizard.Done(m_restoring)) return;
   if (!viewing) {
     const ProjectParameters& project = m_wizard.Project();
-    TakeProject(project, ParameterFilePath(m_param.Path(), project));
+    SetProject(project, ParameterFilePath(m_param.Path(), project));
   }
   Show(Screen::Main);
   if (viewing) return;
@@ -233,7 +233,7 @@ void Session::Exit() {
   m_ended = true;
 }
 
-// Masters that are written are told of, with their notices, also when only the groups' order is left unanswered.
+// Reports written masters and their notices, also when only the groups' order is cancelled.
 void Session::FinishMasters() {
   if (m_masters.CurrentStage() == MasterFlow::Stage::OrderOfGroups) m_masters.CancelOrder();
 }

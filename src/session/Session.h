@@ -15,21 +15,21 @@
 
 namespace zova {
 
-/// The application without its window: what is open, which screen is up, what the menus allow, and every command of
-/// the menus and of the main screen. A command that cannot be chosen now (MenuStates) does nothing.
+/// The application without its window: the open project, the current screen, the menu states, and every command of the
+/// menus and the main screen. A disabled command (MenuStates) has no effect.
 class Session {
  public:
-  /// `programDir` is the program's directory as a drive-letter path, `installed` the native one that it is filled from.
+  /// `programDir` is the program's directory as a drive-letter path, `installed` the native directory it is filled
+  /// from.
   Session(const Platform& platform, std::string programDir, std::string installed);
 
-  /// Called whenever what the window shows may have changed while a command goes on with a message.
+  /// Called when what the window shows may have changed while a command shows a message.
   void SetObserver(std::function<void()> observer) { m_observer = std::move(observer); }
 
-  /// What needs no window: reads the stored setting, and takes the location screen when there is none.
+  /// The part of the start without a window: reads the stored setting, and selects the location screen without one.
   void Prepare();
-  /// From there to the main screen, or to the location screen, with all questions on the way.
+  /// Continues to the main screen or the location screen, with all questions.
   void Start();
-  /// The program is to end.
   [[nodiscard]] bool HasEnded() const noexcept { return m_ended; }
 
   [[nodiscard]] Screen Shown() const noexcept { return m_screen; }
@@ -45,9 +45,9 @@ class Session {
   void CreateNewProject();
   void SaveIncompleteSubject();
   void Exit();
-  /// The window's own closing: true when it may go.
+  /// Closing the window: true when it may close.
   bool Close();
-  // Options. Each opens a project first when none is open.
+  // Options. Each first opens a project if none is open.
   void EnterSubjects();
   void CreateNewMaster();
   void ExamineMeans();
@@ -65,28 +65,26 @@ class Session {
   void ChangeParamLocation();
   // Help
   void ShowTopics();
-  void ShowScreenHelp();  ///< of the screen that is up
+  void ShowScreenHelp();  ///< for the current screen
   void ShowAbout();
 
   NewProjectWizard& Wizard() noexcept { return m_wizard; }
   void CancelWizard();
   void FinishWizard();
 
-  /// The screens of a subject; `Shown` is Identification or Entry while its stage is.
+  /// The screens of a subject, shown as Identification or Entry.
   SubjectFlow& Subjects() noexcept { return m_subjects; }
 
-  /// The screens of a master; `Shown` is Masters while its stage is not Closed.
+  /// The screens of a master, shown as Masters unless its stage is Closed.
   MasterFlow& Masters() noexcept { return m_masters; }
   void ShowMeasuresHelp();
-  /// The last master made in this run of the program, or "".
+  /// The last master written since the program started, or "".
   [[nodiscard]] const std::string& LastMaster() const noexcept { return m_masters.LastMaster(); }
   void OpenLastMasterFolder();
 
-  /// The rules of Examine Means; `Shown` is Means while it is up.
   MeansExaminer& Means() noexcept { return m_means; }
   void CloseMeans();
 
-  /// The screen on which a directory is chosen; `Shown` is Location while it is up.
   LocationFlow& Location() noexcept { return m_location; }
 
  private:
@@ -95,11 +93,11 @@ class Session {
   void FollowLocation(const LocationOutcome& outcome);
   void StartWithLostParam();
   bool LockParam();
-  void TakeProject(ProjectParameters project, std::string file);
+  void SetProject(ProjectParameters project, std::string file);
   void CloseProject();
   [[nodiscard]] bool HasUnfinishedFiles();
   void LookForUnfinished();
-  /// True when a project is open now.
+  /// True when a project is open afterwards.
   bool OpenFirst();
   bool MayLeaveEntry(const Question& question);
   void FollowMasters();
@@ -123,7 +121,7 @@ class Session {
   std::optional<ProjectParameters> m_project;
   SavedProject m_saved;  // of the open project
   bool m_hasUnfinished = false;
-  bool m_restoring = false;  // never false again once set
+  bool m_restoring = false;  // never reset
   bool m_prepared = false;
   bool m_ended = false;
 };

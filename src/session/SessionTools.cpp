@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// The commands that lead into masters and means, and those of the Tools menu.
+// The commands for masters and means, and those of the Tools menu.
 
 #include "project/ProjectFile.h"
 #include "project/ProjectOpening.h"
@@ -67,17 +67,17 @@ void Session::CreateNewBackup() {
 
 void Session::RestoreFromBackup() {
   if (!Menus().Restore || !WantsRestore(m_platform.Boxes)) return;
-  // Kept: it is never cleared again, so that later parameter files get no copy in their backup directory.
+  // Kept: never reset, so later parameter files get no copy in their backup directory.
   m_restoring = true;
   const auto path = ChooseProjectFile("Please select a (.prm) file.", m_param.Path(), m_platform.Dialogs);
   if (!path) return;
-  CloseProject();  // a file that cannot be read leaves none open
+  CloseProject();  // no project stays open if the file cannot be read
   ProjectParameters project;
   if (!WithRetry(m_platform.Boxes, [&] { project = ReadProjectFile(m_platform.Files, *path); })) return;
   const bool wasBackupCopy = project.FormatMarker == kBackupMarker;
   const std::optional<MessageBox> message = RestoreData(project, *path, m_param.Path(), m_platform);
   std::string file = wasBackupCopy ? ParameterFilePath(m_param.Path(), project) : *path;
-  TakeProject(std::move(project), std::move(file));
+  SetProject(std::move(project), std::move(file));
   Show(Screen::Main);
   if (message) m_platform.Boxes.Show(*message);
 }

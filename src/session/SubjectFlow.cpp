@@ -6,6 +6,7 @@
 
 #include "platform/desktop/FileErrorBoxes.h"
 #include "project/ProjectFile.h"
+#include "project/ProjectLayout.h"
 #include "subjects/SubjectFile.h"
 
 namespace zova {
@@ -23,7 +24,7 @@ void SubjectFlow::Identify(SubjectIdentification::Purpose purpose, const Project
   m_project = &project;
   m_paramDir = paramDir;
   m_entersNewSubjects = purpose == SubjectIdentification::Purpose::NewSubject;
-  m_identification.Open(purpose, project);
+  m_identification.Open(purpose, project, paramDir);
   Show(Stage::Identification);
 }
 
@@ -37,7 +38,8 @@ void SubjectFlow::CancelIdentification() { Show(Stage::Closed); }
 
 void SubjectFlow::OpenEntry(SubjectIdentification::Outcome outcome) {
   if (outcome != SubjectIdentification::Outcome::OpenEntry) return;
-  // An interrupted subject that could not be restored is put aside before this one's autosave takes its place.
+  // An interrupted subject that was neither restored nor put aside is put aside before this one's autosave takes its
+  // place.
   if (m_keepsAutosave && !WithRetry(m_platform.Boxes, [&] { KeepAutosaveFile(m_platform.Files, m_paramDir); })) return;
   m_keepsAutosave = false;
   m_entry.Open(*m_project, m_paramDir);
@@ -47,7 +49,7 @@ void SubjectFlow::OpenEntry(SubjectIdentification::Outcome outcome) {
 void SubjectFlow::DoneWithAllTests() {
   if (!m_entry.DoneWithAllTests().Left) return;
   if (m_entersNewSubjects) {
-    m_identification.Open(SubjectIdentification::Purpose::NewSubject, *m_project);
+    m_identification.Open(SubjectIdentification::Purpose::NewSubject, *m_project, m_paramDir);
     Show(Stage::Identification);
   } else {
     Show(Stage::Closed);
@@ -60,9 +62,8 @@ void SubjectFlow::CancelEntry() {
 
 std::optional<ChosenProject> SubjectFlow::OfferRestore(const std::string& paramDir) {
   if (std::exchange(m_restoreOffered, true)) return std::nullopt;
-  const std::string autosave = AutosavePath(paramDir);
   bool isThere = false;
-  WithRetry(m_platform.Boxes, [&] { isThere = m_platform.Files.FileExists(autosave); });
+  WithRetry(m_platform.Boxes, [&] { isThere = m_platform.Files.FileExists(AutosavePath(paramDir)); });
   if (!isThere) return std::nullopt;
   const BoxAnswer answer = m_platform.Boxes.Show(
       {.Text = "The program was interrupted while entering a subject.  Would you like to restore from the autosave?",
@@ -71,21 +72,32 @@ std::optional<ChosenProject> SubjectFlow::OfferRestore(const std::string& paramD
        .Default = BoxAnswer::Yes,
        .Title = "Restore"});
   if (answer == BoxAnswer::Yes) return Restore(paramDir);
-  WithRetry(m_platform.Boxes, [&] { DeleteAutosaveFile(m_platform.Files, paramDir); });
+  PutAside(paramDir);
   return std::nullopt;
 }
 
-// A restore that cannot be read keeps the file: it may be all there is of the subject.
+void SubjectFlow::PutAside(const std::string& paramDir) {
+  std::string kept;
+  m_keepsAutosave = !WithRetry(m_platform.Boxes, [&] { kept = KeepAutosaveFile(m_platform.Files, paramDir); });
+  if (kept.empty()) return;
+  m_platform.Boxes.Show({.Text = "The autosave was kept as '" + kept + "'.",
+                         .Icon = BoxIcon::Information,
+                         .Details = "To take the subject up later, open its project and select this file with the "
+                                    "'Browse' button of 'Read Old Data' or 'Unfinished Business'."});
+}
+
+// Keeps a file that cannot be restored: it may be the only copy of the subject.
 std::optional<ChosenProject> SubjectFlow::Restore(const std::string& paramDir) {
   Disk& disk = m_platform.Files;
   ChosenProject chosen;
   const auto readProject = [&] {
-    chosen.Path = JoinPath(paramDir, ReadAutosaveProject(disk, paramDir));
+    chosen.Path = JoinPath(paramDir, ReadAutosaveProject(disk, AutosavePath(paramDir)));
     chosen.Parameters = ReadProjectFile(disk, chosen.Path);
   };
   m_keepsAutosave = true;
   if (!WithRetry(m_platform.Boxes, readProject) || !MayOpenProject(chosen.Parameters, m_platform.Boxes) ||
-      !WithRetry(m_platform.Boxes, [&] { ReadAutosaveFile(disk, paramDir, chosen.Parameters, m_record); })) {
+      !WithRetry(m_platform.Boxes,
+                 [&] { ReadAutosaveFile(disk, AutosavePath(paramDir), chosen.Parameters, m_record); })) {
     return std::nullopt;
   }
   m_keepsAutosave = false;

@@ -12,36 +12,36 @@
 
 namespace zova {
 
-/// The screens of a subject: identified, entered and autosaved, saved; or restored after an interruption. The session
-/// shows the screen of the stage and is notified of changes by the observer.
+/// The screens of a subject: identification, entry with autosave, saving; or restoring after an interruption. The
+/// session shows the screen of the stage; the observer notifies it of changes.
 class SubjectFlow {
  public:
   enum class Stage { Closed, Identification, Entry };
 
   SubjectFlow(Preferences& preferences, const Platform& platform);
-  /// Called when the stage changes while a command goes on.
+  /// Called when the stage changes during a command.
   void SetObserver(std::function<void()> observer) { m_observer = std::move(observer); }
 
   [[nodiscard]] Stage CurrentStage() const noexcept { return m_stage; }
-  /// The title of the project of the last opening.
+  /// The title of the project last opened.
   [[nodiscard]] std::string ProjectName() const { return m_project ? ProjectTitle(*m_project) : ""; }
   SubjectIdentification& Identification() noexcept { return m_identification; }
   [[nodiscard]] const SubjectIdentification& Identification() const noexcept { return m_identification; }
   SubjectEntry& Entry() noexcept { return m_entry; }
 
-  /// Opens the identification. `project` must outlive the flow's screens, here and below.
+  /// Opens the identification. `project` must outlive the flow's screens, also below.
   void Identify(SubjectIdentification::Purpose purpose, const ProjectParameters& project, const std::string& paramDir);
   void FinishIdentification();
   void LoadTypedSubject();
   void BrowseSubject();
   void CancelIdentification();
 
-  /// After a complete save, the next new subject is identified.
+  /// After a complete save continues with the next new subject.
   void DoneWithAllTests();
   void CancelEntry();
 
-  /// Offers the autosave of an interrupted run, the first time that it is called. Returns the project of the subject
-  /// that was restored, which EnterRestored then shows; nullopt when there is none.
+  /// On the first call, offers to restore the autosave of an interrupted run. Returns the restored subject's project,
+  /// to be shown by EnterRestored; nullopt without one.
   std::optional<ChosenProject> OfferRestore(const std::string& paramDir);
   void EnterRestored(const ProjectParameters& project, const std::string& paramDir);
 
@@ -49,6 +49,7 @@ class SubjectFlow {
   void Show(Stage stage);
   void OpenEntry(SubjectIdentification::Outcome outcome);
   std::optional<ChosenProject> Restore(const std::string& paramDir);
+  void PutAside(const std::string& paramDir);
 
   Platform m_platform;
   SubjectRecord m_record;
@@ -58,9 +59,9 @@ class SubjectFlow {
   Stage m_stage = Stage::Closed;
   const ProjectParameters* m_project = nullptr;
   std::string m_paramDir;
-  bool m_entersNewSubjects = false;  // after a complete save the next one is asked for
+  bool m_entersNewSubjects = false;  // after a complete save identify the next one
   bool m_restoreOffered = false;
-  bool m_keepsAutosave = false;  // one that could not be restored
+  bool m_keepsAutosave = false;  // one that was neither restored nor put aside
 };
 
 }  // namespace zova

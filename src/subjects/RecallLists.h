@@ -15,14 +15,14 @@ struct Recall {
   bool operator==(const Recall&) const = default;
 };
 
-/// A subject's recall lists: per test the entries in the order of recall, padded with blanks to as many positions as
-/// the study list has items. Tests and positions count from 1; what is beyond them may not be asked for.
+/// A subject's recall lists: per test the entries in the order of recall, padded with blanks to the length of the study
+/// list. Tests and positions count from 1; access is unchecked.
 class RecallLists {
  public:
   RecallLists() = default;
   RecallLists(int testCount, int positionCount) { Reset(testCount, positionCount); }
 
-  /// All blank, all counts 0.
+  /// Resizes; sets all entries blank and all counts 0.
   void Reset(int testCount, int positionCount) {
     m_positionCount = positionCount;
     m_entries.assign(static_cast<std::size_t>(testCount) * static_cast<std::size_t>(positionCount), {});
@@ -34,11 +34,11 @@ class RecallLists {
 
   [[nodiscard]] Recall& At(int test, int position) noexcept { return m_entries[Index(test, position)]; }
   [[nodiscard]] const Recall& At(int test, int position) const noexcept { return m_entries[Index(test, position)]; }
-  /// The test's first position; the others follow it.
+  /// The test's positions, contiguous.
   [[nodiscard]] Recall* Test(int test) noexcept { return m_entries.data() + Index(test, 1); }
   [[nodiscard]] const Recall* Test(int test) const noexcept { return m_entries.data() + Index(test, 1); }
 
-  /// Number of positions with an item of 1 or more, as last counted.
+  /// The last count of positions with an item of 1 or more.
   [[nodiscard]] std::int16_t& RecallCount(int test) noexcept { return m_counts[static_cast<std::size_t>(test) - 1]; }
   [[nodiscard]] std::int16_t RecallCount(int test) const noexcept {
     return m_counts[static_cast<std::size_t>(test) - 1];

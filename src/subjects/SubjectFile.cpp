@@ -6,14 +6,14 @@
 //   "<variable name>",<level>                         V lines
 //   <position>,<item>,<minute>,<rating>               T*N lines, test by test; blanks as zeros
 //
-// In a project whose marker is "Old ZOVA" (upper or lower case) the last lines have no rating. The autosave file has,
-// in place of the first line, two: the project file's name and the identifier.
+// In a project with the marker "Old ZOVA" (in any case) the last lines have no rating. The autosave file has two lines
+// instead of the first one: the project file's name and the identifier.
 
 #include "subjects/SubjectFile.h"
 
-#include "subjects/SubjectFiles.h"
-
 #include "platform/files/DataFileError.h"
+#include "project/ProjectFile.h"
+#include "project/ProjectLayout.h"
 #include "text/Encoding.h"
 #include "text/FieldReader.h"
 #include "text/Records.h"
@@ -42,11 +42,11 @@ void WriteLevelsAndLists(RecordWriter& out, const SubjectRecord& record, const P
   }
 }
 
-// `Count` is 4, or 3 where there is no rating.
+// `Count` is 4, or 3 without ratings.
 template <std::size_t Count>
 Recall ReadPosition(FieldReader& reader) {
   std::array<std::int16_t, Count> line{};
-  if (!reader.TakePlainLine(line)) {
+  if (!reader.ReadPlainLine(line)) {
     reader.Skip();
     for (std::size_t field = 1; field < Count; ++field) line[field] = reader.NextNumber();
   }
@@ -83,20 +83,17 @@ SubjectOddities ReadLevelsAndLists(FieldReader& reader, const ProjectParameters&
   return {reader.HasReadText(), hasBlankInside};
 }
 
-// `bytes` as they stand in the file, `content` what they hold; `readStart` reads what stands before the levels, and
-// `checkEnd` is called behind the lists.
-template <typename ReadStart, typename CheckEnd>
+// `bytes` as they stand in the file, `content` what they hold; `readStart` reads what stands before the levels.
+template <typename ReadStart>
 SubjectOddities ParseRecord(std::string_view bytes, std::string_view content, const ProjectParameters& project,
-                            SubjectRecord& record, ReadStart&& readStart, CheckEnd&& checkEnd) {
+                            SubjectRecord& record, ReadStart&& readStart) {
   record.Levels.fill(0);
   ResetLists(record, project);
   try {
     RequireDataText(bytes);
     FieldReader reader(content);
     readStart(reader);
-    const SubjectOddities oddities = ReadLevelsAndLists(reader, project, record);
-    checkEnd(reader);
-    return oddities;
+    return ReadLevelsAndLists(reader, project, record);
   } catch (const FieldError&) {
     record.Levels.fill(0);
     ResetLists(record, project);
@@ -115,14 +112,12 @@ std::string FormatSubject(const SubjectRecord& record, const ProjectParameters& 
   out.Text("Subject#").Text(record.SubjectId);
   out.Text("n, Item #(recall order), Min(recall order), Rating(recall order)").Text("*").EndLine();
   WriteLevelsAndLists(out, record, project);
-  return out.Take();
+  return out.Release();
 }
 
 SubjectOddities ParseSubject(std::string_view bytes, const ProjectParameters& project, SubjectRecord& record) {
-  // Only numbers are taken from the file, so its encoding does not matter.
-  return ParseRecord(
-      bytes, WithoutMarks(bytes), project, record, [](FieldReader& reader) { reader.SkipLine(); },
-      [](const FieldReader&) {});
+  // Only numbers are read, so the encoding does not matter.
+  return ParseRecord(bytes, WithoutMarks(bytes), project, record, [](FieldReader& reader) { reader.SkipLine(); });
 }
 
 void LoadSubjectFile(Disk& disk, const std::string& path, const ProjectParameters& project, SubjectRecord& record) {
@@ -136,7 +131,7 @@ std::string FormatAutosave(const SubjectRecord& record, const ProjectParameters&
   out.Text(project.ProjectFileName).EndLine();
   out.Text(record.SubjectId).EndLine();
   WriteLevelsAndLists(out, record, project);
-  return out.Take();
+  return out.Release();
 }
 
 std::string ParseAutosaveProject(std::string_view bytes) {
@@ -148,22 +143,13 @@ std::string ParseAutosaveProject(std::string_view bytes) {
 void ParseAutosave(std::string_view bytes, const ProjectParameters& project, SubjectRecord& record) {
   const DataText text(bytes);
   std::string_view subjectId;
-  const auto readStart = [&](FieldReader& reader) {
+  ParseRecord(bytes, text.Content(), project, record, [&](FieldReader& reader) {
     reader.Skip();
     subjectId = reader.Next();
-    if (!IsSubjectId(subjectId)) reader.Refuse(FieldFault::BadIdentifier);
-  };
-  ParseRecord(bytes, text.Content(), project, record, readStart,
-              [](const FieldReader& reader) { reader.RequireEnd(); });
+    const bool isName = !subjectId.empty() && subjectId.find_first_of("\\/") == std::string_view::npos;
+    if (!isName) reader.Refuse(FieldFault::BadIdentifier);
+  });
   record.SubjectId = subjectId;
-}
-
-// The file's first name that is free beside it.
-std::string FreeName(Disk& disk, const std::string& paramDir) {
-  for (int number = 1;; ++number) {
-    std::string path = KeptAutosavePath(paramDir, number);
-    if (!disk.FileExists(path)) return path;
-  }
 }
 
 void WriteAutosaveFile(Disk& disk, const std::string& paramDir, const SubjectRecord& record,
@@ -171,26 +157,50 @@ void WriteAutosaveFile(Disk& disk, const std::string& paramDir, const SubjectRec
   disk.Write(AutosavePath(paramDir), FormatAutosave(record, project));
 }
 
-std::string ReadAutosaveProject(Disk& disk, const std::string& paramDir) {
-  const std::string path = AutosavePath(paramDir);
+std::string ReadAutosaveProject(Disk& disk, const std::string& path) {
   std::string bytes;
   disk.Read(path, bytes);
   return ParsingFile(path, [&] { return ParseAutosaveProject(bytes); });
 }
 
-void ReadAutosaveFile(Disk& disk, const std::string& paramDir, const ProjectParameters& project,
-                      SubjectRecord& record) {
-  const std::string path = AutosavePath(paramDir);
+void ReadAutosaveFile(Disk& disk, const std::string& path, const ProjectParameters& project, SubjectRecord& record) {
   std::string bytes;
   disk.Read(path, bytes);
   ParsingFile(path, [&] { ParseAutosave(bytes, project, record); });
 }
 
-void KeepAutosaveFile(Disk& disk, const std::string& paramDir) {
+namespace {
+
+bool CanBeRestored(Disk& disk, const std::string& paramDir, const std::string& path) {
+  try {
+    const ProjectParameters project = ReadProjectFile(disk, JoinPath(paramDir, ReadAutosaveProject(disk, path)));
+    SubjectRecord record;
+    ReadAutosaveFile(disk, path, project, record);
+    return project.FormatMarker != kBackupMarker;
+  } catch (const FileError&) {
+    return false;
+  }
+}
+
+}  // namespace
+
+std::string KeepAutosaveFile(Disk& disk, const std::string& paramDir) {
+  constexpr int kKept = 3;
   const std::string path = AutosavePath(paramDir);
-  if (!disk.FileExists(path)) return;
-  disk.Copy(path, FreeName(disk, paramDir));
+  if (!disk.FileExists(path)) return {};
+  for (int number = kKept; disk.FileExists(KeptAutosavePath(paramDir, number)); ++number) {
+    const std::string old = KeptAutosavePath(paramDir, number);
+    if (CanBeRestored(disk, paramDir, old)) disk.Delete(old);
+  }
+  int number = 1;
+  while (disk.FileExists(KeptAutosavePath(paramDir, number))) ++number;
+  for (; number > 1; --number) {
+    disk.Copy(KeptAutosavePath(paramDir, number - 1), KeptAutosavePath(paramDir, number));
+  }
+  const std::string kept = KeptAutosavePath(paramDir, 1);
+  disk.Copy(path, kept);
   disk.Delete(path);
+  return kept;
 }
 
 void DeleteAutosaveFile(Disk& disk, const std::string& paramDir) {

@@ -24,27 +24,29 @@ struct SubjectOddities {
 /// Throws FieldError (EndOfData, OutOfRange16, NulByte, Utf16) and then leaves levels 0 and lists blank.
 SubjectOddities ParseSubject(std::string_view bytes, const ProjectParameters& project, SubjectRecord& record);
 
-/// The same from the disk. Throws FileError.
+/// Reads the file and parses it with ParseSubject. Throws FileError.
 void LoadSubjectFile(Disk& disk, const std::string& path, const ProjectParameters& project, SubjectRecord& record);
 
 /// The content of the autosave file: the project file's name, then the subject.
 std::string FormatAutosave(const SubjectRecord& record, const ProjectParameters& project);
 
-/// The project file's name in an autosave file's content. Throws FieldError.
+/// The project file's name in the content of an autosave file. Throws FieldError.
 std::string ParseAutosaveProject(std::string_view bytes);
 
-/// Fills `record` (identifier included) from an autosave file's content. Throws as ParseSubject does, and MoreData for
-/// one of a larger shape than the project's, BadIdentifier for one without an identifier: it would be saved over what
-/// it was.
+/// Fills `record` (identifier included) from an autosave file's content. Throws as ParseSubject does, and BadIdentifier
+/// without an identifier, or with one that would lead to another directory. The identifier may be one that nobody could
+/// type, since it may come from the name of a file.
 void ParseAutosave(std::string_view bytes, const ProjectParameters& project, SubjectRecord& record);
 
-/// The autosave file "Temp.txt" in the Param directory. All throw FileError.
+/// The autosave file in the Param directory, and those that were put aside there (ProjectLayout). All throw FileError.
 void WriteAutosaveFile(Disk& disk, const std::string& paramDir, const SubjectRecord& record,
                        const ProjectParameters& project);
-std::string ReadAutosaveProject(Disk& disk, const std::string& paramDir);
-void ReadAutosaveFile(Disk& disk, const std::string& paramDir, const ProjectParameters& project, SubjectRecord& record);
-/// Puts it aside as "Temp 1.txt" (or the next free number). Nothing happens when there is none, here and below.
-void KeepAutosaveFile(Disk& disk, const std::string& paramDir);
+std::string ReadAutosaveProject(Disk& disk, const std::string& path);
+void ReadAutosaveFile(Disk& disk, const std::string& path, const ProjectParameters& project, SubjectRecord& record);
+/// Puts it aside as "Temp 1.txt", whose path is returned; those put aside before move on by one number. The third, and
+/// what lies behind it, goes, but never one that cannot be restored. Nothing happens when there is no autosave file,
+/// here and below.
+std::string KeepAutosaveFile(Disk& disk, const std::string& paramDir);
 void DeleteAutosaveFile(Disk& disk, const std::string& paramDir);
 
 }  // namespace zova

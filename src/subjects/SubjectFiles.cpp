@@ -3,8 +3,8 @@
 #include "subjects/SubjectFiles.h"
 
 #include <algorithm>
-#include "platform/desktop/FileErrorBoxes.h"
 
+#include "platform/desktop/FileErrorBoxes.h"
 #include "project/DirectoryRules.h"
 #include "subjects/SubjectFile.h"
 #include "text/Encoding.h"
@@ -13,8 +13,8 @@ namespace zova {
 
 namespace {
 
-// `Sdata` and `Unfinished` are made when only they are missing; a missing primary or backup directory is a disk that
-// is not there, and an error.
+// Creates `Sdata` or `Unfinished` if missing; a missing primary or backup directory is an error, since its disk may be
+// absent.
 void EnsureDirectory(Disk& disk, const std::string& directory) {
   if (!disk.DirectoryExists(directory)) disk.CreateDirectory(directory);
 }
@@ -29,7 +29,7 @@ void WriteCopy(Disk& disk, const std::string& destination, const std::string& fi
   disk.Write(path, content);
 }
 
-// Case counts here, whatever the rules of the file system: "a1" and "A1" are two subjects.
+// Case-sensitive on every file system: "a1" and "A1" are two subjects.
 void DeleteExactly(Disk& disk, const ProjectParameters& project, const std::string& directory,
                    const std::string& fileName) {
   const std::vector<std::string> names = ListSubjectFiles(disk, project, directory);
@@ -40,8 +40,7 @@ void RemoveIfEmpty(Disk& disk, const std::string& directory) {
   if (disk.IsEmptyDirectory(directory)) disk.RemoveDirectory(directory);
 }
 
-// Each step can be repeated by itself; the backup's come first, so that the primary directory, which tells what is
-// left to do, goes last.
+// Each step can be retried separately. The primary directory comes last, since it shows what is left to do.
 bool RemoveUnfinishedCopies(Disk& disk, const ProjectParameters& project, const std::string& fileName,
                             MessageBoxes& boxes, bool& emptied) {
   const std::string primary = UnfinishedDirectory(project.PrimaryDir);
@@ -83,12 +82,12 @@ SaveOutcome SaveSubject(SubjectRecord& record, const ProjectParameters& project,
   {
     const BusyPointer busy(platform.Pointer);
     if (!WriteCopies(record, project, platform.Files, platform.Boxes)) return outcome;
-    // Only now: until both complete copies stand, the unfinished ones are all there is.
+    // Not earlier: until both complete copies exist, the unfinished ones are the only ones.
     if (complete && !RemoveUnfinishedCopies(platform.Files, project, SubjectFileName(project, record.SubjectId),
                                             platform.Boxes, outcome.UnfinishedEmptied)) {
       return outcome;
     }
-    // Told when it fails, but the subject is saved.
+    // A failure is reported, but the subject is saved.
     WithRetry(platform.Boxes, [&] { DeleteAutosaveFile(platform.Files, paramDir); });
   }
   outcome.Saved = true;

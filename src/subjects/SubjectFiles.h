@@ -10,18 +10,19 @@
 
 namespace zova {
 
-/// False for what cannot be a subject's identifier: blank, longer than 20 characters, or no part of a file's name.
+/// True for a valid identifier: not blank, at most 20 characters, usable in a file name.
 bool IsSubjectId(std::string_view text);
 
-/// What a save did.
+/// The result of a save.
 struct SaveOutcome {
-  bool Saved = false;  ///< false: the user gave up a failed step. The record is as it was; copies already written stay
-  bool UnfinishedEmptied = false;  ///< the directory of unfinished subjects holds no file any more, and went
+  bool Saved =
+      false;  ///< false: the user cancelled after a fault. The record is unchanged; copies already written stay
+  bool UnfinishedEmptied = false;  ///< the directory of unfinished subjects became empty and was deleted
 };
 
-/// Writes the subject to the primary and backup directories: as incomplete when its note is not empty, else as
-/// complete. After both copies stand, the unfinished copies of a completed subject go, then the autosave file in
-/// `paramDir`; the user is told, and a completed subject's lists are blanked.
+/// Writes the subject to the primary and backup directories, as incomplete if its note is not empty, else as complete.
+/// After both copies exist, deletes a completed subject's unfinished copies, then the autosave file in `paramDir`,
+/// informs the user, and blanks a completed subject's lists.
 SaveOutcome SaveSubject(SubjectRecord& record, const ProjectParameters& project, const std::string& paramDir,
                         const Platform& platform);
 

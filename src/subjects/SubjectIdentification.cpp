@@ -3,9 +3,9 @@
 #include "subjects/SubjectIdentification.h"
 
 #include <array>
-#include "platform/desktop/FileErrorBoxes.h"
 
-#include "project/DirectoryRules.h"
+#include "platform/desktop/FileErrorBoxes.h"
+#include "project/ProjectLayout.h"
 #include "subjects/SubjectFile.h"
 #include "subjects/SubjectFiles.h"
 #include "text/Encoding.h"
@@ -16,7 +16,8 @@ namespace zova {
 
 namespace {
 
-// "" for a file that is none of this project's subjects. Blanks around an identifier stay: so does its file.
+// "" for a file that is not one of this project's subjects. Keeps blanks around the identifier, since they are part of
+// the file's name.
 std::string IdentifierOfFile(const ProjectParameters& project, std::string_view path) {
   const std::string_view name = LastPathComponent(path);
   const std::string prefix = ExpectedPrefix(project);
@@ -24,14 +25,31 @@ std::string IdentifierOfFile(const ProjectParameters& project, std::string_view 
   return SubjectIdFromFileName(project, path);
 }
 
-// A directory that cannot be looked into has not "no such file".
+// A directory that cannot be searched must not be reported as "no such file".
 void RequirePrimary(const ProjectParameters& project, Disk& disk) {
   if (!disk.DirectoryExists(project.PrimaryDir)) {
     throw FileError(FileOperation::List, project.PrimaryDir, FileCause::PathNotFound);
   }
 }
 
-// Heading and instruction, in the order of the purposes.
+constexpr const char* kForeignFile =
+    "This file is not a subject file for this experiment.  Please select another file.";
+
+// False when the user gave up; `endedEarly` when the file is none of its kind.
+template <typename Step>
+bool ReadFile(const Platform& platform, bool& endedEarly, Step&& step) {
+  const BusyPointer busy(platform.Pointer);
+  return WithRetry(platform.Boxes, [&] {
+    try {
+      step();
+    } catch (const FileError& error) {
+      endedEarly = error.Cause() == FileCause::EndOfData;
+      throw;
+    }
+  });
+}
+
+// Heading and instruction by purpose.
 constexpr std::array<std::array<const char*, 2>, 3> kTexts = {{
     {"Subject Information", ""},
     {"Read Old Data",
@@ -44,9 +62,10 @@ constexpr std::array<std::array<const char*, 2>, 3> kTexts = {{
 
 }  // namespace
 
-void SubjectIdentification::Open(Purpose purpose, const ProjectParameters& project) {
+void SubjectIdentification::Open(Purpose purpose, const ProjectParameters& project, const std::string& paramDir) {
   m_purpose = purpose;
   m_project = &project;
+  m_paramDir = paramDir;
   m_subjectText.clear();
   m_record = {};
   ResetLists(m_record, project);
@@ -71,12 +90,12 @@ std::string SubjectIdentification::LevelsList() const {
 void SubjectIdentification::SetSubjectText(const std::string& text) { m_subjectText = ColumnText(text); }
 
 SubjectIdentification::Outcome SubjectIdentification::StayInBox() {
-  ++m_cursorMoves;
+  ++m_cursorRevision;
   return Outcome::Stay;
 }
 
-SubjectIdentification::Outcome SubjectIdentification::Refuse(const std::string& text) {
-  Warn(m_platform.Boxes, text);
+SubjectIdentification::Outcome SubjectIdentification::Refuse(const std::string& text, const std::string& details) {
+  Warn(m_platform.Boxes, text, details);
   return StayInBox();
 }
 
@@ -95,7 +114,7 @@ bool SubjectIdentification::StoreLevel() {
   return true;
 }
 
-bool SubjectIdentification::TakeBox() {
+bool SubjectIdentification::AcceptBox() {
   m_subjectText = std::string(WithoutOuterBlanks(m_subjectText));
   if (m_step == 1 ? IsSubjectId(m_subjectText) : StoreLevel()) return true;
   if (m_step == 1) {
@@ -107,7 +126,7 @@ bool SubjectIdentification::TakeBox() {
 }
 
 void SubjectIdentification::Next() {
-  if (CanGoNext() && TakeBox()) GoTo(m_step + 1);
+  if (CanGoNext() && AcceptBox()) GoTo(m_step + 1);
 }
 
 void SubjectIdentification::Back() {
@@ -121,7 +140,7 @@ std::string SubjectIdentification::Directory() const {
                                           : SubjectDirectory(m_project->PrimaryDir);
 }
 
-// False also when it could not be looked for and the user gave up.
+// Also false when the search fails and the user cancels.
 bool SubjectIdentification::MayReplaceComplete(const std::string& subjectId) {
   const std::string path = JoinPath(SubjectDirectory(m_project->PrimaryDir),
                                     ExpectedPrefix(*m_project).append(subjectId).append(kDataFileEnd));
@@ -142,7 +161,7 @@ bool SubjectIdentification::MayReplaceComplete(const std::string& subjectId) {
 }
 
 SubjectIdentification::Outcome SubjectIdentification::Finish() {
-  if (!CanFinish() || !TakeBox()) return Outcome::Stay;
+  if (!CanFinish() || !AcceptBox()) return Outcome::Stay;
   if (!MayReplaceComplete(m_subjectText)) return StayInBox();
   m_record.SubjectId = m_subjectText;
   return Outcome::OpenEntry;
@@ -150,45 +169,73 @@ SubjectIdentification::Outcome SubjectIdentification::Finish() {
 
 SubjectIdentification::Outcome SubjectIdentification::Load(const std::string& path, const std::string& subjectId,
                                                            bool& endedEarly) {
-  // Completed, an unfinished subject replaces a complete one of its name.
+  // An unfinished subject, once completed, replaces a complete one of the same identifier.
   if (m_purpose == Purpose::Unfinished && !MayReplaceComplete(subjectId)) return StayInBox();
-  const BusyPointer busy(m_platform.Pointer);
-  const bool isRead = WithRetry(m_platform.Boxes, [&] {
-    try {
-      LoadSubjectFile(m_platform.Files, path, *m_project, m_record);
-    } catch (const FileError& error) {
-      endedEarly = error.Cause() == FileCause::EndOfData;
-      throw;
-    }
-  });
+  const bool isRead =
+      ReadFile(m_platform, endedEarly, [&] { LoadSubjectFile(m_platform.Files, path, *m_project, m_record); });
   if (!isRead) return StayInBox();
   m_record.SubjectId = subjectId;
   return Outcome::OpenEntry;
 }
 
-// The subject's file as it is spelt on the disk: it is the identifier by that spelling that is completed or corrected.
-std::string SubjectIdentification::ListedName() const {
+SubjectIdentification::Outcome SubjectIdentification::LoadAutosave(const std::string& path, bool& endedEarly) {
+  SubjectRecord restored;
+  bool isOurs = false;
+  const bool isRead = ReadFile(m_platform, endedEarly, [&] {
+    isOurs = EqualsIgnoringCase(ReadAutosaveProject(m_platform.Files, path), m_project->ProjectFileName);
+    if (isOurs) ReadAutosaveFile(m_platform.Files, path, *m_project, restored);
+  });
+  if (!isRead) return StayInBox();
+  if (!isOurs) return Refuse(kForeignFile);
+  if (m_purpose == Purpose::Unfinished && !MayReplaceComplete(restored.SubjectId)) return StayInBox();
+  m_record = std::move(restored);
+  m_record.HasUnsavedChanges = true;
+  return Outcome::OpenEntry;
+}
+
+// The subject's file as spelt on the disk; that spelling of the identifier is the one that is completed or corrected.
+std::string SubjectIdentification::ListedName(const std::string& directory) const {
   RequirePrimary(*m_project, m_platform.Files);
   const std::string wanted = SubjectFileName(*m_project, m_subjectText);
   std::string found;
-  for (const std::string& name : ListSubjectFiles(m_platform.Files, *m_project, Directory())) {
+  for (const std::string& name : ListSubjectFiles(m_platform.Files, *m_project, directory)) {
     if (name == wanted) return name;
     if (found.empty() && EqualsIgnoringCase(name, wanted)) found = name;
   }
   return found;
 }
 
+// Only said beside a refusal: a directory that cannot be listed is no reason for another one.
+bool SubjectIdentification::IsUnfinished() const {
+  try {
+    return m_purpose == Purpose::OldData && !ListedName(UnfinishedDirectory(m_project->PrimaryDir)).empty();
+  } catch (const FileError&) {
+    return false;
+  }
+}
+
+bool SubjectIdentification::IsAutosave(const std::string& path) const {
+  try {
+    return IsAutosaveName(LastPathComponent(path)) && m_platform.Files.IsSame(DirectoryOfPath(path), m_paramDir);
+  } catch (const FileError&) {
+    return false;
+  }
+}
+
 SubjectIdentification::Outcome SubjectIdentification::LoadTyped() {
-  if (!LooksForExisting() || !TakeBox()) return Outcome::Stay;
+  if (!LooksForExisting() || !AcceptBox()) return Outcome::Stay;
   std::string name;
-  if (!WithRetry(m_platform.Boxes, [&] { name = ListedName(); })) return StayInBox();
+  if (!WithRetry(m_platform.Boxes, [&] { name = ListedName(Directory()); })) return StayInBox();
   if (name.empty()) {
     return Refuse(
         "The subject identified does not exist. You can edit the subject identifier, or you could try browsing.  If "
         "you are trying to read data from a different project, you have to cancel the 'Read Old Data' screen and go to "
-        "the 'file', 'Open Existing Project' menu first.");
+        "the 'file', 'Open Existing Project' menu first.",
+        IsUnfinished() ? "The data of this subject are unfinished.  To complete them, select 'Options', 'Unfinished "
+                         "Business'."
+                       : "");
   }
-  bool endedEarly = false;  // told; another identifier may be typed
+  bool endedEarly = false;  // reported; the user may type another identifier
   const std::string identifier = IdentifierOfFile(*m_project, name);
   return Load(JoinPath(Directory(), name), identifier.empty() ? m_subjectText : identifier, endedEarly);
 }
@@ -202,11 +249,11 @@ SubjectIdentification::Outcome SubjectIdentification::Browse() {
     const std::optional<std::string> path = m_platform.Dialogs.ChooseFile(question);
     if (!path) return Outcome::Stay;
     const std::string identifier = IdentifierOfFile(*m_project, *path);
-    if (identifier.empty()) {
-      return Refuse("This file is not a subject file for this experiment.  Please select another file.");
-    }
+    // By its place first: to an old project its name may look like a subject's.
+    const bool isAutosave = IsAutosave(*path);
+    if (!isAutosave && identifier.empty()) return Refuse(kForeignFile);
     bool offersAgain = false;
-    const Outcome outcome = Load(*path, identifier, offersAgain);
+    const Outcome outcome = isAutosave ? LoadAutosave(*path, offersAgain) : Load(*path, identifier, offersAgain);
     if (!offersAgain) return outcome;
   }
 }

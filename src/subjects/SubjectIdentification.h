@@ -8,8 +8,8 @@
 
 namespace zova {
 
-/// The screen that names a subject, for its three purposes. A new subject is asked for its identifier (step 1) and
-/// then for its level of each variable (steps 2 to V+1); an existing one only for its identifier, or its file.
+/// The screen that identifies a subject, for three purposes. It asks for a new subject's identifier (step 1) and level
+/// of each variable (steps 2 to V+1), and for an existing subject's identifier or file.
 class SubjectIdentification {
  public:
   enum class Purpose { NewSubject, OldData, Unfinished };
@@ -19,14 +19,14 @@ class SubjectIdentification {
   SubjectIdentification(SubjectRecord& record, const Platform& platform) : m_record(record), m_platform(platform) {}
 
   /// Step 1 with empty boxes. `project` must outlive the screen.
-  void Open(Purpose purpose, const ProjectParameters& project);
+  void Open(Purpose purpose, const ProjectParameters& project, const std::string& paramDir);
 
   [[nodiscard]] Purpose CurrentPurpose() const noexcept { return m_purpose; }
   [[nodiscard]] std::string Heading() const;      ///< "Subject Information", "Read Old Data" or "Unfinished Business"
   [[nodiscard]] std::string Instruction() const;  ///< "" for a new subject
   [[nodiscard]] std::string Counter() const;      ///< "1 of 3"
   [[nodiscard]] bool AsksIdentifier() const noexcept { return m_step == 1; }
-  /// The levels of the variable asked for, as a text of several lines; "" on step 1.
+  /// The levels of the current variable, one per line; "" on step 1.
   [[nodiscard]] std::string LevelsList() const;
   [[nodiscard]] bool CanGoBack() const noexcept { return m_step > 1; }
   [[nodiscard]] bool CanGoNext() const noexcept { return m_step < Steps(); }
@@ -34,44 +34,49 @@ class SubjectIdentification {
   [[nodiscard]] bool LooksForExisting() const noexcept { return m_purpose != Purpose::NewSubject; }
 
   [[nodiscard]] const std::string& SubjectText() const noexcept { return m_subjectText; }
-  /// Drops what an identifier cannot hold.
+  /// Drops characters that an identifier cannot contain.
   void SetSubjectText(const std::string& text);
   [[nodiscard]] const std::string& LevelText() const noexcept { return m_levelText; }
   void SetLevelText(const std::string& text) { m_levelText = text; }
 
-  /// Only when CanGoNext, CanGoBack; else nothing happens. A level that may stand is kept on the way back, too.
+  /// No effect unless CanGoNext or CanGoBack. Back keeps a valid level, too.
   void Next();
   void Back();
   /// "Done!" for a new subject: OpenEntry with an empty record.
   Outcome Finish();
   /// "OK" and "Browse" for an existing one: OpenEntry with the record loaded, or Stay with the record still blank.
+  /// Browse also takes the project's autosave files that were put aside in the Param directory.
   Outcome LoadTyped();
   Outcome Browse();
 
   [[nodiscard]] Box Cursor() const noexcept { return m_step == 1 ? Box::Subject : Box::Level; }
-  /// Grows whenever the cursor was placed anew; the box's text is to be selected then.
-  [[nodiscard]] int CursorMoves() const noexcept { return m_cursorMoves; }
+  /// Increases when the cursor moves; the box's text is then selected.
+  [[nodiscard]] int CursorRevision() const noexcept { return m_cursorRevision; }
 
  private:
   [[nodiscard]] int Steps() const noexcept { return LooksForExisting() ? 1 : 1 + m_project->VariableCount; }
-  bool StoreLevel();  // false when what stands in the box is no level of the variable
-  bool TakeBox();
+  bool StoreLevel();  // false when the box holds no level of the variable
+  bool AcceptBox();
   Outcome GoTo(int step);
   Outcome StayInBox();
-  Outcome Refuse(const std::string& text);
+  Outcome Refuse(const std::string& text, const std::string& details = {});
   [[nodiscard]] std::string Directory() const;
-  [[nodiscard]] std::string ListedName() const;
+  [[nodiscard]] std::string ListedName(const std::string& directory) const;
+  [[nodiscard]] bool IsUnfinished() const;
+  [[nodiscard]] bool IsAutosave(const std::string& path) const;
   bool MayReplaceComplete(const std::string& subjectId);
   Outcome Load(const std::string& path, const std::string& subjectId, bool& endedEarly);
+  Outcome LoadAutosave(const std::string& path, bool& endedEarly);
 
   SubjectRecord& m_record;
   Platform m_platform;
   const ProjectParameters* m_project = nullptr;
+  std::string m_paramDir;
   Purpose m_purpose = Purpose::OldData;  // one step, before there is a project
   int m_step = 1;
   std::string m_subjectText;
   std::string m_levelText;
-  int m_cursorMoves = 0;
+  int m_cursorRevision = 0;
 };
 
 }  // namespace zova

@@ -9,7 +9,7 @@
 
 namespace zova {
 
-// It held subjects when the master was asked for, so that it is lost, not empty.
+// It held subjects when the run was started, so it is lost, not empty.
 void SubjectReader::FindDirectory() {
   const std::string sdata = SubjectDirectory(m_project.PrimaryDir);
   for (const std::string& directory : {m_project.PrimaryDir, sdata}) {
@@ -45,7 +45,7 @@ std::string SubjectReader::Where(int k) const {
 void SubjectReader::Read(int k, SubjectRecord& record) {
   m_bar.ProcessEvents();
   if (k > Count() && m_reportedMissing) AddNewNames();
-  if (k > Count()) {  // files went while the screen was open; which ones nobody knows
+  if (k > Count()) {  // files vanished while the screen was open; it is unknown which
     m_reportedMissing = true;
     const std::string found =
         std::to_string(Count()) + " of " + std::to_string(m_expected) + " subject files were found.";
@@ -66,7 +66,7 @@ void SubjectReader::ReadFile(const std::string& name, SubjectRecord& record) {
   ParsingFile(file.Shown, [&] { m_oddities = ParseSubject(m_bytes, m_project, record); });
 }
 
-// After a Retry the missing files may be back; those already read are not read again.
+// After a Retry missing files may be back; files already read are not read again.
 void SubjectReader::AddNewNames() {
   FindDirectory();
   const std::set<std::string> known(m_names.begin(), m_names.end());

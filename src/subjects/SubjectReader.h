@@ -11,26 +11,26 @@
 
 namespace zova {
 
-/// Reads the subject files of a project one at a time, in the order of the listing. Subjects count from 1.
+/// Reads the subject files of a project one by one, in the order of the listing. Subjects count from 1.
 class SubjectReader {
  public:
   SubjectReader(const ProjectParameters& project, Disk& disk, Progress& bar)
       : m_project(project), m_disk(disk), m_bar(bar) {}
 
-  /// Lists the project's files, of which there were `expected` when the user asked. Throws FileError, PathNotFound for
+  /// Lists the project's files; there were `expected` when the user started the run. Throws FileError, PathNotFound for
   /// a missing directory.
   void List(int expected);
-  /// Uses the names of an earlier listing instead. Throws FileError for a missing directory.
+  /// Uses the names of an earlier listing. Throws FileError for a missing directory.
   void UseNames(std::vector<std::string> names);
   [[nodiscard]] const std::string& Name(int k) const { return m_names[static_cast<std::size_t>(k) - 1]; }
   [[nodiscard]] int Count() const noexcept { return static_cast<int>(m_names.size()); }
   [[nodiscard]] std::string SubjectId(int k) const;
   [[nodiscard]] std::vector<std::string> SubjectIds() const;
-  /// The file and the subject, for the box of a run-time error.
+  /// The file and the subject, for the box of a scoring error.
   [[nodiscard]] std::string Where(int k) const;
 
-  /// Fills `record`, and lets the window repaint. Throws FileError, which names the subject; where fewer files were
-  /// listed than expected, one that names the directory, and the next call lists again.
+  /// Fills `record` and lets the window repaint. Throws FileError naming the subject, or, when fewer files were listed
+  /// than expected, the directory; the next call then lists again.
   void Read(int k, SubjectRecord& record);
   /// Of the subject read last.
   [[nodiscard]] const SubjectOddities& Oddities() const noexcept { return m_oddities; }

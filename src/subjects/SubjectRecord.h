@@ -10,18 +10,18 @@
 
 namespace zova {
 
-/// One subject: the one being entered, or the one of a run that is being scored.
+/// The subject being entered or scored.
 struct SubjectRecord {
   std::string SubjectId;                             ///< 1 to 20 characters
-  std::array<std::int16_t, kMaxVariables> Levels{};  ///< per variable, from index 0: the level's number, from 1
+  std::array<std::int16_t, kMaxVariables> Levels{};  ///< per variable: the level's number, from 1
   RecallLists Lists;
-  std::string UnfinishedNote;  ///< not empty while the subject is kept as incomplete
+  std::string UnfinishedNote;  ///< not empty for an incomplete subject
   bool HasUnsavedChanges = false;
 
   bool operator==(const SubjectRecord&) const = default;
 };
 
-/// Blanks the lists and their counts, in the shape that the project asks for. Identifier and levels stay.
+/// Blanks the lists and sizes them for the project. Keeps identifier and levels.
 void ResetLists(SubjectRecord& record, const ProjectParameters& project);
 
 }  // namespace zova

@@ -8,7 +8,7 @@
 
 namespace zova {
 
-std::string_view TakeLine(std::string_view& text) noexcept {
+std::string_view NextLine(std::string_view& text) noexcept {
   const auto isLineEnd = [](char c) { return c == '\n' || c == '\r'; };
   const auto end = static_cast<std::size_t>(std::find_if(text.begin(), text.end(), isLineEnd) - text.begin());
   const std::string_view line = text.substr(0, end);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// Texts of lines and cells in which nothing is quoted: what a spreadsheet puts on the clipboard, and the masters.
+// Lines and cells without quoting: masters, and what a spreadsheet puts on the clipboard.
 #pragma once
 
 #include <optional>
@@ -9,10 +9,10 @@
 
 namespace zova {
 
-/// Takes the next line off `text`. Its end (CR LF, LF, CR, or that of the text) belongs to none.
-std::string_view TakeLine(std::string_view& text) noexcept;
+/// Removes the next line from `text` and returns it without its end (CR LF, LF, CR or the end of the text).
+std::string_view NextLine(std::string_view& text) noexcept;
 
-/// The cells of a line one after the other, without the blanks around them. An empty line has one, like any other.
+/// The cells of a line one by one, without the blanks around them. An empty line has one cell.
 class LineCells {
  public:
   explicit LineCells(std::string_view line, char separator = ',') : m_rest(line), m_separator(separator) {}
@@ -27,7 +27,7 @@ class LineCells {
 /// All cells of a line separated by commas.
 std::vector<std::string_view> CellsOf(std::string_view line);
 
-/// What separates the cells of a block: tabs; in a text without tabs semicolons, without those commas.
+/// The separator of a pasted block: tab if there is one, else semicolon if there is one, else comma.
 char CellSeparator(std::string_view text) noexcept;
 
 }  // namespace zova

@@ -7,20 +7,20 @@
 
 namespace zova {
 
-/// Ends a line of a CSV file (RFC 4180).
+/// RFC 4180.
 inline constexpr std::string_view kCsvLineEnd = "\r\n";
 
-/// Appends `text` as one field (RFC 4180): in quotes where it holds a comma, a quote or a line break, or blanks at its
-/// ends that a reader might drop. The commas between fields are the caller's.
+/// Appends `text` as one field (RFC 4180), quoted if it holds a comma, a quote or a line break, or begins or ends with
+/// a blank, which a reader might drop. The caller writes the commas between fields.
 void AppendCsvField(std::string& line, std::string_view text);
 
-/// The column names of a file, column by column. No two are the same: a name that another column has gets a number,
-/// "Subject (2)".
+/// The column names of a file. Each is unique: a name that is taken gets a number, "Subject (2)".
 class CsvHeader {
  public:
-  /// A column of the file's own: its name is there to be relied on.
+  /// A column of the file format; its name never gets a number.
   void Add(std::string_view name) { m_columns.push_back({std::string(name), false}); }
-  /// A column that somebody else named; it gives way to all of the file's own, those behind it too.
+  /// A column named by the user. It gets the number if its name is that of a column of the file format, also of a later
+  /// one.
   void AddVariable(std::string_view name) { m_columns.push_back({std::string(name), true}); }
 
   [[nodiscard]] std::vector<std::string> Names() const;

@@ -22,7 +22,7 @@ constexpr std::array<char16_t, 32> kWindows1252High = {0x20AC, 0x0081, 0x201A, 0
 
 std::uint8_t Byte(std::string_view text, std::size_t index) noexcept { return static_cast<std::uint8_t>(text[index]); }
 
-// The length that the first byte of a sequence promises; 0 for a byte that starts none.
+// The length of the sequence that the byte starts; 0 if it starts none.
 std::size_t SequenceLength(std::uint8_t lead) noexcept {
   if (lead < 0x80) return 1;
   if (lead >= 0xC2 && lead <= 0xDF) return 2;
@@ -31,7 +31,7 @@ std::size_t SequenceLength(std::uint8_t lead) noexcept {
   return 0;
 }
 
-// The code point at `index`; its length in `length` (1 for a bad byte).
+// The code point at `index`. Sets `length` to its number of bytes (1 for an invalid byte).
 char32_t Decode(std::string_view text, std::size_t index, std::size_t& length) noexcept {
   const std::uint8_t lead = Byte(text, index);
   const std::size_t promised = SequenceLength(lead);
@@ -63,8 +63,8 @@ void AppendUtf8(std::string& out, char32_t point) {
   }
 }
 
-// The small Latin-1 letters are A0 (agrave) to BE (thorn) behind C3, the division sign aside; sharp s (C3 9F) and
-// y with diaeresis (C3 BF) have no capital in Latin-1.
+// The small Latin-1 letters are A0 (agrave) to BE (thorn) after C3, except the division sign; sharp s (C3 9F) and y
+// with diaeresis (C3 BF) have no capital in Latin-1.
 bool IsSmallLatin1(std::uint8_t second) noexcept { return second >= 0xA0 && second <= 0xBE && second != 0xB7; }
 
 bool IsAscii(std::string_view text) noexcept {

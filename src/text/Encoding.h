@@ -9,28 +9,27 @@ namespace zova {
 
 bool IsValidUtf8(std::string_view text) noexcept;
 
-/// Windows-1252 as UTF-8; the five bytes without a character become the control characters of their number.
+/// Converts to UTF-8. The five undefined bytes become the control characters of the same number.
 std::string FromWindows1252(std::string_view bytes);
 
-/// Upper case of ASCII and Latin-1 letters, in every locale alike. All else, also bytes that are not UTF-8, stays.
+/// Upper case of ASCII and Latin-1 letters, in every locale. Everything else is unchanged, also bytes that are not
+/// UTF-8.
 std::string UpperCase(std::string_view text);
 
 bool EqualsIgnoringCase(std::string_view left, std::string_view right);
 bool BeginsIgnoringCase(std::string_view text, std::string_view prefix);
 bool EndsIgnoringCase(std::string_view text, std::string_view suffix);
 
-/// Number of characters (code points), the unit of every length limit.
+/// In code points, the unit of every length limit.
 std::size_t CharacterCount(std::string_view text) noexcept;
-/// The first `count` characters.
 std::string_view FirstCharacters(std::string_view text, std::size_t count) noexcept;
-/// `text` without its last character; "" stays.
 std::string_view WithoutLastCharacter(std::string_view text) noexcept;
 
-/// What the bytes of a data file hold for a reader: without mark, up to the end-of-file byte (1A), and in UTF-8
-/// (bytes that are no UTF-8 are taken as Windows-1252).
+/// The text of a data file's bytes: without byte-order mark, up to the end-of-file byte (1A), in UTF-8. Bytes that are
+/// not UTF-8 are read as Windows-1252.
 class DataText {
  public:
-  /// `bytes` must outlive this and stay as they are, unless they had to be converted.
+  /// `bytes` must outlive this object.
   explicit DataText(std::string_view bytes);
   [[nodiscard]] std::string_view Content() const noexcept { return m_content; }
   DataText(const DataText&) = delete;
@@ -41,11 +40,11 @@ class DataText {
   std::string_view m_content;
 };
 
-/// False for bytes that no data file of ours or of a lab's older programs holds: a NUL, or the mark of UTF-16.
-/// (Read on, they would become zeros that are later saved over a subject.)
+/// False for bytes that no data file holds, of this program or a lab's older ones: a NUL or the byte-order mark of
+/// UTF-16. They would be read as zeros and later saved over a subject.
 bool LooksLikeDataText(std::string_view bytes) noexcept;
 
-/// `bytes` without mark and without what follows the end-of-file byte.
+/// `bytes` without the byte-order mark and without what follows the end-of-file byte.
 std::string_view WithoutMarks(std::string_view bytes) noexcept;
 
 }  // namespace zova

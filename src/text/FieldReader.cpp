@@ -9,8 +9,8 @@
 //   delimiter = ',' | CR LF | LF | CR | end of the text
 //   blanks    = ( ' ' | TAB )*
 //
-// CR LF closes one field and opens none. A blank line where a field is due is one empty field. The last field needs
-// no line end, but behind a closing delimiter there must be at least one character for another field to exist.
+// CR LF is one delimiter. A blank line is one empty field. The last field needs no line end, but after a delimiter
+// another field exists only if at least one character follows.
 
 #include "text/FieldReader.h"
 
@@ -66,7 +66,7 @@ void FieldReader::Fail(FieldFault fault, std::size_t position) const {
   throw FieldError(fault, LineOf(m_text, position));
 }
 
-// Stands on the delimiter or at the end of the text.
+// The position is at the delimiter or at the end of the text.
 void FieldReader::CloseField() {
   m_lineEnded = true;
   if (m_position >= m_text.size()) return;
@@ -128,11 +128,12 @@ void FieldReader::SkipLine() {
   CloseField();
 }
 
-void FieldReader::RequireEnd() const {
+bool FieldReader::OnlyBlankLinesFollow() const {
   FieldReader rest = *this;
   while (!rest.AtEnd()) {
-    if (!rest.Next().empty() || !rest.AtLineStart()) rest.Refuse(FieldFault::MoreData);
+    if (!rest.Next().empty() || !rest.AtLineStart()) return false;
   }
+  return true;
 }
 
 }  // namespace zova

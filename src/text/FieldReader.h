@@ -9,7 +9,7 @@
 
 namespace zova {
 
-/// Why a text could not be read as fields.
+/// Why a text cannot be read as fields.
 enum class FieldFault {
   EndOfData,      ///< a field was asked for and no character was left
   MoreData,       ///< fields follow where the text must end
@@ -18,11 +18,11 @@ enum class FieldFault {
   BadIdentifier,  ///< a subject's identifier that cannot be one
   NotNumeric,     ///< a numeric field holds text without a leading number
   OutOfRange16,   ///< a number beyond the 16-bit signed range
-  NegativeCount,  ///< a number below what it may be
-  TooMany         ///< a number above what the tables hold
+  NegativeCount,  ///< a number below its lower limit
+  TooMany         ///< a number above its upper limit
 };
 
-/// A fault in a text, with the 1-based line on which it stands.
+/// A fault in a text and its line, from 1.
 class FieldError : public std::runtime_error {
  public:
   FieldError(FieldFault fault, std::size_t line);
@@ -42,7 +42,7 @@ void RequireDataText(std::string_view bytes);
 /// each line end closes a field. The text must outlive the reader, and what it hands out points into it.
 class FieldReader {
  public:
-  /// `text` as it comes out of `DataText` (no mark, nothing behind the end-of-file byte).
+  /// `text` as `DataText` provides it.
   explicit FieldReader(std::string_view text) noexcept : m_text(text) {}
 
   /// The next field without its quotes. Throws FieldError (EndOfData).
@@ -52,23 +52,23 @@ class FieldReader {
   /// The next field's leading number, rounded to an integer (halves to even); no leading number is 0 (HasReadText).
   /// Throws FieldError (EndOfData, OutOfRange16).
   std::int16_t NextNumber();
-  /// The same, but only an empty field is 0. Throws FieldError (NotNumeric) for other text without a number.
+  /// Like NextNumber, but throws FieldError (NotNumeric) for a field without a number that is not empty.
   std::int16_t NextStrictNumber();
-  /// The same for a count from `least` to `limit`. Throws FieldError (NegativeCount, TooMany).
+  /// Like NextStrictNumber, from `least` to `limit`. Throws FieldError (NegativeCount, TooMany).
   std::int16_t NextCount(int limit = INT16_MAX, int least = 0);
 
-  /// Goes on behind the end of the line, quotes or not. Throws FieldError (EndOfData) when nothing is left.
+  /// Skips the rest of the line, without regard to quotes. Throws FieldError (EndOfData) at the end of the text.
   void SkipLine();
-  /// Throws FieldError (MoreData) when anything but blank lines follows.
-  void RequireEnd() const;
+  /// True when nothing but blank lines, which are no lines, is left.
+  [[nodiscard]] bool OnlyBlankLinesFollow() const;
   /// Throws FieldError with the line of the field read last.
   [[noreturn]] void Refuse(FieldFault fault) const { Fail(fault, m_fieldStart); }
 
-  /// The next `Count` numbers, when they stand as this program writes them: a line of their own of one to four bare
-  /// digits each, ended by CR LF. Otherwise false with nothing taken, and NextNumber is the way. Nearly every line of a
-  /// lab's files is such a line, and this reads it several times faster.
+  /// Reads a line of exactly `Count` numbers of one to four digits each, ended by CR LF, as this program writes them.
+  /// Otherwise returns false and reads nothing; use NextNumber. Several times faster than NextNumber on nearly every
+  /// line of a lab's files.
   template <std::size_t Count>
-  bool TakePlainLine(std::array<std::int16_t, Count>& numbers) noexcept {
+  bool ReadPlainLine(std::array<std::int16_t, Count>& numbers) noexcept {
     constexpr std::size_t kLongest = Count * 5 + 1;
     if (m_text.size() - m_position < kLongest) return false;
     const char* next = m_text.data() + m_position;
@@ -86,7 +86,7 @@ class FieldReader {
     m_lineEnded = true;
     return true;
   }
-  /// True when the field read last was closed by a line end or by the end of the text.
+  /// True when the last field was closed by a line end or by the end of the text.
   [[nodiscard]] bool AtLineStart() const noexcept { return m_lineEnded; }
   [[nodiscard]] bool AtEnd() const noexcept { return m_position >= m_text.size(); }
   /// True when NextNumber made 0 of a field that holds other text.

@@ -9,7 +9,7 @@ namespace {
 struct NumberParts {
   bool Negative = false;
   std::string_view Whole;     // digits before the point
-  std::string_view Fraction;  // digits behind it
+  std::string_view Fraction;  // digits after it
   std::string_view Rest;      // what follows the number
 };
 
@@ -46,7 +46,7 @@ NumberParts Split(std::string_view text) noexcept {
 
 bool HasDigits(const NumberParts& parts) noexcept { return !parts.Whole.empty() || !parts.Fraction.empty(); }
 
-// Above one half, below it, or exactly one half: decided on the digits, so that no conversion to binary can tip a tie.
+// Compares the fraction with one half by its digits: a conversion to binary could break a tie.
 bool RoundsUp(std::string_view fraction, bool odd) noexcept {
   if (fraction.empty() || fraction.front() < '5') return false;
   if (fraction.front() > '5') return true;

@@ -29,8 +29,9 @@ void AppendReal(std::string& out, Real value, int digits) {
   out += text;
 }
 
-// Cut values are whole thousandths. Where one is the single nearest to so many thousandths, below a thousand, its seven
-// digits are those of that number, and writing an integer is several times faster. False for all other values.
+// Fast path for ratios, which are cut to thousandths: if the value is the single nearest to a whole number of
+// thousandths below 1000, its seven significant digits are those of that number, and an integer is written several
+// times faster. False for all other values.
 bool AppendThousandths(std::string& out, float value) {
   if (!(std::abs(value) < 1000.0F)) return false;
   const int thousandths = static_cast<int>(std::lround(value * 1000.0F));
@@ -65,7 +66,7 @@ void AppendExactNumber(std::string& out, float value) {
     out += '0';
     return;
   }
-  char buffer[64];  // the longest single, 2^-149, takes 48
+  char buffer[64];  // 2^-149, the longest, takes 48
   const auto result = std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::fixed);
   out.append(buffer, result.ptr);
 }

@@ -11,10 +11,10 @@ namespace zova {
 
 namespace {
 
-constexpr std::size_t kMaxDigits = 5;  // more than any column's number has
+constexpr std::size_t kMaxDigits = 5;  // more than in any column's number
 
-// Takes a number from 1 off `text`; 0 when there is none.
-int TakeNumber(std::string_view& text) {
+// Removes a number, from 1, from the beginning of `text`; 0 when there is none.
+int ParseNumber(std::string_view& text) {
   int number = 0;
   if (text.empty() || text.front() == '0' || text.front() == '-') return 0;
   const auto result = std::from_chars(text.data(), text.data() + std::min(text.size(), kMaxDigits), number);
@@ -40,7 +40,7 @@ std::optional<std::array<int, 2>> NumbersIn(std::string_view text, std::string_v
   std::size_t found = 0;
   for (const char c : form) {
     if (c == '%') {
-      numbers[found] = TakeNumber(text);
+      numbers[found] = ParseNumber(text);
       if (numbers[found++] == 0) return std::nullopt;
     } else {
       if (text.empty() || text.front() != c) return std::nullopt;

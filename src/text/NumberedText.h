@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// Texts that are the same but for one or two numbers, such as "Test 2 Min 3". A form has a % for each number.
+// Texts with one or two numbers in a fixed form, such as "Test 2 Min 3". A form has a % for each number.
 #pragma once
 
 #include <array>
@@ -10,11 +10,11 @@
 
 namespace zova {
 
-/// Appends `form` with the numbers in place of its first and second %.
+/// Appends `form` with its first and second % replaced by the numbers.
 void AppendNumbered(std::string& out, std::string_view form, int first, int second = 0);
 
-/// The numbers (from 1, without leading zeros) that stand in `text` where `form` has a %, at most two; all else has to
-/// be the same. The second is 0 where there is one. "(Test 2 Min 3)" has 2 and 3 in the form "(Test % Min %)".
+/// The numbers (from 1, without leading zeros) in `text` where `form` has a %, at most two; the second is 0 if there is
+/// only one. nullopt if `text` does not match. "(Test 2 Min 3)" in the form "(Test % Min %)" gives 2 and 3.
 std::optional<std::array<int, 2>> NumbersIn(std::string_view text, std::string_view form);
 
 }  // namespace zova

@@ -6,8 +6,8 @@
 
 namespace zova {
 
-/// Writes text records: numbers bare, texts in double quotes with nothing escaped, empty fields as nothing, fields
-/// separated by commas, lines ended by CR LF.
+/// Writes text records: bare numbers, texts in double quotes without escaping, fields separated by commas, lines ended
+/// by CR LF.
 class RecordWriter {
  public:
   RecordWriter& Number(int value);
@@ -16,7 +16,7 @@ class RecordWriter {
   RecordWriter& EndLine();
 
   [[nodiscard]] const std::string& Content() const noexcept { return m_content; }
-  [[nodiscard]] std::string Take() noexcept { return std::move(m_content); }
+  [[nodiscard]] std::string Release() noexcept { return std::move(m_content); }
   void Reserve(std::size_t size) { m_content.reserve(size); }
 
  private:

@@ -6,7 +6,7 @@
 
 namespace zova {
 
-/// Without the spaces and tabs at both ends. Inline, since a large master has millions of fields.
+/// `text` without spaces and tabs at both ends. Inline: a large master has millions of fields.
 inline std::string_view WithoutOuterBlanks(std::string_view text) noexcept {
   const auto isBlank = [](char c) { return c == ' ' || c == '\t'; };
   while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
@@ -14,11 +14,11 @@ inline std::string_view WithoutOuterBlanks(std::string_view text) noexcept {
   return text;
 }
 
-/// True for a character that a quoted field of a data file cannot hold, since nothing is escaped there: the quote, and
-/// control characters with tabs and line breaks. All are single bytes, so that no character of UTF-8 is torn.
+/// True for a character that a quoted field of a data file cannot hold, since nothing is escaped: the quote and control
+/// characters, including tabs and line breaks. All are single bytes in UTF-8.
 bool BreaksField(char c) noexcept;
 
-/// `text` without such characters; names that become columns lose their commas as well.
+/// `text` without such characters. ColumnText, for names that become columns, also drops commas.
 std::string FieldText(std::string_view text);
 std::string ColumnText(std::string_view text);
 

@@ -2,7 +2,7 @@
 //
 // Any bytes as a subject file and as an autosave file, in a project that the last bytes choose: either a FieldError,
 // and then a blank record in the project's shape, or a record that is what a plain reading field by field gives, and
-// that comes back the same when written. Such a record is scored: nothing but a RunError may come of it.
+// that comes back the same when written. Such a record is scored: nothing but a ScoringError may come of it.
 
 #include <fuzzer/FuzzedDataProvider.h>
 
@@ -99,7 +99,7 @@ void TryToScore(const SubjectRecord& record, const ProjectParameters& project) {
   try {
     ScoreSubject(record.Lists, project, header.Families, scores);
     BuildMasterRow(record.SubjectId, record.Levels, project, selection, scores, row);
-  } catch (const RunError&) {
+  } catch (const ScoringError&) {
   }
 }
 

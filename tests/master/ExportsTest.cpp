@@ -15,7 +15,7 @@ namespace fs = std::filesystem;
 
 // Keeps the rows of the master that it is handed.
 struct RowSink final : ScoredSubjectSink {
-  bool Take(const ScoredSubject& subject) override { return Rows += subject.MasterRow + "\n", --Left > 0; }
+  bool Add(const ScoredSubject& subject) override { return Rows += subject.MasterRow + "\n", --Left > 0; }
   std::string Rows;
   int Left = 100;
 };

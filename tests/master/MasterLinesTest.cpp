@@ -71,7 +71,7 @@ TEST(MasterHeader, HoldsAtMost32767Columns) {
   EXPECT_EQ(widest.MasterColumnCount, 32767);
   EXPECT_EQ(CommasIn(widest.MasterHeader), 32766);
   project.VariableCount = 1;
-  EXPECT_THROW(BuildMasterHeader(project, minutes, MasterKind::Individual), RunError);
+  EXPECT_THROW(BuildMasterHeader(project, minutes, MasterKind::Individual), ScoringError);
 }
 
 TEST(MasterRow, WrittenOut) {

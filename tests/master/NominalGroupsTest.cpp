@@ -86,7 +86,7 @@ TEST(NominalGroups, AMemberThatCannotBeScoredAddsNothing) {
   const ProjectParameters project = MakeProject({.Items = 3, .Minutes = 2});
   GroupRecall recall(project);
   for (const char* lists : {"1/1 4/1 |", "1/1 | 2/3", "1/1 -2/1 2/1 |"}) {
-    EXPECT_THROW(recall.Add(MakeLists(project, lists)), RunError) << lists;
+    EXPECT_THROW(recall.Add(MakeLists(project, lists)), ScoringError) << lists;
   }
   EXPECT_EQ(recall.Pooled(), MakeLists(project, ""));
 }

@@ -78,9 +78,9 @@ TEST(MeansExaminer, TheTableFollowsWhatIsChosenAndLeavesOutWhatWasNotComputed) {
   means.ChooseWholeSeries();
   EXPECT_EQ(means.ChosenMeasures(), (std::vector<std::size_t>{2, 3}));
   EXPECT_TRUE(means.NoteLine().starts_with("3 values ")) << means.NoteLine();
-  const int results = means.Results();
+  const int results = means.ResultRevision();
   means.ChooseMeasures({});
-  EXPECT_GT(means.Results(), results);
+  EXPECT_GT(means.ResultRevision(), results);
   EXPECT_FALSE(means.HasPlot() || means.CanLeaveOut());
   EXPECT_EQ(means.RowCount(), 0);
   EXPECT_EQ(means.Picture().Note, "Choose a measure.");

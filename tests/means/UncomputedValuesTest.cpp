@@ -16,13 +16,13 @@ struct Lab : Study {
       : Study(shape) {
     Selection.SetDefaultMeasures(Project);
   }
-  void Take(ScoredTable& table, const std::string& id, const std::string& lists) const {
+  void Add(ScoredTable& table, const std::string& id, const std::string& lists) const {
     SubjectRecord record;
     record.Lists = MakeLists(Project, lists);
     const ScoringArrays scores = Scored(Project, lists);
     std::string row;
     BuildMasterRow(id, record.Levels, Project, Selection, scores, row);
-    EXPECT_TRUE(table.Take({id, record, scores, row}));
+    EXPECT_TRUE(table.Add({id, record, scores, row}));
   }
   // The rows with what is marked in them: "1: ArcScore(Test 1), ...; ".
   static std::string Marked(const MasterTable& table) {
@@ -43,8 +43,8 @@ struct Lab : Study {
 TEST(UncomputedValues, OfARunWithoutReadingItBack) {
   const Lab lab;
   ScoredTable table(lab.Project, lab.Selection);
-  lab.Take(table, "1, the first", "1 5 6 2 | 1 2 5");  // a clustering of exactly 0, and one with a value
-  lab.Take(table, "2", "1 5 | ");
+  lab.Add(table, "1, the first", "1 5 6 2 | 1 2 5");  // a clustering of exactly 0, and one with a value
+  lab.Add(table, "2", "1 5 | ");
   EXPECT_EQ(table.Table().Variables, (std::vector<std::string>{"Sex, or gender", "Net(Test 2)"}));
   EXPECT_EQ(table.Table().SkippedLines, 0);
   EXPECT_EQ(Lab::Marked(table.Table()),

@@ -69,10 +69,10 @@ class NewProjectWizardTest : public ::testing::Test {
   // cursor placed in the box that was typed last; else the page is left, and `part` is in the record's file.
   void Leave(int page, const Typed& texts, const Boxes& boxes, const char* part = nullptr) {
     GoTo(1), Type(texts), GoTo(page), Expect(boxes);
-    const auto [before, moves] = std::pair(m_wizard.Project(), m_wizard.CursorMoves());
+    const auto [before, moves] = std::pair(m_wizard.Project(), m_wizard.CursorRevision());
     m_wizard.Next();
     EXPECT_EQ(m_wizard.Page(), part == nullptr ? page : page + 1) << texts.back().second;
-    EXPECT_EQ(m_wizard.CursorMoves(), moves + 1);
+    EXPECT_EQ(m_wizard.CursorRevision(), moves + 1);
     if (part != nullptr) {
       EXPECT_THAT(FormatProject(m_wizard.Project(), ""), ::testing::HasSubstr(part));
       return;
@@ -195,7 +195,7 @@ TEST_F(NewProjectWizardTest, LuresGoOutAsTheyCameIn) {
 TEST_F(NewProjectWizardTest, DoneWritesOnceAndAFailureKeepsThePage) {
   Type({{Backup, "D:\\"}});
   m_wizard.SetOption(WizardOption::Variables, true);
-  for (const char* name : {"Group", "One"}) Type({{Variable, name}}), m_wizard.TakeVariableEntry();
+  for (const char* name : {"Group", "One"}) Type({{Variable, name}}), m_wizard.EnterVariableText();
   Type({{Variable, "Two"}});  // still in its box on "Next >>"
   GoTo(7), Finish("P", {});
   GoTo(8), m_wizard.Next();
@@ -232,7 +232,7 @@ TEST_F(NewProjectWizardTest, ViewingShowsAProjectAndChangesNothing) {
   for (int page = 1; page <= NewProjectWizard::kPages; ++page, m_wizard.Next()) {
     for (const WizardBox box : boxes) m_wizard.SetText(box, "x");
     Type({{CategoriesOption, "no"}, {RatedTests, "1"}});
-    m_wizard.TakeVariableEntry(), m_wizard.AddVariable(), m_wizard.DeleteHighlighted(), m_wizard.CopyPath(Backup);
+    m_wizard.EnterVariableText(), m_wizard.AddVariable(), m_wizard.DeleteHighlighted(), m_wizard.CopyPath(Backup);
   }
   m_wizard.ReviewVariables();
   std::string shown;

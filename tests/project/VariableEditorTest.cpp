@@ -15,7 +15,7 @@ static std::string Shown(const VariableEditor& editor) {
 }
 
 static void Type(VariableEditor& editor, std::initializer_list<const char*> names) {
-  for (const char* name : names) editor.SetEntryText(name), editor.TakeEntry();
+  for (const char* name : names) editor.SetEntryText(name), editor.Enter();
 }
 
 TEST(VariableEditor, AsksForOneNameAfterAnother) {
@@ -26,7 +26,7 @@ TEST(VariableEditor, AsksForOneNameAfterAnother) {
   EXPECT_EQ(editor.Prompt(), "What is the name of level 1?");
   EXPECT_EQ(editor.Heading(), "The variable AGE has the following levels:");
   Type(editor, {"young", "old"}), editor.HighlightLevel(1), Type(editor, {"child", "oldest"});
-  editor.HighlightVariable(), editor.TakeEntry(), editor.HighlightLevel(5);
+  editor.HighlightVariable(), editor.Enter(), editor.HighlightLevel(5);
   Type(editor, {"4", "5", "6", "7", "8", "9", "10", "eleventh"});
   EXPECT_EQ(Shown(editor), "11[] 1. child 2. old 3. oldest 4. 4 5. 5 6. 6 7. 7 8. 8 9. 9 10. 10");
 }
@@ -70,7 +70,7 @@ TEST(VariableEditor, KeepsWhatAnOldFileHolds) {
   project.VariableCount = 1, project.LevelCounts[0] = kMaxLevels, project.VariableNames[0] = " old, name ";
   project.LevelNames[0].fill("x");
   VariableEditor editor;
-  editor.Load(project), editor.Review(), editor.HighlightLevel(11), editor.TakeEntry();
+  editor.Load(project), editor.Review(), editor.HighlightLevel(11), editor.Enter();
   EXPECT_EQ(Shown(editor).substr(0, 5) + editor.LevelLabels().back(), "12[] 10. x");
   stored.VariableNames.fill("stale"), stored.LevelCounts.fill(3), editor.Store(stored);
   EXPECT_EQ(stored, project);

@@ -125,8 +125,8 @@ TEST(Scores, ErrorsNameWhatAndWhere) {
     try {
       Scored(MakeProject(shape), lists);
       ADD_FAILURE() << "no error: " << what;
-    } catch (const RunError& error) {
-      EXPECT_EQ(error.Fault(), shape.Items > 12 ? RunFault::Overflow : RunFault::SubscriptOutOfRange) << what;
+    } catch (const ScoringError& error) {
+      EXPECT_EQ(error.Fault(), shape.Items > 12 ? ScoringFault::Overflow : ScoringFault::SubscriptOutOfRange) << what;
       EXPECT_NE(std::string(error.what()).find(what), std::string::npos) << error.what();
     }
   }

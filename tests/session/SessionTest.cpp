@@ -61,17 +61,21 @@ TEST_F(SessionTest, ALostParamDirectoryIsMadeAgainOrLookedFor) {
   EXPECT_EQ(m_session->Shown(), Screen::Location);
 }
 
-TEST_F(SessionTest, AnAutosaveGoesWhenDeclinedAndIsPutAsideWhenItCannotBeRead) {
+TEST_F(SessionTest, AnAutosaveIsPutAsideWhenDeclinedAndWhenItCannotBeRead) {
   const char* autosave = "C:\\Param\\Temp.txt";
   const std::string torn = "\"Example.prm\"\r\n\"7\"\r\n\"Interv";
   ExpectedBox offer{
       "The program was interrupted while entering a subject.  Would you like to restore from the autosave?"};
   offer.Title = "Restore";
   for (const BoxAnswer answer : {BoxAnswer::No, BoxAnswer::Cancel}) {
-    m_scratch.Put(autosave, torn);
+    const std::string declined = answer == BoxAnswer::No ? "no" : "cancel";
+    m_scratch.Put(autosave, declined);
     offer.Answer = answer, Boxes.Expect(offer);
+    Boxes.Expect(
+        {"The autosave was kept as 'C:\\Param\\Temp 1.txt'.", BoxAnswer::Ok, "'Browse'", BoxIcon::Information});
     Started();
     EXPECT_FALSE(m_scratch.Has(autosave));
+    EXPECT_EQ(m_scratch.Get("C:\\Param\\Temp 1.txt"), declined);
   }
   m_scratch.Put(autosave, torn);
   offer.Answer = BoxAnswer::Yes, Boxes.Expect(offer);

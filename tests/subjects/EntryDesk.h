@@ -36,7 +36,7 @@ struct EntryDesk {
     Record.Lists = Lists(setup.back() - '0', lists);
     Entry.Open(Project, "C:\\Param");
     if (setup.back() != '1') Grid.ShowPage(setup.back() - '0');
-    Grid.TakeChangedLines();
+    Grid.FetchChangedLines();
   }
   [[nodiscard]] RecallLists Lists(int test, const std::string& lists) const {
     return MakeLists(Project, (test == 1 ? "" : test == 2 ? "| " : "| | ") + lists);
@@ -53,7 +53,7 @@ struct EntryDesk {
         if (test == Grid.Page() && before.At(test, line) == Record.Lists.At(test, line)) continue;
         lines = {line, std::max(line, lines.second)};
       }
-      const auto changed = Grid.TakeChangedLines();
+      const auto changed = Grid.FetchChangedLines();
       if (std::string("fFqQE").find(key) != std::string::npos) continue;  // these lay out the grid anew
       EXPECT_EQ(std::pair(changed.FirstLine, changed.LastLine), lines) << key;
     }

@@ -125,7 +125,7 @@ TEST(EntryGrid, CopiesAndPastesWhole) {
   EXPECT_EQ(desk.GridState(), "@1,1-3,2");
   desk.Press("drL");
   desk.Grid.Paste(copied);
-  desk.Grid.TakeChangedLines();
+  desk.Grid.FetchChangedLines();
   EXPECT_EQ(desk.GridState(), "@2,1-2,2*");
   EXPECT_EQ(desk.Grid.Copy(), "1\t2\n");
   desk.Press("zurr");

@@ -17,6 +17,8 @@ const BoxTable kBoxes = {
      Told("This is unfinished subject #1 for 'Study'.  NOTE: You cannot have more than 10.", BoxIcon::Information)},
     {"note 10",
      Told("This is unfinished subject #10 for 'Study'.  NOTE: You cannot have more than 10.", BoxIcon::Information)},
+    {"minutes", {"You cannot enter minutes for this project.", BoxAnswer::Ok, "'3' in the entry box was not taken."}},
+    {"range", {"The entered number was out of item range.", BoxAnswer::Ok, "'9' in the entry box was not taken."}},
     {"limit", Told("You cannot have more than 10 unfinished data files.")},
     {"space", Told("There was a space detected in the data.  Please correct the data.")},
     {"twice",
@@ -71,6 +73,10 @@ TEST(SubjectEntry, EndsInEveryWay) {
                      "2r1; ; 3e.fQ; -; left",
                      "2r1; ; 3es; -; Done with Test 1 @1,3 0 N; kept",
                      "2r1; ; 3e.fs; -; Done with Test 2 @1,1 0 N; kept",
+                     "2r1; ; rrLL3s; -; Done with Test 1 @1,3 0 N; kept",
+                     "2r1; ; R3s; -; Done with Test 1 @1,2 0; minutes",
+                     "2r1; ; RL3f; -; Done with Test 2 @1,1* 0",
+                     "2r1; ; 9f; -; Done with Test 1 @1,1 0; range",
                      "2r1; ; sq; -; left; kept, note 1",
                      "2r1; ; s3eQ; -; left; kept, note 1",
                      "2r1; ; s3eq; -; left; kept, lose?Y, note 1",
@@ -88,6 +94,16 @@ TEST(SubjectEntry, EndsInEveryWay) {
                      "2r1; 1/0/1 | 2; WFF; -; left; full?C, saved",
                      "2r1; ; 3eqEz; -; Done with Test 1 @1,1 0; lose?Y",
                      "2r1; ; X:MqE:; -; Done with Test 1 @1,1 0 A; path?C"});
+}
+
+TEST(SubjectEntry, SaysAtItsOpeningThatTenSubjectsAreUnfinished) {
+  ScriptedBoxes boxes({kBoxes.at("kept")});
+  EntryDesk desk(boxes, "2r1", "");
+  desk.Press("NE");
+  EXPECT_EQ(desk.Entry.LimitNote(), "") << "nine others";
+  desk.Press("sE");
+  EXPECT_EQ(desk.Entry.LimitNote(),
+            "This subject cannot be saved incomplete.  You cannot have more than 10 unfinished data files.");
 }
 
 TEST(SubjectEntry, AutosavesOnTheEleventhTick) {

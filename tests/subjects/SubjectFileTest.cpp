@@ -2,6 +2,8 @@
 
 #include "subjects/SubjectFile.h"
 
+#include "project/ProjectFile.h"
+#include "project/ProjectLayout.h"
 #include "scoring/Examples.h"
 #include "subjects/SubjectFiles.h"
 #include "support/Scratch.h"
@@ -120,14 +122,34 @@ TEST(SubjectFile, KeepsTheAutosave) {
   Scratch scratch;
   Disk disk = scratch.MakeDisk();
   SubjectRecord record = ExampleSubject();
-  record.SubjectId = "M\xC3\xBCller";
+  record.SubjectId = "M\xC3\xBCller, a name that nobody could type.";
   WriteAutosaveFile(disk, "C:\\", record, GroupProject());
-  EXPECT_EQ(scratch.Get("C:\\Temp.txt"), "\"Study.prm\"\r\n\"M\xC3\xBCller\"\r\n" + kLists);
+  EXPECT_EQ(scratch.Get("C:\\Temp.txt"), "\"Study.prm\"\r\n\"" + record.SubjectId + "\"\r\n" + kLists);
+  scratch.Put("C:\\Temp.txt", scratch.Get("C:\\Temp.txt") + "4,0,0,0\r\n");
   SubjectRecord again = Used();
-  ReadAutosaveFile(disk, "C:\\", GroupProject(), again);
+  ReadAutosaveFile(disk, "C:\\Temp.txt", GroupProject(), again);
   EXPECT_EQ(again, record);
-  EXPECT_EQ(ReadAutosaveProject(disk, "C:\\"), "Study.prm");
+  EXPECT_EQ(ReadAutosaveProject(disk, "C:\\Temp.txt"), "Study.prm");
   for (int times = 0; times < 2; ++times) DeleteAutosaveFile(disk, "C:\\");  // the second has nothing to do
+  EXPECT_FALSE(scratch.Has("C:\\Temp.txt"));
+}
+
+TEST(SubjectFile, PutsThreeAutosavesAsideAndEveryOneThatCannotBeRestored) {
+  Scratch scratch;
+  Disk disk = scratch.MakeDisk();
+  scratch.Put("C:\\Study.prm", FormatProject(GroupProject(), kCurrentMarker));
+  for (const char subject : {'a', '?', 'b', 'c', 'd'}) {
+    SubjectRecord record = ExampleSubject();
+    record.SubjectId = subject;
+    WriteAutosaveFile(disk, "C:\\", record, GroupProject());
+    if (subject == '?') scratch.Put("C:\\Temp.txt", "\"Study.prm\"\r\n\"?\"\r\n\"Group\"");
+    EXPECT_EQ(KeepAutosaveFile(disk, "C:\\"), "C:\\Temp 1.txt");
+  }
+  std::string kept;
+  for (int number = 1; scratch.Has(KeptAutosavePath("C:\\", number)); ++number) {
+    kept += scratch.Get(KeptAutosavePath("C:\\", number)).substr(14, 1);
+  }
+  EXPECT_EQ(kept, "dcb?");
   EXPECT_FALSE(scratch.Has("C:\\Temp.txt"));
 }
 

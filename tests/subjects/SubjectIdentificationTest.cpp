@@ -26,8 +26,9 @@ ExpectedBox BoxOf(char letter, const std::string& id) {
        "are trying to read data from a different project, you have to cancel the 'Read Old Data' screen and go to the "
        "'file', 'Open Existing Project' menu first."}};
   ExpectedBox box{"", BoxAnswer::Ok, "", BoxIcon::Exclamation, BoxButtons::Ok};
-  if (const auto refusal = kRefusals.find(letter); refusal != kRefusals.end()) {
+  if (const auto refusal = kRefusals.find(letter == 'o' ? 'm' : letter); refusal != kRefusals.end()) {
     box.Text = refusal->second;
+    if (letter == 'o') box.Details = "The data of this subject are unfinished.";
   } else if (letter == 'e' || letter == 'r') {
     box.Text = std::make_error_code(std::errc::io_error).message(), box.Buttons = BoxButtons::RetryCancel;
     box.Answer = letter == 'r' ? BoxAnswer::Retry : BoxAnswer::Cancel;
@@ -48,11 +49,15 @@ struct Stage : FakePlatform {
       Files.Put(path, "head\r\n1," + std::to_string(++item) + ",0,0\r\n2,0,0,0\r\n");
     }
     for (const char* path : {"C:\\P\\Sdata\\Ex Sub#s.dat", "D:\\Ex Sub#s.dat"}) Files.Put(path, "head\r\n1,7,0,0\r\n");
-    Project.TestCount = 1, Project.ItemCount = 2, Project.Abbreviation = "Ex", Project.FormatMarker = marker;
+    for (const auto& [name, project] : {std::pair("Temp 1.txt", "EX.PRM"), {"Temp 2.txt", "Other.prm"}}) {
+      Files.Put(JoinPath("C:\\Param", name), '"' + std::string(project) + "\"\r\n\"a\"\r\n1,9,0,0\r\n2,0,0,0\r\n");
+    }
+    Project.ProjectFileName = "Ex.prm", Project.TestCount = 1, Project.ItemCount = 2, Project.Abbreviation = "Ex",
+    Project.FormatMarker = marker;
     Project.PrimaryDir = "C:\\P", Project.BackupDir = "D:", Project.VariableNames = {"\xC3\xA2ge", "b"};
     Project.VariableCount = variables, Project.LevelCounts = {3, kMaxLevels}, Project.LevelNames[0] = {"young", "old"};
     Record.SubjectId = Record.UnfinishedNote = "old", Record.HasUnsavedChanges = true;
-    Screen.Open(purpose, Project);
+    Screen.Open(purpose, Project, "C:\\Param");
   }
 
   Scratch Files;
@@ -82,12 +87,12 @@ TEST(SubjectIdentification, WalksIdentifierAndLevelsBackAndForth) {
   while (std::getline(std::getline(std::getline(rows, key, '|'), typed, '|'), shown, ';')) {
     if (key == "x") stage.Boxes.Expect(BoxOf('i', ""));
     screen.AsksIdentifier() ? screen.SetSubjectText(typed) : screen.SetLevelText(typed);
-    const int moves = screen.CursorMoves();
+    const int moves = screen.CursorRevision();
     key == "b" ? screen.Back() : screen.Next();
     std::string now = screen.Counter() + "[" + (screen.AsksIdentifier() ? screen.SubjectText() : screen.LevelText());
     now += screen.CanGoBack() ? "]b" : "]";
     EXPECT_EQ(now + (screen.CanGoNext() ? "n" : "") + (screen.CanFinish() ? "d" : ""), shown);
-    EXPECT_TRUE(key != "x" || screen.CursorMoves() > moves) << typed;
+    EXPECT_TRUE(key != "x" || screen.CursorRevision() > moves) << typed;
   }
   EXPECT_EQ(screen.LevelsList(),
             "The levels for the \xC3\x82GE variable are: \n\n     1. young\n     2. old\n     3. \n");
@@ -107,23 +112,25 @@ TEST(SubjectIdentification, OpensWhatIsTypedOrChosen) {
   // file call that fails; identifier and first item of what is opened.
   std::istringstream rows(
       "N|a|n|;N|a|c|;N|A|y|A 0;N|o||o 0;N|u||u 0;N|b||b 0;N|b|1e|;N|b|1r|b 0;v|o|y|o 0;z|o||o 2;"
-      "z|EX sub#a,b .dat|| sub#a,b  6;O| a||a 1;O|A||a 1;O|u|m|;O|s|d|;O|?|i|;O|a|1e|;O|a|4e|;O|a|4r|a 1;"
+      "z|EX sub#a,b .dat|| sub#a,b  6;O| a||a 1;O|A||a 1;O|u|o|;O|s|d|;O|?|i|;O|a|1e|;O|a|4e|;O|a|4r|a 1;"
       "O|EX sub#a,b .dat||a,b  6;O|Ex Sub#2345678901234567890x.bak||2345678901234567890x 7;O|Ex Sub#s.dat|d|a 8;"
       "O|Exo.dat|f|;O|Ex Sub#a|f|;O|Ex Sub#.dat|f|;O|Ex Sub#a.dat|2e|;U|u||u 4;"
-      "U|s|m|;U|a|n|;U|a|c|;U|a|y|a 5;U|a|3e|;U|Ex Sub#a.dat|n|;U|Ex Sub#a.dat|y|a 8");
+      "U|s|m|;U|a|n|;U|a|c|;U|a|y|a 5;U|a|3e|;O|C:\\Param\\Temp 1.txt||a 9;"
+      "O|C:\\Param\\Temp 2.txt|f|;U|C:\\Param\\temp 1.txt|n|;U|C:\\Param\\Temp 1.txt|y|a 9;U|Ex Sub#a.dat|n|;U|Ex "
+      "Sub#a.dat|y|a 8");
   std::string key, entered, boxes, opened;
   while (
       std::getline(std::getline(std::getline(std::getline(rows, key, '|'), entered, '|'), boxes, '|'), opened, ';')) {
     const Identification::Purpose purpose = key == "U" ? Unfinished : key == "O" || key == "z" ? OldData : NewSubject;
     Stage stage(purpose, 0, key == "v" ? "VB 2" : key == "z" ? kOldestMarker : kCurrentMarker);
     const bool isFile = entered.size() > 5;
-    if (isFile) stage.Dialogs.Answers = {"D:\\" + entered};
+    if (isFile) stage.Dialogs.Answers = {entered[1] == ':' ? entered : "D:\\" + entered};
     if (isFile && boxes == "d") stage.Dialogs.Answers.emplace_back("D:\\Ex Sub#a.dat");
     if (boxes.size() > 1) stage.Layer.FailAt(boxes[0] - '0', std::errc::io_error);
     if (!boxes.empty()) stage.Boxes.Expect(BoxOf(boxes.back(), isFile ? "a" : entered));
     Identification& screen = stage.Screen;
     screen.SetSubjectText(entered);
-    const int moves = screen.CursorMoves();
+    const int moves = screen.CursorRevision();
     const auto outcome = isFile ? screen.Browse() : purpose == NewSubject ? screen.Finish() : screen.LoadTyped();
     const bool opens = outcome == Identification::Outcome::OpenEntry;
     const int item = stage.Record.Lists.At(1, 1).Item;
@@ -132,7 +139,7 @@ TEST(SubjectIdentification, OpensWhatIsTypedOrChosen) {
       SubjectRecord blank;
       ResetLists(blank, stage.Project);
       EXPECT_EQ(stage.Record, blank) << key << entered;
-      EXPECT_GT(screen.CursorMoves(), moves) << key << entered;
+      EXPECT_GT(screen.CursorRevision(), moves) << key << entered;
     }
     const std::string directory = purpose == Unfinished ? "C:\\P\\Sdata\\Unfinished" : "C:\\P\\Sdata";
     for (const FileQuestion& question : stage.Dialogs.Questions) EXPECT_EQ(question.Directory, directory);

@@ -46,6 +46,7 @@ EntryPanel::EntryPanel(SubjectFlow& subjects)
       m_txtInput(new GridBox("txtInput", subjects.Entry().Grid().Cells())),
       m_lblTUpdate(MakeLabel("lblTUpdate", {})),
       m_lblThisOne(MakeLabel("lblThisOne", {})),
+      m_lblLimitNote(MakeLabel("lblLimitNote", {})),
       m_lblProjectName(MakeLabel("lblProjectName", {})),
       m_side(MakeSide()),
       m_tmrAutoSave(Named(new QTimer(this), "tmrAutoSave")) {
@@ -55,6 +56,7 @@ EntryPanel::EntryPanel(SubjectFlow& subjects)
   columns->addLayout(entry, 1);
   columns->addWidget(m_side);
   entry->addWidget(m_lblProjectName);
+  entry->addWidget(m_lblLimitNote);
   entry->addWidget(m_grdInput, 1);
   auto* row = new QHBoxLayout;
   entry->addLayout(row);
@@ -127,6 +129,8 @@ void EntryPanel::Refresh() {
   m_framinbump->setVisible(entry.KeepsMinutes());
   m_framinbump->setEnabled(entry.KeepsMinutes());
   m_lblThisOne->setText(ToQt(entry.SubjectCaption()));
+  m_lblLimitNote->setText(ToQt(entry.LimitNote()));
+  m_lblLimitNote->setVisible(!entry.LimitNote().empty());
   m_lblProjectName->setText(tr("Project: ") + ToQt(m_subjects.ProjectName()));
 }
 
@@ -141,10 +145,10 @@ void EntryPanel::FollowTimer() {
   if (!timer.IsRunning()) {
     m_tmrAutoSave->stop();
     m_waitingTicks = 0;
-  } else if (!m_tmrAutoSave->isActive() || m_timerStarts != timer.Starts()) {
+  } else if (!m_tmrAutoSave->isActive() || m_timerStartRevision != timer.StartRevision()) {
     m_tmrAutoSave->start();
   }
-  m_timerStarts = timer.Starts();
+  m_timerStartRevision = timer.StartRevision();
   if (m_waitingTicks > 0) QMetaObject::invokeMethod(this, &EntryPanel::ActOnTicks, Qt::QueuedConnection);
 }
 

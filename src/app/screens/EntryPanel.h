@@ -43,12 +43,13 @@ class EntryPanel : public Panel {
   GridBox* m_txtInput;
   QLabel* m_lblTUpdate;
   QLabel* m_lblThisOne;
+  QLabel* m_lblLimitNote;
   QLabel* m_lblProjectName;
   QPushButton* m_cmdDone = nullptr;
   QGroupBox* m_framinbump = nullptr;
   QScrollArea* m_side;
   QTimer* m_tmrAutoSave;
-  int m_timerStarts = 0;
+  int m_timerStartRevision = 0;
   int m_waitingTicks = 0;
 };
 

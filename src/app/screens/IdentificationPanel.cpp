@@ -88,11 +88,11 @@ void IdentificationPanel::Refresh() {
   for (QPushButton* button : {m_cmdBrowse, m_cmdOK}) button->setVisible(isExisting);
   for (QPushButton* button : {m_cmdBack, m_cmdNext, m_cmdEntered}) button->setVisible(!isExisting);
   for (QPushButton* button : {m_cmdOK, m_cmdNext, m_cmdEntered}) MarkDefault(button, button == DefaultButton());
-  if (isVisible() && m_cursorMoves != m_rules.CursorMoves()) PlaceCursor();
+  if (isVisible() && m_cursorRevision != m_rules.CursorRevision()) PlaceCursor();
 }
 
 void IdentificationPanel::PlaceCursor() {
-  m_cursorMoves = m_rules.CursorMoves();
+  m_cursorRevision = m_rules.CursorRevision();
   PlaceCursorIn(m_rules.Cursor() == SubjectIdentification::Box::Subject ? m_txtSub : m_txtInfo);
 }
 

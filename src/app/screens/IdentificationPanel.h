@@ -48,7 +48,7 @@ class IdentificationPanel : public Panel {
   QPushButton* m_cmdNext;
   QPushButton* m_cmdEntered;
   QPushButton* m_cmdCancel;
-  int m_cursorMoves = 0;
+  int m_cursorRevision = 0;
 };
 
 }  // namespace zova

@@ -24,8 +24,8 @@ LocationPanel::LocationPanel(LocationFlow& location, QWidget* parent)
       m_directories(new DriveDirectoryList(location.Browser(), "drvParamPath", "dirParamPath")) {
   setObjectName(QStringLiteral("fraParamPath"));
   Arrange();
-  connect(m_path, &QLineEdit::textEdited, this, [this](const QString& text) { Take(FromQt(text)); });
-  connect(m_directories, &DriveDirectoryList::Acted, this, [this] { Take(m_location.Browser().Path()); });
+  connect(m_path, &QLineEdit::textEdited, this, [this](const QString& text) { UsePath(FromQt(text)); });
+  connect(m_directories, &DriveDirectoryList::Acted, this, [this] { UsePath(m_location.Browser().Path()); });
 }
 
 void LocationPanel::Arrange() {
@@ -81,7 +81,7 @@ void LocationPanel::keyPressEvent(QKeyEvent* event) {
   }
 }
 
-void LocationPanel::Take(const std::string& path) {
+void LocationPanel::UsePath(const std::string& path) {
   m_location.SetText(path);
   Report();
 }

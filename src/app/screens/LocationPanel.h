@@ -27,7 +27,7 @@ class LocationPanel : public Panel {
 
  private:
   void Arrange();
-  void Take(const std::string& path);
+  void UsePath(const std::string& path);
   void Accept();
   void Cancel();
   void Report();

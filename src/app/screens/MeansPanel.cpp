@@ -34,7 +34,7 @@ class MeansModel final : public QAbstractTableModel {
     return parent.isValid() ? 0 : static_cast<int>(m_headings.size());
   }
   [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override {
-    if (m_results != m_rules.Results()) return {};
+    if (m_resultRevision != m_rules.ResultRevision()) return {};
     switch (role) {
       case Qt::DisplayRole: return ToQt(m_rules.CellText(index.row(), index.column()));
       case Qt::ToolTipRole: return ToQt(m_rules.RowTip(index.row()));
@@ -52,9 +52,9 @@ class MeansModel final : public QAbstractTableModel {
 
   /// False when nothing has changed.
   bool Follow() {
-    if (m_results == m_rules.Results()) return false;
+    if (m_resultRevision == m_rules.ResultRevision()) return false;
     beginResetModel();
-    m_results = m_rules.Results();
+    m_resultRevision = m_rules.ResultRevision();
     m_rows = m_rules.RowCount();
     m_headings = m_rules.Headings();
     endResetModel();
@@ -63,7 +63,7 @@ class MeansModel final : public QAbstractTableModel {
 
  private:
   MeansExaminer& m_rules;
-  int m_results = -1;
+  int m_resultRevision = -1;
   int m_rows = 0;
   std::vector<std::string> m_headings;
 };
@@ -227,7 +227,7 @@ void MeansPanel::SavePlot() {
 }
 
 void MeansPanel::FillLists() {
-  m_layouts = m_rules.Layouts();
+  m_layoutRevision = m_rules.LayoutRevision();
   Fill(*m_lstMeasures, m_rules.Measures());
   Fill(*m_lstMeansVariables, m_rules.Variables());
 }
@@ -244,7 +244,7 @@ void MeansPanel::Refresh() {
   m_lblMeansFile->setText(ToQt(m_rules.FileLine()));
   m_lblMeansNote->setText(ToQt(m_rules.NoteLine()));
   m_lblMeansNote->setVisible(!m_lblMeansNote->text().isEmpty());
-  if (m_layouts != m_rules.Layouts()) FillLists();
+  if (m_layoutRevision != m_rules.LayoutRevision()) FillLists();
   ShowChosen();
   m_chkMeansLeaveOut->setEnabled(m_rules.CanLeaveOut());
   m_chkMeansLeaveOut->setChecked(m_rules.LeavesOut());

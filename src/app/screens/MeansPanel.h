@@ -58,7 +58,7 @@ class MeansPanel : public Panel {
   QPushButton* m_cmdMeansCopy = nullptr;
   QPushButton* m_cmdMeansSave = nullptr;
   QPushButton* m_cmdPlotSave = nullptr;
-  int m_layouts = -1;  // as last shown
+  int m_layoutRevision = -1;  // as last shown
 };
 
 }  // namespace zova

@@ -132,7 +132,7 @@ bool VariableEditorPanel::eventFilter(QObject* watched, QEvent* event) {
   const auto found = std::find(m_labels.begin(), m_labels.end(), watched);
   if (found == m_labels.end()) return WizardPage::eventFilter(watched, event);
   const int label = static_cast<int>(found - m_labels.begin());
-  if (event->type() == QEvent::KeyPress) return TakeKey(label, *static_cast<QKeyEvent*>(event));
+  if (event->type() == QEvent::KeyPress) return HandleKey(label, *static_cast<QKeyEvent*>(event));
   if (event->type() != QEvent::FocusIn && event->type() != QEvent::FocusOut) return false;
   ShowFrame(**found, event->type() == QEvent::FocusIn);
   if (event->type() == QEvent::FocusIn && !m_refreshing && !IsReturn(static_cast<QFocusEvent*>(event)->reason())) {
@@ -141,7 +141,7 @@ bool VariableEditorPanel::eventFilter(QObject* watched, QEvent* event) {
   return false;
 }
 
-bool VariableEditorPanel::TakeKey(int label, QKeyEvent& press) {
+bool VariableEditorPanel::HandleKey(int label, QKeyEvent& press) {
   if (press.key() == Qt::Key_Up || press.key() == Qt::Key_Down) {
     const int next = std::clamp(label + (press.key() == Qt::Key_Up ? -1 : 1), 0, kMaxEditedLevels);
     QLabel* name = m_labels[static_cast<std::size_t>(next)];
@@ -168,7 +168,7 @@ void VariableEditorPanel::hideEvent(QHideEvent* event) {
 void VariableEditorPanel::keyPressEvent(QKeyEvent* event) {
   if (!IsEnter(*event) || window()->focusWidget() != m_entry.Edit || Wizard().IsViewing())
     return WizardPage::keyPressEvent(event);
-  if (!event->isAutoRepeat()) Do(&NewProjectWizard::TakeVariableEntry);
+  if (!event->isAutoRepeat()) Do(&NewProjectWizard::EnterVariableText);
 }
 
 }  // namespace zova

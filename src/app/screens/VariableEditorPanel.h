@@ -29,7 +29,7 @@ class VariableEditorPanel : public WizardPage {
   void AddLabels();
   void Do(Act act);
   void Highlight(int label);
-  bool TakeKey(int label, QKeyEvent& press);
+  bool HandleKey(int label, QKeyEvent& press);
   void FollowHighlight();
 
   TextBox m_entry;

@@ -43,7 +43,7 @@ WizardPage::TextBox WizardPage::MakeBox(WizardBox box, const char* labelName, co
   auto* edit = Named(new QLineEdit(this), name);
   const TextBox made{box, edit, MakeLabel(labelName, caption, edit)};
   m_boxes.push_back(made);
-  connect(edit, &QLineEdit::textEdited, this, [this, made](const QString& text) { TakeTyped(made, text); });
+  connect(edit, &QLineEdit::textEdited, this, [this, made](const QString& text) { StoreText(made, text); });
   return made;
 }
 
@@ -74,7 +74,7 @@ void WizardPage::AddOptions(WizardOption option, const char* labelName, const QS
   pair.No->setChecked(true);
   m_options.push_back(pair);
   // Not clicked(): a screen reader toggles a button without a click.
-  connect(pair.Yes, &QRadioButton::toggled, this, [this, option](bool yes) { TakeOption(option, yes); });
+  connect(pair.Yes, &QRadioButton::toggled, this, [this, option](bool yes) { StoreOption(option, yes); });
 }
 
 void WizardPage::Refresh() {
@@ -106,7 +106,7 @@ QWidget* WizardPage::ControlOf(WizardBox box) const {
   return first.Yes->isChecked() ? first.Yes : first.No;
 }
 
-void WizardPage::TakeTyped(const TextBox& typed, const QString& text) {
+void WizardPage::StoreText(const TextBox& typed, const QString& text) {
   m_wizard.SetText(typed.Box, FromQt(text));
   const QString kept = ToQt(m_wizard.Text(typed.Box));
   if (kept != text) {
@@ -118,7 +118,7 @@ void WizardPage::TakeTyped(const TextBox& typed, const QString& text) {
   emit Acted();
 }
 
-void WizardPage::TakeOption(WizardOption option, bool yes) {
+void WizardPage::StoreOption(WizardOption option, bool yes) {
   if (m_wizard.Option(option) == yes) return;  // Refresh shows it
   m_wizard.SetOption(option, yes);
   emit Acted();  // while viewing, Refresh takes it back

@@ -55,8 +55,8 @@ class WizardPage : public Panel {
     QLabel* Label;
     std::optional<WizardBox> Asked;
   };
-  void TakeTyped(const TextBox& typed, const QString& text);
-  void TakeOption(WizardOption option, bool yes);
+  void StoreText(const TextBox& typed, const QString& text);
+  void StoreOption(WizardOption option, bool yes);
 
   NewProjectWizard& m_wizard;
   QVBoxLayout* m_rows;

@@ -121,7 +121,7 @@ class RatingsPage final : public WizardPage {
       box->setObjectName(QStringLiteral("chkRating%1").arg(test));
       grid->addWidget(box, (test - 1) / kColumns, (test - 1) % kColumns);
       m_chkRating.at(static_cast<std::size_t>(test - 1)) = box;
-      connect(box, &QCheckBox::toggled, this, [this, test](bool rated) { TakeRated(test, rated); });
+      connect(box, &QCheckBox::toggled, this, [this, test](bool rated) { StoreRated(test, rated); });
     }
   }
 
@@ -148,7 +148,7 @@ class RatingsPage final : public WizardPage {
   [[nodiscard]] bool IsRated(int test) const {
     return Wizard().Entries().RatedTests.at(static_cast<std::size_t>(test - 1));
   }
-  void TakeRated(int test, bool rated) {
+  void StoreRated(int test, bool rated) {
     if (IsRated(test) == rated) return;  // Refresh shows it
     Wizard().SetRated(test, rated);
     emit Acted();  // while viewing, Refresh takes it back

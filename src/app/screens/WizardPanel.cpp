@@ -59,12 +59,12 @@ void WizardPanel::Refresh() {
   m_cmdBack1->setEnabled(wizard.CanGoBack());
   m_cmdNext1->setVisible(wizard.ShowsNext());
   m_cmdEntered1->setVisible(wizard.ShowsDone());
-  if (isVisible() && m_cursorMoves != wizard.CursorMoves()) PlaceCursor();
+  if (isVisible() && m_cursorRevision != wizard.CursorRevision()) PlaceCursor();
 }
 
 void WizardPanel::PlaceCursor() {
   const NewProjectWizard& wizard = m_session.Wizard();
-  m_cursorMoves = wizard.CursorMoves();
+  m_cursorRevision = wizard.CursorRevision();
   QWidget* control = m_pages.at(static_cast<std::size_t>(wizard.Page() - 1))->ControlOf(wizard.Cursor());
   // While viewing, the lists of page 2 cannot be reached.
   PlaceCursorIn(control->isEnabled() ? control : DefaultButton());

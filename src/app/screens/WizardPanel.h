@@ -42,7 +42,7 @@ class WizardPanel : public Panel {
   QPushButton* m_cmdNext1 = nullptr;
   QPushButton* m_cmdEntered1 = nullptr;
   QPushButton* m_cmdCancel1 = nullptr;
-  int m_cursorMoves = 0;
+  int m_cursorRevision = 0;
 };
 
 }  // namespace zova

@@ -58,12 +58,12 @@ bool GridBox::event(QEvent* event) {
   if (isTab && press.modifiers().testFlag(Qt::ControlModifier)) {
     return focusNextPrevChild(!press.modifiers().testFlag(Qt::ShiftModifier));
   }
-  if (!TakeKey(press)) return QLineEdit::event(event);
+  if (!HandleKey(press)) return QLineEdit::event(event);
   emit Acted();
   return true;
 }
 
-bool GridBox::TakeKey(const QKeyEvent& press) {
+bool GridBox::HandleKey(const QKeyEvent& press) {
   const bool isEmpty = text().isEmpty();
   switch (press.key()) {
     case Qt::Key_Return:
@@ -74,20 +74,20 @@ bool GridBox::TakeKey(const QKeyEvent& press) {
     case Qt::Key_Escape: m_grid.SetEntryText({}); return true;  // it edits the box, and never cancels
     case Qt::Key_Tab: m_grid.Step(press.modifiers().testFlag(Qt::ShiftModifier) ? -1 : 1); return true;
     case Qt::Key_Backtab: m_grid.Step(-1); return true;
-    case Qt::Key_Up: return TakeMove(press, -1);
-    case Qt::Key_Down: return TakeMove(press, 1);
-    case Qt::Key_PageUp: return TakeMove(press, -kPage);
-    case Qt::Key_PageDown: return TakeMove(press, kPage);
-    case Qt::Key_Left: return m_grid.LastColumn() > 1 && TakeMove(press, 0, -1);
-    case Qt::Key_Right: return m_grid.LastColumn() > 1 && TakeMove(press, 0, 1);
-    case Qt::Key_Home: return isEmpty && TakeMove(press, -m_grid.Lines());
-    case Qt::Key_End: return isEmpty && TakeMove(press, m_grid.Lines());
+    case Qt::Key_Up: return HandleMove(press, -1);
+    case Qt::Key_Down: return HandleMove(press, 1);
+    case Qt::Key_PageUp: return HandleMove(press, -kPage);
+    case Qt::Key_PageDown: return HandleMove(press, kPage);
+    case Qt::Key_Left: return m_grid.LastColumn() > 1 && HandleMove(press, 0, -1);
+    case Qt::Key_Right: return m_grid.LastColumn() > 1 && HandleMove(press, 0, 1);
+    case Qt::Key_Home: return isEmpty && HandleMove(press, -m_grid.Lines());
+    case Qt::Key_End: return isEmpty && HandleMove(press, m_grid.Lines());
     case Qt::Key_Delete: return isEmpty && m_grid.DeleteKey();
-    default: return TakeEdit(press);
+    default: return HandleEdit(press);
   }
 }
 
-bool GridBox::TakeMove(const QKeyEvent& press, int lines, int columns) {
+bool GridBox::HandleMove(const QKeyEvent& press, int lines, int columns) {
   if (press.modifiers().testFlag(Qt::ShiftModifier)) {
     m_grid.ExtendSelection(lines, columns);
   } else if (columns != 0 && !text().isEmpty()) {
@@ -99,9 +99,9 @@ bool GridBox::TakeMove(const QKeyEvent& press, int lines, int columns) {
 }
 
 // With text in the box undo and redo are its own.
-bool GridBox::TakeEdit(const QKeyEvent& press) {
-  if (press.matches(QKeySequence::Paste)) return TakePaste();
-  if (press.matches(QKeySequence::Copy)) return TakeCopy();
+bool GridBox::HandleEdit(const QKeyEvent& press) {
+  if (press.matches(QKeySequence::Paste)) return HandlePaste();
+  if (press.matches(QKeySequence::Copy)) return HandleCopy();
   if (!text().isEmpty()) return false;
   const bool isRedoToo = press.keyCombination() == (Qt::CTRL | Qt::Key_Y);
   if (press.matches(QKeySequence::Undo)) {
@@ -115,7 +115,7 @@ bool GridBox::TakeEdit(const QKeyEvent& press) {
 }
 
 // False for what is to be pasted into the box itself.
-bool GridBox::TakePaste() {
+bool GridBox::HandlePaste() {
   const QString copied = QGuiApplication::clipboard()->text();
   if (copied.isEmpty() || IsOneNumber(copied)) return false;
   m_grid.Paste(FromQt(copied));
@@ -123,7 +123,7 @@ bool GridBox::TakePaste() {
 }
 
 // False when there is text of the box to be copied.
-bool GridBox::TakeCopy() {
+bool GridBox::HandleCopy() {
   if (hasSelectedText()) return false;
   QGuiApplication::clipboard()->setText(ToQt(m_grid.Copy()));
   return true;
@@ -144,8 +144,8 @@ void GridBox::contextMenuEvent(QContextMenuEvent* event) {
       });
     }
   };
-  redirect(QKeySequence::Copy, &GridBox::TakeCopy);
-  redirect(QKeySequence::Paste, &GridBox::TakePaste);
+  redirect(QKeySequence::Copy, &GridBox::HandleCopy);
+  redirect(QKeySequence::Paste, &GridBox::HandlePaste);
   menu->exec(event->globalPos());
 }
 

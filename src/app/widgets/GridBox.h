@@ -28,11 +28,11 @@ class GridBox : public QLineEdit {
 
  private:
   // All true for a key of the grid's.
-  bool TakeKey(const QKeyEvent& press);
-  bool TakeMove(const QKeyEvent& press, int lines, int columns = 0);
-  bool TakeEdit(const QKeyEvent& press);
-  bool TakePaste();
-  bool TakeCopy();
+  bool HandleKey(const QKeyEvent& press);
+  bool HandleMove(const QKeyEvent& press, int lines, int columns = 0);
+  bool HandleEdit(const QKeyEvent& press);
+  bool HandlePaste();
+  bool HandleCopy();
 
   TypedGrid& m_grid;
 };

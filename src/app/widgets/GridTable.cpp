@@ -70,12 +70,12 @@ class GridModel final : public QAbstractTableModel {
   }
 
   void Follow() {
-    const auto [firstLine, lastLine] = m_grid.TakeChangedLines();
-    if (m_openings != m_grid.Openings()) {
+    const auto [firstLine, lastLine] = m_grid.FetchChangedLines();
+    if (m_openingRevision != m_grid.OpeningRevision()) {
       beginResetModel();
       m_lines = m_grid.Lines();
       m_columns = m_grid.Columns();
-      m_openings = m_grid.Openings();
+      m_openingRevision = m_grid.OpeningRevision();
       endResetModel();
     } else if (firstLine <= lastLine) {
       emit dataChanged(index(firstLine - 1, 1), index(lastLine - 1, m_grid.LastColumn()));
@@ -86,7 +86,7 @@ class GridModel final : public QAbstractTableModel {
   TypedGrid& m_grid;
   std::vector<GridColumn> m_columns;
   int m_lines = 0;
-  int m_openings = 0;
+  int m_openingRevision = 0;
 };
 
 GridTable::GridTable(const char* name, TypedGrid& grid) : m_grid(grid), m_model(new GridModel(grid, this)) {

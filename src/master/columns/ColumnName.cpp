@@ -10,7 +10,7 @@ namespace zova {
 
 namespace {
 
-// "(NNC)", read as a binary number in which C is 1.
+// "(NNC)" as a binary number with C = 1.
 std::optional<ColumnPlace> PatternIn(std::string_view text) {
   if (text.size() < 3 || text.size() > kMaxTests + 2 || text.front() != '(' || text.back() != ')') return std::nullopt;
   const std::string_view letters = text.substr(1, text.size() - 2);

@@ -15,13 +15,13 @@ struct MasterColumn {
   ColumnPlace Place;
 };
 
-/// Appends the name as the header of a master has it: the family's stem and the place, "Net(Test 2)".
+/// Appends the name in a master's header: the family's stem and the place, "Net(Test 2)".
 void AppendColumnName(std::string& out, const MasterColumn& column);
 
-/// The column with this name; nullopt for a name that no column of a master has.
+/// nullopt for a name that is not that of a measure column.
 std::optional<MasterColumn> ColumnByName(std::string_view name);
 
-/// A pattern of recall as letters, one per test: "NNC".
+/// A recall pattern as one letter per test: "NNC".
 std::string PatternText(ColumnPlace place);
 
 }  // namespace zova

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// The families in the order of their table, each place by place: tests or pairs of tests, and at each of them the
-// minutes or lures. Families that stand beside each other take turns at every place.
+// Walks the families in the order of their table, each by tests or pairs of tests and within these by minutes or lures.
+// Families marked BesideLast alternate at every place.
 
 #include "master/columns/MasterColumns.h"
 
@@ -18,7 +18,7 @@ class Walk {
   Walk(const ProjectParameters& project, const ScoringArrays& scores, ColumnSink& sink)
       : m_project(project), m_scores(scores), m_sink(sink) {}
 
-  // All columns of families that stand beside each other.
+  // All columns of families that alternate.
   void Hand(Families families) {
     const MeasureShape& shape = families.front().Shape;
     const int tests = m_project.TestCount;

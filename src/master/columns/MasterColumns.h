@@ -8,10 +8,10 @@
 
 namespace zova {
 
-/// Individual masters have a row per subject, combined ones a row per nominal group and fewer columns.
+/// An individual master has one row per subject, a combined master one row per nominal group and fewer columns.
 enum class MasterKind { Individual, Combined };
 
-/// Receives the measure columns of a master one by one, each with its value for the subject just scored.
+/// Receives the measure columns of a master one by one, each with its value for the current subject.
 class ColumnSink {
  public:
   virtual ~ColumnSink() = default;
@@ -19,8 +19,9 @@ class ColumnSink {
   virtual void Share(const MasterColumn& column, const Ratio& value) = 0;
 };
 
-/// The one definition of a master's columns behind identifier and variables: hands those of every family that is asked
-/// for to `sink`, in the order of the file. Header, row, count and every other view of a master are sinks of this walk.
+/// The only definition of a master's columns after identifier and variables: passes the columns of all selected
+/// families to `sink`, in file order. Header, row, column count and every other view of a master are sinks of this
+/// walk.
 void WalkMeasureColumns(const ProjectParameters& project, const MeasureSelection& selection, MasterKind kind,
                         const ScoringArrays& scores, ColumnSink& sink);
 

@@ -4,10 +4,9 @@
 //
 //   ( identifier | group ) ( ", " level )* ( ", " value )*
 //
-// where a level or value that is not negative has a blank of its own before it, so that two follow the comma. A group
-// has XXXXXXX for a level that its members need not share. Names and
-// identifiers are not quoted; a comma in one (older files have them) becomes a column, and the pieces of a wide master
-// are cut at it.
+// A level or value that is not negative has a blank of its own, so that two blanks follow the comma. A group has
+// XXXXXXX for a level in which its members may differ. Names and identifiers are not quoted; a comma in one (in older
+// files) adds a column, also when a wide master is cut into pieces.
 
 #include "master/columns/MasterLines.h"
 
@@ -45,7 +44,7 @@ class RowSink final : public ColumnSink {
 
  private:
   void Add(int value) {
-    if (value >= 0 && value <= 9) {  // most of a row
+    if (value >= 0 && value <= 9) {  // most values
       const char text[] = {',', ' ', ' ', static_cast<char>('0' + value)};
       m_row.append(text, sizeof text);
     } else {
@@ -79,7 +78,7 @@ class CountSink final : public ColumnSink {
   std::array<int, kMeasureCount> m_perBox{};
 };
 
-// Every box that brings the count down by itself; where none does, the largest ones together.
+// Every box that alone removes the excess; if there is none, the largest ones together.
 std::string MeasuresToUncheck(const CountSink& counts, int excess) {
   std::vector<MeasureBox> boxes(AllMeasureBoxes().begin(), AllMeasureBoxes().end());
   std::stable_sort(boxes.begin(), boxes.end(),
@@ -98,9 +97,10 @@ std::string MeasuresToUncheck(const CountSink& counts, int excess) {
 
 void RequireColumnCount(const CountSink& counts, int total) {
   if (total <= kMaxColumnCount) return;
-  throw RunError(RunFault::Overflow, "The master would have " + std::to_string(total) + " columns; it can have " +
-                                         std::to_string(kMaxColumnCount) + ".  Please uncheck " +
-                                         MeasuresToUncheck(counts, total - kMaxColumnCount) + ".");
+  throw ScoringError(ScoringFault::Overflow, "The master would have " + std::to_string(total) +
+                                                 " columns; it can have " + std::to_string(kMaxColumnCount) +
+                                                 ".  Please uncheck " +
+                                                 MeasuresToUncheck(counts, total - kMaxColumnCount) + ".");
 }
 
 int CountColumns(const ProjectParameters& project, const MeasureSelection& selection, MasterKind kind,

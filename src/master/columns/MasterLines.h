@@ -11,14 +11,14 @@
 
 namespace zova {
 
-/// A master's header line (without its line end) and what can be read off it.
+/// A master's header line, without its line end, and its properties.
 struct MasterHeaderLine {
   std::string MasterHeader;
   std::int16_t MasterColumnCount = 0;
-  FamilySet Families;  ///< families with at least one column
+  FamilySet Families;  ///< those with at least one column
 };
 
-/// Throws RunError (Overflow) for more than 32,767 columns; its text names the measures to uncheck.
+/// Throws ScoringError (Overflow), naming the measures to uncheck, for more than 32,767 columns.
 MasterHeaderLine BuildMasterHeader(const ProjectParameters& project, const MeasureSelection& selection,
                                    MasterKind kind);
 
@@ -30,18 +30,18 @@ void BuildMasterRow(std::string_view subjectId, const std::array<std::int16_t, k
                     const ProjectParameters& project, const MeasureSelection& selection, const ScoringArrays& scores,
                     std::string& row);
 
-/// The same for a nominal group. `separator` is the variable (from index 0) that keeps the groups apart, and the only
-/// one with a level; the others have "XXXXXXX".
+/// Replaces `row` by a group's line of the combined master, without its line end. `separator` is the index of the
+/// separating variable, which has `level`; the other variables have "XXXXXXX".
 void BuildGroupRow(std::string_view label, std::optional<std::size_t> separator, std::int16_t level,
                    const ProjectParameters& project, const MeasureSelection& selection, const ScoringArrays& scores,
                    std::string& row);
 
-/// The pieces of a line of a master with `columnCount` columns: 256 columns, then 255 each, the last takes the rest
-/// (an uneven division that is kept). Cut at the commas, which belong to no piece; a line with fewer has empty pieces
-/// at its end. The views point into `line`.
+/// Cuts a line of a master with `columnCount` columns at commas into pieces of 256 columns, then 255 each, the last
+/// with the rest. Kept: the pieces are uneven. A line with fewer commas has empty pieces at its end. The views point
+/// into `line`.
 std::vector<std::string_view> SplitWideMaster(std::string_view line, int columnCount);
 
-/// A master of more columns is also written in pieces.
+/// A master with more columns is also written in pieces.
 inline constexpr int kMaxColumnsUnsplit = 256;
 
 }  // namespace zova

@@ -39,7 +39,7 @@ constexpr std::array<MeasureBox, kMeasureCount> kBoxes = {{
      "Adds the number of lures with each pattern of being recalled (C) or not (N) over all tests."},
     {Measure::MinNet, "chkMinNet", "minutes", &kMinute, "Net Recall", 'R', Needs::Minutes,
      "Adds the number of items recalled in each minute of each test."},
-    // Enabled without categories too, where it adds no column.
+    // Enabled also without categories, where it adds no column.
     {Measure::MinCat, "chkMinCat", "minute-categories", &kMinute, "Categories Represented", 'C', Needs::Minutes,
      "Adds how many categories had their first item of the test in each minute."},
     {Measure::MinCum, "chkMinCum", "cumulative", &kMinute, "Cumulative Recall", 'u', Needs::Minutes,
@@ -87,7 +87,7 @@ auto ValuesAt(const ScoringArrays& scores, ColumnPlace place) {
   return At((scores.*Part).*Scores, place);
 }
 
-// Of a family that is a field of a record per test.
+// For a family whose value is a field of a record per test.
 template <auto Part, auto Records, auto Field>
 auto FieldAt(const ScoringArrays& scores, ColumnPlace place) {
   const auto& value = ((scores.*Part).*Records)[place.Index].*Field;
@@ -127,8 +127,8 @@ constexpr auto* kPattern = &ValuesAt<&ScoringArrays::Patterns, Scores>;
 template <auto Field>
 constexpr auto* kAssociates = &FieldAt<&ScoringArrays::Which, &LureScores::Tests, Field>;
 
-// The order is kept as it is: losses stand before gains, but a lure's gains before its losses; the lures' gains by
-// rating stand behind their averages, those of true items before everything categorical.
+// Kept: losses precede gains, but a lure's gains precede its losses; the lures' gains by rating follow their averages,
+// those of true items precede everything categorical.
 constexpr MeasureFamily kFamilies[] = {
     {"Net", kTest, Measure::Basic, ScoreFamily::Basic, kTrue<&ItemScores::Net>, "Net recall", "items"},
     {"Losses", kTestPair, Measure::Basic, ScoreFamily::Basic, kTrueChange<&TestChange::Losses>, "Losses between tests",

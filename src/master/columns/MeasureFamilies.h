@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// The one table of measures. Header, row and count of a master, the measure screen, the command's words, and the labels
-// of means and plots all come from it.
+// The only table of measures: the source of a master's header, row and column count, the measure screen, the command's
+// words, and the labels of means and plots.
 #pragma once
 
 #include <array>
@@ -19,7 +19,7 @@ namespace zova {
 enum class Measure { Basic, Bi, IP, Cat, Rat, FBasic, FPos, FWhich, FIP, MinNet, MinCat, MinCum, MinGains };
 inline constexpr std::size_t kMeasureCount = static_cast<std::size_t>(Measure::MinGains) + 1;
 
-/// What a project must have for a measure; several are joined with |.
+/// Flags of what a project must have for a measure.
 struct Needs {
   enum Flag : unsigned { Nothing = 0, SeveralTests = 1, Minutes = 2, Ratings = 4, Categories = 8, Lures = 16 };
 };
@@ -33,30 +33,30 @@ struct MeasureFrame {
   std::string_view QuickHelp;
 };
 
-/// A check box and what it stands for.
+/// A check box of the measure screen.
 struct MeasureBox {
   Measure Which;
   std::string_view Name;  ///< the control's name, "chkBasic"
   std::string_view Word;  ///< the command's word for it, "recall"
   const MeasureFrame* Frame;
   std::string_view Caption;
-  char AccessKey;  ///< the caption's first such letter
-  unsigned Needs;  ///< without these data it is disabled
+  char AccessKey;  ///< its first occurrence in the caption
+  unsigned Needs;  ///< the box is disabled without these data
   std::string_view QuickHelp;
 };
 
-/// Indexed by Measure; boxes of one frame stand together.
+/// Indexed by Measure; the boxes of a frame are adjacent.
 const std::array<MeasureBox, kMeasureCount>& AllMeasureBoxes();
 
-/// The box with this control name or word; nullopt for an unknown one.
+/// The box with this control name or word; nullopt if unknown.
 std::optional<Measure> MeasureByName(std::string_view name);
 
-/// What the columns of a family differ in, and so the axis of their plot.
+/// What distinguishes the columns of a family, and the axis of their plot.
 enum class MeasureAxis {
   Test,           ///< "Net(Test 2)"
   TestPair,       ///< "Gains(Test 1 to 2)", "Bi-ITR(Tests 1 and 2)"
   Minute,         ///< "RecallByMin(Test 1 Min 3)": the minutes of each test
-  RunningMinute,  ///< "CumulativeRecall(Min 7)": counted on over all tests
+  RunningMinute,  ///< "CumulativeRecall(Min 7)": numbered over all tests
   Pattern,        ///< "ItemsWithPattern(NC)"
   Lure            ///< "Lure(Test# 1 Lure# 2)": the lures of each test
 };
@@ -64,28 +64,29 @@ enum class MeasureAxis {
 struct AxisTraits {
   MeasureAxis Axis;
   std::string_view Label;  ///< on a plot, "Minute over all tests"
-  std::string_view Noun;   ///< of one place in a text, "minute"; "" where the place is no number
-  bool LiesWithinTests;    ///< each test has all places
-  bool HasDistances;       ///< the places are numbers that keep their distances
+  std::string_view Noun;   ///< of one place, "minute"; "" if the place is not a number
+  bool LiesWithinTests;    ///< each test has every place
+  bool HasDistances;       ///< the places are numbers to scale
 };
 
 const AxisTraits& TraitsOf(MeasureAxis axis);
 
-/// Where a column stands on its family's axis.
+/// A column's place on its family's axis.
 struct ColumnPlace {
-  int Test = 0;   ///< of a pair the earlier one; of a pattern how many there are; 0 on the axis over all tests
-  int Index = 0;  ///< from 1: test, later test, minute, lure; pattern number + 1
+  int Test = 0;   ///< earlier test of a pair; number of tests of a pattern; 0 for a running minute
+  int Index = 0;  ///< test, later test, minute or lure, from 1; pattern number + 1
 };
 
-/// What stands behind a family's stem, and at which tests there are columns.
+/// What follows a family's stem, and which tests have columns.
 struct MeasureShape {
-  std::string_view Form;  ///< "(Test % Min %)"; % is a number of the place. "" for a pattern, which is letters
+  std::string_view Form;  ///< "(Test % Min %)"; % is a number of the place. "" for a pattern, which has letters
   MeasureAxis Axis;
-  int FirstTest = 1;            ///< 0: not test by test
-  bool HasFirstToLast = false;  ///< with at least 3 tests there also is the pair of the first and the last
+  int FirstTest = 1;            ///< 0: not by test
+  bool HasFirstToLast = false;  ///< from 3 tests on, also the pair of first and last test
 };
 
-/// The values of a family from `place` on: one; all minutes or lures of a test; all running minutes or patterns.
+/// The values of a family from `place` on: one value, all minutes or lures of a test, or all running minutes or
+/// patterns.
 using CountsAt = std::span<const std::int16_t> (*)(const ScoringArrays& scores, ColumnPlace place);
 using SharesAt = std::span<const Ratio> (*)(const ScoringArrays& scores, ColumnPlace place);
 
@@ -93,24 +94,24 @@ using SharesAt = std::span<const Ratio> (*)(const ScoringArrays& scores, ColumnP
 struct MeasureFamily {
   enum Rule : unsigned {
     IndividualOnly = 1,  ///< no columns in a combined master
-    BesideLast = 2       ///< alternates with the family before, test by test; all else but the names is the same
+    BesideLast = 2       ///< alternates with the previous family, test by test, and differs from it only in its names
   };
 
-  std::string_view Stem;  ///< the name up to the bracket, "Net"
+  std::string_view Stem;  ///< the column name up to the bracket, "Net"
   MeasureShape Shape;
   Measure Box;
-  ScoreFamily Scores;  ///< computes it
+  ScoreFamily Scores;  ///< the family of scores that computes it
   std::variant<CountsAt, SharesAt> Values;
-  std::string_view Label;               ///< in plain words, for a plot: "Net recall"
+  std::string_view Label;               ///< for a plot: "Net recall"
   std::string_view Unit;                ///< "items", "rating points", "share of items"; "" for an index without one
-  unsigned MoreNeeds = Needs::Nothing;  ///< beside those of its box. With Ratings there are columns of rated tests only
+  unsigned MoreNeeds = Needs::Nothing;  ///< in addition to the box's. With Ratings only rated tests have columns
   unsigned Rules = 0;
 };
 
-/// What its box and the family itself need.
+/// What the family and its box need.
 [[nodiscard]] unsigned NeedsOf(const MeasureFamily& family);
 
-/// In the order of a master's columns.
+/// In master column order.
 std::span<const MeasureFamily> AllMeasureFamilies();
 
 }  // namespace zova

@@ -7,7 +7,7 @@
 
 namespace zova {
 
-/// Which boxes of measures become columns. A disabled box is never checked.
+/// Which measure boxes are enabled and checked. A disabled box is never checked.
 class MeasureSelection {
  public:
   [[nodiscard]] bool IsEnabled(Measure measure) const noexcept { return m_enabled[Index(measure)]; }
@@ -17,7 +17,7 @@ class MeasureSelection {
     m_checked[Index(measure)] = checked && m_enabled[Index(measure)];
   }
 
-  /// Everything that the project has data for is enabled and checked.
+  /// Enables and checks every measure that the project has data for.
   void SetDefaultMeasures(const ProjectParameters& project);
 
  private:

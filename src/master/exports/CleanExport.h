@@ -10,14 +10,13 @@
 
 namespace zova {
 
-/// Appends a subject's level of a variable (from index 0) as a CSV field (`LevelLabel`).
+/// Appends the `LevelLabel` of a variable (from index 0) as a CSV field.
 void AppendLevelField(std::string& line, const ProjectParameters& project, std::size_t variable, int level);
 
-/// The individual master for other programs: a CSV (RFC 4180) with a line per subject. Its columns are "Subject", the
-/// variables with the names of their levels, the measures of the selection under their names in the master, and
-/// "Not Computed". Ratios stand as they were before the cut; one that could not be computed is empty, and the last
-/// column says why: "ArcScore(Test 1): fewer than 2 categories or 3 recalls; Bi-ITR(Tests 1 and 2): no recall to
-/// compute it from".
+/// The individual master for other programs: a CSV (RFC 4180) with one line per subject. Columns: "Subject", the
+/// variables with level names, the selected measures under their names in the master, "Not Computed". Ratios are not
+/// cut; one that could not be computed is empty, and the last column gives the reason: "ArcScore(Test 1): fewer than 2
+/// categories or 3 recalls; Bi-ITR(Tests 1 and 2): no recall to compute it from".
 class CleanExport {
  public:
   CleanExport(const ProjectParameters& project, const MeasureSelection& selection)
@@ -25,13 +24,13 @@ class CleanExport {
 
   /// Without its line end.
   [[nodiscard]] std::string Header() const;
-  /// Replaces `row` by the subject's line (without its line end).
+  /// Replaces `row` by the subject's line, without its line end.
   void Build(const ScoredSubject& subject, std::string& row);
 
  private:
   const ProjectParameters& m_project;
   const MeasureSelection& m_selection;
-  std::string m_reasons;  // kept between subjects so that a run allocates once
+  std::string m_reasons;  // reused, so that a run allocates once
 };
 
 }  // namespace zova

@@ -13,7 +13,7 @@ namespace zova {
 
 namespace {
 
-// A field with a minute or a rating; 0 is none.
+// A minute or a rating; 0 is an empty field.
 void AppendKept(std::string& rows, int value) {
   rows += ',';
   if (value >= 1 && value <= 9) {  // most of them
@@ -90,7 +90,7 @@ void LongExport::Build(const ScoredSubject& subject, std::string& rows) {
   if (!rows.empty()) rows.resize(rows.size() - kCsvLineEnd.size());
 }
 
-// Also the items behind a blank, which the walks of some measures do not reach: the protocol is told as it is.
+// Includes items after a blank, which some measures do not reach.
 void LongExport::AddRecalls(const RecallLists& lists, int test, std::string& rows) const {
   const bool isRated = m_project.Rated == 1 && IsTestRated(m_project, test);
   int left = lists.RecallCount(test);
@@ -103,7 +103,7 @@ void LongExport::AddRecalls(const RecallLists& lists, int test, std::string& row
     if (item < m_items.size()) {
       rows += m_items[item];
     } else {
-      AppendItem(rows, recall.Item);  // behind a blank, where nothing refused it
+      AppendItem(rows, recall.Item);  // after a blank, where scoring has not rejected it
     }
     if (m_project.MinutesRecorded == 1) AppendKept(rows, recall.Minute);
     if (m_project.Rated == 1) AppendKept(rows, isRated ? recall.Rating : 0);

@@ -7,7 +7,7 @@
 
 namespace zova {
 
-/// Why a value could not be computed, in plain words: "fewer than 2 categories or 3 recalls". "" for None.
+/// The reason in words: "fewer than 2 categories or 3 recalls". "" for None.
 std::string_view ScoreGapText(ScoreGap gap);
 
 }  // namespace zova

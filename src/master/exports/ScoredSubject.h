@@ -8,7 +8,7 @@
 
 namespace zova {
 
-/// One subject as the run of the individual master has read and scored it. Valid only during the call that hands it on.
+/// One subject read and scored by the run of the individual master. Valid only during the call.
 struct ScoredSubject {
   const std::string& SubjectId;
   const SubjectRecord& Record;
@@ -16,13 +16,13 @@ struct ScoredSubject {
   const std::string& MasterRow;  ///< the subject's line of the master, without its line end
 };
 
-/// What else is made of the subjects of a run, in the same pass.
+/// Receives every subject of a run, in the same pass.
 class ScoredSubjectSink {
  public:
   virtual ~ScoredSubjectSink() = default;
-  /// Called once per subject, in the order of the listing, after the subject's row is written. False ends the run, like
-  /// a row that could not be written; the user was told.
-  virtual bool Take(const ScoredSubject& subject) = 0;
+  /// Called for each subject in the order of the listing, after its row is written. False ends the run, like a row that
+  /// could not be written; the implementation has informed the user.
+  virtual bool Add(const ScoredSubject& subject) = 0;
 };
 
 }  // namespace zova

@@ -31,13 +31,14 @@ int SubjectIndex::NumberOf(std::string_view subjectId) const {
   return found == m_numbers.end() ? 0 : found->second;
 }
 
-// Identifiers can hold a plus sign too, so that each has to begin where what follows it can be taken apart to the end.
+// Identifiers may contain plus signs, so an identifier matches only if the rest of the label can be split into
+// identifiers, too.
 std::vector<int> SubjectIndex::MembersOf(std::string_view label) const {
   const std::size_t open = label.find('(');
   if (!label.starts_with("Group ") || open == std::string_view::npos || !label.ends_with(')')) return {};
   const std::string_view ids = label.substr(open + 1, label.size() - open - 2);
-  std::vector<int> firsts(ids.size() + 2, 0);      // by place: the member there, when all from there on are known
-  std::vector<std::size_t> nexts(ids.size() + 2);  // and where the next one begins
+  std::vector<int> firsts(ids.size() + 2, 0);  // per position: the member that starts there, if the rest can be split
+  std::vector<std::size_t> nexts(ids.size() + 2);  // and where the next one starts
   for (std::size_t begin = ids.size(); begin-- > 0;) {
     if (begin > 0 && ids[begin - 1] != '+') continue;
     for (std::size_t end = begin; firsts[begin] == 0 && end < ids.size() && end - begin <= m_longest;) {

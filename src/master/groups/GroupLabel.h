@@ -11,14 +11,14 @@ namespace zova {
 /// "Group 1 (4+17+9)".
 std::string GroupLabel(int number, const std::vector<std::string>& memberIds);
 
-/// Finds subjects, and the members of groups, by what the first column of a master holds. Subjects count from 1.
+/// Finds subjects and group members by the first column of a master. Subjects count from 1.
 class SubjectIndex {
  public:
-  /// Identifiers in the order of the listing; the first of two that are the same counts.
+  /// Identifiers in the order of the listing; the first of equal ones counts.
   explicit SubjectIndex(const std::vector<std::string>& subjectIds);
-  /// Blanks around the identifier do not count. 0 for an unknown subject.
+  /// Ignores blanks around the identifier. 0 for an unknown subject.
   [[nodiscard]] int NumberOf(std::string_view subjectId) const;
-  /// The members that a group's label names; empty when any of them is unknown.
+  /// The members named by a group's label; empty if one is unknown.
   [[nodiscard]] std::vector<int> MembersOf(std::string_view label) const;
 
  private:

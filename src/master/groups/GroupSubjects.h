@@ -11,19 +11,18 @@
 
 namespace zova {
 
-/// The subjects that groups are formed of, in the order of the listing; the three have the same length.
+/// The subjects of the groups, in the order of the listing; three parallel lists.
 struct GroupSubjects {
   std::vector<std::string> FileNames;
   std::vector<std::string> SubjectIds;
-  std::vector<std::array<std::int16_t, kMaxVariables>> Levels;  ///< all 0 when they were not read
+  std::vector<std::array<std::int16_t, kMaxVariables>> Levels;  ///< all 0 if not read
 
-  /// The levels of one variable (from index 0); all 0 without one.
+  /// The levels of one variable (from index 0); all 0 for nullopt.
   [[nodiscard]] std::vector<std::int16_t> LevelsOf(std::optional<std::size_t> variable) const;
 };
 
-/// Lists the first `subjectFileCount` subjects and, `withLevels`, reads each for its levels; the lists are not kept.
-/// The window can repaint between two subjects. Errors are asked about as in the run of the masters; nullopt when the
-/// user gave up.
+/// Lists the first `subjectFileCount` subjects and, `withLevels`, reads the levels of each. The window repaints between
+/// subjects. Errors show the boxes of a run; nullopt when the user cancels.
 std::optional<GroupSubjects> ReadGroupSubjects(const ProjectParameters& project, int subjectFileCount, bool withLevels,
                                                const Platform& platform);
 

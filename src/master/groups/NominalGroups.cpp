@@ -106,7 +106,7 @@ void GroupRecall::RequireScorable(const RecallLists& lists) {
   }
 }
 
-// As in scoring, a list is walked for as many positions as it has items, blanks included.
+// As in scoring, the walk ends after as many positions as the list has items, blanks included.
 void GroupRecall::Add(const RecallLists& lists) {
   RequireScorable(lists);
   const bool hasMinutes = m_project.MinutesRecorded == 1;

@@ -51,14 +51,14 @@ std::string OrderEditor::Title() const {
   return m_use == Use::SerialPositions ? "Order of presentation of the items" : "Order of the subjects in the groups";
 }
 
-// Over several rows it counts up, since positions differ. A number beyond 16 bits is none.
+// Counts up over several rows, since positions are unique. A number beyond 16 bits is invalid.
 std::int16_t OrderEditor::TypedPosition(int line, std::string_view text) const {
   const int first = LeadingInteger16(text).value_or(0);
   const int position = first == 0 ? 0 : first + line - m_cells.Selection().FirstLine;
   return static_cast<std::int16_t>(position <= INT16_MAX ? position : 0);
 }
 
-// A row behind the last has no name but its number.
+// A row after the last one has only a number, not a name.
 CellInput OrderEditor::Pasted(GridCell cell, std::string_view text) const {
   const auto position = DigitsInteger16(text);
   if (position && cell.Line <= m_cells.Lines() && cell.Column == 1) return {NumberCell(*position)};

@@ -12,8 +12,8 @@
 
 namespace zova {
 
-/// The screen on which an order is given, item by item or subject by subject: a grid with one number per row. Rows
-/// count from 0, the grid's lines from 1; positions count from 1, 0 is a blank cell.
+/// The screen for the order of items or subjects: a grid with one position per row. Rows count from 0, the grid's lines
+/// from 1; positions count from 1, 0 is a blank cell.
 class OrderEditor {
  public:
   enum class Use { SerialPositions, GroupMembers };
@@ -21,9 +21,9 @@ class OrderEditor {
 
   OrderEditor(MessageBoxes& boxes, Desktop& desktop) : m_boxes(boxes), m_cells(boxes, desktop, Rules()) {}
 
-  /// Begins with the saved order, else with the first one.
+  /// Starts with the saved order, else with the default one.
   void OpenSerial(const ProjectParameters& project, const std::optional<SerialOrder>& saved);
-  /// `names` are what the rows show: identifier and level.
+  /// `names` are the row headings: identifier and level.
   void OpenGroups(std::vector<std::string> subjectIds, std::vector<std::string> names,
                   const std::optional<GroupOrder>& saved);
 
@@ -32,13 +32,13 @@ class OrderEditor {
   [[nodiscard]] Use CurrentUse() const noexcept { return m_use; }
   [[nodiscard]] std::string Title() const;  ///< which order it is
   [[nodiscard]] const Order& Positions() const noexcept { return m_order; }
-  /// The order as it would be if what stands in the box were taken. The grid's Revision grows when it may have changed.
+  /// The order including the pending text of the box. It changes only when the grid's Revision increases.
   [[nodiscard]] Order PendingOrder() const;
 
-  /// The first order again, not the saved one.
+  /// Restores the default order, not the saved one.
   void Reset();
-  /// Takes what stands in the box. False, and the cursor at the fault, after telling of the first one. While typing
-  /// faults are not told.
+  /// Enters the pending text and checks the order. For the first fault shows its message, places the cursor there and
+  /// returns false.
   bool Check();
 
  private:

@@ -7,7 +7,8 @@
 //
 //   "<identifier>",<position>        a line per subject
 //
-// Two subjects may have one identifier (files whose names differ in case); their lines are told apart by their order.
+// Two subjects may have the same identifier (files whose names differ in case); the order of their lines distinguishes
+// them.
 
 #include "master/groups/SavedOrders.h"
 
@@ -43,7 +44,7 @@ std::optional<OrderFault> FirstFault(const std::vector<std::int16_t>& positions,
   return std::nullopt;
 }
 
-// Sets the positions 1, 2, ... in the order of `rows`.
+// Assigns the positions 1, 2, ... in the order of `rows`.
 std::vector<std::int16_t> PositionsOf(const std::vector<std::size_t>& rows) {
   std::vector<std::int16_t> positions(rows.size());
   std::int16_t position = 0;
@@ -51,7 +52,7 @@ std::vector<std::int16_t> PositionsOf(const std::vector<std::size_t>& rows) {
   return positions;
 }
 
-// What `parse` makes of the fields of a file's bytes. Throws FieldError.
+// Runs `parse` on the fields of a file's bytes. Throws FieldError.
 template <typename Parse>
 auto ParseFields(std::string_view bytes, Parse&& parse) {
   RequireDataText(bytes);
@@ -60,21 +61,13 @@ auto ParseFields(std::string_view bytes, Parse&& parse) {
   return parse(reader);
 }
 
-// They are no lines.
-bool OnlyBlankLinesFollow(FieldReader reader) {
-  while (!reader.AtEnd()) {
-    if (!reader.Next().empty() || !reader.AtLineStart()) return false;
-  }
-  return true;
-}
-
 SerialOrder ParseSerialOrder(FieldReader& reader, int itemCount) {
   SerialOrder order(static_cast<std::size_t>(itemCount), 0);
   for (int line = 1; line <= itemCount; ++line) {
     const int item = reader.NextCount(itemCount, 1);
     order[static_cast<std::size_t>(item) - 1] = reader.NextStrictNumber();
   }
-  reader.RequireEnd();  // another list was ordered
+  if (!reader.OnlyBlankLinesFollow()) reader.Refuse(FieldFault::MoreData);  // another list was ordered
   return order;
 }
 
@@ -83,11 +76,11 @@ GroupOrderLines ParseGroupOrder(FieldReader& reader) {
   do {
     lines.SubjectIds.emplace_back(reader.Next());
     lines.Positions.push_back(reader.NextStrictNumber());
-  } while (!OnlyBlankLinesFollow(reader));
+  } while (!reader.OnlyBlankLinesFollow());
   return lines;
 }
 
-// What `parse` makes of a saved file; nothing when there is none, or none of ours.
+// Runs `parse` on a saved file; nullopt when the file is missing or invalid.
 template <typename Parse>
 auto ParseSaved(Disk& disk, const std::string& path, Parse&& parse)
     -> std::optional<decltype(parse(std::declval<FieldReader&>()))> {
@@ -143,7 +136,7 @@ GroupOrderLines ReadGroupOrder(Disk& disk, const std::string& path) {
 
 std::optional<OrderFault> GroupFileFault(const GroupOrderLines& lines, const std::vector<std::string>& subjectIds) {
   if (auto fault = GroupOrderFault(lines.SubjectIds, lines.Positions)) return fault;
-  std::map<std::string_view, int> unused;  // of the subjects with this name; a first line for none is passed over
+  std::map<std::string_view, int> unused;  // subjects with this identifier; a first line for none is ignored
   for (const std::string& id : subjectIds) ++unused[id];
   for (std::size_t row = 0; row < lines.SubjectIds.size(); ++row) {
     int& left = unused.try_emplace(lines.SubjectIds[row], 1).first->second;
@@ -157,7 +150,7 @@ GroupOrder FitGroupOrder(const GroupOrderLines& lines, const std::vector<std::st
   for (std::size_t line = 0; line < lines.SubjectIds.size(); ++line) {
     saved.emplace(lines.SubjectIds[line], lines.Positions[line]);
   }
-  std::vector<int> keys;  // the saved position; new subjects behind them all
+  std::vector<int> keys;  // the saved position; new subjects sort last
   for (const std::string& id : subjectIds) {
     const auto [found, end] = saved.equal_range(id);
     const bool isKnown = found != end;

@@ -12,18 +12,18 @@
 
 namespace zova {
 
-/// What is wrong with an order, and the row (from index 0) at which it shows.
+/// A fault in an order and its row, from index 0.
 struct OrderFault {
   std::string Text;
   std::size_t Row = 0;
 };
 
-/// The first fault by item, by subject; nothing when every position from 1 to their number is used once. A position
-/// that was not given is 0. The subjects of a file are numbered by its own lines, however many there are today.
+/// The first fault by item or subject; nullopt when each position from 1 to their number is used once. A missing
+/// position is 0. The positions of a file refer to its own lines, however many subjects there are now.
 std::optional<OrderFault> SerialOrderFault(const SerialOrder& order);
 std::optional<OrderFault> GroupOrderFault(const std::vector<std::string>& subjectIds, const GroupOrder& order);
 
-/// The orders before anyone changed them: true items in item order, then the lures; subjects as they are listed.
+/// The default orders: true items in item order, then lures; subjects in listing order.
 SerialOrder FirstSerialOrder(const ProjectParameters& project);
 GroupOrder FirstGroupOrder(std::size_t subjectCount);
 
@@ -31,7 +31,6 @@ GroupOrder FirstGroupOrder(std::size_t subjectCount);
 /// or more lines, and items outside 1 to `itemCount`, are no such file (end of data).
 SerialOrder ReadSerialOrder(Disk& disk, const std::string& path, int itemCount);
 
-/// The lines of a group-order file.
 struct GroupOrderLines {
   std::vector<std::string> SubjectIds;
   GroupOrder Positions;
@@ -40,16 +39,16 @@ struct GroupOrderLines {
 /// Reads lines "identifier",position to the end of the file. Throws FileError.
 GroupOrderLines ReadGroupOrder(Disk& disk, const std::string& path);
 
-/// The same of a file that someone gave, and what he did not mean: more lines for an identifier than there are subjects
-/// of that name (one line, where there is none).
+/// Like GroupOrderFault, for a file chosen by the user. Also a fault: an identifier with more lines than there are
+/// subjects of that name (one line if there is none).
 std::optional<OrderFault> GroupFileFault(const GroupOrderLines& lines, const std::vector<std::string>& subjectIds);
 
-/// The order that `lines` (without fault) give the subjects of today: those with a line in the order of their
-/// positions, then the new ones as they are listed. Lines of subjects that went are passed over.
+/// The order of the current subjects by `lines`, which must be valid: subjects with a line by position, then the new
+/// ones in listing order. Ignores lines of subjects that are gone.
 GroupOrder FitGroupOrder(const GroupOrderLines& lines, const std::vector<std::string>& subjectIds);
 
-/// The orders as they were saved below the primary directory; nothing where none was, or where it does not fit (no such
-/// file, another length, a fault). Throw FileError for a file that cannot be read.
+/// The orders saved below the primary directory; nullopt for a file that is missing, invalid or of another length.
+/// Throw FileError for a file that cannot be read.
 std::optional<SerialOrder> ReadSavedSerialOrder(Disk& disk, const ProjectParameters& project);
 std::optional<GroupOrder> ReadSavedGroupOrder(Disk& disk, const ProjectParameters& project,
                                               const std::vector<std::string>& subjectIds);

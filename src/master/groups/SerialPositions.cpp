@@ -16,7 +16,7 @@ namespace zova {
 
 namespace {
 
-// The end positions stay as they are.
+// The first and the last position are not smoothed.
 SerialCounts Smoothed(const SerialCounts& shares, int testCount) {
   SerialCounts smooth = shares;
   for (int t = 1; t <= testCount; ++t) {

@@ -18,14 +18,14 @@ using SerialOrder = std::vector<std::int16_t>;
 /// Number of recalls per serial position (row) and test.
 using SerialCounts = TestTable<float>;
 
-/// The columns of the serial-position master: test, position.
+/// A column of the serial-position master: test, position.
 inline constexpr std::string_view kSerialPositionName = "SP(Test % Pos %)";
 
-/// Adds the entries of one subject's lists (lure-free in a false-memory project). Blanks have no serial position.
+/// Adds the entries of one subject's lists, which must not contain lures. Blanks have no serial position.
 void AccumulateSerialPositions(const RecallLists& lists, const SerialOrder& order, SerialCounts& counts);
 
-/// The serial-position master: the share of the subjects who recalled what was presented at each position, observed and
-/// smoothed over three neighbours, both cut to three decimals. `subjectCount` is at least 1.
+/// The serial-position master: for each position the share of the subjects who recalled the item presented there,
+/// observed and smoothed (moving average of three positions), cut to three decimals. `subjectCount` is at least 1.
 std::string FormatSerialPositionMaster(const SerialCounts& counts, int testCount, int subjectCount);
 
 }  // namespace zova

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// The members of a group are read one after the other and pooled at once, so that a run of any length holds one
-// subject's lists and one group's recall.
+// Group members are read one by one and pooled at once, so that memory is limited to one subject's lists and one
+// group's recall.
 
 #include "master/run/CombinedMaster.h"
 
@@ -60,7 +60,7 @@ class CombinedRun {
     return ids;
   }
 
-  // A number that is too large for the group is the fault of no single member: after a Retry all are read again.
+  // An overflow in a group is not the fault of a single member: after a Retry all are read again.
   bool PoolAndScore(const NominalGroup& group, const std::string& label) {
     bool pooled = false;
     const auto poolAndScore = [&] {

@@ -11,18 +11,18 @@
 
 namespace zova {
 
-/// What a combined master is made of; fixed when its run starts.
+/// The input of a combined master's run.
 struct CombinedRequest {
   MeasureSelection Selection;
-  std::string Destination;  ///< content of the destination box when the individual master was asked for
+  std::string Destination;  ///< content of the destination box when the individual master was requested
   GroupSubjects Subjects;
-  std::optional<std::size_t> Separator;  ///< the variable that keeps the groups apart, from index 0
+  std::optional<std::size_t> Separator;  ///< index of the separating variable
   GroupPlan Plan;
 };
 
-/// Writes the combined master, a row per group, into the destination's directory, and its pieces beside the data when
-/// it is wide. A member that cannot be read is asked about as in the individual run; rows written until then stay.
-/// There are no notices.
+/// Writes the combined master, one row per group, into the destination's directory, and the pieces of a wide one into
+/// the primary directory. Faults of a member show the boxes of the individual run; rows already written stay. There are
+/// no notices.
 MasterRunResult CreateCombinedMaster(const ProjectParameters& project, const CombinedRequest& request,
                                      const Platform& platform);
 

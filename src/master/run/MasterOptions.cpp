@@ -35,7 +35,7 @@ void MasterOptions::SettleDestination() {
   try {
     if (!m_disk.DirectoryExists(m_destination)) return;
   } catch (const FileError&) {
-    return;  // the run tells of it
+    return;  // the run reports it
   }
   m_destination += m_destination.front() == '/' ? '/' : '\\';
   m_destination = ResolveDestination(m_destination, *m_project, m_disk.Drives());

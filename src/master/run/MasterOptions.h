@@ -11,12 +11,12 @@
 
 namespace zova {
 
-/// What the master screen, its measure panel and the nominal-group panel hold.
+/// The state of the master screen, its measure panel and the nominal-group panel.
 class MasterOptions {
  public:
   explicit MasterOptions(Disk& disk);
 
-  /// Default measures, all other boxes unchecked, the destination at its default with the lists on the primary
+  /// Sets default measures, unchecks all other boxes, and sets the default destination, with the lists on the primary
   /// directory.
   void Open(const ProjectParameters& project);
   /// Unchecks the boxes below and empties the number of subjects per group.
@@ -25,7 +25,7 @@ class MasterOptions {
   MeasureSelection Selection;
   bool ChkItemAnalysis = false;
   bool ChkCombine = false;
-  bool ChkExportClean = false;  ///< the measures, the recalls as CSV files
+  bool ChkExportClean = false;  ///< measures and recalls as CSV files
   bool ChkExportLong = false;
 
   /// Of the individual master with the measures that are checked.
@@ -33,12 +33,11 @@ class MasterOptions {
 
   [[nodiscard]] const std::string& Destination() const noexcept { return m_destination; }
   void SetDestination(const std::string& text) { m_destination = text; }
-  /// Puts the path that the text stands for in its place (ResolveDestination); in a directory that is there, the
-  /// master's name.
+  /// Replaces the text by the path it means (ResolveDestination), with the master's name for an existing directory.
   void SettleDestination();
-  /// Drive and directory lists; an error in moving them is not told.
+  /// Drive and directory lists; errors in moving them are not reported.
   DirectoryBrowser& Browser() noexcept { return m_browser; }
-  /// The destination is the master's name in the lists' directory, if that is another one than before.
+  /// If the lists' directory has changed, makes the destination the master's name in it.
   void FollowBrowser();
 
   // The nominal-group panel.
@@ -46,12 +45,12 @@ class MasterOptions {
   void SetPerGroupText(const std::string& text) { m_perGroup = text; }
   /// "(none)", then the names of the variables.
   [[nodiscard]] std::vector<std::string> VariableChoices() const;
-  [[nodiscard]] int ChosenVariable() const noexcept { return m_variable; }  ///< index in the choices
+  [[nodiscard]] int ChosenVariable() const noexcept { return m_variable; }  ///< index in VariableChoices
   void ChooseVariable(int choice) noexcept { m_variable = choice; }
   [[nodiscard]] std::optional<std::size_t> Separator() const noexcept;
 
  private:
-  // What the lists would say of a drive that is not ready.
+  // Suppresses the lists' messages about a drive that is not ready.
   struct SilentBoxes final : MessageBoxes {
     BoxAnswer Show(const MessageBox& box) override { return box.Default; }
   };
@@ -60,7 +59,7 @@ class MasterOptions {
   SilentBoxes m_silent;
   const ProjectParameters* m_project = nullptr;
   DirectoryBrowser m_browser;
-  std::string m_followed;  // the lists' directory that the destination last had to do with
+  std::string m_followed;  // the lists' directory when the destination last followed it
   std::string m_destination;
   std::string m_perGroup;
   int m_variable = 0;

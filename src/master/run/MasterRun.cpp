@@ -46,7 +46,7 @@ class IndividualRun {
     return WithRetry(m_context.Boxes, [&] { m_context.Subjects.List(m_request.SubjectFileCount); });
   }
 
-  // Studied items of the long CSV stand in this run's order, else in the saved one.
+  // The long CSV lists studied items in this run's order, else in the saved one.
   bool PrepareFiles() {
     std::optional<SerialOrder> order = m_request.Order;
     const auto readSaved = [&] { order = ReadSavedSerialOrder(m_context.Files, m_context.Project); };
@@ -97,7 +97,7 @@ class IndividualRun {
   }
 
   bool HandOn(const ScoredSubject& subject) {
-    return m_exports.WriteRows(subject) && (m_request.Sink == nullptr || m_request.Sink->Take(subject));
+    return m_exports.WriteRows(subject) && (m_request.Sink == nullptr || m_request.Sink->Add(subject));
   }
 
   void NoteSubject(const std::string& id) {

@@ -14,20 +14,20 @@
 
 namespace zova {
 
-/// What a run is asked for; fixed when it starts.
+/// The input of a run.
 struct MasterRequest {
   MeasureSelection Selection;
-  /// Number of subject files when the master was asked for. With fewer at the start, the run stops with a file error
-  /// after the last; additional ones are not read.
+  /// Number of subject files when the master was requested. With fewer at the start, the run stops with a file error
+  /// after the last one; additional files are not read.
   int SubjectFileCount = 0;
   std::string Destination;           ///< content of the destination box
-  std::optional<SerialOrder> Order;  ///< asks for the serial-position master; every position once
-  /// Ask for a CSV of the measures, of the recalls (CleanExport.h, LongExport.h): a path like `Destination`; "" is
-  /// "AB Clean.csv", "AB Long.csv" in the destination's directory.
+  std::optional<SerialOrder> Order;  ///< requests the serial-position master; every position once
+  /// Request a CSV of the measures or of the recalls (CleanExport.h, LongExport.h): a path like `Destination`; "" is
+  /// "AB Clean.csv" or "AB Long.csv" in the destination's directory.
   std::optional<std::string> CleanFile = std::nullopt;
   std::optional<std::string> LongFile = std::nullopt;
-  bool CombinedFollows = false;       ///< a combined master is to be made next, so that nothing may take its place
-  ScoredSubjectSink* Sink = nullptr;  ///< gets every subject; not owned
+  bool CombinedFollows = false;       ///< a combined master follows, so no other file may have its path
+  ScoredSubjectSink* Sink = nullptr;  ///< receives every subject; not owned
 };
 
 /// The subjects of whom the user should know, as notices; "" when there is none.
@@ -47,10 +47,10 @@ struct MasterRunResult {
   std::vector<std::filesystem::path> Written;  ///< each file once, in the order of writing
 };
 
-/// Writes the individual master: header first, to the destination; then a row per subject file, to the master in the
-/// primary directory, whatever the destination. A master of more than 256 columns is also written in pieces beside
-/// the data. Then, if asked for, the serial-position master into the destination's directory.
-/// Nothing is shown at the end of a completed run: notices and final message are the caller's.
+/// Writes the individual master: the header to the destination, then one row per subject file to the master in the
+/// primary directory, whatever the destination. A master of more than 256 columns is also written in pieces to the
+/// primary directory. Then, if requested, writes the serial-position master into the destination's directory. The
+/// caller shows the notices and the final message.
 MasterRunResult CreateMasters(const ProjectParameters& project, const MasterRequest& request, const Platform& platform);
 
 /// Shows what `notices` holds, in the order of its fields.

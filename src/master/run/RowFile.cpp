@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// A master is emptied and written in place: its file may be a link, a device, or lie where no other can be made. It
-// holds the header and whole rows, or, where the header itself could not be written, nothing.
+// A master is emptied and written in place: its file may be a link, a device, or in a directory where no file can be
+// created. It has the header and whole rows, or is empty when the header could not be written.
 
 #include "master/run/RowFile.h"
 

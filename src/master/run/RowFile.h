@@ -13,15 +13,15 @@
 
 namespace zova {
 
-/// A file of a header and rows, and its pieces when it is a wide master. Asks the user about every fault; all functions
-/// are false when the user gave up.
+/// A file with a header and rows, and the pieces of a wide master. Every fault shows a box; all functions return false
+/// when the user cancels.
 class RowFile {
  public:
   /// `written` gets each file once, in the order of writing.
   RowFile(Disk& disk, MessageBoxes& boxes, std::vector<std::filesystem::path>& written)
       : m_disk(disk), m_boxes(boxes), m_written(written) {}
 
-  /// Replaces the header's file and the pieces by their header lines.
+  /// Overwrites the header's file and the pieces with their header lines.
   bool WriteHeader(const RowPaths& paths, const MasterHeaderLine& header);
   bool WriteRow(std::string_view row);
   bool Close();
@@ -36,12 +36,12 @@ class RowFile {
   std::vector<std::filesystem::path>& m_written;
   RowPaths m_paths;
   int m_columnCount = 0;
-  std::vector<AppendFile> m_files;  // the whole one first, then the pieces; opened by the first row
+  std::vector<AppendFile> m_files;  // the whole file first, then the pieces; opened by the first row
   bool m_anyRow = false;
   std::string m_line;
 };
 
-/// Replaces a file by `content`. False when the user gave up.
+/// Replaces a file by `content`. False when the user cancels.
 bool WriteRunFile(const std::string& path, const std::string& content, Disk& disk, MessageBoxes& boxes,
                   std::vector<std::filesystem::path>& written);
 

@@ -12,9 +12,9 @@
 
 namespace zova {
 
-/// What a run of either kind of master works with. Records and texts keep their memory from row to row.
+/// The working state of a run of either kind of master. Records and texts reuse their memory from row to row.
 struct RunContext {
-  /// `rowCount`: of subjects or groups.
+  /// `rowCount` is the number of subjects or groups.
   RunContext(const ProjectParameters& project, const MeasureSelection& selection, int rowCount,
              const Platform& platform)
       : Project(project),
@@ -38,9 +38,9 @@ struct RunContext {
   PercentProgress Bar;
 
   MasterHeaderLine Header;
-  SubjectRecord Record;  ///< the subject read last
-  ScoringArrays Scores;  ///< of the subject or group scored last
-  std::string Row;       ///< and its line of the master
+  SubjectRecord Record;  ///< the last subject read
+  ScoringArrays Scores;  ///< of the last subject or group scored
+  std::string Row;       ///< its line of the master
 };
 
 }  // namespace zova

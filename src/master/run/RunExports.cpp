@@ -14,7 +14,7 @@ void RunExports::Open(const RunPaths& paths, const std::optional<SerialOrder>& o
   }
 }
 
-// A CSV has no pieces, however many columns it has.
+// A CSV is never cut into pieces.
 template <typename Format>
 bool RunExports::WriteHeader(std::optional<Export<Format>>& file) {
   return !file || file->File.WriteHeader({file->Path, file->Path, {}}, {file->Lines.Header(), 0, {}});

@@ -10,13 +10,13 @@
 
 namespace zova {
 
-/// The CSV files that a run of the individual master writes beside it, those that it has a path for. The functions that
-/// write are false when the user gave up.
+/// The CSV files that a run of the individual master also writes, if it has paths for them. Writing functions return
+/// false when the user cancels.
 class RunExports {
  public:
   explicit RunExports(RunContext& context) : m_context(context) {}
 
-  /// Nothing is written yet. Studied items stand in `order`.
+  /// Writes nothing yet. Studied items are listed in `order`.
   void Open(const RunPaths& paths, const std::optional<SerialOrder>& order);
   bool WriteHeaders();
   bool WriteRows(const ScoredSubject& subject);

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "platform/desktop/FileErrorBoxes.h"
-#include "scoring/RunError.h"
+#include "scoring/ScoringError.h"
 
 namespace zova {
 
@@ -13,8 +13,8 @@ bool WithRunRetry(MessageBoxes& boxes, Step&& step, Where&& where) {
   for (;;) {
     try {
       return WithRetry(boxes, step);
-    } catch (const RunError& error) {
-      if (!ReportRunError(boxes, RunFaultText(error.Fault()), where() + ": " + error.what() + ".")) return false;
+    } catch (const ScoringError& error) {
+      if (!ShowRetryBox(boxes, ScoringFaultText(error.Fault()), where() + ": " + error.what() + ".")) return false;
     }
   }
 }

@@ -4,15 +4,15 @@
 
 #include "platform/desktop/FileErrorBoxes.h"
 #include "project/ProjectLayout.h"
-#include "scoring/RunError.h"
+#include "scoring/ScoringError.h"
 
 namespace zova {
 
 namespace {
 
 // Before anything is written there is nothing to retry.
-void ShowRunStopped(const RunError& error, MessageBoxes& boxes) {
-  boxes.Show({.Text = RunFaultText(error.Fault()),
+void ShowRunStopped(const ScoringError& error, MessageBoxes& boxes) {
+  boxes.Show({.Text = ScoringFaultText(error.Fault()),
               .Icon = BoxIcon::Exclamation,
               .Buttons = BoxButtons::Cancel,
               .Default = BoxAnswer::Cancel,
@@ -32,9 +32,10 @@ std::optional<int> CountSubjectFiles(const ProjectParameters& project, Disk& dis
   });
   if (!listed) return std::nullopt;
   if (found > kMaxSubjects) {
-    ShowRunStopped({RunFault::Overflow, "There are " + std::to_string(found) + " subject files; a master can have " +
-                                            std::to_string(kMaxSubjects) + "."},
-                   boxes);
+    ShowRunStopped(
+        {ScoringFault::Overflow, "There are " + std::to_string(found) + " subject files; a master can have " +
+                                     std::to_string(kMaxSubjects) + "."},
+        boxes);
     return std::nullopt;
   }
   const int count = static_cast<int>(found);
@@ -47,7 +48,7 @@ bool BuildHeader(const ProjectParameters& project, const MeasureSelection& selec
   try {
     header = BuildMasterHeader(project, selection, kind);
     return true;
-  } catch (const RunError& error) {
+  } catch (const ScoringError& error) {
     ShowRunStopped(error, boxes);
     return false;
   }

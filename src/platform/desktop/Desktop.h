@@ -6,29 +6,28 @@
 
 namespace zova {
 
-/// What the rules ask of the desktop around them. Calls nest.
+/// The desktop as the rules use it. Calls of ShowBusyPointer and RestorePointer nest.
 class Desktop {
  public:
   virtual ~Desktop() = default;
   virtual void ShowBusyPointer() = 0;
   virtual void RestorePointer() = 0;
   virtual void Beep() = 0;
-  /// Shows a directory (a native path) in the system's file manager. False when the system has none that takes it.
+  /// Opens a directory (a native path) in the system's file manager. False when that fails.
   virtual bool OpenFolder(const std::filesystem::path& directory) = 0;
 };
 
-/// How far a long run has come.
+/// The progress of a long run.
 class Progress {
  public:
   virtual ~Progress() = default;
-  /// `percent` from 0 to 100; `text` is the label beside the bar.
+  /// `percent` is 0 to 100; `text` is the label beside the bar.
   virtual void Show(int percent, const std::string& text) = 0;
-  /// Lets the window repaint, at most every 50 ms. What the user does meanwhile is discarded while the bar is up, and
-  /// waits while it is not.
+  /// Lets the window repaint, at most every 50 ms. Input during that time is discarded while the bar is shown, and
+  /// deferred otherwise.
   virtual void ProcessEvents() = 0;
 };
 
-/// Shows the busy pointer for as long as it lives.
 class BusyPointer {
  public:
   explicit BusyPointer(Desktop& desktop) : m_desktop(desktop) { m_desktop.ShowBusyPointer(); }

@@ -27,7 +27,7 @@ bool CanEnter(Disk& disk, const std::string& path) {
 
 using Components = std::vector<std::string>;
 
-// What follows the drive, "." and ".." worked out: they would be no names to show.
+// The components after the drive, with "." and ".." resolved.
 Components ComponentsOf(std::string_view path) {
   Components parts;
   for (const std::string_view part : PathComponents(path)) {
@@ -46,8 +46,8 @@ std::string Joined(char letter, const Components& parts) {
   return path;
 }
 
-// The names as the disk has them, where a typed path differs in case. Looking up keeps the number of components.
-void TakeSpellingOfDisk(Disk& disk, char letter, Components& parts) {
+// Replaces the names by their spelling on the disk. The lookup keeps the number of components.
+void UseDiskSpelling(Disk& disk, char letter, Components& parts) {
   const std::filesystem::path native = disk.Resolve(Joined(letter, parts), FileOperation::List).Native;
   auto inNative = std::prev(native.end(), static_cast<std::ptrdiff_t>(parts.size()));
   for (std::string& part : parts) part = PathText(*inNative++);
@@ -82,7 +82,7 @@ bool DirectoryBrowser::TryOpen(const std::string& path) {
     if (!HasDrive(drivePath)) return false;
     const char letter = UpperLetter(drivePath.front());
     Components parts = ComponentsOf(drivePath);
-    TakeSpellingOfDisk(m_disk, letter, parts);
+    UseDiskSpelling(m_disk, letter, parts);
     const Components children = m_disk.ListDirectories(Joined(letter, parts));
 
     std::vector<Entry> entries = {{RootOf(letter), RootOf(letter), 0}};
@@ -95,14 +95,14 @@ bool DirectoryBrowser::TryOpen(const std::string& path) {
     for (const std::string& child : children) entries.push_back({child, JoinPath(m_path, child), depth});
     m_entries = std::move(entries);
     return true;
-  } catch (const std::exception&) {  // FileError, and what a name that the platform cannot spell throws
+  } catch (const std::exception&) {  // FileError, or an error for a name that the platform cannot represent
     return false;
   }
 }
 
 void DirectoryBrowser::ReadAnew() {
   FindDrives();
-  // What is open may be gone itself: then the nearest directory above it that is left.
+  // The open directory may be gone: falls back to its nearest existing parent.
   for (std::size_t entry = m_openEntry + 1; entry > 0; --entry) {
     if (TryOpen(std::string(m_entries[entry - 1].Path))) return;
   }

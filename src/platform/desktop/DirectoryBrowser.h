@@ -10,36 +10,35 @@
 
 namespace zova {
 
-/// What a drive list and a directory list show: the drives, the directories on the way to the open one, and those in
-/// it, only such as can be entered, hidden ones aside. It speaks drive-letter paths; a drive's root is "C:\".
+/// The content of a drive list and a directory list: the drives, the parents of the open directory, and its
+/// subdirectories that can be entered, without hidden ones. Paths are drive-letter paths; a drive's root is "C:\".
 class DirectoryBrowser {
  public:
   struct Entry {
-    std::string Name;  ///< "C:\" for the root, else the directory's own name
+    std::string Name;  ///< "C:\" for the root
     std::string Path;
     int Depth = 0;  ///< 0 for the root; shown as indentation
   };
 
-  /// `notReadyText` is said of a drive or directory that cannot be entered (exclamation).
-  /// It starts as after Reset.
+  /// `notReadyText` is the warning for a drive or directory that cannot be entered. Starts as after Reset.
   DirectoryBrowser(Disk& disk, MessageBoxes& boxes, std::string notReadyText);
 
-  /// Letters of the drives whose root can be entered now.
+  /// Letters of the drives whose root can be entered.
   [[nodiscard]] const std::vector<char>& Drives() const noexcept { return m_drives; }
   [[nodiscard]] char Drive() const noexcept { return m_path.front(); }
   /// The open directory.
   [[nodiscard]] const std::string& Path() const noexcept { return m_path; }
   [[nodiscard]] const std::vector<Entry>& Entries() const noexcept { return m_entries; }
-  /// Index in Entries of the open directory.
+  /// The open directory's index in Entries.
   [[nodiscard]] std::size_t OpenEntry() const noexcept { return m_openEntry; }
 
-  /// To the root of "C:" (or of the first drive there is), with the drives looked for anew. Silent.
+  /// Searches for drives again and opens the root of "C:", or of the first drive. Shows no message.
   void Reset();
-  /// Silent; false, and all stays, when `path` cannot be entered. It may be a native one, or end with backslashes; it
-  /// is shown in the disk's spelling.
+  /// Opens `path`, in the disk's spelling. A native path and trailing backslashes are allowed. False, with no message
+  /// and no change, when it cannot be entered.
   bool TryOpen(const std::string& path);
-  /// The same on the user's command: told when it fails, and the list is read anew (a directory that is gone closes,
-  /// up to the nearest one that is left). A drive opens at its root.
+  /// Like TryOpen, on the user's command: a failure shows a message and reads the list again (an open directory that is
+  /// gone is replaced by its nearest existing parent). A drive opens at its root.
   bool SelectDrive(char letter);
   bool Open(std::size_t entry);
 

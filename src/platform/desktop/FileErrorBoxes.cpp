@@ -28,13 +28,13 @@ bool ReportFileError(MessageBoxes& boxes, const FileError& error) {
     case FileCause::EndOfData:
       Warn(boxes, "This is not a valid file format.  Please select a different file.", DetailsOf(error));
       return true;
-    case FileCause::PathNotFound: return ReportRunError(boxes, kPathNotFound, DetailsOf(error));
-    case FileCause::System: return ReportRunError(boxes, SystemText(error.Code()), DetailsOf(error));
+    case FileCause::PathNotFound: return ShowRetryBox(boxes, kPathNotFound, DetailsOf(error));
+    case FileCause::System: return ShowRetryBox(boxes, SystemText(error.Code()), DetailsOf(error));
   }
   return false;
 }
 
-bool ReportRunError(MessageBoxes& boxes, const std::string& text, const std::string& details) {
+bool ShowRetryBox(MessageBoxes& boxes, const std::string& text, const std::string& details) {
   return boxes.Show({.Text = text,
                      .Icon = BoxIcon::Exclamation,
                      .Buttons = BoxButtons::RetryCancel,

@@ -10,15 +10,15 @@ namespace zova {
 
 inline constexpr const char* kPathNotFound = "Path not found.  Please verify that the correct disk is in the drive.";
 
-/// The answer to "try again?". True also after end of data, where only an OK is asked for: the caller decides
-/// whether another file can be chosen. False without a box when a file dialog was cancelled.
+/// Shows the error; true for Retry. An end of data has only an OK button and returns true: the caller decides whether
+/// another file can be chosen. For a cancelled file dialog returns false without a box.
 bool ReportFileError(MessageBoxes& boxes, const FileError& error);
 
-/// An error that is not the file system's, reported in the same box.
-bool ReportRunError(MessageBoxes& boxes, const std::string& text, const std::string& details);
+/// Shows an error with Retry and Cancel; true for Retry.
+bool ShowRetryBox(MessageBoxes& boxes, const std::string& text, const std::string& details);
 
-/// Runs the smallest step that can be repeated until it succeeds. False when the user gave up, or when a file ended
-/// early: reading the same bytes again would end the same way.
+/// Repeats `step`, the smallest repeatable one, until it succeeds. False when the user cancels, or after an end of
+/// data, which a retry cannot change.
 template <typename Step>
 bool WithRetry(MessageBoxes& boxes, Step&& step) {
   for (;;) {

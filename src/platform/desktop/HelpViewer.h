@@ -5,7 +5,7 @@
 
 namespace zova {
 
-/// Shows the help file. `topic` is an anchor in it, "" the contents.
+/// Shows the help file. `topic` is an anchor in it; "" shows the contents.
 class HelpViewer {
  public:
   virtual ~HelpViewer() = default;

@@ -9,7 +9,7 @@ enum class BoxIcon { None, Information, Question, Exclamation, Critical };
 enum class BoxButtons { Ok, YesNo, YesNoCancel, RetryCancel, Cancel };
 enum class BoxAnswer { Ok, Yes, No, Cancel, Retry };
 
-/// A modal message. The default answer is the one that loses nothing, unless a rule fixes another.
+/// A modal message. The default answer loses no data, unless a rule sets another.
 struct MessageBox {
   std::string Text;
   BoxIcon Icon = BoxIcon::None;
@@ -19,20 +19,20 @@ struct MessageBox {
   std::string Details = {};  ///< secondary text
 };
 
-/// While a box is up the pointer is the normal one, however busy the program is.
+/// Shows the normal pointer while a box is open, even when the program is busy.
 class MessageBoxes {
  public:
   virtual ~MessageBoxes() = default;
   virtual BoxAnswer Show(const MessageBox& box) = 0;
 };
 
-/// Exclamation mark and OK.
+/// With exclamation mark and OK button.
 void Warn(MessageBoxes& boxes, const std::string& text, const std::string& details = {});
 
-/// Information mark and OK.
+/// With information mark and OK button.
 void Inform(MessageBoxes& boxes, const std::string& text);
 
-/// Asks whether to go on with what cannot be undone, or goes against the usual. No is the default.
+/// Asks for confirmation of an irreversible or unusual act. No is the default.
 struct Question {
   std::string Text;
   BoxIcon Icon = BoxIcon::Exclamation;

@@ -7,10 +7,10 @@
 
 namespace zova {
 
-/// Shows how many of `total` steps are done as a percentage, and the bar nothing but a new one.
+/// Shows the share of `total` steps that are done, and updates the bar only when the percentage changes.
 class PercentProgress {
  public:
-  /// The label is `before`, the percentage and `after`.
+  /// The label is `before`, the percentage, `after`.
   PercentProgress(Progress& bar, std::size_t total, const char* before, const char* after)
       : m_bar(bar), m_total(total), m_before(before), m_after(after) {}
 

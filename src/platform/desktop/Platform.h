@@ -10,7 +10,7 @@
 
 namespace zova {
 
-/// Everything outside the rules that they use. Its parts outlive all that is given a copy of it.
+/// The interfaces through which the rules use their environment. They outlive every copy of this struct.
 struct Platform {
   Disk& Files;
   MessageBoxes& Boxes;

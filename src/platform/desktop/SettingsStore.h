@@ -5,8 +5,8 @@
 
 namespace zova {
 
-/// The user's stored settings: texts by section and key. Set and Remove are on the disk when they return; they throw
-/// FileError (Write) that names the store's file.
+/// The user's stored settings: texts by section and key. Set and Remove return when the change is on the disk; they
+/// throw FileError (Write) naming the store's file.
 class SettingsStore {
  public:
   virtual ~SettingsStore() = default;

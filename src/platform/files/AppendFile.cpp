@@ -32,7 +32,7 @@ void AppendFile::Append(std::string_view bytes) {
     try {
       if (m_cutBackDue) CutBack();
     } catch (const std::system_error&) {
-      // Still due: the next attempt begins with it.
+      // The next attempt truncates first.
     }
     ThrowFileError(m_layer, FileOperation::Append, m_path, error.code());
   }

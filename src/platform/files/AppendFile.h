@@ -11,13 +11,13 @@
 
 namespace zova {
 
-/// A file that rows are added to, held open between them.
+/// A file to which rows are appended; it stays open between rows.
 class AppendFile {
  public:
   AppendFile(FileLayer& layer, ResolvedPath path);
-  /// Adds `bytes` whole or not at all: what a failed call left behind is cut off again. Throws FileError.
+  /// Appends all of `bytes` or none: truncates what a failed call has written. Throws FileError.
   void Append(std::string_view bytes);
-  /// Tells of faults that only closing shows; the next Append would open the file again. Throws FileError.
+  /// Throws FileError for a fault that only closing reveals. The next Append opens the file again.
   void Close();
   [[nodiscard]] const std::filesystem::path& Native() const noexcept { return m_path.Native; }
 

@@ -8,11 +8,11 @@
 
 namespace zova {
 
-/// The file error that stands for a fault in the data file `path`: the end of the data, or, for a number beyond the
-/// 16-bit range, the system's "out of range"; either names the line.
+/// A fault in the data file `path` as a FileError that names the line: end of data, or the system's "out of range" for
+/// a number beyond 16 bits.
 FileError DataFileError(const FieldError& fault, const std::string& path);
 
-/// What `parse` makes of the file `path`, a FieldError of it turned into the FileError.
+/// Runs `parse`; rethrows its FieldError as the FileError of `path`.
 template <typename Parse>
 auto ParsingFile(const std::string& path, Parse&& parse) {
   try {

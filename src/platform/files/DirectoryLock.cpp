@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// POSIX systems lock the directory itself. Windows cannot, so there a file in it stands for the lock, open to nobody
-// else and deleted by the system when its handle goes. Its name is that of a temporary file: listings leave it out, and
-// a sweep of leftovers cannot delete it as long as it is open.
+// POSIX systems lock the directory itself. Windows cannot, so a file in the directory represents the lock, opened
+// without sharing and deleted by the system when its handle is closed. It has the name of a temporary file: listings
+// omit it, and the removal of leftovers cannot delete it while it is open.
 
 #include "platform/files/DirectoryLock.h"
 
@@ -29,7 +29,7 @@ using Outcome = DirectoryLock::Outcome;
 
 constexpr std::intptr_t kNone = -1;
 
-struct Taken {
+struct Attempt {
   Outcome Result;
   std::intptr_t Handle = kNone;
 };
@@ -48,7 +48,7 @@ bool IsSameFile(HANDLE left, HANDLE right) {
          leftFacts.nFileIndexHigh == rightFacts.nFileIndexHigh && leftFacts.nFileIndexLow == rightFacts.nFileIndexLow;
 }
 
-Taken Take(const std::filesystem::path& directory, std::intptr_t held) {
+Attempt TryLock(const std::filesystem::path& directory, std::intptr_t held) {
   const std::wstring name = WindowsName(directory / L".zova-lock.tmp");
   const WindowsHandle present = OpenForFacts(name);
   if (held != kNone && present && IsSameFile(present.get(), AsHandle(held))) return {Outcome::Held, held};
@@ -62,30 +62,30 @@ Taken Take(const std::filesystem::path& directory, std::intptr_t held) {
 
 void Close(std::intptr_t handle) noexcept { (void)close(static_cast<int>(handle)); }
 
-// By the directory itself, not by its path: one that was deleted and made anew is another.
+// Compares the directory itself, not its path: a directory deleted and created again is another one.
 bool IsLockOn(std::intptr_t held, const struct stat& directory) {
   struct stat own = {};
   return held != kNone && fstat(static_cast<int>(held), &own) == 0 && own.st_dev == directory.st_dev &&
          own.st_ino == directory.st_ino;
 }
 
-Taken Take(const std::filesystem::path& directory, std::intptr_t held) {
+Attempt TryLock(const std::filesystem::path& directory, std::intptr_t held) {
   constexpr mode_t kAnyWrite = S_IWUSR | S_IWGRP | S_IWOTH;
   const int handle = open(directory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
   if (handle < 0) return {Outcome::Unavailable};
   struct stat status = {};
-  Taken taken = {Outcome::Unavailable};
+  Attempt attempt = {Outcome::Unavailable};
   if (fstat(handle, &status) == 0 && IsLockOn(held, status)) {
-    taken = {Outcome::Held, held};
+    attempt = {Outcome::Held, held};
   } else if ((status.st_mode & kAnyWrite) == 0 || access(directory.c_str(), W_OK) != 0) {
-    // Read-only, for the system's administrator too.
+    // Read-only, also for the system's administrator.
   } else if (flock(handle, LOCK_EX | LOCK_NB) == 0) {
     return {Outcome::Held, handle};
   } else if (errno == EWOULDBLOCK) {
-    taken = {Outcome::InUse};
+    attempt = {Outcome::InUse};
   }
   Close(handle);
-  return taken;
+  return attempt;
 }
 
 #endif
@@ -93,11 +93,11 @@ Taken Take(const std::filesystem::path& directory, std::intptr_t held) {
 }  // namespace
 
 DirectoryLock::Outcome DirectoryLock::Acquire(const std::filesystem::path& directory) {
-  const Taken taken = Take(directory, m_handle);
-  if (taken.Result == Outcome::InUse || taken.Handle == m_handle) return taken.Result;
+  const Attempt attempt = TryLock(directory, m_handle);
+  if (attempt.Result == Outcome::InUse || attempt.Handle == m_handle) return attempt.Result;
   Release();
-  m_handle = taken.Handle;
-  return taken.Result;
+  m_handle = attempt.Handle;
+  return attempt.Result;
 }
 
 void DirectoryLock::Release() noexcept {

@@ -6,14 +6,14 @@
 
 namespace zova {
 
-/// Keeps a second copy of the program off a directory. The operating system gives the lock back when the program ends
-/// in whatever way; nothing is left behind in the directory, and no listing shows the lock.
+/// Keeps a second copy of the program out of a directory. The operating system releases the lock when the process ends,
+/// also when it is killed; no file remains, and no listing shows the lock.
 class DirectoryLock {
  public:
   enum class Outcome {
     Held,
-    InUse,       ///< another program, or another lock of this one, has it
-    Unavailable  ///< missing, read-only, or on a file system without locks: one goes without
+    InUse,       ///< locked by another program, or by another lock of this one
+    Unavailable  ///< missing, read-only, or on a file system without locks: it is used unlocked
   };
 
   DirectoryLock() = default;
@@ -21,8 +21,8 @@ class DirectoryLock {
   DirectoryLock(const DirectoryLock&) = delete;
   DirectoryLock& operator=(const DirectoryLock&) = delete;
 
-  /// Takes `directory` (a native path), then gives back what this held before; with InUse that stays held. A directory
-  /// that this holds already is Held.
+  /// Locks `directory` (a native path), then releases the previous lock, which stays held on InUse. Held also for a
+  /// directory that this lock already holds.
   Outcome Acquire(const std::filesystem::path& directory);
   void Release() noexcept;
 

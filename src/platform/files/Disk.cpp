@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// A file is replaced by writing ".zova-<n>.tmp" beside it, flushing, and renaming over it. A leftover of such a name is
-// the trace of a save that was killed; the next save into the directory removes it.
+// A file is replaced by writing ".zova-<n>.tmp" beside it, flushing, and renaming. A killed save leaves such a file
+// behind; the next save into the directory deletes it.
 
 #include "platform/files/Disk.h"
 
@@ -36,14 +36,14 @@ bool IsHidden(std::string_view name) noexcept {
 #endif
 }
 
-// A backslash would be taken for two components, a quote or a control character would break the file it is kept in.
+// A backslash would split the name, a quote or a control character would break the file that stores it.
 bool FitsStoredPath(std::string_view name) noexcept {
   const auto breaks = [](char c) { return c == '\\' || BreaksField(c); };
   return IsValidUtf8(name) && std::none_of(name.begin(), name.end(), breaks);
 }
 
 std::vector<std::string> InListingOrder(std::vector<std::string> names) {
-  std::vector<std::pair<std::string, std::string>> keyed;  // upper-cased, as it stands
+  std::vector<std::pair<std::string, std::string>> keyed;  // in upper case, as spelt
   keyed.reserve(names.size());
   for (std::string& name : names) keyed.emplace_back(UpperCase(name), std::move(name));
   std::sort(keyed.begin(), keyed.end());
@@ -57,7 +57,7 @@ fs::path TemporaryBeside(const fs::path& target) {
          (std::string(kTemporaryPrefix) + std::to_string(random()) + std::string(kTemporarySuffix));
 }
 
-// A file system without permissions is no reason to refuse a save.
+// Permissions that cannot be copied do not stop a save.
 void KeepPermissions(FileLayer& layer, const fs::path& from, const fs::path& to) {
   try {
     if (layer.Kind(from) == EntryKind::File) layer.CopyPermissions(from, to);
@@ -67,7 +67,7 @@ void KeepPermissions(FileLayer& layer, const fs::path& from, const fs::path& to)
 
 }  // namespace
 
-// Every call to the layer goes through here: its errors become file errors that name the path as the caller spelt it.
+// Runs a call to the layer and turns its errors into file errors that name the path as the caller spelt it.
 template <typename Call>
 auto Disk::Guarded(FileOperation operation, const ResolvedPath& path, Call&& call) {
   try {
@@ -184,7 +184,7 @@ void Disk::ReplaceFile(const fs::path& target, std::string_view content, Durabil
     try {
       m_layer.Remove(temporary);
     } catch (const std::system_error&) {
-      // The next save into this directory removes it.
+      // The next save into this directory deletes it.
     }
     throw;
   }
@@ -217,7 +217,7 @@ void Disk::WriteInPlace(std::string_view path, std::string_view content) {
       try {
         m_layer.Truncate(target.Native, 0);
       } catch (const std::system_error&) {
-        // The fault that is told is the first.
+        // The first fault is the one reported.
       }
       throw;
     }
@@ -235,7 +235,7 @@ void Disk::RemoveLeftoversIn(const fs::path& directory) {
     try {
       m_layer.Remove(directory / PathFromText(entry.Name));
     } catch (const std::system_error&) {
-      // Another user's, perhaps: no reason to refuse a save.
+      // Perhaps another user's. It does not stop a save.
     }
   }
 }

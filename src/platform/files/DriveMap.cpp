@@ -18,7 +18,7 @@ constexpr bool kDrivesAreNative = false;
 bool IsLetter(char c) noexcept { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
 char Upper(char c) noexcept { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
 
-// How many components of `path` the root covers, or nothing when the path does not lie in it.
+// How many components of `path` the root covers; nullopt when the path is not in it.
 std::optional<std::ptrdiff_t> CoveredBy(const std::filesystem::path& root, const std::filesystem::path& path) {
   auto inPath = path.begin();
   std::ptrdiff_t covered = 0;
@@ -70,7 +70,7 @@ std::optional<std::filesystem::path> DriveMap::ToNative(std::string_view path) c
   const auto drive = std::find_if(m_drives.begin(), m_drives.end(),
                                   [letter = Upper(path[0])](const Drive& d) { return d.Letter == letter; });
   if (drive == m_drives.end() && !kDrivesAreNative) return std::nullopt;
-  // Begins at the root in any case: "C:" and "C:name" alone would go by that drive's current directory.
+  // Always starts at the root: "C:" and "C:name" alone would start at the drive's current directory.
   std::filesystem::path native =
       drive != m_drives.end() ? drive->Root : PathFromText(std::string(path.substr(0, 2)) + "\\");
   for (const std::string_view component : PathComponents(path)) native /= PathFromText(component);

@@ -11,9 +11,9 @@
 
 namespace zova {
 
-/// Between the drive-letter paths that all files and screens speak ("C:\Data\Sdata", UTF-8, backslashes) and the
-/// platform's own paths. A map of drive letters to directories. On Windows a letter outside the map is the system's own
-/// drive, and the environment's map is empty: every path is itself.
+/// Maps drive letters to directories, and so the drive-letter paths in all files and on all screens ("C:\Data\Sdata",
+/// UTF-8, backslashes) to the platform's paths. On Windows a letter outside the map is the system's own drive, and the
+/// environment's map is empty: every path is itself.
 class DriveMap {
  public:
   struct Drive {
@@ -23,18 +23,18 @@ class DriveMap {
 
   explicit DriveMap(std::vector<Drive> drives);
 
-  /// `C:` is the home directory and `Z:` the root of the file system; the environment variable ZOVA_DRIVES
-  /// ("C=/dir;D=/dir") replaces the whole map. Neither holds on Windows.
+  /// `C:` is the home directory and `Z:` the root of the file system, unless the environment variable ZOVA_DRIVES
+  /// ("C=/dir;D=/dir") replaces the whole map. On Windows the map is empty.
   static DriveMap FromEnvironment();
-  /// `setting` in the form of ZOVA_DRIVES. Parts that are no assignment to a letter are passed over.
+  /// Parses a value of ZOVA_DRIVES. Ignores parts that are not an assignment to a letter.
   static DriveMap Parse(std::string_view setting);
 
-  /// The platform's path of a drive-letter path, as spelt. An absolute path of the platform is itself. Nothing when the
-  /// letter has no drive, or when the text is neither.
+  /// The platform's path for a drive-letter path, without looking it up. An absolute path of the platform is unchanged.
+  /// nullopt for a letter without a drive and for any other text.
   [[nodiscard]] std::optional<std::filesystem::path> ToNative(std::string_view path) const;
 
-  /// The drive-letter path of an absolute path of the platform, by the longest root that holds it. Text that is no
-  /// such path, or lies below no root, stays as it is.
+  /// The drive-letter path for an absolute path of the platform, by the longest root that contains it. Any other text
+  /// is unchanged.
   [[nodiscard]] std::string ToDrivePath(std::string_view path) const;
 
   [[nodiscard]] const std::vector<Drive>& Drives() const noexcept { return m_drives; }

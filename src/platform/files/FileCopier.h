@@ -9,17 +9,17 @@
 
 namespace zova {
 
-/// Copies files of one directory into another by name, replacing what has that name there (exact spelling first, else
-/// without regard to case). The target is listed once, before the first file, so that a thousand files cost a
-/// thousand times one. Two of the files whose names differ by case alone stay two.
+/// Copies files of one directory into another by name, replacing files of that name there (exact spelling, else without
+/// regard to case). Lists the target once, so that the time is linear in the number of files. Two files whose names
+/// differ only in case remain two.
 class FileCopier {
  public:
-  /// Touches nothing yet. Drive-letter paths of two directories.
+  /// `from` and `to` are drive-letter paths of directories. Does not access the disk.
   FileCopier(Disk& disk, std::string from, std::string to, std::vector<std::string> names);
 
   [[nodiscard]] const std::vector<std::string>& Names() const noexcept { return m_names; }
 
-  /// One file, whole or not at all. Throws FileError.
+  /// Copies one file atomically. Throws FileError.
   void Copy(const std::string& name);
 
  private:
@@ -33,7 +33,7 @@ class FileCopier {
   ResolvedPath m_resolvedFrom;
   ResolvedPath m_resolvedTo;
   std::vector<std::string> m_names;
-  std::map<std::string, std::string> m_others;  // files in the target with none of the names, by their upper case
+  std::map<std::string, std::string> m_others;  // other files in the target, by upper-cased name
 };
 
 }  // namespace zova

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// A place is told by the identity of the nearest directory or file that exists, and by the names that are missing
-// below it. Missing names differ by more than case: a lookup would find the first of them under either spelling.
+// A place is the identity of the nearest existing directory or file, and the missing names below it. Missing names are
+// compared without regard to case, since a lookup would find the first one created under either spelling.
 
 #include "platform/files/FilePlace.h"
 
@@ -19,7 +19,7 @@ namespace fs = std::filesystem;
 namespace {
 
 struct Place {
-  fs::path Nearest;  // exists, without links
+  fs::path Nearest;  // exists; links resolved
   FileIdentity Identity;
   std::vector<std::string> Missing;
 };

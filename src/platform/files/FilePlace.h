@@ -7,11 +7,11 @@
 
 namespace zova {
 
-/// True when the two native paths are one file or directory, by whatever link, mount or `..`; where neither exists,
-/// when creating the one would make the other. Throws std::system_error.
+/// True when both native paths lead to one file or directory, through links, mounts or `..`, or would if one were
+/// created. Throws std::system_error.
 bool IsSameEntry(FileLayer& layer, const std::filesystem::path& left, const std::filesystem::path& right);
 
-/// True when `inner` lies below `outer`, and is not itself `outer`. Throws std::system_error.
+/// True when `inner` is below `outer` and not `outer` itself. Throws std::system_error.
 bool LiesBelow(FileLayer& layer, const std::filesystem::path& inner, const std::filesystem::path& outer);
 
 }  // namespace zova

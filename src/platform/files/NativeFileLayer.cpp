@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// The file layer of POSIX systems: the standard library but for what it lacks, pushing a file and a directory to the
-// disk and asking what this user may do. WindowsFileLayer.cpp has its Windows half. Directories are listed by the
-// system's own calls: the library makes a path of every entry, which takes several times as long as all else about it.
+// The file layer of POSIX systems (Windows: WindowsFileLayer.cpp). Uses the standard library, and system calls for what
+// it lacks: flushing files and directories, and this user's permissions. Directories are listed by system calls, since
+// the library builds a path for every entry, which is several times slower.
 
 #ifndef _WIN32
 
@@ -70,7 +70,7 @@ struct DirectoryCloser {
 class NativeOutputFile final : public OutputFile {
  public:
   explicit NativeOutputFile(std::FILE* file) : m_file(file) {
-    // One write reaches the system as one call: a row of a master is in the file whole, or its fault is told at once.
+    // Unbuffered: each write is one system call, so that a row of a master is written or its fault reported at once.
     (void)std::setvbuf(file, nullptr, _IONBF, 0);
   }
 
@@ -105,7 +105,7 @@ EntryKind KindOf(const fs::file_status& status) noexcept {
   }
 }
 
-// Pipes and devices are no files, nor is an entry that vanished or a dangling link.
+// Omits pipes, devices, entries that have vanished and dangling links.
 void AddEntry(std::string name, fs::file_type type, std::vector<DirectoryEntry>& entries) {
   if (type == fs::file_type::regular) entries.push_back({std::move(name), EntryKind::File});
   if (type == fs::file_type::directory) entries.push_back({std::move(name), EntryKind::Directory});
@@ -152,7 +152,7 @@ bool NativeFileLayer::IsReadOnly(const fs::path& path) {
 }
 
 fs::path NativeFileLayer::RealPath(const fs::path& path) {
-  constexpr int kMostLinks = 40;  // a ring of links ends, as it does for the system
+  constexpr int kMostLinks = 40;  // ends a cycle of links, as the system does
   std::error_code code;
   fs::path real = path;
   for (int link = 0; link < kMostLinks && fs::is_symlink(real, code); ++link) {
@@ -198,7 +198,7 @@ std::vector<DirectoryEntry> NativeFileLayer::List(const fs::path& directory) {
   while (const dirent* entry = readdir(handle.get())) {
     const std::string_view name = entry->d_name;
     if (name == "." || name == "..") continue;
-    // The directory itself says what an entry is; only a link has to be followed.
+    // The directory knows the type of an entry; only links have to be followed.
     fs::file_type type = entry->d_type == DT_REG   ? fs::file_type::regular
                          : entry->d_type == DT_DIR ? fs::file_type::directory
                                                    : fs::file_type::none;
@@ -232,7 +232,7 @@ void NativeFileLayer::Truncate(const fs::path& path, std::uintmax_t size) {
 
 void NativeFileLayer::CopyPermissions(const fs::path& from, const fs::path& to) {
   struct stat owner = {};
-  // The group too, where the user may: colleagues who shared the old file share the new one.
+  // The group too, if the user may: colleagues who share the old file share the new one.
   if (stat(from.c_str(), &owner) == 0 && chown(to.c_str(), static_cast<uid_t>(-1), owner.st_gid) != 0) errno = 0;
   std::error_code code;
   const fs::perms permissions = fs::status(from, code).permissions();
@@ -249,8 +249,8 @@ void NativeFileLayer::Rename(const fs::path& from, const fs::path& to) {
 
 void NativeFileLayer::FlushDirectory(const fs::path& directory) {
   const int handle = open(directory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  if (handle < 0) return;  // a directory that may be written but not read: nothing can be pushed
-  (void)fsync(handle);     // some network file systems refuse this; the file itself is safe already
+  if (handle < 0) return;  // a directory that may be written but not read cannot be flushed
+  (void)fsync(handle);     // some network file systems refuse this; the file itself is flushed already
   (void)close(handle);
 }
 

@@ -9,13 +9,13 @@
 
 namespace zova {
 
-/// A path looked up on the disk (Disk::Resolve).
+/// The result of Disk::Resolve.
 struct ResolvedPath {
-  std::string Shown;             ///< as the caller spelt it, which is how messages name it
+  std::string Shown;             ///< as the caller spelt it, for messages
   std::filesystem::path Native;  ///< the platform's path, in the disk's spelling
 };
 
-/// The entry of exactly this name in a directory that was looked up.
+/// The entry of exactly this name in a resolved directory.
 inline ResolvedPath Below(const ResolvedPath& directory, std::string_view name) {
   return {JoinPath(directory.Shown, name), directory.Native / PathFromText(name)};
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// The file layer on Windows, by its own calls: the C library and the standard library above it refuse long paths, and
-// report a file that another program has open as a denied permission or an input/output error.
+// The file layer of Windows, by its own calls: the C and C++ libraries refuse long paths, and report a file that
+// another program has open as a denied permission or an input/output error.
 
 #ifdef _WIN32
 
@@ -81,9 +81,9 @@ struct SearchCloser {
 };
 using SearchHandle = std::unique_ptr<HANDLE, SearchCloser>;
 
-// What stands in a directory, one call of `take` for each.
-template <typename Take>
-void ForEachEntry(const fs::path& directory, Take&& take) {
+// Calls `visit` for each entry of a directory.
+template <typename Visit>
+void ForEachEntry(const fs::path& directory, Visit&& visit) {
   WIN32_FIND_DATAW found = {};
   const HANDLE search = FindFirstFileExW(WindowsName(directory / L"*").c_str(), FindExInfoBasic, &found,
                                          FindExSearchNameMatch, nullptr, FIND_FIRST_EX_LARGE_FETCH);
@@ -94,7 +94,7 @@ void ForEachEntry(const fs::path& directory, Take&& take) {
   const SearchHandle closer(search);
   do {
     const std::wstring_view name = &found.cFileName[0];
-    if (name != L"." && name != L"..") take(fs::path(name), found.dwFileAttributes);
+    if (name != L"." && name != L"..") visit(fs::path(name), found.dwFileAttributes);
   } while (FindNextFileW(search, &found) != 0);
   if (GetLastError() != ERROR_NO_MORE_FILES) ThrowLastError();
 }
@@ -104,7 +104,7 @@ void ForEachEntry(const fs::path& directory, Take&& take) {
 void ThrowLastError() {
   const std::error_code code(static_cast<int>(GetLastError()), std::system_category());
   const std::error_condition portable = code.default_error_condition();
-  // The words of every other system, but for a file that is in use, which those have no word for.
+  // The portable error, except for a file in use, for which there is none.
   if (code.value() == ERROR_SHARING_VIOLATION || portable.category() != std::generic_category()) {
     throw std::system_error(code);
   }
@@ -112,10 +112,10 @@ void ThrowLastError() {
 }
 
 std::wstring WindowsName(const fs::path& path) {
-  constexpr std::size_t kSafeLength = MAX_PATH - 12;  // a directory must leave room for a short name
+  constexpr std::size_t kSafeLength = MAX_PATH - 12;  // a directory's path must leave room for a short file name
   const std::wstring& name = path.native();
   if (name.size() < kSafeLength || name.starts_with(kLongPrefix)) return name;
-  // Behind the prefix Windows resolves nothing: neither "..", nor "/", nor a relative path.
+  // After the prefix Windows does not resolve "..", "/" or relative paths.
   std::wstring full(GetFullPathNameW(name.c_str(), 0, nullptr, nullptr), L'\0');
   full.resize(GetFullPathNameW(name.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr));
   return full.starts_with(L"\\\\") ? std::wstring(kLongServerPrefix) + full.substr(2)
@@ -149,7 +149,7 @@ EntryKind NativeFileLayer::Kind(const fs::path& path) {
     if (IsMissing(GetLastError())) return EntryKind::Missing;
     ThrowLastError();
   }
-  if (IsLink(attributes) && !OpenForFacts(WindowsName(path))) return EntryKind::Missing;  // it leads nowhere
+  if (IsLink(attributes) && !OpenForFacts(WindowsName(path))) return EntryKind::Missing;  // dangling
   return KindOf(attributes);
 }
 
@@ -166,7 +166,7 @@ std::optional<FileIdentity> NativeFileLayer::Identity(const fs::path& path) {
 bool NativeFileLayer::CanEnter(const fs::path& path) {
   try {
     if (Kind(path) != EntryKind::Directory) return false;
-    ForEachEntry(path, [](const fs::path&, DWORD) {});  // only opening it shows what its access list allows
+    ForEachEntry(path, [](const fs::path&, DWORD) {});  // only opening it reveals what its access list allows
     return true;
   } catch (const std::system_error&) {
     return false;
@@ -203,7 +203,7 @@ std::uintmax_t NativeFileLayer::Size(const fs::path& path) {
 }
 
 void NativeFileLayer::Read(const fs::path& path, std::string& content, std::uintmax_t limit) {
-  if (IsReservedName(path)) Throw(std::errc::not_supported);  // the console would wait for somebody to type
+  if (IsReservedName(path)) Throw(std::errc::not_supported);  // the console would wait for input
   const WindowsHandle file = Open(path, GENERIC_READ, OPEN_EXISTING);
   constexpr std::size_t kReadSize = 64UL * 1024;
   m_buffer.resize(kReadSize);
@@ -247,7 +247,7 @@ void NativeFileLayer::Truncate(const fs::path& path, std::uintmax_t size) {
   Require(SetEndOfFile(file.get()));
 }
 
-// Who may use the file follows from its directory; what a file has of its own are attributes.
+// Files inherit permissions from their directory; only attributes are their own.
 void NativeFileLayer::CopyPermissions(const fs::path& from, const fs::path& to) {
   constexpr DWORD kKept = FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM |
                           FILE_ATTRIBUTE_ARCHIVE | FILE_ATTRIBUTE_NOT_CONTENT_INDEXED;
@@ -259,12 +259,12 @@ void NativeFileLayer::CopyPermissions(const fs::path& from, const fs::path& to) 
 
 void NativeFileLayer::Rename(const fs::path& from, const fs::path& to) {
   const std::wstring target = WindowsName(to);
-  // Written through: it takes the place of flushing the directory, which Windows does not offer.
+  // Written through, since Windows cannot flush a directory.
   if (MoveFileExW(WindowsName(from).c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0) {
     return;
   }
   const DWORD error = GetLastError();
-  // A target that another program has open is "denied" here. Asking to delete it shows the true reason.
+  // A target that another program has open is reported as "denied". Opening it for deletion gives the true reason.
   if (error == ERROR_ACCESS_DENIED && KindOf(GetFileAttributesW(target.c_str())) == EntryKind::File) {
     const HANDLE open = CreateFileW(target.c_str(), DELETE, kShareAll, nullptr, OPEN_EXISTING, 0, nullptr);
     if (open == INVALID_HANDLE_VALUE) ThrowLastError();

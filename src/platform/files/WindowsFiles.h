@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// What the Windows halves of the file layer and the directory lock share. Included on Windows only.
+// Shared by the Windows parts of the file layer and the directory lock. Included only on Windows.
 #pragma once
 
 #ifndef NOMINMAX
 #define NOMINMAX
 #endif
 #include <windows.h>
-// Macros that would rename functions and records of ours.
+// Macros that would rename functions and types.
 #undef CreateDirectory
 #undef MessageBox
 #undef RemoveDirectory
@@ -24,16 +24,16 @@ struct HandleCloser {
 };
 using WindowsHandle = std::unique_ptr<HANDLE, HandleCloser>;
 
-/// GetLastError as std::system_error, in the portable words where there are any.
+/// Throws GetLastError as std::system_error, as a portable error if there is one.
 [[noreturn]] void ThrowLastError();
 
-/// The path for a call of Windows: one that its 260 characters would not hold goes by the prefix that lifts the limit.
+/// The path for a Windows call, with the prefix that lifts the limit of 260 characters if it is too long.
 std::wstring WindowsName(const std::filesystem::path& path);
 
-/// An open file or directory; null where it cannot be opened. Other programs may do with it what they like.
+/// Opens a file or directory without restricting other programs; null when it cannot be opened.
 WindowsHandle OpenForFacts(const std::wstring& name) noexcept;
 
-/// True for a name that Windows takes for a device in every directory: CON, NUL, COM1 and the like, with any extension.
+/// True for a name that is a device in every directory: CON, NUL, COM1 and others, with any extension.
 bool IsReservedName(const std::filesystem::path& path);
 
 }  // namespace zova

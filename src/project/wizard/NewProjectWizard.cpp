@@ -120,12 +120,12 @@ bool NewProjectWizard::ShowsLureNote() const noexcept {
 }
 
 int NewProjectWizard::TestCount() const noexcept {
-  return std::clamp<int>(m_state.Project.TestCount, 0, kMaxTests);  // an old file may say anything
+  return std::clamp<int>(m_state.Project.TestCount, 0, kMaxTests);  // an old file may hold any number
 }
 
-void NewProjectWizard::TakeVariableEntry() {
+void NewProjectWizard::EnterVariableText() {
   if (m_viewing) return;
-  m_state.Entries.Variables.TakeEntry();
+  m_state.Entries.Variables.Enter();
   PlaceCursor(WizardBox::Variable);
 }
 
@@ -203,7 +203,7 @@ void NewProjectWizard::Arrive(int page) {
 
 void NewProjectWizard::PlaceCursor(WizardBox box) {
   m_cursor = box;
-  ++m_cursorMoves;
+  ++m_cursorRevision;
 }
 
 WizardBox NewProjectWizard::FirstBox() const {

@@ -10,17 +10,17 @@
 
 namespace zova {
 
-/// The eight pages on which a project is defined, or a loaded one is viewed. A page's answers are checked when it is
-/// left forward; nothing is written before "Done!".
+/// The eight pages that define a project or show a loaded one. A page is checked when the user goes forward; nothing is
+/// written before "Done!".
 class NewProjectWizard {
  public:
   static constexpr int kPages = 8;
 
   explicit NewProjectWizard(const Platform& platform);
 
-  /// An empty page 1. `paramDir` is where the parameter file will go.
+  /// Shows an empty page 1. `paramDir` is the directory of the parameter file.
   void Start(const std::string& paramDir);
-  /// Page 1 of `project`, to be looked at only.
+  /// Shows page 1 of `project`, read-only.
   void View(const ProjectParameters& project);
 
   [[nodiscard]] int Page() const noexcept { return m_page; }  ///< 1 to 8
@@ -32,52 +32,52 @@ class NewProjectWizard {
 
   [[nodiscard]] const WizardEntries& Entries() const noexcept { return m_state.Entries; }
   [[nodiscard]] const std::string& Text(WizardBox box) const;
-  /// Drops what a file cannot hold. Like all that follow it does nothing while viewing, unless told otherwise.
+  /// Drops characters that a file cannot hold. No effect while viewing; likewise below, unless stated otherwise.
   void SetText(WizardBox box, std::string_view text);
   [[nodiscard]] bool Option(WizardOption option) const { return m_state.Entries.Option(option); }
   void SetOption(WizardOption option, bool yes);
   void SetRated(int test, bool rated);  ///< test from 1 to kMaxTests
-  /// "Copy Path": the browser's open directory into the primary or backup box.
+  /// "Copy Path": copies the browser's open directory into the primary or backup box.
   void CopyPath(WizardBox box);
 
-  /// Whether a box means something with the answers that stand: the number of categories only when there are any.
+  /// Whether the current answers require the box: the number of categories only in a categorised project.
   [[nodiscard]] bool Asks(WizardBox box) const;
-  /// The remark that the number of items includes lures (page 3), and the one on how to code them (page 4).
+  /// Whether pages 3 and 4 remark that the number of items includes lures and how lures are coded.
   [[nodiscard]] bool ShowsLuresIncluded() const noexcept;
   [[nodiscard]] bool ShowsLureNote() const noexcept;
-  /// How many boxes of tests page 7 shows, at most kMaxTests.
+  /// The number of tests on page 7, at most kMaxTests.
   [[nodiscard]] int TestCount() const noexcept;
 
   DirectoryBrowser& Browser() noexcept { return m_browser; }
 
-  // The variable editor. Highlighting and Review work while viewing as well.
+  // The variable editor. Highlighting and Review also work while viewing.
   [[nodiscard]] const VariableEditor& Variables() const noexcept { return m_state.Entries.Variables; }
-  void TakeVariableEntry();
+  void EnterVariableText();
   void HighlightVariable();
   void HighlightLevel(int label);
   void DeleteHighlighted();
   void AddVariable();
   void ReviewVariables();
 
-  /// "Next >>" and "<<Back", while viewing without checks.
+  /// "Next >>" and "<<Back"; no checks while viewing.
   void Next();
   void Back();
-  /// True when the wizard is to be left: on page 1, while viewing, or after the question was answered by Yes. Then all
-  /// entries are cleared.
+  /// True, with all entries cleared, when the wizard is left: on page 1, while viewing, or after the question is
+  /// answered by Yes.
   bool Cancel();
-  /// "Done!" on page 8: true when the project was written to its places, or a viewing ends. Then the wizard stands on
-  /// an empty page 1, but Project keeps what was written.
+  /// "Done!" on page 8: true when the project was written, or when viewing ends. The wizard is then on an empty page 1,
+  /// but Project keeps what was written.
   bool Done(bool restoring);
   [[nodiscard]] const ProjectParameters& Project() const noexcept { return m_state.Project; }
 
-  /// Where the cursor has to stand after the last action of this kind, its text selected.
+  /// The box that the cursor was last moved to; its text is selected.
   [[nodiscard]] WizardBox Cursor() const noexcept { return m_cursor; }
-  /// Grows whenever the cursor was placed anew.
-  [[nodiscard]] int CursorMoves() const noexcept { return m_cursorMoves; }
+  /// Increases when the cursor moves.
+  [[nodiscard]] int CursorRevision() const noexcept { return m_cursorRevision; }
 
  private:
   void Reset();
-  /// The check of the open page.
+  /// Checks the open page.
   bool LeavesPage();
   void Arrive(int page);
   void PlaceCursor(WizardBox box);
@@ -89,7 +89,7 @@ class NewProjectWizard {
   int m_page = 1;
   bool m_viewing = false;
   WizardBox m_cursor = WizardBox::Title;
-  int m_cursorMoves = 0;
+  int m_cursorRevision = 0;
 };
 
 }  // namespace zova

@@ -103,18 +103,18 @@ void VariableEditor::NameHighlighted(const std::string& name) {
   }
 }
 
-void VariableEditor::TakeEntry() {
+void VariableEditor::Enter() {
   if (WithoutOuterBlanks(m_entry).empty()) {
     Show(m_variable, m_level);
     return;
   }
-  TakeStandingText();
-  // Also after a renaming: who types on adds, and never writes over a name.
+  EnterPendingText();
+  // Also after a renaming, so that further typing adds a level and never overwrites a name.
   Show(m_variable, NextFreeLevel());
 }
 
-void VariableEditor::TakeStandingText() {
-  // What an old file holds is not trimmed just because it was looked at.
+void VariableEditor::EnterPendingText() {
+  // Displaying a name from an old file does not trim it.
   const std::string name(WithoutOuterBlanks(m_entry));
   if (!name.empty() && m_entry != Highlighted()) NameHighlighted(name);
   Show(m_variable, m_level);
@@ -151,7 +151,7 @@ int VariableEditor::FirstUnnamed() const {
 }
 
 void VariableEditor::AddVariable(MessageBoxes& boxes) {
-  TakeStandingText();
+  EnterPendingText();
   const int count = static_cast<int>(m_variables.size());
   if (count >= kMaxVariables) {
     Warn(boxes, "Sorry. ZOVA will allow a maximum of 10 variables.");
@@ -168,14 +168,14 @@ void VariableEditor::AddVariable(MessageBoxes& boxes) {
 }
 
 void VariableEditor::Review() {
-  TakeStandingText();
+  EnterPendingText();
   Show(m_variable % static_cast<int>(m_variables.size()) + 1, 0);
 }
 
 bool VariableEditor::Check(MessageBoxes& boxes) {
-  // A name that was emptied in the box is told of; it stays what it was until another one is given.
+  // An emptied name is reported; it stays until another one is entered.
   const bool isEmptied = m_level == 0 && !Current().Name.empty() && WithoutOuterBlanks(m_entry).empty();
-  TakeStandingText();
+  EnterPendingText();
   if (isEmptied) {
     Warn(boxes, kNoName);
     return false;

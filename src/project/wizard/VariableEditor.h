@@ -10,49 +10,48 @@
 
 namespace zova {
 
-/// The editor of the between-subject variables and their levels: one entry box through which every name is typed, a
-/// heading that stands for the variable on display, and ten labels for its levels. Whatever is highlighted stands in
-/// the box. Variables and levels count from 1.
+/// The editor of the between-subject variables and their levels: one entry box for all names, a heading for the current
+/// variable, and ten labels for its levels. The box holds the highlighted name. Variables and levels count from 1.
 class VariableEditor {
  public:
-  /// The wizard gives a variable at most this many levels.
+  /// The most levels the wizard gives a variable.
 
-  /// To an only variable without name and levels.
+  /// Leaves one variable without name and levels.
   void Clear();
-  /// The variables of a project, the first one on display, to be looked at: no level can be added.
+  /// Shows the variables of a project, read-only, the first one current.
   void Load(const ProjectParameters& project);
-  /// Writes names, levels and their counts into the record. An only variable without any name or level is none.
+  /// Writes names, levels and their counts into the record. A single variable without name and levels counts as none.
   void Store(ProjectParameters& project) const;
 
   [[nodiscard]] const std::string& EntryText() const noexcept { return m_entry; }
-  /// Drops what a variable's name cannot hold.
+  /// Drops characters that a variable's name cannot contain.
   void SetEntryText(std::string_view text);
 
-  /// "What is the name of variable 1?" or "What is the name of level 1?"; "" when all levels have one.
+  /// "What is the name of variable 1?" or "What is the name of level 1?"; "" when all levels are named.
   [[nodiscard]] std::string Prompt() const;
-  /// "The variable GROUP has the following levels:"; "" while there is nothing to highlight.
+  /// "The variable GROUP has the following levels:"; "" without anything to highlight.
   [[nodiscard]] std::string Heading() const;
-  /// "1. Control" and so on, then "Add Level" while one can be added.
+  /// "1. Control" and so on, then "Add Level" if one can be added.
   [[nodiscard]] std::vector<std::string> LevelLabels() const;
-  /// All 10 levels have their names, and none of them is highlighted: the box takes nothing.
+  /// True when all 10 levels are named and none is highlighted: the box accepts no text.
   [[nodiscard]] bool AsksNothing() const;
   [[nodiscard]] int CurrentVariable() const noexcept { return m_variable; }
-  /// 0: the variable's name, from 1: the level that the box holds or will add; beyond 10 nothing is asked.
+  /// 0: the box holds the variable's name; from 1: the level it holds or will add; above 10: neither.
   [[nodiscard]] int CurrentLevel() const noexcept { return m_level; }
 
-  /// Enter: the box's text names what is highlighted or asked for, then the next free level is asked. Empty text is
-  /// not taken.
-  void TakeEntry();
+  /// The Enter key: names what is highlighted or prompted for, then prompts for the next free level. Ignores empty
+  /// text.
+  void Enter();
   void HighlightVariable();
-  /// `label` counts from 1; the one behind the last level is "Add Level".
+  /// `label` counts from 1; the label after the last level is "Add Level".
   void HighlightLevel(int label);
-  /// The variable after a question; a level without one, the rest renumber.
+  /// Deletes the variable after a question, or a level at once; the others are renumbered.
   void DeleteHighlighted(MessageBoxes& boxes);
-  /// "New Variable" and "Review"; the text standing in the box is taken first.
+  /// "New Variable" and "Review"; both enter the pending text first.
   void AddVariable(MessageBoxes& boxes);
   void Review();
 
-  /// Takes the box's text, then tells of a variable without name or level and shows it. False when there is one.
+  /// Enters the pending text, then reports and shows the first variable without name or level. False if there is one.
   bool Check(MessageBoxes& boxes);
 
  private:
@@ -63,13 +62,13 @@ class VariableEditor {
 
   [[nodiscard]] const Variable& Current() const { return m_variables[static_cast<std::size_t>(m_variable - 1)]; }
   Variable& Current() { return m_variables[static_cast<std::size_t>(m_variable - 1)]; }
-  [[nodiscard]] bool HasNothing() const noexcept;  ///< an only variable, without name and levels
+  [[nodiscard]] bool HasNothing() const noexcept;  ///< a single variable without name and levels
   [[nodiscard]] int LevelCount() const;
   [[nodiscard]] int NextFreeLevel() const;
   [[nodiscard]] int FirstUnnamed() const;  ///< from 1, or 0
   [[nodiscard]] std::string Highlighted() const;
   void NameHighlighted(const std::string& name);
-  void TakeStandingText();
+  void EnterPendingText();
   void Show(int variable, int level);
 
   std::vector<Variable> m_variables{1};  // never empty

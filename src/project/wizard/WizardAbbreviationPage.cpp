@@ -14,11 +14,11 @@ bool HasDataFiles(const std::string& primaryDir, const std::string& abbreviation
   try {
     return !ListDataFiles(disk, abbreviation, SubjectDirectory(primaryDir)).empty();
   } catch (const FileError&) {
-    return false;  // saving the first subject will tell
+    return false;  // saving the first subject will report it
   }
 }
 
-// Another project's subjects would turn up in this one's masters.
+// Another project's subjects would appear in this one's masters.
 bool MayShare(const std::string& abbreviation, MessageBoxes& boxes) {
   return Confirm(boxes, {.Text = "There are already data files with the prefix '" + abbreviation +
                                  "' in the primary directory.  Do you want to use this prefix anyway?",
@@ -34,7 +34,7 @@ WizardFault LeaveAbbreviationPage(WizardState& state, const Platform& platform) 
   const std::string abbreviation(WithoutOuterBlanks(FirstCharacters(WithoutOuterBlanks(text), kMaxAbbreviationLength)));
   text = abbreviation;
   if (abbreviation.empty()) return Refuse(platform, "You must have an abbreviation.", kBox, BoxIcon::Information);
-  // Kept, although the spaces are gone by now.
+  // Kept, although the spaces are already trimmed.
   if (abbreviation.front() == ' ') return Refuse(platform, "You cannot begin the abbreviation with a space.", kBox);
   if (!IsFileNamePart(abbreviation)) return Refuse(platform, kBadFileName, kBox);
   const bool isOverwritten =

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// The record's number of items includes one lure per category when false memory is measured. The page takes the lures
-// of its earlier pass out first, with the number of categories that put them in, and adds the new ones last: a
-// pass that changes no answer changes nothing.
+// The record's number of items includes one lure per category when false memory is measured. The page first subtracts
+// the lures of its earlier pass, by the number of categories of that pass, and adds the new ones last, so that a pass
+// without changes leaves the record unchanged.
 
 #include "project/wizard/WizardPages.h"
 
@@ -10,7 +10,7 @@ namespace zova {
 
 namespace {
 
-// The list as these answers make it; lures included.
+// The list that results from the answers, including lures.
 struct ListShape {
   int Items = 0;
   int Categories = 0;

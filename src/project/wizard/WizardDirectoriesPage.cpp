@@ -18,7 +18,7 @@ bool IsDriveReady(const std::string& directory, Disk& disk) {
   }
 }
 
-// Whether the directory of `box` is there when this returns; if need be it was created.
+// Checks the directory of `box` and creates it if necessary.
 WizardFault CheckDirectory(WizardBox box, const char* invalidText, WizardState& state, const Platform& platform) {
   std::string& directory = state.Entries.Text(box);
   if (!HasDrive(directory)) return Refuse(platform, kNoDrivePath, box);

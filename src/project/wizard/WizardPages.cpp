@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// What the pages share, and the pages that are little more than a question and a number.
+// Functions shared by the pages, and the pages with only a question and a number.
 
 #include "project/wizard/WizardPages.h"
 
@@ -51,7 +51,7 @@ WizardFault LeaveGeneralPage(WizardState& state, const Platform& platform) {
 
 WizardFault LeaveVariablesPage(WizardState& state, const Platform& platform) {
   if (!state.Entries.Option(WizardOption::Variables)) {
-    VariableEditor().Store(state.Project);  // the names stay in the other editor, for a change of mind
+    VariableEditor().Store(state.Project);  // the editor keeps the names in case the user changes the answer
     return std::nullopt;
   }
   if (!state.Entries.Variables.Check(platform.Boxes)) return WizardBox::Variable;

@@ -12,7 +12,7 @@
 
 namespace zova {
 
-/// Where the wizard's cursor can stand. Those up to `Abbreviation` are text boxes.
+/// The controls that can have the wizard's cursor. Those up to `Abbreviation` are text boxes.
 enum class WizardBox {
   Title,
   Primary,
@@ -33,37 +33,37 @@ enum class WizardBox {
 };
 inline constexpr std::size_t kWizardTextCount = static_cast<std::size_t>(WizardBox::Abbreviation) + 1;
 
-/// The pages' questions that are answered by yes or no.
+/// The yes/no questions of the pages.
 enum class WizardOption { Categorized, FalseMemory, Variables, Minutes, Ratings };
 inline constexpr std::size_t kWizardOptionCount = static_cast<std::size_t>(WizardOption::Ratings) + 1;
 
-/// What the user typed and chose, accepted or not. It outlives going back; only Cancel clears it.
+/// The user's input, accepted or not. Going back keeps it; only Cancel clears it.
 struct WizardEntries {
-  WizardEntries();  ///< the boxes of the two directories start as "(none)", all answers as "no"
+  WizardEntries();  ///< both directories start as "(none)", all answers as "no"
 
   std::string& Text(WizardBox box) { return Texts.at(static_cast<std::size_t>(box)); }
   [[nodiscard]] const std::string& Text(WizardBox box) const { return Texts.at(static_cast<std::size_t>(box)); }
   bool& Option(WizardOption option) { return Options.at(static_cast<std::size_t>(option)); }
   [[nodiscard]] bool Option(WizardOption option) const { return Options.at(static_cast<std::size_t>(option)); }
 
-  std::array<std::string, kWizardTextCount> Texts;  ///< that of `Variable` is the editor's
+  std::array<std::string, kWizardTextCount> Texts;  ///< the editor has that of `Variable`
   std::array<bool, kWizardOptionCount> Options{};
   std::array<bool, kMaxTests> RatedTests{};
   VariableEditor Variables;
 };
 
-/// The wizard between its pages: what stands in the boxes, and the record as far as pages were accepted.
+/// The state shared by the pages: the input, and the record of the accepted pages.
 struct WizardState {
-  std::string ParamDir;  ///< where the parameter file is to go
+  std::string ParamDir;  ///< directory of the parameter file
   WizardEntries Entries;
   ProjectParameters Project;
-  std::string DefaultAbbreviation;  ///< what page 1 last put into the prefix box by itself
-  /// The prefix of the project that page 1's question allowed to be overwritten, when there is one.
+  std::string DefaultAbbreviation;  ///< the prefix that page 1 last proposed
+  /// The prefix of the project that the user allowed page 1 to overwrite.
   std::optional<std::string> OverwrittenAbbreviation;
 };
 
-/// The check of a page that is left forward. Nothing when its answers are accepted, and then they stand in the
-/// record; else the user was told, and this is the box to mend.
+/// The result of checking a page: nullopt when its answers are accepted and stored in the record; else the box to
+/// correct, after a message.
 using WizardFault = std::optional<WizardBox>;
 
 WizardFault LeaveTitlePage(WizardState& state, const Platform& platform);
@@ -75,19 +75,19 @@ WizardFault LeaveMinutesPage(WizardState& state, const Platform& platform);
 WizardFault LeaveRatingsPage(WizardState& state, const Platform& platform);
 WizardFault LeaveAbbreviationPage(WizardState& state, const Platform& platform);
 
-/// Tells why a page is not accepted, with an OK button, and gives the box to mend.
+/// Shows why a page is not accepted, and returns the box to correct.
 WizardBox Refuse(const Platform& platform, const char* text, WizardBox box, BoxIcon icon = BoxIcon::Exclamation);
 
-/// As "No" leaves the ratings: none in the record, no test rated. What the boxes hold stays.
+/// Sets the record to no ratings and no rated test, as after "No". Keeps the boxes.
 void DropRatings(ProjectParameters& project);
 
-/// The number in a box whose first `length` characters must be one, whole, and lie within `least` and `most`. The
-/// box keeps those characters. Nothing when it is no such number.
+/// Cuts the box to `length` characters and parses them as a whole number from `least` to `most`; nullopt for anything
+/// else.
 std::optional<std::int16_t> NumberInBox(std::string& text, std::size_t length, int least, int most);
 
 inline constexpr const char* kBadFileName = "Bad file name.  Please select another.";
 inline constexpr const char* kDriveNotReady = "Drive is not ready or the disk is not correctly formatted.";
-/// What is said of a number of items beyond 1 to 999, also when it is the lures that lead there.
+/// Shown for a number of items outside 1 to 999, also when lures cause it.
 inline constexpr const char* kBadItemCount = "Value for number of items must be greater than 0 and less than 1000.";
 
 }  // namespace zova

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// The title names the parameter file. An existing project's file is not touched before "Done!"; any other name is
-// proved by creating the file empty and deleting it again.
+// The title is the parameter file's name. An existing project's file is not touched before "Done!"; any other name is
+// tested by creating an empty file and deleting it.
 
 #include "project/DirectoryRules.h"
 #include "project/ProjectFile.h"
@@ -16,8 +16,8 @@ namespace {
 
 constexpr std::size_t kExtensionLength = 4;
 
-// Kept: whatever follows the fourth last character, when that is a point, counts as a typed extension, "v1.2.3" becomes
-// "v1". The box keeps what was typed, or a second pass would take off more.
+// Kept: a point as the fourth last character starts a typed extension: "v1.2.3" becomes "v1". The box keeps the typed
+// text; a second pass would cut more.
 std::string TitleFromText(std::string_view text) {
   std::string_view title = WithoutOuterBlanks(text);
   const std::size_t count = CharacterCount(title);
@@ -33,7 +33,7 @@ bool MayOverwrite(const std::string& title, MessageBoxes& boxes) {
                                  "'!  Are you sure you want to overwrite this data?"});
 }
 
-// Nothing when the file is no parameter file.
+// nullopt if the file is not a parameter file.
 std::optional<std::string> AbbreviationIn(const std::string& path, Disk& disk) {
   try {
     return ReadProjectFile(disk, path).Abbreviation;
@@ -47,7 +47,7 @@ void ProveName(const std::string& path, Disk& disk) {
   disk.Delete(path);
 }
 
-// A prefix that was chosen by hand stays. Page 8 trims its box, so that the spaces at the ends tell nothing.
+// Keeps a prefix typed by the user. Ignores outer spaces in the comparison, since page 8 trims its box.
 void OfferAbbreviation(const std::string& title, WizardState& state) {
   std::string& box = state.Entries.Text(WizardBox::Abbreviation);
   const bool isOurs = box.empty() || WithoutOuterBlanks(box) == WithoutOuterBlanks(state.DefaultAbbreviation);

@@ -3,28 +3,28 @@
 
 namespace zova {
 
-/// Counts the ticks of the autosave's timer, one every 30 seconds while it runs: each eleventh writes.
+/// Counts the ticks of the autosave's timer, one every 30 seconds: every eleventh writes.
 class AutosaveTimer {
  public:
   static constexpr int kTickMilliseconds = 30000;
 
   [[nodiscard]] bool IsRunning() const noexcept { return m_running; }
-  /// Ticks since the last write, 0 to 10.
+  /// Since the last write, 0 to 10.
   [[nodiscard]] int Ticks() const noexcept { return m_ticks; }
-  /// Grows with every start, so that a timer that runs knows to begin its interval anew.
-  [[nodiscard]] int Starts() const noexcept { return m_starts; }
+  /// Increases with every start, so that a running timer restarts its interval.
+  [[nodiscard]] int StartRevision() const noexcept { return m_startRevision; }
 
   void Start() noexcept {
     m_running = true;
-    ++m_starts;
+    ++m_startRevision;
   }
-  /// Stops, and counts from 0 again.
+  /// Stops and resets the count.
   void Stop() noexcept {
     m_running = false;
     m_ticks = 0;
   }
   void ResetTicks() noexcept { m_ticks = 0; }
-  /// True when the file is due.
+  /// True when a write is due.
   bool Tick() noexcept {
     if (!m_running) return false;
     if (m_ticks != kLastTick) {
@@ -39,7 +39,7 @@ class AutosaveTimer {
   static constexpr int kLastTick = 10;
   bool m_running = false;
   int m_ticks = 0;
-  int m_starts = 0;
+  int m_startRevision = 0;
 };
 
 }  // namespace zova

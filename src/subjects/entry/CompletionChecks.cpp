@@ -10,7 +10,7 @@ namespace zova {
 
 namespace {
 
-// Told of a missing rating as well: kept.
+// Kept: also shown for a missing rating.
 constexpr const char* kSpaceMessage = "There was a space detected in the data.  Please correct the data.";
 
 bool HasItem(const Recall& entry) { return entry.Item >= 1; }
@@ -21,12 +21,12 @@ std::optional<CheckFinding> CheckItems(RecallLists& lists, int test, bool rated)
   for (int position = 1; position <= lists.PositionCount(); ++position) {
     Recall& entry = lists.At(test, position);
     if (!HasItem(entry)) {
-      // Kept: a rating that was typed without an item is dropped on every line but the first.
+      // Kept: a rating without an item is dropped on every line but the first.
       if (rated && position > 1) entry.Rating = 0;
       continue;
     }
     ++count;
-    // An item of 0 is the gap: a negative one, as a foreign file may hold, is neither a recall nor a gap. Kept.
+    // Kept: only an item of 0 is a gap; a negative one, from a foreign file, is neither a recall nor a gap.
     if (position > 1 && lists.At(test, position - 1).Item == 0) {
       return CheckFinding{test, position - 1, kItemColumn, kSpaceMessage};
     }

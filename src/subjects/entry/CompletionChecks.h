@@ -10,26 +10,25 @@
 
 namespace zova {
 
-/// Where a list has to be looked at again, and why.
+/// A doubtful or faulty place in a list.
 struct CheckFinding {
   int Test = 0;
   int Position = 0;
   int Column = 1;       ///< 1 item, 2 minute, 3 rating
-  std::string Message;  ///< a fault's text, or a warning's question
+  std::string Message;  ///< the text of a fault or the question of a warning
 };
 
 struct CheckResult {
-  std::optional<CheckFinding> Fault;   ///< the first ends the checks
-  std::vector<CheckFinding> Warnings;  ///< to be asked one by one; only without a fault
+  std::optional<CheckFinding> Fault;   ///< the first one; it ends the checks
+  std::vector<CheckFinding> Warnings;  ///< to be asked one by one; empty after a fault
 };
 
-/// Gaps and ratings of all tests, then minutes, then what to warn of. Counts each test's recalls anew and drops ratings
-/// on lines without an item, as far as it comes.
+/// Checks gaps and ratings of all tests, then minutes, then what to warn of. Up to the first fault, recounts each
+/// test's recalls and drops ratings on lines without an item.
 CheckResult CheckLists(RecallLists& lists, const ProjectParameters& project);
 
-/// The first item that one test has twice (lowest test, smallest first position): the later entry is removed, what
-/// follows moves up, and the test is counted anew. Its message tells so; its position is the removed one. Nothing when
-/// there is none.
+/// Removes the later entry of the first repeated item (lowest test, smallest first position), moves the following
+/// entries up and recounts the test. Returns the message and the position removed; nullopt without repetition.
 std::optional<CheckFinding> RemoveFirstDuplicate(RecallLists& lists);
 
 }  // namespace zova

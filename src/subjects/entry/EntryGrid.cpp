@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// What may be typed into the entry grid, and where Enter leads. The tool buttons are in EntryGridEdits.cpp.
+// Input rules of the entry grid and where Enter leads. EntryGridEdits.cpp has the tool buttons.
 
 #include "subjects/entry/EntryGrid.h"
 
@@ -13,7 +13,7 @@ namespace zova {
 
 namespace {
 
-// No number of 16 bits is above every limit.
+// A number beyond 16 bits is above every limit.
 int OrBeyondAnyRange(std::optional<std::int16_t> number) { return number ? *number : std::numeric_limits<int>::max(); }
 
 }  // namespace
@@ -58,7 +58,7 @@ CellInput EntryGrid::Pasted(GridCell cell, std::string_view text) const {
   if (cell.Line > m_cells.Lines() || cell.Column > kRatingColumn) return {{}, RangeRefusal(cell.Column)};
   if (text.empty()) return {};
   const int number = OrBeyondAnyRange(DigitsInteger16(text));
-  // A pasted column of items is many numbers, not one that fills all lines.
+  // A pasted column of items has many numbers, not one number for all lines.
   const auto refusal = cell.Column == kItemColumn ? CellRefusal : BlockRefusal;
   return {NumberCell(number), refusal(*m_project, Test(), cell.Column, number)};
 }
@@ -68,9 +68,9 @@ GridCell EntryGrid::Next(GridCell entered) {
   const auto [line, column] = entered;
   const GridCell below{line + 1, kItemColumn};
   if (column == kItemColumn) {
-    // Without minutes as if they were skipped.
+    // Without minutes, as if they were skipped.
     if (!m_preferences.SkipMinutes && m_cells.IsUsed(kMinuteColumn)) return {line, kMinuteColumn};
-    // Kept: from here the rating's flag must be "Y", from the minute it must not be "N".
+    // Kept: from the item the rating flag must be "Y", from the minute it must not be "N".
     return IsTestRated(*m_project, Test()) ? GridCell{line, kRatingColumn} : below;
   }
   if (column == kMinuteColumn) return m_cells.IsUsed(kRatingColumn) ? GridCell{line, kRatingColumn} : below;

@@ -11,13 +11,13 @@
 
 namespace zova {
 
-/// The grid of a subject's recalls, a page per test: which numbers its cells take, where Enter leads, and what the
-/// buttons beside it do.
+/// The grid of a subject's recalls, one page per test: valid numbers, where Enter leads, and the buttons beside the
+/// grid.
 class EntryGrid {
  public:
   EntryGrid(SubjectRecord& record, Preferences& preferences, MessageBoxes& boxes, Desktop& desktop);
 
-  /// The record's first test, nothing to undo. `project` must outlive the entry.
+  /// Shows the record's first test with an empty undo history. `project` must outlive the entry.
   void Open(const ProjectParameters& project);
   [[nodiscard]] int Test() const noexcept { return m_cells.Page(); }
   TypedGrid& Cells() noexcept { return m_cells; }
@@ -27,7 +27,7 @@ class EntryGrid {
   void AddMinute();
   void SubtractMinute();
 
-  /// A change that others made (the checks), to be undone like one of ours. `before` is the lists as they were.
+  /// Makes a change by the checks undoable. `before` has the lists before it.
   void NoteChange(const RecallLists& before);
 
  private:

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// The tools beside the entry grid. What they change is found by comparing: what changed nothing is nothing to undo.
+// The buttons beside the entry grid. A comparison of the lists before and after finds the change; without one there is
+// no undo step.
 
 #include <utility>
 
@@ -10,7 +11,7 @@ namespace zova {
 
 namespace {
 
-// `before` holds the test's entries as they were.
+// `before` has the test's earlier entries.
 void AddDifferences(std::vector<CellChange>& changes, int test, const Recall* before, const RecallLists& lists) {
   for (int line = 1; line <= lists.PositionCount(); ++line, ++before) {
     const Recall& after = lists.At(test, line);
@@ -86,7 +87,7 @@ void EntryGrid::Bump(int step, const char* wrongColumn) {
   Change([&](RecallLists& lists) {
     BumpMinutes(lists, Test(), block.FirstLine, block.LastLine, step, m_project->MaxMinutes);
   });
-  m_record.HasUnsavedChanges = true;  // kept: also when no minute could move
+  m_record.HasUnsavedChanges = true;  // kept: even when no minute could change
 }
 
 }  // namespace zova

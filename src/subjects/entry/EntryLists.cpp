@@ -45,7 +45,7 @@ std::string CellRefusal(const ProjectParameters& project, int test, int column, 
   if (column == kMinuteColumn && project.MinutesRecorded != 1) return "You cannot enter minutes for this project.";
   if (column == kRatingColumn) {
     if (project.Rated != 1) return "You cannot enter ratings for this project.";
-    // Kept: one cell takes ratings unless the flag is "N", a block only when it is "Y". An older file may say neither.
+    // Kept: a cell accepts ratings unless the flag is "N", a block only if it is "Y". An older file may have neither.
     if (RatedFlag(project, test) == "N") return "You cannot enter ratings for this test.";
   }
   return RefusalInRange(project, column, number);
@@ -62,7 +62,7 @@ std::string BlockRefusal(const ProjectParameters& project, int test, int column,
 bool IsColumnUsed(const ProjectParameters& project, int test, int column) {
   if (column == kItemColumn) return true;
   if (column == kMinuteColumn) return project.MinutesRecorded == 1;
-  // Not IsTestRated: the cursor stops wherever one cell takes a rating.
+  // Not IsTestRated: the cursor stops wherever a cell accepts a rating.
   return project.Rated == 1 && RatedFlag(project, test) != "N";
 }
 

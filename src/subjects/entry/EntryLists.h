@@ -16,24 +16,23 @@ inline constexpr int kRatingColumn = 3;
 std::int16_t CellValue(const Recall& entry, int column) noexcept;
 void SetCellValue(Recall& entry, int column, std::int16_t value) noexcept;
 
-/// Why a number may not stand in a cell of the column on this test; "" when it may. One cell and a block are refused
-/// in different words, and not on quite the same tests: both kept.
+/// The message that refuses a number in the column on this test; "" if it is valid. Kept: one cell and a block have
+/// different messages, and slightly different conditions.
 std::string CellRefusal(const ProjectParameters& project, int test, int column, int number);
 std::string BlockRefusal(const ProjectParameters& project, int test, int column, int number);
-/// The refusal of a number above the column's limit, whatever the project keeps.
+/// The message for a number above the column's limit, whatever the project records.
 std::string RangeRefusal(int column);
 
-/// Whether the cursor stops in the column on this test: minutes only when kept, ratings only on rated tests.
+/// Whether the cursor stops in the column on this test: minutes only if recorded, ratings only on rated tests.
 bool IsColumnUsed(const ProjectParameters& project, int test, int column);
 
-/// The question before an insertion that would push filled cells off the list's end; "" when none would be lost.
+/// The question before an insertion that would push filled cells off the end of the list; "" if none would be lost.
 std::string InsertionLossQuestion(const RecallLists& lists, int test);
-// Neither counts the test's recalls anew.
+// Neither recounts the test's recalls.
 void InsertBlankLine(RecallLists& lists, int test, int line);
 void DeleteLines(RecallLists& lists, int test, int firstLine, int lastLine);
 
-/// `step` is 1 or -1: raises the minutes below `maxMinutes` (a blank becomes 1), or lowers those above 0 (a 1 becomes
-/// blank).
+/// `step` 1 raises the minutes below `maxMinutes` (a blank becomes 1), -1 lowers those above 0 (a 1 becomes blank).
 void BumpMinutes(RecallLists& lists, int test, int firstLine, int lastLine, int step, int maxMinutes);
 
 }  // namespace zova

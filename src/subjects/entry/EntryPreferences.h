@@ -3,10 +3,10 @@
 
 namespace zova {
 
-/// The check marks of the Preferences menu. They are not stored.
+/// The check marks of the Preferences menu, not stored.
 struct Preferences {
-  bool SkipMinutes = false;     ///< Enter in the item's cell goes on to the rating or the next line
-  bool NextBlankSpace = false;  ///< Enter goes on to the next cell that is blank
+  bool SkipMinutes = false;     ///< Enter in an item's cell goes to the rating or the next line
+  bool NextBlankSpace = false;  ///< Enter goes to the next blank cell
   bool Autosave = true;
 };
 

@@ -3,11 +3,17 @@
 #include "subjects/entry/SubjectEntry.h"
 
 #include <utility>
-#include "platform/desktop/FileErrorBoxes.h"
 
+#include "platform/desktop/FileErrorBoxes.h"
 #include "subjects/SubjectFile.h"
 
 namespace zova {
+
+namespace {
+
+constexpr const char* kTooManyUnfinished = "You cannot have more than 10 unfinished data files.";
+
+}  // namespace
 
 SubjectEntry::SubjectEntry(SubjectRecord& record, Preferences& preferences, const Platform& platform)
     : m_record(record),
@@ -20,10 +26,11 @@ void SubjectEntry::Open(const ProjectParameters& project, const std::string& par
   m_paramDir = paramDir;
   m_open = true;
   m_grid.Open(project);
+  LookForLimit();
   if (m_preferences.Autosave) m_timer.Start();
   if (!restored) return;
   m_record.HasUnsavedChanges = true;
-  // The file that it came from is replaced in one step: at no moment is there none.
+  // Replaces the autosave file atomically, so that there always is one.
   m_preferences.Autosave ? WriteAutosave() : DeleteAutosave();
 }
 
@@ -32,7 +39,7 @@ std::string SubjectEntry::SubjectCaption() const {
 }
 
 void SubjectEntry::DoneWithTest() {
-  if (!m_open || !m_grid.Cells().TakeStandingText()) return;
+  if (!m_open || !m_grid.Cells().EnterTextBeforeLeaving()) return;
   m_autosavePaused = false;
   if (m_preferences.Autosave && m_timer.Ticks() >= 1) {
     m_timer.ResetTicks();
@@ -79,21 +86,34 @@ SaveOutcome SubjectEntry::SaveWithNote(const std::string& note) {
 }
 
 SubjectEntry::Ending SubjectEntry::DoneWithAllTests() {
-  if (!m_open || !m_grid.Cells().TakeStandingText() || !ListsPassTheChecks()) return {};
+  if (!m_open || !m_grid.Cells().EnterTextBeforeLeaving() || !ListsPassTheChecks()) return {};
   const SaveOutcome outcome = SaveWithNote("");
   if (outcome.Saved) Close();
   return {outcome.Saved, outcome.UnfinishedEmptied};
 }
 
+std::size_t SubjectEntry::CountUnfinished() {
+  return ListSubjectFiles(m_platform.Files, *m_project, UnfinishedDirectory(m_project->PrimaryDir)).size();
+}
+
+void SubjectEntry::LookForLimit() {
+  m_limitNote.clear();
+  try {
+    if (CountUnfinished() >= kMaxUnfinished) {
+      m_limitNote = std::string("This subject cannot be saved incomplete.  ") + kTooManyUnfinished;
+    }
+  } catch (const FileError&) {
+    // Reported when the subject is to be saved.
+  }
+}
+
 bool SubjectEntry::SaveIncomplete() {
-  if (!m_open || !m_grid.Cells().TakeStandingText()) return false;
-  const std::string directory = UnfinishedDirectory(m_project->PrimaryDir);
+  if (!m_open || !m_grid.Cells().EnterTextBeforeLeaving()) return false;
   std::size_t count = 0;
-  const auto countFiles = [&] { count = ListSubjectFiles(m_platform.Files, *m_project, directory).size() + 1; };
-  if (!WithRetry(m_platform.Boxes, countFiles)) return false;
-  // Kept: the subject's own earlier file counts like any other.
+  if (!WithRetry(m_platform.Boxes, [&] { count = CountUnfinished() + 1; })) return false;
+  // Kept: the subject's own earlier file counts, too.
   if (count > kMaxUnfinished) {
-    Warn(m_platform.Boxes, "You cannot have more than 10 unfinished data files.");
+    Warn(m_platform.Boxes, kTooManyUnfinished);
     return false;
   }
   const std::string note = "This is unfinished subject #" + std::to_string(count) + " for '" +
@@ -125,7 +145,7 @@ void SubjectEntry::Close() {
   m_open = false;
   m_timer.Stop();
   m_autosavePaused = m_inReview = false;
-  m_grid.Open(*m_project);  // nothing of this subject can be undone in the next
+  m_grid.Open(*m_project);  // clears the undo history for the next subject
 }
 
 void SubjectEntry::Tick() {

@@ -11,14 +11,14 @@
 
 namespace zova {
 
-/// The screen on which a subject's recalls are typed: the grid, the walk through the tests, the checks, saving, the
-/// autosave and leaving. The captions may be asked for once it was opened.
+/// The screen for a subject's recalls: the grid, the sequence of tests, the checks, saving, autosave and leaving.
+/// Captions require an earlier Open.
 class SubjectEntry {
  public:
   SubjectEntry(SubjectRecord& record, Preferences& preferences, const Platform& platform);
 
-  /// Shows the record's first test. `project` must outlive the entry. `restored`: the record came from the autosave;
-  /// it counts as changed, and the file that it came from goes: with Autosave on a fresh one is written at once.
+  /// Shows the record's first test. `project` must outlive the entry. A `restored` record, from the autosave, counts as
+  /// changed; its file is deleted, or with Autosave on replaced at once.
   void Open(const ProjectParameters& project, const std::string& paramDir, bool restored = false);
   [[nodiscard]] bool IsOpen() const noexcept { return m_open; }
 
@@ -27,31 +27,35 @@ class SubjectEntry {
   [[nodiscard]] std::string TestCaption() const { return "Test " + std::to_string(m_grid.Test()); }
   [[nodiscard]] std::string DoneCaption() const { return IsInReview() ? "Review" : "Done with " + TestCaption(); }
   [[nodiscard]] std::string SubjectCaption() const;  ///< "Project: " title, and under it "Subject: " identifier
+  /// That the project had too many unfinished subjects for one more when the entry was opened; "" when it had not.
+  [[nodiscard]] const std::string& LimitNote() const noexcept { return m_limitNote; }
   [[nodiscard]] bool KeepsMinutes() const noexcept { return m_project->MinutesRecorded == 1; }
 
   /// "Done with Test n" and "Review".
   void DoneWithTest();
-  /// What an end of the entry did.
+  /// The result of leaving the entry.
   struct Ending {
-    bool Left = false;               ///< the screen is to be left
-    bool UnfinishedEmptied = false;  ///< the project has no unfinished subjects any more
+    bool Left = false;               ///< the screen is left
+    bool UnfinishedEmptied = false;  ///< the project has no more unfinished subjects
   };
   /// "Done with all Tests!": the checks, then the save as complete.
   Ending DoneWithAllTests();
   /// True when saved; the screen stays in any case.
   bool SaveIncomplete();
-  /// The Cancel button: left after its question.
+  /// The Cancel button: leaves after a question.
   Ending Cancel();
 
-  /// The autosave's timer ticked.
+  /// One tick of the autosave's timer.
   void Tick();
   void SetAutosave(bool on);
-  /// Leaves without a question, as Cancel does after it and the end of the program: shows the note of an unfinished
-  /// subject, if there is one, blanks the record and deletes the autosave file.
+  /// Leaves without a question: shows the note of an unfinished subject, if any, blanks the record and deletes the
+  /// autosave file.
   void Abandon();
 
  private:
   [[nodiscard]] bool IsInReview() const noexcept { return m_inReview && m_grid.Test() == m_project->TestCount; }
+  [[nodiscard]] std::size_t CountUnfinished();
+  void LookForLimit();
   void ShowFinding(const CheckFinding& finding);
   bool ListsPassTheChecks();
   SaveOutcome SaveWithNote(const std::string& note);
@@ -66,9 +70,10 @@ class SubjectEntry {
   AutosaveTimer m_timer;
   const ProjectParameters* m_project = nullptr;
   std::string m_paramDir;
-  bool m_inReview = false;  // the walk has come past the last test, which stays in the grid
+  std::string m_limitNote;
+  bool m_inReview = false;  // after the last test, which stays in the grid
   bool m_open = false;
-  bool m_autosavePaused = false;  // a fault was told, and not acted on
+  bool m_autosavePaused = false;  // a fault was reported and not resolved
 };
 
 }  // namespace zova
