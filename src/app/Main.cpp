@@ -20,7 +20,7 @@
 namespace zova {
 namespace {
 
-// The help and the example: beside the directory bin of an installation; in the build folder, where the program lies.
+// The directory of help and example: beside `bin` in an installation, beside the program in a build folder.
 std::string InstalledData() {
   const QDir programs(QCoreApplication::applicationDirPath());
   const QString installed = QDir::cleanPath(programs.filePath("../share/zova"));
@@ -45,14 +45,14 @@ int RunApplication(QApplication& application) {
   HelpWindow help(disk);
   QtProgress progress;
   Session session({disk, boxes, dialogs, settings, desktop, help, progress}, ProgramDirectoryPath(), InstalledData());
-  session.Prepare();  // so that the window comes up with the screen that it begins with
+  session.Prepare();  // so that the window opens with its first screen
   MainWindow window(session, progress);
   boxes.SetBeforeShow([&window] { window.Refresh(); });
 
   application.installEventFilter(new QuickHelpFilter(&application));
   QObject::connect(&window, &MainWindow::Ended, &application, [] { QCoreApplication::exit(); });
   window.show();
-  // Later than the window's own first events: a box at start-up is to stand before a window that has its place.
+  // After the window's first events, so that a box at start-up appears in front of a window that is in place.
   QTimer::singleShot(50, &window, &MainWindow::Start);
   return QApplication::exec();
 }

@@ -26,7 +26,7 @@ namespace zova {
 
 namespace {
 
-// Stands behind the messages at the end of the masters.
+// Shown behind the final messages of a master.
 class BlankPanel final : public Panel {
  public:
   void Refresh() override {}
@@ -56,7 +56,7 @@ MainWindow::MainWindow(Session& session, QtProgress& progress)
   m_session.SetObserver([this] { Refresh(); });
   connect(new QShortcut(Qt::Key_F1, this), &QShortcut::activated, this, [this] { Run(&Session::ShowScreenHelp); });
   Refresh();
-  // Less the window's title, so that its lower edge stays in sight on a small screen.
+  // Minus the title bar, so that the lower edge is visible on a small screen.
   const QSize free = screen()->availableSize() - QSize(0, 2 * fontMetrics().height() + 8);
   setMinimumSize(QSize(640, 480).boundedTo(free));
   resize(QSize(800, 600).expandedTo(sizeHint()).boundedTo(free));
@@ -98,7 +98,7 @@ Panel* MainWindow::PanelOf(MasterFlow::Stage stage) const {
 
 void MainWindow::Start() { Run(&Session::Start); }
 
-// A message box lets events in while a command waits for its answer.
+// A message box processes events while a command waits for its answer.
 bool MainWindow::IsBusy() const { return m_running || QApplication::activeModalWidget() != nullptr; }
 
 void MainWindow::Run(SessionCommand command) {

@@ -11,22 +11,22 @@ namespace zova {
 
 class Panel;
 
-/// The frame around the session: the menus, and the panel of the screen that is up.
+/// The frame around the session: the menus and the panel of the current screen.
 class QtProgress;
 
 class MainWindow : public QMainWindow {
   Q_OBJECT
 
  public:
-  /// `progress` is what the session's runs tell how far they have come.
+  /// `progress` receives the progress of the session's runs.
   MainWindow(Session& session, QtProgress& progress);
-  /// To be called once the window is shown, so that the first messages stand before it.
+  /// To be called after the window is shown, so that the first messages appear in front of it.
   void Start();
   /// Shows the session as it is now.
   void Refresh();
 
  signals:
-  /// The program is to end.
+  /// The program ends.
   void Ended();
 
  protected:

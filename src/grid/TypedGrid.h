@@ -128,8 +128,8 @@ class TypedGrid {
   bool Enter();
   /// Enters a text that was typed but not entered yet. False when it is refused.
   bool EnterPendingText() { return m_text.empty() || Enter(); }
-  /// The same for a command that leaves the page: of several columns the text goes to the cursor's cell. A refusal says
-  /// what it was that stood in the box.
+  /// EnterPendingText for a command that leaves the page: if the selection spans several columns, the text goes to the
+  /// cursor's cell. A refusal quotes the text.
   bool EnterTextBeforeLeaving();
   void PlaceCursor(GridCell cell);
   /// The arrow keys. No effect with text in the box.
@@ -157,7 +157,7 @@ class TypedGrid {
   void Apply(std::vector<CellEdit> edits);
   /// Records a change already made, sorted by page and line, as one undo step.
   void Note(std::vector<CellChange> changes);
-  /// Beeps and shows `message`. Always returns false.
+  /// Shows `message`. Always returns false.
   bool Refuse(const std::string& message, const std::string& details = {});
 
  private:

@@ -38,8 +38,7 @@ void SubjectFlow::CancelIdentification() { Show(Stage::Closed); }
 
 void SubjectFlow::OpenEntry(SubjectIdentification::Outcome outcome) {
   if (outcome != SubjectIdentification::Outcome::OpenEntry) return;
-  // An interrupted subject that was neither restored nor put aside is put aside before this one's autosave takes its
-  // place.
+  // Puts an interrupted subject aside, unless restored or put aside already, before the next autosave replaces it.
   if (m_keepsAutosave && !WithRetry(m_platform.Boxes, [&] { KeepAutosaveFile(m_platform.Files, m_paramDir); })) return;
   m_keepsAutosave = false;
   m_entry.Open(*m_project, m_paramDir);

@@ -61,7 +61,7 @@ class SubjectFlow {
   std::string m_paramDir;
   bool m_entersNewSubjects = false;  // after a complete save identify the next one
   bool m_restoreOffered = false;
-  bool m_keepsAutosave = false;  // one that was neither restored nor put aside
+  bool m_keepsAutosave = false;  // the file was neither restored nor put aside
 };
 
 }  // namespace zova

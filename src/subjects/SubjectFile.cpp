@@ -83,7 +83,7 @@ SubjectOddities ReadLevelsAndLists(FieldReader& reader, const ProjectParameters&
   return {reader.HasReadText(), hasBlankInside};
 }
 
-// `bytes` as they stand in the file, `content` what they hold; `readStart` reads what stands before the levels.
+// `bytes` are the file's, `content` is their text; `readStart` reads what precedes the levels.
 template <typename ReadStart>
 SubjectOddities ParseRecord(std::string_view bytes, std::string_view content, const ProjectParameters& project,
                             SubjectRecord& record, ReadStart&& readStart) {

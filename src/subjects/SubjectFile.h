@@ -33,9 +33,9 @@ std::string FormatAutosave(const SubjectRecord& record, const ProjectParameters&
 /// The project file's name in the content of an autosave file. Throws FieldError.
 std::string ParseAutosaveProject(std::string_view bytes);
 
-/// Fills `record` (identifier included) from an autosave file's content. Throws as ParseSubject does, and BadIdentifier
-/// without an identifier, or with one that would lead to another directory. The identifier may be one that nobody could
-/// type, since it may come from the name of a file.
+/// Fills `record`, including the identifier, from an autosave file's content. Throws like ParseSubject, and
+/// BadIdentifier without an identifier, or with one that would lead to another directory. The identifier may be one
+/// that cannot be typed, since it may come from a file name.
 void ParseAutosave(std::string_view bytes, const ProjectParameters& project, SubjectRecord& record);
 
 /// The autosave file in the Param directory, and those that were put aside there (ProjectLayout). All throw FileError.
@@ -43,9 +43,8 @@ void WriteAutosaveFile(Disk& disk, const std::string& paramDir, const SubjectRec
                        const ProjectParameters& project);
 std::string ReadAutosaveProject(Disk& disk, const std::string& path);
 void ReadAutosaveFile(Disk& disk, const std::string& path, const ProjectParameters& project, SubjectRecord& record);
-/// Puts it aside as "Temp 1.txt", whose path is returned; those put aside before move on by one number. The third, and
-/// what lies behind it, goes, but never one that cannot be restored. Nothing happens when there is no autosave file,
-/// here and below.
+/// Puts it aside as "Temp 1.txt" and returns that path; files put aside earlier move up by one number. The third and
+/// later ones are deleted unless they cannot be restored. No effect without an autosave file; likewise below.
 std::string KeepAutosaveFile(Disk& disk, const std::string& paramDir);
 void DeleteAutosaveFile(Disk& disk, const std::string& paramDir);
 

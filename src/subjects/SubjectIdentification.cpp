@@ -35,7 +35,7 @@ void RequirePrimary(const ProjectParameters& project, Disk& disk) {
 constexpr const char* kForeignFile =
     "This file is not a subject file for this experiment.  Please select another file.";
 
-// False when the user gave up; `endedEarly` when the file is none of its kind.
+// False when the user cancels; sets `endedEarly` for a file of the wrong format.
 template <typename Step>
 bool ReadFile(const Platform& platform, bool& endedEarly, Step&& step) {
   const BusyPointer busy(platform.Pointer);
@@ -205,7 +205,7 @@ std::string SubjectIdentification::ListedName(const std::string& directory) cons
   return found;
 }
 
-// Only said beside a refusal: a directory that cannot be listed is no reason for another one.
+// Only adds to a refusal, so a directory that cannot be listed is not reported.
 bool SubjectIdentification::IsUnfinished() const {
   try {
     return m_purpose == Purpose::OldData && !ListedName(UnfinishedDirectory(m_project->PrimaryDir)).empty();
@@ -249,7 +249,7 @@ SubjectIdentification::Outcome SubjectIdentification::Browse() {
     const std::optional<std::string> path = m_platform.Dialogs.ChooseFile(question);
     if (!path) return Outcome::Stay;
     const std::string identifier = IdentifierOfFile(*m_project, *path);
-    // By its place first: to an old project its name may look like a subject's.
+    // Checks the directory first: in an old project the name may look like a subject's.
     const bool isAutosave = IsAutosave(*path);
     if (!isAutosave && identifier.empty()) return Refuse(kForeignFile);
     bool offersAgain = false;

@@ -168,7 +168,7 @@ TEST_F(EntryPanelTest, TheTimerFollowsTheStateAndItsTicksWaitForAMessageBox) {
   QCoreApplication::processEvents();
   EXPECT_EQ(state.Ticks(), 3);
   timer->setTimerType(Qt::PreciseTimer);
-  timer->setInterval(2000);  // begins anew
+  timer->setInterval(2000);  // restarts
   QTest::qWait(50);
   Type("1 ");
   EXPECT_LT(timer->remainingTime(), 1960) << "a key is no start";

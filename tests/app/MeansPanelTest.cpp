@@ -94,7 +94,7 @@ TEST(PlotView, ManyNamesStandBelowTheAxesAndLeaveThemTheirRoom) {
   EXPECT_TRUE(png.width() == 1891 && png.height() > 1600 && png.height() < 2200) << png.height();
   PlotView view("plotMeans");
   view.show();                          // sizes reach only what is shown
-  for (const int width : {560, 700}) {  // drawn anew over places that were left empty
+  for (const int width : {560, 700}) {  // redrawn over places left empty
     view.resize(width, 256);
     view.ShowPicture(picture);
     EXPECT_GE(view.axisRect()->outerRect().height(), 115);

@@ -165,7 +165,7 @@ TEST_F(Command, SaysWhyThereIsNoMaster) {
   Expect("--serial-order twice.dat Ab.prm", 1, {}, "Position 2 is used twice.\nReading 'C:\\twice.dat'\n");
   Put("2", "3 2 | 2");
   Expect(
-      "Ab.prm", 1, {kMaster},  // the first subject's row stays; its notice is not told
+      "Ab.prm", 1, {kMaster},  // the first subject's row stays; its notice is not shown
       "Subscript out of range\n'C:\\Data\\Sdata\\AB Sub#2.dat'\nSubject 2: item 3 at position 1 of test 1 is outside 1 "
       "to 2.\n");
 }

@@ -2,7 +2,7 @@
 //
 // Any bytes as a subject file and as an autosave file, in a project that the last bytes choose: either a FieldError,
 // and then a blank record in the project's shape, or a record that is what a plain reading field by field gives, and
-// that comes back the same when written. Such a record is scored: nothing but a ScoringError may come of it.
+// that comes back the same when written. Such a record is scored; only a ScoringError may be thrown.
 
 #include <fuzzer/FuzzedDataProvider.h>
 
@@ -44,7 +44,7 @@ ProjectParameters ChooseProject(FuzzedDataProvider& data) {
   return project;
 }
 
-// Reads over what an earlier subject left behind; false after a FieldError, when nothing of it may shine through.
+// Reads into the record of an earlier subject, of which nothing may remain; false after a FieldError.
 template <typename Parse>
 bool Reads(Parse&& parse, std::string_view bytes, const ProjectParameters& project, SubjectRecord& record) {
   record.SubjectId = "7";

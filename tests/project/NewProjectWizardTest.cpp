@@ -164,7 +164,7 @@ TEST_F(NewProjectWizardTest, NumbersAreCutReadRoundedAndLimitedAndOnlyExistingTe
   Leave(6, {{Minutes, "60009"}}, {}, "2,60,0,0,0,1,6000,");
   EXPECT_EQ(m_wizard.Text(Minutes), "6000");
   Leave(6, {{Minutes, "no"}}, {}, "2,60,0,0,0,0,0,");
-  Leave(7, {{Tests, "3"}}, {}, ",,0,0,,");  // only existing tests are rated; another count starts anew
+  Leave(7, {{Tests, "3"}}, {}, ",,0,0,,");  // only existing tests are rated; another count resets them
   for (const char* text : {"0", "1001"})
     Leave(7, {{MaxRating, text}}, {Told("Value for the maximum rating must be between 1 and 1000.")});
   Leave(7, {{MaxRating, "1000"}, {RatedTests, "4"}}, {Told("At least 1 test must be rated.")});

@@ -77,7 +77,7 @@ TEST(ProjectFile, ReadsTheOlderLayouts) {
   expected.PrimaryDir = "C:\\Data";
   expected.Rated = expected.MaxRating = expected.FalseMemory = 0;
   expected.RatedTests = {};
-  for (const std::string abbreviation : {"Example", "1995"}) {  // all digits: told by the 14 fields
+  for (const std::string abbreviation : {"Example", "1995"}) {  // all digits: recognised by the 14 fields
     expected.Abbreviation = abbreviation;
     const std::string oldest = "3,66,1,6,11,1,7,1,0,2,\"" + abbreviation + "\",\"Safe\\\",\"Data\\\",\"b\"\r\n";
     EXPECT_EQ(ParseProject(oldest + kLists, kPath), expected) << abbreviation;

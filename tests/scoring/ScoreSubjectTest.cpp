@@ -23,7 +23,7 @@ TEST(Scores, NetLossesGains) {
   Check({Measure::Basic}, {.Tests = 3},
         {{"1 2 | | 3", "Net 2 0 1, Losses 2 0, Gains 0 1"}, {"1 | 2 | 1", "Net 1 1 1, Losses 1 1, Gains 1 1"}});
   Check({Measure::Basic}, {.PerCategory = 4, .Lures = true},
-        {{"8 4 0 3 5 | 4 0 1 8", "Net 2 2, Losses 1, Gains 1"}});  // two lures in a row; a lure behind the list
+        {{"8 4 0 3 5 | 4 0 1 8", "Net 2 2, Losses 1, Gains 1"}});  // two lures in a row; a lure after the list
 }
 
 TEST(Scores, Minutes) {
@@ -39,7 +39,7 @@ TEST(Scores, Ratings) {
           "GainsAboveMedian 1, GainsBelowMedian 1, GainsAtMedian 1, RatingAvg 3 4.5, RateAboveMedian 1, "
           "RateBelowMedian 2, RateAtMedian 0, RateAboveMedian 3, RateBelowMedian 2, RateAtMedian 1, "
           "Up .66, Down 0, Same .33"}});
-  // nothing stands at 3.5; of a repeated gain the later rating counts; the unrated test between tells of gains only
+  // no rating is 3.5; of a repeated gain the later rating counts; the unrated test between has only gains
   Check({Measure::Rat}, {.Tests = 3, .MaxRating = 6, .Rated = "YyY"},
         {{"9/0/5 9/0/5 8/0/4 | | 1/0/3 2/0/4 3/0/1 3/0/6 9/0/5",
           "GainsAboveMedian 3, GainsBelowMedian 1, GainsAtMedian 0, RatingAvg 4.66 3.8, RateAboveMedian 3, "
@@ -55,7 +55,7 @@ TEST(Scores, Categories) {
          {"1 5 9", "ArcScore 0, #OfCategoriesUsed 3, AvgItemsPerCat 1"},
          {"1 1 5", "ArcScore 1, #OfCategoriesUsed 2, AvgItemsPerCat 1.5"},
          {"1 0 2 5 6", "ArcScore -.143, #OfCategoriesUsed 2, AvgItemsPerCat 2"}});
-  // items behind the last category belong to none
+  // items beyond the last category belong to none
   Check(boxes, {.Tests = 1, .Items = 10, .PerCategory = 4},
         {{"9 10 1 5 2 6", "ArcScore -.091, #OfCategoriesUsed 2, AvgItemsPerCat 3"}});
   Check(boxes, {.Tests = 1, .PerCategory = 4, .Minutes = 3, .Lures = true},
@@ -67,7 +67,7 @@ TEST(Scores, BiDirectionalItr) {
         {{"1 2 3 4 | 2 1 4 3", "Bi-ITR .5"},
          {"5 7 5 5 | 5 5", "Bi-ITR 2.5"},
          {"1 0 2 | 3 1", "Bi-ITR 1"},   // a blank meets the end of the later list,
-         {"1 9 | 0 1 9", "Bi-ITR -1"},  // and nothing meets what stands behind it
+         {"1 9 | 0 1 9", "Bi-ITR -1"},  // and nothing meets what follows it
          {Sequence(128) + "| " + Sequence(128), "Bi-ITR 125.015"}});
   Check({Measure::Bi}, {.Tests = 3}, {{"1 2 | | 1", "Bi-ITR 0 0"}, {"1 | 1 | 2", "Bi-ITR 0 0"}});
 }

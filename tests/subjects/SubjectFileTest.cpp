@@ -102,7 +102,7 @@ TEST(SubjectFile, LeavesABlankRecordAfterAFault) {
     ExpectBlankAfterFault(ParseSubject, kExample.substr(0, kExample.size() - 9) + bad);
     ExpectBlankAfterFault(ParseAutosave, autosave.substr(0, autosave.size() - 9) + bad);
   }
-  std::string wide = kExample;  // in a line with others behind it
+  std::string wide = kExample;  // in a line with others after it
   ExpectBlankAfterFault(ParseSubject, wide.replace(wide.find("1,5,1,3"), 7, "1,5,1,32768"));
 
   Scratch scratch;

@@ -22,7 +22,8 @@ class FailingFileLayer final : public FileLayer {
 
   explicit FailingFileLayer(FileLayer& inner) : m_inner(inner) {}
 
-  /// Counts anew; call `n` (from 1) throws `code`. A write that fails leaves nothing or the first half of its bytes.
+  /// Restarts the count; call `n` (from 1) throws `code`. A write that fails leaves nothing or the first half of its
+  /// bytes.
   void FailAt(int n, std::errc code = std::errc::no_space_on_device, Writes writes = Writes::Nothing) {
     m_calls = 0;
     m_failAt = n;
@@ -30,12 +31,12 @@ class FailingFileLayer final : public FileLayer {
     m_writes = writes;
     m_failedCall.clear();
   }
-  /// Counts anew and lets everything pass.
+  /// Restarts the count; no call fails.
   void FailNever() { FailAt(0); }
   [[nodiscard]] bool HasFailed() const noexcept { return !m_failedCall.empty(); }
   /// The name of the call that failed, or "".
   [[nodiscard]] const std::string& FailedCall() const noexcept { return m_failedCall; }
-  /// What happens just before the fault.
+  /// Called just before the fault.
   std::function<void()> OnFault;
 
   EntryKind Kind(const Path& path) override { return Pass("Kind"), m_inner.Kind(path); }

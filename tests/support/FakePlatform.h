@@ -66,7 +66,7 @@ class FakeHelpViewer final : public HelpViewer {
   std::string Shown;
 };
 
-/// Counts how deep the busy pointer stands; at its end every pointer must have been restored.
+/// Counts the nesting of the busy pointer; its destructor checks that every pointer was restored.
 class CountingDesktop final : public Desktop {
  public:
   ~CountingDesktop() override { EXPECT_EQ(Busy, 0) << "the busy pointer was left behind"; }
@@ -85,7 +85,7 @@ class CountingDesktop final : public Desktop {
   std::filesystem::path Folder;
 };
 
-/// Everything outside the rules but the disk, scripted or recorded.
+/// The environment of the rules except the disk, scripted or recorded.
 struct FakePlatform {
   Platform With(Disk& disk) { return With(disk, Boxes); }
   Platform With(Disk& disk, MessageBoxes& boxes) { return With(disk, boxes, Bar); }

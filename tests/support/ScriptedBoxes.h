@@ -24,7 +24,7 @@ struct ExpectedBox {
   std::string Title = "ZOVA";
 };
 
-/// A box that only tells.
+/// A box without a choice.
 inline ExpectedBox Told(const std::string& text, BoxIcon icon = BoxIcon::Exclamation) {
   return {text, BoxAnswer::Ok, "", icon, BoxButtons::Ok};
 }

@@ -39,7 +39,7 @@ bool HelpBrowser::FindInPages(const QString& text, QTextDocument::FindFlags dire
   if (find(text, direction)) return true;
   const bool isBackward = direction.testFlag(QTextDocument::FindBackward);
   const int count = static_cast<int>(m_pages.size());
-  // The last one is the page that is shown, once more from its other end.
+  // The last step is the current page again, from its other end.
   for (int step = 1; step <= count; ++step) {
     const int at = (PageOf(source()) + (isBackward ? count - step : step)) % count;
     const HelpPage& page = m_pages.at(static_cast<std::size_t>(at));
@@ -102,7 +102,7 @@ QLayout* HelpWindow::MakeButtons() {
 QWidget* HelpWindow::MakePages() {
   m_text->setAccessibleName(tr("Help text"));
   m_text->document()->setDefaultStyleSheet("table { margin-top: 8px; }");
-  m_text->setOpenLinks(false);  // a link leads to a page of this file, never out of it
+  m_text->setOpenLinks(false);  // links lead only to pages of this file
   connect(m_text, &QTextBrowser::anchorClicked, this, [this](const QUrl& link) { m_text->Show(link.fragment()); });
   connect(m_text, &QTextBrowser::sourceChanged, this, &HelpWindow::FollowPage);
   m_list->setHeaderHidden(true);
@@ -147,7 +147,7 @@ void HelpWindow::ShowHelp(const std::string& helpFile, const std::string& topic)
   raise();
   activateWindow();
   m_text->Show(ToQt(topic));
-  if (isNew) m_text->reload();  // a page of the same name may have been shown before
+  if (isNew) m_text->reload();  // a page of the same name may be cached
   if (isNew) m_text->clearHistory();
   m_text->setFocus();  // so that the keys scroll it
 }
@@ -160,7 +160,7 @@ bool HelpWindow::Load(const std::string& helpFile) {
     m_disk.Read(helpFile, text);
     m_loaded = helpFile;
   } catch (const FileError& error) {
-    m_loaded.clear();  // it may be there the next time
+    m_loaded.clear();  // it may exist the next time
     text = "<p>" + FromQt(ToQt("The help file '" + helpFile + "' could not be read: " + error.what()).toHtmlEscaped());
   }
   m_text->SetPages(CutIntoPages(text));
@@ -186,7 +186,7 @@ void HelpWindow::FillList() {
   m_list->expandAll();
 }
 
-// The browser's source() is still the page before when it tells of a new one.
+// source() is still the previous page when the signal for a new one arrives.
 void HelpWindow::FollowPage(const QUrl& address) {
   const int page = m_text->PageOf(address);
   const QSignalBlocker quiet(m_list);

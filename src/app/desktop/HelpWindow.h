@@ -20,11 +20,11 @@ class HelpBrowser final : public QTextBrowser {
  public:
   void SetPages(std::vector<HelpPage> pages) { m_pages = std::move(pages); }
   [[nodiscard]] const std::vector<HelpPage>& Pages() const noexcept { return m_pages; }
-  /// From 0; -1 for an address that is none.
+  /// From 0; -1 for an invalid address.
   [[nodiscard]] int PageOf(const QUrl& address) const;
-  /// Shows a page; "" and a topic that is not there show the first. The page before comes back by backward().
+  /// Shows a page; the first one for "" and an unknown topic. backward() returns to the previous page.
   void Show(const QString& topic);
-  /// The next or the previous place of `text` from the cursor on, through all pages, without regard to case.
+  /// Finds the next or previous occurrence of `text` from the cursor on, in all pages, without regard to case.
   bool FindInPages(const QString& text, QTextDocument::FindFlags direction);
 
  protected:
@@ -34,8 +34,8 @@ class HelpBrowser final : public QTextBrowser {
   std::vector<HelpPage> m_pages;
 };
 
-/// The help file in a window of its own: its pages as a list, the one that is chosen, and a search. A file that cannot
-/// be read is told of in the window itself.
+/// A window for the help file: a list of pages, the current page, and a search. Reports an unreadable file in the
+/// window.
 class HelpWindow : public QWidget, public HelpViewer {
   Q_OBJECT
 
@@ -53,7 +53,7 @@ class HelpWindow : public QWidget, public HelpViewer {
   void Find(QTextDocument::FindFlags direction);
 
   Disk& m_disk;
-  std::string m_loaded;  // the file that the browser shows
+  std::string m_loaded;  // the file shown
   HelpBrowser* m_text;
   QTreeWidget* m_list;
   QLineEdit* m_search = nullptr;

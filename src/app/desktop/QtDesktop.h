@@ -15,15 +15,15 @@ class QtDesktop final : public Desktop {
   void Beep() override;
   bool OpenFolder(const std::filesystem::path& directory) override;
 
-  /// Lives while a box or dialog is up: the pointer is the normal one, however busy the program is, and the focus comes
-  /// back to where it was.
+  /// For the lifetime of a box or dialog: shows the normal pointer even when the program is busy, and restores the
+  /// focus afterwards.
   class Pause {
    public:
     explicit Pause(QtDesktop& desktop);
     ~Pause();
     Pause(const Pause&) = delete;
     Pause& operator=(const Pause&) = delete;
-    /// What the box belongs to: the active window, or the main window of a program in the background.
+    /// The box's parent: the active window, or the main window of a program in the background.
     [[nodiscard]] QWidget* Window() const { return m_window; }
 
    private:

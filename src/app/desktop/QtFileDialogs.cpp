@@ -10,8 +10,8 @@
 namespace zova {
 namespace {
 
-// Captions carry a wildcard in brackets of their own. Qt takes the last pair for the patterns and, told to hide the
-// details, shows what stands before it. "*.*" means every file here, also one without a point in its name.
+// Captions contain their own wildcard in brackets. Qt reads the last pair as the patterns and hides only that. "*.*"
+// means every file, also one without a point in its name.
 QStringList FilterTexts(const std::vector<FileFilter>& filters) {
   QStringList texts;
   for (const FileFilter& filter : filters) {
@@ -20,7 +20,7 @@ QStringList FilterTexts(const std::vector<FileFilter>& filters) {
   return texts;
 }
 
-// As it is spelt on the disk, or where the dialog begins by itself.
+// The directory as spelt on the disk, or the dialog's default.
 QString StartDirectory(Disk& disk, const std::string& path) {
   try {
     return ToQt(PathText(disk.Resolve(path, FileOperation::List).Native));
@@ -50,7 +50,7 @@ std::optional<std::string> QtFileDialogs::Ask(const FileQuestion& question, bool
   dialog.setAcceptMode(isNew ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
   dialog.setOption(QFileDialog::HideNameFilterDetails);
 #if !defined(Q_OS_WIN) && !defined(Q_OS_MACOS)
-  dialog.setOption(QFileDialog::DontUseNativeDialog);  // those of Linux cut the captions at their first bracket
+  dialog.setOption(QFileDialog::DontUseNativeDialog);  // native dialogs of Linux cut the captions at the first bracket
 #endif
   const QStringList filters = FilterTexts(question.Filters);
   dialog.setNameFilters(filters);

@@ -16,7 +16,7 @@
 namespace zova {
 namespace {
 
-// The tables stand in the order of the enumerators.
+// In the order of the enumerators.
 constexpr QMessageBox::Icon kIcons[] = {QMessageBox::NoIcon, QMessageBox::Information, QMessageBox::Question,
                                         QMessageBox::Warning, QMessageBox::Critical};
 constexpr QMessageBox::StandardButton kAnswers[] = {QMessageBox::Ok, QMessageBox::Yes, QMessageBox::No,
@@ -33,7 +33,7 @@ constexpr Offer kOffers[] = {{QMessageBox::Ok, BoxAnswer::Ok},
 
 QMessageBox::StandardButton ButtonOf(BoxAnswer answer) { return kAnswers[static_cast<std::size_t>(answer)]; }
 
-// A box is answered by a key that was pressed for it, not by one that is still held from what led there.
+// Ignores keys that were already held when the box opened.
 class HeldKeysDiscarded final : public QObject {
  public:
   HeldKeysDiscarded() { qApp->installEventFilter(this); }
@@ -42,7 +42,7 @@ class HeldKeysDiscarded final : public QObject {
     if (m_pressed || (event->type() != QEvent::KeyPress && !isOverride)) return false;
     const bool isHeld = static_cast<const QKeyEvent*>(event)->isAutoRepeat();
     m_pressed = !isHeld;
-    if (isHeld && isOverride) event->accept();  // no shortcut's either
+    if (isHeld && isOverride) event->accept();  // nor for a shortcut
     return isHeld;
   }
 
@@ -50,12 +50,11 @@ class HeldKeysDiscarded final : public QObject {
   bool m_pressed = false;
 };
 
-// A list of hundreds of subjects would make the box higher than the screen: it scrolls then, in place of the label
-// that Qt has laid out for it.
+// A list of hundreds of subjects would make the box higher than the screen, so a scrolling text replaces Qt's label.
 void LetLongTextScroll(QMessageBox& box, const char* labelName, const QString& shown, const char* name) {
   auto* label = box.findChild<QLabel*>(labelName);
   if (label == nullptr) return;
-  label->setTextFormat(Qt::PlainText);  // the box's own format goes to its main text only
+  label->setTextFormat(Qt::PlainText);  // the box's format applies only to its main text
   const QFontMetrics metrics(label->font());
   const QSize screen = box.screen()->availableSize();
   const int width = std::min(metrics.averageCharWidth() * 70, screen.width() / 2);
@@ -75,7 +74,7 @@ BoxAnswer QtMessageBoxes::Show(const MessageBox& box) {
   if (m_beforeShow) m_beforeShow();
   const QtDesktop::Pause pause(m_desktop);
   const Offer& offer = kOffers[static_cast<std::size_t>(box.Buttons)];
-  // Without a default Qt takes the leftmost button, which may be the dangerous one.
+  // Without a default Qt chooses the leftmost button, which may be the dangerous one.
   const BoxAnswer standard = offer.Buttons.testFlag(ButtonOf(box.Default)) ? box.Default : offer.Escape;
   QMessageBox dialog(pause.Window());
   dialog.setWindowTitle(ToQt(box.Title));

@@ -9,12 +9,11 @@
 
 namespace zova {
 
-/// The platform's message boxes. Texts are plain; the answer of Escape and of the window's own closing is Cancel, else
-/// No, else OK.
+/// Message boxes with plain text. Escape and closing the box mean Cancel, else No, else OK.
 class QtMessageBoxes final : public MessageBoxes {
  public:
   explicit QtMessageBoxes(QtDesktop& desktop) : m_desktop(desktop) {}
-  /// Called before a box comes up: behind it the window shows what the box is about.
+  /// Called before a box opens, to refresh the window behind it.
   void SetBeforeShow(std::function<void()> beforeShow) { m_beforeShow = std::move(beforeShow); }
   BoxAnswer Show(const MessageBox& box) override;
 

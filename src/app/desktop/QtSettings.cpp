@@ -11,7 +11,7 @@
 namespace zova {
 namespace {
 
-// One for each call: the status of a store never becomes good again.
+// One per call, since QSettings never resets its error status.
 class Store {
  public:
   Store(const std::string& section, const std::string& key)
@@ -20,7 +20,7 @@ class Store {
 
   [[nodiscard]] QVariant Value() const { return m_settings.value(m_name); }
 
-  // An invalid value removes. What could not be written must not be read back from memory either, where Qt keeps it.
+  // An invalid value removes the key. A value that cannot be written must not be read back from Qt's cache.
   void Write(const QVariant& value) {
     const QVariant before = Value();
     Put(value);

@@ -19,7 +19,7 @@ bool AsksForHelp(const QKeyEvent& event) {
          (event.key() == Qt::Key_F10 && event.modifiers() == Qt::ShiftModifier);
 }
 
-// A popup window: it takes all keys and clicks while it is open, and Qt gives the focus back when it closes.
+// A popup window: receives all keys and clicks while open; Qt restores the focus when it closes.
 class SentencePopup final : public QFrame {
  public:
   SentencePopup(const QString& sentence, const QPoint& place, QWidget* owner) : QFrame(owner, Qt::Popup) {
@@ -27,7 +27,7 @@ class SentencePopup final : public QFrame {
     setFrameShape(QFrame::StyledPanel);
     QLabel* label = MakeLabel("lblQuickHelpText", sentence);
     (new QVBoxLayout(this))->addWidget(label);
-    // A screen reader reads what gets the focus.
+    // Screen readers read what gets the focus.
     label->setFocusPolicy(Qt::StrongFocus);
     label->setFocus(Qt::PopupFocusReason);
     adjustSize();
@@ -38,7 +38,7 @@ class SentencePopup final : public QFrame {
 
  protected:
   void keyPressEvent(QKeyEvent* event) override {
-    if (!AsksForHelp(*event)) close();  // the key that opened it comes here as well, or is held down
+    if (!AsksForHelp(*event)) close();  // the key that opened it also arrives here, or is held down
   }
   void mousePressEvent(QMouseEvent*) override { close(); }
 };
@@ -49,7 +49,7 @@ bool QuickHelpFilter::eventFilter(QObject* watched, QEvent* event) {
   if (!watched->isWidgetType()) return false;
   auto* control = static_cast<QWidget*>(watched);
 #ifndef Q_OS_WIN
-  // Qt itself knows Shift+F10 on Windows alone.
+  // Qt handles Shift+F10 only on Windows.
   if (event->type() == QEvent::KeyPress && !QApplication::activePopupWidget()) {
     const auto* press = static_cast<QKeyEvent*>(event);
     if (press->key() == Qt::Key_F10 && press->modifiers() == Qt::ShiftModifier) {
@@ -67,7 +67,7 @@ bool QuickHelpFilter::Answer(QWidget* control, const QContextMenuEvent& event) {
   QPoint place = control->mapToGlobal(control->rect().bottomLeft());
   if (event.reason() == QContextMenuEvent::Mouse) {
     place = event.globalPos();
-    // A control that is greyed out may leave its clicks to what it stands on.
+    // A disabled control may pass its clicks to its parent.
     if (QWidget* child = control->childAt(event.pos())) control = child;
   }
   for (; control; control = control->isWindow() ? nullptr : control->parentWidget()) {

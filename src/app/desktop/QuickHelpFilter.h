@@ -8,8 +8,8 @@ class QWidget;
 
 namespace zova {
 
-/// To be installed on the QApplication. A right click on a control, or the menu key or Shift+F10, shows the control's
-/// one sentence beside it until the next key or click. A text box keeps its edit menu.
+/// Installed on the QApplication. A right click on a control, the menu key or Shift+F10 shows the control's sentence
+/// until the next key or click. A text box keeps its edit menu.
 class QuickHelpFilter : public QObject {
   Q_OBJECT
 

@@ -9,9 +9,9 @@ namespace zova {
 
 namespace {
 
-constexpr double kLittle = 0.001;  // stretch of what takes no more room than it needs
+constexpr double kLittle = 0.001;  // stretch of a cell that stays at its minimum
 
-// Of all its items, since their columns are drawn as wide as the widest.
+// Over all items, since all columns are as wide as the widest item.
 QSize LargestItem(const QCPLegend& legend) {
   QSize largest(1, 1);
   for (int index = 0; index < legend.itemCount(); ++index) {
@@ -21,7 +21,7 @@ QSize LargestItem(const QCPLegend& legend) {
   return largest;
 }
 
-// Names are drawn a little larger than they measure, on paper more than on the screen.
+// Names are drawn slightly larger than measured, on paper more than on the screen.
 QMargins ItemMargins(double fontSize) {
   const int beside = static_cast<int>(std::ceil(fontSize / 3));
   return {0, 1, beside, 2};
@@ -58,7 +58,7 @@ void PlotLegend::Arrange(const QFont& font, double fontSize) {
   legend.setFont(font);
   legend.setIconSize(static_cast<int>(fontSize * 3), static_cast<int>(fontSize));
   legend.setIconTextPadding(static_cast<int>(fontSize * 0.8));
-  PlaceIn(*m_side, 0);  // one column has no empty places, which would count as items
+  PlaceIn(*m_side, 0);  // a single column has no empty cells, which would count as items
   for (int index = 0; index < m_plot.graphCount(); ++index) {
     if (!m_plot.graph(index)->name().isEmpty()) m_plot.graph(index)->addToLegend();
   }
@@ -83,12 +83,12 @@ void PlotLegend::Fit(double height, const QString& rest) {
   if (!IsBelow() || Height() <= height) return;
   QCPLegend& legend = *m_plot.legend;
   const int fixed = Height() - m_rows * m_item.height();  // its margins
-  const int line = m_item.height();                       // of what says that names are left out
+  const int line = m_item.height();                       // the line about names left out
   m_rows = std::max(1, (static_cast<int>(height) - fixed - line) / m_item.height());
   PlaceIn(*m_below, 0);
   const int count = legend.itemCount();
   const int kept = std::min(count, m_rows * m_columns);
-  // Not removeItem, which would lay the rest out anew each time.
+  // Not removeItem, which would lay out the rest again each time.
   for (int index = count; index-- > kept;) static_cast<QCPLayout&>(legend).remove(legend.item(index));
   PlaceIn(*m_below, m_rows);
   if (kept == count) return;

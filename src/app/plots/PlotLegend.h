@@ -5,20 +5,20 @@
 
 namespace zova {
 
-/// The names of the lines of a plot: beside the axes, at the top, where they fit there in one column and leave two
-/// thirds of the width, else below the axes in as many columns as fit. Sizes are in pixels of the layout.
+/// The names of the lines of a plot: beside the axes, at the top, if they fit in one column and leave two thirds of the
+/// width, else below the axes in as many columns as fit. Sizes are in layout pixels.
 class PlotLegend {
  public:
-  /// Makes room in the plot's layout; `plot` must outlive the legend.
+  /// Reserves room in the plot's layout. `plot` must outlive the legend.
   explicit PlotLegend(QCustomPlot& plot);
 
-  /// Takes the graphs that have a name, in their order. `fontSize` is the height of the letters.
+  /// Lists the graphs with a name, in order. `fontSize` is the height of the letters.
   void Arrange(const QFont& font, double fontSize);
-  /// Leaves out what is higher than `height` (but the first row never is), and says so with `rest`, where %1 stands for
-  /// the number of names left out. Only for a legend below the axes.
+  /// Leaves out rows beyond `height`, except the first, and shows `rest` with the number of names left out for %1. Only
+  /// for a legend below the axes.
   void Fit(double height, const QString& rest);
   [[nodiscard]] bool IsBelow() const noexcept { return m_rows > 0; }
-  /// Of a legend below the axes; else 0.
+  /// 0 unless the legend is below the axes.
   [[nodiscard]] int Height() const;
 
  private:

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// The same drawing goes to the screen and to files. It is laid out twice: where ticks do not fit side by side depends
-// on the room that the labels of the axes leave.
+// One drawing serves the screen and files. It is laid out twice, since the room for ticks depends on the axis labels.
 
 #include "app/plots/PlotView.h"
 
@@ -24,16 +23,16 @@ constexpr double kCmPerInch = 2.54;
 constexpr int kDotsPerInch = 96;  // of the layout; formats scale it
 constexpr int kPixelsPerInch = 300;
 constexpr int kFontPixels = 12;
-constexpr int kLegendPages = 4;  // heights of a figure that its legend takes at most
+constexpr int kLegendPages = 4;  // maximum height of the legend in figure heights
 
-// Dark enough for white paper, and apart from each other for colour-blind readers (Okabe and Ito 2008).
+// Dark enough for white paper, and distinguishable for colour-blind readers (Okabe and Ito 2008).
 constexpr QRgb kColors[] = {0x000000, 0x0072b2, 0xc04a00, 0x00795a, 0x8a4a7c, 0x555555};
 constexpr Qt::PenStyle kDashes[] = {Qt::SolidLine, Qt::DashLine, Qt::DotLine, Qt::DashDotLine, Qt::DashDotDotLine};
 struct Symbol {
   QCPScatterStyle::ScatterShape Shape;
   bool IsFilled;
 };
-// The most different ones first. In black and white they alone tell separate means apart.
+// The most different ones first: in black and white only they distinguish separate means.
 constexpr Symbol kSymbols[] = {{QCPScatterStyle::ssCircle, true},
                                {QCPScatterStyle::ssSquare, false},
                                {QCPScatterStyle::ssTriangle, true},
@@ -53,7 +52,7 @@ const Item& InTurn(const Item (&items)[N], std::size_t index) {
   return items[index % N];
 }
 
-// `index` of the series among those of its kind; a smoothed curve goes with the observed one of the same index.
+// `index` counts series of one kind; a smoothed curve belongs to the observed one with the same index.
 void Style(QCPGraph& graph, const PlotPicture& picture, const PlotSeries& series, std::size_t index, double fontSize) {
   const bool hasSmoothed =
       std::any_of(picture.Series.begin(), picture.Series.end(), [](const PlotSeries& other) { return other.IsDashed; });
@@ -72,15 +71,15 @@ void Style(QCPGraph& graph, const PlotPicture& picture, const PlotSeries& series
                          fontSize * 2 / 3});
 }
 
-// Series stand side by side so that their symbols and intervals do not cover each other; `room` is the distance of two
-// ticks in widths of a symbol.
+// Offsets the series so that symbols and intervals do not overlap; `room` is the distance of two ticks in symbol
+// widths.
 double OffsetOf(const PlotPicture& picture, std::size_t index, double room) {
   const auto count = static_cast<double>(picture.Series.size());
   const double step = std::min(1 / room, 0.7 / count);
   return HasIntervals(picture) ? (static_cast<double>(index) - (count - 1) / 2) * step : 0;
 }
 
-// In lines of about the same length when it is longer than `room`.
+// Wraps a text longer than `room` into lines of about equal length.
 QString Wrapped(const QString& text, const QFontMetricsF& metrics, double room) {
   if (metrics.horizontalAdvance(text) <= room) return text;
   qsizetype cut = -1;
@@ -91,7 +90,7 @@ QString Wrapped(const QString& text, const QFontMetricsF& metrics, double room) 
   return Wrapped(text.left(cut), metrics, room) + '\n' + Wrapped(text.mid(cut + 1), metrics, room);
 }
 
-// Takes the range of what is drawn, in which 0 always is.
+// Extends `range`, which always includes 0.
 void AddSeries(QCustomPlot& plot, const PlotPicture& picture, const QFont& font, double fontSize, QCPRange& range) {
   const QFontMetricsF metrics(font);
   const double symbols = plot.viewport().width() * 0.7 / fontSize;
@@ -120,7 +119,7 @@ void AddSeries(QCustomPlot& plot, const PlotPicture& picture, const QFont& font,
   }
 }
 
-// Half a step at both ends of the axis, or what a whole symbol takes where steps are small.
+// Adds half a step at both ends of the axis, or the width of a symbol if steps are small.
 void FitRange(QCustomPlot& plot, const PlotPicture& picture, double fontSize) {
   const auto count = static_cast<double>(picture.Ticks.size());
   const double symbol = fontSize * count / std::max(1, plot.axisRect()->width());
@@ -128,8 +127,8 @@ void FitRange(QCustomPlot& plot, const PlotPicture& picture, double fontSize) {
   plot.xAxis->setRange(1 - room, count + room);
 }
 
-// Texts that do not fit side by side stand upright; of those that do not fit upright either, each second, fifth, tenth
-// ... remains.
+// Texts that do not fit side by side are rotated; if they still do not fit, only every second, fifth, tenth ...
+// remains.
 void FitTicks(QCustomPlot& plot, const PlotPicture& picture) {
   const QFontMetricsF metrics(plot.xAxis->tickLabelFont());
   const auto count = static_cast<double>(picture.Ticks.size());
@@ -175,8 +174,8 @@ void ShowNote(QCustomPlot& plot, const PlotPicture& picture, const QFont& font) 
 
 enum class Page { View, Figure };
 
-// Where the legend stands below the axes, a figure grows by it; in a view the axes keep half of the height with their
-// texts, and a third without. Their room must have been laid out.
+// A figure grows by a legend below the axes; in a view the axes keep half of the height including their texts, and a
+// third without. Requires a finished layout of the axes.
 void FitLegend(QCustomPlot& plot, PlotLegend& legend, Page page) {
   const QRect view = plot.viewport();
   if (page == Page::Figure) {
@@ -195,15 +194,15 @@ void FitAxes(QCustomPlot& plot, const PlotPicture& picture, const QFont& font, d
   plot.xAxis->setLabel(Wrapped(ToQt(picture.XLabel), metrics, plot.axisRect()->width()));
   FitRange(plot, picture, fontSize);
   FitTicks(plot, picture);
-  if (plot.xAxis->tickLabelRotation() != 0) plot.replot(QCustomPlot::rpQueuedRefresh);  // texts that took height
+  if (plot.xAxis->tickLabelRotation() != 0) plot.replot(QCustomPlot::rpQueuedRefresh);  // for texts that take height
   plot.yAxis->setLabel(Wrapped(ToQt(picture.YLabel), metrics, plot.axisRect()->height()));
 }
 
-// Lays the picture out anew; `fontSize` is the height of its letters in pixels.
+// Lays the picture out again; `fontSize` is the height of its letters in pixels.
 void DrawPicture(QCustomPlot& plot, PlotLegend& legend, const PlotPicture& picture, const QFont& font, double fontSize,
                  Page page) {
   plot.clearItems();
-  plot.legend->clearItems();  // at once, not one by one with what they name
+  plot.legend->clearItems();  // at once, not one by one with their graphs
   plot.clearPlottables();
   QCPRange range(0, 0);
   AddSeries(plot, picture, font, fontSize, range);
@@ -216,7 +215,7 @@ void DrawPicture(QCustomPlot& plot, PlotLegend& legend, const PlotPicture& pictu
   plot.yAxis->setRange(range.lower < 0 ? range.lower - margin : 0, range.upper + margin);
   PrepareAxis(*plot.xAxis, font, picture.XLabel);
   PrepareAxis(*plot.yAxis, font, picture.YLabel);
-  plot.yAxis->grid()->setVisible(range.lower < 0);  // its line at 0 alone
+  plot.yAxis->grid()->setVisible(range.lower < 0);  // only its line at 0
   plot.yAxis->grid()->setPen(Qt::NoPen);
   FitAxes(plot, picture, font, fontSize);
   if (!legend.IsBelow()) return;

@@ -10,8 +10,8 @@ namespace zova {
 
 enum class PlotFormat;
 
-/// Draws pictures of means as they go to print: black and dark colours on white whatever the desktop's colours, series
-/// told apart by symbol and dashes.
+/// Draws pictures of means as printed: black and dark colours on white whatever the desktop's colours; symbols and
+/// dashes distinguish the series.
 class PlotView : public QCustomPlot {
   Q_OBJECT
 
@@ -27,8 +27,8 @@ class PlotView : public QCustomPlot {
   PlotLegend m_legend;
 };
 
-/// The picture as the bytes of a file, 16 x 11 cm in each format, higher by a legend that stands below the axes; the
-/// text of PDF and SVG stays text.
+/// The picture as the bytes of a file, 16 x 11 cm in each format plus a legend below the axes. Text in PDF and SVG
+/// stays text.
 QByteArray RenderPicture(const PlotPicture& picture, PlotFormat format);
 
 }  // namespace zova

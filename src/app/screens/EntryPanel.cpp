@@ -21,7 +21,7 @@ namespace zova {
 
 namespace {
 
-constexpr double kTestSize = 3.3;  // times the normal font: to be read from a metre away
+constexpr double kTestSize = 3.3;  // times the normal font: legible from a metre away
 constexpr double kInputSize = 1.8;
 
 void Enlarge(QWidget& control, double times) {
@@ -79,7 +79,7 @@ EntryPanel::EntryPanel(SubjectFlow& subjects)
   });
 }
 
-// Its buttons scroll in a low window; grid and box always stand beside it.
+// The buttons scroll in a low window; grid and box are always visible.
 QScrollArea* EntryPanel::MakeSide() {
   auto* side = new QWidget;
   auto* rows = new QVBoxLayout(side);
@@ -123,7 +123,7 @@ void EntryPanel::Refresh() {
   m_grdInput->Refresh();
   m_txtInput->Refresh();
   m_lblTUpdate->setText(ToQt(entry.TestCaption()));
-  // The only letter that "Done with Test 1" and "Review" share and that is still free.
+  // The only free letter that "Done with Test 1" and "Review" share.
   QString done = ToQt(entry.DoneCaption());
   m_cmdDone->setText(done.insert(done.indexOf(u'w'), u'&'));
   m_framinbump->setVisible(entry.KeepsMinutes());
@@ -152,7 +152,7 @@ void EntryPanel::FollowTimer() {
   if (m_waitingTicks > 0) QMetaObject::invokeMethod(this, &EntryPanel::ActOnTicks, Qt::QueuedConnection);
 }
 
-// Behind a message box a command waits for its answer. Once it has ended, Refresh comes back to the ticks.
+// Ticks behind a message box wait until its command has ended; then Refresh acts on them.
 void EntryPanel::ActOnTicks() {
   if (QApplication::activeModalWidget() != nullptr || m_waitingTicks == 0) return;
   for (; m_waitingTicks > 0; --m_waitingTicks) m_subjects.Entry().Tick();
@@ -167,7 +167,7 @@ void EntryPanel::showEvent(QShowEvent* event) {
   m_txtInput->setFocus();
 }
 
-// Of the keys that a button has no use for, digits are meant for the box; Escape only goes back there.
+// Keys that a button ignores: digits go to the box, and Escape returns the focus to it.
 void EntryPanel::keyPressEvent(QKeyEvent* event) {
   const bool isDigit = event->key() >= Qt::Key_0 && event->key() <= Qt::Key_9;
   if (!isDigit && event->key() != Qt::Key_Escape) return Panel::keyPressEvent(event);
@@ -175,7 +175,7 @@ void EntryPanel::keyPressEvent(QKeyEvent* event) {
   if (isDigit) QCoreApplication::sendEvent(m_txtInput, event);
 }
 
-// The column of buttons is as wide as its texts need, once they are laid out.
+// Fits the column of buttons to its texts after the layout.
 void EntryPanel::FitSide() {
   m_side->widget()->layout()->activate();
   m_side->setFixedWidth(m_side->widget()->minimumSizeHint().width() + m_side->verticalScrollBar()->sizeHint().width());
@@ -188,10 +188,10 @@ bool EntryPanel::eventFilter(QObject* watched, QEvent* event) {
     return false;
   }
   if (event->type() == QEvent::Shortcut) {
-    button->click();  // at once: of itself it acts 100 ms later, when the next number is half typed
+    button->click();  // at once: by itself it acts 100 ms later, when the next number is half typed
     return true;
   }
-  // A double click is one press, or it would go on by two tests; minutes may be bumped as fast as one can click.
+  // A double click is one press, or it would advance two tests; the minute buttons accept every click.
   return event->type() == QEvent::MouseButtonDblClick && button->parentWidget() != m_framinbump;
 }
 

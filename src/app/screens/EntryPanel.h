@@ -17,7 +17,7 @@ class GridBox;
 class GridTable;
 class SubjectFlow;
 
-/// The screen on which a subject's recalls are typed. Whatever is pressed or clicked, the focus comes back to the box.
+/// The screen for a subject's recalls. After every key and click the focus returns to the box.
 class EntryPanel : public Panel {
   Q_OBJECT
 

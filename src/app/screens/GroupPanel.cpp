@@ -21,7 +21,7 @@ GroupPanel::GroupPanel(MasterFlow& flow)
   rows->addWidget(MakeLabel("lblVarNameList", tr("&Variable that keeps the groups apart:"), m_lstVarName));
   rows->addWidget(m_lstVarName, 1);
   QScrollArea* preview = MakeScrolling(m_lblGroupsPreview);
-  preview->setFocusPolicy(Qt::TabFocus);  // to be scrolled from the keyboard
+  preview->setFocusPolicy(Qt::TabFocus);  // for scrolling by keyboard
   preview->setAccessibleName(tr("Groups"));
   m_lblGroupsPreview->setAlignment(Qt::AlignTop);
   for (QWidget* part : {static_cast<QWidget*>(m_lstVarName), static_cast<QWidget*>(preview)}) {
@@ -40,7 +40,7 @@ GroupPanel::GroupPanel(MasterFlow& flow)
     m_flow.Options().SetPerGroupText(FromQt(text));
     report();
   });
-  // After the key or click that chose it: all subjects may be read, and the choice go back.
+  // Queued after the key or click: all subjects may be read, and the choice may be reverted.
   connect(
       m_lstVarName, &QListWidget::currentRowChanged, this,
       [this, report](int row) {

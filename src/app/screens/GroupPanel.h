@@ -9,7 +9,7 @@ class QListWidget;
 
 namespace zova {
 
-/// How subjects are put together as nominal groups, and what that gives.
+/// How subjects form nominal groups, with a preview.
 class GroupPanel : public FlowPanel {
   Q_OBJECT
 

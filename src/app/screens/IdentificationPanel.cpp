@@ -31,7 +31,7 @@ IdentificationPanel::IdentificationPanel(SubjectFlow& subjects)
   m_cmdCancel = AddButton(*row, "cmdCancel", tr("&Cancel"), *this, [this] { m_subjects.CancelIdentification(); });
   connect(m_txtSub, &QLineEdit::textEdited, this, [this](const QString& text) {
     m_rules.SetSubjectText(FromQt(text));
-    // What is dropped had just been put in before the cursor.
+    // The dropped characters were just inserted before the cursor.
     const auto fromEnd = text.size() - m_txtSub->cursorPosition();
     ShowText(m_txtSub, m_rules.SubjectText());
     m_txtSub->setCursorPosition(static_cast<int>(m_txtSub->text().size() - fromEnd));
@@ -42,7 +42,7 @@ IdentificationPanel::IdentificationPanel(SubjectFlow& subjects)
 QWidget* IdentificationPanel::MakePage() {
   auto* page = new QWidget;
   auto* rows = new QVBoxLayout(page);
-  QFont bold;  // only its weight is set: the rest comes from the window
+  QFont bold;  // only the weight is set; the rest comes from the window
   bold.setBold(true);
   AddText(*rows, "lblSubInfo", &SubjectIdentification::Heading)->setFont(bold);
   rows->addWidget(m_lblProjectName = MakeLabel("lblProjectName", {}));
@@ -79,7 +79,7 @@ void IdentificationPanel::Refresh() {
   ShowText(m_txtSub, m_rules.SubjectText());
   ShowText(m_txtInfo, m_rules.LevelText());
   const bool asksIdentifier = m_rules.AsksIdentifier();
-  m_txtSub->setEnabled(asksIdentifier);  // in sight also while levels are asked for
+  m_txtSub->setEnabled(asksIdentifier);  // visible also while levels are entered
   m_level->setVisible(!asksIdentifier);
   m_cmdBack->setEnabled(m_rules.CanGoBack());
   m_cmdNext->setEnabled(m_rules.CanGoNext());

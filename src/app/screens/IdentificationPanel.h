@@ -15,7 +15,7 @@ namespace zova {
 class SubjectFlow;
 class SubjectIdentification;
 
-/// The screen that names a subject: its identifier, then its levels step by step. Enter goes on, Escape cancels.
+/// The screen that identifies a subject: its identifier, then its levels step by step. Enter continues, Escape cancels.
 class IdentificationPanel : public Panel {
   Q_OBJECT
 

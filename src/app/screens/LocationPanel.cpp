@@ -66,7 +66,7 @@ void LocationPanel::Refresh() {
 
 void LocationPanel::showEvent(QShowEvent* event) {
   Panel::showEvent(event);
-  if (event->spontaneous()) return;  // back from the task bar, say: the cursor stays where it was
+  if (event->spontaneous()) return;  // for example restored from the task bar: the cursor stays
   Refresh();
   PlaceCursorIn(m_path);
 }

@@ -13,7 +13,7 @@ namespace zova {
 class DriveDirectoryList;
 class LocationFlow;
 
-/// Where a directory is chosen: for the Param directory in its two forms, and for a new backup destination.
+/// The screen that chooses a directory: the Param directory, in two forms, or a new backup destination.
 class LocationPanel : public Panel {
   Q_OBJECT
 

@@ -13,7 +13,7 @@ class QGridLayout;
 
 namespace zova {
 
-/// A large button with a picture. Enter presses it as Space does.
+/// A large button with a picture. Enter presses it like Space.
 class PictureButton : public QToolButton {
   Q_OBJECT
 
@@ -24,7 +24,7 @@ class PictureButton : public QToolButton {
   void keyPressEvent(QKeyEvent* event) override;
 };
 
-/// The main screen: which project is open, and the pictures that lead to the others.
+/// The main screen: the open project, and picture buttons for the other screens.
 class MainPanel : public Panel {
   Q_OBJECT
 

@@ -37,7 +37,7 @@ MasterPanel::MasterPanel(MasterFlow& flow)
   rows->addWidget(m_chkItemAnalysis, 0, Qt::AlignLeft);
   rows->addWidget(m_chkCombine, 0, Qt::AlignLeft);
   rows->addWidget(MakeLabel("lblExports", tr("Files for Other Programs"), m_chkExportClean));
-  auto* exports = new QHBoxLayout;  // in one row, so that all of the page is in sight at 800 x 600
+  auto* exports = new QHBoxLayout;  // in one row, so that the whole page is visible at 800 x 600
   exports->addWidget(m_chkExportClean);
   exports->addWidget(m_chkExportLong);
   exports->addStretch();
@@ -54,7 +54,7 @@ MasterPanel::MasterPanel(MasterFlow& flow)
   m_cancel = AddButton("cmdMastCancel", tr("&Cancel"), [this] { m_flow.CancelOptions(); });
   m_default = AddButton("cmdCreateMaster", tr("Co&ntinue"), [this] { m_flow.Continue(); });
   MarkDefault(m_default, true);
-  m_cursor = m_default;  // a key struck by mistake then changes no path
+  m_cursor = m_default;  // so that a key pressed by mistake changes no path
   Connect();
 }
 

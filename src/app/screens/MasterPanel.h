@@ -11,7 +11,7 @@ namespace zova {
 
 class DriveDirectoryList;
 
-/// Where a master is asked for: its file, its measures and the masters beside it.
+/// The options of a master: its file, its measures and the additional masters.
 class MasterPanel : public FlowPanel {
   Q_OBJECT
 

@@ -23,8 +23,8 @@
 
 namespace zova {
 
-// Asks the rules for each cell, but never between a change of theirs and the refresh that follows: a view that is laid
-// out anew in that time would ask for rows that are gone.
+// Asks the rules for each cell, but not between a change and the refresh that follows: a view laid out in between would
+// ask for rows that no longer exist.
 class MeansModel final : public QAbstractTableModel {
  public:
   MeansModel(MeansExaminer& rules, QObject* parent) : QAbstractTableModel(parent), m_rules(rules) {}
@@ -81,7 +81,7 @@ std::vector<std::size_t> ChosenRows(const QListWidget& list) {
 void Choose(QListWidget& list, const std::vector<std::size_t>& rows) {
   if (ChosenRows(list) == rows) return;
   const auto indexOf = [&](std::size_t row) { return list.model()->index(static_cast<int>(row), 0); };
-  QItemSelection chosen;  // by neighbouring rows: one by one, thousands of them would take seconds
+  QItemSelection chosen;  // as ranges of rows: one by one, thousands would take seconds
   for (std::size_t first = 0, next = 1; first < rows.size(); first = next++) {
     while (next < rows.size() && rows[next] == rows[next - 1] + 1) ++next;
     chosen.append({indexOf(rows[first]), indexOf(rows[next - 1])});
@@ -149,7 +149,7 @@ QWidget* MeansPanel::MakeChoices() {
   m_lstMeansVariables->setSelectionMode(QAbstractItemView::MultiSelection);
   for (QListWidget* list : {m_lstMeasures, m_lstMeansVariables}) {
     list->setUniformItemSizes(true);
-    list->setTextElideMode(Qt::ElideNone);  // what differs stands at the end
+    list->setTextElideMode(Qt::ElideNone);  // the distinguishing part is at the end
     list->setMinimumSize(list->fontMetrics().averageCharWidth() * 26, list->fontMetrics().lineSpacing() * 5);
   }
   rows->addWidget(MakeLabel("lblMeasures", tr("&Measures:"), m_lstMeasures));
@@ -256,7 +256,7 @@ void MeansPanel::Refresh() {
   if (!m_model->Follow()) return;
   m_grdMeans->resizeColumnsToContents();
   m_plotMeans->ShowPicture(m_rules.Picture());
-  // An empty plot says by itself why it is.
+  // An empty plot shows its own explanation.
   m_lblPlotNote->setText(m_rules.HasPlot() ? ToQt(m_rules.Picture().Note) : QString());
   m_lblPlotNote->setVisible(!m_lblPlotNote->text().isEmpty());
 }

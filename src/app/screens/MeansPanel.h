@@ -18,7 +18,7 @@ class MeansModel;
 class PlotView;
 class Session;
 
-/// Means by the levels of the variables: what is chosen of a master on the left, table above plot on the right.
+/// Means by the levels of the variables: the selection on the left, table above plot on the right.
 class MeansPanel : public Panel {
   Q_OBJECT
 

@@ -40,7 +40,7 @@ void OrderPanel::Arrange() {
   bold.setBold(true);
   m_lblOrderTitle->setFont(bold);
   m_lblOrderPlan->setAlignment(Qt::AlignTop);
-  m_plan->setFocusPolicy(Qt::TabFocus);  // to be scrolled from the keyboard
+  m_plan->setFocusPolicy(Qt::TabFocus);  // for scrolling by keyboard
   m_plan->setAccessibleName(tr("Groups"));
   m_plan->setFixedHeight(m_plan->fontMetrics().lineSpacing() * 3);
   QLabel* prompt = MakeLabel("lblOrder", tr("New Or&der:"), m_txtOrder);
@@ -69,7 +69,7 @@ void OrderPanel::Refresh() {
   m_cmdGoCombine->setVisible(!isSerial);
 }
 
-// Of the keys that a button has no use for, digits are meant for the box.
+// Of the keys that a button ignores, digits go to the box.
 void OrderPanel::keyPressEvent(QKeyEvent* event) {
   const bool isDigit = event->key() >= Qt::Key_0 && event->key() <= Qt::Key_9;
   if (!isDigit || m_txtOrder->hasFocus()) return FlowPanel::keyPressEvent(event);

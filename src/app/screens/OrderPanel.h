@@ -10,7 +10,7 @@ namespace zova {
 class GridBox;
 class GridTable;
 
-/// The screen on which the order of the study items or of the subjects is typed. The focus comes back to its box.
+/// The screen for the order of the study items or of the subjects. The focus returns to its box.
 class OrderPanel : public FlowPanel {
   Q_OBJECT
 

@@ -15,15 +15,15 @@ namespace {
 
 constexpr int kMilliseconds = 50;
 
-// Takes every act of the user away from the application while it lives. Were such events only left in their queue,
-// they would answer the message at the end of the run.
+// Discards all input to the application during its lifetime. If it stayed in the queue, it would answer the message at
+// the end of the run.
 class DiscardedInput final : public QObject {
  public:
   DiscardedInput() { QCoreApplication::instance()->installEventFilter(this); }
   bool eventFilter(QObject*, QEvent* event) override {
     switch (event->type()) {
-      case QEvent::Enter: return false;  // or the pointer's own widget would be unknown afterwards
-      case QEvent::ShortcutOverride: event->accept(); return true;  // the key is no menu's either
+      case QEvent::Enter: return false;  // otherwise Qt would not know the widget under the pointer afterwards
+      case QEvent::ShortcutOverride: event->accept(); return true;  // nor for a menu
       case QEvent::Close: event->ignore(); return true;
       case QEvent::Shortcut:
       case QEvent::InputMethod:
@@ -61,7 +61,7 @@ void ProgressPanel::ShowProgress() {
   m_lblMasterProgress->setText(m_text);
 }
 
-// Each run begins anew.
+// Each run starts at 0.
 void ProgressPanel::showEvent(QShowEvent* event) {
   Panel::showEvent(event);
   if (event->spontaneous()) return;

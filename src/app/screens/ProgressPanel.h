@@ -15,15 +15,15 @@ namespace zova {
 
 class QtProgress;
 
-/// How far the writing of a master has come. It has nothing that could be pressed.
+/// The progress of the writing of a master, without controls.
 class ProgressPanel : public Panel {
   Q_OBJECT
 
  public:
-  /// Shows what is told to `progress`.
+  /// Shows what is reported to `progress`.
   explicit ProgressPanel(QtProgress& progress);
-  void Refresh() override { ShowProgress(); }  // before a box of the run, say
-  /// What ShowProgress will show.
+  void Refresh() override { ShowProgress(); }  // for example before a box of the run
+  /// Sets what ShowProgress shows.
   void SetProgress(int percent, const std::string& text);
   void ShowProgress();
 
@@ -37,11 +37,11 @@ class ProgressPanel : public Panel {
   QLabel* m_lblMasterProgress;
 };
 
-/// Keeps the window alive during long work: it repaints. What the user does during a run is discarded; while files are
-/// read for another screen keys and clicks wait for the end.
+/// Repaints the window during long work. Input during a run is discarded; input while files are read for another screen
+/// is deferred.
 class QtProgress final : public Progress {
  public:
-  /// At most every 50 ms, unless it is the run's first or last; what came too soon is shown by the next ProcessEvents.
+  /// At most every 50 ms, except the first and the last of a run; the next ProcessEvents shows what came too soon.
   void Show(int percent, const std::string& text) override;
   void ProcessEvents() override;
   void SetPanel(ProgressPanel* panel) { m_panel = panel; }

@@ -21,12 +21,12 @@ bool IsTyping(const QKeyEvent& press) {
   return mayType && !press.text().isEmpty() && press.text().front().isPrint() && press.key() != Qt::Key_Space;
 }
 
-// A window or a menu that gives the focus back is no act of the user's.
+// A window or menu that returns the focus is not an act of the user.
 bool IsReturn(Qt::FocusReason reason) {
   return reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason || reason == Qt::MenuBarFocusReason;
 }
 
-// The margin takes the frame's place, so that nothing moves.
+// A margin replaces the frame, so that nothing moves.
 void ShowFrame(QLabel& label, bool shown) {
   constexpr int kFrame = 2;
   label.setFrameStyle(shown ? QFrame::Box | QFrame::Plain : QFrame::NoFrame);
@@ -158,13 +158,13 @@ bool VariableEditorPanel::HandleKey(int label, QKeyEvent& press) {
   return true;
 }
 
-// Else the page would come back with the focus on a label, which highlights it.
+// Otherwise the page would reappear with the focus on a label, which highlights it.
 void VariableEditorPanel::hideEvent(QHideEvent* event) {
   for (QLabel* label : m_labels) label->clearFocus();
   WizardPage::hideEvent(event);
 }
 
-// Enter names what is highlighted or asked for, and never leaves the page.
+// Enter names what is highlighted or prompted for, and never leaves the page.
 void VariableEditorPanel::keyPressEvent(QKeyEvent* event) {
   if (!IsEnter(*event) || window()->focusWidget() != m_entry.Edit || Wizard().IsViewing())
     return WizardPage::keyPressEvent(event);

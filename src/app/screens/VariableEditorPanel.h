@@ -8,8 +8,8 @@
 
 namespace zova {
 
-/// Page 5: the between-subject variables and their levels. The labels of the variable and of its levels take the
-/// focus by Tab, by the arrows Up and Down, and by a click; the one that has it is highlighted.
+/// Page 5: the between-subject variables and their levels. The labels of the variable and of its levels get the focus
+/// by Tab, Up, Down and a click; the focused label is highlighted.
 class VariableEditorPanel : public WizardPage {
   Q_OBJECT
 

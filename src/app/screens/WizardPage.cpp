@@ -24,7 +24,7 @@ WizardPage::WizardPage(NewProjectWizard& wizard, int number, const QString& titl
   setObjectName(QStringLiteral("FraPrmScr%1").arg(number));
   QLabel* heading = MakeLabel("", title);
   heading->setObjectName(QStringLiteral("lblTitle%1").arg(number));
-  QFont bold;  // only its weight is set: the rest comes from the page
+  QFont bold;  // only the weight is set; the rest comes from the page
   bold.setBold(true);
   heading->setFont(bold);
   m_rows->addWidget(heading);
@@ -58,7 +58,7 @@ WizardPage::TextBox WizardPage::AddBox(WizardBox box, const char* labelName, con
 
 void WizardPage::AddOptions(WizardOption option, const char* labelName, const QString& question, const char* yesName,
                             const char* noName, std::optional<WizardBox> asked) {
-  // "Yes" stands twice on one page. "No" has no access key: "N" is that of "Next >>", "O" that of the menu "Options".
+  // One page has "Yes" twice. "No" has no access key: "N" belongs to "Next >>", "O" to the menu "Options".
   const QString yesCaption = asked ? QStringLiteral("Y&es") : QStringLiteral("&Yes");
   const OptionPair pair{option, Named(new QRadioButton(yesCaption), yesName),
                         Named(new QRadioButton(QStringLiteral("No")), noName), AddText(labelName, question), asked};
@@ -88,7 +88,7 @@ void WizardPage::Refresh() {
   for (const OptionPair& pair : m_options) {
     const bool isYes = m_wizard.Option(pair.Option);
     (isYes ? pair.Yes : pair.No)->setChecked(true);
-    // Tab stops at the answer that is given; until it was clicked, Qt stops at the first.
+    // Tab stops at the current answer; by default Qt stops at the first one until a click.
     pair.Yes->setFocusPolicy(isYes ? Qt::StrongFocus : Qt::ClickFocus);
     pair.No->setFocusPolicy(isYes ? Qt::ClickFocus : Qt::StrongFocus);
     const bool asked = !pair.Asked || m_wizard.Asks(*pair.Asked);
@@ -101,7 +101,7 @@ QWidget* WizardPage::ControlOf(WizardBox box) const {
   for (const TextBox& own : m_boxes) {
     if (own.Box == box) return own.Edit;
   }
-  // Else it is the question by yes or no with which the page begins.
+  // Otherwise the yes/no question at the beginning of the page.
   const OptionPair& first = m_options.at(0);
   return first.Yes->isChecked() ? first.Yes : first.No;
 }
@@ -110,7 +110,7 @@ void WizardPage::StoreText(const TextBox& typed, const QString& text) {
   m_wizard.SetText(typed.Box, FromQt(text));
   const QString kept = ToQt(m_wizard.Text(typed.Box));
   if (kept != text) {
-    // What was dropped had just been put in before the cursor.
+    // The dropped characters were just inserted before the cursor.
     const auto cursor = typed.Edit->cursorPosition() - static_cast<int>(text.size() - kept.size());
     typed.Edit->setText(kept);
     typed.Edit->setCursorPosition(std::max(cursor, 0));
@@ -121,7 +121,7 @@ void WizardPage::StoreText(const TextBox& typed, const QString& text) {
 void WizardPage::StoreOption(WizardOption option, bool yes) {
   if (m_wizard.Option(option) == yes) return;  // Refresh shows it
   m_wizard.SetOption(option, yes);
-  emit Acted();  // while viewing, Refresh takes it back
+  emit Acted();  // while viewing, Refresh reverts it
 }
 
 }  // namespace zova

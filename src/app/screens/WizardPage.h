@@ -14,7 +14,7 @@
 
 namespace zova {
 
-/// One page of the wizard: its title, and below it what the rows of questions add.
+/// One page of the wizard: its title and rows of questions.
 class WizardPage : public Panel {
   Q_OBJECT
 
@@ -29,19 +29,19 @@ class WizardPage : public Panel {
   };
   using Remark = bool (NewProjectWizard::*)() const noexcept;
 
-  /// Adds a line of text; with `shown` it is seen only while that holds.
+  /// Adds a line of text, visible only while `shown` holds, if given.
   QLabel* AddText(const char* name, const QString& text, Remark shown = nullptr);
   /// Adds a box with its question above it.
   TextBox AddBox(WizardBox box, const char* labelName, const QString& question, const char* name);
   /// Makes a box with its label, for a row that the caller lays out.
   TextBox MakeBox(WizardBox box, const char* labelName, const QString& caption, const char* name);
-  /// Adds a question that is answered by yes or no; with `asked` only while that box is asked for.
+  /// Adds a yes/no question; with `asked` only while that box is required.
   void AddOptions(WizardOption option, const char* labelName, const QString& question, const char* yesName,
                   const char* noName, std::optional<WizardBox> asked = {});
   [[nodiscard]] QVBoxLayout* Rows() const noexcept { return m_rows; }
 
   void Refresh() override;
-  /// The control in which the cursor stands for `box`, one of this page's.
+  /// The control of this page that has the cursor for `box`.
   [[nodiscard]] virtual QWidget* ControlOf(WizardBox box) const;
 
  protected:

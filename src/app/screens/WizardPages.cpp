@@ -151,7 +151,7 @@ class RatingsPage final : public WizardPage {
   void StoreRated(int test, bool rated) {
     if (IsRated(test) == rated) return;  // Refresh shows it
     Wizard().SetRated(test, rated);
-    emit Acted();  // while viewing, Refresh takes it back
+    emit Acted();  // while viewing, Refresh reverts it
   }
 
   QLabel* m_lblRating;

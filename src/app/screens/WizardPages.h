@@ -7,7 +7,7 @@
 
 namespace zova {
 
-/// The wizard's pages in their order. The caller owns them.
+/// The wizard's pages in order, owned by the caller.
 std::vector<WizardPage*> MakeWizardPages(NewProjectWizard& wizard);
 
 }  // namespace zova

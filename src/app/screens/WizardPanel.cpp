@@ -24,7 +24,7 @@ WizardPanel::WizardPanel(Session& session)
 
 void WizardPanel::AddPages() {
   for (WizardPage* page : MakeWizardPages(m_session.Wizard())) {
-    page->Rows()->addStretch();  // what room there is below the rows stays empty, unless one of them stretches
+    page->Rows()->addStretch();  // the room below the rows stays empty unless a row stretches
     QScrollArea* area = MakeScrolling(page);
     area->setObjectName(QStringLiteral("scr") + page->objectName());
     // A page shows the frame's own background.
@@ -47,7 +47,7 @@ void WizardPanel::AddButtons(QVBoxLayout& rows) {
   m_cmdNext1 = AddButton(*row, "cmdNext1", "&Next >>", *this, [this] { m_session.Wizard().Next(); });
   m_cmdEntered1 = AddButton(*row, "cmdEntered1", "&Done!", *this, [this] { m_session.FinishWizard(); });
   m_cmdCancel1 = AddButton(*row, "cmdCancel1", "&Cancel", *this, [this] { m_session.CancelWizard(); });
-  for (QPushButton* button : {m_cmdNext1, m_cmdEntered1}) MarkDefault(button, true);  // one of them is in sight
+  for (QPushButton* button : {m_cmdNext1, m_cmdEntered1}) MarkDefault(button, true);  // one of them is visible
 }
 
 void WizardPanel::Refresh() {

@@ -14,8 +14,8 @@
 
 namespace zova {
 
-/// The eight pages of a new project, or of one that is viewed, and the buttons that lead through them. Enter presses
-/// "Next >>", on the last page "Done!"; Escape presses "Cancel".
+/// The eight pages of a new or viewed project, and their buttons. Enter presses "Next >>", on the last page "Done!";
+/// Escape presses "Cancel".
 class WizardPanel : public Panel {
   Q_OBJECT
 

@@ -19,10 +19,10 @@ class ActingAtOnce final : public QObject {
     auto* button = static_cast<QAbstractButton*>(watched);
     if (event->type() == QEvent::Shortcut) {
       if (button->isCheckable()) PlaceCursorIn(button);
-      button->click();  // of itself it acts 100 ms later, when another screen may be up
+      button->click();  // by itself it acts 100 ms later, when another screen may be shown
       return true;
     }
-    // A double click is one press: its second half would press what stands at the same place on the next screen.
+    // A double click is one press: its second half would press a button at the same place of the next screen.
     return event->type() == QEvent::MouseButtonDblClick && !button->isCheckable();
   }
 };
@@ -39,7 +39,7 @@ QLabel* MakeLabel(const char* name, const QString& text, QWidget* buddy) {
 
 QPushButton* MakeButton(const char* name, const QString& caption) {
   QPushButton* button = Named(new QPushButton(caption), name);
-  // Outside a dialog Enter presses the button that has the focus only when it is told so.
+  // Outside a dialog Enter presses the focused button only with this setting.
   button->setAutoDefault(true);
   return button;
 }
@@ -61,7 +61,7 @@ QPushButton* AddButton(QBoxLayout& row, const char* name, const QString& caption
 void ActAtOnce(QAbstractButton* button) { new ActingAtOnce(button); }
 
 void MarkDefault(QPushButton* button, bool isDefault) {
-  button->setAutoDefault(!isDefault);  // else Qt takes the mark away with the focus
+  button->setAutoDefault(!isDefault);  // otherwise Qt removes the mark with the focus
   button->setDefault(isDefault);
 }
 
@@ -70,7 +70,7 @@ QScrollArea* MakeScrolling(QWidget* content) {
   area->setWidget(content);
   area->setWidgetResizable(true);
   area->setFrameShape(QFrame::NoFrame);
-  area->setFocusPolicy(Qt::NoFocus);  // else it is a stop of its own for Tab
+  area->setFocusPolicy(Qt::NoFocus);  // otherwise it is a tab stop
   return area;
 }
 
@@ -82,7 +82,7 @@ void ShowText(QLineEdit* box, const std::string& text) {
 void PlaceCursorIn(QWidget* control) {
   control->setFocus(Qt::OtherFocusReason);
   if (auto* box = qobject_cast<QLineEdit*>(control)) box->selectAll();
-  // A scroll area follows the focus only when Tab moved it.
+  // A scroll area follows the focus only when Tab moves it.
   for (QWidget* parent = control->parentWidget(); parent; parent = parent->parentWidget()) {
     if (auto* page = qobject_cast<QScrollArea*>(parent)) page->ensureWidgetVisible(control);
   }

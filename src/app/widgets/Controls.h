@@ -21,30 +21,29 @@ inline QString ToQt(const std::string& text) {
 }
 inline std::string FromQt(const QString& text) { return text.toStdString(); }
 
-/// Gives a control its name, which is also how quick help and tests find it.
+/// Sets a control's name, by which quick help and tests find it.
 template <typename Widget>
 Widget* Named(Widget* widget, const char* name) {
   widget->setObjectName(QString::fromLatin1(name));
   return widget;
 }
 
-/// A label that wraps its text, in plain text; `buddy` gets the focus by the label's access key.
+/// A wrapping plain-text label; its access key focuses `buddy`.
 QLabel* MakeLabel(const char* name, const QString& text, QWidget* buddy = nullptr);
 QPushButton* MakeButton(const char* name, const QString& caption);
-/// Adds a button of `panel` to the row. It does what it stands for at once; then the panel shows and reports it. A
-/// click leaves the cursor where it is: the panel places it.
+/// Adds a button of `panel` to the row. It acts at once; then the panel refreshes and emits Acted. A click does not
+/// move the focus.
 QPushButton* AddButton(QBoxLayout& row, const char* name, const QString& caption, Panel& panel,
                        std::function<void()> act);
-/// The button acts at once also by its letter, and once for a double click.
+/// Makes the button act at once also by its access key, and once for a double click.
 void ActAtOnce(QAbstractButton* button);
-/// A frameless area that gives `content` all its room and scrolls it in a window that is too small.
+/// A frameless area that scrolls `content` when the window is too small.
 QScrollArea* MakeScrolling(QWidget* content);
-/// Marks the button that Enter presses when the control with the focus has no use for it; it stays marked when the
-/// focus goes elsewhere.
+/// Marks the button that Enter presses when the focused control ignores it; the mark does not follow the focus.
 void MarkDefault(QPushButton* button, bool isDefault);
-/// Shows `text` in the box unless it stands there already, so that the cursor stays where the user has it.
+/// Sets the box's text only if it differs, so that the cursor stays.
 void ShowText(QLineEdit* box, const std::string& text);
-/// Puts the cursor into the control, with all its text selected.
+/// Focuses the control and selects all its text.
 void PlaceCursorIn(QWidget* control);
 
 }  // namespace zova

@@ -18,8 +18,7 @@ namespace {
 
 constexpr int kIndentRole = Qt::UserRole;
 
-// Draws a row indented. Blanks in the row's text would do so as well, but hide the names from a search by typed
-// letters.
+// Draws a row indented. Blanks in the row's text would break the search by typed letters.
 class IndentingDelegate final : public QStyledItemDelegate {
  public:
   using QStyledItemDelegate::QStyledItemDelegate;
@@ -88,7 +87,7 @@ bool DriveDirectoryList::eventFilter(QObject* watched, QEvent* event) {
       if (const int row = m_directories->currentRow(); row >= 0) Answer(m_browser.Open(static_cast<std::size_t>(row)));
       return true;
     case Qt::Key_Backspace:
-    case Qt::Key_Left:  // the directories on the way to the open one stand right above it, one row each
+    case Qt::Key_Left:  // the parents of the open directory are directly above it, one row each
       if (m_browser.OpenEntry() > 0) Answer(m_browser.Open(m_browser.OpenEntry() - 1));
       return true;
     default: return false;
@@ -96,7 +95,7 @@ bool DriveDirectoryList::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void DriveDirectoryList::Answer(bool opened) {
-  // When the open directory is gone, another one is open although nothing was opened.
+  // If the open directory is gone, another one is open although the user opened none.
   const bool acts = opened || m_shownPath != m_browser.Path();
   Fill();
   if (acts) emit Acted();
@@ -120,7 +119,7 @@ void DriveDirectoryList::Fill() {
     item->setIcon(style()->standardIcon(row <= openRow ? QStyle::SP_DirOpenIcon : QStyle::SP_DirIcon));
     item->setData(kIndentRole, entry.Depth * 2 * m_directories->fontMetrics().averageCharWidth());
     item->setData(Qt::AccessibleDescriptionRole, ToQt(entry.Path));
-    QFont font;  // only its weight is set: the rest comes from the list
+    QFont font;  // only the weight is set; the rest comes from the list
     font.setBold(row == openRow);
     item->setFont(font);
   }

@@ -14,27 +14,27 @@ class QVBoxLayout;
 
 namespace zova {
 
-/// A list of drives above a list of directories. A double click, Enter or Space opens the highlighted directory;
-/// Backspace or Left the one above the open directory. Arrows and typed letters only move the highlight. Choosing the
-/// drive that is shown changes nothing.
+/// A list of drives above a list of directories. A double click, Enter or Space opens the highlighted directory,
+/// Backspace or Left the parent of the open one. Arrows and typed letters only move the highlight. Choosing the current
+/// drive has no effect.
 class DriveDirectoryList : public QWidget {
   Q_OBJECT
 
  public:
-  /// Shows `browser`, which must outlive it; the two lists get the given names.
+  /// Shows `browser`, which must outlive it, in two lists with the given names.
   DriveDirectoryList(DirectoryBrowser& browser, const char* driveName, const char* directoryName,
                      QWidget* parent = nullptr);
 
-  /// Puts a label above each list; their texts bring their access keys.
+  /// Puts a label above each list; the texts contain the access keys.
   void SetLabels(const char* driveLabelName, const QString& driveText, const char* directoryLabelName,
                  const QString& directoryText);
-  /// Shows what the browser holds. The highlight stays while that is unchanged.
+  /// Shows the browser's content. Keeps the highlight while that is unchanged.
   void Refresh();
-  /// Where the cursor goes that is put into the two lists.
+  /// The list that gets the focus first.
   [[nodiscard]] QWidget* DriveList() const;
 
  signals:
-  /// The user opened a drive or a directory. Refresh is done, and is never the cause.
+  /// The user opened a drive or a directory. Emitted after Refresh, never because of it.
   void Acted();
 
  protected:
@@ -49,7 +49,7 @@ class DriveDirectoryList : public QWidget {
   QComboBox* m_drives;
   QListWidget* m_directories;
   std::vector<char> m_shownDrives;
-  std::vector<std::string> m_shownPaths;  // one for each row of the list; the open directory's comes last
+  std::vector<std::string> m_shownPaths;  // one per row of the list; the open directory's is last
   std::string m_shownPath;
 };
 

@@ -20,7 +20,7 @@ FlowPanel::FlowPanel(MasterFlow& flow, const char* name) : m_flow(flow), m_butto
 QVBoxLayout* FlowPanel::AddPage() {
   auto* page = new QWidget;
   auto* rows = new QVBoxLayout(page);
-  rows->setContentsMargins(0, 0, rows->spacing(), 0);  // the panel has margins of its own
+  rows->setContentsMargins(0, 0, rows->spacing(), 0);  // the panel has its own margins
   static_cast<QVBoxLayout*>(layout())->insertWidget(0, MakeScrolling(page), 1);
   return rows;
 }

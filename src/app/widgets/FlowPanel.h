@@ -12,8 +12,8 @@ class QVBoxLayout;
 
 namespace zova {
 
-/// What the panels of a master have in common: a page that scrolls in a small window above a row of buttons, Enter and
-/// Escape that press two of them, and the cursor that comes back to its place after every button.
+/// Base of the panels of a master: a page that scrolls in a small window above a row of buttons, Enter and Escape for
+/// two of them, and a focus that returns to its place after every button.
 class FlowPanel : public Panel {
   Q_OBJECT
 
@@ -21,7 +21,7 @@ class FlowPanel : public Panel {
   FlowPanel(MasterFlow& flow, const char* name);
   /// The rows of the page.
   QVBoxLayout* AddPage();
-  /// Below the page, in the order of the calls.
+  /// Adds a button below the page, in the order of the calls.
   QPushButton* AddButton(const char* name, const QString& caption, std::function<void()> act);
   void Act(const std::function<void()>& act);
   void PlaceCursor();
@@ -30,7 +30,7 @@ class FlowPanel : public Panel {
   void keyPressEvent(QKeyEvent* event) override;
 
   MasterFlow& m_flow;
-  QWidget* m_cursor = nullptr;  // the control that has the cursor when the panel comes up
+  QWidget* m_cursor = nullptr;  // the control with the focus when the panel is shown
   QPushButton* m_default = nullptr;
   QPushButton* m_cancel = nullptr;
 

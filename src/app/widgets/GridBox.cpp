@@ -20,7 +20,7 @@ namespace {
 
 constexpr int kPage = 10;  // lines
 
-// What holds anything that is not typed is refused whole: of a dropped "12 13" there must not stay 1213.
+// Refuses a text with an invalid character as a whole: a dropped "12 13" must not become 1213.
 class TypedText final : public QValidator {
  public:
   TypedText(const TypedGrid& grid, QObject* parent) : QValidator(parent), m_grid(grid) {}
@@ -33,7 +33,7 @@ class TypedText final : public QValidator {
   const TypedGrid& m_grid;
 };
 
-// One number without a line end, as it may be pasted to be typed on.
+// One number without a line end, which is pasted into the box.
 bool IsOneNumber(const QString& text) {
   static const QRegularExpression kOneNumber(QStringLiteral("\\A[0-9]{1,5}\\z"));
   return kOneNumber.match(text).hasMatch();
@@ -50,7 +50,7 @@ GridBox::GridBox(const char* name, TypedGrid& grid) : m_grid(grid) {
 
 void GridBox::Refresh() { ShowText(this, m_grid.EntryText()); }
 
-// Before anything else takes the key: of itself Tab goes to the next control.
+// Before any other handler: otherwise Tab goes to the next control.
 bool GridBox::event(QEvent* event) {
   if (event->type() != QEvent::KeyPress) return QLineEdit::event(event);
   const auto& press = static_cast<const QKeyEvent&>(*event);
@@ -68,10 +68,10 @@ bool GridBox::HandleKey(const QKeyEvent& press) {
   switch (press.key()) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
-      // A key that is held would answer the message about its text as well.
+      // A held key would also answer the message about the text.
       if (!press.isAutoRepeat()) m_grid.Enter();
       return true;
-    case Qt::Key_Escape: m_grid.SetEntryText({}); return true;  // it edits the box, and never cancels
+    case Qt::Key_Escape: m_grid.SetEntryText({}); return true;  // clears the box, never cancels the screen
     case Qt::Key_Tab: m_grid.Step(press.modifiers().testFlag(Qt::ShiftModifier) ? -1 : 1); return true;
     case Qt::Key_Backtab: m_grid.Step(-1); return true;
     case Qt::Key_Up: return HandleMove(press, -1);
@@ -98,7 +98,7 @@ bool GridBox::HandleMove(const QKeyEvent& press, int lines, int columns) {
   return true;
 }
 
-// With text in the box undo and redo are its own.
+// With text in the box undo and redo edit the box.
 bool GridBox::HandleEdit(const QKeyEvent& press) {
   if (press.matches(QKeySequence::Paste)) return HandlePaste();
   if (press.matches(QKeySequence::Copy)) return HandleCopy();
@@ -114,7 +114,7 @@ bool GridBox::HandleEdit(const QKeyEvent& press) {
   return true;
 }
 
-// False for what is to be pasted into the box itself.
+// False for a text to paste into the box.
 bool GridBox::HandlePaste() {
   const QString copied = QGuiApplication::clipboard()->text();
   if (copied.isEmpty() || IsOneNumber(copied)) return false;
@@ -122,14 +122,14 @@ bool GridBox::HandlePaste() {
   return true;
 }
 
-// False when there is text of the box to be copied.
+// False when the box has text to copy.
 bool GridBox::HandleCopy() {
   if (hasSelectedText()) return false;
   QGuiApplication::clipboard()->setText(ToQt(m_grid.Copy()));
   return true;
 }
 
-// The edit menu copies and pastes what the keys do.
+// The edit menu copies and pastes like the keys.
 void GridBox::contextMenuEvent(QContextMenuEvent* event) {
   const std::unique_ptr<QMenu> menu(createStandardContextMenu());
   const auto redirect = [&](QKeySequence::StandardKey key, bool (GridBox::*take)()) {

@@ -9,8 +9,8 @@ namespace zova {
 
 class TypedGrid;
 
-/// The box through which a grid is typed. The keys that its text has no use for are the grid's: arrows, Tab, Enter,
-/// copy and paste, undo and redo. Ctrl+Tab leaves it.
+/// The entry box of a grid. Keys that do not edit its text go to the grid: arrows, Tab, Enter, copy and paste, undo and
+/// redo. Ctrl+Tab leaves it.
 class GridBox : public QLineEdit {
   Q_OBJECT
 
@@ -27,7 +27,7 @@ class GridBox : public QLineEdit {
   bool event(QEvent* event) override;
 
  private:
-  // All true for a key of the grid's.
+  // All return true for a key used by the grid.
   bool HandleKey(const QKeyEvent& press);
   bool HandleMove(const QKeyEvent& press, int lines, int columns = 0);
   bool HandleEdit(const QKeyEvent& press);

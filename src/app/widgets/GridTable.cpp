@@ -26,7 +26,7 @@ class CellDelegate final : public QStyledItemDelegate {
     auto ground = column == 0 ? QPalette::Button : isGreyed ? QPalette::Window : QPalette::Base;
     if (isSelected) ground = QPalette::Highlight;
     painter->fillRect(option.rect, option.palette.brush(QPalette::Active, ground));
-    if (isCursor) {  // in a frame of the text's own colour, which no other cell has
+    if (isCursor) {  // framed in the text's colour
       const double frame = std::max(3, option.fontMetrics.height() / 6);
       const QBrush ink = option.palette.brush(QPalette::Active, QPalette::Text);
       painter->setPen({ink, frame, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin});
@@ -133,7 +133,7 @@ void GridTable::mousePressEvent(QMouseEvent* event) {
   emit Acted();
 }
 
-// Comes only while a button is held. Beyond the edge it goes to the next row, so that dragging scrolls.
+// Received only while a button is held. Beyond the edge the next row is selected, so that dragging scrolls.
 void GridTable::mouseMoveEvent(QMouseEvent* event) {
   if (!m_dragging) return;
   const QPoint place = event->position().toPoint();

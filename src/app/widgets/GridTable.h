@@ -9,8 +9,8 @@ namespace zova {
 
 class GridModel;
 
-/// Shows a typed grid, a row per line, and draws only what changed. Column 0 looks like a heading; the cursor's cell
-/// stands in a frame and is kept in sight. The mouse selects in it; the keyboard stays with the box beside it.
+/// Shows a typed grid, one row per line, and redraws only changes. Column 0 looks like a heading; the cursor's cell is
+/// framed and kept visible. The mouse selects cells; the keyboard focus stays in the box.
 class GridTable : public QTableView {
   Q_OBJECT
 

@@ -8,7 +8,7 @@
 
 namespace zova {
 
-// Without a state the row begins a menu; without a name it is a separator; without a command it is never enabled yet.
+// Without a state the row begins a menu, without a name it is a separator, without a command it is always disabled.
 struct MenuEntry {
   const char* Name;
   const char* Caption;

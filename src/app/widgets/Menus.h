@@ -13,12 +13,12 @@ class QMenuBar;
 namespace zova {
 
 using SessionCommand = void (Session::*)();
-/// Runs a command of the session, and shows what came of it.
+/// Runs a command of the session and refreshes the window.
 using RunCommand = std::function<void(SessionCommand)>;
 
 struct MenuEntry;
 
-/// The entries of the menu bar. They stand in one table, with their state and their command.
+/// The menu bar, built from one table of entries with their state and command.
 class Menus {
  public:
   Menus(QMenuBar& bar, const Session& session, const RunCommand& run);

@@ -5,7 +5,7 @@
 
 namespace zova {
 
-/// One screen. It hands every act of the user to the rules and shows their answer in its one Refresh.
+/// One screen. Passes every act of the user to the rules and shows their state in Refresh.
 class Panel : public QWidget {
   Q_OBJECT
 

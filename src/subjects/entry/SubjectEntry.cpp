@@ -103,7 +103,7 @@ void SubjectEntry::LookForLimit() {
       m_limitNote = std::string("This subject cannot be saved incomplete.  ") + kTooManyUnfinished;
     }
   } catch (const FileError&) {
-    // Reported when the subject is to be saved.
+    // Reported when the subject is saved.
   }
 }
 
