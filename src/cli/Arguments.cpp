@@ -69,6 +69,22 @@ class OptionTable {
   CLI::App& m_app;
 };
 
+void DeclareGroupOptions(OptionTable& options, Arguments& parsed) {
+  CLI::Option* groupSize = options.Add(
+      "--group-size", "N", "also write the combined master: a row per group of N subjects, their\nrecall pooled",
+      [&parsed](const std::string& size) { parsed.GroupSize = GroupSizeOf(size); });
+  options.Add("--group-by", "VARIABLE", "only subjects of one level of this variable form a group", parsed.GroupBy)
+      ->option_text("VARIABLE")
+      ->needs(groupSize);
+  options
+      .AddFile("--group-order",
+               "the order in which groups are formed; FILE holds a line\n'\"identifier\",position' per subject "
+               "(default: the order of the rows);\nsubjects without a line come last",
+               parsed.GroupOrderFile)
+      ->option_text("FILE")
+      ->needs(groupSize);
+}
+
 void DeclareOptions(CLI::App& app, Arguments& parsed) {
   app.allow_windows_style_options(false);  // "/data/Study.prm" is a file on every system
   app.get_formatter()->column_width(kColumn);
@@ -105,19 +121,7 @@ void DeclareOptions(CLI::App& app, Arguments& parsed) {
       ->disable_flag_override()
       ->option_text(" ")
       ->needs(means);
-  CLI::Option* groupSize = options.Add(
-      "--group-size", "N", "also write the combined master: a row per group of N subjects, their\nrecall pooled",
-      [&parsed](const std::string& size) { parsed.GroupSize = GroupSizeOf(size); });
-  options.Add("--group-by", "VARIABLE", "only subjects of one level of this variable form a group", parsed.GroupBy)
-      ->option_text("VARIABLE")
-      ->needs(groupSize);
-  options
-      .AddFile("--group-order",
-               "the order in which groups are formed; FILE holds a line\n'\"identifier\",position' per subject "
-               "(default: the order of the rows);\nsubjects without a line come last",
-               parsed.GroupOrderFile)
-      ->option_text("FILE")
-      ->needs(groupSize);
+  DeclareGroupOptions(options, parsed);
   app.set_help_flag("-h,--help", "print this text");
   app.set_version_flag("--version", "", "print the version");
 }

@@ -54,11 +54,11 @@ class MasterCommand {
     std::optional<ScoredTable> table;
     if (m_arguments.Means) request.Sink = &table.emplace(m_project, request.Selection);
     const MasterRunResult result = CreateMasters(m_project, request, m_platform);
-    if (!Told(result)) return kStopped;
-    if (table) PrintMeans(table->Table(), std::move(means));
-    if (m_arguments.GroupSize && !Told(CreateCombinedMaster(m_project, combined, m_platform))) return kStopped;
-    ShowMasterWarnings(result.Notices, m_terminal);
-    return kDone;
+    bool isDone = Told(result);
+    if (isDone && table) PrintMeans(table->Table(), std::move(means));
+    if (isDone && m_arguments.GroupSize) isDone = Told(CreateCombinedMaster(m_project, combined, m_platform));
+    if (result.IsMasterWhole) ShowMasterWarnings(result.Notices, m_terminal);
+    return isDone ? kDone : kStopped;
   }
 
  private:

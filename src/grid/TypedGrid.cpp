@@ -171,7 +171,7 @@ void TypedGrid::Paste(std::string_view text) {
   Apply(std::move(edits));
 }
 
-void TypedGrid::Apply(std::vector<CellEdit> edits) {
+void TypedGrid::Apply(std::vector<CellEdit>&& edits) {
   std::vector<CellChange> changes;
   for (auto& [cell, text] : edits) {
     std::string before = Text(cell);

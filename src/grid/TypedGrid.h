@@ -154,7 +154,7 @@ class TypedGrid {
   void Redo();
 
   /// Changes cells of the current page as one undo step.
-  void Apply(std::vector<CellEdit> edits);
+  void Apply(std::vector<CellEdit>&& edits);
   /// Records a change already made, sorted by page and line, as one undo step.
   void Note(std::vector<CellChange> changes);
   /// Shows `message`. Always returns false.

@@ -64,8 +64,8 @@ std::string ParamLocation::Target(const std::string& text) const {
   return ParamDirectoryIn(directory);
 }
 
-LocationOutcome ParamLocation::Say(std::string text, std::string details) {
-  Warn(m_platform.Boxes, std::move(text), std::move(details));
+LocationOutcome ParamLocation::Say(const std::string& text, const std::string& details) {
+  Warn(m_platform.Boxes, text, details);
   return {};
 }
 

@@ -40,7 +40,7 @@ class ParamLocation {
   /// The files of a move, by name.
   struct Load;
 
-  LocationOutcome Say(std::string text, std::string details = {});
+  LocationOutcome Say(const std::string& text, const std::string& details = {});
   LocationOutcome SayInUse(LocationOutcome::Step next);
   LocationOutcome Refuse(const MessageBox& message);
   [[nodiscard]] bool CanHold(const std::string& target);

@@ -59,6 +59,7 @@ bool MasterFlow::Open(const ProjectParameters& project) {
   m_project = &project;
   m_request = {};
   m_request.SubjectFileCount = *count;
+  m_statusLine.clear();
   m_options.Open(project);
   Show(Stage::Options);
   return true;
@@ -66,6 +67,7 @@ bool MasterFlow::Open(const ProjectParameters& project) {
 
 void MasterFlow::Continue() {
   if (m_stage != Stage::Options) return;
+  m_statusLine.clear();
   m_request.Selection = m_options.Selection;
   m_options.SettleDestination();
   m_request.Destination = m_options.Destination();
@@ -217,11 +219,17 @@ MasterRunResult MasterFlow::Write(const std::function<MasterRunResult()>& run) {
 
 void MasterFlow::WriteMasters() {
   MasterRunResult result = Write([&] { return CreateMasters(*m_project, m_request, m_platform); });
-  if (!result.Completed) return;
-  m_lastMaster = DefaultMasterPath(*m_project);  // where the rows are, wherever the header went
-  // What stands in the file, which may be too large to be read for its first line.
-  m_lastHeader = m_header.MasterHeader;
   m_notices = std::move(result.Notices);
+  if (result.IsMasterWhole) {
+    m_lastMaster = DefaultMasterPath(*m_project);  // where the rows are, wherever the header went
+    // What stands in the file, which may be too large to be read for its first line.
+    m_lastHeader = m_header.MasterHeader;
+    if (!result.Completed) ShowMasterWarnings(m_notices, m_platform.Boxes);
+  } else if (result.RowCount) {
+    m_statusLine = "The master holds " + std::to_string(*result.RowCount) + " of " +
+                   std::to_string(m_request.SubjectFileCount) + " subjects.";
+  }
+  if (!result.Completed) return;
   if (m_options.ChkCombine) {
     AskForGroupOrder();
   } else {
@@ -247,7 +255,7 @@ void MasterFlow::GoCombine() {
                                      PlanGroups(m_order.Positions()).value()};
     return CreateCombinedMaster(*m_project, request, m_platform);
   });
-  if (!result.Completed) return;
+  if (!result.Completed) return ShowMasterWarnings(m_notices, m_platform.Boxes);
   m_lastMaster = m_platform.Files.Drives().ToDrivePath(PathText(result.Written.front()));
   Finish(CombinedCreated());
 }

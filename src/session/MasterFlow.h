@@ -30,6 +30,9 @@ class MasterFlow {
   /// The title of the project of the last opening.
   [[nodiscard]] std::string ProjectName() const;
 
+  /// After a run that stopped in the individual master: how many subjects that holds; else "".
+  [[nodiscard]] const std::string& StatusLine() const noexcept { return m_statusLine; }
+
   MasterOptions& Options() noexcept { return m_options; }
   OrderEditor& Order() noexcept { return m_order; }
 
@@ -87,6 +90,7 @@ class MasterFlow {
   std::string m_orderPreview;  // of the order at that change
   int m_previewedRevision = 0;
   MasterNotices m_notices;
+  std::string m_statusLine;
   std::string m_lastMaster;
   std::string m_lastHeader;
 };

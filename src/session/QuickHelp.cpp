@@ -143,6 +143,7 @@ constexpr auto kSentences = std::to_array<Sentence>({
     {"lblLuresIncluded", "The number of items includes one critical non-presented item for each category."},
     {"lblMasterProgress", "How much of the master has been written."},
     {"lblMasterRows", "Another destination gets the header only; each subject's row goes to the primary directory."},
+    {"lblMasterStatus", "How many subjects the master holds after a run that was stopped."},
     {"lblMasterTitle", "The name of this screen: where a master goes, and what is wanted beside it."},
     {"lblMeansFile", "The master that is shown; nothing on this screen changes it."},
     {"lblMeansNote", "What to keep in mind when reading the means below."},

@@ -116,7 +116,7 @@ std::string FormatSubject(const SubjectRecord& record, const ProjectParameters& 
 }
 
 SubjectOddities ParseSubject(std::string_view bytes, const ProjectParameters& project, SubjectRecord& record) {
-  // Only numbers are taken from the file, so its encoding does not matter.
+  // Only numbers are read, so the encoding does not matter.
   return ParseRecord(bytes, WithoutMarks(bytes), project, record, [](FieldReader& reader) { reader.SkipLine(); });
 }
 
@@ -197,7 +197,7 @@ std::string KeepAutosaveFile(Disk& disk, const std::string& paramDir) {
   for (; number > 1; --number) {
     disk.Copy(KeptAutosavePath(paramDir, number - 1), KeptAutosavePath(paramDir, number));
   }
-  const std::string kept = KeptAutosavePath(paramDir, 1);
+  std::string kept = KeptAutosavePath(paramDir, 1);
   disk.Copy(path, kept);
   disk.Delete(path);
   return kept;

@@ -33,9 +33,9 @@ std::string FormatAutosave(const SubjectRecord& record, const ProjectParameters&
 /// The project file's name in the content of an autosave file. Throws FieldError.
 std::string ParseAutosaveProject(std::string_view bytes);
 
-/// Fills `record` (identifier included) from an autosave file's content. Throws as ParseSubject does, and BadIdentifier
-/// without an identifier, or with one that would lead to another directory. The identifier may be one that nobody could
-/// type, since it may come from the name of a file.
+/// Fills `record`, including the identifier, from an autosave file's content. Throws like ParseSubject, and
+/// BadIdentifier without an identifier, or with one that would lead to another directory. The identifier may be one
+/// that cannot be typed, since it may come from a file name.
 void ParseAutosave(std::string_view bytes, const ProjectParameters& project, SubjectRecord& record);
 
 /// The autosave file in the Param directory, and those that were put aside there (ProjectLayout). All throw FileError.

@@ -128,11 +128,12 @@ void FieldReader::SkipLine() {
   CloseField();
 }
 
-void FieldReader::RequireEnd() const {
+bool FieldReader::OnlyBlankLinesFollow() const {
   FieldReader rest = *this;
   while (!rest.AtEnd()) {
-    if (!rest.Next().empty() || !rest.AtLineStart()) rest.Refuse(FieldFault::MoreData);
+    if (!rest.Next().empty() || !rest.AtLineStart()) return false;
   }
+  return true;
 }
 
 }  // namespace zova

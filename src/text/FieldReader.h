@@ -59,8 +59,8 @@ class FieldReader {
 
   /// Skips the rest of the line, without regard to quotes. Throws FieldError (EndOfData) at the end of the text.
   void SkipLine();
-  /// Throws FieldError (MoreData) when anything but blank lines follows.
-  void RequireEnd() const;
+  /// True when nothing but blank lines, which are no lines, is left.
+  [[nodiscard]] bool OnlyBlankLinesFollow() const;
   /// Throws FieldError with the line of the field read last.
   [[noreturn]] void Refuse(FieldFault fault) const { Fail(fault, m_fieldStart); }
 

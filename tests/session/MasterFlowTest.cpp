@@ -141,6 +141,7 @@ TEST(MasterFlow, DestinationsAndRunsThatStop) {
     if (!path.empty()) lab.Fakes.Boxes.Expect(kCreated);
     EXPECT_EQ(lab.Walk(), walk);
     EXPECT_EQ(lab.Flow.LastMaster(), path.empty() ? "" : "C:\\Data\\AB Master.txt") << "where the rows are";
+    EXPECT_EQ(lab.Flow.StatusLine().empty(), std::string(walk) != "OWO M") << "says how far a run came that stopped";
     if (path.empty()) continue;
     EXPECT_EQ(lab.Options.Destination(), path) << "stands in the box";
     EXPECT_TRUE(lab.Files.Get(path).starts_with(lab.Flow.LastHeader() + "\r\n")) << path;

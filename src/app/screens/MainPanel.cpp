@@ -6,6 +6,7 @@
 #include <QHBoxLayout>
 #include <QIcon>
 #include <QKeyEvent>
+#include <QScrollArea>
 #include <QVBoxLayout>
 
 #include "app/widgets/Controls.h"

@@ -14,6 +14,7 @@ namespace zova {
 MasterPanel::MasterPanel(MasterFlow& flow)
     : Panel("FraSaveMaster"),
       m_flow(flow),
+      m_lblMasterStatus(MakeLabel("lblMasterStatus", {})),
       m_txtMasterDest(Named(new QLineEdit, "txtMasterDest")),
       m_directories(new DriveDirectoryList(flow.Options().Browser(), "drvMasterDest", "dirMasterDest")),
       m_cmdMeasures(MakeButton("cmdMeasures", "To change the default &measures selected for this study click here")),
@@ -41,6 +42,7 @@ MasterPanel::MasterPanel(MasterFlow& flow)
   exports->addWidget(m_chkExportLong);
   exports->addStretch();
   rows->addLayout(exports);
+  AddStatus(m_lblMasterStatus);
   for (const char* heading : {"lblDestination", "lblmeasures", "lblItemAnal", "lblExports"}) {
     MakeBold(findChild<QLabel*>(heading));
   }
@@ -76,6 +78,7 @@ void MasterPanel::ConnectBox(QCheckBox* box, bool MasterOptions::*option) {
 void MasterPanel::ShowState() {
   const MasterOptions& options = m_flow.Options();
   ShowProjectName(m_flow.ProjectName());
+  m_lblMasterStatus->setText(ToQt(m_flow.StatusLine()));
   ShowText(m_txtMasterDest, options.Destination());
   m_directories->Refresh();
   m_chkItemAnalysis->setChecked(options.ChkItemAnalysis);

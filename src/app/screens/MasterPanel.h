@@ -27,6 +27,7 @@ class MasterPanel : public Panel {
   void ConnectBox(QCheckBox* box, bool MasterOptions::*option);
 
   MasterFlow& m_flow;
+  QLabel* m_lblMasterStatus;
   QLineEdit* m_txtMasterDest;
   DriveDirectoryList* m_directories;
   QPushButton* m_cmdMeasures;

@@ -61,21 +61,13 @@ auto ParseFields(std::string_view bytes, Parse&& parse) {
   return parse(reader);
 }
 
-// Blank lines are not entries.
-bool OnlyBlankLinesFollow(FieldReader reader) {
-  while (!reader.AtEnd()) {
-    if (!reader.Next().empty() || !reader.AtLineStart()) return false;
-  }
-  return true;
-}
-
 SerialOrder ParseSerialOrder(FieldReader& reader, int itemCount) {
   SerialOrder order(static_cast<std::size_t>(itemCount), 0);
   for (int line = 1; line <= itemCount; ++line) {
     const int item = reader.NextCount(itemCount, 1);
     order[static_cast<std::size_t>(item) - 1] = reader.NextStrictNumber();
   }
-  reader.RequireEnd();  // another list was ordered
+  if (!reader.OnlyBlankLinesFollow()) reader.Refuse(FieldFault::MoreData);  // another list was ordered
   return order;
 }
 
@@ -84,7 +76,7 @@ GroupOrderLines ParseGroupOrder(FieldReader& reader) {
   do {
     lines.SubjectIds.emplace_back(reader.Next());
     lines.Positions.push_back(reader.NextStrictNumber());
-  } while (!OnlyBlankLinesFollow(reader));
+  } while (!reader.OnlyBlankLinesFollow());
   return lines;
 }
 

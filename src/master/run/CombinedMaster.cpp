@@ -25,17 +25,20 @@ class CombinedRun {
   MasterRunResult Run() {
     const bool completed =
         BuildHeader(m_context.Project, m_request.Selection, MasterKind::Combined, m_context.Boxes, m_context.Header) &&
-        PrepareFiles() && WriteRows() && m_context.Master.Close();
-    return {completed, {}, std::move(m_context.Written)};
+        PrepareFiles() && ReadNames() && WriteRows() && m_context.Master.Close();
+    return {completed, false, {}, {}, std::move(m_context.Written)};
   }
 
  private:
   bool PrepareFiles() {
     const RunPaths paths = CombinedPaths(m_request.Destination, m_context.Header.MasterColumnCount, m_context.Project,
                                          m_context.Files.Drives());
-    return WithRetry(m_context.Boxes, [&] { m_context.Subjects.UseNames(m_request.Subjects.FileNames); }) &&
-           WithRetry(m_context.Boxes, [&] { CheckRunPaths(paths, m_context.Project, m_context.Files); }) &&
+    return WithRetry(m_context.Boxes, [&] { CheckRunPaths(paths, m_context.Project, m_context.Files); }) &&
            m_context.Master.WriteHeader(paths.Master, m_context.Header);
+  }
+
+  bool ReadNames() {
+    return WithRetry(m_context.Boxes, [&] { m_context.Subjects.UseNames(m_request.Subjects.FileNames); });
   }
 
   bool WriteRows() {

@@ -2,6 +2,8 @@
 
 #include "master/run/MasterRun.h"
 
+#include <algorithm>
+
 #include "master/groups/SavedOrders.h"
 #include "master/run/RunContext.h"
 #include "master/run/RunExports.h"
@@ -28,13 +30,15 @@ class IndividualRun {
   }
 
   MasterRunResult Run() {
-    const bool completed = BuildHeader(m_context.Project, m_request.Selection, MasterKind::Individual, m_context.Boxes,
-                                       m_context.Header) &&
-                           ListSubjects() && PrepareFiles() &&
-                           m_context.Master.WriteHeader(m_paths.Master, m_context.Header) && m_exports.WriteHeaders() &&
-                           WriteRows() && m_context.Master.Close() && m_exports.Close() &&
-                           (!m_request.Order || WriteSerialPositions());
-    return {completed, std::move(m_notices), std::move(m_context.Written)};
+    const bool isWhole = BuildHeader(m_context.Project, m_request.Selection, MasterKind::Individual, m_context.Boxes,
+                                     m_context.Header) &&
+                         PrepareFiles() && WriteHeaders() && ListSubjects() && WriteRows() && m_context.Master.Close();
+    const bool completed = isWhole && m_exports.Close() && (!m_request.Order || WriteSerialPositions());
+    if (isWhole) {
+      m_notices.OlderPieces =
+          OlderPieces(ResultFile::Master, m_paths.Master.Pieces.size(), m_context.Project, m_context.Files);
+    }
+    return {completed, isWhole, m_rowCount, std::move(m_notices), std::move(m_context.Written)};
   }
 
  private:
@@ -53,6 +57,18 @@ class IndividualRun {
     return WithRetry(m_context.Boxes, [&] { CheckRunPaths(m_paths, m_context.Project, m_context.Files); });
   }
 
+  // A device shows only when it is written to whether it takes anything: the CSV files come before the master is
+  // emptied. They are named behind it.
+  bool WriteHeaders() {
+    std::vector<std::filesystem::path>& written = m_context.Written;
+    if (!m_exports.WriteHeaders()) return false;
+    const auto exports = static_cast<std::ptrdiff_t>(written.size());
+    m_rowCount = 0;
+    const bool isWritten = m_context.Master.WriteHeader(m_paths.Master, m_context.Header);
+    std::rotate(written.begin(), written.begin() + exports, written.end());
+    return isWritten;
+  }
+
   bool WriteRows() {
     for (int k = 1; k <= m_request.SubjectFileCount; ++k) {
       const auto where = [&] { return m_context.Subjects.Where(k); };
@@ -60,6 +76,7 @@ class IndividualRun {
               m_context.Boxes, [&] { ReadAndScore(k); }, where))
         return false;
       if (!m_context.Master.WriteRow(m_context.Row)) return false;
+      m_rowCount = k;
       const std::string id = m_context.Subjects.SubjectId(k);
       if (!HandOn({id, m_context.Record, m_context.Scores, m_context.Row})) return false;
       NoteSubject(id);
@@ -113,6 +130,7 @@ class IndividualRun {
   RunPaths m_paths;
   RunExports m_exports;
   MasterNotices m_notices;
+  std::optional<int> m_rowCount;
   SerialCounts m_serialCounts;
 };
 
@@ -127,7 +145,7 @@ void ShowMasterWarnings(const MasterNotices& notices, MessageBoxes& boxes) {
   for (const std::string& list : {notices.ArcFailureList, notices.BiItrFailureList}) {
     if (!list.empty()) Warn(boxes, list + ".  You should delete these subjects before analysis.");
   }
-  for (const std::string& list : {notices.TextReadAsZeroList, notices.BlankInsideList}) {
+  for (const std::string& list : {notices.TextReadAsZeroList, notices.BlankInsideList, notices.OlderPieces}) {
     if (!list.empty()) Warn(boxes, list + ".");
   }
 }

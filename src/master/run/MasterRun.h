@@ -36,10 +36,13 @@ struct MasterNotices {
   std::string BiItrFailureList;
   std::string TextReadAsZeroList;
   std::string BlankInsideList;
+  std::string OlderPieces;  ///< files that an earlier, wider master left
 };
 
 struct MasterRunResult {
-  bool Completed = false;  ///< false: the run stopped; rows written until then stay
+  bool Completed = false;       ///< false: the run stopped; rows written until then stay
+  bool IsMasterWhole = false;   ///< the individual master has all its rows, whatever came after it
+  std::optional<int> RowCount;  ///< of the individual master; nullopt while its file is as it was
   MasterNotices Notices;
   std::vector<std::filesystem::path> Written;  ///< each file once, in the order of writing
 };

@@ -74,16 +74,10 @@ bool RowFile::AppendLine(AppendFile& file, std::string_view text) {
   return true;
 }
 
-// Some file systems report only now that a row was not written, and not which one. There is no step to repeat, so the
-// run fails whatever the answer.
+// Some file systems report only now that a row did not get through.
 bool RowFile::Close() {
-  try {
-    for (AppendFile& file : m_files) file.Close();
-    return true;
-  } catch (const FileError& error) {
-    ReportFileError(m_boxes, error);
-    return false;
-  }
+  return std::all_of(m_files.begin(), m_files.end(),
+                     [&](AppendFile& file) { return WithRetry(m_boxes, [&] { file.Close(); }); });
 }
 
 }  // namespace zova

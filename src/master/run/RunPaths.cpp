@@ -8,8 +8,10 @@
 #include <algorithm>
 
 #include "master/columns/MasterLines.h"
+#include "platform/files/FileFaults.h"
 #include "project/ProjectLayout.h"
 #include "project/ProtectedFiles.h"
+#include "text/Encoding.h"
 #include "text/TypedText.h"
 
 namespace zova {
@@ -35,7 +37,8 @@ std::string ResolveFile(const std::string& text, std::string_view name, const Pr
 std::vector<std::string> PiecePaths(ResultFile master, int columnCount, const ProjectParameters& project) {
   std::vector<std::string> paths;
   if (columnCount <= kMaxColumnsUnsplit) return paths;
-  const auto count = static_cast<std::size_t>(columnCount / kMaxColumnsUnsplit + 1);
+  const int whole = columnCount / kMaxColumnsUnsplit;
+  const std::size_t count = static_cast<std::size_t>(whole) + 1;
   for (std::size_t piece = 1; piece <= count; ++piece) paths.push_back(PiecePath(project, master, piece));
   return paths;
 }
@@ -44,6 +47,28 @@ void RefuseProjectFile(const std::string& path, const ProjectParameters& project
   if (!IsProjectFile(path, project, disk)) return;
   throw FileError(FileOperation::Write, path, std::make_error_code(std::errc::file_exists),
                   "A master cannot take the place of a project's own file.");
+}
+
+bool IsInPrimary(const ResolvedPath& file, const ProjectParameters& project, Disk& disk) {
+  return disk.IsSame(DirectoryOf(file), disk.Resolve(project.PrimaryDir, FileOperation::Write));
+}
+
+// A project whose data lie there all the same keeps its masters.
+void RefuseParam(const ResolvedPath& file, const ProjectParameters& project, Disk& disk) {
+  if (!IsParamName(NameOf(DirectoryOf(file))) || IsInPrimary(file, project, disk)) return;
+  throw FileError(FileOperation::Write, file.Shown, std::make_error_code(std::errc::operation_not_permitted),
+                  "A master does not go into a directory 'Param'.");
+}
+
+// A wider master would replace it.
+void RefusePieceName(const ResolvedPath& file, const ProjectParameters& project, Disk& disk) {
+  const std::string name = NameOf(file);
+  const auto isNameOf = [&](ResultFile whole) { return EqualsIgnoringCase(name, ResultName(project, whole)); };
+  const bool isWhole =
+      isNameOf(ResultFile::Master) || isNameOf(ResultFile::CombinedMaster) || isNameOf(ResultFile::SerialMaster);
+  if (isWhole || !IsMasterName(name, project) || !IsInPrimary(file, project, disk)) return;
+  throw FileError(FileOperation::Write, file.Shown, std::make_error_code(std::errc::file_exists),
+                  "The pieces of a wide master have this name.");
 }
 
 }  // namespace
@@ -78,29 +103,47 @@ RunPaths CombinedPaths(const std::string& destination, int columnCount, const Pr
           .Long = ""};
 }
 
-// Header and rows are of one master, and pieces have names of their own. Of all else the later file would take the
-// place of the earlier one.
+// Header and rows are of one master. Of all else the later file would take the place of the earlier one.
 void CheckRunPaths(const RunPaths& paths, const ProjectParameters& project, Disk& disk) {
+  constexpr std::size_t kOfOneFile = 2;
   std::vector<std::string> all = {paths.Master.Header, paths.Master.Rows};
   all.insert(all.end(), paths.Master.Pieces.begin(), paths.Master.Pieces.end());
   const std::size_t ofMaster = all.size();
   for (const std::string& path : {paths.Serial, paths.Combined, paths.Clean, paths.Long}) {
     if (!path.empty()) all.push_back(path);
   }
-  std::vector<ResolvedPath> earlier;
+  std::vector<ResolvedPath> files;
   for (const std::string& path : all) {
     RefuseProjectFile(path, project, disk);
     ResolvedPath file = disk.Resolve(path, FileOperation::Write);
     if (disk.Kind(DirectoryOf(file), FileOperation::Write) != EntryKind::Directory) {
       throw FileError(FileOperation::Write, path, FileCause::PathNotFound);
     }
+    RefuseParam(file, project, disk);
+    const bool isPiece = files.size() >= kOfOneFile && files.size() < ofMaster;
+    if (!isPiece) RefusePieceName(file, project, disk);
     const auto isTaken = [&](const ResolvedPath& other) { return disk.IsSame(file, other); };
-    if (earlier.size() >= ofMaster && std::any_of(earlier.begin(), earlier.end(), isTaken)) {
+    if (files.size() >= kOfOneFile && std::any_of(files.begin(), files.end(), isTaken)) {
       throw FileError(FileOperation::Write, path, std::make_error_code(std::errc::file_exists),
                       "Each file of a run needs a name of its own.");
     }
-    earlier.push_back(std::move(file));
+    files.push_back(std::move(file));
   }
+  for (const ResolvedPath& file : files) RequireOpens(disk.Layer(), file);
+}
+
+// Nothing that can be said at the end is worth a question then.
+std::string OlderPieces(ResultFile master, std::size_t pieceCount, const ProjectParameters& project, Disk& disk) {
+  std::string names;
+  try {
+    for (std::size_t piece = pieceCount + 1; disk.FileExists(PiecePath(project, master, piece)); ++piece) {
+      names += names.empty() ? "Pieces of an earlier, wider master are still in the primary directory: " : ", ";
+      names += LastPathComponent(PiecePath(project, master, piece));
+    }
+  } catch (const FileError&) {
+    return names;
+  }
+  return names;
 }
 
 }  // namespace zova

@@ -7,6 +7,7 @@
 
 #include "master/run/MasterRun.h"
 #include "platform/files/Disk.h"
+#include "project/ProjectLayout.h"
 #include "project/ProjectParameters.h"
 
 namespace zova {
@@ -38,7 +39,11 @@ RunPaths CombinedPaths(const std::string& destination, int columnCount, const Pr
                        const DriveMap& drives);
 
 /// Throws FileError for a file that cannot be written, before any is emptied: one without its directory, one of the
-/// project's own, or one that is also another file of the run.
+/// project's own, one with the name of a piece, in a Param directory, one that is also another file of the run, or one
+/// that cannot be opened.
 void CheckRunPaths(const RunPaths& paths, const ProjectParameters& project, Disk& disk);
+
+/// A notice that names the pieces behind the first `pieceCount` of a master; "" when there is none.
+std::string OlderPieces(ResultFile master, std::size_t pieceCount, const ProjectParameters& project, Disk& disk);
 
 }  // namespace zova

@@ -38,9 +38,16 @@ void AppendFile::Append(std::string_view bytes) {
   }
 }
 
+// Closed without having been open: closing has failed before. It succeeds when the system has all bytes on the disk.
 void AppendFile::Close() {
-  const std::unique_ptr<OutputFile> file = std::move(m_file);  // counts as closed even if closing fails
   try {
+    const bool isAgain = m_file == nullptr && m_layer.Kind(m_path.Native) == EntryKind::File;
+    if (isAgain && m_layer.Size(m_path.Native) != m_size) {
+      throw std::system_error(std::make_error_code(std::errc::io_error));  // rows are lost for good
+    }
+    if (isAgain) m_file = m_layer.Append(m_path.Native);
+    const std::unique_ptr<OutputFile> file = std::move(m_file);  // it is closed also when closing fails
+    if (isAgain) file->Flush();
     if (file) file->Close();
   } catch (const std::system_error& error) {
     ThrowFileError(m_layer, FileOperation::Append, m_path, error.code());

@@ -34,4 +34,16 @@ void RequireWritable(FileLayer& layer, FileOperation operation, const ResolvedPa
   if (layer.IsReadOnly(target.Native)) throw std::system_error(std::make_error_code(std::errc::permission_denied));
 }
 
+void RequireOpens(FileLayer& layer, const ResolvedPath& path) {
+  try {
+    const ResolvedPath target{path.Shown, layer.RealPath(path.Native)};
+    RequireWritable(layer, FileOperation::Write, target, Devices::Allow);
+    const bool isNew = layer.Kind(target.Native) == EntryKind::Missing;
+    layer.Append(target.Native).reset();
+    if (isNew) layer.Remove(target.Native);
+  } catch (const std::system_error& error) {
+    ThrowFileError(layer, FileOperation::Write, path, error.code());
+  }
+}
+
 }  // namespace zova

@@ -22,4 +22,7 @@ enum class Devices { Allow, Refuse };
 /// written.
 void RequireWritable(FileLayer& layer, FileOperation operation, const ResolvedPath& target, Devices devices);
 
+/// Opens the file for writing and leaves it as it was; one that does not exist is not left behind. Throws FileError.
+void RequireOpens(FileLayer& layer, const ResolvedPath& path);
+
 }  // namespace zova

@@ -125,8 +125,8 @@ EntryKind KindOf(const fs::file_status& status) noexcept {
 
 // Omits pipes, devices, entries that have vanished and dangling links.
 void AddEntry(std::string name, fs::file_type type, std::vector<DirectoryEntry>& entries) {
-  if (type == fs::file_type::regular) entries.push_back({std::move(name), EntryKind::File});
-  if (type == fs::file_type::directory) entries.push_back({std::move(name), EntryKind::Directory});
+  if (type != fs::file_type::regular && type != fs::file_type::directory) return;
+  entries.push_back({std::move(name), KindOf(fs::file_status(type))});
 }
 
 bool IsDevice(const fs::path& path) {
