@@ -18,7 +18,7 @@ class SessionTest : public ::testing::Test, protected FakePlatform {
   static constexpr const char* kExample = "C:\\Param\\Example.prm";
 
   Session& Make() {
-    m_session = std::make_unique<Session>(With(m_disk), "C:\\ZOVA", m_scratch.Native("C:\\Installed"));
+    m_session = std::make_unique<Session>(With(m_disk), "C:\\ZOVA", PathText(m_scratch.Native("C:\\Installed")));
     return *m_session;
   }
   /// Started with an existing Param directory.
