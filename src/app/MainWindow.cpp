@@ -10,6 +10,7 @@
 #include <QShortcut>
 #include <QStackedWidget>
 
+#include "app/screens/CopyingPanel.h"
 #include "app/screens/EntryPanel.h"
 #include "app/screens/GroupPanel.h"
 #include "app/screens/IdentificationPanel.h"
@@ -54,6 +55,7 @@ MainWindow::MainWindow(Session& session, QtProgress& progress)
       m_progress(Add(new ProgressPanel(progress))),
       m_blank(Add(new BlankPanel)),
       m_means(Add(new MeansPanel(session))) {
+  Add(new CopyingPanel(progress));
   setObjectName("frmZova");
   setWindowTitle("ZOVA");
   setCentralWidget(m_panels);

@@ -12,7 +12,7 @@
 #include <vector>
 
 #include "platform/desktop/FileErrorBoxes.h"
-#include "platform/files/FileCopier.h"
+#include "project/CopyRun.h"
 #include "project/DirectoryRules.h"
 #include "project/ProjectFile.h"
 #include "project/ProjectLayout.h"
@@ -166,22 +166,22 @@ bool ParamLocation::MayReplace(const Load& load) {
 
 bool ParamLocation::CopyFiles(const std::string& from, const std::string& to, const Load& load) {
   const BusyPointer busy(m_platform.Pointer);
-  FileCopier copier(m_platform.Files, from, to, load.Names);
-  return std::all_of(load.Names.begin(), load.Names.end(),
-                     [&](const std::string& name) { return WithRetry(m_platform.Boxes, [&] { copier.Copy(name); }); });
+  return CopyFilesByName(from, to, load.Names, m_platform);
 }
 
 // All names, since a failed copy may have created its file.
 void ParamLocation::RollBack(const std::string& to, const Load& load) {
-  for (const std::string& name : load.Names) {
+  const BusyPointer busy(m_platform.Pointer);
+  ForEachFile(load.Names, m_platform.Bar, [&](const std::string& name) {
     if (load.TargetNames.count(UpperCase(name)) == 0) Succeeds([&] { m_platform.Files.Delete(JoinPath(to, name)); });
-  }
+  });
   if (load.TargetIsNew) Succeeds([&] { m_platform.Files.RemoveDirectory(to); });
 }
 
 bool ParamLocation::DeleteOld(const std::string& from, const Load& load) {
   const BusyPointer busy(m_platform.Pointer);
-  for (const std::string& name : load.Names) Succeeds([&] { m_platform.Files.Delete(JoinPath(from, name)); });
+  ForEachFile(load.Names, m_platform.Bar,
+              [&](const std::string& name) { Succeeds([&] { m_platform.Files.Delete(JoinPath(from, name)); }); });
   return Succeeds([&] { m_platform.Files.RemoveDirectory(from); });
 }
 

@@ -7,12 +7,11 @@
 
 #include "project/ProjectBackup.h"
 
-#include <algorithm>
 #include <utility>
 #include <vector>
 
 #include "platform/desktop/FileErrorBoxes.h"
-#include "platform/files/FileCopier.h"
+#include "project/CopyRun.h"
 #include "project/DirectoryRules.h"
 #include "project/ProjectFile.h"
 #include "project/ProjectLayout.h"
@@ -42,10 +41,7 @@ bool CopyDataFiles(const std::string& from, const std::string& to, std::string_v
   const bool listed = WithRetry(platform.Boxes, [&] {
     if (!platform.Files.IsSame(from, to)) names = platform.Files.ListFiles(from, prefix, kDataFileEnd);
   });
-  FileCopier copier(platform.Files, from, to, names);
-  return listed && std::all_of(names.begin(), names.end(), [&](const std::string& name) {
-           return WithRetry(platform.Boxes, [&] { copier.Copy(name); });
-         });
+  return listed && CopyFilesByName(from, to, names, platform);
 }
 
 // Also true when there is no such file.

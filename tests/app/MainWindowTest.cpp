@@ -10,6 +10,7 @@
 #include <QTimer>
 #include <new>
 #include <set>
+#include <utility>
 
 #include "app/desktop/Application.h"
 #include "app/screens/ProgressPanel.h"
@@ -36,6 +37,31 @@ class MainWindowTest : public SessionTest {
   MainWindow m_window{Make(), m_shownProgress};
   bool m_hasEnded = false;
 };
+
+TEST_F(MainWindowTest, CopyingTakesItsCancelAndNothingElse) {
+  m_window.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&m_window));
+  const auto* panel = m_window.findChild<QWidget*>("fraCopying");
+  QWidget* main = m_window.findChild<QWidget*>("fraMain");
+  EXPECT_TRUE(m_shownProgress.ShowCopying(0, 4, true));
+  EXPECT_TRUE(panel->isVisible());
+  // The window gets what the user does in an event loop of its own: the next step's.
+  QTimer::singleShot(
+      0, [&] { m_window.close(), QTest::keyClick(m_window.windowHandle(), Qt::Key_O, Qt::ControlModifier); });
+  QTest::qSleep(60);
+  EXPECT_TRUE(m_shownProgress.ShowCopying(1, 4, true) && !m_hasEnded);
+  EXPECT_EQ(std::exchange(Dialogs.Answers, {}).size(), 1) << "nothing was opened";
+  QTimer::singleShot(0, [&] { QTest::mouseClick(Button("cmdCopyCancel"), Qt::LeftButton); });
+  QTest::qSleep(60);
+  EXPECT_FALSE(m_shownProgress.ShowCopying(2, 4, true));
+  EXPECT_EQ(m_window.findChild<QLabel*>("lblCopying")->text(), "2 of 4 files");
+  m_shownProgress.EndCopying();
+  EXPECT_TRUE(main->isVisible() && m_shownProgress.ShowCopying(0, 2, true)) << "the next copying begins anew";
+  QTimer::singleShot(0, [&] { QTest::keyClick(m_window.windowHandle(), Qt::Key_Escape); });
+  QTest::qSleep(60);
+  EXPECT_FALSE(m_shownProgress.ShowCopying(1, 2, true));
+  m_shownProgress.EndCopying();
+}
 
 // Keys that clash do nothing, and silently. Of the wizard's pages one is in sight.
 std::multiset<QString> AccessKeys(const QWidget& panel, const QWidget* page, const QList<QWidget*>& pages) {

@@ -144,6 +144,17 @@ TEST(ParamLocation, AMoveThatFailsLosesNothing) {
   }
 }
 
+TEST(ParamLocation, ACancelledMoveRemovesItsCopies) {
+  ScriptedBoxes boxes;
+  Rig rig(boxes, kOld);
+  const Tree before = rig.Place.Snapshot();
+  rig.Fakes.Bar.StopsAt = 1;
+  EXPECT_EQ(rig.Location.Accept("D:\\").Next, Step::Stay);
+  EXPECT_EQ(rig.Place.Snapshot(), before);
+  EXPECT_EQ(rig.Stored(), kOld);
+  EXPECT_FALSE(rig.Fakes.Bar.IsCopying);
+}
+
 TEST(ParamLocation, RefusesOnceToGoWithoutADirectory) {
   const auto cancelled =
       Told("You cannot continue using ZOVA without selecting a location for the 'Param' Directory.", BoxIcon::Critical);

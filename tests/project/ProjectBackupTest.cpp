@@ -133,6 +133,15 @@ TEST(ProjectBackup, NewDestinations) {
   EXPECT_EQ(lab.Files.Snapshot(), Copied(tree, "C/Old/", "D/New/", {"Study.prm"}));
 }
 
+TEST(ProjectBackup, IsCancelledBetweenTwoFiles) {
+  ScriptedBoxes boxes{HasBackup(BoxAnswer::No)};
+  Lab lab(boxes);
+  const Tree before = lab.Files.Snapshot();
+  lab.Fakes.Bar.StopsAt = 1;
+  EXPECT_FALSE(lab.Begin(false));
+  EXPECT_EQ(lab.Files.Snapshot(), Copied(before, "C/Data/Sdata/", "D/Backup/Sdata/", {"AB Sub#1.dat"}));
+}
+
 TEST(ProjectBackup, RetryMakesTheDestinationWithoutAskingAgain) {
   ScriptedBoxes boxes{Missing("D:\\File\\A", BoxAnswer::Yes), NotFound("'D:\\File\\A'", BoxAnswer::Retry),
                       NotFound("'D:\\File\\A'")};

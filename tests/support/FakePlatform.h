@@ -52,7 +52,8 @@ class FakeSettings final : public SettingsStore {
   bool FailsOnce = false;  ///< the next setting is not stored
 };
 
-/// The percentages shown, in their order; `Meanwhile` happens in the event loop.
+/// The percentages shown, in their order; `Meanwhile` happens in the event loop. The user stops
+/// a copying before file `StopsAt`, counted from 0.
 struct RecordingProgress final : Progress {
   void Show(int percent, const std::string& text) override { Shown.push_back(percent), Text = text; }
   void ProcessEvents() override {
@@ -62,6 +63,14 @@ struct RecordingProgress final : Progress {
   std::function<void()> Meanwhile;
   std::vector<int> Shown;
   std::string Text;  ///< shown last
+  bool ShowCopying(std::size_t done, std::size_t total, bool mayStop) override {
+    EXPECT_LT(done, total);
+    IsCopying = true;
+    return !mayStop || done != StopsAt;
+  }
+  void EndCopying() override { IsCopying = false; }
+  std::size_t StopsAt = SIZE_MAX;
+  bool IsCopying = false;
   int Breaths = 0;
 };
 

@@ -15,15 +15,22 @@ namespace {
 
 constexpr int kMilliseconds = 50;
 
-// Discards all input to the application during its lifetime. If it stayed in the queue, it would answer the message at
-// the end of the run.
+// Discards all input to the application during its lifetime, except on one control. If it stayed in the queue, it would
+// answer the message at the end of the run.
 class DiscardedInput final : public QObject {
  public:
-  DiscardedInput() { QCoreApplication::instance()->installEventFilter(this); }
-  bool eventFilter(QObject*, QEvent* event) override {
+  explicit DiscardedInput(const QObject* allowed = nullptr) : m_allowed(allowed) {
+    QCoreApplication::instance()->installEventFilter(this);
+  }
+  bool eventFilter(QObject* target, QEvent* event) override {
+    // A window passes its events to its controls, where they are filtered again.
+    const bool goesOn = target == m_allowed || (m_allowed != nullptr && target->isWindowType());
+    if (goesOn && event->type() != QEvent::Close) return false;
     switch (event->type()) {
       case QEvent::Enter: return false;  // otherwise Qt would not know the widget under the pointer afterwards
-      case QEvent::ShortcutOverride: event->accept(); return true;  // nor for a menu
+      case QEvent::ShortcutOverride:     // nor for a menu
+        if (m_allowed == nullptr) event->accept();  // otherwise a key of the control would not reach it
+        return true;
       case QEvent::Close: event->ignore(); return true;
       case QEvent::Shortcut:
       case QEvent::InputMethod:
@@ -31,6 +38,9 @@ class DiscardedInput final : public QObject {
       default: return event->isInputEvent();
     }
   }
+
+ private:
+  const QObject* m_allowed;
 };
 
 }  // namespace
@@ -74,6 +84,21 @@ void QtProgress::Show(int percent, const std::string& text) {
 
 void QtProgress::ProcessEvents() {
   if (!IsTooSoon()) Repaint();
+}
+
+bool QtProgress::ShowCopying(std::size_t done, std::size_t total, bool mayStop) {
+  if (!m_copying || (done > 0 && IsTooSoon())) return true;
+  m_copying->Show(done, total, mayStop);
+  {
+    const DiscardedInput discarded(m_copying->StopButton());
+    QCoreApplication::processEvents();
+  }
+  m_sinceShown.start();
+  return !m_copying->IsStopped();
+}
+
+void QtProgress::EndCopying() {
+  if (m_copying) m_copying->End();
 }
 
 bool QtProgress::IsTooSoon() const { return m_sinceShown.isValid() && m_sinceShown.elapsed() < kMilliseconds; }

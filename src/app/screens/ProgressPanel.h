@@ -5,6 +5,7 @@
 #include <QPointer>
 #include <QString>
 
+#include "app/screens/CopyingPanel.h"
 #include "app/widgets/Panel.h"
 #include "platform/desktop/Desktop.h"
 
@@ -45,12 +46,17 @@ class QtProgress final : public Progress {
   void Show(int percent, const std::string& text) override;
   void ProcessEvents() override;
   void SetPanel(ProgressPanel* panel) { m_panel = panel; }
+  /// The same pace; Cancel is the one act of the user that is taken.
+  bool ShowCopying(std::size_t done, std::size_t total, bool mayStop) override;
+  void EndCopying() override;
+  void SetCopyingPanel(CopyingPanel* panel) { m_copying = panel; }
 
  private:
   [[nodiscard]] bool IsTooSoon() const;
   void Repaint();
 
   QPointer<ProgressPanel> m_panel;
+  QPointer<CopyingPanel> m_copying;
   QElapsedTimer m_sinceShown;
 };
 

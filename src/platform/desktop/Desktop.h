@@ -26,6 +26,11 @@ class Progress {
   /// Lets the window repaint, at most every 50 ms. Input during that time is discarded while the bar is shown, and
   /// deferred otherwise.
   virtual void ProcessEvents() = 0;
+
+  /// Files are being copied or deleted, `done` of `total`. False once the user has cancelled, which is possible only
+  /// with `mayStop`. EndCopying removes the progress from the screen.
+  virtual bool ShowCopying(std::size_t /*done*/, std::size_t /*total*/, bool /*mayStop*/) { return true; }
+  virtual void EndCopying() {}
 };
 
 class BusyPointer {

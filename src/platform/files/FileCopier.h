@@ -17,8 +17,6 @@ class FileCopier {
   /// `from` and `to` are drive-letter paths of directories. Does not access the disk.
   FileCopier(Disk& disk, std::string from, std::string to, std::vector<std::string> names);
 
-  [[nodiscard]] const std::vector<std::string>& Names() const noexcept { return m_names; }
-
   /// Copies one file atomically. Throws FileError.
   void Copy(const std::string& name);
 
