@@ -11,6 +11,8 @@
 
 #include "subjects/SubjectFile.h"
 
+#include <algorithm>
+
 #include "platform/files/DataFileError.h"
 #include "project/ProjectFile.h"
 #include "project/ProjectLayout.h"
@@ -32,11 +34,13 @@ void WriteLevelsAndLists(RecordWriter& out, const SubjectRecord& record, const P
     out.Text(project.VariableNames[v]).Number(record.Levels[v]).EndLine();
   }
   const bool rated = HasRatingColumn(project);
+  const bool keepsMinutes = project.MinutesRecorded == 1;
+  const bool keepsRatings = project.Rated == 1;
   for (int test = 1; test <= lists.TestCount(); ++test) {
     for (int position = 1; position <= lists.PositionCount(); ++position) {
       const Recall& recall = lists.At(test, position);
-      out.Number(position).Number(recall.Item).Number(recall.Minute);
-      if (rated) out.Number(recall.Rating);
+      out.Number(position).Number(recall.Item).Number(keepsMinutes ? recall.Minute : 0);
+      if (rated) out.Number(keepsRatings ? recall.Rating : 0);
       out.EndLine();
     }
   }
@@ -107,6 +111,12 @@ void ResetLists(SubjectRecord& record, const ProjectParameters& project) {
   record.Lists.Reset(project.TestCount, project.ItemCount);
 }
 
+void NoteKnownFile(SubjectRecord& record, const std::string& path, const std::string& content) {
+  const KnownFile file{path, content};
+  if (std::find(record.KnownFiles.begin(), record.KnownFiles.end(), file) != record.KnownFiles.end()) return;
+  record.KnownFiles.push_back(file);
+}
+
 std::string FormatSubject(const SubjectRecord& record, const ProjectParameters& project) {
   RecordWriter out;
   out.Text("Subject#").Text(record.SubjectId);
@@ -124,6 +134,7 @@ void LoadSubjectFile(Disk& disk, const std::string& path, const ProjectParameter
   std::string bytes;
   disk.Read(path, bytes);
   ParsingFile(path, [&] { ParseSubject(bytes, project, record); });
+  NoteKnownFile(record, path, bytes);
 }
 
 std::string FormatAutosave(const SubjectRecord& record, const ProjectParameters& project) {

@@ -10,7 +10,7 @@
 
 namespace zova {
 
-/// The content of a subject file.
+/// The content of a subject file. Minutes and ratings that the project does not keep are written as 0.
 std::string FormatSubject(const SubjectRecord& record, const ProjectParameters& project);
 
 /// What in a subject file is scored all the same, but was hardly meant so.
@@ -24,7 +24,7 @@ struct SubjectOddities {
 /// Throws FieldError (EndOfData, OutOfRange16, NulByte, Utf16) and then leaves levels 0 and lists blank.
 SubjectOddities ParseSubject(std::string_view bytes, const ProjectParameters& project, SubjectRecord& record);
 
-/// Reads the file and parses it with ParseSubject. Throws FileError.
+/// Reads the file, parses it with ParseSubject, and notes it as known. Throws FileError.
 void LoadSubjectFile(Disk& disk, const std::string& path, const ProjectParameters& project, SubjectRecord& record);
 
 /// The content of the autosave file: the project file's name, then the subject.

@@ -19,14 +19,78 @@ void EnsureDirectory(Disk& disk, const std::string& directory) {
   if (!disk.DirectoryExists(directory)) disk.CreateDirectory(directory);
 }
 
-void WriteCopy(Disk& disk, const std::string& destination, const std::string& fileName, const std::string& content,
-               bool unfinished) {
-  const std::string directory = unfinished ? UnfinishedDirectory(destination) : SubjectDirectory(destination);
-  const std::string path = JoinPath(directory, fileName);
-  if (!disk.DirectoryExists(destination)) throw FileError(FileOperation::Write, path, FileCause::PathNotFound);
-  EnsureDirectory(disk, SubjectDirectory(destination));
-  if (unfinished) EnsureDirectory(disk, directory);
-  disk.Write(path, content);
+// One of the two files of a save.
+struct Copy {
+  std::string Destination;  ///< the primary or the backup directory
+  std::string Directory;    ///< below it
+  std::string Path;
+};
+
+std::vector<Copy> CopiesOf(const SubjectRecord& record, const ProjectParameters& project) {
+  std::vector<Copy> copies;
+  for (const std::string& destination : {project.PrimaryDir, project.BackupDir}) {
+    if (!copies.empty() && IsNoDirectory(destination)) continue;
+    const std::string directory =
+        record.UnfinishedNote.empty() ? SubjectDirectory(destination) : UnfinishedDirectory(destination);
+    copies.push_back({destination, directory, JoinPath(directory, SubjectFileName(project, record.SubjectId))});
+  }
+  return copies;
+}
+
+void WriteCopy(Disk& disk, const Copy& copy, const std::string& content) {
+  if (!disk.DirectoryExists(copy.Destination)) {
+    throw FileError(FileOperation::Write, copy.Path, FileCause::PathNotFound);
+  }
+  EnsureDirectory(disk, SubjectDirectory(copy.Destination));
+  EnsureDirectory(disk, copy.Directory);
+  disk.Write(copy.Path, content);
+}
+
+// What a save would replace; no content when nothing would be lost.
+struct Replaced {
+  std::string Name;  // as spelt on the disk
+  std::string Content;
+  bool WasKnown = false;  // it has changed since
+};
+
+Replaced FindReplaced(Disk& disk, const std::string& path, const std::string& content,
+                      const std::vector<KnownFile>& known) {
+  const ResolvedPath file = disk.Resolve(path, FileOperation::Write);
+  Replaced replaced{.Name = NameOf(file), .Content = {}};
+  if (disk.Kind(file, FileOperation::Write) != EntryKind::File) return replaced;
+  disk.Read(file, replaced.Content);
+  const auto isSeen = [&](const KnownFile& seen) { return seen.Content == replaced.Content; };
+  if (replaced.Content == content || std::any_of(known.begin(), known.end(), isSeen)) return {};
+  replaced.WasKnown =
+      std::any_of(known.begin(), known.end(), [&](const KnownFile& seen) { return disk.IsSame(seen.Path, path); });
+  return replaced;
+}
+
+// All questions come before the first file is written, so that No leaves everything as it is. Also false when a file
+// cannot be read and the user cancels.
+bool MayReplace(const std::vector<Copy>& copies, const std::string& content, std::vector<KnownFile> known,
+                const Platform& platform) {
+  for (const Copy& copy : copies) {
+    Replaced replaced;
+    if (!WithRetry(platform.Boxes, [&] { replaced = FindReplaced(platform.Files, copy.Path, content, known); })) {
+      return false;
+    }
+    if (replaced.Content.empty()) continue;
+    const BoxAnswer answer = platform.Boxes.Show(
+        {.Text = replaced.WasKnown
+                     ? "The data for this subject have changed on the disk since they were read.  Do you wish to "
+                       "replace them?"
+                     : "The file '" + replaced.Name +
+                           "' already holds another entry of this subject.  Do you wish to replace it?",
+         .Icon = BoxIcon::Exclamation,
+         .Buttons = BoxButtons::YesNo,
+         .Default = BoxAnswer::No,
+         .Title = "Warning",
+         .Details = "'" + copy.Path + "'"});
+    if (answer != BoxAnswer::Yes) return false;
+    known.push_back({copy.Path, std::move(replaced.Content)});  // the backup mostly holds the same
+  }
+  return true;
 }
 
 // Case-sensitive on every file system: "a1" and "A1" are two subjects.
@@ -58,14 +122,20 @@ bool RemoveUnfinishedCopies(Disk& disk, const ProjectParameters& project, const 
   return WithRetry(boxes, [&] { RemoveIfEmpty(disk, primary); });
 }
 
-bool WriteCopies(const SubjectRecord& record, const ProjectParameters& project, Disk& disk, MessageBoxes& boxes) {
+bool WriteCopies(SubjectRecord& record, const ProjectParameters& project, const Platform& platform) {
   const std::string content = FormatSubject(record, project);
-  const std::string fileName = SubjectFileName(project, record.SubjectId);
-  const bool unfinished = !record.UnfinishedNote.empty();
-  const auto write = [&](const std::string& destination) {
-    return WithRetry(boxes, [&] { WriteCopy(disk, destination, fileName, content, unfinished); });
-  };
-  return write(project.PrimaryDir) && (IsNoDirectory(project.BackupDir) || write(project.BackupDir));
+  const std::vector<Copy> copies = CopiesOf(record, project);
+  if (!MayReplace(copies, content, record.KnownFiles, platform)) return false;
+  for (const Copy& copy : copies) {
+    if (!WithRetry(platform.Boxes, [&] { WriteCopy(platform.Files, copy, content); })) return false;
+    NoteKnownFile(record, copy.Path, content);
+  }
+  // Not earlier: what the primary held is also what the backup holds.
+  std::erase_if(record.KnownFiles, [&](const KnownFile& file) {
+    const auto isAt = [&](const Copy& copy) { return copy.Path == file.Path; };
+    return file.Content != content && std::any_of(copies.begin(), copies.end(), isAt);
+  });
+  return true;
 }
 
 }  // namespace
@@ -81,7 +151,7 @@ SaveOutcome SaveSubject(SubjectRecord& record, const ProjectParameters& project,
   const bool complete = record.UnfinishedNote.empty();
   {
     const BusyPointer busy(platform.Pointer);
-    if (!WriteCopies(record, project, platform.Files, platform.Boxes)) return outcome;
+    if (!WriteCopies(record, project, platform)) return outcome;
     // Not earlier: until both complete copies exist, the unfinished ones are the only ones.
     if (complete && !RemoveUnfinishedCopies(platform.Files, project, SubjectFileName(project, record.SubjectId),
                                             platform.Boxes, outcome.UnfinishedEmptied)) {

@@ -15,12 +15,14 @@ bool IsSubjectId(std::string_view text);
 
 /// The result of a save.
 struct SaveOutcome {
-  bool Saved =
-      false;  ///< false: the user cancelled after a fault. The record is unchanged; copies already written stay
+  /// False when the user declined, or cancelled after a fault: what was entered is unchanged, copies already written
+  /// stay.
+  bool Saved = false;
   bool UnfinishedEmptied = false;  ///< the directory of unfinished subjects became empty and was deleted
 };
 
-/// Writes the subject to the primary and backup directories, as incomplete if its note is not empty, else as complete.
+/// Writes the subject to the primary and backup directories, as incomplete if its note is not empty, else as complete,
+/// after a question for each file there with a content that is not known (SubjectRecord::KnownFiles).
 /// After both copies exist, deletes a completed subject's unfinished copies, then the autosave file in `paramDir`,
 /// informs the user, and blanks a completed subject's lists.
 SaveOutcome SaveSubject(SubjectRecord& record, const ProjectParameters& project, const std::string& paramDir,

@@ -140,29 +140,33 @@ std::string SubjectIdentification::Directory() const {
                                           : SubjectDirectory(m_project->PrimaryDir);
 }
 
-// Also false when the search fails and the user cancels.
-bool SubjectIdentification::MayReplaceComplete(const std::string& subjectId) {
+// Also false when the search fails and the user cancels. Notes the accepted file in `record`.
+bool SubjectIdentification::MayReplaceComplete(const std::string& subjectId, SubjectRecord& record) {
   const std::string path = JoinPath(SubjectDirectory(m_project->PrimaryDir),
                                     ExpectedPrefix(*m_project).append(subjectId).append(kDataFileEnd));
   bool exists = false;
+  std::string content;
   const bool isKnown = WithRetry(m_platform.Boxes, [&] {
     RequirePrimary(*m_project, m_platform.Files);
     exists = m_platform.Files.FileExists(path);
+    if (exists) m_platform.Files.Read(path, content);
   });
   if (!isKnown) return false;
   if (!exists) return true;
   if (Confirm(m_platform.Boxes,
               {.Text = "Subject ID '" + subjectId +
                        "' already exists!  When this subject is saved it will delete the old data.  Are you "
-                       "sure you want to do this?"}))
+                       "sure you want to do this?"})) {
+    NoteKnownFile(record, path, content);
     return true;
+  }
   GoTo(1);
   return false;
 }
 
 SubjectIdentification::Outcome SubjectIdentification::Finish() {
   if (!CanFinish() || !AcceptBox()) return Outcome::Stay;
-  if (!MayReplaceComplete(m_subjectText)) return StayInBox();
+  if (!MayReplaceComplete(m_subjectText, m_record)) return StayInBox();
   m_record.SubjectId = m_subjectText;
   return Outcome::OpenEntry;
 }
@@ -170,10 +174,12 @@ SubjectIdentification::Outcome SubjectIdentification::Finish() {
 SubjectIdentification::Outcome SubjectIdentification::Load(const std::string& path, const std::string& subjectId,
                                                            bool& endedEarly) {
   // An unfinished subject, once completed, replaces a complete one of the same identifier.
-  if (m_purpose == Purpose::Unfinished && !MayReplaceComplete(subjectId)) return StayInBox();
+  SubjectRecord loaded;
+  if (m_purpose == Purpose::Unfinished && !MayReplaceComplete(subjectId, loaded)) return StayInBox();
   const bool isRead =
-      ReadFile(m_platform, endedEarly, [&] { LoadSubjectFile(m_platform.Files, path, *m_project, m_record); });
+      ReadFile(m_platform, endedEarly, [&] { LoadSubjectFile(m_platform.Files, path, *m_project, loaded); });
   if (!isRead) return StayInBox();
+  m_record = std::move(loaded);
   m_record.SubjectId = subjectId;
   return Outcome::OpenEntry;
 }
@@ -187,7 +193,7 @@ SubjectIdentification::Outcome SubjectIdentification::LoadAutosave(const std::st
   });
   if (!isRead) return StayInBox();
   if (!isOurs) return Refuse(kForeignFile);
-  if (m_purpose == Purpose::Unfinished && !MayReplaceComplete(restored.SubjectId)) return StayInBox();
+  if (m_purpose == Purpose::Unfinished && !MayReplaceComplete(restored.SubjectId, restored)) return StayInBox();
   m_record = std::move(restored);
   m_record.HasUnsavedChanges = true;
   return Outcome::OpenEntry;

@@ -64,7 +64,7 @@ class SubjectIdentification {
   [[nodiscard]] std::string ListedName(const std::string& directory) const;
   [[nodiscard]] bool IsUnfinished() const;
   [[nodiscard]] bool IsAutosave(const std::string& path) const;
-  bool MayReplaceComplete(const std::string& subjectId);
+  bool MayReplaceComplete(const std::string& subjectId, SubjectRecord& record);
   Outcome Load(const std::string& path, const std::string& subjectId, bool& endedEarly);
   Outcome LoadAutosave(const std::string& path, bool& endedEarly);
 

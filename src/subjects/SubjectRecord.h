@@ -4,11 +4,20 @@
 #include <array>
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "project/ProjectParameters.h"
 #include "subjects/RecallLists.h"
 
 namespace zova {
+
+/// A subject file and what it held when it was loaded, saved or accepted for replacement.
+struct KnownFile {
+  std::string Path;
+  std::string Content;
+
+  bool operator==(const KnownFile&) const = default;
+};
 
 /// The subject being entered or scored.
 struct SubjectRecord {
@@ -17,11 +26,14 @@ struct SubjectRecord {
   RecallLists Lists;
   std::string UnfinishedNote;  ///< not empty for an incomplete subject
   bool HasUnsavedChanges = false;
+  std::vector<KnownFile> KnownFiles;  ///< the files that a save replaces without a question unless they have changed
 
   bool operator==(const SubjectRecord&) const = default;
 };
 
 /// Blanks the lists and sizes them for the project. Keeps identifier and levels.
 void ResetLists(SubjectRecord& record, const ProjectParameters& project);
+
+void NoteKnownFile(SubjectRecord& record, const std::string& path, const std::string& content);
 
 }  // namespace zova

@@ -103,6 +103,17 @@ void TryToScore(const SubjectRecord& record, const ProjectParameters& project) {
   }
 }
 
+// What the project does not keep is not written.
+void DropUnkept(SubjectRecord& record, const ProjectParameters& project) {
+  for (int test = 1; test <= project.TestCount; ++test) {
+    for (int position = 1; position <= project.ItemCount; ++position) {
+      Recall& recall = record.Lists.At(test, position);
+      if (project.MinutesRecorded != 1) recall.Minute = 0;
+      if (project.Rated != 1) recall.Rating = 0;
+    }
+  }
+}
+
 void TryAsSubject(std::string_view bytes, const ProjectParameters& project) {
   SubjectRecord record;
   SubjectRecord again;
@@ -111,9 +122,10 @@ void TryAsSubject(std::string_view bytes, const ProjectParameters& project) {
   Require(isReadable == ReadPlainly(bytes, project, plain), "only what a plain reading refuses is refused");
   if (!isReadable) return;
   Require(record == plain, "a record is what a plain reading gives");
+  TryToScore(record, project);
+  DropUnkept(record, project);
   Require(Reads(ParseSubject, FormatSubject(record, project), project, again) && again == record,
           "a written subject is read back the same");
-  TryToScore(record, project);
 }
 
 void TryAsAutosave(std::string_view bytes, const ProjectParameters& project) {
@@ -123,6 +135,7 @@ void TryAsAutosave(std::string_view bytes, const ProjectParameters& project) {
   (void)ParseAutosaveProject(bytes);  // what holds a whole subject holds the project's name
   // The layout escapes nothing: an identifier with a quote in it (possible in an unquoted field) cannot come back.
   if (record.SubjectId.find('"') != std::string::npos) return;
+  DropUnkept(record, project);
   const std::string written = FormatAutosave(record, project);
   Require(Reads(ParseAutosave, written, project, again) && again == record, "a written autosave is read back the same");
   Require(ParseAutosaveProject(written) == project.ProjectFileName, "an autosave names its project");

@@ -19,7 +19,7 @@ const std::string kLists = "\"Group\",2\r\n1,5,1,3\r\n2,2,1,4\r\n3,0,0,0\r\n1,5,
 const std::string kExample = kHeader + kLists;
 
 ProjectParameters GroupProject(const std::string& marker = "VB Version") {
-  ProjectParameters project = MakeProject({.Items = 3, .Variables = {"Group"}});
+  ProjectParameters project = MakeProject({.Items = 3, .Minutes = 9, .MaxRating = 7, .Variables = {"Group"}});
   project.Abbreviation = "Exp";
   project.FormatMarker = marker;
   return project;
@@ -63,6 +63,10 @@ void ExpectBlankAfterFault(Parse&& parse, const std::string& bytes) {
 TEST(SubjectFile, WritesAndReadsTheExamples) {
   EXPECT_EQ(FormatSubject(ExampleSubject(), GroupProject()), kExample);
   EXPECT_EQ(Parsed(kExample), ExampleSubject());
+  ProjectParameters items = GroupProject();
+  items.MinutesRecorded = items.Rated = 0;
+  EXPECT_EQ(FormatSubject(ExampleSubject(), items),
+            kHeader + "\"Group\",2\r\n1,5,0,0\r\n2,2,0,0\r\n3,0,0,0\r\n1,5,0,0\r\n2,0,0,0\r\n3,0,0,0\r\n");
   const std::string threeNumbers = kHeader + "\"Group\",2\r\n1,5,1\r\n2,2,1\r\n3,0,0\r\n1,5,2\r\n2,0,0\r\n3,0,0\r\n";
   for (const char* marker : {"Old ZOVA", "old zova"}) {
     EXPECT_EQ(FormatSubject(ExampleSubject(), GroupProject(marker)), threeNumbers) << marker;

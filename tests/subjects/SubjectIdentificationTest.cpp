@@ -135,7 +135,15 @@ TEST(SubjectIdentification, OpensWhatIsTypedOrChosen) {
     const bool opens = outcome == Identification::Outcome::OpenEntry;
     const int item = stage.Record.Lists.At(1, 1).Item;
     EXPECT_EQ(opens ? stage.Record.SubjectId + " " + std::to_string(item) : "", opened) << key << entered;
-    if (!opens) {
+    if (opens) {
+      const bool isLoaded = purpose != NewSubject && entered.find("Temp") == std::string::npos;
+      EXPECT_EQ(stage.Record.KnownFiles.size(), (isLoaded ? 1U : 0U) + (boxes == "y" ? 1U : 0U)) << key << entered;
+      for (const auto& [path, content] : stage.Record.KnownFiles) {
+        std::string bytes;
+        stage.OnDisk.Read(path, bytes);
+        EXPECT_EQ(content, bytes) << path;
+      }
+    } else {
       SubjectRecord blank;
       ResetLists(blank, stage.Project);
       EXPECT_EQ(stage.Record, blank) << key << entered;

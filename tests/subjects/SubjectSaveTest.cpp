@@ -24,6 +24,10 @@ using namespace zova::testing;
 
 namespace {
 
+const std::string kFile = "Ex Sub#a1.dat";
+const std::string kPrimary = "C:\\P\\Sdata\\" + kFile;
+const std::string kBackup = "D:\\B\\Sdata\\" + kFile;
+
 ProjectParameters Project(const std::string& backup = "D:\\B") {
   ProjectParameters project = MakeProject({.Tests = 1, .Items = 20});
   project.Abbreviation = "Ex";
@@ -32,16 +36,16 @@ ProjectParameters Project(const std::string& backup = "D:\\B") {
   return project;
 }
 
-SubjectRecord Subject(std::int16_t item, const std::string& note = "") {
+// `known`: with the primary's complete file accepted for replacement.
+SubjectRecord Subject(std::int16_t item, const std::string& note = "", bool known = false) {
   SubjectRecord record;
   record.SubjectId = "a1";
   record.Lists = MakeLists(Project(), std::to_string(item));
   record.UnfinishedNote = note;
   record.HasUnsavedChanges = true;
+  if (known) NoteKnownFile(record, kPrimary, "old");
   return record;
 }
-
-const std::string kFile = "Ex Sub#a1.dat";
 
 // A complete file of the subject and these unfinished ones in both places, each holding "old", and an autosave.
 void Prepare(const Scratch& scratch, const std::vector<std::string>& unfinished, bool complete = false) {
@@ -106,11 +110,63 @@ TEST(SubjectSave, PutsFilesInTheirPlaces) {
     const SaveOutcome outcome = SaveSubject(record, Project(backup), "C:\\Param", fakes.With(disk, boxes));
     EXPECT_TRUE(outcome.Saved);
     EXPECT_EQ(outcome.UnfinishedEmptied, !unfinished.empty() && left.empty());
+    record.KnownFiles.clear();
     EXPECT_EQ(record, expectedRecord);
     EXPECT_EQ(TreeOf(scratch.Native("C:\\P\\Sdata")), expected);
     EXPECT_EQ(TreeOf(scratch.Native("D:\\B\\Sdata")), IsNoDirectory(backup) ? untouched : expected);
     EXPECT_FALSE(scratch.Has("C:\\Param\\Temp.txt"));
     EXPECT_EQ(fakes.Pointer.Shown, 1);
+  }
+}
+
+TEST(SubjectSave, AsksBeforeItReplacesAnotherEntry) {
+  const std::string unfinished = "C:\\P\\Sdata\\Unfinished\\";
+  struct Case {
+    const char* Note;
+    std::string Known;  ///< the file that was loaded, then "old"
+    Tree OnDisk;        ///< at the save
+    std::string Boxes;  ///< o: another entry, c: changed; a capital says No
+  };
+  const Case cases[] = {{"", kPrimary, {{kPrimary, "old"}, {kBackup, "old"}}, ""},
+                        {"", kPrimary, {{kPrimary, "old"}, {kBackup, "new"}}, "o"},
+                        {"", kPrimary, {{kPrimary, "new"}, {kBackup, "new"}}, "c"},
+                        {"", kPrimary, {{kPrimary, "new"}, {kBackup, "newer"}}, "cO"},
+                        {"", "C:\\p\\sdata\\ex sub#A1.dat", {{kPrimary, "new"}}, "C"},
+                        {"", "D:\\" + kFile, {{kPrimary, "new"}}, "O"},
+                        {"", "D:\\" + kFile, {{kPrimary, "old"}}, ""},
+                        {"", "", {{kBackup, "new"}}, "O"},
+                        {"note", kPrimary, {{unfinished + kFile, "new"}, {kPrimary, "new"}}, "O"},
+                        {"note", "", {{unfinished + "Ex Sub#A1.dat", "new"}}, "o"},
+                        {"note", unfinished + kFile, {{unfinished + kFile, "new"}}, "c"}};
+  for (const auto& [note, known, onDisk, letters] : cases) {
+    Scratch scratch;
+    Disk disk = scratch.MakeDisk();
+    Prepare(scratch, {});
+    for (const auto& [path, content] : onDisk) scratch.Put(path, content);
+    const Tree before = scratch.Snapshot();
+    SubjectRecord record = Subject(7, note);
+    if (!known.empty()) NoteKnownFile(record, known, "old");
+    const SubjectRecord entered = record;
+    const bool refused = !letters.empty() && letters.back() < 'a';
+    FakePlatform fakes;
+    for (const char letter : letters) {
+      const std::string name(LastPathComponent(onDisk.begin()->first));
+      fakes.Boxes.Expect({.Text = (letter | 0x20) == 'c' ? "The data for this subject have changed on the disk since "
+                                                           "they were read.  Do you wish to replace them?"
+                                                         : "The file '" + name +
+                                                               "' already holds another entry of "
+                                                               "this subject.  Do you wish to replace it?",
+                          .Answer = letter < 'a' ? BoxAnswer::No : BoxAnswer::Yes,
+                          .Icon = BoxIcon::Exclamation,
+                          .Buttons = BoxButtons::YesNo,
+                          .Default = BoxAnswer::No,
+                          .Title = "Warning"});
+    }
+    if (!refused) fakes.Boxes.Expect({*note == '\0' ? "Completed subject saved." : "Incomplete subject saved."});
+    EXPECT_EQ(SaveSubject(record, Project(), "C:\\Param", fakes.With(disk)).Saved, !refused) << letters;
+    if (!refused) continue;
+    EXPECT_EQ(scratch.Snapshot(), before) << letters;
+    EXPECT_EQ(record, entered) << letters;
   }
 }
 
@@ -133,7 +189,7 @@ TEST(SubjectSave, LosesNothingWhateverCallFails) {
       FailingFileLayer layer(scratch.Layer());
       Disk disk(layer, scratch.Drives());
       AnsweringBoxes boxes(answer);
-      SubjectRecord record = Subject(7, note);
+      SubjectRecord record = Subject(7, note, true);
       layer.FailAt(n, std::errc::no_space_on_device, FailingFileLayer::Writes::Half);
       const bool done = SaveSubject(record, Project(), "C:\\Param", fakes.With(disk, boxes)).Saved;
       failed = layer.HasFailed();
@@ -146,7 +202,9 @@ TEST(SubjectSave, LosesNothingWhateverCallFails) {
       const bool keepsAutosave = done && scratch.Has("C:\\Param\\Temp.txt");
       ASSERT_EQ(done, answer == BoxAnswer::Retry || !wasAsked || keepsAutosave) << call;
       if (!done) {
-        EXPECT_EQ(record, Subject(7, note)) << call;
+        SubjectRecord entered = record;
+        entered.KnownFiles.clear();
+        EXPECT_EQ(entered, Subject(7, note)) << call;
         if (complete) ExpectNothingLost(scratch, content, call);
         EXPECT_TRUE(SaveSubject(record, Project(), "C:\\Param", fakes.With(disk, boxes)).Saved) << call;
       }
@@ -158,6 +216,7 @@ TEST(SubjectSave, LosesNothingWhateverCallFails) {
         if (!done && complete) tree.erase(left);
       }
       EXPECT_EQ(tree, saved) << call;
+      record.KnownFiles = savedRecord.KnownFiles;
       EXPECT_EQ(record, savedRecord) << call;
     }
     EXPECT_GT(asked, 25 / kFailureStep);
@@ -178,7 +237,7 @@ TEST(SubjectSave, SurvivesAKillAtAnyCall) {
     const auto save = [&] {
       Disk disk(layer, scratch.Drives());
       AnsweringBoxes boxes(BoxAnswer::Cancel);
-      SubjectRecord record = Subject(7);
+      SubjectRecord record = Subject(7, "", true);
       return SaveSubject(record, Project(), "C:\\Param", FakePlatform().With(disk, boxes)).Saved;
     };
     const pid_t child = fork();
