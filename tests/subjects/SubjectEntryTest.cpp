@@ -10,6 +10,15 @@ using namespace zova::testing;
 
 namespace {
 
+ExpectedBox OutOfRange(const std::string& value) {
+  return {.Text = value + " is out of range.  Do you wish to save the data as they are?",
+          .Answer = BoxAnswer::No,
+          .Icon = BoxIcon::Exclamation,
+          .Buttons = BoxButtons::YesNo,
+          .Default = BoxAnswer::No,
+          .Title = "Warning"};
+}
+
 const BoxTable kBoxes = {
     {"saved", Told("Completed subject saved.", BoxIcon::Information)},
     {"kept", Told("Incomplete subject saved.", BoxIcon::Information)},
@@ -19,6 +28,9 @@ const BoxTable kBoxes = {
      Told("This is unfinished subject #10 for 'Study'.  NOTE: You cannot have more than 10.", BoxIcon::Information)},
     {"minutes", {"You cannot enter minutes for this project.", BoxAnswer::Ok, "'3' in the entry box was not taken."}},
     {"range", {"The entered number was out of item range.", BoxAnswer::Ok, "'9' in the entry box was not taken."}},
+    {"item", OutOfRange("Test 1, line 2: the item 9")},
+    {"minute", OutOfRange("Test 2, line 1: the minute 10")},
+    {"rating", OutOfRange("Test 1, line 1: the rating -8")},
     {"limit", Told("You cannot have more than 10 unfinished data files.")},
     {"space", Told("There was a space detected in the data.  Please correct the data.")},
     {"twice",
@@ -62,6 +74,20 @@ TEST(SubjectEntry, ChecksBeforeItSaves) {
              "2r1; 1/0/1 1/0/2 1/0/3 | 2; FF; -; Done with Test 1 @2,1* 0; twice, twice",
              "2r1; 1/0/1 1/0/2 1/0/3 | 2; FFF; -; left; twice, twice, saved",
              "2r1; 1/0/1 1/0/2 1/0/3 | 2; FzFF; -; Done with Test 1 @2,1* 0; twice, twice, twice"});
+}
+
+TEST(SubjectEntry, AsksBeforeItSavesWhatCannotBeTyped) {
+  ExpectAll(kBoxes, {"2r1; 1/0/1 9/0/1 | 2; ffF; -; Done with Test 1 @2,1 0; item?N",
+                     "2r1; 1/0/1 9/0/1 | 2; F; -; left; item?Y, saved",
+                     "2m1; 1/9 2/9 | 3/10; s; -; Done with Test 2 @1,2 0; minute?N",
+                     "2r1; 1/0/-8 9/0/1 | 2; ss; -; Done with Test 1 @1,3 0; rating?N, rating?N",
+                     "2r1; 1/10/1 | 2/10/-8; F; -; left; saved"});
+  ScriptedBoxes boxes{OutOfRange("Variable 'Group': the level 4")};
+  EntryDesk desk(boxes, "2r1", "");
+  desk.Project.VariableCount = 1, desk.Project.VariableNames[0] = "Group", desk.Project.LevelCounts[0] = 3;
+  desk.Record.Levels[0] = 4;
+  desk.Press("s");
+  EXPECT_EQ(desk.State(), "Done with Test 1 @1,1 0");
 }
 
 TEST(SubjectEntry, EndsInEveryWay) {

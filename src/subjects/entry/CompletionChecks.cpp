@@ -112,4 +112,29 @@ std::optional<CheckFinding> RemoveFirstDuplicate(RecallLists& lists) {
   return std::nullopt;
 }
 
+std::optional<CheckFinding> FindOutOfRange(const SubjectRecord& record, const ProjectParameters& project) {
+  const auto question = [](const std::string& place, std::string_view kind, int value) {
+    return place + ": the " + std::string(kind) + " " + std::to_string(value) +
+           " is out of range.  Do you wish to save the data as they are?";
+  };
+  for (std::size_t v = 0; v < static_cast<std::size_t>(project.VariableCount); ++v) {
+    const int level = record.Levels[v];
+    if (level >= 1 && level <= project.LevelCounts[v]) continue;
+    return CheckFinding{.Message = question("Variable '" + project.VariableNames[v] + "'", "level", level)};
+  }
+  for (int test = 1; test <= record.Lists.TestCount(); ++test) {
+    for (int line = 1; line <= record.Lists.PositionCount(); ++line) {
+      for (const int column : {kItemColumn, kMinuteColumn, kRatingColumn}) {
+        const int value = CellValue(record.Lists.At(test, line), column);
+        if (value == 0 || !IsColumnUsed(project, test, column)) continue;
+        if (value >= 1 && value <= ColumnLimit(project, column)) continue;
+        static constexpr std::string_view kKinds[] = {"", "item", "minute", "rating"};
+        const std::string place = "Test " + std::to_string(test) + ", line " + std::to_string(line);
+        return CheckFinding{test, line, column, question(place, kKinds[column], value)};
+      }
+    }
+  }
+  return std::nullopt;
+}
+
 }  // namespace zova

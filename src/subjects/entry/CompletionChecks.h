@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "project/ProjectParameters.h"
-#include "subjects/RecallLists.h"
+#include "subjects/SubjectRecord.h"
 
 namespace zova {
 
@@ -30,5 +30,9 @@ CheckResult CheckLists(RecallLists& lists, const ProjectParameters& project);
 /// Removes the later entry of the first repeated item (lowest test, smallest first position), moves the following
 /// entries up and recounts the test. Returns the message and the position removed; nullopt without repetition.
 std::optional<CheckFinding> RemoveFirstDuplicate(RecallLists& lists);
+
+/// The first value that cannot be typed and thus came from a file: a level, or an item, minute or rating in a used
+/// column, with the question whether to save it. Test and position of a level are 0.
+std::optional<CheckFinding> FindOutOfRange(const SubjectRecord& record, const ProjectParameters& project);
 
 }  // namespace zova

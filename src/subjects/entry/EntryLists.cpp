@@ -7,12 +7,12 @@
 
 namespace zova {
 
-namespace {
-
-int ColumnLimit(const ProjectParameters& project, int column) {
+int ColumnLimit(const ProjectParameters& project, int column) noexcept {
   if (column == kItemColumn) return project.ItemCount;
   return column == kMinuteColumn ? project.MaxMinutes : project.MaxRating;
 }
+
+namespace {
 
 std::string RefusalInRange(const ProjectParameters& project, int column, int number) {
   return number > ColumnLimit(project, column) ? RangeRefusal(column) : std::string();

@@ -16,6 +16,9 @@ inline constexpr int kRatingColumn = 3;
 std::int16_t CellValue(const Recall& entry, int column) noexcept;
 void SetCellValue(Recall& entry, int column, std::int16_t value) noexcept;
 
+/// The largest number in the column.
+int ColumnLimit(const ProjectParameters& project, int column) noexcept;
+
 /// The message that refuses a number in the column on this test; "" if it is valid. Kept: one cell and a block have
 /// different messages, and slightly different conditions.
 std::string CellRefusal(const ProjectParameters& project, int test, int column, int number);

@@ -77,7 +77,17 @@ bool SubjectEntry::ListsPassTheChecks() {
   return false;
 }
 
+bool SubjectEntry::MaySaveOutOfRange() {
+  const std::optional<CheckFinding> finding = FindOutOfRange(m_record, *m_project);
+  if (!finding) return true;
+  const Question question = {.Text = finding->Message, .Buttons = BoxButtons::YesNo, .Title = "Warning"};
+  if (Confirm(m_platform.Boxes, question)) return true;
+  if (finding->Test > 0) ShowFinding(*finding);
+  return false;
+}
+
 SaveOutcome SubjectEntry::SaveWithNote(const std::string& note) {
+  if (!MaySaveOutOfRange()) return {};
   const std::string noteBefore = std::exchange(m_record.UnfinishedNote, note);
   const SaveOutcome outcome = SaveSubject(m_record, *m_project, m_paramDir, m_platform);
   if (!outcome.Saved) m_record.UnfinishedNote = noteBefore;

@@ -60,6 +60,7 @@ class SubjectEntry {
   void LookForLimit();
   void ShowFinding(const CheckFinding& finding);
   bool ListsPassTheChecks();
+  bool MaySaveOutOfRange();
   SaveOutcome SaveWithNote(const std::string& note);
   void Close();
   void WriteAutosave();
