@@ -20,7 +20,6 @@
 #include "app/screens/MeansPanel.h"
 #include "app/screens/MeasurePanel.h"
 #include "app/screens/OrderPanel.h"
-#include "app/screens/ProgressPanel.h"
 #include "app/screens/WizardPanel.h"
 #include "app/widgets/Controls.h"
 
@@ -48,11 +47,10 @@ MainWindow::MainWindow(Session& session, QtProgress& progress)
       m_location(Add(new LocationPanel(session.Location()))),
       m_identification(Add(new IdentificationPanel(session.Subjects()))),
       m_entry(Add(new EntryPanel(session.Subjects()))),
-      m_masterOptions(Add(new MasterPanel(session.Masters()))),
+      m_masterOptions(Add(new MasterPanel(session.Masters(), progress))),
       m_measures(Add(new MeasurePanel(session.Masters(), [this] { Run(&Session::ShowMeasuresHelp); }))),
       m_order(Add(new OrderPanel(session.Masters()))),
       m_groups(Add(new GroupPanel(session.Masters()))),
-      m_progress(Add(new ProgressPanel(progress))),
       m_blank(Add(new BlankPanel)),
       m_means(Add(new MeansPanel(session))) {
   Add(new CopyingPanel(progress));
@@ -91,12 +89,12 @@ Panel* MainWindow::PanelOf(Screen screen) const {
 Panel* MainWindow::PanelOf(MasterFlow::Stage stage) const {
   switch (stage) {
     case MasterFlow::Stage::Closed: break;
-    case MasterFlow::Stage::Options: return m_masterOptions;
+    case MasterFlow::Stage::Options:
+    case MasterFlow::Stage::Writing: return m_masterOptions;
     case MasterFlow::Stage::Measures: return m_measures;
     case MasterFlow::Stage::OrderOfItems:
     case MasterFlow::Stage::OrderOfGroups: return m_order;
     case MasterFlow::Stage::GroupDetails: return m_groups;
-    case MasterFlow::Stage::Writing: return m_progress;
     case MasterFlow::Stage::Finished: return m_blank;
   }
   return m_main;

@@ -51,7 +51,6 @@ class MainWindow : public QMainWindow {
   Panel* m_measures;
   Panel* m_order;
   Panel* m_groups;
-  Panel* m_progress;
   Panel* m_blank;
   Panel* m_means;
   bool m_running = false;

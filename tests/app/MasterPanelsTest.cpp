@@ -4,6 +4,7 @@
 #include <QGuiApplication>
 #include <QTableView>
 #include <QTest>
+#include <QTimer>
 #include <QWindow>
 #include <map>
 
@@ -46,7 +47,7 @@ class MasterPanelsTest : public ::testing::Test {
   void Follow() {
     const std::map<Stage, Panel*> panels = {{Stage::Options, &m_master},       {Stage::Measures, &m_measures},
                                             {Stage::OrderOfItems, &m_order},   {Stage::OrderOfGroups, &m_order},
-                                            {Stage::GroupDetails, &m_details}, {Stage::Writing, &m_writing}};
+                                            {Stage::GroupDetails, &m_details}, {Stage::Writing, &m_master}};
     if (m_up) m_up->hide();
     if (!panels.contains(m_flow.CurrentStage())) return;
     m_up = panels.at(m_flow.CurrentStage());
@@ -77,11 +78,10 @@ class MasterPanelsTest : public ::testing::Test {
   ProjectParameters m_project;
   MasterFlow m_flow{m_fakes.With(m_disk, m_fakes.Boxes, m_progress)};
   MasterOptions& m_options = m_flow.Options();
-  MasterPanel m_master{m_flow};
+  MasterPanel m_master{m_flow, m_progress};
   MeasurePanel m_measures{m_flow, [this] { ++m_helps; }};
   OrderPanel m_order{m_flow};
   GroupPanel m_details{m_flow};
-  ProgressPanel m_writing{m_progress};
   Panel* m_up = nullptr;
   int m_helps = 0;
 };
@@ -157,9 +157,16 @@ TEST_F(MasterPanelsTest, GroupsArePreviewedWhileTheyAreTypedAndTheBarReaches100)
   EXPECT_EQ(Text("lblGroupsPreview"), "1 group of 2, left over: subject 9");
   Alt("V"), Press(Qt::Key_Down);
   EXPECT_EQ(Text("lblGroupsPreview"), "Sex, Man: 1 group of 2, left over: subject 9");
+  std::string shown;
+  QTimer::singleShot(0, [&] {
+    for (const char* name : {"fraMasterProgress", "lblProjectName", "txtMasterDest", "cmdMastCancel"}) {
+      shown += m_master.findChild<QWidget*>(name)->isVisible() ? '+' : '-';
+    }
+  });
   Press(Qt::Key_Return);
+  EXPECT_EQ(shown, "++--") << "the screen stays round the bar";
   ASSERT_EQ(m_flow.CurrentStage(), Stage::OrderOfGroups);
-  EXPECT_EQ(m_writing.findChild<QWidget*>("proMasterProgress")->property("value"), 100);
+  EXPECT_EQ(m_master.findChild<QWidget*>("proMasterProgress")->property("value"), 100);
   Type({'3'});
   EXPECT_EQ(Text("lblOrderPlan").substr(0, 14), "The groups sho") << "while it is typed";
   Type({Qt::Key_Return, Qt::Key_Down, '1'});
@@ -171,9 +178,9 @@ TEST_F(MasterPanelsTest, GroupsArePreviewedWhileTheyAreTypedAndTheBarReaches100)
 }
 
 TEST_F(MasterPanelsTest, TheBarIsDrawnAtMostEvery50MillisecondsAndInputIsDiscarded) {
-  const auto* bar = m_writing.findChild<QWidget*>("proMasterProgress");
+  const auto* bar = m_master.findChild<QWidget*>("proMasterProgress");
   Alt("D");
-  m_writing.show();
+  m_master.findChild<QWidget*>("fraMasterProgress")->show();
   QCoreApplication::postEvent(m_up->windowHandle(), new QKeyEvent(QEvent::KeyPress, Qt::Key_7, {}, "7"));
   QCoreApplication::postEvent(m_up->windowHandle(), new QCloseEvent);
   m_progress.Show(0, "");

@@ -4,16 +4,19 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QListWidget>
+#include <QScrollArea>
 #include <QVBoxLayout>
 
+#include "app/screens/ProgressPanel.h"
 #include "app/widgets/Controls.h"
 #include "app/widgets/DriveDirectoryList.h"
 
 namespace zova {
 
-MasterPanel::MasterPanel(MasterFlow& flow)
+MasterPanel::MasterPanel(MasterFlow& flow, QtProgress& progress)
     : Panel("FraSaveMaster"),
       m_flow(flow),
+      m_progress(new ProgressPanel(progress)),
       m_lblMasterStatus(MakeLabel("lblMasterStatus", {})),
       m_txtMasterDest(Named(new QLineEdit, "txtMasterDest")),
       m_directories(new DriveDirectoryList(flow.Options().Browser(), "drvMasterDest", "dirMasterDest")),
@@ -24,7 +27,9 @@ MasterPanel::MasterPanel(MasterFlow& flow)
       m_chkExportLong(Named(new QCheckBox("CSV of All &Recalls"), "chkExportLong")) {
   AddTitle("lblMasterTitle", "Create New Master");
   AddProjectName();
+  AddContent(m_progress);
   QVBoxLayout* rows = AddPage();
+  m_questions = findChild<QScrollArea*>();  // the page with its bars
   rows->addWidget(MakeLabel("lblDestination", "&Destination Directory", m_txtMasterDest));
   rows->addWidget(m_directories, 1);
   rows->addWidget(m_txtMasterDest);
@@ -78,6 +83,12 @@ void MasterPanel::ConnectBox(QCheckBox* box, bool MasterOptions::*option) {
 void MasterPanel::ShowState() {
   const MasterOptions& options = m_flow.Options();
   ShowProjectName(m_flow.ProjectName());
+  const bool isWriting = m_flow.CurrentStage() == MasterFlow::Stage::Writing;
+  m_progress->setVisible(isWriting);
+  m_progress->ShowProgress();  // before a box of the run, say
+  for (QWidget* part : {m_questions, static_cast<QWidget*>(m_default), static_cast<QWidget*>(m_cancel)}) {
+    part->setVisible(!isWriting);
+  }
   m_lblMasterStatus->setText(ToQt(m_flow.StatusLine()));
   ShowText(m_txtMasterDest, options.Destination());
   m_directories->Refresh();
@@ -86,5 +97,8 @@ void MasterPanel::ShowState() {
   m_chkExportClean->setChecked(options.ChkExportClean);
   m_chkExportLong->setChecked(options.ChkExportLong);
 }
+
+// The cursor comes back after the writing.
+int MasterPanel::CursorRevision() const { return m_flow.CurrentStage() == MasterFlow::Stage::Writing ? 1 : 0; }
 
 }  // namespace zova

@@ -11,22 +11,28 @@ class QLineEdit;
 namespace zova {
 
 class DriveDirectoryList;
+class ProgressPanel;
+class QtProgress;
 
-/// Where a master is asked for: its file, its measures and the masters beside it.
+/// Where a master is asked for: its file, its measures and the masters beside it. During the writing the progress
+/// replaces the questions and buttons.
 class MasterPanel : public Panel {
   Q_OBJECT
 
  public:
-  explicit MasterPanel(MasterFlow& flow);
+  MasterPanel(MasterFlow& flow, QtProgress& progress);
 
  protected:
   void ShowState() override;
+  [[nodiscard]] int CursorRevision() const override;
 
  private:
   void Connect();
   void ConnectBox(QCheckBox* box, bool MasterOptions::*option);
 
   MasterFlow& m_flow;
+  ProgressPanel* m_progress;
+  QWidget* m_questions = nullptr;
   QLabel* m_lblMasterStatus;
   QLineEdit* m_txtMasterDest;
   DriveDirectoryList* m_directories;

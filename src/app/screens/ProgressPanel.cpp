@@ -46,16 +46,20 @@ class DiscardedInput final : public QObject {
 }  // namespace
 
 ProgressPanel::ProgressPanel(QtProgress& progress)
-    : Panel("fraMasterProgress"),
-      m_proMasterProgress(Named(new QProgressBar, "proMasterProgress")),
+    : m_proMasterProgress(Named(new QProgressBar, "proMasterProgress")),
       m_lblMasterProgress(MakeLabel("lblMasterProgress", {})) {
+  setObjectName("fraMasterProgress");
   m_proMasterProgress->setRange(0, 100);
   m_proMasterProgress->setValue(0);
   m_proMasterProgress->setAccessibleName("Creating Master");
-  AddTitle("lblCreatingMaster", "Creating Master ...");
-  QVBoxLayout* rows = AddPage();
-  rows->addWidget(m_proMasterProgress);
-  rows->addWidget(m_lblMasterProgress);
+  auto* rows = new QVBoxLayout(this);
+  rows->setContentsMargins({});
+  setMaximumWidth(FormWidth(*this));
+  QLabel* creating = MakeLabel("lblCreatingMaster", "Creating Master ...");
+  MakeBold(creating);
+  for (QWidget* part : std::initializer_list<QWidget*>{creating, m_proMasterProgress, m_lblMasterProgress}) {
+    rows->addWidget(part);
+  }
   rows->addStretch();
   progress.SetPanel(this);
 }
@@ -73,7 +77,7 @@ void ProgressPanel::ShowProgress() {
 // Each run starts at 0.
 void ProgressPanel::showEvent(QShowEvent* event) {
   if (!event->spontaneous()) SetProgress(0, {});
-  Panel::showEvent(event);
+  QWidget::showEvent(event);
 }
 
 void QtProgress::Show(int percent, const std::string& text) {

@@ -4,9 +4,9 @@
 #include <QElapsedTimer>
 #include <QPointer>
 #include <QString>
+#include <QWidget>
 
 #include "app/screens/CopyingPanel.h"
-#include "app/widgets/Panel.h"
 #include "platform/desktop/Desktop.h"
 
 class QLabel;
@@ -16,8 +16,8 @@ namespace zova {
 
 class QtProgress;
 
-/// The progress of the writing of a master, without controls.
-class ProgressPanel : public Panel {
+/// The progress of the writing of a master, inside the master screen. Has no controls.
+class ProgressPanel : public QWidget {
   Q_OBJECT
 
  public:
@@ -28,7 +28,6 @@ class ProgressPanel : public Panel {
   void ShowProgress();
 
  protected:
-  void ShowState() override { ShowProgress(); }  // before a box of the run, say
   void showEvent(QShowEvent* event) override;
 
  private:
