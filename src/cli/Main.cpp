@@ -53,10 +53,14 @@ class MasterCommand {
     request.CombinedFollows = m_arguments.GroupSize.has_value();
     std::optional<ScoredTable> table;
     if (m_arguments.Means) request.Sink = &table.emplace(m_project, request.Selection);
-    const MasterRunResult result = CreateMasters(m_project, request, m_platform);
+    MasterRunResult result = CreateMasters(m_project, request, m_platform);
     bool isDone = Told(result);
     if (isDone && table) PrintMeans(table->Table(), std::move(means));
-    if (isDone && m_arguments.GroupSize) isDone = Told(CreateCombinedMaster(m_project, combined, m_platform));
+    if (isDone && m_arguments.GroupSize) {
+      const MasterRunResult groups = CreateCombinedMaster(m_project, combined, m_platform);
+      isDone = Told(groups);
+      AddOlderPieces(groups.Notices, result.Notices);
+    }
     if (result.IsMasterWhole) ShowMasterWarnings(result.Notices, m_terminal);
     return isDone ? kDone : kStopped;
   }

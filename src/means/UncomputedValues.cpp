@@ -198,4 +198,11 @@ bool ScoredTable::Add(const ScoredSubject& subject) {
   return true;
 }
 
+void ScoredTable::Restart() {
+  MasterTable empty;
+  empty.Variables = std::move(m_table.Variables);
+  empty.Measures = std::move(m_table.Measures);
+  m_table = std::move(empty);
+}
+
 }  // namespace zova

@@ -21,6 +21,7 @@ class ScoredTable final : public ScoredSubjectSink {
  public:
   ScoredTable(const ProjectParameters& project, const MeasureSelection& selection);
   bool Add(const ScoredSubject& subject) override;
+  void Restart() override;
   [[nodiscard]] const MasterTable& Table() const noexcept { return m_table; }
 
  private:

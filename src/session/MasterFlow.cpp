@@ -255,6 +255,7 @@ void MasterFlow::GoCombine() {
                                      PlanGroups(m_order.Positions()).value()};
     return CreateCombinedMaster(*m_project, request, m_platform);
   });
+  AddOlderPieces(result.Notices, m_notices);
   if (!result.Completed) return ShowMasterWarnings(m_notices, m_platform.Boxes);
   m_lastMaster = m_platform.Files.Drives().ToDrivePath(PathText(result.Written.front()));
   Finish(CombinedCreated());

@@ -2,7 +2,7 @@
 
 #include "subjects/SubjectReader.h"
 
-#include <set>
+#include <algorithm>
 
 #include "platform/files/DataFileError.h"
 #include "project/ProjectLayout.h"
@@ -42,9 +42,9 @@ std::string SubjectReader::Where(int k) const {
   return "'" + JoinPath(SubjectDirectory(m_project.PrimaryDir), Name(k)) + "'\nSubject " + SubjectId(k);
 }
 
-void SubjectReader::Read(int k, SubjectRecord& record) {
+bool SubjectReader::Read(int k, SubjectRecord& record) {
   m_bar.ProcessEvents();
-  if (k > Count() && m_reportedMissing) AddNewNames();
+  if (k > Count() && m_reportedMissing && !ListAgain()) return false;
   if (k > Count()) {  // files vanished while the screen was open; it is unknown which
     m_reportedMissing = true;
     const std::string found =
@@ -54,6 +54,7 @@ void SubjectReader::Read(int k, SubjectRecord& record) {
   }
   try {
     ReadFile(Name(k), record);
+    return true;
   } catch (FileError& error) {
     error.AddDetail("Subject " + SubjectId(k));
     throw;
@@ -66,13 +67,11 @@ void SubjectReader::ReadFile(const std::string& name, SubjectRecord& record) {
   ParsingFile(file.Shown, [&] { m_oddities = ParseSubject(m_bytes, m_project, record); });
 }
 
-// After a Retry missing files may be back; files already read are not read again.
-void SubjectReader::AddNewNames() {
-  FindDirectory();
-  const std::set<std::string> known(m_names.begin(), m_names.end());
-  for (std::string& name : ListSubjectFiles(m_disk, m_project, SubjectDirectory(m_project.PrimaryDir))) {
-    if (!known.contains(name)) m_names.push_back(std::move(name));
-  }
+// After a Retry missing files may be back. True when they stand behind the others.
+bool SubjectReader::ListAgain() {
+  const std::vector<std::string> before = m_names;
+  List(m_expected);
+  return m_names.size() >= before.size() && std::equal(before.begin(), before.end(), m_names.begin());
 }
 
 }  // namespace zova

@@ -16,6 +16,7 @@ namespace fs = std::filesystem;
 // Keeps the rows of the master that it is handed.
 struct RowSink final : ScoredSubjectSink {
   bool Add(const ScoredSubject& subject) override { return Rows += subject.MasterRow + "\n", --Left > 0; }
+  void Restart() override { Rows.clear(); }
   std::string Rows;
   int Left = 100;
 };

@@ -125,10 +125,12 @@ TEST(CombinedMaster, TwoGroupsByHand) {
   for (const auto& [id, lists] : {std::pair(2, "1 2 | 1"), {4, "4 | 2 3"}, {5, "1 | 1"}, {6, "3 | 3"}, {7, "3 | 4 1"}})
     lab.Put(id, lists);
   lab.Plan(5);
+  lab.Files.Put("C:\\Data\\AB Combined Master1.txt", "a piece");
   ScriptedBoxes boxes;
   const MasterRunResult result = lab.Run(boxes);
   EXPECT_TRUE(result.Completed);
   EXPECT_EQ(result.Written, std::vector{lab.Files.Native(kCombined)});
+  EXPECT_EQ(result.Notices.OlderPieces, std::vector<std::string>{"AB Combined Master1.txt"});
   EXPECT_EQ(lab.Files.Get(kCombined),
             "Sub ID's, Age, Sex, Net(Test 1), Net(Test 2), Losses(Test 1 to 2), Gains(Test 1 to 2), "
             "#OfCategoriesUsed(Test 1), #OfCategoriesUsed(Test 2), AvgItemsPerCat(Test 1), AvgItemsPerCat(Test 2)\r\n"

@@ -43,6 +43,8 @@ struct Lab : Study {
 TEST(UncomputedValues, OfARunWithoutReadingItBack) {
   const Lab lab;
   ScoredTable table(lab.Project, lab.Selection);
+  lab.Add(table, "taken back", "1 | 2");
+  table.Restart();
   lab.Add(table, "1, the first", "1 5 6 2 | 1 2 5");  // a clustering of exactly 0, and one with a value
   lab.Add(table, "2", "1 5 | ");
   EXPECT_EQ(table.Table().Variables, (std::vector<std::string>{"Sex, or gender", "Net(Test 2)"}));

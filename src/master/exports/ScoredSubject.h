@@ -23,6 +23,8 @@ class ScoredSubjectSink {
   /// Called for each subject in the order of the listing, after its row is written. False ends the run, like a row that
   /// could not be written; the implementation has informed the user.
   virtual bool Add(const ScoredSubject& subject) = 0;
+  /// Called when the rows are taken back: all subjects follow again.
+  virtual void Restart() = 0;
 };
 
 }  // namespace zova

@@ -21,10 +21,16 @@ std::optional<GroupSubjects> ReadGroupSubjects(const ProjectParameters& project,
   GroupSubjects subjects;
   SubjectRecord record;
   for (int k = 1; k <= subjectFileCount; ++k) {
+    bool isInOrder = true;
     const auto read = [&] {
-      if (withLevels || k > reader.Count()) reader.Read(k, record);
+      if (withLevels || k > reader.Count()) isInOrder = reader.Read(k, record);
     };
     if (!WithRetry(platform.Boxes, read)) return std::nullopt;
+    if (!isInOrder) {
+      subjects = {};
+      k = 0;
+      continue;
+    }
     subjects.FileNames.push_back(reader.Name(k));
     subjects.SubjectIds.push_back(reader.SubjectId(k));
     subjects.Levels.push_back(record.Levels);

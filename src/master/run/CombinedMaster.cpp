@@ -26,15 +26,20 @@ class CombinedRun {
     const bool completed =
         BuildHeader(m_context.Project, m_request.Selection, MasterKind::Combined, m_context.Boxes, m_context.Header) &&
         PrepareFiles() && ReadNames() && WriteRows() && m_context.Master.Close();
-    return {completed, false, {}, {}, std::move(m_context.Written)};
+    MasterNotices notices;
+    if (completed) {
+      const std::size_t pieces = m_paths.Master.Pieces.size();
+      notices.OlderPieces = OlderPieces(ResultFile::CombinedMaster, pieces, m_context.Project, m_context.Files);
+    }
+    return {completed, false, {}, std::move(notices), std::move(m_context.Written)};
   }
 
  private:
   bool PrepareFiles() {
-    const RunPaths paths = CombinedPaths(m_request.Destination, m_context.Header.MasterColumnCount, m_context.Project,
-                                         m_context.Files.Drives());
-    return WithRetry(m_context.Boxes, [&] { CheckRunPaths(paths, m_context.Project, m_context.Files); }) &&
-           m_context.Master.WriteHeader(paths.Master, m_context.Header);
+    m_paths = CombinedPaths(m_request.Destination, m_context.Header.MasterColumnCount, m_context.Project,
+                            m_context.Files.Drives());
+    return WithRetry(m_context.Boxes, [&] { CheckRunPaths(m_paths, m_context.Project, m_context.Files); }) &&
+           m_context.Master.WriteHeader(m_paths.Master, m_context.Header);
   }
 
   bool ReadNames() {
@@ -85,6 +90,7 @@ class CombinedRun {
 
   const CombinedRequest& m_request;
   RunContext m_context;
+  RunPaths m_paths;
   GroupRecall m_recall;
 };
 

@@ -21,8 +21,8 @@ struct CombinedRequest {
 };
 
 /// Writes the combined master, one row per group, into the destination's directory, and the pieces of a wide one into
-/// the primary directory. Faults of a member show the boxes of the individual run; rows already written stay. There are
-/// no notices.
+/// the primary directory. Faults of a member show the boxes of the individual run; rows already written stay. The only
+/// notice is of older pieces.
 MasterRunResult CreateCombinedMaster(const ProjectParameters& project, const CombinedRequest& request,
                                      const Platform& platform);
 

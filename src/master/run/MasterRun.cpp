@@ -15,9 +15,9 @@ namespace zova {
 
 namespace {
 
-void AddSubject(std::string& list, const char* opening, const std::string& subjectId) {
+void AddName(std::string& list, const char* opening, const std::string& name) {
   list += list.empty() ? opening : ", ";
-  list += subjectId;
+  list += name;
 }
 
 class IndividualRun {
@@ -37,6 +37,7 @@ class IndividualRun {
     if (isWhole) {
       m_notices.OlderPieces =
           OlderPieces(ResultFile::Master, m_paths.Master.Pieces.size(), m_context.Project, m_context.Files);
+      m_notices.DanglingLinks = DanglingSubjectLinks(m_context.Project, m_context.Files);
     }
     return {completed, isWhole, m_rowCount, std::move(m_notices), std::move(m_context.Written)};
   }
@@ -72,9 +73,14 @@ class IndividualRun {
   bool WriteRows() {
     for (int k = 1; k <= m_request.SubjectFileCount; ++k) {
       const auto where = [&] { return m_context.Subjects.Where(k); };
-      if (!WithRunRetry(
-              m_context.Boxes, [&] { ReadAndScore(k); }, where))
-        return false;
+      bool isInOrder = true;
+      const auto readAndScore = [&] { isInOrder = ReadAndScore(k); };
+      if (!WithRunRetry(m_context.Boxes, readAndScore, where)) return false;
+      if (!isInOrder) {
+        if (!TakeBackRows()) return false;
+        k = 0;
+        continue;
+      }
       if (!m_context.Master.WriteRow(m_context.Row)) return false;
       m_rowCount = k;
       const std::string id = m_context.Subjects.SubjectId(k);
@@ -89,11 +95,21 @@ class IndividualRun {
     return true;
   }
 
-  void ReadAndScore(int k) {
+  // Missing subjects are back that stand before others in the listing, and so in the master.
+  bool TakeBackRows() {
+    m_rowCount = 0;
+    m_notices = {};
+    m_serialCounts.Reset(m_context.Project.ItemCount, m_context.Project.TestCount);
+    if (m_request.Sink != nullptr) m_request.Sink->Restart();
+    return m_context.Master.TakeBackRows() && m_exports.TakeBackRows();
+  }
+
+  bool ReadAndScore(int k) {
     RunContext& run = m_context;
-    run.Subjects.Read(k, run.Record);
+    if (!run.Subjects.Read(k, run.Record)) return false;
     ScoreSubject(run.Record.Lists, run.Project, run.Header.Families, run.Scores);
     BuildMasterRow(run.Subjects.SubjectId(k), run.Record.Levels, run.Project, m_request.Selection, run.Scores, run.Row);
+    return true;
   }
 
   bool HandOn(const ScoredSubject& subject) {
@@ -102,20 +118,19 @@ class IndividualRun {
 
   void NoteSubject(const std::string& id) {
     if (m_context.Scores.Categories.AnyArcFailed) {
-      AddSubject(m_notices.ArcFailureList,
-                 "For at least 1 test, the ARC score was unable to be calculated for subject(s): ", id);
+      AddName(m_notices.ArcFailureList,
+              "For at least 1 test, the ARC score was unable to be calculated for subject(s): ", id);
     }
     if (m_context.Scores.Itr.AnyItrFailed) {
-      AddSubject(m_notices.BiItrFailureList,
-                 "For at least 1 test, Bi-Directional ITR was unable to be calculated for subject(s): ", id);
+      AddName(m_notices.BiItrFailureList,
+              "For at least 1 test, Bi-Directional ITR was unable to be calculated for subject(s): ", id);
     }
     const SubjectOddities& oddities = m_context.Subjects.Oddities();
     if (oddities.TextReadAsZero) {
-      AddSubject(m_notices.TextReadAsZeroList,
-                 "Text stood where numbers belong, and was read as 0, for subject(s): ", id);
+      AddName(m_notices.TextReadAsZeroList, "Text stood where numbers belong, and was read as 0, for subject(s): ", id);
     }
     if (oddities.BlankInside) {
-      AddSubject(m_notices.BlankInsideList, "An item 0 stands inside a list of subject(s): ", id);
+      AddName(m_notices.BlankInsideList, "An item 0 stands inside a list of subject(s): ", id);
     }
   }
 
@@ -141,11 +156,21 @@ MasterRunResult CreateMasters(const ProjectParameters& project, const MasterRequ
   return IndividualRun(project, request, platform).Run();
 }
 
+void AddOlderPieces(const MasterNotices& combined, MasterNotices& notices) {
+  notices.OlderPieces.insert(notices.OlderPieces.end(), combined.OlderPieces.begin(), combined.OlderPieces.end());
+}
+
 void ShowMasterWarnings(const MasterNotices& notices, MessageBoxes& boxes) {
   for (const std::string& list : {notices.ArcFailureList, notices.BiItrFailureList}) {
     if (!list.empty()) Warn(boxes, list + ".  You should delete these subjects before analysis.");
   }
-  for (const std::string& list : {notices.TextReadAsZeroList, notices.BlankInsideList, notices.OlderPieces}) {
+  std::string pieces, links;
+  for (const std::string& name : notices.OlderPieces) {
+    AddName(pieces, "Pieces of an earlier, wider master are still in the primary directory: ", name);
+  }
+  for (const std::string& name : notices.DanglingLinks)
+    AddName(links, "Links that lead to no file were left out: ", name);
+  for (const std::string& list : {notices.TextReadAsZeroList, notices.BlankInsideList, pieces, links}) {
     if (!list.empty()) Warn(boxes, list + ".");
   }
 }

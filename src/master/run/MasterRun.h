@@ -30,13 +30,14 @@ struct MasterRequest {
   ScoredSubjectSink* Sink = nullptr;  ///< receives every subject; not owned
 };
 
-/// The subjects of whom the user should know, as notices; "" when there is none.
+/// The subjects of whom the user should know, as notices, and files; "" or empty when there is none.
 struct MasterNotices {
   std::string ArcFailureList;
   std::string BiItrFailureList;
   std::string TextReadAsZeroList;
   std::string BlankInsideList;
-  std::string OlderPieces;  ///< files that an earlier, wider master left
+  std::vector<std::string> OlderPieces;    ///< names of files that an earlier, wider master left
+  std::vector<std::string> DanglingLinks;  ///< names like a subject's file that lead to no file
 };
 
 struct MasterRunResult {
@@ -52,6 +53,9 @@ struct MasterRunResult {
 /// primary directory. Then, if requested, writes the serial-position master into the destination's directory. The
 /// caller shows the notices and the final message.
 MasterRunResult CreateMasters(const ProjectParameters& project, const MasterRequest& request, const Platform& platform);
+
+/// Adds the pieces that a combined master's notices name to those of the individual one.
+void AddOlderPieces(const MasterNotices& combined, MasterNotices& notices);
 
 /// Shows what `notices` holds, in the order of its fields.
 void ShowMasterWarnings(const MasterNotices& notices, MessageBoxes& boxes);

@@ -74,6 +74,11 @@ bool RowFile::AppendLine(AppendFile& file, std::string_view text) {
   return true;
 }
 
+bool RowFile::TakeBackRows() {
+  return std::all_of(m_files.begin(), m_files.end(),
+                     [&](AppendFile& file) { return WithRetry(m_boxes, [&] { file.TakeBack(); }); });
+}
+
 // Some file systems report only now that a row did not get through.
 bool RowFile::Close() {
   return std::all_of(m_files.begin(), m_files.end(),

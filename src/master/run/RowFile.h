@@ -24,6 +24,8 @@ class RowFile {
   /// Overwrites the header's file and the pieces with their header lines.
   bool WriteHeader(const RowPaths& paths, const MasterHeaderLine& header);
   bool WriteRow(std::string_view row);
+  /// Takes back all rows; the headers stay.
+  bool TakeBackRows();
   bool Close();
 
  private:

@@ -31,6 +31,10 @@ bool RunExports::Write(const ScoredSubject& subject, std::optional<Export<Format
 
 bool RunExports::WriteRows(const ScoredSubject& subject) { return Write(subject, m_clean) && Write(subject, m_long); }
 
+bool RunExports::TakeBackRows() {
+  return (!m_clean || m_clean->File.TakeBackRows()) && (!m_long || m_long->File.TakeBackRows());
+}
+
 bool RunExports::Close() { return (!m_clean || m_clean->File.Close()) && (!m_long || m_long->File.Close()); }
 
 }  // namespace zova

@@ -20,6 +20,7 @@ class RunExports {
   void Open(const RunPaths& paths, const std::optional<SerialOrder>& order);
   bool WriteHeaders();
   bool WriteRows(const ScoredSubject& subject);
+  bool TakeBackRows();
   bool Close();
 
  private:

@@ -133,12 +133,12 @@ void CheckRunPaths(const RunPaths& paths, const ProjectParameters& project, Disk
 }
 
 // Nothing that can be said at the end is worth a question then.
-std::string OlderPieces(ResultFile master, std::size_t pieceCount, const ProjectParameters& project, Disk& disk) {
-  std::string names;
+std::vector<std::string> OlderPieces(ResultFile master, std::size_t pieceCount, const ProjectParameters& project,
+                                     Disk& disk) {
+  std::vector<std::string> names;
   try {
     for (std::size_t piece = pieceCount + 1; disk.FileExists(PiecePath(project, master, piece)); ++piece) {
-      names += names.empty() ? "Pieces of an earlier, wider master are still in the primary directory: " : ", ";
-      names += LastPathComponent(PiecePath(project, master, piece));
+      names.emplace_back(LastPathComponent(PiecePath(project, master, piece)));
     }
   } catch (const FileError&) {
     return names;

@@ -43,7 +43,8 @@ RunPaths CombinedPaths(const std::string& destination, int columnCount, const Pr
 /// that cannot be opened.
 void CheckRunPaths(const RunPaths& paths, const ProjectParameters& project, Disk& disk);
 
-/// A notice that names the pieces behind the first `pieceCount` of a master; "" when there is none.
-std::string OlderPieces(ResultFile master, std::size_t pieceCount, const ProjectParameters& project, Disk& disk);
+/// The names of the pieces behind the first `pieceCount` of a master. A fault leaves names out.
+std::vector<std::string> OlderPieces(ResultFile master, std::size_t pieceCount, const ProjectParameters& project,
+                                     Disk& disk);
 
 }  // namespace zova

@@ -39,8 +39,22 @@ std::optional<int> CountSubjectFiles(const ProjectParameters& project, Disk& dis
     return std::nullopt;
   }
   const int count = static_cast<int>(found);
-  if (count == 0) Warn(boxes, "There is no data yet entered for this project.");
+  if (count == 0) {
+    std::string details;
+    for (const std::string& name : DanglingSubjectLinks(project, disk)) {
+      details += (details.empty() ? "" : "\n") + ("The link '" + name + "' leads to no file.");
+    }
+    Warn(boxes, "There is no data yet entered for this project.", details);
+  }
   return count;
+}
+
+std::vector<std::string> DanglingSubjectLinks(const ProjectParameters& project, Disk& disk) {
+  try {
+    return disk.ListDanglingLinks(SubjectDirectory(project.PrimaryDir), project.Abbreviation, kDataFileEnd);
+  } catch (const FileError&) {
+    return {};  // where the files are listed the fault is reported
+  }
 }
 
 bool BuildHeader(const ProjectParameters& project, const MeasureSelection& selection, MasterKind kind,

@@ -23,6 +23,7 @@ void AppendFile::Append(std::string_view bytes) {
       RequireWritable(m_layer, FileOperation::Append, m_path, Devices::Allow);
       m_size = m_layer.Kind(m_path.Native) == EntryKind::Missing ? 0 : m_layer.Size(m_path.Native);
       m_file = m_layer.Append(m_path.Native);
+      if (!m_sizeBefore) m_sizeBefore = m_size;
     }
     m_cutBackDue = true;
     m_file->Write(bytes);
@@ -34,6 +35,16 @@ void AppendFile::Append(std::string_view bytes) {
     } catch (const std::system_error&) {
       // The next attempt truncates first.
     }
+    ThrowFileError(m_layer, FileOperation::Append, m_path, error.code());
+  }
+}
+
+void AppendFile::TakeBack() {
+  if (!m_sizeBefore) return;
+  try {
+    m_size = *m_sizeBefore;
+    CutBack();
+  } catch (const std::system_error& error) {
     ThrowFileError(m_layer, FileOperation::Append, m_path, error.code());
   }
 }

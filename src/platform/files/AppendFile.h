@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <string_view>
 
 #include "platform/files/FileLayer.h"
@@ -17,6 +18,8 @@ class AppendFile {
   AppendFile(FileLayer& layer, ResolvedPath path);
   /// Appends all of `bytes` or none: truncates what a failed call has written. Throws FileError.
   void Append(std::string_view bytes);
+  /// Takes back all that was appended. Throws FileError.
+  void TakeBack();
   /// Throws FileError for a fault that only closing reveals. The next Append opens the file again.
   void Close();
   [[nodiscard]] const std::filesystem::path& Native() const noexcept { return m_path.Native; }
@@ -27,6 +30,7 @@ class AppendFile {
   FileLayer& m_layer;
   ResolvedPath m_path;
   std::unique_ptr<OutputFile> m_file;
+  std::optional<std::uintmax_t> m_sizeBefore;  // of the file, at its first opening
   std::uintmax_t m_size = 0;
   bool m_cutBackDue = false;
 };

@@ -324,6 +324,16 @@ bool Disk::IsEmptyDirectory(std::string_view path) {
 }
 
 std::vector<std::string> Disk::ListFiles(std::string_view directory, std::string_view prefix, std::string_view suffix) {
+  return ListEntries(EntryKind::File, directory, prefix, suffix);
+}
+
+std::vector<std::string> Disk::ListDanglingLinks(std::string_view directory, std::string_view prefix,
+                                                 std::string_view suffix) {
+  return ListEntries(EntryKind::Missing, directory, prefix, suffix);
+}
+
+std::vector<std::string> Disk::ListEntries(EntryKind kind, std::string_view directory, std::string_view prefix,
+                                           std::string_view suffix) {
   std::vector<std::string> names;
   if (DirectoryExists(directory)) {
     const ResolvedPath target = Resolve(directory, FileOperation::List);
@@ -331,7 +341,7 @@ std::vector<std::string> Disk::ListFiles(std::string_view directory, std::string
     const std::string upperSuffix = UpperCase(suffix);
     Guarded(FileOperation::List, target, [&] {
       for (DirectoryEntry& entry : m_layer.List(target.Native)) {
-        if (entry.Kind != EntryKind::File || IsTemporary(entry.Name)) continue;
+        if (entry.Kind != kind || IsTemporary(entry.Name)) continue;
         const std::string upper = UpperCase(entry.Name);
         if (upper.size() < upperPrefix.size() + upperSuffix.size()) continue;
         if (!upper.starts_with(upperPrefix) || !upper.ends_with(upperSuffix)) continue;

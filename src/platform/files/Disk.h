@@ -78,12 +78,19 @@ class Disk {
   /// name, then by bytes. None for a missing directory.
   std::vector<std::string> ListFiles(std::string_view directory, std::string_view prefix, std::string_view suffix);
 
+  /// The links in `directory` that lead to no file, chosen and sorted like ListFiles.
+  std::vector<std::string> ListDanglingLinks(std::string_view directory, std::string_view prefix,
+                                             std::string_view suffix);
+
   /// The subdirectories that can be entered, in the order of ListFiles, without hidden ones and those whose names a
   /// stored path cannot hold. Throws for a directory that is missing or cannot be entered.
   std::vector<std::string> ListDirectories(std::string_view directory);
 
  private:
   enum class Leftovers { Remove, Keep };
+
+  std::vector<std::string> ListEntries(EntryKind kind, std::string_view directory, std::string_view prefix,
+                                       std::string_view suffix);
 
   std::filesystem::path ResolveBelow(std::filesystem::path base, const std::filesystem::path& rest);
   void RemoveLeftoversIn(const std::filesystem::path& directory);

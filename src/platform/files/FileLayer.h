@@ -20,8 +20,8 @@ enum class EntryKind {
 };
 
 struct DirectoryEntry {
-  std::string Name;  ///< UTF-8, as on the disk
-  EntryKind Kind = EntryKind::File;
+  std::string Name;                  ///< UTF-8, as on the disk
+  EntryKind Kind = EntryKind::File;  ///< Missing: a link that leads to no file
 };
 
 /// Identifies a file or directory independently of its path.

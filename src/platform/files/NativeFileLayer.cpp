@@ -123,10 +123,11 @@ EntryKind KindOf(const fs::file_status& status) noexcept {
   }
 }
 
-// Omits pipes, devices, entries that have vanished and dangling links.
-void AddEntry(std::string name, fs::file_type type, std::vector<DirectoryEntry>& entries) {
-  if (type != fs::file_type::regular && type != fs::file_type::directory) return;
-  entries.push_back({std::move(name), KindOf(fs::file_status(type))});
+// Omits pipes, devices and entries that have vanished.
+void AddEntry(std::string name, fs::file_type type, bool isLink, std::vector<DirectoryEntry>& entries) {
+  const EntryKind kind = KindOf(fs::file_status(type));
+  if (kind == EntryKind::Device || kind == EntryKind::Other || (kind == EntryKind::Missing && !isLink)) return;
+  entries.push_back({std::move(name), kind});
 }
 
 bool IsDevice(const fs::path& path) {
@@ -225,7 +226,7 @@ std::vector<DirectoryEntry> NativeFileLayer::List(const fs::path& directory) {
                                                    : fs::file_type::none;
     std::error_code unreadable;
     if (entry->d_type == DT_LNK || entry->d_type == DT_UNKNOWN) type = fs::status(directory / name, unreadable).type();
-    AddEntry(std::string(name), type, entries);
+    AddEntry(std::string(name), type, entry->d_type == DT_LNK, entries);
     errno = 0;
   }
   if (errno != 0) ThrowErrno();
