@@ -147,7 +147,8 @@ TEST(MasterRun, FilesThatWentOrEndEarlyStopIt) {
   lab.Request.Order = SerialOrder{1, 2};
   EXPECT_TRUE(lab.Run(retry).Completed);
   EXPECT_EQ(lab.Files.Get(kMaster), first + "15,  1\r\n2,  1\r\n3,  2\r\n");
-  EXPECT_EQ(lab.Files.Get("C:\\Data\\AB Clean.csv"), "Subject,Net(Test 1),Not Computed\r\n1,2,\r\n15,1,\r\n2,1,\r\n3,2,\r\n");
+  EXPECT_EQ(lab.Files.Get("C:\\Data\\AB Clean.csv"),
+            "Subject,Net(Test 1),Not Computed\r\n1,2,\r\n15,1,\r\n2,1,\r\n3,2,\r\n");
   EXPECT_TRUE(lab.Files.Get(kSerialMaster).ends_with("Actual, .75, .75\r\nSmooth, .75, .75\r\n"));
 
   const std::string lost = "Path not found.  Please verify that the correct disk is in the drive.";

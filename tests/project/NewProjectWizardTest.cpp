@@ -95,9 +95,12 @@ class NewProjectWizardTest : public ::testing::Test {
 TEST_F(NewProjectWizardTest, TitleNamesTheFileAndThePrefixUntilOneIsTyped) {
   const Tree before = m_scratch.Snapshot();
   Leave(1, {{Title, " .prm"}}, {Told("The project must have a title.  Please re-enter.", BoxIcon::Information)});
-  for (const std::string& bad : {std::string("a*b"), std::string(300, 'x'), std::string("nul"), std::string("Com1.x.y"),
+  for (const std::string& bad : {std::string("a*b"), std::string("nul"), std::string("Com1.x.y"),
                                  std::string("\u200B\u00A0"), std::string("Aux .prm")})
     Leave(1, {{Title, bad}}, {kBadName});
+  ExpectedBox tooLong = kBadName;
+  tooLong.Details = std::make_error_code(std::errc::filename_too_long).message();
+  Leave(1, {{Title, std::string(300, 'x')}}, {tooLong});
   for (const auto& [prefix, title, file, shown] : std::vector<std::array<const char*, 4>>{
            {"", "  v1.2.3 ", "\"v1.prm\"", "v1"},
            {"Mine", "Say \"a\tb\"", "\"Say ab.prm\"", "Mine"},
@@ -133,6 +136,8 @@ TEST_F(NewProjectWizardTest, OverwritingAndSharingAPrefixAreAskedFor) {
 
 TEST_F(NewProjectWizardTest, DirectoriesAreMadeOrRefused) {
   const ExpectedBox badBackup = Told("Invalid Backup directory name.");
+  ExpectedBox noDirectory = badBackup;
+  noDirectory.Details = "Creating the directory 'C:\\File\\x'";
   const ExpectedBox notReady = Told("Drive is not ready or the disk is not correctly formatted.");
   Leave(2, {{Primary, " (NONE)"}}, {Told("You must have a primary path.")});
   Leave(2, {{Primary, "Data"}}, {Told("Invalid format. Please redo.")});
@@ -143,7 +148,7 @@ TEST_F(NewProjectWizardTest, DirectoriesAreMadeOrRefused) {
   EXPECT_EQ(m_wizard.Text(Primary), "(none)");
   Leave(2, {{Primary, "C:\\Data"}, {Backup, "X:\\"}}, {notReady});
   Leave(2, {{Backup, "D:\\a\\..\\b"}}, {badBackup});
-  Leave(2, {{Backup, "C:\\File\\x"}}, {AskedToCreate("C:\\File\\x", Yes), badBackup});
+  Leave(2, {{Backup, "C:\\File\\x"}}, {AskedToCreate("C:\\File\\x", Yes), noDirectory});
   Leave(2, {{Backup, "c:\\DATA \\"}}, {Told("The primary and backup directories cannot be the same.")});
   for (const BoxAnswer answer : {Yes, Cancel}) Leave(2, {{Backup, "c:/Param"}}, {Asked(kAdvice, answer)});
   EXPECT_EQ(m_wizard.Text(Backup), "c:\\Param");

@@ -27,8 +27,8 @@ WizardFault CheckDirectory(WizardBox box, const char* invalidText, WizardState& 
     if (!HasValidComponents(directory) || platform.Files.FileExists(directory))
       return Refuse(platform, invalidText, box);
     if (ExistsOrIsCreated(directory, platform.Files, platform.Boxes)) return std::nullopt;
-  } catch (const FileError&) {
-    return Refuse(platform, invalidText, box);
+  } catch (const FileError& error) {
+    return Refuse(platform, invalidText, box, error);
   }
   directory = kNoDirectory;
   return box;
@@ -47,8 +47,8 @@ WizardFault CheckPair(const std::string& primary, const std::string& backup, con
     if (platform.Files.IsSame(primary, backup)) {
       return Refuse(platform, kBackupIsPrimary, WizardBox::Backup);
     }
-  } catch (const FileError&) {
-    return Refuse(platform, kInvalidBackup, WizardBox::Backup);
+  } catch (const FileError& error) {
+    return Refuse(platform, kInvalidBackup, WizardBox::Backup, error);
   }
   const bool onOneDrive = EqualsIgnoringCase(DriveRoot(primary), DriveRoot(backup));
   if (onOneDrive && WishesToChange(platform.Boxes)) return WizardBox::Backup;

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 
+#include "platform/desktop/FileErrorBoxes.h"
 #include "text/Encoding.h"
 #include "text/LeadingNumber.h"
 
@@ -15,6 +16,11 @@ WizardEntries::WizardEntries() { Text(WizardBox::Primary) = Text(WizardBox::Back
 
 WizardBox Refuse(const Platform& platform, const char* text, WizardBox box, BoxIcon icon) {
   platform.Boxes.Show({.Text = text, .Icon = icon});
+  return box;
+}
+
+WizardBox Refuse(const Platform& platform, const char* text, WizardBox box, const FileError& fault) {
+  Warn(platform.Boxes, text, FaultText(fault));
   return box;
 }
 

@@ -78,6 +78,9 @@ WizardFault LeaveAbbreviationPage(WizardState& state, const Platform& platform);
 /// Shows why a page is not accepted, and returns the box to correct.
 WizardBox Refuse(const Platform& platform, const char* text, WizardBox box, BoxIcon icon = BoxIcon::Exclamation);
 
+/// The same with the fault as secondary text.
+WizardBox Refuse(const Platform& platform, const char* text, WizardBox box, const FileError& fault);
+
 /// Sets the record to no ratings and no rated test, as after "No". Keeps the boxes.
 void DropRatings(ProjectParameters& project);
 

@@ -73,8 +73,8 @@ WizardFault LeaveTitlePage(WizardState& state, const Platform& platform) {
     } else {
       ProveName(path, platform.Files);
     }
-  } catch (const FileError&) {
-    return Refuse(platform, kBadFileName, WizardBox::Title);
+  } catch (const FileError& error) {
+    return Refuse(platform, kBadFileName, WizardBox::Title, error);
   }
   OfferAbbreviation(title, state);
   state.OverwrittenAbbreviation = std::move(overwritten);
