@@ -13,6 +13,7 @@
 #include "app/desktop/QtFileDialogs.h"
 #include "app/desktop/QtMessageBoxes.h"
 #include "app/desktop/QuickHelpFilter.h"
+#include "app/desktop/Style.h"
 #include "app/screens/ProgressPanel.h"
 #include "app/widgets/Controls.h"
 #include "platform/desktop/FileErrorBoxes.h"
@@ -58,6 +59,7 @@ int RunApplication(Application& application, QtDesktop& desktop, QtMessageBoxes&
   application.SetFaultHandler([&session](const std::exception_ptr& fault) { session.Recover(fault); });
   application.installEventFilter(new QuickHelpFilter(&application));
   QObject::connect(&window, &MainWindow::Ended, &application, [] { QCoreApplication::exit(); });
+  window.KeepPlace(settings);
   window.show();
   // After the window's first events, so that a box at start-up appears in front of a window that is in place.
   QTimer::singleShot(50, &window, &MainWindow::Start);
@@ -87,6 +89,7 @@ int main(int argc, char** argv) {
   QCoreApplication::setApplicationName("Dorvan's ZOVA");
   QCoreApplication::setApplicationVersion(zova::kVersion);
   zova::Application application(argc, argv);
+  QApplication::setStyle(new zova::Style);
   QApplication::setDesktopFileName("zova");
   QApplication::setWindowIcon(QIcon(":/icons/zova.svg"));
   return zova::RunReporting(application);

@@ -27,6 +27,9 @@ namespace zova {
 
 namespace {
 
+constexpr const char* kPlaceSection = "Window";
+constexpr const char* kPlaceKey = "Geometry";
+
 // Shown behind the final messages of a master.
 class BlankPanel final : public Panel {
  public:
@@ -55,7 +58,6 @@ MainWindow::MainWindow(Session& session, QtProgress& progress)
       m_means(Add(new MeansPanel(session))) {
   Add(new CopyingPanel(progress));
   setObjectName("frmZova");
-  setWindowTitle("ZOVA");
   setCentralWidget(m_panels);
   m_session.SetObserver([this] { Refresh(); });
   connect(new QShortcut(Qt::Key_F1, this), &QShortcut::activated, this, [this] { Run(&Session::ShowScreenHelp); });
@@ -63,7 +65,7 @@ MainWindow::MainWindow(Session& session, QtProgress& progress)
   // Minus the title bar, so that the lower edge is visible on a small screen.
   const QSize free = screen()->availableSize() - QSize(0, 2 * fontMetrics().height() + 8);
   setMinimumSize(QSize(640, 480).boundedTo(free));
-  resize(QSize(800, 600).expandedTo(sizeHint()).boundedTo(free));
+  resize(QSize(1024, 768).expandedTo(sizeHint()).boundedTo(free));
 }
 
 Panel* MainWindow::Add(Panel* panel) {
@@ -100,6 +102,24 @@ Panel* MainWindow::PanelOf(MasterFlow::Stage stage) const {
   return m_main;
 }
 
+void MainWindow::KeepPlace(SettingsStore& settings) {
+  m_settings = &settings;
+  try {
+    restoreGeometry(QByteArray::fromBase64(QByteArray::fromStdString(settings.Get(kPlaceSection, kPlaceKey))));
+  } catch (const FileError&) {
+    // The session reports settings that cannot be read.
+  }
+}
+
+// A place that is lost is no error.
+void MainWindow::StorePlace() {
+  if (m_settings == nullptr) return;
+  try {
+    m_settings->Set(kPlaceSection, kPlaceKey, saveGeometry().toBase64(QByteArray::OmitTrailingEquals).toStdString());
+  } catch (const FileError&) {
+  }
+}
+
 void MainWindow::Start() { Run(&Session::Start); }
 
 // A message box processes events while a command waits for its answer.
@@ -116,13 +136,16 @@ void MainWindow::Run(SessionCommand command) {
 
 void MainWindow::Refresh() {
   m_menus.Refresh();
+  setWindowTitle(m_session.OpenedProject() ? ToQt(m_session.ProjectCaption() + " - ZOVA") : "ZOVA");
   Panel* panel = PanelOf(m_session.Shown());
   if (panel == m_panels->currentWidget()) {
     panel->Refresh();
   } else {
     m_panels->setCurrentWidget(panel);  // which refreshes it as it comes up
   }
-  if (m_session.HasEnded()) emit Ended();
+  if (!m_session.HasEnded()) return;
+  StorePlace();
+  emit Ended();
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
@@ -132,9 +155,8 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     const QScopedValueRollback<bool> running(m_running, true);
     mayGo = m_session.Close();
   }
-  Refresh();
+  Refresh();  // which ends the program
   event->setAccepted(mayGo);
-  if (mayGo) emit Ended();
 }
 
 }  // namespace zova

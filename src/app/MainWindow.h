@@ -11,8 +11,9 @@ namespace zova {
 
 class Panel;
 
-/// The frame around the session: the menus and the panel of the current screen.
 class QtProgress;
+
+/// The frame around the session: the menus and the panel of the current screen.
 
 class MainWindow : public QMainWindow {
   Q_OBJECT
@@ -22,6 +23,8 @@ class MainWindow : public QMainWindow {
   MainWindow(Session& session, QtProgress& progress);
   /// To be called after the window is shown, so that the first messages appear in front of it.
   void Start();
+  /// Places the window as it was last left, and from now on stores how it is left. Without a place it keeps its first.
+  void KeepPlace(SettingsStore& settings);
   /// Shows the session as it is now.
   void Refresh();
 
@@ -33,6 +36,7 @@ class MainWindow : public QMainWindow {
   void closeEvent(QCloseEvent* event) override;
 
  private:
+  void StorePlace();
   void Run(SessionCommand command);
   [[nodiscard]] bool IsBusy() const;
   Panel* Add(Panel* panel);
@@ -40,6 +44,7 @@ class MainWindow : public QMainWindow {
   [[nodiscard]] Panel* PanelOf(MasterFlow::Stage stage) const;
 
   Session& m_session;
+  SettingsStore* m_settings = nullptr;
   Menus m_menus;
   QStackedWidget* m_panels;
   Panel* m_main;
