@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include <QCommandLineParser>
 #include <QDir>
 #include <QFileInfo>
 #include <QIcon>
@@ -9,6 +10,7 @@
 #include "app/MainWindow.h"
 #include "app/desktop/Application.h"
 #include "app/desktop/HelpWindow.h"
+#include "app/desktop/OpenRequests.h"
 #include "app/desktop/QtDesktop.h"
 #include "app/desktop/QtFileDialogs.h"
 #include "app/desktop/QtMessageBoxes.h"
@@ -44,9 +46,30 @@ std::string SettingsFile() {
   return FromQt(settings.fileName());
 }
 
+// The project that the command line names, as a drive-letter path.
+std::string ProjectToOpen(const Disk& disk) {
+  QCommandLineParser parser;
+  parser.setApplicationDescription("Recall experiments: define a project, enter its subjects, make their masters.");
+  parser.addHelpOption();
+  parser.addVersionOption();
+  parser.addPositionalArgument("FILE.prm", "The project that is to be opened.", "[FILE.prm]");
+  parser.process(*QCoreApplication::instance());
+  if (parser.positionalArguments().isEmpty()) return {};
+  const QString file = QFileInfo(parser.positionalArguments().front()).absoluteFilePath();
+  return disk.Drives().ToDrivePath(FromQt(QDir::toNativeSeparators(file)));
+}
+
+void ComeUp(QWidget& window) {
+  window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
+  window.show();
+  window.raise();
+  window.activateWindow();
+}
+
 int RunApplication(Application& application, QtDesktop& desktop, QtMessageBoxes& boxes) {
   NativeFileLayer layer;
   Disk disk(layer, DriveMap::FromEnvironment());
+  const std::string project = ProjectToOpen(disk);
   QtFileDialogs dialogs(disk, desktop);
   FileSettings settings(disk, SettingsFile());
   HelpWindow help(disk);
@@ -59,11 +82,19 @@ int RunApplication(Application& application, QtDesktop& desktop, QtMessageBoxes&
   application.SetFaultHandler([&session](const std::exception_ptr& fault) { session.Recover(fault); });
   application.installEventFilter(new QuickHelpFilter(&application));
   QObject::connect(&window, &MainWindow::Ended, &application, [] { QCoreApplication::exit(); });
+  OpenRequests requests(QFileInfo(ToQt(SettingsFile())).path());
+  desktop.Sender = [&requests](const auto& param, const auto& file) { return requests.Send(param, file); };
+  requests.Listen([&session] { return session.ParamPath(); },
+                  [&window](const std::string& file) {
+                    ComeUp(window);
+                    window.Run([&file](Session& running) { running.OpenProject(file); });
+                  });
   window.KeepPlace(settings);
   window.show();
   // After the window's first events, so that a box at start-up appears in front of a window that is in place.
-  QTimer::singleShot(50, &window, &MainWindow::Start);
+  QTimer::singleShot(50, &window, [&window, &project] { window.Start(project); });
   const int result = QApplication::exec();
+  desktop.Sender = {};
   application.SetFaultHandler({});
   return result;
 }

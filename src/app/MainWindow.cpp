@@ -43,9 +43,9 @@ class BlankPanel final : public Panel {
 
 MainWindow::MainWindow(Session& session, QtProgress& progress)
     : m_session(session),
-      m_menus(*menuBar(), session, [this](SessionCommand command) { Run(command); }),
+      m_menus(*menuBar(), session, [this](const auto& act) { Run(act); }),
       m_panels(Named(new QStackedWidget, "staPanels")),
-      m_main(Add(new MainPanel(session, [this](SessionCommand command) { Run(command); }))),
+      m_main(Add(new MainPanel(session, [this](const auto& act) { Run(act); }))),
       m_wizard(Add(new WizardPanel(session))),
       m_location(Add(new LocationPanel(session.Location()))),
       m_identification(Add(new IdentificationPanel(session.Subjects()))),
@@ -120,16 +120,24 @@ void MainWindow::StorePlace() {
   }
 }
 
-void MainWindow::Start() { Run(&Session::Start); }
+void MainWindow::Start(const std::string& projectFile) {
+  Run([&](Session& session) {
+    if (projectFile.empty()) {
+      session.Start();
+    } else {
+      session.Start(projectFile);
+    }
+  });
+}
 
 // A message box processes events while a command waits for its answer.
 bool MainWindow::IsBusy() const { return m_running || QApplication::activeModalWidget() != nullptr; }
 
-void MainWindow::Run(SessionCommand command) {
+void MainWindow::Run(const std::function<void(Session&)>& act) {
   if (IsBusy()) return;
   {
     const QScopedValueRollback<bool> running(m_running, true);
-    (m_session.*command)();
+    act(m_session);
   }
   Refresh();
 }

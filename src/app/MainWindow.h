@@ -2,6 +2,8 @@
 #pragma once
 
 #include <QMainWindow>
+#include <functional>
+#include <string>
 
 #include "app/widgets/Menus.h"
 
@@ -21,8 +23,11 @@ class MainWindow : public QMainWindow {
  public:
   /// `progress` receives the progress of the session's runs.
   MainWindow(Session& session, QtProgress& progress);
-  /// To be called after the window is shown, so that the first messages appear in front of it.
-  void Start();
+  /// To be called after the window is shown, so that the first messages appear in front of it. Opens a project at once
+  /// when it is given one.
+  void Start(const std::string& projectFile = {});
+  /// No effect while another command runs.
+  void Run(const std::function<void(Session&)>& act);
   /// Places the window as it was last left, and from now on stores how it is left. Without a place it keeps its first.
   void KeepPlace(SettingsStore& settings);
   /// Shows the session as it is now.
@@ -37,7 +42,6 @@ class MainWindow : public QMainWindow {
 
  private:
   void StorePlace();
-  void Run(SessionCommand command);
   [[nodiscard]] bool IsBusy() const;
   Panel* Add(Panel* panel);
   [[nodiscard]] Panel* PanelOf(Screen screen) const;

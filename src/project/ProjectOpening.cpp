@@ -41,6 +41,13 @@ std::optional<std::string> ChooseProjectFile(const std::string& title, const std
       {.Title = title, .Directory = paramDir, .Filters = {{"PRM files (*.prm)", "*.prm"}, {"All files (*.*)", "*"}}});
 }
 
+std::optional<ChosenProject> ReadProject(const std::string& path, const Platform& platform) {
+  ChosenProject chosen = {.Parameters = {}, .Path = path};
+  if (!WithRetry(platform.Boxes, [&] { chosen.Parameters = ReadProjectFile(platform.Files, path); }))
+    return std::nullopt;
+  return chosen;
+}
+
 std::optional<ChosenProject> ChooseProject(const std::string& title, const std::string& paramDir,
                                            const Platform& platform) {
   for (bool offersAgain = true; offersAgain;) {

@@ -222,6 +222,8 @@ void MasterFlow::WriteMasters() {
   m_notices = std::move(result.Notices);
   if (result.IsMasterWhole) {
     m_lastMaster = DefaultMasterPath(*m_project);  // where the rows are, wherever the header went
+    m_lastFiles.clear();
+    NoteFiles(result);
     // What stands in the file, which may be too large to be read for its first line.
     m_lastHeader = m_header.MasterHeader;
     if (!result.Completed) ShowMasterWarnings(m_notices, m_platform.Boxes);
@@ -234,6 +236,12 @@ void MasterFlow::WriteMasters() {
     AskForGroupOrder();
   } else {
     Finish(MastersCreated());
+  }
+}
+
+void MasterFlow::NoteFiles(const MasterRunResult& result) {
+  for (const auto& path : result.Written) {
+    m_lastFiles.push_back(m_platform.Files.Drives().ToDrivePath(PathText(path)));
   }
 }
 
@@ -258,10 +266,12 @@ void MasterFlow::GoCombine() {
   AddOlderPieces(result.Notices, m_notices);
   if (!result.Completed) return ShowMasterWarnings(m_notices, m_platform.Boxes);
   m_lastMaster = m_platform.Files.Drives().ToDrivePath(PathText(result.Written.front()));
+  NoteFiles(result);
   Finish(CombinedCreated());
 }
 
-void MasterFlow::Finish(const MessageBox& message) {
+void MasterFlow::Finish(MessageBox message) {
+  for (const std::string& file : m_lastFiles) message.Details += (message.Details.empty() ? "" : "\n") + file;
   Show(Stage::Finished);
   ShowMasterWarnings(m_notices, m_platform.Boxes);
   m_platform.Boxes.Show(message);

@@ -57,6 +57,8 @@ class MasterFlow {
 
   /// The drive-letter path of the last combined master, or of the rows of the last individual one; "" before the first.
   [[nodiscard]] const std::string& LastMaster() const noexcept { return m_lastMaster; }
+  /// All files of that run, the master first.
+  [[nodiscard]] const std::vector<std::string>& LastFiles() const noexcept { return m_lastFiles; }
   /// Header line of the project's last master; "" before the first.
   [[nodiscard]] const std::string& LastHeader() const noexcept { return m_lastHeader; }
   /// To be called when the project is closed or replaced.
@@ -72,7 +74,8 @@ class MasterFlow {
   MasterRunResult Write(const std::function<MasterRunResult()>& run);
   void WriteMasters();
   void AskForGroupOrder();
-  void Finish(const MessageBox& message);
+  void NoteFiles(const MasterRunResult& result);
+  void Finish(MessageBox message);
 
   Platform m_platform;
   const ProjectParameters* m_project = nullptr;
@@ -92,6 +95,7 @@ class MasterFlow {
   MasterNotices m_notices;
   std::string m_statusLine;
   std::string m_lastMaster;
+  std::vector<std::string> m_lastFiles;
   std::string m_lastHeader;
 };
 

@@ -78,9 +78,17 @@ void Session::StartWithLostParam() {
   }
 }
 
+void Session::Start(const std::string& projectFile) {
+  m_startFile = projectFile;
+  Start();
+  m_startFile.clear();
+  if (!m_ended && m_screen == Screen::Main && !m_project) OpenProject(projectFile);
+}
+
 bool Session::LockParam() {
   if (m_param.Lock(m_param.Path())) return true;
-  ReportParamInUse(m_platform.Boxes);
+  const bool isHandedOver = !m_startFile.empty() && m_platform.Pointer.HandOver(m_param.Path(), m_startFile);
+  if (!isHandedOver) ReportParamInUse(m_platform.Boxes);
   m_ended = true;
   return false;
 }
@@ -103,6 +111,7 @@ std::string Session::OpenCaption() const { return m_project ? "Change Project" :
 
 void Session::Show(Screen screen) {
   m_screen = screen;
+  m_countsAreOld = true;
   if (screen == Screen::Main && m_project) LookForUnfinished();  // another computer may have added or completed some
   if (m_observer) m_observer();
 }
@@ -111,14 +120,31 @@ void Session::SetProject(ProjectParameters project, std::string file) {
   m_masters.ForgetHeader();
   m_project = std::move(project);
   m_saved = {std::move(file), m_project->BackupDir};
+  m_facts.clear();
   LookForUnfinished();
 }
 
 void Session::CloseProject() {
   m_masters.ForgetHeader();
   m_project.reset();
+  m_facts.clear();
+  m_countsAreOld = true;
   m_saved = {};
   m_hasUnfinished = false;
+}
+
+void Session::CountProjects() {
+  m_countsAreOld = false;
+  m_listed.clear();
+  if (m_project) {
+    m_facts = FactsText(*m_project, CountSubjects(*m_project, m_platform.Files));
+    return;
+  }
+  try {
+    if (m_param.IsRegistered()) m_listed = ListProjects(m_param.Path(), m_platform.Files);
+  } catch (const FileError&) {
+    // A Param that is not ready is reported when it is needed; the list is empty until then.
+  }
 }
 
 bool Session::HasUnfinishedFiles() {
@@ -141,12 +167,20 @@ void Session::OpenExistingProject() {
     if (m_screen == Screen::Wizard) return;
   }
   auto chosen = ChooseProject("Load Project", m_param.Path(), m_platform);
-  if (!chosen) return;
-  if (!MayOpenProject(chosen->Parameters, m_platform.Boxes)) {
+  if (chosen) Opened(std::move(*chosen));
+}
+
+void Session::OpenProject(const std::string& path) {
+  if (m_screen != Screen::Main) return;
+  if (auto chosen = ReadProject(path, m_platform)) Opened(std::move(*chosen));
+}
+
+void Session::Opened(ChosenProject chosen) {
+  if (!MayOpenProject(chosen.Parameters, m_platform.Boxes)) {
     CloseProject();
     return;
   }
-  SetProject(std::move(chosen->Parameters), std::move(chosen->Path));
+  SetProject(std::move(chosen.Parameters), std::move(chosen.Path));
   Show(Screen::Main);
   if (!m_hasUnfinished) return;
   if (Confirm(m_platform.Boxes,

@@ -8,6 +8,8 @@
 
 #include "means/MeansExaminer.h"
 #include "platform/desktop/Platform.h"
+#include "project/ProjectOpening.h"
+#include "project/ProjectOverview.h"
 #include "project/wizard/NewProjectWizard.h"
 #include "session/LocationFlow.h"
 #include "session/MasterFlow.h"
@@ -31,11 +33,16 @@ class Session {
   void Prepare();
   /// Continues to the main screen or the location screen, with all questions.
   void Start();
+  /// As Start; then opens this parameter file, unless something else waits for the user. When another copy of the
+  /// program uses Param, that one opens it.
+  void Start(const std::string& projectFile);
   /// To be called when a command was ended by an exception: secures the subject that is being entered, and reports.
   void Recover(const std::exception_ptr& fault);
   /// The program is to end.
   [[nodiscard]] bool HasEnded() const noexcept { return m_ended; }
 
+  /// "" before it is registered.
+  [[nodiscard]] const std::string& ParamPath() const noexcept { return m_param.Path(); }
   [[nodiscard]] Screen Shown() const noexcept { return m_screen; }
   [[nodiscard]] MenuStates Menus() const;
   [[nodiscard]] const ProjectParameters* OpenedProject() const noexcept { return m_project ? &*m_project : nullptr; }
@@ -46,8 +53,18 @@ class Session {
   /// "Open Existing Project", or "Change Project" while one is open.
   [[nodiscard]] std::string OpenCaption() const;
 
+  /// What the open project is and how many subjects it has (FactsText); "" without a project. Counted by CountProjects.
+  [[nodiscard]] const std::string& ProjectFacts() const noexcept { return m_facts; }
+  /// The projects in Param while none is open. Listed by CountProjects.
+  [[nodiscard]] const std::vector<ListedProject>& Projects() const noexcept { return m_listed; }
+  /// True when the main screen came up and what it says of projects is older.
+  [[nodiscard]] bool CountsAreOld() const noexcept { return m_countsAreOld; }
+  void CountProjects();
+
   // File
   void OpenExistingProject();
+  /// As OpenExistingProject, for a file that the user chose elsewhere.
+  void OpenProject(const std::string& path);
   void CreateNewProject();
   void SaveIncompleteSubject();
   void Exit();
@@ -86,6 +103,8 @@ class Session {
   void ShowMeasuresHelp();
   /// The last master written since the program started, or "".
   [[nodiscard]] const std::string& LastMaster() const noexcept { return m_masters.LastMaster(); }
+  /// All files of that run.
+  [[nodiscard]] const std::vector<std::string>& LastFiles() const noexcept { return m_masters.LastFiles(); }
   void OpenLastMasterFolder();
 
   MeansExaminer& Means() noexcept { return m_means; }
@@ -101,6 +120,7 @@ class Session {
   void ReadSetting();
   void StartWithLostParam();
   bool LockParam();
+  void Opened(ChosenProject chosen);
   void SetProject(ProjectParameters project, std::string file);
   void CloseProject();
   [[nodiscard]] bool HasUnfinishedFiles();
@@ -127,6 +147,10 @@ class Session {
   std::function<void()> m_observer;
   Screen m_screen = Screen::Main;
   std::optional<ProjectParameters> m_project;
+  std::string m_startFile;
+  std::string m_facts;
+  std::vector<ListedProject> m_listed;
+  bool m_countsAreOld = true;
   SavedProject m_saved;  // of the open project
   bool m_hasUnfinished = false;
   bool m_restoring = false;  // never reset

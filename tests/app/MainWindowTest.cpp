@@ -8,6 +8,7 @@
 #include <QRegularExpression>
 #include <QTest>
 #include <QTimer>
+#include <QTreeWidget>
 #include <new>
 #include <set>
 #include <utility>
@@ -96,7 +97,7 @@ TEST_F(MainWindowTest, NoAccessKeyStandsTwiceOnAScreen) {
         for (const QString& key : keys)
           EXPECT_EQ(keys.count(key), 1U) << key.toStdString() << " on " << name.toStdString();
         screens += keys.size() > 8 ? 1 : 0;
-        EXPECT_TRUE(name != "fraMain" || keys.size() == 12U) << "a picture has none";
+        EXPECT_TRUE(name != "fraMain" || keys.size() == 13U) << "a picture has none";
       }
     }
     EXPECT_EQ(screens, 16);
@@ -122,6 +123,33 @@ TEST_F(MainWindowTest, EntriesAndPanelFollowTheSession) {
   QTest::keyClick(m_window.findChild<QWidget*>("txtExp"), Qt::Key_F1);
   EXPECT_EQ(Help.Shown, "C:\\ZOVA\\ZOVA2.hlp#viewing");
   EXPECT_TRUE(!Entry("mnuOpen")->isEnabled() && Entry("mnuTopics")->isEnabled());
+}
+
+TEST_F(MainWindowTest, KeepsItsPlaceAndNamesItsProject) {
+  EXPECT_EQ(m_window.windowTitle(), "ZOVA");
+  Entry("mnuOpen")->trigger();
+  EXPECT_EQ(m_window.windowTitle(), "Example - ZOVA");
+  m_window.KeepPlace(Settings);
+  m_window.resize(700, 510);
+  Settings.FailsOnce = true;
+  Settings.Values["Window/Geometry"] = "no place";
+  EXPECT_TRUE(m_window.close()) << "a place that cannot be stored is no error";
+  EXPECT_EQ(Settings.Values["Window/Geometry"], "no place");
+  m_window.Refresh();
+  MainWindow next(*m_session, m_shownProgress);
+  next.KeepPlace(Settings);
+  EXPECT_EQ(next.size(), QSize(700, 510));
+}
+
+TEST_F(MainWindowTest, ListsTheProjectsThatCanBeOpened) {
+  auto* projects = m_window.findChild<QTreeWidget*>("lstProjects");
+  ASSERT_TRUE(QTest::qWaitFor([&] { return projects->topLevelItemCount() == 1; }));
+  QTest::keyClick(projects, Qt::Key_Return);
+  ASSERT_TRUE(QTest::qWaitFor([&] { return m_session->OpenedProject() != nullptr; }));
+  auto* facts = m_window.findChild<QLabel*>("lblProjectFacts");
+  EXPECT_TRUE(QTest::qWaitFor([&] { return facts->text() == "3 tests, 66 items, - subjects, - unfinished"; }))
+      << facts->text().toStdString();
+  Dialogs.Answers.clear();
 }
 
 TEST_F(MainWindowTest, CommandsThatComeWhileAnotherRunsAreIgnored) {

@@ -2,6 +2,8 @@
 
 #include "session/Session.h"
 
+#include <set>
+
 #include "scoring/Examples.h"
 #include "session/SessionFixture.h"
 #include "subjects/SubjectFile.h"
@@ -193,6 +195,50 @@ TEST_F(SessionTest, ASecondCopyOnOneParamDirectoryEnds) {
   Boxes.Expect({.Text = "ZOVA is already running with this 'Param' directory.", .Icon = BoxIcon::Critical});
   second.Start();
   EXPECT_TRUE(second.HasEnded());
+}
+
+TEST_F(SessionTest, AProjectGivenAtTheStartIsOpenedHereOrByTheCopyThatRuns) {
+  m_scratch.Put("D:\\Elsewhere.prm", Example());
+  Session& first = Started();
+  first.OpenProject("D:\\Elsewhere.prm");
+  EXPECT_EQ(first.ProjectCaption(), "Example");
+  Pointer.TakesProjects = true;
+  Session second(With(m_disk), "C:\\ZOVA", PathText(m_scratch.Native("C:\\Installed")));
+  second.Start("D:\\Elsewhere.prm");
+  EXPECT_TRUE(second.HasEnded());
+  EXPECT_EQ(Pointer.HandedOver, "C:\\Param|D:\\Elsewhere.prm");
+
+  m_session.reset();
+  Make().Start("D:\\Elsewhere.prm");
+  EXPECT_EQ(m_session->ProjectCaption(), "Example");
+}
+
+TEST_F(SessionTest, CountsSubjectsOfTheOpenProjectAndListsTheOthers) {
+  ProjectParameters small = ExampleProject("C:\\ZOVA");
+  small.ProjectFileName = "Small.prm";
+  small.Abbreviation = "Sm";
+  small.TestCount = 1;
+  small.PrimaryDir = "Q:\\not ready";
+  m_scratch.Put("C:\\Param\\Small.prm", FormatProject(small, kCurrentMarker));
+  m_scratch.Put("C:\\Param\\Broken.prm", "no project");
+  m_scratch.Put("C:\\Param\\Example Backup.prm", Example(kBackupMarker));
+  m_scratch.Put("C:\\ZOVA\\Sample Data\\Sdata\\Example Sub#1.dat", "");
+  m_scratch.Put("C:\\ZOVA\\Sample Data\\Sdata\\Unfinished\\Example Sub#2.dat", "");
+  m_scratch.Put(kExample, Example());
+  Session& session = Started();
+  session.CountProjects();
+  std::multiset<std::string> listed;
+  for (const ListedProject& project : session.Projects())
+    listed.insert(project.Title + "|" + project.Shape + "|" + project.Subjects);
+  EXPECT_EQ(listed, (std::multiset<std::string>{"Example|3 x 66|1", "Small|1 x 66|-"}));
+
+  Boxes.Expect({kUnfinished, BoxAnswer::No, "", BoxIcon::Question});
+  session.OpenProject(kExample);
+  session.CountProjects();
+  EXPECT_EQ(session.ProjectFacts(), "3 tests, 66 items, 1 subject, 1 unfinished");
+  session.OpenProject("C:\\Param\\Small.prm");
+  session.CountProjects();
+  EXPECT_EQ(session.ProjectFacts(), "1 test, 66 items, - subjects, - unfinished");
 }
 
 TEST_F(SessionTest, OpeningAsksForUnfinishedSubjectsAndRefusesBackupCopies) {

@@ -91,7 +91,13 @@ class CountingDesktop final : public Desktop {
     Folder = directory;
     return HasFileManager;
   }
+  bool HandOver(const std::string& paramDir, const std::string& projectFile) override {
+    HandedOver = paramDir + "|" + projectFile;
+    return TakesProjects;
+  }
   bool HasFileManager = true;
+  bool TakesProjects = false;
+  std::string HandedOver;
 
   int Busy = 0;
   int Shown = 0;

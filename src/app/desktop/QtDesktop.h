@@ -3,6 +3,8 @@
 
 #include <QPointer>
 #include <QWidget>
+#include <functional>
+#include <string>
 
 #include "platform/desktop/Desktop.h"
 
@@ -13,6 +15,11 @@ class QtDesktop final : public Desktop {
   void ShowBusyPointer() override { Count(m_busy, 1); }
   void RestorePointer() override { Count(m_busy, -1); }
   void Beep() override;
+  /// Set by the owner of the requests.
+  std::function<bool(const std::string& paramDir, const std::string& projectFile)> Sender;
+  bool HandOver(const std::string& paramDir, const std::string& projectFile) override {
+    return Sender && Sender(paramDir, projectFile);
+  }
   bool OpenFolder(const std::filesystem::path& directory) override;
 
   /// For the lifetime of a box or dialog: shows the normal pointer even when the program is busy, and restores the

@@ -10,6 +10,8 @@
 #include "app/widgets/Panel.h"
 
 class QGridLayout;
+class QListWidget;
+class QTreeWidget;
 
 namespace zova {
 
@@ -24,7 +26,7 @@ class PictureButton : public QToolButton {
   void keyPressEvent(QKeyEvent* event) override;
 };
 
-/// The main screen: the open project, and picture buttons for the other screens.
+/// The main screen: the open project or those in Param, and picture buttons for the other screens.
 class MainPanel : public Panel {
   Q_OBJECT
 
@@ -36,16 +38,26 @@ class MainPanel : public Panel {
 
  private:
   QWidget* MakeProjectGroup();
+  QGroupBox* MakeProjectsGroup();
   QGroupBox* MakeLastMasterGroup();
   void AddPictures(QGridLayout& grid);
+  void CountLater();
+  void ShowProjects();
+  void ShowLastMaster();
 
   const Session& m_session;
   RunCommand m_run;
   QLabel* m_currentProject = nullptr;
+  QLabel* m_facts = nullptr;
+  QLabel* m_directory = nullptr;
   QLabel* m_projectNote = nullptr;
   QPushButton* m_open = nullptr;
+  QGroupBox* m_projectsGroup = nullptr;
+  QTreeWidget* m_projects = nullptr;
   QGroupBox* m_lastMaster = nullptr;
   QLabel* m_lastMasterPath = nullptr;
+  QListWidget* m_lastFiles = nullptr;
+  bool m_counts = false;  // a count is on its way
 };
 
 }  // namespace zova

@@ -13,8 +13,8 @@ class QMenuBar;
 namespace zova {
 
 using SessionCommand = void (Session::*)();
-/// Runs a command of the session and refreshes the window.
-using RunCommand = std::function<void(SessionCommand)>;
+/// Runs a command of the session, or an act of several, and refreshes the window.
+using RunCommand = std::function<void(const std::function<void(Session&)>&)>;
 
 struct MenuEntry;
 

@@ -13,6 +13,11 @@ class Desktop {
   virtual void ShowBusyPointer() = 0;
   virtual void RestorePointer() = 0;
   virtual void Beep() = 0;
+  /// Asks the copy of the program that uses `paramDir` on this desktop to open a project. False when there is none.
+  virtual bool HandOver(const std::string& paramDir, const std::string& projectFile) {
+    static_cast<void>(paramDir), static_cast<void>(projectFile);
+    return false;
+  }
   /// Opens a directory (a native path) in the system's file manager. False when that fails.
   virtual bool OpenFolder(const std::filesystem::path& directory) = 0;
 };

@@ -149,6 +149,12 @@ std::vector<std::string> Disk::NamesOf(const ResolvedPath& file, const ResolvedP
   return names;
 }
 
+std::int64_t Disk::ChangedAt(std::string_view path) {
+  const ResolvedPath file = Resolve(path, FileOperation::Read);
+  return Guarded(FileOperation::Read, file,
+                 [&] { return m_layer.Identity(file.Native).value_or(FileIdentity{}).Changed; });
+}
+
 std::uintmax_t Disk::LinkCount(const ResolvedPath& file) {
   return Guarded(FileOperation::Read, file,
                  [&] { return m_layer.Identity(file.Native).value_or(FileIdentity{}).Links; });

@@ -42,6 +42,8 @@ class Disk {
   bool LiesInside(std::string_view inner, std::string_view outer);
   /// The names in `directory` that lead to `file`. None for a missing directory.
   std::vector<std::string> NamesOf(const ResolvedPath& file, const ResolvedPath& directory);
+  /// When the file's bytes changed last, in nanoseconds: a number to sort by. 0 for a missing file.
+  std::int64_t ChangedAt(std::string_view path);
   /// The number of hard links of an existing file.
   std::uintmax_t LinkCount(const ResolvedPath& file);
 

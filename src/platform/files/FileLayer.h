@@ -27,8 +27,9 @@ struct DirectoryEntry {
 /// Identifies a file or directory independently of its path.
 struct FileIdentity {
   std::uint64_t Device = 0;
-  std::uint64_t Index = 0;  ///< its number on the device
-  std::uint64_t Links = 0;  ///< number of hard links
+  std::uint64_t Index = 0;   ///< its number on the device
+  std::uint64_t Links = 0;   ///< number of hard links
+  std::int64_t Changed = 0;  ///< when its bytes changed last: nanoseconds, from the system's own zero
 };
 
 inline bool IsSameFile(const FileIdentity& left, const FileIdentity& right) noexcept {

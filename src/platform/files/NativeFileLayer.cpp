@@ -145,9 +145,19 @@ EntryKind NativeFileLayer::Kind(const fs::path& path) {
   return KindOf(status);
 }
 
+static FileIdentity IdentityOf(const struct stat& status) {
+#ifdef __APPLE__
+  const timespec& changed = status.st_mtimespec;
+#else
+  const timespec& changed = status.st_mtim;
+#endif
+  constexpr std::int64_t kNanoseconds = 1'000'000'000;
+  return {status.st_dev, status.st_ino, status.st_nlink, changed.tv_sec * kNanoseconds + changed.tv_nsec};
+}
+
 std::optional<FileIdentity> NativeFileLayer::Identity(const fs::path& path) {
   struct stat status = {};
-  if (stat(path.c_str(), &status) == 0) return FileIdentity{status.st_dev, status.st_ino, status.st_nlink};
+  if (stat(path.c_str(), &status) == 0) return IdentityOf(status);
   if (errno == ENOENT || errno == ENOTDIR) return std::nullopt;
   ThrowErrno();
 }

@@ -163,7 +163,10 @@ std::optional<FileIdentity> NativeFileLayer::Identity(const fs::path& path) {
   BY_HANDLE_FILE_INFORMATION facts = {};
   Require(GetFileInformationByHandle(handle.get(), &facts));
   const auto high = static_cast<std::uint64_t>(facts.nFileIndexHigh);
-  return FileIdentity{facts.dwVolumeSerialNumber, (high << 32) | facts.nFileIndexLow, facts.nNumberOfLinks};
+  const auto ticks = (static_cast<std::uint64_t>(facts.ftLastWriteTime.dwHighDateTime) << 32) |
+                     facts.ftLastWriteTime.dwLowDateTime;  // of 100 ns
+  return FileIdentity{facts.dwVolumeSerialNumber, (high << 32) | facts.nFileIndexLow, facts.nNumberOfLinks,
+                      static_cast<std::int64_t>(ticks * 100)};
 }
 
 bool NativeFileLayer::CanEnter(const fs::path& path) {

@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "app/desktop/OpenRequests.h"
+
+#include <QDeadlineTimer>
+#include <QDir>
+#include <QFile>
+#include <QSaveFile>
+#include <QThread>
+#include <utility>
+
+#include "app/widgets/Controls.h"
+
+namespace zova {
+
+namespace {
+constexpr int kPatience = 2000;  // milliseconds
+constexpr int kPause = 20;
+}  // namespace
+
+OpenRequests::OpenRequests(const QString& directory)
+    : m_directory(directory), m_file(QDir(directory).filePath("Open Project.txt")) {
+  connect(&m_watcher, &QFileSystemWatcher::directoryChanged, this, &OpenRequests::Look);
+}
+
+bool OpenRequests::Send(const std::string& paramDir, const std::string& projectFile) {
+  QSaveFile file(m_file);
+  if (!file.open(QIODevice::WriteOnly)) return false;
+  file.write(QByteArray::fromStdString(paramDir + "\n" + projectFile));
+  if (!file.commit()) return false;
+  for (QDeadlineTimer deadline(kPatience); !deadline.hasExpired(); QThread::msleep(kPause)) {
+    if (!QFile::exists(m_file)) return true;
+  }
+  return !QFile::remove(m_file);  // taken at the last moment
+}
+
+void OpenRequests::Listen(std::function<std::string()> paramDir, std::function<void(const std::string&)> open) {
+  m_paramDir = std::move(paramDir);
+  m_open = std::move(open);
+  QDir().mkpath(m_directory);
+  m_watcher.addPath(m_directory);
+}
+
+void OpenRequests::Look() {
+  QFile file(m_file);
+  if (!file.open(QIODevice::ReadOnly)) return;
+  const QList<QByteArray> lines = file.readAll().split('\n');
+  file.close();
+  if (lines.size() != 2 || lines.front().toStdString() != m_paramDir() || !QFile::remove(m_file)) return;
+  m_open(lines.back().toStdString());
+}
+
+}  // namespace zova

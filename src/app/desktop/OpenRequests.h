@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QFileSystemWatcher>
+#include <QString>
+#include <functional>
+#include <string>
+
+namespace zova {
+
+/// One copy of the program asks another, of the same user on the same computer, to open a project. The request is a
+/// file of two lines, Param directory and project, in the directory of the settings. The copy that uses that Param
+/// removes it and acts; a request that no one removes is withdrawn.
+class OpenRequests : public QObject {
+  Q_OBJECT
+
+ public:
+  explicit OpenRequests(const QString& directory);
+  /// True when another copy took the request.
+  bool Send(const std::string& paramDir, const std::string& projectFile);
+  /// Calls `open` with the project of every request for the Param directory that `paramDir` names at that time.
+  void Listen(std::function<std::string()> paramDir, std::function<void(const std::string& projectFile)> open);
+
+ private:
+  void Look();
+
+  QString m_directory;
+  QString m_file;
+  QFileSystemWatcher m_watcher;
+  std::function<std::string()> m_paramDir;
+  std::function<void(const std::string&)> m_open;
+};
+
+}  // namespace zova
