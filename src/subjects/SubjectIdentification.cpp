@@ -2,6 +2,7 @@
 
 #include "subjects/SubjectIdentification.h"
 
+#include <algorithm>
 #include <array>
 
 #include "platform/desktop/FileErrorBoxes.h"
@@ -16,13 +17,14 @@ namespace zova {
 
 namespace {
 
-// "" for a file that is not one of this project's subjects. Keeps blanks around the identifier, since they are part of
-// the file's name.
+// "" for a file that is not one of this project's subjects, or whose name no autosave could hold. Keeps blanks around
+// the identifier, since they are part of the file's name.
 std::string IdentifierOfFile(const ProjectParameters& project, std::string_view path) {
   const std::string_view name = LastPathComponent(path);
   const std::string prefix = ExpectedPrefix(project);
   if (!BeginsIgnoringCase(name, prefix) || name.size() - prefix.size() <= kDataFileEnd.size()) return {};
-  return SubjectIdFromFileName(project, path);
+  const bool canBeStored = std::none_of(name.begin(), name.end(), BreaksField) && IsValidUtf8(name);
+  return canBeStored ? SubjectIdFromFileName(project, path) : std::string();
 }
 
 // A directory that cannot be searched must not be reported as "no such file".

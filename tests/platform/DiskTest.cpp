@@ -59,8 +59,11 @@ extern "C" int fsync(int file) {
 TEST(Disk, AsksTheSystemToKeepAFileThenItsName) {
   Scratch scratch;
   flushed.clear();
-  scratch.MakeDisk().Write("C:\\f", "new");
+  Disk disk = scratch.MakeDisk();
+  disk.Write("C:\\f", "new");
   EXPECT_EQ(flushed, "file directory ");
+  disk.CreateDirectories("C:\\a\\b");
+  EXPECT_EQ(flushed, "file directory directory directory ") << "the names of new directories";
 }
 #endif
 

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include "project/ProjectLayout.h"
 #include "project/ProjectOpening.h"
 #include "support/Scratch.h"
 #include "support/ScriptedBoxes.h"
@@ -84,6 +85,12 @@ TEST(ProjectFile, ReadsTheOlderLayouts) {
     const ProjectParameters plain = ParseProject(Replaced(oldest, ",0,2,", ",1,0,"), kPath);
     EXPECT_EQ(plain.FormatMarker + plain.BackupDir, "Old ZOVAB:\\Safe");
     EXPECT_EQ(plain.VariableCount, 0);
+  }
+  ProjectParameters titled;
+  for (const auto& [file, title] :
+       {std::pair("Alt.dat", "Alt"), {"\xC3\x9C.\xC3\xBC\xC3\xBC\xC3\xBC", "\xC3\x9C"}, {"abc", ""}}) {
+    titled.ProjectFileName = file;
+    EXPECT_EQ(ProjectTitle(titled), title);
   }
 }
 

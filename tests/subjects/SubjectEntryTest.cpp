@@ -2,6 +2,8 @@
 //
 // The entry screen: the walk through the tests, the checks, every way out, the autosave, and disks that fail.
 
+#include <random>
+
 #include "subjects/EntryDesk.h"
 #include "subjects/SubjectFile.h"
 
@@ -155,4 +157,83 @@ TEST(SubjectEntry, AutosavesOnTheEleventhTick) {
     if (autosave == "o") continue;
     EXPECT_EQ(desk.Files.Get("C:\\Param\\Temp.txt"), FormatAutosave(desk.Record, desk.Project));
   }
+}
+
+// Acts of any kind in any order, in projects of the least and the largest shapes: what is saved, also by the autosave,
+// can be read back and is what was entered, and nothing is entered that could not be typed.
+TEST(SubjectEntry, TakesAnyActInAnyProject) {
+  struct AnyBoxes final : MessageBoxes {
+    BoxAnswer Show(const MessageBox& box) override {
+      if (OnBox) OnBox(box.Text);
+      const bool isYes = (Random() >> 8) % 2 == 0;
+      return box.Buttons == BoxButtons::Ok ? BoxAnswer::Ok : isYes ? BoxAnswer::Yes : BoxAnswer::No;
+    }
+    std::minstd_rand Random;
+    std::function<void(const std::string&)> OnBox;
+  };
+  const Shape shapes[] = {{.Tests = 1, .Items = 1},
+                          {.Tests = 1, .Items = 1, .Minutes = 1, .MaxRating = 1, .Rated = "Y"},
+                          {.Tests = 2, .Items = 4, .Minutes = 32767, .MaxRating = 32767, .Rated = "N"},
+                          {.Tests = 3, .Items = 6, .MaxRating = 2, .Rated = "YNy", .Variables = {"Sex"}},
+                          {.Tests = 15, .Items = 999, .Minutes = 6000, .MaxRating = 1000, .Rated = "YYYYYYYYYYYYYYY"}};
+  int saves = 0;
+  for (unsigned seed = 1; seed <= 10; ++seed) {
+    const Shape& shape = shapes[seed % std::size(shapes)];
+    AnyBoxes boxes;
+    boxes.Random.seed(seed);
+    const auto any = [&](std::size_t count) { return (boxes.Random() >> 8) % count; };
+    EntryDesk desk(boxes, "1r1", "");
+    ProjectParameters project = MakeProject(shape);
+    project.Abbreviation = "Ex", project.PrimaryDir = "C:\\P", project.BackupDir = "D:\\B";
+    if (seed > std::size(shapes)) project.MinutesRecorded = 1;  // also with at most 0 minutes
+    project.LevelCounts[0] = 3;
+    desk.Project = project;
+    const auto begin = [&] {
+      desk.Record = {};
+      desk.Record.SubjectId = "a1", desk.Record.Levels[0] = shape.Variables.empty() ? 0 : 3;
+      ResetLists(desk.Record, project);
+      desk.PressOne('E');
+    };
+    begin();
+    const auto expectEntered = [&](SubjectRecord again) {
+      for (int test = 1; test <= project.TestCount; ++test) {  // the counts are those of the last checks
+        again.Lists.RecallCount(test) = desk.Record.Lists.RecallCount(test);
+      }
+      EXPECT_EQ(again.Lists, desk.Record.Lists);
+      EXPECT_EQ(again.Levels, desk.Record.Levels);
+    };
+    boxes.OnBox = [&](const std::string& text) {
+      if (!text.ends_with(" subject saved.")) return;
+      ++saves;
+      const std::string directory = text[0] == 'C' ? "C:\\P\\Sdata\\" : "C:\\P\\Sdata\\Unfinished\\";
+      SubjectRecord again;
+      LoadSubjectFile(desk.OnDisk, directory + "Ex Sub#a1.dat", project, again);
+      expectEntered(again);
+    };
+    const std::string acts = "00112233456789eeeeeeeettTTudlrUDLRix+-zzyfFsoO.:pPwSB";
+    for (int act = 0; act < 300; ++act) {
+      const char key = acts[any(acts.size())];
+      SCOPED_TRACE("seed " + std::to_string(seed) + ", act " + std::to_string(act) + ", " + key);
+      const GridCell cell{static_cast<int>(any(static_cast<std::size_t>(desk.Grid.Lines()))) + 1,
+                          static_cast<int>(any(3)) + 1};
+      switch (key) {
+        case 'p': desk.Grid.Paste("1\t1\t1\r\n2\t1\t2\r\n"); break;
+        case 'P': desk.Grid.Paste(desk.Grid.Copy()); break;
+        case 'w': desk.Grid.Click(cell); break;
+        case 'S': desk.Chosen.SkipMinutes = !desk.Chosen.SkipMinutes; break;
+        case 'B': desk.Chosen.NextBlankSpace = !desk.Chosen.NextBlankSpace; break;
+        default: desk.Grid.FetchChangedLines(), desk.PressOne(key);
+      }
+      if (!desk.Entry.IsOpen()) begin();
+      const GridCell cursor = desk.Grid.Cursor();
+      ASSERT_TRUE(cursor.Line >= 1 && cursor.Line <= project.ItemCount && cursor.Column >= 1 && cursor.Column <= 3);
+      ASSERT_TRUE(desk.Grid.Page() >= 1 && desk.Grid.Page() <= project.TestCount);
+      ASSERT_FALSE(FindOutOfRange(desk.Record, project));
+      if (act % 10 > 0) continue;
+      SubjectRecord restored;
+      ParseAutosave(FormatAutosave(desk.Record, project), project, restored);
+      expectEntered(restored);
+    }
+  }
+  EXPECT_GT(saves, 10);
 }

@@ -114,7 +114,8 @@ TEST(SubjectIdentification, OpensWhatIsTypedOrChosen) {
       "N|a|n|;N|a|c|;N|A|y|A 0;N|o||o 0;N|u||u 0;N|b||b 0;N|b|1e|;N|b|1r|b 0;v|o|y|o 0;z|o||o 2;"
       "z|EX sub#a,b .dat|| sub#a,b  6;O| a||a 1;O|A||a 1;O|u|o|;O|s|d|;O|?|i|;O|a|1e|;O|a|4e|;O|a|4r|a 1;"
       "O|EX sub#a,b .dat||a,b  6;O|Ex Sub#2345678901234567890x.bak||2345678901234567890x 7;O|Ex Sub#s.dat|d|a 8;"
-      "O|Exo.dat|f|;O|Ex Sub#a|f|;O|Ex Sub#.dat|f|;O|Ex Sub#a.dat|2e|;U|u||u 4;"
+      "O|Exo.dat|f|;O|Ex Sub#a|f|;O|Ex Sub#a\"b.dat|f|;O|Ex Sub#\xFC.dat|f|;O|Ex Sub#.dat|f|;O|Ex Sub#a.dat|2e|;U|u||u "
+      "4;"
       "U|s|m|;U|a|n|;U|a|c|;U|a|y|a 5;U|a|3e|;O|C:\\Param\\Temp 1.txt||a 9;"
       "O|C:\\Param\\Temp 2.txt|f|;U|C:\\Param\\temp 1.txt|n|;U|C:\\Param\\Temp 1.txt|y|a 9;U|Ex Sub#a.dat|n|;U|Ex "
       "Sub#a.dat|y|a 8");

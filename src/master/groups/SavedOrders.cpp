@@ -67,7 +67,10 @@ SerialOrder ParseSerialOrder(FieldReader& reader, int itemCount) {
     const int item = reader.NextCount(itemCount, 1);
     order[static_cast<std::size_t>(item) - 1] = reader.NextStrictNumber();
   }
-  if (!reader.OnlyBlankLinesFollow()) reader.Refuse(FieldFault::MoreData);  // another list was ordered
+  if (!reader.OnlyBlankLinesFollow()) {  // another list was ordered
+    reader.Skip();                       // to the line too many
+    reader.Refuse(FieldFault::MoreData);
+  }
   return order;
 }
 
