@@ -15,7 +15,7 @@
 #include <memory>
 #include <system_error>
 
-#include "platform/files/DriveMap.h"
+#include "platform/files/PathParts.h"
 #endif
 
 namespace zova {

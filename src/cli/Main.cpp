@@ -3,7 +3,6 @@
 // zova-master: writes a project's masters without a window, for scripts and servers.
 
 #include <exception>
-#include <filesystem>
 #include <iostream>
 #include <numeric>
 #include <set>
@@ -68,8 +67,8 @@ class MasterCommand {
  private:
   [[nodiscard]] bool Told(const MasterRunResult& result) const {
     std::ostream& out = m_arguments.Means ? std::cerr : std::cout;  // a table stands alone on standard output
-    for (const std::filesystem::path& path : result.Written)
-      out << (IsStandardOutputTerminal() ? Printable(PathText(path)) : PathText(path)) << '\n';
+    for (const ResolvedPath& path : result.Written)
+      out << (IsStandardOutputTerminal() ? Printable(NativeText(path)) : NativeText(path)) << '\n';
     return result.Completed;
   }
 
@@ -96,19 +95,14 @@ class MasterCommand {
     std::cout << CsvText(LinesOf(ComputeMeans(table, request, &m_project)));
   }
 
-  // Makes a relative path of the platform absolute; drive-letter paths are unchanged.
-  static std::string FromHere(const std::string& text) {
-    return HasDrive(text) ? text : PathText(std::filesystem::absolute(PathFromText(text)));
-  }
-
   [[nodiscard]] std::string FilePath(const std::string& text) const {
-    return m_disk.Drives().ToDrivePath(FromHere(text));
+    return m_disk.Drives().ToDrivePath(AbsolutePath(text));
   }
 
   // The destination box's text; a name alone is a file in the primary directory.
   [[nodiscard]] std::string DestinationText() const {
     const std::string& text = m_arguments.Destination;
-    return text.find('/') == std::string::npos || text.find('\\') != std::string::npos ? text : FromHere(text);
+    return text.find('/') == std::string::npos || text.find('\\') != std::string::npos ? text : AbsolutePath(text);
   }
 
   bool FillRequest(MasterRequest& request) {
@@ -119,8 +113,8 @@ class MasterCommand {
     }
     for (const Measure measure : m_arguments.Without) request.Selection.Check(measure, false);
     request.Destination = DestinationText();
-    if (m_arguments.CleanFile) request.CleanFile = FromHere(*m_arguments.CleanFile);
-    if (m_arguments.LongFile) request.LongFile = FromHere(*m_arguments.LongFile);
+    if (m_arguments.CleanFile) request.CleanFile = AbsolutePath(*m_arguments.CleanFile);
+    if (m_arguments.LongFile) request.LongFile = AbsolutePath(*m_arguments.LongFile);
     const auto count = CountSubjectFiles(m_project, m_disk, m_terminal);
     if (count.value_or(0) == 0) return false;
     request.SubjectFileCount = *count;

@@ -16,7 +16,7 @@ class NoDesktop final : public FileDialogs, public SettingsStore, public Desktop
   void ShowBusyPointer() override {}
   void RestorePointer() override {}
   void Beep() override {}
-  bool OpenFolder(const std::filesystem::path&) override { return false; }
+  bool OpenFolder(const ResolvedPath&) override { return false; }
   void ShowHelp(const std::string&, const std::string&) override {}
 };
 

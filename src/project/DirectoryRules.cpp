@@ -4,16 +4,9 @@
 
 #include <algorithm>
 
-#include "text/Encoding.h"
 #include "text/TypedText.h"
 
 namespace zova {
-
-namespace {
-
-constexpr std::string_view kBlanks = " \t";
-
-}  // namespace
 
 bool IsFileNamePart(std::string_view name) noexcept {
   if (name.empty() || name.back() == '.') return false;
@@ -28,16 +21,6 @@ bool IsWholeFileName(std::string_view name) { return IsFileNamePart(name) && IsV
 bool HasValidComponents(std::string_view path) {
   const auto components = PathComponents(path);
   return std::all_of(components.begin(), components.end(), IsWholeFileName);
-}
-
-std::string DirectoryFromText(std::string_view text, const DriveMap& drives) {
-  std::string path = drives.ToDrivePath(WithoutOuterBlanks(text));
-  if (HasDrive(path)) {
-    std::replace(path.begin(), path.end(), '/', '\\');
-    if (path.size() > 2 && path[2] != '\\') path.insert(2, 1, '\\');
-  }
-  while (!path.empty() && (path.back() == '\\' || kBlanks.find(path.back()) != std::string_view::npos)) path.pop_back();
-  return path;
 }
 
 bool WantsCreated(const std::string& directory, MessageBoxes& boxes) {

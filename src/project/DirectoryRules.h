@@ -25,10 +25,6 @@ bool IsWholeFileName(std::string_view name);
 /// False when a component of a drive-letter path is no whole file name.
 bool HasValidComponents(std::string_view path);
 
-/// The stored form of a typed or chosen directory: trimmed, native paths as drive-letter paths, without trailing
-/// backslashes and blanks ("C:\" becomes "C:"). "" and "(none)" are unchanged.
-std::string DirectoryFromText(std::string_view text, const DriveMap& drives);
-
 /// "'<directory>' Directory does not exist.  Do you wish to create it?"
 bool WantsCreated(const std::string& directory, MessageBoxes& boxes);
 /// True when the directory exists, or the user agreed and it was created with every missing level. Throws FileError.

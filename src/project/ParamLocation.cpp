@@ -59,7 +59,7 @@ void ParamLocation::Open() {
 }
 
 std::string ParamLocation::Target(const std::string& text) const {
-  const std::string directory = DirectoryFromText(text, m_platform.Files.Drives());
+  const std::string directory = m_platform.Files.Drives().StoredDirectory(text);
   if (IsNoDirectory(directory) || !HasDrive(directory)) return "";
   return ParamDirectoryIn(directory);
 }

@@ -67,7 +67,7 @@ std::optional<MessageBox> RefreshBackup(const ProjectParameters& project, const 
 // The typed directory, created if necessary; nullopt, after a message, when it cannot be the destination.
 std::optional<std::string> CheckDestination(const ProjectParameters& project, const std::string& text,
                                             const Platform& platform) {
-  const std::string directory = DirectoryFromText(text, platform.Files.Drives());
+  const std::string directory = platform.Files.Drives().StoredDirectory(text);
   if (!HasDrive(directory)) {
     Warn(platform.Boxes, kNoDrivePath);
     return std::nullopt;

@@ -241,7 +241,7 @@ void MasterFlow::WriteMasters() {
 
 void MasterFlow::NoteFiles(const MasterRunResult& result) {
   for (const auto& path : result.Written) {
-    m_lastFiles.push_back(m_platform.Files.Drives().ToDrivePath(PathText(path)));
+    m_lastFiles.push_back(m_platform.Files.Drives().ToDrivePath(NativeText(path)));
   }
 }
 
@@ -265,7 +265,7 @@ void MasterFlow::GoCombine() {
   });
   AddOlderPieces(result.Notices, m_notices);
   if (!result.Completed) return ShowMasterWarnings(m_notices, m_platform.Boxes);
-  m_lastMaster = m_platform.Files.Drives().ToDrivePath(PathText(result.Written.front()));
+  m_lastMaster = m_platform.Files.Drives().ToDrivePath(NativeText(result.Written.front()));
   NoteFiles(result);
   Finish(CombinedCreated());
 }

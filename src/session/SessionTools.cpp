@@ -48,8 +48,7 @@ void Session::OpenLastMasterFolder() {
   if (LastMaster().empty()) return;
   bool opened = true;
   WithRetry(m_platform.Boxes, [&] {
-    opened =
-        m_platform.Pointer.OpenFolder(DirectoryOf(m_platform.Files.Resolve(LastMaster(), FileOperation::List)).Native);
+    opened = m_platform.Pointer.OpenFolder(DirectoryOf(m_platform.Files.Resolve(LastMaster(), FileOperation::List)));
   });
   if (opened) return;
   Warn(m_platform.Boxes, "The folder could not be opened.", std::string(DirectoryOfPath(LastMaster())));

@@ -85,8 +85,8 @@ TEST(Exports, WhatOtherProgramsRead) {
   EXPECT_EQ(std::count(sink.Rows.begin(), sink.Rows.end(), '\n'), 2);
   EXPECT_NE(master.find(sink.Rows.substr(0, sink.Rows.find('\n')) + "\r\n"), std::string::npos);
   EXPECT_EQ(result.Written,
-            (std::vector{lab.Files.Native("C:\\Data\\AB Master.txt"), lab.Files.Native("C:\\Data\\AB Clean.csv"),
-                         lab.Files.Native("C:\\Data\\AB Long.csv")}));
+            (std::vector{lab.Files.At("C:\\Data\\AB Master.txt"), lab.Files.At("C:\\Data\\AB Clean.csv"),
+                         lab.Files.At("C:\\Data\\AB Long.csv")}));
 
   sink.Left = 1;  // gives up after the first subject
   EXPECT_FALSE(lab.Run(none).Completed);

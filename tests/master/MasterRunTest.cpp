@@ -56,7 +56,7 @@ TEST(MasterRun, ThreeSubjectsByHand) {
 
   const MasterRunResult result = lab.Run(boxes);
   EXPECT_EQ(lab.Files.Get(kMaster), header + row1 + row2 + row3);
-  EXPECT_EQ(result.Written, std::vector{lab.Files.Native(kMaster)});
+  EXPECT_EQ(result.Written, std::vector{lab.Files.At(kMaster)});
   EXPECT_EQ(lab.Bar.Shown, (std::vector{33, 66, 100}));
   EXPECT_EQ(lab.Bar.Text, "The master is 100% Complete.");
   const std::string end = ".  You should delete these subjects before analysis.";

@@ -129,8 +129,8 @@ TEST(CombinedMaster, TwoGroupsByHand) {
   ScriptedBoxes boxes;
   const MasterRunResult result = lab.Run(boxes);
   EXPECT_TRUE(result.Completed);
-  EXPECT_EQ(result.Written, std::vector{lab.Files.Native(kCombined)});
   EXPECT_EQ(result.Notices.OlderPieces, std::vector<std::string>{"AB Combined Master1.txt"});
+  EXPECT_EQ(result.Written, std::vector{lab.Files.At(kCombined)});
   EXPECT_EQ(lab.Files.Get(kCombined),
             "Sub ID's, Age, Sex, Net(Test 1), Net(Test 2), Losses(Test 1 to 2), Gains(Test 1 to 2), "
             "#OfCategoriesUsed(Test 1), #OfCategoriesUsed(Test 2), AvgItemsPerCat(Test 1), AvgItemsPerCat(Test 2)\r\n"

@@ -87,8 +87,8 @@ class CountingDesktop final : public Desktop {
   void ShowBusyPointer() override { ++Busy, ++Shown; }
   void RestorePointer() override { --Busy; }
   void Beep() override { ++Beeps; }
-  bool OpenFolder(const std::filesystem::path& directory) override {
-    Folder = directory;
+  bool OpenFolder(const ResolvedPath& directory) override {
+    Folder = directory.Native;
     return HasFileManager;
   }
   bool HandOver(const std::string& paramDir, const std::string& projectFile) override {

@@ -107,6 +107,9 @@ class Scratch {
   [[nodiscard]] std::filesystem::path Native(std::string_view drivePath) const {
     return Drives().ToNative(drivePath).value();
   }
+  [[nodiscard]] ResolvedPath At(std::string_view drivePath) const {
+    return {std::string(drivePath), Native(drivePath)};
+  }
   /// A disk of its own over the platform's own files.
   [[nodiscard]] Disk MakeDisk() { return {m_layer, Drives()}; }
   [[nodiscard]] NativeFileLayer& Layer() noexcept { return m_layer; }

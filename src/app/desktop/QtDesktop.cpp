@@ -33,8 +33,8 @@ void QtDesktop::Count(int& what, int by) {
 
 void QtDesktop::Beep() { QApplication::beep(); }
 
-bool QtDesktop::OpenFolder(const std::filesystem::path& directory) {
-  return QDesktopServices::openUrl(QUrl::fromLocalFile(ToQt(PathText(directory))));
+bool QtDesktop::OpenFolder(const ResolvedPath& directory) {
+  return QDesktopServices::openUrl(QUrl::fromLocalFile(ToQt(NativeText(directory))));
 }
 
 QtDesktop::Pause::Pause(QtDesktop& desktop) : m_desktop(desktop), m_window(WindowForDialogs()) {

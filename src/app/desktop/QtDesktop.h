@@ -20,7 +20,7 @@ class QtDesktop final : public Desktop {
   bool HandOver(const std::string& paramDir, const std::string& projectFile) override {
     return Sender && Sender(paramDir, projectFile);
   }
-  bool OpenFolder(const std::filesystem::path& directory) override;
+  bool OpenFolder(const ResolvedPath& directory) override;
 
   /// For the lifetime of a box or dialog: shows the normal pointer even when the program is busy, and restores the
   /// focus afterwards.

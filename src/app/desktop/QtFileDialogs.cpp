@@ -23,7 +23,7 @@ QStringList FilterTexts(const std::vector<FileFilter>& filters) {
 // The directory as spelt on the disk, or the dialog's default.
 QString StartDirectory(Disk& disk, const std::string& path) {
   try {
-    return ToQt(PathText(disk.Resolve(path, FileOperation::List).Native));
+    return ToQt(NativeText(disk.Resolve(path, FileOperation::List)));
   } catch (const FileError&) {
     return {};
   }

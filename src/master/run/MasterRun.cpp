@@ -61,7 +61,7 @@ class IndividualRun {
   // A device shows only when it is written to whether it takes anything: the CSV files come before the master is
   // emptied. They are named behind it.
   bool WriteHeaders() {
-    std::vector<std::filesystem::path>& written = m_context.Written;
+    std::vector<ResolvedPath>& written = m_context.Written;
     if (!m_exports.WriteHeaders()) return false;
     const auto exports = static_cast<std::ptrdiff_t>(written.size());
     m_rowCount = 0;

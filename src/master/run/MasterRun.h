@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <filesystem>
 #include <optional>
 #include <string>
 #include <vector>
@@ -45,7 +44,7 @@ struct MasterRunResult {
   bool IsMasterWhole = false;   ///< the individual master has all its rows, whatever came after it
   std::optional<int> RowCount;  ///< of the individual master; nullopt while its file is as it was
   MasterNotices Notices;
-  std::vector<std::filesystem::path> Written;  ///< each file once, in the order of writing
+  std::vector<ResolvedPath> Written;  ///< each file once, in the order of writing
 };
 
 /// Writes the individual master: the header to the destination, then one row per subject file to the master in the

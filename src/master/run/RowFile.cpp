@@ -15,17 +15,17 @@ namespace {
 
 constexpr const char* kLineEnd = "\r\n";
 
-void AddOnce(const std::filesystem::path& native, std::vector<std::filesystem::path>& written) {
-  if (std::find(written.begin(), written.end(), native) == written.end()) written.push_back(native);
+void AddOnce(const ResolvedPath& path, std::vector<ResolvedPath>& written) {
+  if (std::find(written.begin(), written.end(), path) == written.end()) written.push_back(path);
 }
 
 }  // namespace
 
 bool WriteRunFile(const std::string& path, const std::string& content, Disk& disk, MessageBoxes& boxes,
-                  std::vector<std::filesystem::path>& written) {
+                  std::vector<ResolvedPath>& written) {
   return WithRetry(boxes, [&] {
     disk.WriteInPlace(path, content);
-    AddOnce(disk.Resolve(path, FileOperation::Write).Native, written);
+    AddOnce(disk.Resolve(path, FileOperation::Write), written);
   });
 }
 
@@ -70,7 +70,7 @@ bool RowFile::AppendLine(AppendFile& file, std::string_view text) {
   m_line.assign(text);
   m_line += kLineEnd;
   if (!WithRetry(m_boxes, [&] { file.Append(m_line); })) return false;
-  if (!m_anyRow) AddOnce(file.Native(), m_written);
+  if (!m_anyRow) AddOnce(file.Path(), m_written);
   return true;
 }
 

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <filesystem>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -18,7 +17,7 @@ namespace zova {
 class RowFile {
  public:
   /// `written` gets each file once, in the order of writing.
-  RowFile(Disk& disk, MessageBoxes& boxes, std::vector<std::filesystem::path>& written)
+  RowFile(Disk& disk, MessageBoxes& boxes, std::vector<ResolvedPath>& written)
       : m_disk(disk), m_boxes(boxes), m_written(written) {}
 
   /// Overwrites the header's file and the pieces with their header lines.
@@ -35,7 +34,7 @@ class RowFile {
 
   Disk& m_disk;
   MessageBoxes& m_boxes;
-  std::vector<std::filesystem::path>& m_written;
+  std::vector<ResolvedPath>& m_written;
   RowPaths m_paths;
   int m_columnCount = 0;
   std::vector<AppendFile> m_files;  // the whole file first, then the pieces; opened by the first row
@@ -45,6 +44,6 @@ class RowFile {
 
 /// Replaces a file by `content`. False when the user cancels.
 bool WriteRunFile(const std::string& path, const std::string& content, Disk& disk, MessageBoxes& boxes,
-                  std::vector<std::filesystem::path>& written);
+                  std::vector<ResolvedPath>& written);
 
 }  // namespace zova

@@ -32,7 +32,7 @@ struct RunContext {
   Disk& Files;
   MessageBoxes& Boxes;
 
-  std::vector<std::filesystem::path> Written;  ///< each file once
+  std::vector<ResolvedPath> Written;  ///< each file once
   SubjectReader Subjects;
   RowFile Master;
   PercentProgress Bar;

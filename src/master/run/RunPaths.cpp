@@ -22,9 +22,8 @@ namespace {
 std::string ResolveFile(const std::string& text, std::string_view name, const ProjectParameters& project,
                         const DriveMap& drives) {
   const std::string_view typed = WithoutOuterBlanks(text);
-  std::string path = drives.ToDrivePath(typed);
+  std::string path = FromDriveRoot(drives.ToDrivePath(typed));
   const bool hasDrive = HasDrive(path);
-  if (hasDrive && path.find_first_of("\\/") != 2) path.insert(2, "\\");
   const bool isDirectory =
       typed.empty() || typed.ends_with('\\') || typed.ends_with('/') || (hasDrive && path.size() == 3);
   const bool isBelowPrimary = !hasDrive && !path.starts_with('/') && path.find('\\') == std::string::npos;

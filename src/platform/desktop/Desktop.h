@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <filesystem>
 #include <string>
+
+#include "platform/files/ResolvedPath.h"
 
 namespace zova {
 
@@ -18,8 +19,8 @@ class Desktop {
     static_cast<void>(paramDir), static_cast<void>(projectFile);
     return false;
   }
-  /// Opens a directory (a native path) in the system's file manager. False when that fails.
-  virtual bool OpenFolder(const std::filesystem::path& directory) = 0;
+  /// Opens a directory in the system's file manager. False when that fails.
+  virtual bool OpenFolder(const ResolvedPath& directory) = 0;
 };
 
 /// The progress of a long run.

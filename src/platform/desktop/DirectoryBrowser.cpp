@@ -3,7 +3,6 @@
 #include "platform/desktop/DirectoryBrowser.h"
 
 #include <algorithm>
-#include <iterator>
 #include <optional>
 #include <system_error>
 #include <utility>
@@ -50,9 +49,11 @@ std::string Joined(char letter, const Components& parts) {
 
 // Replaces the names by their spelling on the disk. The lookup keeps the number of components.
 void UseDiskSpelling(Disk& disk, char letter, Components& parts) {
-  const std::filesystem::path native = disk.Resolve(Joined(letter, parts), FileOperation::List).Native;
-  auto inNative = std::prev(native.end(), static_cast<std::ptrdiff_t>(parts.size()));
-  for (std::string& part : parts) part = PathText(*inNative++);
+  ResolvedPath path = disk.Resolve(Joined(letter, parts), FileOperation::List);
+  for (auto part = parts.rbegin(); part != parts.rend(); ++part) {
+    *part = NameOf(path);
+    path = DirectoryOf(path);
+  }
 }
 
 }  // namespace

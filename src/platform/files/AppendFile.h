@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstdint>
-#include <filesystem>
 #include <memory>
 #include <optional>
 #include <string_view>
@@ -22,7 +21,7 @@ class AppendFile {
   void TakeBack();
   /// Throws FileError for a fault that only closing reveals. The next Append opens the file again.
   void Close();
-  [[nodiscard]] const std::filesystem::path& Native() const noexcept { return m_path.Native; }
+  [[nodiscard]] const ResolvedPath& Path() const noexcept { return m_path; }
 
  private:
   void CutBack();

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <cstdlib>
 
+#include "text/TypedText.h"
+
 namespace zova {
 
 namespace {
@@ -106,6 +108,13 @@ std::string DriveMap::ToDrivePath(std::string_view path) const {
   }
   if (out.size() == 2) out += '\\';
   return out;
+}
+
+std::string DriveMap::StoredDirectory(std::string_view text) const {
+  std::string path = FromDriveRoot(ToDrivePath(WithoutOuterBlanks(text)));
+  if (HasDrive(path)) std::replace(path.begin(), path.end(), '/', '\\');
+  path.resize(path.find_last_not_of("\\ \t") + 1);
+  return path;
 }
 
 }  // namespace zova

@@ -37,6 +37,11 @@ class DriveMap {
   /// is unchanged.
   [[nodiscard]] std::string ToDrivePath(std::string_view path) const;
 
+  /// The stored form of a typed or chosen directory: trimmed, native paths as drive-letter paths, these with
+  /// backslashes alone, and without trailing backslashes and blanks ("C:\" becomes "C:"). "" and "(none)" are
+  /// unchanged.
+  [[nodiscard]] std::string StoredDirectory(std::string_view text) const;
+
   [[nodiscard]] const std::vector<Drive>& Drives() const noexcept { return m_drives; }
 
  private:

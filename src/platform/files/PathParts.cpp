@@ -26,6 +26,10 @@ std::filesystem::path PathFromText(std::string_view text) {
   return {std::u8string(reinterpret_cast<const char8_t*>(text.data()), text.size())};
 }
 
+std::string AbsolutePath(std::string_view path) {
+  return HasDrive(path) ? std::string(path) : PathText(std::filesystem::absolute(PathFromText(path)));
+}
+
 std::string JoinPath(std::string_view directory, std::string_view name) {
   const char separator = IsNative(directory) ? '/' : '\\';
   std::string path(directory);
@@ -60,6 +64,11 @@ std::vector<std::string_view> PathComponents(std::string_view path) {
 bool HasDrive(std::string_view path) noexcept { return path.size() >= 2 && path[1] == ':' && path[0] != '/'; }
 
 std::string DriveRoot(std::string_view path) { return std::string(path.substr(0, 2)) + '\\'; }
+
+std::string FromDriveRoot(std::string path) {
+  if (HasDrive(path) && path.find_first_of("\\/") != 2) path.insert(2, 1, '\\');
+  return path;
+}
 
 bool IsDeviceName(std::string_view name) {
   name = name.substr(0, name.find_first_of(".:"));

@@ -16,6 +16,9 @@ namespace zova {
 std::string PathText(const std::filesystem::path& path);
 std::filesystem::path PathFromText(std::string_view text);
 
+/// Makes a relative path of the platform absolute, from the current directory. A path with a drive is unchanged.
+std::string AbsolutePath(std::string_view path);
+
 /// Puts one separator between them, also after a root ("C:\", "/").
 std::string JoinPath(std::string_view directory, std::string_view name);
 /// What follows the last separator, and what precedes it (without the separator, except for the root "/").
@@ -30,6 +33,8 @@ std::vector<std::string_view> PathComponents(std::string_view path);
 bool HasDrive(std::string_view path) noexcept;
 /// "C:\" for a path with a drive.
 std::string DriveRoot(std::string_view path);
+/// Inserts the separator that "C:" and "C:name" lack after the drive; any other path is unchanged.
+std::string FromDriveRoot(std::string path);
 
 /// True for a name that Windows takes for a device, with any ending: CON, NUL, COM1 and their kind.
 bool IsDeviceName(std::string_view name);

@@ -15,6 +15,12 @@ struct ResolvedPath {
   std::filesystem::path Native;  ///< the platform's path, in the disk's spelling
 };
 
+/// Compares the places alone, however the callers spelt them.
+inline bool operator==(const ResolvedPath& left, const ResolvedPath& right) { return left.Native == right.Native; }
+
+/// The platform's path in UTF-8.
+inline std::string NativeText(const ResolvedPath& path) { return PathText(path.Native); }
+
 /// The entry of exactly this name in a resolved directory.
 inline ResolvedPath Below(const ResolvedPath& directory, std::string_view name) {
   return {JoinPath(directory.Shown, name), directory.Native / PathFromText(name)};

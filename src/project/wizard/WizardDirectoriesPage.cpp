@@ -60,12 +60,12 @@ WizardFault CheckPair(const std::string& primary, const std::string& backup, con
 WizardFault LeaveDirectoriesPage(WizardState& state, const Platform& platform) {
   const DriveMap& drives = platform.Files.Drives();
   std::string& primary = state.Entries.Text(WizardBox::Primary);
-  primary = DirectoryFromText(primary, drives);
+  primary = drives.StoredDirectory(primary);
   if (IsNoDirectory(primary)) return Refuse(platform, "You must have a primary path.", WizardBox::Primary);
   if (auto fault = CheckDirectory(WizardBox::Primary, kInvalidPrimary, state, platform)) return fault;
 
   std::string& backup = state.Entries.Text(WizardBox::Backup);
-  backup = DirectoryFromText(backup, drives);
+  backup = drives.StoredDirectory(backup);
   if (IsNoDirectory(backup)) {
     backup = kNoDirectory;
   } else {
