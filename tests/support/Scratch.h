@@ -61,18 +61,28 @@ inline void LinkFile(const std::filesystem::path& target, const std::filesystem:
 #endif
 }
 
-/// A symbolic link to a directory, or a junction on Windows. Wine makes no junctions, but it shows a symbolic link of
-/// the system below it as one, and runs that system's programs.
+#ifdef _WIN32
+/// Wine makes and removes no junctions, but it shows a symbolic link of the system below it as one, and runs that
+/// system's programs, without waiting for them. False on Windows itself.
+inline bool RunBelowWine(const std::wstring& program, const wchar_t* option, const std::filesystem::path& path,
+                         const std::filesystem::path& other = {}) {
+  const std::wstring file = L"Z:\\bin\\" + program;
+  if (!std::filesystem::exists(file)) return false;
+  const auto below = [](const std::filesystem::path& p) {
+    return p.empty() ? L"" : L'"' + p.generic_wstring().substr(2) + L'"';
+  };
+  _wspawnl(_P_WAIT, file.c_str(), program.c_str(), option, below(path).c_str(), below(other).c_str(), nullptr);
+  return true;
+}
+#endif
+
+/// A symbolic link to a directory, or a junction on Windows.
 inline void LinkDirectory(const std::filesystem::path& target, const std::filesystem::path& link) {
 #ifdef _WIN32
-  const wchar_t* const ln = L"Z:\\bin\\ln";
-  const auto below = [](const std::filesystem::path& path) { return L'"' + path.generic_wstring().substr(2) + L'"'; };
-  if (std::filesystem::exists(ln)) {
-    _wspawnl(_P_WAIT, ln, L"ln", L"-s", below(target).c_str(), below(link).c_str(), nullptr);
-  } else {
+  if (!RunBelowWine(L"ln", L"-s", target, link)) {
     _wspawnlp(_P_WAIT, L"cmd", L"cmd", L"/c", L"mklink", L"/J", link.c_str(), target.c_str(), nullptr);
   }
-  const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(20);  // Wine does not wait for "ln"
+  const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(20);
   while (!std::filesystem::exists(link) && std::chrono::steady_clock::now() < end) continue;
   ASSERT_TRUE(std::filesystem::exists(link)) << link;
 #else
@@ -97,6 +107,9 @@ class Scratch {
       }
     }
     std::filesystem::remove_all(m_root, ignored);
+#ifdef _WIN32
+    if (std::filesystem::exists(m_root)) RunBelowWine(L"rm", L"-rf", m_root);  // a link is left
+#endif
   }
   Scratch(const Scratch&) = delete;
   Scratch& operator=(const Scratch&) = delete;

@@ -12,6 +12,7 @@
 
 #include "platform/files/FileFaults.h"
 #include "platform/files/FilePlace.h"
+#include "platform/files/PathLookup.h"
 #include "text/Encoding.h"
 #include "text/TypedText.h"
 
@@ -87,32 +88,20 @@ auto Disk::Guarded(FileOperation operation, const ResolvedPath& path, Call&& cal
   }
 }
 
-fs::path Disk::ResolveBelow(fs::path base, const fs::path& rest) {
-  for (const fs::path& part : rest) {
-    const fs::path exact = base / part;
-    if (m_layer.Kind(exact) == EntryKind::Missing && m_layer.Kind(base) == EntryKind::Directory) {
-      const std::string wanted = PathText(part);
-      std::string best;
-      for (const DirectoryEntry& entry : m_layer.List(base)) {
-        if (EqualsIgnoringCase(entry.Name, wanted) && (best.empty() || entry.Name < best)) best = entry.Name;
-      }
-      base /= best.empty() ? part : PathFromText(best);
-    } else {
-      base = exact;
-    }
-  }
-  return base;
+std::optional<ResolvedPath> Disk::ResolveIfReady(std::string_view path, FileOperation operation) {
+  const auto native = m_drives.ToNative(path);
+  if (!native) return std::nullopt;
+  ResolvedPath resolved{std::string(path), *native};
+  const auto found = Guarded(operation, resolved, [&] { return LookUp(m_layer, *native); });
+  if (!found) return std::nullopt;
+  resolved.Native = *found;
+  return resolved;
 }
 
 ResolvedPath Disk::Resolve(std::string_view path, FileOperation operation) {
-  const auto native = m_drives.ToNative(path);
-  if (!native) throw FileError(operation, std::string(path), FileCause::PathNotFound);
-  ResolvedPath resolved{std::string(path), *native};
-  Guarded(operation, resolved, [&] {
-    if (m_layer.Kind(*native) != EntryKind::Missing) return;
-    resolved.Native = ResolveBelow(native->root_path(), native->relative_path());
-  });
-  return resolved;
+  auto resolved = ResolveIfReady(path, operation);
+  if (!resolved) throw FileError(operation, std::string(path), FileCause::PathNotFound);
+  return *std::move(resolved);
 }
 
 ResolvedPath Disk::ResolveLinks(const ResolvedPath& path, FileOperation operation) {
@@ -120,8 +109,9 @@ ResolvedPath Disk::ResolveLinks(const ResolvedPath& path, FileOperation operatio
 }
 
 bool Disk::IsSame(std::string_view left, std::string_view right) {
-  if (!m_drives.ToNative(left) || !m_drives.ToNative(right)) return EqualsIgnoringCase(left, right);
-  return IsSame(Resolve(left, FileOperation::Read), Resolve(right, FileOperation::Read));
+  const auto one = ResolveIfReady(left, FileOperation::Read);
+  const auto other = ResolveIfReady(right, FileOperation::Read);
+  return one && other ? IsSame(*one, *other) : EqualsIgnoringCase(left, right);
 }
 
 bool Disk::IsSame(const ResolvedPath& left, const ResolvedPath& right) {
@@ -129,10 +119,10 @@ bool Disk::IsSame(const ResolvedPath& left, const ResolvedPath& right) {
 }
 
 bool Disk::LiesInside(std::string_view inner, std::string_view outer) {
-  if (!m_drives.ToNative(inner) || !m_drives.ToNative(outer)) return false;
-  const ResolvedPath place = Resolve(inner, FileOperation::Read);
-  const ResolvedPath other = Resolve(outer, FileOperation::Read);
-  return Guarded(FileOperation::Read, place, [&] { return LiesBelow(m_layer, place.Native, other.Native); });
+  const auto place = ResolveIfReady(inner, FileOperation::Read);
+  const auto other = ResolveIfReady(outer, FileOperation::Read);
+  if (!place || !other) return false;
+  return Guarded(FileOperation::Read, *place, [&] { return LiesBelow(m_layer, place->Native, other->Native); });
 }
 
 std::vector<std::string> Disk::NamesOf(const ResolvedPath& file, const ResolvedPath& directory) {
@@ -165,13 +155,13 @@ EntryKind Disk::Kind(const ResolvedPath& path, FileOperation operation) {
 }
 
 bool Disk::FileExists(std::string_view path) {
-  if (!m_drives.ToNative(path)) return false;
-  return Kind(Resolve(path, FileOperation::Read), FileOperation::Read) == EntryKind::File;
+  const auto file = ResolveIfReady(path, FileOperation::Read);
+  return file && Kind(*file, FileOperation::Read) == EntryKind::File;
 }
 
 bool Disk::DirectoryExists(std::string_view path) {
-  if (!m_drives.ToNative(path)) return false;
-  return Kind(Resolve(path, FileOperation::List), FileOperation::List) == EntryKind::Directory;
+  const auto directory = ResolveIfReady(path, FileOperation::List);
+  return directory && Kind(*directory, FileOperation::List) == EntryKind::Directory;
 }
 
 void Disk::Read(std::string_view path, std::string& content) { Read(Resolve(path, FileOperation::Read), content); }

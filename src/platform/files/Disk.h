@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -93,8 +94,8 @@ class Disk {
 
   std::vector<std::string> ListEntries(EntryKind kind, std::string_view directory, std::string_view prefix,
                                        std::string_view suffix);
-
-  std::filesystem::path ResolveBelow(std::filesystem::path base, const std::filesystem::path& rest);
+  // nullopt for a drive that is not ready.
+  std::optional<ResolvedPath> ResolveIfReady(std::string_view path, FileOperation operation);
   void RemoveLeftoversIn(const std::filesystem::path& directory);
   void CreateFlushed(const std::filesystem::path& directory);
   void Write(const ResolvedPath& path, std::string_view content, Durability durability, Leftovers leftovers);

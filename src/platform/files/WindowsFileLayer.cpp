@@ -9,8 +9,8 @@
 #include <string_view>
 #include <system_error>
 
-#include "platform/files/DriveMap.h"
 #include "platform/files/FileLayer.h"
+#include "platform/files/PathLookup.h"
 #include "platform/files/PathParts.h"
 #include "platform/files/WindowsFiles.h"
 
@@ -41,16 +41,24 @@ EntryKind KindOf(DWORD attributes) noexcept {
   return (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0 ? EntryKind::Directory : EntryKind::File;
 }
 
-WindowsHandle Open(const fs::path& path, DWORD access, DWORD disposition, DWORD sharing = kShareAll) {
+// Windows reports a name that is too long as an invalid or a missing one.
+[[noreturn]] void ThrowLastErrorOf(const fs::path& path) {
+  constexpr std::size_t kLongestName = 255;
+  if (path.filename().native().size() > kLongestName) Throw(std::errc::filename_too_long);
+  ThrowLastError();
+}
+
+WindowsHandle Open(const fs::path& path, DWORD access, DWORD disposition) {
   const HANDLE handle =
-      CreateFileW(WindowsName(path).c_str(), access, sharing, nullptr, disposition, FILE_ATTRIBUTE_NORMAL, nullptr);
-  if (handle == INVALID_HANDLE_VALUE) ThrowLastError();
+      CreateFileW(WindowsName(path).c_str(), access, kShareAll, nullptr, disposition, FILE_ATTRIBUTE_NORMAL, nullptr);
+  if (handle == INVALID_HANDLE_VALUE) ThrowLastErrorOf(path);
   return WindowsHandle(handle);
 }
 
 class WindowsOutputFile final : public OutputFile {
  public:
-  explicit WindowsOutputFile(WindowsHandle file) : m_file(std::move(file)) {}
+  explicit WindowsOutputFile(WindowsHandle file, WindowsHandle hold = nullptr)
+      : m_hold(std::move(hold)), m_file(std::move(file)) {}
 
   void Write(std::string_view bytes) override {
     constexpr std::size_t kMostAtOnce = 1UL << 30U;
@@ -68,12 +76,12 @@ class WindowsOutputFile final : public OutputFile {
   }
 
  private:
+  WindowsHandle m_hold;  // keeps RemoveUnlocked away after Close, too
   WindowsHandle m_file;
 };
 
-std::unique_ptr<OutputFile> OpenOutput(const fs::path& path, DWORD access, DWORD disposition,
-                                       DWORD sharing = kShareAll) {
-  return std::make_unique<WindowsOutputFile>(Open(path, access, disposition, sharing));
+std::unique_ptr<OutputFile> OpenOutput(const fs::path& path, DWORD access, DWORD disposition) {
+  return std::make_unique<WindowsOutputFile>(Open(path, access, disposition));
 }
 
 // Without ".", "..", "/" and the current directory, worked out by the text alone, as Windows does.
@@ -191,7 +199,7 @@ fs::path NativeFileLayer::RealPath(const fs::path& path) {
   fs::path existing = FullName(path);
   std::vector<fs::path> missing;
   WindowsHandle handle = OpenForFacts(WindowsName(existing));
-  while (!handle && existing.has_relative_path()) {
+  for (const fs::path root = RootOf(existing); !handle && existing != root;) {
     missing.push_back(existing.filename());
     existing = existing.parent_path();
     handle = OpenForFacts(WindowsName(existing));
@@ -237,7 +245,8 @@ std::vector<DirectoryEntry> NativeFileLayer::List(const fs::path& directory) {
 }
 
 std::unique_ptr<OutputFile> NativeFileLayer::Create(const fs::path& path) {
-  return OpenOutput(path, GENERIC_WRITE, CREATE_NEW, FILE_SHARE_READ | FILE_SHARE_WRITE);
+  WindowsHandle file = Open(path, GENERIC_WRITE, CREATE_NEW);
+  return std::make_unique<WindowsOutputFile>(std::move(file), Open(path, GENERIC_READ, OPEN_EXISTING));
 }
 
 std::unique_ptr<OutputFile> NativeFileLayer::Append(const fs::path& path) {
@@ -296,15 +305,19 @@ void NativeFileLayer::Remove(const fs::path& path) {
   Require(KindOf(attributes) == EntryKind::Directory ? RemoveDirectoryW(name.c_str()) : DeleteFileW(name.c_str()));
 }
 
-// A file that its writer has open is shared for everything but deleting.
-void NativeFileLayer::RemoveUnlocked(const fs::path& path) { Remove(path); }
+// Opened without sharing, which fails while a writer has the file open, and deleted when it is closed.
+void NativeFileLayer::RemoveUnlocked(const fs::path& path) {
+  const HANDLE file = CreateFileW(WindowsName(path).c_str(), DELETE, 0, nullptr, OPEN_EXISTING,
+                                  FILE_FLAG_DELETE_ON_CLOSE | FILE_FLAG_OPEN_REPARSE_POINT, nullptr);
+  if (file != INVALID_HANDLE_VALUE) CloseHandle(file);
+}
 
 void NativeFileLayer::CreateDirectory(const fs::path& path) {
   if (CreateDirectoryW(WindowsName(path).c_str(), nullptr) != 0) return;
   const DWORD error = GetLastError();
   if (error == ERROR_ALREADY_EXISTS && Kind(path) == EntryKind::Directory) return;
   SetLastError(error);
-  ThrowLastError();
+  ThrowLastErrorOf(path);
 }
 
 }  // namespace zova
