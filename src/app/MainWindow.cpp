@@ -145,6 +145,9 @@ void MainWindow::Run(const std::function<void(Session&)>& act) {
 void MainWindow::Refresh() {
   m_menus.Refresh();
   setWindowTitle(m_session.OpenedProject() ? ToQt(m_session.ProjectCaption() + " - ZOVA") : "ZOVA");
+  if (m_session.OpenedProject()) {
+    for (Panel* panel : m_panels->findChildren<Panel*>()) panel->ShowProjectName(m_session.ProjectCaption());
+  }
   Panel* panel = PanelOf(m_session.Shown());
   if (panel == m_panels->currentWidget()) {
     panel->Refresh();

@@ -51,8 +51,6 @@ void MasterFlow::Show(Stage stage) {
   if (m_observer) m_observer();
 }
 
-std::string MasterFlow::ProjectName() const { return m_project ? ProjectTitle(*m_project) : ""; }
-
 bool MasterFlow::Open(const ProjectParameters& project) {
   const auto count = CountSubjectFiles(project, m_platform.Files, m_platform.Boxes);
   if (!count || *count == 0) return false;

@@ -27,8 +27,6 @@ class MasterFlow {
   /// Counts the subject files; false, after a message, without any. `project` must outlive the flow's screens.
   bool Open(const ProjectParameters& project);
   [[nodiscard]] Stage CurrentStage() const noexcept { return m_stage; }
-  /// The title of the project of the last opening.
-  [[nodiscard]] std::string ProjectName() const;
 
   /// After a run that stopped in the individual master: how many subjects that holds; else "".
   [[nodiscard]] const std::string& StatusLine() const noexcept { return m_statusLine; }

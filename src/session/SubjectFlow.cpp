@@ -34,13 +34,17 @@ void SubjectFlow::LoadTypedSubject() { OpenEntry(m_identification.LoadTyped()); 
 
 void SubjectFlow::BrowseSubject() { OpenEntry(m_identification.Browse()); }
 
-void SubjectFlow::CancelIdentification() { Show(Stage::Closed); }
+void SubjectFlow::CancelIdentification() {
+  m_identification.Leave();
+  Show(Stage::Closed);
+}
 
 void SubjectFlow::OpenEntry(SubjectIdentification::Outcome outcome) {
   if (outcome != SubjectIdentification::Outcome::OpenEntry) return;
   // Puts an interrupted subject aside, unless restored or put aside already, before the next autosave replaces it.
   if (m_keepsAutosave && !WithRetry(m_platform.Boxes, [&] { KeepAutosaveFile(m_platform.Files, m_paramDir); })) return;
   m_keepsAutosave = false;
+  m_identification.Leave();
   m_entry.Open(*m_project, m_paramDir);
   Show(Stage::Entry);
 }

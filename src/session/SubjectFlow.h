@@ -23,8 +23,6 @@ class SubjectFlow {
   void SetObserver(std::function<void()> observer) { m_observer = std::move(observer); }
 
   [[nodiscard]] Stage CurrentStage() const noexcept { return m_stage; }
-  /// The title of the project last opened.
-  [[nodiscard]] std::string ProjectName() const { return m_project ? ProjectTitle(*m_project) : ""; }
   SubjectIdentification& Identification() noexcept { return m_identification; }
   [[nodiscard]] const SubjectIdentification& Identification() const noexcept { return m_identification; }
   SubjectEntry& Entry() noexcept { return m_entry; }

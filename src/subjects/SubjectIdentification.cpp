@@ -74,6 +74,11 @@ void SubjectIdentification::Open(Purpose purpose, const ProjectParameters& proje
   GoTo(1);
 }
 
+void SubjectIdentification::Leave() {
+  m_subjectText.clear();
+  GoTo(1);
+}
+
 std::string SubjectIdentification::Heading() const { return kTexts[static_cast<std::size_t>(m_purpose)][0]; }
 std::string SubjectIdentification::Instruction() const { return kTexts[static_cast<std::size_t>(m_purpose)][1]; }
 

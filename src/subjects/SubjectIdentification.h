@@ -20,6 +20,8 @@ class SubjectIdentification {
 
   /// Step 1 with empty boxes. `project` must outlive the screen.
   void Open(Purpose purpose, const ProjectParameters& project, const std::string& paramDir);
+  /// Empties the boxes; the record stays.
+  void Leave();
 
   [[nodiscard]] Purpose CurrentPurpose() const noexcept { return m_purpose; }
   [[nodiscard]] std::string Heading() const;      ///< "Subject Information", "Read Old Data" or "Unfinished Business"

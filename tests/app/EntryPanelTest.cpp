@@ -132,6 +132,15 @@ TEST_F(EntryPanelTest, TheFocusComesBackFromEveryButtonAndTheGrid) {
   EXPECT_TRUE(Find()->hasFocus());
 }
 
+TEST_F(EntryPanelTest, ALongNameLeavesTheButtonsInSight) {
+  Start();
+  m_panel->ShowProjectName(std::string(200, 'W'));
+  Find<QLabel>("lblThisOne")->setText("Subject: " + QString(200, 'W'));
+  const auto canBeRead = [this] { return Find<QLabel>("lblThisOne")->height() > 3 * m_panel->fontMetrics().height(); };
+  EXPECT_TRUE(QTest::qWaitFor(canBeRead));
+  EXPECT_LE(m_panel->minimumSizeHint().width(), 640);
+}
+
 TEST_F(EntryPanelTest, TellsTheViewOfChangedLinesAloneAndKeepsTheCursorInSight) {
   Start(999);
   const auto* table = Find<QTableView>("grdInput");

@@ -113,6 +113,9 @@ TEST_F(MainWindowTest, EntriesAndPanelFollowTheSession) {
   }
   QTest::mouseClick(Button("cmdOpen"), Qt::LeftButton);
   EXPECT_EQ(Button("cmdOpen")->text().remove('&'), "Change Project");
+  const auto names = m_window.findChildren<QLabel*>("lblProjectName");
+  EXPECT_EQ(names.size(), 7);
+  for (const QLabel* name : names) EXPECT_EQ(name->text(), "Project: Example");
   EXPECT_TRUE(Entry("mnuSkip")->isEnabled());
   Entry("mnuautosave")->trigger();
   EXPECT_FALSE(Entry("mnuautosave")->isChecked() || m_session->Chosen().Autosave);
@@ -195,6 +198,19 @@ TEST_F(MainWindowTest, AnExceptionInACommandBecomesABoxWithTheSubjectSecuredAndT
   fail([] { throw FileError(FileOperation::List, "C:\\Data", FileCause::PathNotFound); });
   EXPECT_TRUE(m_scratch.Has("C:\\Param\\Temp.txt"));
   EXPECT_TRUE(m_window.findChild<QWidget*>("fraInput")->isVisible());
+  const auto captions = [this] {
+    QString all;
+    for (const char* name : {"lblTUpdate", "cmdDone", "lblThisOne", "txtSub"}) {
+      all += m_window.findChild<QWidget*>(name)->property("text").toString() + '/';
+    }
+    return all.remove('&').toStdString();
+  };
+  Button("cmdDone")->click();
+  EXPECT_EQ(captions(), "Test 2/Done with Test 2/Project: Example\nSubject: 7//");
+  Boxes.Expect(
+      {.Text = "You will lose all unsaved changes.  Are you sure that you want to do this?", .Answer = BoxAnswer::Yes});
+  Button("cmdSubCancel")->click();
+  EXPECT_EQ(captions(), "Test 1/Done with Test 1///") << "hidden";
   application.SetFaultHandler({});
 }
 

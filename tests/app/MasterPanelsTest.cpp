@@ -87,7 +87,6 @@ class MasterPanelsTest : public ::testing::Test {
 };
 
 TEST_F(MasterPanelsTest, KeysReachTheOptionsAndTheMeasures) {
-  EXPECT_EQ(Text("lblProjectName"), "Project: Recall");
   QMetaObject::invokeMethod(Find("drvMasterDest"), "activated", Q_ARG(int, 0));
   EXPECT_EQ(Text("txtMasterDest"), "C:\\Data\\AB Master.txt") << "of the drive that is shown";
   Find("drvMasterDest")->setFocus();

@@ -15,6 +15,7 @@
 #include "app/widgets/Controls.h"
 #include "app/widgets/GridBox.h"
 #include "app/widgets/GridTable.h"
+#include "app/widgets/NameLabel.h"
 #include "session/SubjectFlow.h"
 
 namespace zova {
@@ -40,7 +41,7 @@ EntryPanel::EntryPanel(SubjectFlow& subjects)
       m_grdInput(new GridTable("grdInput", subjects.Entry().Grid().Cells())),
       m_txtInput(new GridBox("txtInput", subjects.Entry().Grid().Cells())),
       m_lblTUpdate(MakeLabel("lblTUpdate", {})),
-      m_lblThisOne(MakeLabel("lblThisOne", {})),
+      m_lblThisOne(new NameLabel("lblThisOne")),
       m_lblLimitNote(MakeLabel("lblLimitNote", {})),
       m_side(MakeSide()),
       m_tmrAutoSave(Named(new QTimer(this), "tmrAutoSave")) {
@@ -69,6 +70,7 @@ EntryPanel::EntryPanel(SubjectFlow& subjects)
     ++m_waitingTicks;
     ActOnTicks();
   });
+  ShowState();
 }
 
 QWidget* EntryPanel::MakeEntry() {
@@ -111,20 +113,19 @@ QScrollArea* EntryPanel::MakeSide() {
 
 void EntryPanel::ShowState() {
   FollowTimer();
-  SubjectEntry& entry = m_subjects.Entry();
-  if (!entry.IsOpen()) return;
-  m_grdInput->Refresh();
-  m_txtInput->Refresh();
+  const SubjectEntry& entry = m_subjects.Entry();
   m_lblTUpdate->setText(ToQt(entry.TestCaption()));
   // The only free letter that "Done with Test 1" and "Review" share.
   QString done = ToQt(entry.DoneCaption());
   m_cmdDone->setText(done.insert(done.indexOf(u'w'), u'&'));
+  m_lblThisOne->setText(ToQt(entry.SubjectCaption()));
+  if (!entry.IsOpen()) return;
+  m_grdInput->Refresh();
+  m_txtInput->Refresh();
   m_framinbump->setVisible(entry.KeepsMinutes());
   m_framinbump->setEnabled(entry.KeepsMinutes());
-  m_lblThisOne->setText(ToQt(entry.SubjectCaption()));
   m_lblLimitNote->setText(ToQt(entry.LimitNote()));
   m_lblLimitNote->setVisible(!entry.LimitNote().empty());
-  ShowProjectName(m_subjects.ProjectName());
 }
 
 void EntryPanel::PlaceCursor() { m_txtInput->setFocus(); }
@@ -147,12 +148,6 @@ void EntryPanel::ActOnTicks() {
   Act([this] {
     for (; m_waitingTicks > 0; --m_waitingTicks) m_subjects.Entry().Tick();
   });
-}
-
-// A subject that is left is not refreshed again.
-void EntryPanel::hideEvent(QHideEvent* event) {
-  Panel::hideEvent(event);
-  FollowTimer();
 }
 
 // Keys that a button ignores: digits go to the box, and Escape returns the focus to it.

@@ -25,7 +25,6 @@ class EntryPanel : public Panel {
  protected:
   void ShowState() override;
   void PlaceCursor() override;
-  void hideEvent(QHideEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
 

@@ -46,7 +46,6 @@ GroupPanel::GroupPanel(MasterFlow& flow)
 
 void GroupPanel::ShowState() {
   if (m_flow.CurrentStage() != MasterFlow::Stage::GroupDetails) return;
-  ShowProjectName(m_flow.ProjectName());
   ShowText(m_txtPerGroup, m_flow.Options().PerGroupText());
   m_lblGroupsPreview->setText(ToQt(m_flow.GroupsPreview()));
   const QSignalBlocker quiet(m_lstVarName);

@@ -66,7 +66,6 @@ void IdentificationPanel::ShowState() {
     label->setText(ToQt((m_rules.*text)()));
     label->setVisible(!label->text().isEmpty());
   }
-  ShowProjectName(m_subjects.ProjectName());
   ShowText(m_txtSub, m_rules.SubjectText());
   ShowText(m_txtInfo, m_rules.LevelText());
   const bool asksIdentifier = m_rules.AsksIdentifier();

@@ -15,6 +15,7 @@
 #include <algorithm>
 
 #include "app/widgets/Controls.h"
+#include "app/widgets/NameLabel.h"
 #include "session/QuickHelp.h"
 
 namespace zova {
@@ -93,7 +94,7 @@ MainPanel::MainPanel(const Session& session, RunCommand run)
 
 QWidget* MainPanel::MakeProjectGroup() {
   auto* group = Named(new QGroupBox("Current Project"), "fraCurrentProject");
-  m_currentProject = MakeLabel("lblCurrentProject", {});
+  m_currentProject = new NameLabel("lblCurrentProject");
   m_open = MakeButton("cmdOpen", {});
   m_open->setIcon(QIcon(":/icons/open.svg"));
   m_open->setIconSize(QSize(1, 1) * m_open->fontMetrics().height() * 3 / 2);
@@ -139,7 +140,7 @@ QGroupBox* MainPanel::MakeProjectsGroup() {
 
 QGroupBox* MainPanel::MakeLastMasterGroup() {
   auto* group = Named(new QGroupBox("Last Master"), "fraLastMaster");
-  m_lastMasterPath = MakeLabel("lblLastMaster", {});
+  m_lastMasterPath = new NameLabel("lblLastMaster");
   m_lastMasterPath->setTextInteractionFlags(Qt::TextSelectableByMouse);
   QPushButton* open = MakeButton("cmdLastMaster", "Open Fol&der");
   connect(open, &QPushButton::clicked, this, [this] { m_run(&Session::OpenLastMasterFolder); });

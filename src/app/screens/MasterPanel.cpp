@@ -82,7 +82,6 @@ void MasterPanel::ConnectBox(QCheckBox* box, bool MasterOptions::*option) {
 
 void MasterPanel::ShowState() {
   const MasterOptions& options = m_flow.Options();
-  ShowProjectName(m_flow.ProjectName());
   const bool isWriting = m_flow.CurrentStage() == MasterFlow::Stage::Writing;
   m_progress->setVisible(isWriting);
   m_progress->ShowProgress();  // before a box of the run, say

@@ -216,7 +216,6 @@ void MeansPanel::ShowChosen() {
 }
 
 void MeansPanel::ShowState() {
-  ShowProjectName(m_session.ProjectCaption());
   m_lblMeansFile->setText(ToQt(m_rules.FileLine()));
   m_lblMeansNote->setText(ToQt(m_rules.NoteLine()));
   m_lblMeansNote->setVisible(!m_lblMeansNote->text().isEmpty());

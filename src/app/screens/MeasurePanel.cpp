@@ -59,7 +59,6 @@ void MeasurePanel::AddBox(QGroupBox& frame, const MeasureBox& measure) {
 }
 
 void MeasurePanel::ShowState() {
-  ShowProjectName(m_flow.ProjectName());
   const MeasureSelection& selection = m_flow.Options().Selection;
   for (const auto& [box, measure] : m_boxes) {
     box->setEnabled(selection.IsEnabled(measure));

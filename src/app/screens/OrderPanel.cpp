@@ -55,7 +55,6 @@ void OrderPanel::Arrange() {
 
 void OrderPanel::ShowState() {
   const OrderEditor& order = m_flow.Order();
-  ShowProjectName(m_flow.ProjectName());
   m_lblOrderTitle->setText(ToQt(order.Title()));
   m_grdOrder->Refresh();
   m_txtOrder->Refresh();

@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/widgets/Panel.h"
 
+#include <QHideEvent>
 #include <QKeyEvent>
 #include <QScrollArea>
 #include <QVBoxLayout>
 #include <utility>
 
 #include "app/widgets/Controls.h"
+#include "app/widgets/NameLabel.h"
 
 namespace zova {
 
@@ -74,13 +76,15 @@ QLabel* Panel::AddTitle(const char* name, const QString& text) {
 }
 
 void Panel::AddProjectName() {
-  m_projectName = MakeLabel("lblProjectName", {});
+  m_projectName = new NameLabel("lblProjectName");
   m_projectName->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-  m_projectName->setMinimumWidth(1);  // a long name without blanks is cut, and makes no window wider
   RowOf(m_header, m_headerLine)->addWidget(m_projectName, 1);
 }
 
-void Panel::ShowProjectName(const std::string& project) { m_projectName->setText("Project: " + ToQt(project)); }
+void Panel::ShowProjectName(const std::string& project) {
+  const QString shown = "Project: " + ToQt(project);
+  if (m_projectName && m_projectName->text() != shown) m_projectName->setText(shown);
+}
 
 QVBoxLayout* Panel::AddPage() {
   auto* page = new QWidget;
@@ -150,6 +154,12 @@ void Panel::showEvent(QShowEvent* event) {
   ShowState();
   m_cursorRevision = CursorRevision();
   PlaceCursor();
+}
+
+// Nothing of what was done stays in a hidden screen.
+void Panel::hideEvent(QHideEvent* event) {
+  QWidget::hideEvent(event);
+  if (!event->spontaneous()) ShowState();
 }
 
 // Keys that the control with the focus has no use for.

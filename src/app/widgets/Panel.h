@@ -22,6 +22,8 @@ class Panel : public QWidget {
  public:
   /// Shows the rules' state. The cursor moves when the rules have moved it since the last time, and stays otherwise.
   void Refresh();
+  /// Shows the open project on the screens that name it, also while they are hidden.
+  void ShowProjectName(const std::string& project);
 
  signals:
   /// An act reached the rules: anything may have changed. The owner refreshes the panel that is up.
@@ -42,7 +44,6 @@ class Panel : public QWidget {
   QLabel* AddTitle(const char* name, const QString& text = {});
   void AddTitle(QLabel* title);
   void AddProjectName();
-  void ShowProjectName(const std::string& project);
   /// A page that scrolls and is as wide as a form should be; returns its rows.
   QVBoxLayout* AddPage();
   void AddContent(QWidget* content, int stretch = 0);
@@ -57,6 +58,7 @@ class Panel : public QWidget {
   void ActAndReturn(const std::function<void()>& act);
 
   void showEvent(QShowEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
 
   QWidget* m_cursor = nullptr;  ///< where PlaceCursor puts the cursor

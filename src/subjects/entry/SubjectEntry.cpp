@@ -35,6 +35,7 @@ void SubjectEntry::Open(const ProjectParameters& project, const std::string& par
 }
 
 std::string SubjectEntry::SubjectCaption() const {
+  if (!m_open) return {};
   return "Project: " + ProjectTitle(*m_project) + "\nSubject: " + m_record.SubjectId;
 }
 

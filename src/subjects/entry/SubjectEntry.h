@@ -26,7 +26,8 @@ class SubjectEntry {
   [[nodiscard]] const AutosaveTimer& Timer() const noexcept { return m_timer; }
   [[nodiscard]] std::string TestCaption() const { return "Test " + std::to_string(m_grid.Test()); }
   [[nodiscard]] std::string DoneCaption() const { return IsInReview() ? "Review" : "Done with " + TestCaption(); }
-  [[nodiscard]] std::string SubjectCaption() const;  ///< "Project: " title, and under it "Subject: " identifier
+  /// "Project: " title, and under it "Subject: " identifier; "" without a subject.
+  [[nodiscard]] std::string SubjectCaption() const;
   /// A note if the project already had the maximum of unfinished subjects when the entry was opened; else "".
   [[nodiscard]] const std::string& LimitNote() const noexcept { return m_limitNote; }
   [[nodiscard]] bool KeepsMinutes() const noexcept { return m_project->MinutesRecorded == 1; }
