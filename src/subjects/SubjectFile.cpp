@@ -193,23 +193,37 @@ bool CanBeRestored(Disk& disk, const std::string& paramDir, const std::string& p
   }
 }
 
+bool HaveSameContent(Disk& disk, const std::string& left, const std::string& right) {
+  if (!disk.FileExists(left) || !disk.FileExists(right)) return false;
+  std::string content, other;
+  disk.Read(left, content);
+  disk.Read(right, other);
+  return content == other;
+}
+
+// Moves the files up until Temp 1.txt may be replaced. A move that was cut short has left two equal neighbours.
+void FreeFirstKept(Disk& disk, const std::string& paramDir) {
+  const auto kept = [&](int number) { return KeptAutosavePath(paramDir, number); };
+  int free = 1;
+  while (disk.FileExists(kept(free)) && !HaveSameContent(disk, kept(free), kept(free + 1))) ++free;
+  for (; free > 1; --free) disk.Copy(kept(free - 1), kept(free));
+}
+
 }  // namespace
 
 std::string KeepAutosaveFile(Disk& disk, const std::string& paramDir) {
   constexpr int kKept = 3;
   const std::string path = AutosavePath(paramDir);
+  const std::string kept = KeptAutosavePath(paramDir, 1);
   if (!disk.FileExists(path)) return {};
-  for (int number = kKept; disk.FileExists(KeptAutosavePath(paramDir, number)); ++number) {
+  if (!HaveSameContent(disk, path, kept)) {
+    FreeFirstKept(disk, paramDir);
+    disk.Copy(path, kept);
+  }
+  for (int number = kKept + 1; disk.FileExists(KeptAutosavePath(paramDir, number)); ++number) {
     const std::string old = KeptAutosavePath(paramDir, number);
     if (CanBeRestored(disk, paramDir, old)) disk.Delete(old);
   }
-  int number = 1;
-  while (disk.FileExists(KeptAutosavePath(paramDir, number))) ++number;
-  for (; number > 1; --number) {
-    disk.Copy(KeptAutosavePath(paramDir, number - 1), KeptAutosavePath(paramDir, number));
-  }
-  std::string kept = KeptAutosavePath(paramDir, 1);
-  disk.Copy(path, kept);
   disk.Delete(path);
   return kept;
 }

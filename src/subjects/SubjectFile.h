@@ -44,7 +44,8 @@ void WriteAutosaveFile(Disk& disk, const std::string& paramDir, const SubjectRec
 std::string ReadAutosaveProject(Disk& disk, const std::string& path);
 void ReadAutosaveFile(Disk& disk, const std::string& path, const ProjectParameters& project, SubjectRecord& record);
 /// Puts it aside as "Temp 1.txt" and returns that path; files put aside earlier move up by one number. The third and
-/// later ones are deleted unless they cannot be restored. No effect without an autosave file; likewise below.
+/// later ones are deleted unless they cannot be restored. May be called again after a fault. No effect without an
+/// autosave file; likewise below.
 std::string KeepAutosaveFile(Disk& disk, const std::string& paramDir);
 void DeleteAutosaveFile(Disk& disk, const std::string& paramDir);
 

@@ -6,6 +6,7 @@
 #include "project/ProjectLayout.h"
 #include "scoring/Examples.h"
 #include "subjects/SubjectFiles.h"
+#include "support/FailingFileLayer.h"
 #include "support/Scratch.h"
 
 using namespace zova;
@@ -139,22 +140,36 @@ TEST(SubjectFile, KeepsTheAutosave) {
 }
 
 TEST(SubjectFile, PutsThreeAutosavesAsideAndEveryOneThatCannotBeRestored) {
-  Scratch scratch;
-  Disk disk = scratch.MakeDisk();
-  scratch.Put("C:\\Study.prm", FormatProject(GroupProject(), kCurrentMarker));
-  for (const char subject : {'a', '?', 'b', 'c', 'd'}) {
-    SubjectRecord record = ExampleSubject();
-    record.SubjectId = subject;
-    WriteAutosaveFile(disk, "C:\\", record, GroupProject());
-    if (subject == '?') scratch.Put("C:\\Temp.txt", "\"Study.prm\"\r\n\"?\"\r\n\"Group\"");
-    EXPECT_EQ(KeepAutosaveFile(disk, "C:\\"), "C:\\Temp 1.txt");
+  SubjectRecord record = ExampleSubject();
+  int n = 0;
+  for (bool failed = true; failed; ++n) {
+    failed = n == 0;
+    Scratch scratch;
+    FailingFileLayer layer(scratch.Layer());
+    Disk disk(layer, scratch.Drives());
+    scratch.Put("C:\\Study.prm", FormatProject(GroupProject(), kCurrentMarker));
+    for (const char subject : {'a', '?', 'b', 'c', 'd'}) {
+      if (n > 0 && subject == 'c') break;
+      record.SubjectId = subject;
+      scratch.Put("C:\\Temp.txt", FormatAutosave(record, GroupProject()).substr(0, subject == '?' ? 20 : 999));
+      layer.FailAt(subject == 'b' ? n : 0, std::errc::io_error, FailingFileLayer::Writes::Half);
+      try {
+        EXPECT_EQ(KeepAutosaveFile(disk, "C:\\"), "C:\\Temp 1.txt");
+        failed |= layer.HasFailed();  // one that stops nothing
+      } catch (const FileError&) {
+        failed = true;
+        layer.FailNever();
+        EXPECT_EQ(KeepAutosaveFile(disk, "C:\\"), "C:\\Temp 1.txt");
+      }
+    }
+    std::string kept;
+    for (int number = 1; scratch.Has(KeptAutosavePath("C:\\", number)); ++number) {
+      kept += scratch.Get(KeptAutosavePath("C:\\", number)).substr(14, 1);
+    }
+    EXPECT_EQ(kept, n > 0 ? "b?a" : "dcb?") << n;
+    EXPECT_FALSE(scratch.Has("C:\\Temp.txt"));
   }
-  std::string kept;
-  for (int number = 1; scratch.Has(KeptAutosavePath("C:\\", number)); ++number) {
-    kept += scratch.Get(KeptAutosavePath("C:\\", number)).substr(14, 1);
-  }
-  EXPECT_EQ(kept, "dcb?");
-  EXPECT_FALSE(scratch.Has("C:\\Temp.txt"));
+  EXPECT_GT(n, 40);
 }
 
 TEST(SubjectFile, IsNamedByTheMarker) {
