@@ -87,7 +87,7 @@ std::string SubjectIdentification::Counter() const { return std::to_string(m_ste
 std::string SubjectIdentification::LevelsList() const {
   if (m_step == 1) return {};
   const auto variable = static_cast<std::size_t>(m_step - 2);
-  std::string list = "The levels for the " + UpperCase(m_project->VariableNames[variable]) + " variable are: \n\n";
+  std::string list = "The levels for the " + InCapitals(m_project->VariableNames[variable]) + " variable are: \n\n";
   for (std::size_t level = 1; level <= static_cast<std::size_t>(m_project->LevelCounts[variable]); ++level) {
     list += "     " + std::to_string(level) + ". " + m_project->LevelNames[variable][level - 1] + "\n";
   }

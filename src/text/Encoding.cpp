@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <cstring>
 
+#include "text/Capitals.h"
+
 namespace zova {
 
 namespace {
@@ -111,6 +113,17 @@ std::string UpperCase(std::string_view text) {
       ++i;
       out[i] = static_cast<char>(Byte(out, i) - 0x20);
     }
+  }
+  return out;
+}
+
+std::string InCapitals(std::string_view text) {
+  std::string out;
+  std::size_t length = 1;
+  for (std::size_t index = 0; index < text.size(); index += length) {
+    const char32_t point = Decode(text, index, length);
+    const char32_t capital = CapitalOf(point);
+    capital == point ? void(out += text.substr(index, length)) : AppendUtf8(out, capital);
   }
   return out;
 }

@@ -15,6 +15,8 @@ std::string FromWindows1252(std::string_view bytes);
 /// Upper case of ASCII and Latin-1 letters, in every locale. Everything else is unchanged, also bytes that are not
 /// UTF-8.
 std::string UpperCase(std::string_view text);
+/// Upper case of all letters, for the screen. Names of files and fields are compared by UpperCase.
+std::string InCapitals(std::string_view text);
 
 bool EqualsIgnoringCase(std::string_view left, std::string_view right);
 bool BeginsIgnoringCase(std::string_view text, std::string_view prefix);

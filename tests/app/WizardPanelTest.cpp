@@ -98,7 +98,10 @@ TEST_F(WizardPanelTest, DefinesAProjectByKeyboardAlone) {
 }
 
 TEST_F(WizardPanelTest, ViewingChangesNothing) {
-  session.Wizard().View(ExampleProject("C:\\ZOVA"));
+  ProjectParameters project = ExampleProject("C:\\ZOVA");
+  project.LevelCounts[0] = kMaxLevels;  // of an old file
+  project.LevelNames[0][kMaxLevels - 1] = "last";
+  session.Wizard().View(project);
   panel.Refresh();
   // The second half of a double click is no press of its own.
   QTest::mouseClick(Find("cmdNext1"), Qt::LeftButton);
@@ -115,6 +118,8 @@ TEST_F(WizardPanelTest, ViewingChangesNothing) {
     if (page != 5) continue;
     QTest::mouseClick(Find("lblVarLevel2"), Qt::LeftButton);
     EXPECT_EQ(Where(), "5 lblVarLevel2 <2. Jane>");
+    QTest::mouseClick(Find("lblVarLevel11"), Qt::LeftButton);
+    EXPECT_EQ(Where(), "5 lblVarLevel11 <11. last>");
   }
   for (auto* box : panel.findChildren<QLineEdit*>()) EXPECT_TRUE(box->isReadOnly());
 }

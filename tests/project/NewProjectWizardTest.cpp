@@ -166,6 +166,7 @@ TEST_F(NewProjectWizardTest, NumbersAreCutReadRoundedAndLimitedAndOnlyExistingTe
   for (const char* bad : {"0", "1000", "12,5"}) Leave(3, {{Tests, "2"}, {Items, bad}}, {kBadItems});
   Leave(3, {{Tests, "15 or so"}, {Items, "999.9"}}, {}, "15,999,");
   Leave(3, {{Tests, "2.5"}, {Items, " 60"}}, {}, "2,60,");
+  EXPECT_EQ(m_wizard.Text(Tests) + m_wizard.Text(Items), "260") << "what was taken";
   for (const char* bad : {"0", "6001"}) {
     Leave(6, {{Minutes, bad}}, {Told("Value for number of minutes must be between 1 and 6000.")});
   }

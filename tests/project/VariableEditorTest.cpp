@@ -71,7 +71,7 @@ TEST(VariableEditor, KeepsWhatAnOldFileHolds) {
   project.LevelNames[0].fill("x");
   VariableEditor editor;
   editor.Load(project), editor.Review(), editor.HighlightLevel(11), editor.Enter();
-  EXPECT_EQ(Shown(editor).substr(0, 5) + editor.LevelLabels().back(), "12[] 10. x");
+  EXPECT_EQ(Shown(editor).substr(0, 5) + editor.LevelLabels().back(), "12[] 11. x");
   stored.VariableNames.fill("stale"), stored.LevelCounts.fill(3), editor.Store(stored);
   EXPECT_EQ(stored, project);
 }

@@ -32,6 +32,7 @@ TEST(Encoding, FoldsAsciiAndLatin1Only) {
   // adieresis, thorn, division sign, multiplication sign, sharp s, y with diaeresis, Greek alpha, a bad byte
   EXPECT_EQ(UpperCase("az{`\xC3\xA4\xC3\xBE\xC3\xB7\xC3\x97\xC3\x9F\xC3\xBF\xCE\xB1\xE4\xC3"),
             "AZ{`\xC3\x84\xC3\x9E\xC3\xB7\xC3\x97\xC3\x9F\xC3\xBF\xCE\xB1\xE4\xC3");
+  EXPECT_EQ(InCapitals("az{`ä÷ßÿαя žẃŽ\xE4\xC3"), "AZ{`Ä÷ßŸΑЯ ŽẂŽ\xE4\xC3") << "for the screen, all letters";
   EXPECT_TRUE(EqualsIgnoringCase("M\xC3\xA4x", "m\xC3\x84X"));
   EXPECT_TRUE(BeginsIgnoringCase("Exp12.DAT", "eXP"));
   EXPECT_TRUE(EndsIgnoringCase("Exp12.DAT", ".dat"));

@@ -70,7 +70,7 @@ void VariableEditorPanel::AddLabels() {
   auto* rows = new QVBoxLayout;
   rows->setSpacing(0);
   Rows()->addLayout(rows);
-  for (int label = 0; label <= kMaxEditedLevels; ++label) {
+  for (int label = 0; label <= kMaxLevels; ++label) {
     QLabel* name = MakeLabel("lblVarName", {});
     if (label > 0) name->setObjectName(QStringLiteral("lblVarLevel%1").arg(label));
     name->setFocusPolicy(Qt::StrongFocus);
@@ -143,7 +143,7 @@ bool VariableEditorPanel::eventFilter(QObject* watched, QEvent* event) {
 
 bool VariableEditorPanel::HandleKey(int label, QKeyEvent& press) {
   if (press.key() == Qt::Key_Up || press.key() == Qt::Key_Down) {
-    const int next = std::clamp(label + (press.key() == Qt::Key_Up ? -1 : 1), 0, kMaxEditedLevels);
+    const int next = std::clamp(label + (press.key() == Qt::Key_Up ? -1 : 1), 0, kMaxLevels);
     QLabel* name = m_labels[static_cast<std::size_t>(next)];
     if (!name->isHidden()) PlaceCursorIn(name);
     return true;

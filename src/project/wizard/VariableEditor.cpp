@@ -81,12 +81,12 @@ std::string VariableEditor::Prompt() const {
 }
 
 std::string VariableEditor::Heading() const {
-  return HasNothing() ? "" : "The variable " + UpperCase(Current().Name) + " has the following levels:";
+  return HasNothing() ? "" : "The variable " + InCapitals(Current().Name) + " has the following levels:";
 }
 
 std::vector<std::string> VariableEditor::LevelLabels() const {
   std::vector<std::string> labels;
-  const int listed = std::min(LevelCount(), kMaxEditedLevels);
+  const int listed = LevelCount();
   for (int level = 1; level <= listed; ++level) {
     labels.push_back(std::to_string(level) + ". " + Current().Levels[static_cast<std::size_t>(level - 1)]);
   }

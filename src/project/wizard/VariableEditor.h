@@ -11,7 +11,7 @@
 namespace zova {
 
 /// The editor of the between-subject variables and their levels: one entry box for all names, a heading for the current
-/// variable, and ten labels for its levels. The box holds the highlighted name. Variables and levels count from 1.
+/// variable, and a label for each of its levels. The box holds the highlighted name. Variables and levels count from 1.
 class VariableEditor {
  public:
   /// The most levels the wizard gives a variable.

@@ -29,6 +29,7 @@ std::optional<std::int16_t> NumberInBox(std::string& text, std::size_t length, i
   if (!IsWholeNumberText(text)) return std::nullopt;
   const auto number = LeadingInteger16(text);
   if (!number || *number < least || *number > most) return std::nullopt;
+  text = std::to_string(*number);
   return number;
 }
 

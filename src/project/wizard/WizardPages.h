@@ -84,8 +84,8 @@ WizardBox Refuse(const Platform& platform, const char* text, WizardBox box, cons
 /// Sets the record to no ratings and no rated test, as after "No". Keeps the boxes.
 void DropRatings(ProjectParameters& project);
 
-/// Cuts the box to `length` characters and parses them as a whole number from `least` to `most`; nullopt for anything
-/// else.
+/// Cuts the box to `length` characters and takes them as a number from `least` to `most`, which is rounded and then
+/// stands in the box; nullopt for anything else.
 std::optional<std::int16_t> NumberInBox(std::string& text, std::size_t length, int least, int most);
 
 inline constexpr const char* kBadFileName = "Bad file name.  Please select another.";
