@@ -80,7 +80,8 @@ int RunApplication(Application& application, QtDesktop& desktop, QtMessageBoxes&
   boxes.SetBeforeShow([&window] { window.Refresh(); });
 
   application.SetFaultHandler([&session](const std::exception_ptr& fault) { session.Recover(fault); });
-  application.installEventFilter(new QuickHelpFilter(&application));
+  QuickHelpFilter quickHelp(session);
+  application.installEventFilter(&quickHelp);
   QObject::connect(&window, &MainWindow::Ended, &application, [] { QCoreApplication::exit(); });
   OpenRequests requests(QFileInfo(ToQt(SettingsFile())).path());
   desktop.Sender = [&requests](const auto& param, const auto& file) { return requests.Send(param, file); };

@@ -55,7 +55,7 @@ constexpr auto kSentences = std::to_array<Sentence>({
     {"cmdHelpContents", "Opens the first page of the help, on which all others are listed."},
     {"cmdHelpFind", "Shows the next place, on this page or a later one, where the text in the box stands."},
     {"cmdHelpFindBack", "Shows the place before, on this page or an earlier one, where the text in the box stands."},
-    {"cmdHelpMeasures", "Opens the help topic about all measures."},
+    {"cmdHelpMeasures", "Opens the page of the help that explains how each measure is computed."},
     {"cmdInsert", "Opens a blank line at the cursor and pushes the lines below it down."},
     {"cmdLastMaster", "Opens the folder with the last master in your file manager."},
     {"cmdMastCancel", "Leaves this screen without creating a master."},
@@ -76,7 +76,7 @@ constexpr auto kSentences = std::to_array<Sentence>({
     {"cmdPath2", "Copies the directory that is open in the list into the box of the backup directory."},
     {"cmdPicCreate", "Starts the definition of a new project: its tests, items, categories and variables."},
     {"cmdPicEnter", "Starts entering a subject's recall lists for the open project."},
-    {"cmdPicHelp", "Opens the help topics."},
+    {"cmdPicHelp", "Opens the help, with a page for each screen and for each family of measures."},
     {"cmdPicMaster", "Creates a master file with the scores of all subjects of the open project."},
     {"cmdPicMeans", "Reads a master file and shows its means by the levels of the variables."},
     {"cmdPicUnfinished", "Takes up a subject whose entry was put aside, so that you can complete it."},
@@ -125,7 +125,7 @@ constexpr auto kSentences = std::to_array<Sentence>({
     {"lblCurrentProject", "The title of the open project, or \"(none)\" while no project is open."},
     {"lblDestination", "The directory in which the master is created, and the masters beside it."},
     {"lblDir1", "The directories of the selected drive; double-click one to open it."},
-    {"lblDrive1", "The drive whose directories are listed."},
+    {"lblDrive1", "Select the drive whose directories you want to see in the list."},
     {"lblEntryTitle", "The name of this screen: here the recalls of one subject are typed, test by test."},
     {"lblExp", "The title names the project and its parameter file; choose one that you will recognize later."},
     {"lblExpNote", "A meaningful title makes the project easier to find among others later on."},
@@ -140,8 +140,9 @@ constexpr auto kSentences = std::to_array<Sentence>({
     {"lblInfCtr", "The step that you are on: first the identifier, then one step for each variable."},
     {"lblInfo", "Type the number of the level to which the subject belongs into the box beside this."},
     {"lblInput", "The box beside this is where all numbers are typed; press <Enter> after each."},
-    {"lblItemAnal", "A second master, with the proportion recalled at each serial position."},
-    {"lblItemAnalInst", "The box below asks for a second master, about serial positions."},
+    {"lblItemAnal", "Check the box below for a second master, with the proportion recalled at each serial position."},
+    {"lblItemAnalInst",
+     "Check the box below for a second master, with the proportion recalled at each serial position."},
     {"lblItemmax",
      "How many items the study list has, from 1 to 999; critical non-presented items, once added, are counted too."},
     {"lblLastMaster", "Where the master that was made last lies."},
@@ -166,10 +167,10 @@ constexpr auto kSentences = std::to_array<Sentence>({
     {"lblOrderPlan", "The groups that this order gives, and which subjects are left over."},
     {"lblOrderTitle", "Which order is entered on this screen."},
     {"lblParamDir", "The directories of the selected drive; double-click one to open it."},
-    {"lblParamDrive", "The drive whose directories are listed."},
-    {"lblParamInstruction", "Explains which directory is to be chosen here."},
+    {"lblParamDrive", "Select the drive whose directories you want to see in the list."},
+    {"lblParamInstruction", "Choose the directory in the lists below, or type its path."},
     {"lblParamNote", "Explains what your choice changes, and what it does not."},
-    {"lblParamPath", "The path of the directory that you have chosen."},
+    {"lblParamPath", "Type a path into the box below, or choose a directory in the lists."},
     {"lblParamResult", "Where the 'Param' folder will be found once you select 'OK'."},
     {"lblParamTitle",
      "What this screen is for: the 'Param' folder holds one parameter file for each of your projects."},
@@ -177,7 +178,7 @@ constexpr auto kSentences = std::to_array<Sentence>({
     {"lblPath2",
      "A second directory, best on another drive, that receives a copy of all data; \"(none)\" keeps no copies."},
     {"lblPaths", "All subjects' data are saved in the primary directory, and a copy of them in the backup directory."},
-    {"lblPerGroup", "How many subjects make up one nominal group, 2 or more."},
+    {"lblPerGroup", "Type how many subjects make up one nominal group, 2 or more, into the box below."},
     {"lblPlotNote", "What the bars of the plot show, and what the plot leaves out."},
     {"lblProjectDirectory", "The directory in which the open project's data are saved."},
     {"lblProjectFacts", "The size of the open project, and how many subjects it has so far."},
@@ -188,44 +189,46 @@ constexpr auto kSentences = std::to_array<Sentence>({
     {"lblRatemax", "The highest rating that a subject could give, from 1 to 1000; the lowest is 1."},
     {"lblRating", "Check each test on which ratings were taken; at least one must be checked."},
     {"lblSnmbr", "Type the subject's identifier into the box below."},
-    {"lblSnmbr2", "Explains how the data of the subject are found."},
+    {"lblSnmbr2", "Type the identifier below, or select 'Browse' to choose the subject's file yourself."},
     {"lblSubInfo", "What this screen is for: a new subject, data that were completed before, or unfinished ones."},
     {"lblSubNote", "An identifier has from 1 to 20 characters and becomes part of the file's name."},
     {"lblTUpdate", "The test whose recalls are shown in the grid."},
     {"lblTests", "How many times each subject was asked to recall the list, from 1 to 15."},
     {"lblThisOne", "The open project and the subject that is being entered."},
     {"lblTitle", "What this page asks about; its answers are checked when you go on to the next page."},
-    {"lblVarHelp", "Explains how names of variables and levels are changed, erased and added."},
+    {"lblVarHelp", "Highlight a name, then type another one into the box, or press <Delete> to erase it."},
     {"lblVarLevel",
-     "A level of this variable; click it to rename it, or press <Delete> to erase it. 'Add Level' adds one."},
+     "A level of this variable; click it to rename it, press <Delete> to erase it, or click 'Add Level' for another."},
     {"lblVarName",
      "The variable on display; click it to rename it, or press <Delete> to erase it with all of its levels."},
     {"lblVarNameList", "Subjects of different levels of this variable are never put into the same group."},
-    {"lblVariable", "Says which name the box below is for: that of a variable or that of one of its levels."},
+    {"lblVariable", "Type the name that is asked for, of a variable or of one of its levels, into the box below."},
     {"lblVars", "The levels of this variable with their numbers."},
-    {"lblmeasures", "Which measures become columns of the master."},
+    {"lblmeasures", "Select the button below to choose which measures become columns of the master."},
     {"lblmeasuretitle", "What this screen is for: each box stands for some columns of the master."},
-    {"lblselect", "Explains what these boxes apply to."},
+    {"lblselect", "Uncheck the measures that the masters are to leave out."},
     {"lstHelpTopics", "All pages of the help; click one, or move to it with the arrow keys, to read it."},
     {"lstLastFiles", "All files that the last run wrote."},
     {"lstMeansVariables", "Click variables, or press <Space>, to take means by their levels."},
     {"lstMeasures", "Select one or more measures; double-click one for its whole series over tests or minutes."},
     {"lstProjects", "The projects that were defined so far, the latest first; press <Enter> to open one."},
     {"lstVarName", "Select the variable whose levels are to be kept apart, or (none)."},
-    {"optCatNo", "The study list was not made of categories."},
+    {"optCatNo", "Select this if the study list was not made of categories."},
     {"optFalsemem", "Adds one critical non-presented item to each category, as its last member."},
-    {"optFalseno", "The list has only items that were presented."},
-    {"optMinno", "No minutes will be entered."},
+    {"optFalseno", "Select this if the list has only items that were presented."},
+    {"optMinno", "Select this if no minutes were noted, or if you do not want to enter them."},
     {"optMinyes", "The minute of each recall will be entered along with the item."},
-    {"optMrkno", "The project has no between subject variables."},
+    {"optMrkno", "Select this if all subjects belong to one group."},
     {"optMrkyes", "Adds between subject variables; type the name of each and of its levels."},
-    {"optRateno", "No ratings will be entered."},
+    {"optRateno", "Select this if no ratings were taken, or if you do not want to enter them."},
     {"optRateyes", "A rating will be entered with each item on the tests that you check below."},
     {"optcatyes", "The study list was made of categories; their number is asked next."},
     {"plotMeans", "Means with their 95 % confidence intervals, on white as they are saved for print."},
     {"pnlWizard", "The pages on which a project is defined, or on which its parameters are viewed."},
     {"proCopying", "How many of the files are copied, in percent."},
     {"proMasterProgress", "How much of the master has been written."},
+    {"scrGroupsPreview", "How many groups this gives in each level, and which subjects are left over."},
+    {"scrOrderPlan", "The groups that this order gives, and which subjects are left over."},
     {"txtAbbr", "Type the prefix of the project's data files here, up to 20 characters."},
     {"txtCategories", "Type the number of categories here; all categories must have an equal number of items."},
     {"txtExp", "Type the title of the project here; its parameter file will bear the same name."},
@@ -250,9 +253,73 @@ constexpr auto kSentences = std::to_array<Sentence>({
 });
 static_assert(std::is_sorted(kSentences.begin(), kSentences.end(), IsBefore));
 
-std::string_view SentenceOf(std::string_view name) noexcept {
-  const auto found = std::lower_bound(kSentences.begin(), kSentences.end(), Sentence{name, {}}, IsBefore);
-  if (found != kSentences.end() && found->Name == name) return found->Text;
+constexpr auto kViewing = std::to_array<Sentence>({
+    {"FraPrmScr", "One page of the open project's parameters."},
+    {"chkRating", "Checked if ratings were taken on this test."},
+    {"cmdAddVar", "The variables of a project cannot be changed any more."},
+    {"cmdBack1", "Returns to the page before this one."},
+    {"cmdCancel1", "Closes these pages and returns to the main screen."},
+    {"cmdEntered1", "Closes these pages and returns to the main screen."},
+    {"cmdNext1", "Goes on to the next page of the parameters."},
+    {"cmdPath", "The directories of a project cannot be changed any more."},
+    {"cmdReview", "Shows the next variable with its levels."},
+    {"dirPath", "The directories of a project cannot be changed any more."},
+    {"drvPath", "The directories of a project cannot be changed any more."},
+    {"fraParam", "These pages show the parameters of the open project, which cannot be changed."},
+    {"lblAbbrPrompt", "The prefix of the project's data files stands in the box beside this."},
+    {"lblCat", "'Yes' if the study list was made of categories with the same number of items in each."},
+    {"lblDir", "The directories of a project cannot be changed any more."},
+    {"lblDrive", "The directories of a project cannot be changed any more."},
+    {"lblExp", "The title names the project and its parameter file."},
+    {"lblMin", "'Yes' if the minute of each recall is entered along with the item."},
+    {"lblRate", "'Yes' if subjects rated the items that they recalled."},
+    {"lblRating", "The tests on which ratings were taken are checked."},
+    {"lblTitle", "What this page shows of the project."},
+    {"lblVarHelp", "Highlight a name to read all of it in the box; it cannot be changed any more."},
+    {"lblVarLevel", "A level of this variable; click it to read its name in the box."},
+    {"lblVarName", "The variable on display; 'Review' shows the next one."},
+    {"lblVariable", "Says whose name stands in the box below: a variable's or a level's."},
+    {"optCatNo", "Marked if the study list was not made of categories."},
+    {"optFalsemem", "Marked if each category has a critical item that was never presented."},
+    {"optFalseno", "Marked if the list has only items that were presented."},
+    {"optMinno", "Marked if no minutes are entered."},
+    {"optMinyes", "Marked if the minute of each recall is entered along with the item."},
+    {"optMrkno", "Marked if the project has no between subject variables."},
+    {"optMrkyes", "Marked if the project has between subject variables."},
+    {"optRateno", "Marked if no ratings are entered."},
+    {"optRateyes", "Marked if a rating is entered with each item on the tests that are checked below."},
+    {"optcatyes", "Marked if the study list was made of categories."},
+    {"pnlWizard", "These pages show the parameters of the open project, which cannot be changed."},
+    {"txtAbbr", "The prefix of the project's data files."},
+    {"txtCategories", "The number of categories, all with an equal number of items."},
+    {"txtExp", "The title of the project, which its parameter file bears, too."},
+    {"txtItemmax", "The number of study items."},
+    {"txtMinMax", "The length of a recall test in minutes."},
+    {"txtPath", "A directory that holds the project's data; \"(none)\" keeps no copies."},
+    {"txtRatemax", "The highest rating that a subject could give."},
+    {"txtTests", "The number of recall tests per subject."},
+    {"txtVariable", "The name of the variable or level that is highlighted."},
+});
+static_assert(std::is_sorted(kViewing.begin(), kViewing.end(), IsBefore));
+
+constexpr auto kNewBackup = std::to_array<Sentence>({
+    {"cmdCancel3", "Leaves this screen without making a backup."},
+    {"cmdSetPath", "Copies the project's data into the directory that stands in the box."},
+    {"fraParamPath", "Choose the directory of the new backup on this screen, or type its path."},
+    {"lblParamTitle", "What this screen is for: the data of the open project are copied to another directory."},
+});
+static_assert(std::is_sorted(kNewBackup.begin(), kNewBackup.end(), IsBefore));
+
+template <std::size_t Count>
+std::string_view Find(const std::array<Sentence, Count>& sentences, std::string_view name) noexcept {
+  const auto found = std::lower_bound(sentences.begin(), sentences.end(), Sentence{name, {}}, IsBefore);
+  return found != sentences.end() && found->Name == name ? found->Text : std::string_view();
+}
+
+std::string_view SentenceOf(std::string_view name, QuickHelpForm form) noexcept {
+  if (form == QuickHelpForm::Viewing) return Find(kViewing, name);
+  if (form == QuickHelpForm::NewBackup) return Find(kNewBackup, name);
+  if (const std::string_view own = Find(kSentences, name); !own.empty()) return own;
   for (const MeasureBox& box : AllMeasureBoxes()) {
     if (box.Name == name) return box.QuickHelp;
     if (box.Frame->Name == name) return box.Frame->QuickHelp;
@@ -260,14 +327,21 @@ std::string_view SentenceOf(std::string_view name) noexcept {
   return {};
 }
 
+// For a member of an array, the name without its number.
+std::string_view WithoutNumber(std::string_view name) noexcept {
+  while (!name.empty() && name.back() >= '0' && name.back() <= '9') name.remove_suffix(1);
+  return name;
+}
+
 }  // namespace
 
-std::string_view QuickHelp(std::string_view controlName) noexcept {
-  const std::string_view own = SentenceOf(controlName);
-  if (!own.empty()) return own;
-  // For a member of an array, the name without its number.
-  while (!controlName.empty() && controlName.back() >= '0' && controlName.back() <= '9') controlName.remove_suffix(1);
-  return SentenceOf(controlName);
+std::string_view QuickHelp(std::string_view controlName, QuickHelpForm form) noexcept {
+  for (const QuickHelpForm asked : {form, QuickHelpForm::Usual}) {
+    for (const std::string_view name : {controlName, WithoutNumber(controlName)}) {
+      if (const std::string_view sentence = SentenceOf(name, asked); !sentence.empty()) return sentence;
+    }
+  }
+  return {};
 }
 
 }  // namespace zova

@@ -101,6 +101,8 @@ class Session {
   /// The screens of a master, shown as Masters unless its stage is Closed.
   MasterFlow& Masters() noexcept { return m_masters; }
   void ShowMeasuresHelp();
+  /// The quick help for a control of the screen that is up.
+  [[nodiscard]] std::string_view QuickHelpOf(std::string_view control) const;
   /// The last master written since the program started, or "".
   [[nodiscard]] const std::string& LastMaster() const noexcept { return m_masters.LastMaster(); }
   /// All files of that run.

@@ -2,6 +2,7 @@
 
 #include "session/HelpTopics.h"
 #include "session/ProgramDirectory.h"
+#include "session/QuickHelp.h"
 #include "session/Session.h"
 
 namespace zova {
@@ -16,6 +17,13 @@ void Session::ShowScreenHelp() {
   m_platform.Help.ShowHelp(HelpFile(m_programDir),
                            HelpTopicFor({m_screen, m_wizard.Page(), m_location.CurrentForm(),
                                          m_subjects.Identification().CurrentPurpose(), m_masters.CurrentStage()}));
+}
+
+std::string_view Session::QuickHelpOf(std::string_view control) const {
+  const bool asksDestination = m_location.CurrentForm() == LocationFlow::Form::BackupDestination;
+  if (m_screen == Screen::Viewing) return QuickHelp(control, QuickHelpForm::Viewing);
+  if (m_screen == Screen::Location && asksDestination) return QuickHelp(control, QuickHelpForm::NewBackup);
+  return QuickHelp(control);
 }
 
 void Session::ShowMeasuresHelp() { m_platform.Help.ShowHelp(HelpFile(m_programDir), "measures"); }

@@ -2,6 +2,7 @@
 #include "session/QuickHelp.h"
 
 #include <QApplication>
+#include <QListWidget>
 #include <QMouseEvent>
 #include <QWindow>
 #include <set>
@@ -37,8 +38,15 @@ TEST_F(QuickHelpTest, EveryControlOfEveryScreenHasASentence) {
       for (const char* kind : {"QLabel", "QAbstractButton", "QGroupBox", "QAbstractItemView", "QComboBox", "QLineEdit",
                                "QProgressBar", "QCustomPlot", "zova::Panel"}) {
         if (!widget->inherits(kind) || !IsOwn(*widget)) continue;
-        EXPECT_FALSE(QuickHelp(name).empty()) << kind << " '" << name << "'";
+        const std::string_view sentence = QuickHelp(name);
+        EXPECT_TRUE(sentence.ends_with('.') && sentence.find(". ") == sentence.npos) << kind << " '" << name << "'";
+        EXPECT_FALSE(widget->inherits("QAbstractItemView") && widget->accessibleName().isEmpty()) << name;
         names.insert(name);
+        if (!window.findChild<QWidget*>("pnlWizard")->isAncestorOf(widget)) continue;
+        const std::string_view viewing = QuickHelp(name, QuickHelpForm::Viewing);
+        for (const char* asks : {"Type ", "Check ", "Select ", "Answer ", "Copies ", "Completes "}) {
+          EXPECT_FALSE(viewing.starts_with(asks)) << name;
+        }
       }
     }
   }
@@ -49,8 +57,9 @@ TEST_F(QuickHelpTest, EveryControlOfEveryScreenHasASentence) {
 
 TEST_F(QuickHelpTest, ARightClickShowsTheSentenceUntilTheNextKey) {
   Make().Start();
+  m_scratch.MakeDirectory("C:\\Work");
   LocationPanel panel(m_session->Location());
-  QuickHelpFilter filter;
+  QuickHelpFilter filter(*m_session);
   qApp->installEventFilter(&filter);
   panel.resize(600, 700);
   panel.show();
@@ -58,7 +67,9 @@ TEST_F(QuickHelpTest, ARightClickShowsTheSentenceUntilTheNextKey) {
   panel.findChild<QWidget*>("lblParamTitle")->setObjectName("unknown");  // passes to the screen's
   for (const char* control : {"lblParamNote", "cmdSetPath", "drvParamPath", "dirParamPath", "unknown"}) {
     const auto* clicked = panel.findChild<QWidget*>(control);
-    const QPointF place = clicked->mapTo(&panel, clicked->rect().center());
+    const auto* list = qobject_cast<const QListWidget*>(clicked);
+    const QPoint row = list ? list->visualItemRect(list->item(1)).center() : clicked->rect().center();
+    const QPointF place = clicked->mapTo(&panel, row);
     QMouseEvent press(QEvent::MouseButtonPress, place, panel.mapToGlobal(place), Qt::RightButton, Qt::RightButton, {});
     QCoreApplication::sendEvent(panel.windowHandle(), &press);
     QWidget* popup = QApplication::activePopupWidget();
@@ -68,6 +79,7 @@ TEST_F(QuickHelpTest, ARightClickShowsTheSentenceUntilTheNextKey) {
     QKeyEvent key(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
     QCoreApplication::sendEvent(popup->windowHandle(), &key);
     EXPECT_EQ(QApplication::activePopupWidget(), nullptr) << control;
+    EXPECT_TRUE(!list || list->currentRow() == 0) << "a right click selects nothing";
   }
   QKeyEvent asks(QEvent::KeyPress, Qt::Key_F10, Qt::ShiftModifier);
   QCoreApplication::sendEvent(panel.findChild<QWidget*>("dirParamPath"), &asks);

@@ -8,7 +8,7 @@
 #include <QVBoxLayout>
 
 #include "app/widgets/Controls.h"
-#include "session/QuickHelp.h"
+#include "session/Session.h"
 
 namespace zova {
 
@@ -46,8 +46,16 @@ class SentencePopup final : public QFrame {
 }  // namespace
 
 bool QuickHelpFilter::eventFilter(QObject* watched, QEvent* event) {
+  // Before the window passes the click to its control, which might select something.
+  if (watched->isWindowType() && event->type() == QEvent::MouseButtonPress) {
+    const auto* press = static_cast<QMouseEvent*>(event);
+    if (press->button() != Qt::RightButton || QApplication::activePopupWidget()) return false;
+    const QPoint place = press->globalPosition().toPoint();
+    return Answer(QApplication::widgetAt(place), place);
+  }
   if (!watched->isWidgetType()) return false;
   auto* control = static_cast<QWidget*>(watched);
+  const QPoint below = control->mapToGlobal(control->rect().bottomLeft());
 #ifndef Q_OS_WIN
   // Qt handles Shift+F10 only on Windows.
   if (event->type() == QEvent::KeyPress && !QApplication::activePopupWidget()) {
@@ -60,20 +68,14 @@ bool QuickHelpFilter::eventFilter(QObject* watched, QEvent* event) {
     }
   }
 #endif
-  return event->type() == QEvent::ContextMenu && Answer(control, *static_cast<QContextMenuEvent*>(event));
+  return event->type() == QEvent::ContextMenu && Answer(control, below);
 }
 
-bool QuickHelpFilter::Answer(QWidget* control, const QContextMenuEvent& event) {
-  QPoint place = control->mapToGlobal(control->rect().bottomLeft());
-  if (event.reason() == QContextMenuEvent::Mouse) {
-    place = event.globalPos();
-    // A disabled control may pass its clicks to its parent.
-    if (QWidget* child = control->childAt(event.pos())) control = child;
-  }
+bool QuickHelpFilter::Answer(QWidget* control, const QPoint& place) const {
   for (; control; control = control->isWindow() ? nullptr : control->parentWidget()) {
     const bool hasEditMenu = qobject_cast<QLineEdit*>(control) && control->isEnabled();
     if (hasEditMenu || control->contextMenuPolicy() != Qt::DefaultContextMenu) return false;
-    const std::string_view sentence = QuickHelp(FromQt(control->objectName()));
+    const std::string_view sentence = m_session.QuickHelpOf(FromQt(control->objectName()));
     if (sentence.empty()) continue;
     (new SentencePopup(ToQt(std::string(sentence)), place, control->window()))->show();
     return true;

@@ -3,22 +3,27 @@
 
 #include <QObject>
 
-class QContextMenuEvent;
+class QPoint;
 class QWidget;
 
 namespace zova {
 
+class Session;
+
 /// Installed on the QApplication. A right click on a control, the menu key or Shift+F10 shows the control's sentence
-/// until the next key or click. A text box keeps its edit menu.
+/// until the next key or click, and neither selects anything nor moves the cursor. A text box keeps its edit menu.
 class QuickHelpFilter : public QObject {
   Q_OBJECT
 
  public:
-  using QObject::QObject;
+  /// `session` must outlive the filter.
+  explicit QuickHelpFilter(const Session& session) : m_session(session) {}
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  static bool Answer(QWidget* control, const QContextMenuEvent& event);
+  [[nodiscard]] bool Answer(QWidget* control, const QPoint& place) const;
+
+  const Session& m_session;
 };
 
 }  // namespace zova

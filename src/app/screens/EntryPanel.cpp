@@ -46,6 +46,7 @@ EntryPanel::EntryPanel(SubjectFlow& subjects)
       m_side(MakeSide()),
       m_tmrAutoSave(Named(new QTimer(this), "tmrAutoSave")) {
   AddTitle("lblEntryTitle", "Enter Recalls");
+  m_grdInput->setAccessibleName("Recalls");
   AddProjectName();
   auto* content = new QWidget;
   auto* columns = new QHBoxLayout(content);

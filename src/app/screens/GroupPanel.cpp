@@ -26,6 +26,7 @@ GroupPanel::GroupPanel(MasterFlow& flow)
   rows->addWidget(m_lstVarName, 1);
   QScrollArea* preview = MakeScrolling(m_lblGroupsPreview);
   preview->setFocusPolicy(Qt::TabFocus);  // to be scrolled from the keyboard
+  preview->setObjectName("scrGroupsPreview");
   preview->setAccessibleName("Groups");
   m_lblGroupsPreview->setAlignment(Qt::AlignTop);
   for (QWidget* part : {static_cast<QWidget*>(m_lstVarName), static_cast<QWidget*>(preview)}) {

@@ -37,6 +37,7 @@ void OrderPanel::Arrange() {
   AddProjectName();
   m_lblOrderPlan->setAlignment(Qt::AlignTop);
   m_plan->setFocusPolicy(Qt::TabFocus);  // to be scrolled from the keyboard
+  m_plan->setObjectName("scrOrderPlan");
   m_plan->setAccessibleName("Groups");
   m_plan->setFixedHeight(m_plan->fontMetrics().lineSpacing() * 3);
   QLabel* prompt = MakeLabel("lblOrder", "New Or&der:", m_txtOrder);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/widgets/Controls.h"
 
+#include <QAbstractItemView>
 #include <QEvent>
 #include <QFontInfo>
 #include <QScrollArea>
@@ -36,6 +37,9 @@ QLabel* MakeLabel(const char* name, const QString& text, QWidget* buddy) {
   label->setTextFormat(Qt::PlainText);
   label->setWordWrap(true);
   label->setBuddy(buddy);
+  // To a screen reader, Qt names all controls by their labels but views.
+  if (auto* view = qobject_cast<QAbstractItemView*>(buddy))
+    view->setAccessibleName(QString(text).remove(u'&').remove(u':'));
   return label;
 }
 
