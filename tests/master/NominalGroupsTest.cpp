@@ -119,6 +119,15 @@ struct Lab : Study {
   RecordingProgress Bar;
 };
 
+TEST(CombinedMaster, ListsSubjectsThatAreBackInTheirPlace) {
+  Lab lab({.Items = 4});
+  for (const int id : {1, 3}) lab.Put(id, "1 | 2");
+  AnsweringBoxes retry(BoxAnswer::Retry);
+  retry.Meanwhile = [&] { lab.Put(2, "1 | 2"); };
+  const auto subjects = ReadGroupSubjects(lab.Project, 3, false, FakePlatform().With(lab.OfFiles, retry, lab.Bar));
+  EXPECT_EQ(subjects.value().SubjectIds, (std::vector<std::string>{"1", "2", "3"}));
+}
+
 TEST(CombinedMaster, TwoGroupsByHand) {
   Lab lab({.Items = 4, .PerCategory = 2});
   lab.Request.Selection = Only(lab.Project, {Measure::Basic, Measure::Bi, Measure::Cat});

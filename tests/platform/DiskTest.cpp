@@ -158,6 +158,10 @@ TEST(Disk, TakesNoPipeForAFileAndTellsTheCauseOfAFailedLook) {
   for (const char* path : {"C:\\pipe", "C:\\device"}) {
     EXPECT_EQ(CauseOf([&] { disk.Read(path, content); }), Message(std::errc::not_supported)) << path;
   }
+  scratch.MakeDirectory("C:\\piped");
+  ASSERT_EQ(mkfifo(scratch.Native("C:\\piped\\pipe").c_str(), 0600), 0);
+  EXPECT_FALSE(disk.IsEmptyDirectory("C:\\piped")) << "the system would not remove it";
+  EXPECT_EQ(disk.ListFiles("C:\\", "", ""), Names{}) << "no entry here is a file";
   const std::string ring = Message(std::errc::too_many_symbolic_link_levels);
   EXPECT_EQ(CauseOf([&] { disk.ListDirectories("C:\\ring"); }), ring);
   EXPECT_THROW(scratch.Layer().IsReadOnly(scratch.Native("C:\\ring")), std::system_error);

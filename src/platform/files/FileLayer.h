@@ -68,7 +68,7 @@ class FileLayer {
   /// Replaces `content` by the file's bytes; fails with std::errc::file_too_large above `limit`, and at once with
   /// std::errc::not_supported for a pipe, a socket or a device.
   virtual void Read(const std::filesystem::path& path, std::string& content, std::uintmax_t limit) = 0;
-  /// Files and directories, including links to them, unsorted.
+  /// All entries, unsorted; a link is what it leads to.
   virtual std::vector<DirectoryEntry> List(const std::filesystem::path& directory) = 0;
   /// `Create` fails when the file exists; `Append` and `Overwrite`, which empties it, make it when it does not.
   /// A created file is locked until the object goes, also after Close.

@@ -123,11 +123,10 @@ EntryKind KindOf(const fs::file_status& status) noexcept {
   }
 }
 
-// Omits pipes, devices and entries that have vanished.
+// Omits an entry that has vanished.
 void AddEntry(std::string name, fs::file_type type, bool isLink, std::vector<DirectoryEntry>& entries) {
   const EntryKind kind = KindOf(fs::file_status(type));
-  if (kind == EntryKind::Device || kind == EntryKind::Other || (kind == EntryKind::Missing && !isLink)) return;
-  entries.push_back({std::move(name), kind});
+  if (kind != EntryKind::Missing || isLink) entries.push_back({std::move(name), kind});
 }
 
 bool IsDevice(const fs::path& path) {
@@ -230,12 +229,11 @@ std::vector<DirectoryEntry> NativeFileLayer::List(const fs::path& directory) {
   while (const dirent* entry = readdir(handle.get())) {
     const std::string_view name = entry->d_name;
     if (name == "." || name == "..") continue;
-    // The directory knows the type of an entry; only links have to be followed.
-    fs::file_type type = entry->d_type == DT_REG   ? fs::file_type::regular
-                         : entry->d_type == DT_DIR ? fs::file_type::directory
-                                                   : fs::file_type::none;
+    // The directory knows the type of nearly every entry; only links have to be followed.
     std::error_code unreadable;
-    if (entry->d_type == DT_LNK || entry->d_type == DT_UNKNOWN) type = fs::status(directory / name, unreadable).type();
+    const fs::file_type type = entry->d_type == DT_REG   ? fs::file_type::regular
+                               : entry->d_type == DT_DIR ? fs::file_type::directory
+                                                         : fs::status(directory / name, unreadable).type();
     AddEntry(std::string(name), type, entry->d_type == DT_LNK, entries);
     errno = 0;
   }
