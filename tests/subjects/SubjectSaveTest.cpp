@@ -150,7 +150,7 @@ TEST(SubjectSave, AsksBeforeItReplacesAnotherEntry) {
     const bool refused = !letters.empty() && letters.back() < 'a';
     FakePlatform fakes;
     for (const char letter : letters) {
-      const std::string name(LastPathComponent(onDisk.begin()->first));
+      const std::string name(kIsWindows ? kFile : LastPathComponent(onDisk.begin()->first));
       fakes.Boxes.Expect({.Text = (letter | 0x20) == 'c' ? "The data for this subject have changed on the disk since "
                                                            "they were read.  Do you wish to replace them?"
                                                          : "The file '" + name +

@@ -7,57 +7,19 @@
 #include "platform/files/Disk.h"
 
 #include <algorithm>
-#include <random>
 #include <system_error>
 
+#include "platform/files/EntryNames.h"
 #include "platform/files/FileFaults.h"
 #include "platform/files/FilePlace.h"
 #include "platform/files/PathLookup.h"
 #include "text/Encoding.h"
-#include "text/TypedText.h"
 
 namespace zova {
 
 namespace fs = std::filesystem;
 
 namespace {
-
-constexpr std::string_view kTemporaryPrefix = ".zova-";
-constexpr std::string_view kTemporarySuffix = ".tmp";
-
-bool IsTemporary(std::string_view name) noexcept {
-  return name.size() > kTemporaryPrefix.size() + kTemporarySuffix.size() && name.starts_with(kTemporaryPrefix) &&
-         name.ends_with(kTemporarySuffix);
-}
-
-bool IsHidden(std::string_view name) noexcept {
-#ifdef _WIN32
-  return IsTemporary(name);
-#else
-  return name.starts_with('.');
-#endif
-}
-
-// A backslash would split the name, a quote or a control character would break the file that stores it.
-bool FitsStoredPath(std::string_view name) noexcept {
-  const auto breaks = [](char c) { return c == '\\' || BreaksField(c); };
-  return IsValidUtf8(name) && std::none_of(name.begin(), name.end(), breaks);
-}
-
-std::vector<std::string> InListingOrder(std::vector<std::string> names) {
-  std::vector<std::pair<std::string, std::string>> keyed;  // in upper case, as spelt
-  keyed.reserve(names.size());
-  for (std::string& name : names) keyed.emplace_back(UpperCase(name), std::move(name));
-  std::sort(keyed.begin(), keyed.end());
-  for (std::size_t i = 0; i < names.size(); ++i) names[i] = std::move(keyed[i].second);
-  return names;
-}
-
-fs::path TemporaryBeside(const fs::path& target) {
-  std::random_device random;
-  return target.parent_path() /
-         (std::string(kTemporaryPrefix) + std::to_string(random()) + std::string(kTemporarySuffix));
-}
 
 // A damaged directory does not hide the others; opening it tells its fault.
 bool MayBeEntered(FileLayer& layer, const fs::path& directory) {
@@ -181,7 +143,7 @@ void Disk::Read(const ResolvedPath& path, std::string& content) {
 }
 
 void Disk::ReplaceFile(const fs::path& target, std::string_view content, Durability durability) {
-  const fs::path temporary = TemporaryBeside(target);
+  const fs::path temporary = target.parent_path() / NewTemporaryName();
   try {
     const std::unique_ptr<OutputFile> file = m_layer.Create(temporary);
     file->Write(content);

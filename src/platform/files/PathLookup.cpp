@@ -29,7 +29,8 @@ std::optional<fs::path> LookUp(FileLayer& layer, const fs::path& path) {
   if (layer.Kind(path) != EntryKind::Missing) return path;
   fs::path found = RootOf(path);
   if (!found.empty() && layer.Kind(found) == EntryKind::Missing) return std::nullopt;
-  for (const fs::path& part : path.lexically_relative(found)) {
+  const fs::path rest = path.native().substr(std::min(found.native().size(), path.native().size()));
+  for (const fs::path& part : rest) {
     const fs::path exact = found / part;
     if (layer.Kind(exact) == EntryKind::Missing && layer.Kind(found) == EntryKind::Directory) {
       const std::string wanted = PathText(part);

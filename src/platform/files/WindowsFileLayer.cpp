@@ -238,8 +238,7 @@ void NativeFileLayer::Read(const fs::path& path, std::string& content, std::uint
 std::vector<DirectoryEntry> NativeFileLayer::List(const fs::path& directory) {
   std::vector<DirectoryEntry> entries;
   ForEachEntry(directory, [&](const fs::path& name, DWORD attributes) {
-    const EntryKind kind = IsLink(attributes) ? Kind(directory / name) : KindOf(attributes);
-    if (kind != EntryKind::Missing) entries.push_back({PathText(name), kind});
+    entries.push_back({PathText(name), IsLink(attributes) ? Kind(directory / name) : KindOf(attributes)});
   });
   return entries;
 }
@@ -290,7 +289,7 @@ void NativeFileLayer::Rename(const fs::path& from, const fs::path& to) {
     CloseHandle(open);
   }
   SetLastError(error);
-  ThrowLastError();
+  ThrowLastErrorOf(to);
 }
 
 void NativeFileLayer::FlushDirectory(const fs::path&) {}
