@@ -30,6 +30,7 @@ void TypedGrid::Open(int lines, std::vector<GridColumn> columns) {
 void TypedGrid::ShowPage(int page, GridCell cursor) {
   m_page = page;
   MarkChanged(1, m_lines);
+  ++m_jumpRevision;
   PlaceCursor(cursor);
 }
 
@@ -46,6 +47,7 @@ void TypedGrid::MarkChanged(const std::vector<CellChange>& changes) noexcept {
 }
 
 bool TypedGrid::Refuse(const std::string& message, const std::string& details) {
+  m_desktop.Beep();
   Warn(m_boxes, message, details);
   return false;
 }

@@ -115,6 +115,8 @@ class TypedGrid {
   ChangedLines FetchChangedLines() noexcept { return std::exchange(m_changed, {}); }
   /// Increases with every Open.
   [[nodiscard]] int OpeningRevision() const noexcept { return m_openingRevision; }
+  /// Increases when a page is shown with the cursor on a line that was not chosen by the user, such as a fault's.
+  [[nodiscard]] int JumpRevision() const noexcept { return m_jumpRevision; }
   /// Increases whenever a cell, the box or its target may have changed.
   [[nodiscard]] int Revision() const noexcept { return m_revision; }
 
@@ -150,6 +152,8 @@ class TypedGrid {
   [[nodiscard]] std::string Copy() const;
   /// Pastes from the selection's first cell on, all cells or none; shows the first fault. Cursor and selection stay.
   void Paste(std::string_view text);
+  [[nodiscard]] bool CanUndo() const noexcept { return m_history.CanUndo(); }
+  [[nodiscard]] bool CanRedo() const noexcept { return m_history.CanRedo(); }
   void Undo();
   void Redo();
 
@@ -157,7 +161,7 @@ class TypedGrid {
   void Apply(std::vector<CellEdit>&& edits);
   /// Records a change already made, sorted by page and line, as one undo step.
   void Note(std::vector<CellChange> changes);
-  /// Shows `message`. Always returns false.
+  /// Shows `message`, with a beep for those who look at the protocol. Always returns false.
   bool Refuse(const std::string& message, const std::string& details = {});
 
  private:
@@ -179,6 +183,7 @@ class TypedGrid {
   UndoStack<std::vector<CellChange>> m_history;
   ChangedLines m_changed;
   int m_openingRevision = 0;
+  int m_jumpRevision = 0;
   int m_revision = 0;
 };
 

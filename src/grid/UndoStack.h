@@ -20,6 +20,8 @@ class UndoStack {
     m_steps.push_back(std::move(step));
     ++m_done;
   }
+  [[nodiscard]] bool CanUndo() const noexcept { return m_done > 0; }
+  [[nodiscard]] bool CanRedo() const noexcept { return m_done < m_steps.size(); }
   /// The step to undo or redo; nullptr when there is none.
   const Step* Undo() noexcept { return m_done == 0 ? nullptr : &m_steps[--m_done]; }
   const Step* Redo() noexcept { return m_done == m_steps.size() ? nullptr : &m_steps[m_done++]; }

@@ -177,6 +177,8 @@ void MeansExaminer::Compute() {
   m_uncomputed = 0;
   m_means = {};
   m_picture = {};
+  m_status.clear();
+  m_decimals.clear();
   if (m_request.Measures.empty()) {
     m_picture.Note = m_path.empty() ? "There is no master to show." : "Choose a measure.";
     return;
@@ -190,7 +192,14 @@ void MeansExaminer::Compute() {
   m_means = ComputeMeans(m_table, m_request, m_isOwn ? m_project : nullptr);
   const std::vector<std::size_t>& ofAll = m_means.Cells.back().Uncomputed;
   m_uncomputed = std::accumulate(ofAll.begin(), ofAll.end(), std::size_t{0});
+  for (std::size_t measure = 0; measure < m_means.Measures.size(); ++measure) {
+    m_decimals.push_back(DecimalsOf(m_means, measure));
+  }
   m_picture = PictureOf(m_means);
+  if (m_uncomputed > 0 && !LeavesOut()) {
+    m_picture.Footnote = Counted(m_uncomputed, "value that", "values that") + " could not be computed " +
+                         (m_uncomputed == 1 ? "counts" : "count") + " as 0.";
+  }
   std::erase_if(m_picture.Series, [](const PlotSeries& series) { return series.Points.empty(); });
   if (m_picture.Series.empty()) m_picture.Note = "There is no value to show.";
   if (!HasIntervals(m_picture)) return;
@@ -253,12 +262,23 @@ std::string MeansExaminer::CellText(int row, int column) const {
   if (column <= variables) return cell.Levels.empty() ? "(all)" : cell.Levels[static_cast<std::size_t>(column) - 1];
   switch (column - variables) {
     case 1: return std::to_string(sample.N);
-    case 2: return ShownNumber(sample.Mean) + (cell.Uncomputed[measure] > 0 && !LeavesOut() ? "*" : "");
-    case 3: return ShownNumber(sample.Sd);
-    case 4: return ShownNumber(sample.Low());
-    case 5: return ShownNumber(sample.High());
+    case 2:
+      return ShownNumber(sample.Mean, m_decimals[measure]) + (cell.Uncomputed[measure] > 0 && !LeavesOut() ? "*" : "");
+    case 3: return ShownNumber(sample.Sd, m_decimals[measure]);
+    case 4: return ShownNumber(sample.Low(), m_decimals[measure]);
+    case 5: return ShownNumber(sample.High(), m_decimals[measure]);
     default: return m_isOwn ? std::to_string(cell.Uncomputed[measure]) : "";
   }
+}
+
+bool MeansExaminer::IsTotal(int row) const {
+  return !m_means.Variables.empty() &&
+         m_means.Cells[static_cast<std::size_t>(row) % m_means.Cells.size()].Levels.empty();
+}
+
+std::string MeansExaminer::CopyTable() {
+  m_status = "Copied " + Counted(static_cast<std::size_t>(RowCount()), "line", "lines");
+  return TableText();
 }
 
 std::string MeansExaminer::RowTip(int row) const {
@@ -316,10 +336,11 @@ bool MeansExaminer::IsKept(const std::string& path) {
 void MeansExaminer::Save(const std::string& path, const std::string& bytes) {
   const BusyPointer busy(m_platform.Pointer);
   bool isKept = false;
-  WithRetry(m_platform.Boxes, [&] {
+  const bool isDone = WithRetry(m_platform.Boxes, [&] {
     isKept = IsKept(path);
     if (!isKept) m_platform.Files.Write(path, bytes);
   });
+  if (isDone && !isKept) m_status = "Saved: " + path;
   if (!isKept) return;
   Warn(m_platform.Boxes, "A master or a data file of a project is never replaced.  Please select another name.", path);
 }

@@ -49,6 +49,8 @@ class MeansExaminer {
 
   [[nodiscard]] std::string FileLine() const;  ///< the master shown, or why there is none
   [[nodiscard]] std::string NoteLine() const;  ///< remarks on the numbers
+  /// What the last act did: "Saved: C:\\Data\\Means.pdf", "Copied 6 lines"; "" after a new selection.
+  [[nodiscard]] const std::string& StatusLine() const noexcept { return m_status; }
   /// The texts of the lists change only when `LayoutRevision` increases.
   [[nodiscard]] int LayoutRevision() const noexcept { return m_layoutRevision; }
   [[nodiscard]] const std::vector<std::string>& Measures() const noexcept { return m_measureNames; }
@@ -68,7 +70,13 @@ class MeansExaminer {
   [[nodiscard]] std::string CellText(int row, int column) const;
   /// The meaning of the row's mark, or "".
   [[nodiscard]] std::string RowTip(int row) const;
+  /// True for the line of all subjects below those of the levels.
+  [[nodiscard]] bool IsTotal(int row) const;
+  /// Whether the column of the values that could not be computed says something.
+  [[nodiscard]] bool ShowsUncomputed() const noexcept { return m_uncomputed > 0; }
   [[nodiscard]] std::string TableText() const { return TabText(Lines()); }
+  /// As TableText, for the clipboard: the status line says so.
+  std::string CopyTable();
   [[nodiscard]] const PlotPicture& Picture() const noexcept { return m_picture; }
   [[nodiscard]] bool HasPlot() const noexcept { return !m_picture.Series.empty(); }
 
@@ -99,6 +107,8 @@ class MeansExaminer {
   MeansTable m_means;
   std::size_t m_uncomputed = 0;  // among the chosen measures
   PlotPicture m_picture;
+  std::string m_status;
+  std::vector<int> m_decimals;  // one per chosen measure
   int m_layoutRevision = 0;
   int m_resultRevision = 0;
 };

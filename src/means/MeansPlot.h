@@ -28,6 +28,7 @@ struct PlotPicture {
   std::vector<std::string> Ticks;  ///< the text at x = 1, 2, ...
   std::vector<PlotSeries> Series;
   bool HasLines = true;  ///< false: separate points
+  std::string Footnote;  ///< under the axes, on the screen and in a file; or ""
   std::string Note;      ///< what the picture leaves out, or ""
 };
 

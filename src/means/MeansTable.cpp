@@ -231,13 +231,21 @@ std::string TabText(const MeansLines& lines) {
   });
 }
 
-std::string ShownNumber(const std::optional<double>& value) {
+int DecimalsOf(const MeansTable& means, std::size_t measure) {
+  const auto isBig = [](const std::optional<double>& value) { return value && std::abs(*value) >= 1; };
+  const bool hasBig = std::any_of(means.Cells.begin(), means.Cells.end(), [&](const MeansCell& cell) {
+    const SampleStatistics& sample = cell.Measures[measure];
+    return isBig(sample.Mean) || isBig(sample.Sd) || isBig(sample.Low()) || isBig(sample.High());
+  });
+  return hasBig ? 2 : 3;
+}
+
+std::string ShownNumber(const std::optional<double>& value, int decimals) {
   if (!value) return {};
   char buffer[330];  // the largest double has 309 digits before the point
-  const auto result =
-      std::to_chars(buffer, buffer + sizeof buffer, *value, std::chars_format::fixed, std::abs(*value) < 1 ? 3 : 2);
+  const auto result = std::to_chars(buffer, buffer + sizeof buffer, *value, std::chars_format::fixed, decimals);
   std::string text(buffer, result.ptr);
-  if (text == "-0.000") text.erase(0, 1);
+  if (text.starts_with('-') && text.find_first_not_of("-0.") == std::string::npos) text.erase(0, 1);
   return text;
 }
 

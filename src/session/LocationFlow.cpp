@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "platform/desktop/FileErrorBoxes.h"
+#include "project/ProjectLayout.h"
 #include "text/TypedText.h"
 
 namespace zova {
@@ -28,7 +29,7 @@ void LocationFlow::OpenBackup(ProjectParameters& project, const SavedProject& sa
 
 void LocationFlow::Show() {
   m_browser.Reset();
-  m_text = m_browser.Path();
+  m_text = IsBackup() ? std::string() : m_browser.Path();
 }
 
 LocationFlow::Form LocationFlow::CurrentForm() const noexcept {
@@ -65,6 +66,32 @@ void LocationFlow::SetText(const std::string& text) {
 }
 
 std::string LocationFlow::Result() const { return IsBackup() ? std::string() : m_param.Target(m_text); }
+
+std::string LocationFlow::NativeResult() const {
+  const std::string result = Result();
+  try {
+    const std::string native = NativeText(m_platform.Files.Resolve(result, FileOperation::Read));
+    return native == result ? std::string() : native;
+  } catch (const FileError&) {
+    return {};
+  }
+}
+
+std::string LocationFlow::ParentOffered() {
+  if (IsBackup()) return {};
+  const std::string chosen = m_platform.Files.Drives().ToDrivePath(m_text);
+  if (!HasDrive(chosen) || !IsParamName(LastPathComponent(chosen))) return {};
+  try {
+    if (m_platform.Files.ListFiles(chosen, "", kParameterFileEnd).empty()) return {};
+  } catch (const FileError&) {
+    return {};  // reported when it is accepted
+  }
+  return std::string(DirectoryOfPath(chosen));
+}
+
+void LocationFlow::TakeParent() {
+  if (const std::string parent = ParentOffered(); !parent.empty()) SetText(parent);
+}
 
 void LocationFlow::Accept() {
   m_text = m_platform.Files.Drives().ToDrivePath(m_text);

@@ -42,6 +42,13 @@ class LocationFlow {
   /// The Param directory for the text; "" in the backup's form.
   [[nodiscard]] std::string Result() const;
 
+  /// The same as a path of the system; "" where it looks the same.
+  [[nodiscard]] std::string NativeResult() const;
+  /// The parent of the directory chosen, when that is itself a Param directory with projects; else "".
+  [[nodiscard]] std::string ParentOffered();
+  /// Chooses it.
+  void TakeParent();
+
   void Accept();
   void Cancel();
   /// Closing the window: true when the program may end.

@@ -94,6 +94,21 @@ std::string SubjectIdentification::LevelsList() const {
   return list;
 }
 
+std::vector<std::string> SubjectIdentification::LevelNames() const {
+  std::vector<std::string> names;
+  if (m_step == 1) return names;
+  const auto variable = static_cast<std::size_t>(m_step - 2);
+  for (int level = 1; level <= m_project->LevelCounts[variable]; ++level) {
+    names.push_back(LevelLabel(*m_project, variable, level));
+  }
+  return names;
+}
+
+int SubjectIdentification::ChosenLevel() const {
+  const int level = DigitsInteger16(m_levelText).value_or(0);
+  return level <= static_cast<int>(LevelNames().size()) ? level : 0;
+}
+
 void SubjectIdentification::SetSubjectText(const std::string& text) { m_subjectText = ColumnText(text); }
 
 SubjectIdentification::Outcome SubjectIdentification::StayInBox() {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "platform/desktop/Platform.h"
 #include "subjects/SubjectRecord.h"
@@ -30,6 +31,10 @@ class SubjectIdentification {
   [[nodiscard]] bool AsksIdentifier() const noexcept { return m_step == 1; }
   /// The levels of the current variable, one per line; "" on step 1.
   [[nodiscard]] std::string LevelsList() const;
+  /// Their names, the first that of level 1; empty on step 1.
+  [[nodiscard]] std::vector<std::string> LevelNames() const;
+  /// The level in the box, from 1; 0 for none.
+  [[nodiscard]] int ChosenLevel() const;
   [[nodiscard]] bool CanGoBack() const noexcept { return m_step > 1; }
   [[nodiscard]] bool CanGoNext() const noexcept { return m_step < Steps(); }
   [[nodiscard]] bool CanFinish() const noexcept { return !LooksForExisting() && m_step == Steps(); }

@@ -3,6 +3,7 @@
 #include "app/desktop/QtMessageBoxes.h"
 
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QGridLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -33,13 +34,16 @@ constexpr Offer kOffers[] = {{QMessageBox::Ok, BoxAnswer::Ok},
 
 QMessageBox::StandardButton ButtonOf(BoxAnswer answer) { return kAnswers[static_cast<std::size_t>(answer)]; }
 
-// Ignores keys that were already held when the box opened.
+// Ignores keys that were already held when the box opened, and an Enter right behind a digit: it belongs to a protocol
+// that is typed blind, past the box.
 class HeldKeysDiscarded final : public QObject {
  public:
   HeldKeysDiscarded() { qApp->installEventFilter(this); }
   bool eventFilter(QObject*, QEvent* event) override {
     const bool isOverride = event->type() == QEvent::ShortcutOverride;
-    if (m_pressed || (event->type() != QEvent::KeyPress && !isOverride)) return false;
+    if (event->type() != QEvent::KeyPress && !isOverride) return false;
+    if (!isOverride && IsTypedBlind(*static_cast<const QKeyEvent*>(event))) return true;
+    if (m_pressed) return false;
     const bool isHeld = static_cast<const QKeyEvent*>(event)->isAutoRepeat();
     m_pressed = !isHeld;
     if (isHeld && isOverride) event->accept();  // nor for a shortcut
@@ -47,7 +51,15 @@ class HeldKeysDiscarded final : public QObject {
   }
 
  private:
+  bool IsTypedBlind(const QKeyEvent& press) {
+    constexpr int kTypingPause = 400;  // milliseconds
+    if (press.key() >= Qt::Key_0 && press.key() <= Qt::Key_9) m_sinceDigit.start();
+    const bool isEnter = press.key() == Qt::Key_Return || press.key() == Qt::Key_Enter;
+    return isEnter && m_sinceDigit.isValid() && m_sinceDigit.elapsed() < kTypingPause;
+  }
+
   bool m_pressed = false;
+  QElapsedTimer m_sinceDigit;
 };
 
 // A list of hundreds of subjects would make the box higher than the screen, so a scrolling text replaces Qt's label.

@@ -30,9 +30,4 @@ class Style final : public QProxyStyle {
                        const QWidget* widget) const override;
 };
 
-/// `colour` moved towards `strong` until its contrast on `ground` is at least `ratio` (WCAG 2.1, relative luminance).
-QColor WithContrast(QColor colour, const QColor& strong, const QColor& ground, double ratio);
-/// From 1 to 21.
-double Contrast(const QColor& one, const QColor& other);
-
 }  // namespace zova

@@ -27,6 +27,7 @@ constexpr int kLegendPages = 4;  // maximum height of the legend in figure heigh
 
 // Dark enough for white paper, and distinguishable for colour-blind readers (Okabe and Ito 2008).
 constexpr QRgb kColors[] = {0x000000, 0x0072b2, 0xc04a00, 0x00795a, 0x8a4a7c, 0x555555};
+constexpr int kLighter = 160;  // percent, of the dots behind a smoothed curve
 constexpr Qt::PenStyle kDashes[] = {Qt::SolidLine, Qt::DashLine, Qt::DotLine, Qt::DashDotLine, Qt::DashDotDotLine};
 struct Symbol {
   QCPScatterStyle::ScatterShape Shape;
@@ -56,19 +57,20 @@ const Item& InTurn(const Item (&items)[N], std::size_t index) {
 void Style(QCPGraph& graph, const PlotPicture& picture, const PlotSeries& series, std::size_t index, double fontSize) {
   const bool hasSmoothed =
       std::any_of(picture.Series.begin(), picture.Series.end(), [](const PlotSeries& other) { return other.IsDashed; });
-  const QColor color(InTurn(kColors, index));
-  QPen pen(color, fontSize / 10);
+  QColor color(InTurn(kColors, index));
+  if (hasSmoothed && !series.IsDashed) color = color.lighter(kLighter);  // the curve stands out from its dots
+  QPen pen(color, series.IsDashed ? fontSize / 6 : fontSize / 10);
   if (series.IsDashed) {
     pen.setStyle(kDashes[1 + index % (std::size(kDashes) - 1)]);
   } else if (!hasSmoothed) {
     pen.setStyle(InTurn(kDashes, index));
   }
   graph.setPen(pen);
-  graph.setLineStyle(picture.HasLines ? QCPGraph::lsLine : QCPGraph::lsNone);
+  graph.setLineStyle(picture.HasLines && (series.IsDashed || !hasSmoothed) ? QCPGraph::lsLine : QCPGraph::lsNone);
   if (series.IsDashed) return;
   const Symbol& symbol = InTurn(kSymbols, index);
   graph.setScatterStyle({symbol.Shape, QPen(color, fontSize / 10), symbol.IsFilled ? QBrush(color) : QBrush(Qt::white),
-                         fontSize * 2 / 3});
+                         hasSmoothed ? fontSize / 3 : fontSize * 2 / 3});
 }
 
 // Offsets the series so that symbols and intervals do not overlap; `room` is the distance of two ticks in symbol
@@ -90,8 +92,46 @@ QString Wrapped(const QString& text, const QFontMetricsF& metrics, double room) 
   return Wrapped(text.left(cut), metrics, room) + '\n' + Wrapped(text.mid(cut + 1), metrics, room);
 }
 
-// Extends `range`, which always includes 0.
-void AddSeries(QCustomPlot& plot, const PlotPicture& picture, const QFont& font, double fontSize, QCPRange& range) {
+// The values of the y axis: 0, the means, and their intervals unless these would press the means together.
+QCPRange RangeOf(const PlotPicture& picture) {
+  QCPRange means(0, 0);
+  QCPRange all(0, 0);
+  for (const PlotSeries& series : picture.Series) {
+    for (const PlotPoint& point : series.Points) {
+      means.expand(point.Y);
+      all.expand(point.Y - point.HalfWidth.value_or(0));
+      all.expand(point.Y + point.HalfWidth.value_or(0));
+    }
+  }
+  const double beyond = means.size() > 0 ? means.size() : all.size();
+  return {std::max(all.lower, means.lower - beyond), std::min(all.upper, means.upper + beyond)};
+}
+
+// An arrow where the axis ends before an interval does.
+void AddArrows(QCustomPlot& plot, const QCPGraph& graph, const PlotSeries& series, const QCPRange& range,
+               double fontSize) {
+  for (const bool isUp : {true, false}) {
+    QVector<double> places, ends;
+    for (qsizetype index = 0; index < static_cast<qsizetype>(series.Points.size()); ++index) {
+      const PlotPoint& point = series.Points[static_cast<std::size_t>(index)];
+      const double half = point.HalfWidth.value_or(0);
+      if (isUp ? point.Y + half <= range.upper : point.Y - half >= range.lower) continue;
+      places << graph.data()->at(static_cast<int>(index))->key;
+      ends << (isUp ? range.upper : range.lower);
+    }
+    if (places.isEmpty()) continue;
+    QCPGraph* arrows = plot.addGraph();
+    arrows->removeFromLegend();
+    arrows->setData(places, ends, true);
+    arrows->setLineStyle(QCPGraph::lsNone);
+    const QColor color = graph.pen().color();
+    arrows->setScatterStyle({isUp ? QCPScatterStyle::ssTriangle : QCPScatterStyle::ssTriangleInverted,
+                             QPen(color, fontSize / 12), QBrush(color), fontSize * 2 / 3});
+  }
+}
+
+void AddSeries(QCustomPlot& plot, const PlotPicture& picture, const QFont& font, double fontSize,
+               const QCPRange& range) {
   const QFontMetricsF metrics(font);
   const double symbols = plot.viewport().width() * 0.7 / fontSize;
   const double room = symbols / static_cast<double>(std::max<std::size_t>(1, picture.Ticks.size()));
@@ -103,8 +143,6 @@ void AddSeries(QCustomPlot& plot, const PlotPicture& picture, const QFont& font,
       places << point.X + OffsetOf(picture, index, room);
       means << point.Y;
       halves << point.HalfWidth.value_or(qQNaN());
-      range.expand(point.Y - point.HalfWidth.value_or(0));
-      range.expand(point.Y + point.HalfWidth.value_or(0));
     }
     QCPGraph* graph = plot.addGraph();
     graph->setName(Wrapped(ToQt(series.Name), metrics, plot.viewport().width() - fontSize * 6));
@@ -116,6 +154,7 @@ void AddSeries(QCustomPlot& plot, const PlotPicture& picture, const QFont& font,
     intervals->setPen(QPen(graph->pen().color(), fontSize / 12));
     intervals->setWhiskerWidth(fontSize / 2);
     intervals->setSymbolGap(0);
+    AddArrows(plot, *graph, series, range, fontSize);
   }
 }
 
@@ -190,7 +229,9 @@ void FitLegend(QCustomPlot& plot, PlotLegend& legend, Page page) {
 void FitAxes(QCustomPlot& plot, const PlotPicture& picture, const QFont& font, double fontSize) {
   plot.replot(QCustomPlot::rpQueuedRefresh);
   const QFontMetricsF metrics(font);
-  plot.xAxis->setLabel(Wrapped(ToQt(picture.XLabel), metrics, plot.axisRect()->width()));
+  QString below = Wrapped(ToQt(picture.XLabel), metrics, plot.axisRect()->width());
+  if (!picture.Footnote.empty()) below += "\n" + Wrapped(ToQt(picture.Footnote), metrics, plot.axisRect()->width());
+  plot.xAxis->setLabel(below);
   FitRange(plot, picture, fontSize);
   FitTicks(plot, picture);
   if (plot.xAxis->tickLabelRotation() != 0) plot.replot(QCustomPlot::rpQueuedRefresh);  // for texts that take height
@@ -203,7 +244,7 @@ void DrawPicture(QCustomPlot& plot, PlotLegend& legend, const PlotPicture& pictu
   plot.clearItems();
   plot.legend->clearItems();  // at once, not one by one with their graphs
   plot.clearPlottables();
-  QCPRange range(0, 0);
+  const QCPRange range = RangeOf(picture);
   AddSeries(plot, picture, font, fontSize, range);
   legend.Arrange(font, fontSize);
   const bool isEmpty = picture.Series.empty();

@@ -5,6 +5,7 @@
 #include <QFontInfo>
 #include <QGroupBox>
 #include <QHBoxLayout>
+#include <QIcon>
 #include <QKeyEvent>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -24,6 +25,7 @@ namespace {
 
 constexpr double kTestSize = 3.3;  // times the normal font: legible from a metre away
 constexpr double kInputSize = 1.8;
+constexpr const char* kFastHelp = "Right click something for fast help about it";
 
 QGroupBox* AddGroup(QLayout& rows, const char* name, const QString& title) {
   QGroupBox* group = Named(new QGroupBox(title), name);
@@ -41,7 +43,11 @@ EntryPanel::EntryPanel(SubjectFlow& subjects)
       m_grdInput(new GridTable("grdInput", subjects.Entry().Grid().Cells())),
       m_txtInput(new GridBox("txtInput", subjects.Entry().Grid().Cells())),
       m_lblTUpdate(MakeLabel("lblTUpdate", {})),
+      m_lblRecalls(MakeLabel("lblRecalls", {})),
+      m_lblWhere(MakeLabel("lblWhere", {})),
       m_lblThisOne(new NameLabel("lblThisOne")),
+      m_lblThisLevels(MakeLabel("lblThisLevels", {})),
+      m_lblFastHelp(MakeLabel("lblFastHelp", {})),
       m_lblLimitNote(MakeLabel("lblLimitNote", {})),
       m_side(MakeSide()),
       m_tmrAutoSave(Named(new QTimer(this), "tmrAutoSave")) {
@@ -51,18 +57,22 @@ EntryPanel::EntryPanel(SubjectFlow& subjects)
   auto* content = new QWidget;
   auto* columns = new QHBoxLayout(content);
   columns->setContentsMargins({});
-  columns->addWidget(MakeEntry(), 1);
+  constexpr int kFirst = 1000;  // what is left beside the grid at its full width stays empty
+  columns->addWidget(m_entry = MakeEntry(), kFirst);
   columns->addWidget(m_side);
+  columns->addStretch(1);
   AddContent(content, 1);
-  AddStatus(MakeLabel("lblFastHelp", "Right click something for fast help about it"));
+  AddStatus(m_lblFastHelp);
   m_cmdDone = AddButton("cmdDone", {}, [this] { m_subjects.Entry().DoneWithTest(); });
-  AddButton("cmdFinished", "Done with &all Tests!", [this] { m_subjects.DoneWithAllTests(); });
+  m_cmdFinished = AddButton("cmdFinished", "Done with &all Tests!", [this] { m_subjects.DoneWithAllTests(); });
   AddButton("cmdSubCancel", "&Cancel", [this] { m_subjects.CancelEntry(); });
   m_buttonsReturn = true;
 
   Enlarge(*m_txtInput, kInputSize);
   connect(m_txtInput, &GridBox::Acted, this, [this] { ActAndReturn([] {}); });
-  connect(m_txtInput, &GridBox::textEdited, m_grdInput, &GridTable::ScrollToCursor);
+  connect(m_txtInput, &GridBox::textEdited, m_grdInput, &GridTable::ShowTyping);
+  connect(m_txtInput, &GridBox::textEdited, this, [this] { m_lblFastHelp->setText(kFastHelp); });
+  connect(m_txtInput, &GridBox::Dropped, this, &EntryPanel::TellDropped);
   connect(m_grdInput, &GridTable::Acted, this, [this] { ActAndReturn([] {}); });
   m_side->widget()->installEventFilter(this);
   FitSide();
@@ -80,11 +90,32 @@ QWidget* EntryPanel::MakeEntry() {
   rows->setContentsMargins({});
   rows->addWidget(m_lblLimitNote);
   rows->addWidget(m_grdInput, 1);
+  rows->addWidget(m_lblWhere);
   auto* row = new QHBoxLayout;
   rows->addLayout(row);
   row->addWidget(MakeLabel("lblInput", "&Entry:", m_txtInput));
   row->addWidget(m_txtInput, 1);
   return entry;
+}
+
+QHBoxLayout* EntryPanel::MakeUndoButtons() {
+  TypedGrid& cells = m_subjects.Entry().Grid().Cells();
+  m_cmdUndo = MakeActButton(
+      "cmdUndo", {}, [&cells] { cells.Undo(); }, /*repeats=*/true);
+  m_cmdRedo = MakeActButton(
+      "cmdRedo", {}, [&cells] { cells.Redo(); }, /*repeats=*/true);
+  m_cmdUndo->setIcon(QIcon(":/icons/undo.svg"));
+  m_cmdRedo->setIcon(QIcon(":/icons/redo.svg"));
+  m_cmdUndo->setAccessibleName("Undo");
+  m_cmdRedo->setAccessibleName("Redo");
+  auto* row = new QHBoxLayout;
+  row->addWidget(m_cmdUndo);
+  row->addWidget(m_cmdRedo);
+  return row;
+}
+
+void EntryPanel::TellDropped(const QString& character) {
+  m_lblFastHelp->setText(QStringLiteral("'%1' was not taken: only digits can be typed here.").arg(character));
 }
 
 // Its buttons scroll in a low window; grid and box always stand beside it.
@@ -96,16 +127,21 @@ QScrollArea* EntryPanel::MakeSide() {
   m_lblTUpdate->setWordWrap(false);
   m_lblTUpdate->setAlignment(Qt::AlignCenter);
   rows->addWidget(m_lblTUpdate);
-  QLayout& tools = *AddGroup(*rows, "fraPretty", "Tools")->layout();
+  m_lblRecalls->setAlignment(Qt::AlignCenter);
+  rows->addWidget(m_lblRecalls);
+  auto& tools = static_cast<QVBoxLayout&>(*AddGroup(*rows, "fraPretty", "Tools")->layout());
   tools.addWidget(MakeActButton("cmdInsert", "&Insert", [&grid] { grid.InsertLine(); }));
   tools.addWidget(MakeActButton("cmdDelete", "&Delete", [&grid] { grid.DeleteSelectedLines(); }));
+  tools.addLayout(MakeUndoButtons());
   m_framinbump = AddGroup(*rows, "framinbump", "Minute Bump");
   QLayout& bump = *m_framinbump->layout();
   bump.addWidget(MakeActButton(
       "cmdminadd", "Add O&ne", [&grid] { grid.AddMinute(); }, /*repeats=*/true));
   bump.addWidget(MakeActButton(
       "cmdminmin", "&Subtract One", [&grid] { grid.SubtractMinute(); }, /*repeats=*/true));
-  AddGroup(*rows, "fraInformation", "Subject Information")->layout()->addWidget(m_lblThisOne);
+  QLayout& subject = *AddGroup(*rows, "fraInformation", "Subject Information")->layout();
+  subject.addWidget(m_lblThisOne);
+  subject.addWidget(m_lblThisLevels);
   rows->addStretch();
   QScrollArea* area = MakeScrolling(side);
   area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -114,19 +150,36 @@ QScrollArea* EntryPanel::MakeSide() {
 
 void EntryPanel::ShowState() {
   FollowTimer();
-  const SubjectEntry& entry = m_subjects.Entry();
+  SubjectEntry& entry = m_subjects.Entry();
   m_lblTUpdate->setText(ToQt(entry.TestCaption()));
   // The only free letter that "Done with Test 1" and "Review" share.
   QString done = ToQt(entry.DoneCaption());
   m_cmdDone->setText(done.insert(done.indexOf(u'w'), u'&'));
   m_lblThisOne->setText(ToQt(entry.SubjectCaption()));
+  m_lblFastHelp->setText(kFastHelp);
   if (!entry.IsOpen()) return;
   m_grdInput->Refresh();
+  m_entry->setMaximumWidth(m_grdInput->maximumWidth());
   m_txtInput->Refresh();
+  ShowPlace();
   m_framinbump->setVisible(entry.KeepsMinutes());
   m_framinbump->setEnabled(entry.KeepsMinutes());
+  MarkDefault(m_cmdFinished, entry.IsOnLastTest());
+  m_lblThisLevels->setText(ToQt(entry.LevelsCaption()));
+  m_lblThisLevels->setVisible(!m_lblThisLevels->text().isEmpty());
   m_lblLimitNote->setText(ToQt(entry.LimitNote()));
   m_lblLimitNote->setVisible(!entry.LimitNote().empty());
+}
+
+void EntryPanel::ShowPlace() {
+  SubjectEntry& entry = m_subjects.Entry();
+  const TypedGrid& cells = entry.Grid().Cells();
+  m_lblRecalls->setText(ToQt(entry.RecallsCaption()));
+  m_lblWhere->setText(ToQt(entry.Grid().WhereText()));
+  m_txtInput->setAccessibleDescription(
+      QStringLiteral("%1, line %2, %3").arg(m_lblTUpdate->text()).arg(cells.Cursor().Line).arg(m_lblWhere->text()));
+  m_cmdUndo->setEnabled(cells.CanUndo());
+  m_cmdRedo->setEnabled(cells.CanRedo());
 }
 
 void EntryPanel::PlaceCursor() { m_txtInput->setFocus(); }

@@ -4,6 +4,7 @@
 #include "app/widgets/Panel.h"
 
 class QGroupBox;
+class QHBoxLayout;
 class QLabel;
 class QPushButton;
 class QScrollArea;
@@ -31,6 +32,9 @@ class EntryPanel : public Panel {
  private:
   QScrollArea* MakeSide();
   QWidget* MakeEntry();
+  QHBoxLayout* MakeUndoButtons();
+  void ShowPlace();
+  void TellDropped(const QString& character);
   void FollowTimer();
   void FitSide();
   void ActOnTicks();
@@ -39,10 +43,18 @@ class EntryPanel : public Panel {
   GridTable* m_grdInput;
   GridBox* m_txtInput;
   QLabel* m_lblTUpdate;
+  QLabel* m_lblRecalls;
+  QLabel* m_lblWhere;
   QLabel* m_lblThisOne;
+  QLabel* m_lblThisLevels;
+  QLabel* m_lblFastHelp;
   QLabel* m_lblLimitNote;
   QPushButton* m_cmdDone = nullptr;
+  QPushButton* m_cmdFinished = nullptr;
+  QPushButton* m_cmdUndo = nullptr;
+  QPushButton* m_cmdRedo = nullptr;
   QGroupBox* m_framinbump = nullptr;
+  QWidget* m_entry = nullptr;
   QScrollArea* m_side;
   QTimer* m_tmrAutoSave;
   int m_timerStartRevision = 0;

@@ -2,6 +2,8 @@
 #include "app/screens/IdentificationPanel.h"
 
 #include <QHBoxLayout>
+#include <QListWidget>
+#include <QSignalBlocker>
 #include <QVBoxLayout>
 
 #include "app/widgets/Controls.h"
@@ -14,7 +16,8 @@ IdentificationPanel::IdentificationPanel(SubjectFlow& subjects)
       m_subjects(subjects),
       m_rules(subjects.Identification()),
       m_txtSub(Named(new QLineEdit, "txtSub")),
-      m_txtInfo(Named(new QLineEdit, "txtInfo")) {
+      m_txtInfo(Named(new QLineEdit, "txtInfo")),
+      m_lstLevels(Named(new QListWidget, "lstLevels")) {
   AddTitle(MakeText("lblSubInfo", &SubjectIdentification::Heading));
   AddProjectName();
   AddQuestions(*AddPage());
@@ -32,7 +35,13 @@ IdentificationPanel::IdentificationPanel(SubjectFlow& subjects)
     ShowText(m_txtSub, m_rules.SubjectText());
     m_txtSub->setCursorPosition(static_cast<int>(m_txtSub->text().size() - fromEnd));
   });
-  connect(m_txtInfo, &QLineEdit::textEdited, this, [this](const QString& text) { m_rules.SetLevelText(FromQt(text)); });
+  connect(m_txtInfo, &QLineEdit::textEdited, this, [this](const QString& text) {
+    m_rules.SetLevelText(FromQt(text));
+    ShowLevels();
+  });
+  connect(m_lstLevels, &QListWidget::currentRowChanged, this, [this](int row) {
+    if (row >= 0) Act([&] { m_rules.SetLevelText(std::to_string(row + 1)); });
+  });
 }
 
 void IdentificationPanel::AddQuestions(QVBoxLayout& rows) {
@@ -48,11 +57,30 @@ void IdentificationPanel::AddQuestions(QVBoxLayout& rows) {
   QLabel* prompt = MakeLabel("lblInfo", "Please enter variable &level here -------------->", m_txtInfo);
   prompt->setWordWrap(false);
   row->addWidget(prompt);
-  row->addWidget(m_txtInfo);
-  row->addStretch();
+  row->addWidget(m_txtInfo, 0, Qt::AlignTop);
+  row->addWidget(m_lstLevels, 1);
+  row->setAlignment(prompt, Qt::AlignTop);
+  m_lstLevels->setAccessibleName("Levels");
+  constexpr int kLines = 11;
+  m_lstLevels->setFixedHeight(kLines * (m_lstLevels->fontMetrics().height() + 2));
+  KeepReadable(m_txtSub, true);
   rows.addWidget(m_level);
   rows.addWidget(MakeText("lblVars", &SubjectIdentification::LevelsList));
   rows.addStretch();
+}
+
+void IdentificationPanel::ShowLevels() {
+  const QSignalBlocker quiet(m_lstLevels);
+  const std::vector<std::string> names = m_rules.LevelNames();
+  QStringList shown;
+  for (const std::string& name : names) shown.append(ToQt(name));
+  QStringList listed;
+  for (int row = 0; row < m_lstLevels->count(); ++row) listed.append(m_lstLevels->item(row)->text());
+  if (shown != listed) {
+    m_lstLevels->clear();
+    m_lstLevels->addItems(shown);
+  }
+  m_lstLevels->setCurrentRow(m_rules.ChosenLevel() - 1);
 }
 
 QLabel* IdentificationPanel::MakeText(const char* name, Getter text) {
@@ -68,6 +96,7 @@ void IdentificationPanel::ShowState() {
   }
   ShowText(m_txtSub, m_rules.SubjectText());
   ShowText(m_txtInfo, m_rules.LevelText());
+  ShowLevels();
   const bool asksIdentifier = m_rules.AsksIdentifier();
   m_txtSub->setEnabled(asksIdentifier);  // visible also while levels are entered
   m_level->setVisible(!asksIdentifier);

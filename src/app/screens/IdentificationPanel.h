@@ -7,6 +7,7 @@
 #include "app/widgets/Panel.h"
 
 class QLabel;
+class QListWidget;
 
 namespace zova {
 
@@ -30,6 +31,7 @@ class IdentificationPanel : public Panel {
   using Getter = std::string (SubjectIdentification::*)() const;
 
   void AddQuestions(QVBoxLayout& rows);
+  void ShowLevels();
   QLabel* MakeText(const char* name, Getter text);
 
   SubjectFlow& m_subjects;
@@ -38,6 +40,7 @@ class IdentificationPanel : public Panel {
   QLineEdit* m_txtSub;
   QWidget* m_level;
   QLineEdit* m_txtInfo;
+  QListWidget* m_lstLevels;
   QPushButton* m_cmdBrowse;
   QPushButton* m_cmdOK;
   QPushButton* m_cmdBack;

@@ -24,6 +24,8 @@ class LocationPanel : public Panel {
   void ShowState() override;
 
  private:
+  QWidget* MakeResult();
+  QWidget* MakeParentOffer();
   void Take(const std::string& path);
 
   LocationFlow& m_location;
@@ -31,7 +33,11 @@ class LocationPanel : public Panel {
   QLabel* m_instruction;
   QLabel* m_note;
   QLineEdit* m_path;
+  QLabel* m_willBe;
   QLabel* m_result;
+  QLabel* m_native;
+  QWidget* m_parentOffer;
+  QLabel* m_insideParam;
   DriveDirectoryList* m_directories;
 };
 

@@ -30,15 +30,11 @@ MasterPanel::MasterPanel(MasterFlow& flow, QtProgress& progress)
   AddContent(m_progress);
   QVBoxLayout* rows = AddPage();
   m_questions = findChild<QScrollArea*>();  // the page with its bars
-  rows->addWidget(MakeLabel("lblDestination", "&Destination Directory", m_txtMasterDest));
-  rows->addWidget(m_directories, 1);
-  rows->addWidget(m_txtMasterDest);
-  rows->addWidget(MakeLabel("lblMasterRows", "The rows always go to the master in the primary directory."));
   rows->addWidget(MakeLabel("lblmeasures", "Choose Measures", m_cmdMeasures));
   rows->addWidget(m_cmdMeasures, 0, Qt::AlignLeft);
+  rows->addWidget(MakeLabel("lblItemAnal", "Serial Position Master", m_chkItemAnalysis));
   rows->addWidget(
       MakeLabel("lblItemAnalInst", "For an additional serial postion analysis please select the box below. "));
-  rows->addWidget(MakeLabel("lblItemAnal", "Serial Position Master", m_chkItemAnalysis));
   rows->addWidget(m_chkItemAnalysis, 0, Qt::AlignLeft);
   rows->addWidget(m_chkCombine, 0, Qt::AlignLeft);
   rows->addWidget(MakeLabel("lblExports", "Files for Other Programs", m_chkExportClean));
@@ -47,6 +43,10 @@ MasterPanel::MasterPanel(MasterFlow& flow, QtProgress& progress)
   exports->addWidget(m_chkExportLong);
   exports->addStretch();
   rows->addLayout(exports);
+  rows->addWidget(MakeLabel("lblDestination", "&Destination Directory", m_txtMasterDest));
+  rows->addWidget(m_directories, 1);
+  rows->addWidget(m_txtMasterDest);
+  rows->addWidget(MakeLabel("lblMasterRows", "The rows always go to the master in the primary directory."));
   AddStatus(m_lblMasterStatus);
   for (const char* heading : {"lblDestination", "lblmeasures", "lblItemAnal", "lblExports"}) {
     MakeBold(findChild<QLabel*>(heading));

@@ -9,6 +9,7 @@
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QItemSelectionModel>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QScrollArea>
 #include <QSignalBlocker>
@@ -37,6 +38,11 @@ class MeansModel final : public QAbstractTableModel {
     switch (role) {
       case Qt::DisplayRole: return ToQt(m_rules.CellText(index.row(), index.column()));
       case Qt::ToolTipRole: return ToQt(m_rules.RowTip(index.row()));
+      case Qt::FontRole: {
+        QFont font;
+        font.setBold(m_rules.IsTotal(index.row()));
+        return font;
+      }
       case Qt::TextAlignmentRole: {
         const bool isNumber = index.column() > static_cast<int>(m_headings.size()) - 7;
         return static_cast<int>(Qt::AlignVCenter | (isNumber ? Qt::AlignRight : Qt::AlignLeft));
@@ -45,7 +51,7 @@ class MeansModel final : public QAbstractTableModel {
     }
   }
   [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation, int role) const override {
-    if (role != Qt::DisplayRole || orientation != Qt::Horizontal) return {};
+    if ((role != Qt::DisplayRole && role != Qt::ToolTipRole) || orientation != Qt::Horizontal) return {};
     return ToQt(m_headings[static_cast<std::size_t>(section)]);
   }
 
@@ -104,6 +110,8 @@ MeansPanel::MeansPanel(Session& session)
       m_rules(session.Means()),
       m_lblMeansFile(MakeLabel("lblMeansFile", {})),
       m_lblMeansNote(MakeLabel("lblMeansNote", {})),
+      m_lblMeansStatus(MakeLabel("lblMeansStatus", {})),
+      m_txtFilter(Named(new QLineEdit, "txtFilter")),
       m_lstMeasures(Named(new QListWidget, "lstMeasures")),
       m_lstMeansVariables(Named(new QListWidget, "lstMeansVariables")),
       m_chkMeansLeaveOut(Named(new QCheckBox("&Leave out values that could not be computed"), "chkMeansLeaveOut")),
@@ -146,7 +154,12 @@ QWidget* MeansPanel::MakeChoices() {
     list->setMinimumSize(list->fontMetrics().averageCharWidth() * 26, list->fontMetrics().lineSpacing() * 5);
   }
   rows->addWidget(MakeLabel("lblMeasures", "&Measures:", m_lstMeasures));
+  rows->addWidget(m_txtFilter);
   rows->addWidget(m_lstMeasures, 3);
+  m_txtFilter->setPlaceholderText("Filter");
+  m_txtFilter->setAccessibleName("Filter");
+  m_txtFilter->setClearButtonEnabled(true);
+  connect(m_txtFilter, &QLineEdit::textChanged, this, &MeansPanel::ShowFiltered);
   m_cmdMeansFamily = MakeActButton("cmdMeansFamily", "Whole &Series", [this] { m_rules.ChooseWholeSeries(); });
   rows->addWidget(m_cmdMeansFamily);
   rows->addWidget(MakeLabel("lblMeansVariables", "&Variables:", m_lstMeansVariables));
@@ -188,6 +201,7 @@ QWidget* MeansPanel::MakeResults() {
 }
 
 void MeansPanel::AddButtons() {
+  AddStatus(m_lblMeansStatus);
   AddButton("cmdMeansOpen", "Open M&aster...", [this] { m_rules.ChooseMaster(); });
   m_cmdMeansCopy = AddButton("cmdMeansCopy", "Cop&y Table", [this] { Copy(); });
   m_cmdMeansSave = AddButton("cmdMeansSave", "Save Ta&ble...", [this] { m_rules.SaveTable(); });
@@ -195,17 +209,30 @@ void MeansPanel::AddButtons() {
   m_cancel = AddButton("cmdMeansClose", "&Close", [this] { m_session.CloseMeans(); });
 }
 
-void MeansPanel::Copy() { QGuiApplication::clipboard()->setText(ToQt(m_rules.TableText())); }
+void MeansPanel::Copy() {
+  Act([this] { QGuiApplication::clipboard()->setText(ToQt(m_rules.CopyTable())); });
+}
 
 void MeansPanel::SavePlot() {
   const auto target = m_rules.AskPlotFile();
-  if (target) m_rules.SavePlot(*target, RenderPicture(m_rules.Picture(), target->Format).toStdString());
+  if (!target) return;
+  Act([&] { m_rules.SavePlot(*target, RenderPicture(m_rules.Picture(), target->Format).toStdString()); });
 }
 
 void MeansPanel::FillLists() {
   m_layoutRevision = m_rules.LayoutRevision();
   Fill(*m_lstMeasures, m_rules.Measures());
   Fill(*m_lstMeansVariables, m_rules.Variables());
+  const QSignalBlocker quiet(m_txtFilter);
+  m_txtFilter->clear();
+}
+
+// What is hidden stays chosen.
+void MeansPanel::ShowFiltered() {
+  for (int row = 0; row < m_lstMeasures->count(); ++row) {
+    QListWidgetItem* item = m_lstMeasures->item(row);
+    item->setHidden(!item->text().contains(m_txtFilter->text(), Qt::CaseInsensitive));
+  }
 }
 
 void MeansPanel::ShowChosen() {
@@ -218,6 +245,7 @@ void MeansPanel::ShowChosen() {
 void MeansPanel::ShowState() {
   m_lblMeansFile->setText(ToQt(m_rules.FileLine()));
   m_lblMeansNote->setText(ToQt(m_rules.NoteLine()));
+  m_lblMeansStatus->setText(ToQt(m_rules.StatusLine()));
   m_lblMeansNote->setVisible(!m_lblMeansNote->text().isEmpty());
   if (m_layoutRevision != m_rules.LayoutRevision()) FillLists();
   ShowChosen();
@@ -230,6 +258,13 @@ void MeansPanel::ShowState() {
   m_cmdPlotSave->setEnabled(m_rules.HasPlot());
   if (!m_model->Follow()) return;
   m_grdMeans->resizeColumnsToContents();
+  constexpr int kEms = 14;
+  const int widest = kEms * fontMetrics().height();
+  for (int column = 0; column < m_model->columnCount({}); ++column) {
+    m_grdMeans->setColumnWidth(column, std::min(m_grdMeans->columnWidth(column), widest));
+    const bool isUncomputed = column + 1 == m_model->columnCount({});
+    m_grdMeans->setColumnHidden(column, isUncomputed && !m_rules.ShowsUncomputed());
+  }
   m_plotMeans->ShowPicture(m_rules.Picture());
   // An empty plot shows its own explanation.
   m_lblPlotNote->setText(m_rules.HasPlot() ? ToQt(m_rules.Picture().Note) : QString());

@@ -7,6 +7,7 @@
 
 class QCheckBox;
 class QLabel;
+class QLineEdit;
 class QListWidget;
 class QPushButton;
 class QTableView;
@@ -34,6 +35,7 @@ class MeansPanel : public Panel {
   void AddButtons();
   void FillLists();
   void ShowChosen();
+  void ShowFiltered();
   void Copy();
   void SavePlot();
 
@@ -41,6 +43,8 @@ class MeansPanel : public Panel {
   MeansExaminer& m_rules;
   QLabel* m_lblMeansFile;
   QLabel* m_lblMeansNote;
+  QLabel* m_lblMeansStatus;
+  QLineEdit* m_txtFilter;
   QListWidget* m_lstMeasures;
   QListWidget* m_lstMeansVariables;
   QPushButton* m_cmdMeansFamily = nullptr;

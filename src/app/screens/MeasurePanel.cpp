@@ -3,6 +3,7 @@
 
 #include <QCheckBox>
 #include <QGroupBox>
+#include <QHBoxLayout>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <utility>
@@ -26,17 +27,24 @@ MeasurePanel::MeasurePanel(MasterFlow& flow, std::function<void()> help) : Panel
                             "Please uncheck any measures that you do not want.  Please note that "
                             "selections here will apply to both individual and applicable nominal "
                             "group measures."));
+  auto* columns = new QHBoxLayout;
+  rows->addLayout(columns);
+  QVBoxLayout* column[] = {new QVBoxLayout, new QVBoxLayout};
+  for (QVBoxLayout* side : column) columns->addLayout(side, 1);
   QGroupBox* frame = nullptr;
+  std::size_t placed = 0;
   for (const MeasureBox& measure : AllMeasureBoxes()) {
     if (!frame || frame->objectName() != Ascii(measure.Frame->Name)) {
       frame = new QGroupBox(Ascii(measure.Frame->Caption));
       frame->setObjectName(Ascii(measure.Frame->Name));
       frame->setFlat(true);
       new QVBoxLayout(frame);
-      rows->addWidget(frame);
+      column[2 * placed >= AllMeasureBoxes().size() ? 1 : 0]->addWidget(frame);
     }
     AddBox(*frame, measure);
+    ++placed;
   }
+  for (QVBoxLayout* side : column) side->addStretch();
   m_lblColumnCount = MakeLabel("lblColumnCount", {});
   rows->addWidget(m_lblColumnCount);
   rows->addStretch();

@@ -51,11 +51,14 @@ VariableEditorPanel::VariableEditorPanel(NewProjectWizard& wizard) : WizardPage(
   m_cmdAddVar = AddButton(*row, "cmdAddVar", "New &Variable", &NewProjectWizard::AddVariable);
   m_cmdReview = AddButton(*row, "cmdReview", "&Review", &NewProjectWizard::ReviewVariables);
   m_cmdReview->setToolTip("Cycles Through Entered Variables");
+  row->addWidget(m_lblPlace = MakeLabel("lblVarPlace", {}));
   row->addStretch();
   AddText("lblVarHelp",
           "Highlight a variable or level name to edit it, then use the entry box to "
           "rename it or the <Delete> key to delete the entry.  Highlight the 'Add "
-          "Level' box to add additional levels.");
+          "Level' box to add additional levels.",
+          kWhenDefining);
+  m_entry.Edit->setPlaceholderText("leave empty when there are no more");
   AddLabels();
 }
 
@@ -67,9 +70,12 @@ QPushButton* VariableEditorPanel::AddButton(QHBoxLayout& row, const char* name, 
 }
 
 void VariableEditorPanel::AddLabels() {
-  auto* rows = new QVBoxLayout;
+  m_frame = Named(new QFrame, "fraLevels");
+  m_frame->setFrameStyle(QFrame::StyledPanel | QFrame::Plain);
+  auto* rows = new QVBoxLayout(m_frame);
   rows->setSpacing(0);
-  Rows()->addLayout(rows);
+  Rows()->addSpacing(rows->contentsMargins().top());
+  Rows()->addWidget(m_frame);
   for (int label = 0; label <= kMaxLevels; ++label) {
     QLabel* name = MakeLabel("lblVarName", {});
     if (label > 0) name->setObjectName(QStringLiteral("lblVarLevel%1").arg(label));
@@ -89,6 +95,7 @@ void VariableEditorPanel::Refresh() {
   m_entry.Label->setText(prompt.isEmpty() ? prompt : QLatin1Char('&') + prompt);
   m_cmdAddVar->setEnabled(asked && !Wizard().IsViewing());
   m_cmdReview->setEnabled(asked);
+  m_lblPlace->setText(ToQt(editor.Place()));
   m_entry.Edit->setEnabled(asked && !editor.AsksNothing());
 
   m_refreshing = true;
@@ -103,6 +110,7 @@ void VariableEditorPanel::Refresh() {
     ShowHighlight(*m_labels[label], asked && static_cast<int>(label) == editor.CurrentLevel());
   }
   if (inLabels) FollowHighlight();
+  m_frame->setVisible(!editor.Heading().empty());  // the cursor has left its labels by now
   m_refreshing = false;
 }
 

@@ -35,6 +35,8 @@ class VariableEditorPanel : public WizardPage {
   TextBox m_entry;
   QPushButton* m_cmdAddVar;
   QPushButton* m_cmdReview;
+  QLabel* m_lblPlace;
+  QFrame* m_frame = nullptr;      // round the labels
   std::vector<QLabel*> m_labels;  // lblVarName, then those of the levels: the index is the editor's level
   bool m_refreshing = false;
 };

@@ -87,6 +87,7 @@ void WizardPage::Refresh() {
     const bool asked = m_wizard.Asks(box);
     ShowText(edit, m_wizard.Text(box));
     edit->setReadOnly(m_wizard.IsViewing());
+    LookReadOnly(edit, m_wizard.IsViewing());
     edit->setEnabled(asked);
     label->setEnabled(asked);
   }
@@ -97,7 +98,11 @@ void WizardPage::Refresh() {
     pair.Yes->setFocusPolicy(isYes ? Qt::StrongFocus : Qt::ClickFocus);
     pair.No->setFocusPolicy(isYes ? Qt::ClickFocus : Qt::StrongFocus);
     const bool asked = !pair.Asked || m_wizard.Asks(*pair.Asked);
-    for (QWidget* control : std::initializer_list<QWidget*>{pair.Label, pair.Yes, pair.No}) control->setEnabled(asked);
+    pair.Label->setEnabled(asked);
+    for (QRadioButton* button : {pair.Yes, pair.No}) {
+      button->setEnabled(asked && !m_wizard.IsViewing());
+      KeepReadable(button, asked && m_wizard.IsViewing());
+    }
   }
   for (const auto& [label, shown] : m_remarks) label->setVisible((m_wizard.*shown)());
 }

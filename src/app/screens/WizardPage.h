@@ -28,6 +28,8 @@ class WizardPage : public QWidget {
     QLabel* Label;
   };
   using Remark = bool (NewProjectWizard::*)() const noexcept;
+  /// A remark for those who define a project.
+  static constexpr Remark kWhenDefining = &NewProjectWizard::IsDefining;
 
   /// Adds a line of text, visible only while `shown` holds, if given.
   QLabel* AddText(const char* name, const QString& text, Remark shown = nullptr);

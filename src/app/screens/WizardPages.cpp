@@ -21,7 +21,8 @@ WizardPage* MakeTitlePage(NewProjectWizard& wizard) {
   page->AddBox(WizardBox::Title, "lblExp", "&What would you like to title this project?", "txtExp");
   page->AddText("lblExpNote",
                 "NOTE:  It is recommended that you title it something meaningful.  "
-                "For instance:  'False Memory Exp Spring 1997'");
+                "For instance:  'False Memory Exp Spring 1997'",
+                WizardPage::kWhenDefining);
   return page;
 }
 
@@ -32,7 +33,8 @@ class DirectoriesPage final : public WizardPage {
         m_lists(new DriveDirectoryList(wizard.Browser(), "drvPath1", "dirPath1")) {
     AddText("lblPaths",
             "You must set a primary location to save the data. It is recommended that you also save "
-            "the data to a backup location.");
+            "the data to a backup location.",
+            kWhenDefining);
     m_lists->SetLabels("lblDrive1", "Dri&ve", "lblDir1", "D&irectory");
     Rows()->addWidget(m_lists, 1);
     connect(m_lists, &DriveDirectoryList::Acted, this, &WizardPage::Acted);
@@ -49,6 +51,7 @@ class DirectoriesPage final : public WizardPage {
     m_lists->Refresh();
     for (QWidget* control : std::initializer_list<QWidget*>{m_lists, m_cmdPath1, m_cmdPath2}) {
       control->setEnabled(!Wizard().IsViewing());
+      control->setVisible(!Wizard().IsViewing());
     }
   }
 
@@ -112,7 +115,8 @@ class RatingsPage final : public WizardPage {
     AddBox(WizardBox::MaxRating, "lblRatemax", "What is the &maximum rating allowed?", "txtRatemax");
     m_lblRating = AddText("lblRating",
                           "Please check the tests for which ratings were taken.  Click "
-                          "the 'Next' button when finished.");
+                          "the 'Next' button when finished.",
+                          kWhenDefining);
     auto* grid = new QGridLayout;
     Rows()->addLayout(grid);
     grid->setColumnStretch(kColumns, 1);
@@ -134,7 +138,8 @@ class RatingsPage final : public WizardPage {
       ++test;
       box->setChecked(IsRated(test));
       box->setVisible(test <= Wizard().TestCount());
-      box->setEnabled(asked);
+      box->setEnabled(asked && !Wizard().IsViewing());
+      KeepReadable(box, asked && Wizard().IsViewing());
     }
   }
 
@@ -164,7 +169,8 @@ WizardPage* MakeAbbreviationPage(NewProjectWizard& wizard) {
                 "In order for ZOVA to work properly, it will need to store and retrieve data specific "
                 "to this experiment.  To accomplish this ZOVA will store information relative to this "
                 "experiment with a prefix.  Please specify the prefix you would like ZOVA to use (20 "
-                "character max).  The default is to use the first 20 characters of the title.");
+                "character max).  The default is to use the first 20 characters of the title.",
+                WizardPage::kWhenDefining);
   const auto prefix =
       page->MakeBox(WizardBox::Abbreviation, "lblAbbrPrompt", "Please &enter prefix here -------->", "txtAbbr");
   prefix.Label->setWordWrap(false);

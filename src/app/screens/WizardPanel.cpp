@@ -1,7 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/screens/WizardPanel.h"
 
+#include <QApplication>
+#include <QFontInfo>
+#include <QHBoxLayout>
 #include <QScrollArea>
+#include <QScrollBar>
 
 #include "app/screens/WizardPages.h"
 #include "app/widgets/Controls.h"
@@ -14,8 +18,13 @@ WizardPanel::WizardPanel(Session& session)
       m_fraParam(static_cast<QGroupBox*>(Host())),
       m_stack(Named(new QStackedWidget, "stkPages")) {
   m_fraParam->setFlat(true);
-  AddContent(m_stack);
   AddPages();
+  auto* content = new QWidget;
+  auto* columns = new QHBoxLayout(content);
+  columns->setContentsMargins({});
+  columns->addWidget(MakeOutline());
+  columns->addWidget(m_stack, 1);
+  AddContent(content, 1);
   AddButtons();
   Refresh();
 }
@@ -35,6 +44,46 @@ void WizardPanel::AddPages() {
   }
 }
 
+// The eight pages, each with its answer in short; the current one is bold.
+QWidget* WizardPanel::MakeOutline() {
+  auto* outline = new QWidget;
+  auto* rows = new QVBoxLayout(outline);
+  rows->setContentsMargins(0, 0, rows->spacing(), 0);
+  for (std::size_t page = 1; page <= m_pages.size(); ++page) {
+    QLabel* label = MakeLabel("", {});
+    label->setObjectName(QStringLiteral("lblOutline%1").arg(page));
+    m_outline.push_back(label);
+    rows->addWidget(label);
+  }
+  rows->addStretch();
+  constexpr int kEms = 15;
+  outline->setFixedWidth(kEms * QFontInfo(outline->font()).pixelSize());
+  QScrollArea* area = Named(MakeScrolling(outline), "scrOutline");
+  area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  area->setFixedWidth(outline->width() + area->verticalScrollBar()->sizeHint().width());
+  area->viewport()->setAutoFillBackground(false);
+  outline->setAutoFillBackground(false);
+  return area;
+}
+
+void WizardPanel::ShowOutline() {
+  const NewProjectWizard& wizard = m_session.Wizard();
+  for (std::size_t index = 0; index < m_outline.size(); ++index) {
+    const int page = static_cast<int>(index) + 1;
+    QLabel* label = m_outline[index];
+    QString title = m_pages[index]->Title()->text();
+    if (title.endsWith('.')) title.chop(1);
+    const QString answer = ToQt(wizard.Answer(page));
+    const QFontMetrics metrics(label->font());
+    const QString shown = metrics.elidedText(answer, Qt::ElideMiddle, 2 * label->width() - metrics.height());
+    label->setText(answer.isEmpty() ? title : title + ": " + shown);
+    label->setToolTip(shown == answer ? QString() : answer);
+    QFont font;
+    font.setBold(page == wizard.Page());
+    label->setFont(font);
+  }
+}
+
 void WizardPanel::AddButtons() {
   m_lblCounter = MakeLabel("lblCounter", {});
   m_lblCounter->setWordWrap(false);
@@ -43,7 +92,13 @@ void WizardPanel::AddButtons() {
   m_cmdNext1 = AddButton("cmdNext1", "&Next >>", [this] { m_session.Wizard().Next(); });
   m_cmdEntered1 = AddButton("cmdEntered1", "&Done!", [this] { m_session.FinishWizard(); });
   m_cancel = AddButton("cmdCancel1", "&Cancel", [this] { m_session.CancelWizard(); });
-  for (QPushButton* button : {m_cmdNext1, m_cmdEntered1}) MarkDefault(button, true);  // one of them is in sight
+  MarkDefault(m_cmdEntered1, true);
+  MarkDefault(m_cmdNext1, true);
+  // Enter in the box of the variables names a level and does not go on.
+  const auto* variable = findChild<QLineEdit*>("txtVariable");
+  connect(qApp, &QApplication::focusChanged, this, [this, variable](const QWidget*, const QWidget* now) {
+    MarkDefault(m_cmdNext1, now != variable || m_session.Wizard().IsViewing());
+  });
 }
 
 void WizardPanel::ShowState() {
@@ -54,6 +109,7 @@ void WizardPanel::ShowState() {
     page->Title()->setVisible(page == m_pages.at(static_cast<std::size_t>(wizard.Page() - 1)));
   }
   m_stack->setCurrentIndex(wizard.Page() - 1);
+  ShowOutline();
   m_lblCounter->setText(ToQt(wizard.Counter()));
   m_cmdBack1->setEnabled(wizard.CanGoBack());
   m_cmdNext1->setVisible(wizard.ShowsNext());

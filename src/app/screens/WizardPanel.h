@@ -29,12 +29,15 @@ class WizardPanel : public Panel {
 
  private:
   void AddPages();
+  QWidget* MakeOutline();
+  void ShowOutline();
   void AddButtons();
 
   Session& m_session;
   QGroupBox* m_fraParam;
   QStackedWidget* m_stack;
   std::vector<WizardPage*> m_pages;
+  std::vector<QLabel*> m_outline;
   QLabel* m_lblCounter = nullptr;
   QPushButton* m_cmdBack1 = nullptr;
   QPushButton* m_cmdNext1 = nullptr;

@@ -89,6 +89,20 @@ QScrollArea* MakeScrolling(QWidget* content) {
   return area;
 }
 
+void LookReadOnly(QLineEdit* box, bool isReadOnly) {
+  QPalette palette;
+  if (isReadOnly) palette.setBrush(QPalette::Base, palette.window());
+  box->setPalette(isReadOnly ? palette : QPalette());
+}
+
+void KeepReadable(QWidget* control, bool isKept) {
+  QPalette palette;
+  for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+    palette.setBrush(QPalette::Disabled, role, palette.brush(QPalette::Active, role));
+  }
+  control->setPalette(isKept ? palette : QPalette());
+}
+
 void ShowText(QLineEdit* box, const std::string& text) {
   const QString shown = ToQt(text);
   if (box->text() != shown) box->setText(shown);

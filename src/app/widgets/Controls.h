@@ -41,6 +41,10 @@ void FitBox(QLineEdit* box, int characters);
 QScrollArea* MakeScrolling(QWidget* content);
 /// Marks the button that Enter presses when the focused control ignores it; the mark does not follow the focus.
 void MarkDefault(QPushButton* button, bool isDefault);
+/// Gives a box that cannot be edited the colour of the window, or back its own.
+void LookReadOnly(QLineEdit* box, bool isReadOnly);
+/// Lets a disabled control keep the colour of an enabled one, where it says something that has to be read.
+void KeepReadable(QWidget* control, bool isKept);
 /// Sets the box's text only if it differs, so that the cursor stays.
 void ShowText(QLineEdit* box, const std::string& text);
 /// Focuses the control and selects all its text.

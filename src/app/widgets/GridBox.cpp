@@ -9,6 +9,7 @@
 #include <QRegularExpression>
 #include <QValidator>
 #include <algorithm>
+#include <functional>
 #include <memory>
 
 #include "app/widgets/Controls.h"
@@ -58,9 +59,21 @@ bool GridBox::event(QEvent* event) {
   if (isTab && press.modifiers().testFlag(Qt::ControlModifier)) {
     return focusNextPrevChild(!press.modifiers().testFlag(Qt::ShiftModifier));
   }
-  if (!HandleKey(press)) return QLineEdit::event(event);
-  emit Acted();
-  return true;
+  if (HandleKey(press)) {
+    emit Acted();
+    return true;
+  }
+  const QString typed = press.text();
+  const bool isCharacter = !typed.isEmpty() && typed.front().isPrint() &&
+                           (press.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) == 0;
+  if (isCharacter && !IsTyped(typed)) emit Dropped(typed);
+  return QLineEdit::event(event);
+}
+
+bool GridBox::IsTyped(const QString& typed) const {
+  QString text = typed;
+  int cursor = 0;
+  return validator()->validate(text, cursor) == QValidator::Acceptable;
 }
 
 bool GridBox::HandleKey(const QKeyEvent& press) {
@@ -104,13 +117,20 @@ bool GridBox::HandleEdit(const QKeyEvent& press) {
   if (press.matches(QKeySequence::Copy)) return HandleCopy();
   if (!text().isEmpty()) return false;
   const bool isRedoToo = press.keyCombination() == (Qt::CTRL | Qt::Key_Y);
-  if (press.matches(QKeySequence::Undo)) {
-    m_grid.Undo();
-  } else if (press.matches(QKeySequence::Redo) || isRedoToo) {
-    m_grid.Redo();
-  } else {
-    return false;
-  }
+  if (press.matches(QKeySequence::Undo)) return HandleUndo();
+  return (press.matches(QKeySequence::Redo) || isRedoToo) && HandleRedo();
+}
+
+// False when the box has text, whose own editing is undone.
+bool GridBox::HandleUndo() {
+  if (!text().isEmpty()) return false;
+  m_grid.Undo();
+  return true;
+}
+
+bool GridBox::HandleRedo() {
+  if (!text().isEmpty()) return false;
+  m_grid.Redo();
   return true;
 }
 
@@ -129,23 +149,33 @@ bool GridBox::HandleCopy() {
   return true;
 }
 
-// The edit menu copies and pastes like the keys.
+// The edit menu undoes, copies and pastes like the keys.
 void GridBox::contextMenuEvent(QContextMenuEvent* event) {
   const std::unique_ptr<QMenu> menu(createStandardContextMenu());
-  const auto redirect = [&](QKeySequence::StandardKey key, bool (GridBox::*take)()) {
-    const QString shortcut = u'\t' + QKeySequence(key).toString(QKeySequence::NativeText);
+  struct Entry {
+    QKeySequence::StandardKey Key;
+    bool IsEnabled;
+    bool (GridBox::*Take)();
+    std::function<void()> Otherwise;
+  };
+  const bool isEmpty = text().isEmpty();
+  const Entry entries[] = {
+      {QKeySequence::Undo, isEmpty ? m_grid.CanUndo() : isUndoAvailable(), &GridBox::HandleUndo, [this] { undo(); }},
+      {QKeySequence::Redo, isEmpty ? m_grid.CanRedo() : isRedoAvailable(), &GridBox::HandleRedo, [this] { redo(); }},
+      {QKeySequence::Copy, true, &GridBox::HandleCopy, [this] { copy(); }},
+      {QKeySequence::Paste, true, &GridBox::HandlePaste, [this] { paste(); }}};
+  for (const Entry& entry : entries) {
+    const QString shortcut = u'\t' + QKeySequence(entry.Key).toString(QKeySequence::NativeText);
     for (QAction* action : menu->actions()) {
       if (!action->text().endsWith(shortcut)) continue;
       action->disconnect();
-      action->setEnabled(true);
-      connect(action, &QAction::triggered, this, [this, take, key] {
-        if (!(this->*take)()) key == QKeySequence::Copy ? copy() : paste();
+      action->setEnabled(entry.IsEnabled);
+      connect(action, &QAction::triggered, this, [this, entry] {
+        if (!(this->*entry.Take)()) entry.Otherwise();
         emit Acted();
       });
     }
-  };
-  redirect(QKeySequence::Copy, &GridBox::HandleCopy);
-  redirect(QKeySequence::Paste, &GridBox::HandlePaste);
+  }
   menu->exec(event->globalPos());
 }
 

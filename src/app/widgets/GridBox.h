@@ -21,6 +21,8 @@ class GridBox : public QLineEdit {
  signals:
   /// A key reached the grid.
   void Acted();
+  /// A typed character was refused.
+  void Dropped(const QString& character);
 
  protected:
   void contextMenuEvent(QContextMenuEvent* event) override;
@@ -33,6 +35,9 @@ class GridBox : public QLineEdit {
   bool HandleEdit(const QKeyEvent& press);
   bool HandlePaste();
   bool HandleCopy();
+  bool HandleUndo();
+  bool HandleRedo();
+  [[nodiscard]] bool IsTyped(const QString& typed) const;
 
   TypedGrid& m_grid;
 };

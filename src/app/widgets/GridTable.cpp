@@ -5,14 +5,19 @@
 #include <QHeaderView>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QScrollBar>
 #include <QStyledItemDelegate>
 #include <algorithm>
 
+#include "app/widgets/Colours.h"
 #include "app/widgets/Controls.h"
 
 namespace zova {
 
 namespace {
+
+constexpr double kTint = 0.2;     // of the highlight in a block
+constexpr int kColumnWidth = 12;  // em: wider columns part the numbers of a line
 
 class CellDelegate final : public QStyledItemDelegate {
  public:
@@ -23,21 +28,23 @@ class CellDelegate final : public QStyledItemDelegate {
     const bool isCursor = index == m_table.currentIndex();
     const bool isSelected = option.state.testFlag(QStyle::State_Selected);
     const bool isGreyed = column != 0 && !m_grid.IsUsed(column);
-    auto ground = column == 0 ? QPalette::Button : isGreyed ? QPalette::Window : QPalette::Base;
-    if (isSelected) ground = QPalette::Highlight;
-    painter->fillRect(option.rect, option.palette.brush(QPalette::Active, ground));
-    if (isCursor) {  // framed in the text's colour
-      const double frame = std::max(3, option.fontMetrics.height() / 6);
-      const QBrush ink = option.palette.brush(QPalette::Active, QPalette::Text);
-      painter->setPen({ink, frame, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin});
+    const auto colour = [&](QPalette::ColorRole role) { return option.palette.color(QPalette::Active, role); };
+    QColor ground = colour(column == 0 ? QPalette::Button : isGreyed ? QPalette::Window : QPalette::Base);
+    if (isSelected && !isCursor) ground = Mixed(ground, colour(QPalette::Highlight), kTint);
+    painter->fillRect(option.rect, ground);
+    if (isCursor) {
+      const double frame = std::max(2, option.fontMetrics.height() / 8);
+      painter->setPen({colour(QPalette::Highlight), frame, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin});
       painter->drawRect(QRectF(option.rect).adjusted(frame / 2, frame / 2, -frame / 2, -frame / 2));
     }
     QFont font = option.font;
     font.setBold(isCursor);
     painter->setFont(font);
-    painter->setPen(option.palette.color(QPalette::Active, isSelected ? QPalette::HighlightedText : QPalette::Text));
-    const QString text =
-        painter->fontMetrics().elidedText(index.data().toString(), Qt::ElideRight, option.rect.width());
+    painter->setPen(colour(QPalette::Text));
+    // What is being typed, already where it will stand.
+    const bool isTyping = isCursor && !m_grid.EntryText().empty();
+    const QString content = isTyping ? ToQt(m_grid.EntryText()) : index.data().toString();
+    const QString text = painter->fontMetrics().elidedText(content, Qt::ElideRight, option.rect.width());
     painter->drawText(option.rect, Qt::AlignCenter, text);
   }
 
@@ -105,8 +112,15 @@ GridTable::GridTable(const char* name, TypedGrid& grid) : m_grid(grid), m_model(
   setMinimumSize(fontMetrics().averageCharWidth() * 40, fontMetrics().height() * 8);
 }
 
+void GridTable::ShowTyping() {
+  viewport()->update(visualRect(currentIndex()));
+  ScrollToCursor();
+}
+
 void GridTable::Refresh() {
   m_model->Follow();
+  setMaximumWidth(m_model->columnCount({}) * kColumnWidth * fontMetrics().height() +
+                  verticalScrollBar()->sizeHint().width() + 2 * frameWidth());
   const GridBlock& block = m_grid.Selection();
   if (block != m_shownSelection || !selectionModel()->hasSelection()) {
     m_shownSelection = block;
@@ -116,7 +130,10 @@ void GridTable::Refresh() {
   }
   const auto [line, column] = m_grid.Cursor();
   selectionModel()->setCurrentIndex(m_model->index(line - 1, column), QItemSelectionModel::NoUpdate);
-  ScrollToCursor();
+  ShowTyping();
+  if (m_jumpRevision == m_grid.JumpRevision()) return;
+  m_jumpRevision = m_grid.JumpRevision();
+  scrollTo(currentIndex(), PositionAtCenter);  // so that what a fault is compared with is in sight
 }
 
 void GridTable::resizeEvent(QResizeEvent* event) {

@@ -18,6 +18,8 @@ class GridTable : public QTableView {
   GridTable(const char* name, TypedGrid& grid);
   void Refresh();
   void ScrollToCursor() { scrollTo(currentIndex()); }
+  /// Draws the cursor's cell again, with the text that is being typed, and scrolls to it.
+  void ShowTyping();
 
  signals:
   /// The mouse chose cells.
@@ -34,6 +36,7 @@ class GridTable : public QTableView {
   GridModel* m_model;
   GridBlock m_shownSelection;
   bool m_dragging = false;
+  int m_jumpRevision = 0;
 };
 
 }  // namespace zova

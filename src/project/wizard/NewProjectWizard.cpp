@@ -48,7 +48,7 @@ NewProjectWizard::NewProjectWizard(const Platform& platform)
 
 void NewProjectWizard::Reset() {
   m_state = {};
-  m_page = 1;
+  m_page = m_reached = 1;
   m_viewing = false;
 }
 
@@ -195,8 +195,13 @@ bool NewProjectWizard::Done(bool restoring) {
   return true;
 }
 
+std::string NewProjectWizard::Answer(int page) const {
+  return m_viewing || page <= m_reached ? ShortAnswer(m_state.Entries, page) : std::string();
+}
+
 void NewProjectWizard::Arrive(int page) {
   m_page = page;
+  m_reached = std::max(m_reached, page);
   if (page == 2) m_browser.Reset();
   PlaceCursor(FirstBox());
 }

@@ -25,7 +25,10 @@ class NewProjectWizard {
 
   [[nodiscard]] int Page() const noexcept { return m_page; }  ///< 1 to 8
   [[nodiscard]] bool IsViewing() const noexcept { return m_viewing; }
+  [[nodiscard]] bool IsDefining() const noexcept { return !m_viewing; }
   [[nodiscard]] std::string Counter() const;  ///< "1 of 8"
+  /// The answers on a page in short: "3 tests, 60 items". "" for a page that was not reached yet.
+  [[nodiscard]] std::string Answer(int page) const;
   [[nodiscard]] bool CanGoBack() const noexcept { return m_page > 1; }
   [[nodiscard]] bool ShowsNext() const noexcept { return m_page < kPages; }
   [[nodiscard]] bool ShowsDone() const noexcept { return m_page == kPages; }
@@ -87,6 +90,7 @@ class NewProjectWizard {
   DirectoryBrowser m_browser;
   WizardState m_state;
   int m_page = 1;
+  int m_reached = 1;  // the last page seen
   bool m_viewing = false;
   WizardBox m_cursor = WizardBox::Title;
   int m_cursorRevision = 0;

@@ -53,6 +53,17 @@ bool VariableEditor::HasNothing() const noexcept {
   return m_variables.size() == 1 && m_variables.front().Name.empty() && m_variables.front().Levels.empty();
 }
 
+std::vector<std::string> VariableEditor::Names() const {
+  std::vector<std::string> names;
+  for (const Variable& variable : m_variables) names.push_back(variable.Name);
+  return names;
+}
+
+std::string VariableEditor::Place() const {
+  if (m_variables.size() < 2) return {};
+  return std::to_string(m_variable) + " of " + std::to_string(m_variables.size());
+}
+
 int VariableEditor::LevelCount() const { return static_cast<int>(Current().Levels.size()); }
 
 int VariableEditor::NextFreeLevel() const { return LevelCount() + 1; }

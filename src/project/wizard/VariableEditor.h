@@ -36,6 +36,9 @@ class VariableEditor {
   /// True when all 10 levels are named and none is highlighted: the box accepts no text.
   [[nodiscard]] bool AsksNothing() const;
   [[nodiscard]] int CurrentVariable() const noexcept { return m_variable; }
+  [[nodiscard]] std::vector<std::string> Names() const;
+  /// "2 of 3": which variable is shown; "" while there is at most one.
+  [[nodiscard]] std::string Place() const;
   /// 0: the box holds the variable's name; from 1: the level it holds or will add; above 10: neither.
   [[nodiscard]] int CurrentLevel() const noexcept { return m_level; }
 

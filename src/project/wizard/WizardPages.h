@@ -62,6 +62,9 @@ struct WizardState {
   std::optional<std::string> OverwrittenAbbreviation;
 };
 
+/// What was entered on a page in a few words: "3 tests, 60 items", "none".
+std::string ShortAnswer(const WizardEntries& entries, int page);
+
 /// The result of checking a page: nullopt when its answers are accepted and stored in the record; else the box to
 /// correct, after a message.
 using WizardFault = std::optional<WizardBox>;

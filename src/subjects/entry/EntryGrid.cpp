@@ -48,6 +48,14 @@ void EntryGrid::Open(const ProjectParameters& project) {
   m_cells.Open(project.ItemCount, {{"Item #"}, {"Recalled"}, {"Minute"}, {"Rating"}});
 }
 
+std::string EntryGrid::WhereText() const {
+  const auto [line, column] = m_cells.Cursor();
+  std::string text = m_cells.Columns()[static_cast<std::size_t>(column)].Heading;
+  if (column == kItemColumn) text += ", line " + std::to_string(line);
+  if (!m_cells.IsUsed(column)) return text;
+  return text + " (1 to " + std::to_string(ColumnLimit(*m_project, column)) + ")";
+}
+
 CellInput EntryGrid::Typed(GridCell cell, std::string_view text) const {
   const int number = OrBeyondAnyRange(LeadingInteger16(text));
   const auto refusal = m_cells.Selection().IsOneCell() ? CellRefusal : BlockRefusal;

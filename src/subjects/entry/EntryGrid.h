@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -21,6 +22,9 @@ class EntryGrid {
   void Open(const ProjectParameters& project);
   [[nodiscard]] int Test() const noexcept { return m_cells.Page(); }
   TypedGrid& Cells() noexcept { return m_cells; }
+
+  /// Where the cursor is: "Recalled, line 10 (1 to 60)", "Minute (1 to 7)"; without numbers in a column not in use.
+  [[nodiscard]] std::string WhereText() const;
 
   void InsertLine();
   void DeleteSelectedLines();

@@ -39,6 +39,23 @@ std::string SubjectEntry::SubjectCaption() const {
   return "Project: " + ProjectTitle(*m_project) + "\nSubject: " + m_record.SubjectId;
 }
 
+std::string SubjectEntry::RecallsCaption() const {
+  int recalls = 0;
+  for (int line = 1; line <= m_record.Lists.PositionCount(); ++line) {
+    if (m_record.Lists.At(m_grid.Test(), line).Item > 0) ++recalls;
+  }
+  return std::to_string(recalls) + (recalls == 1 ? " recall" : " recalls");
+}
+
+std::string SubjectEntry::LevelsCaption() const {
+  std::string text;
+  for (std::size_t variable = 0; variable < static_cast<std::size_t>(m_project->VariableCount); ++variable) {
+    text += (text.empty() ? "" : "\n") + m_project->VariableNames[variable] + ": " +
+            LevelLabel(*m_project, variable, m_record.Levels[variable]);
+  }
+  return text;
+}
+
 void SubjectEntry::DoneWithTest() {
   if (!m_open || !m_grid.Cells().EnterTextBeforeLeaving()) return;
   m_autosavePaused = false;
@@ -74,6 +91,7 @@ bool SubjectEntry::ListsPassTheChecks() {
   }
   if (!result.Fault) return true;
   ShowFinding(*result.Fault);
+  m_platform.Pointer.Beep();
   Warn(m_platform.Boxes, result.Fault->Message);
   return false;
 }

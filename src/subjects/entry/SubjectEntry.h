@@ -28,6 +28,12 @@ class SubjectEntry {
   [[nodiscard]] std::string DoneCaption() const { return IsInReview() ? "Review" : "Done with " + TestCaption(); }
   /// "Project: " title, and under it "Subject: " identifier; "" without a subject.
   [[nodiscard]] std::string SubjectCaption() const;
+  /// "12 recalls": the lines of the test shown that have an item.
+  [[nodiscard]] std::string RecallsCaption() const;
+  /// A line for each variable: "Age: young".
+  [[nodiscard]] std::string LevelsCaption() const;
+  /// The last test is shown: the subject can be completed.
+  [[nodiscard]] bool IsOnLastTest() const noexcept { return m_grid.Test() == m_project->TestCount; }
   /// A note if the project already had the maximum of unfinished subjects when the entry was opened; else "".
   [[nodiscard]] const std::string& LimitNote() const noexcept { return m_limitNote; }
   [[nodiscard]] bool KeepsMinutes() const noexcept { return m_project->MinutesRecorded == 1; }
@@ -56,7 +62,7 @@ class SubjectEntry {
   void Abandon();
 
  private:
-  [[nodiscard]] bool IsInReview() const noexcept { return m_inReview && m_grid.Test() == m_project->TestCount; }
+  [[nodiscard]] bool IsInReview() const noexcept { return m_inReview && IsOnLastTest(); }
   [[nodiscard]] std::size_t CountUnfinished();
   void LookForLimit();
   void ShowFinding(const CheckFinding& finding);
