@@ -61,9 +61,9 @@ TEST(PlotView, EachPictureIsDrawnInEachFormat) {
   const PlotSeries observed{"Test 1", false, {{1, .45, {}}, {2, .3, {}}}};
   const PlotSeries smoothed{"Test 1, smoothed", true, {{1, .4, {}}, {2, .3, {}}}};
   const std::pair<const char*, PlotPicture> kPictures[] = {
-      {"one series", {"Sex", "Net recall (items)", {"Man", "Woman"}, {one}, false, ""}},
-      {"a curve", {"Position", "Recalled (share)", {"1", "2"}, {observed, smoothed}, true, ""}},
-      {"nothing", {"", "", {}, {}, true, "Choose a measure."}}};
+      {"one series", {"Sex", "Net recall (items)", {"Man", "Woman"}, {one}, false, "", ""}},
+      {"a curve", {"Position", "Recalled (share)", {"1", "2"}, {observed, smoothed}, true, "", ""}},
+      {"nothing", {"", "", {}, {}, true, "", "Choose a measure."}}};
   QLocale::setDefault(QLocale::German);
   for (const auto& [what, picture] : kPictures) {
     const QByteArray pdf = RenderPicture(picture, PlotFormat::Pdf);
@@ -85,7 +85,7 @@ TEST(PlotView, EachPictureIsDrawnInEachFormat) {
 }
 
 TEST(PlotView, ManyNamesStandBelowTheAxesAndLeaveThemTheirRoom) {
-  PlotPicture picture{"Sex", "Net recall (items)", {"Man", "Woman"}, {}, false, ""};
+  PlotPicture picture{"Sex", "Net recall (items)", {"Man", "Woman"}, {}, false, "", ""};
   for (int line = 1; line <= 41; ++line) {
     picture.Series.push_back({"Line no. " + std::to_string(line), false, {{1, 4.5, 1.5}, {2, 3, {}}}});
   }

@@ -174,9 +174,10 @@ TEST(MeansTable, NumbersInFilesAndOnTheScreen) {
     AppendPlainNumber(plain, value);
     EXPECT_EQ(plain, text);
   }
-  const std::pair<std::optional<double>, const char*> kCases[] = {
-      {{}, ""}, {12, "12.00"}, {-.457, "-0.457"}, {-.0001, "0.000"}, {1.005, "1.00"}, {.12345, "0.123"}};
-  for (const auto& [value, text] : kCases) EXPECT_EQ(ShownNumber(value), text);
+  const std::tuple<std::optional<double>, int, const char*> kCases[] = {{{}, 2, ""},          {12, 2, "12.00"},
+                                                                        {-.457, 3, "-0.457"}, {-.0001, 3, "0.000"},
+                                                                        {-.001, 2, "0.00"},   {1.005, 2, "1.00"}};
+  for (const auto& [value, decimals, text] : kCases) EXPECT_EQ(ShownNumber(value, decimals), text);
 }
 
 }  // namespace

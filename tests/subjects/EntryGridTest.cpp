@@ -39,12 +39,13 @@ const BoxTable kBoxes = {
 }  // namespace
 
 TEST(EntryGrid, TakesOneCell) {
-  ExpectAll(kBoxes, {"mr1; ; 3e4e5e; 3/4/5; @2,1*", "mr1; ; 5e; 5; @1,2*", "mr1; 2; 6e; 2; @1,1; item",
-                     "mr1; 2; 65537e; 2; @1,1; item", "mr1; 2; 99999999999999999999e; 2; @1,1; item",
-                     "mr1; 2; e; 2; @1,1", "mr1; ; a3.,e; 3; @1,2*", "mr1; 2/4; 2e; 2/4; @1,2",
-                     "mr1; 2/4; 00e; 0/4; @1,2*", "mr1; ; r9e; 0/9; @1,3*", "mr1; ; rr7e; 0/0/7; @2,1*",
-                     "mr2; ; rr1e; ; @1,3; cell", "mr1; ; r10e; ; @1,2; minute", "mr1; ; rr8e; ; @1,3; rating",
-                     "mr3; ; rr7e; 0/0/7; @2,1*", "r1; ; r1e; ; @1,2; no minutes", "m1; ; rr1e; ; @1,3; no ratings"});
+  ExpectAll(kBoxes,
+            {"mr1; ; 3e4e5e; 3/4/5; @2,1*", "mr1; ; 5e; 5; @1,2*", "mr1; 2; 6e; 2; @1,1 b; item",
+             "mr1; 2; 65537e; 2; @1,1 b; item", "mr1; 2; 99999999999999999999e; 2; @1,1 b; item", "mr1; 2; e; 2; @1,1",
+             "mr1; ; a3.,e; 3; @1,2*", "mr1; 2/4; 2e; 2/4; @1,2", "mr1; 2/4; 00e; 0/4; @1,2*", "mr1; ; r9e; 0/9; @1,3*",
+             "mr1; ; rr7e; 0/0/7; @2,1*", "mr2; ; rr1e; ; @1,3 b; cell", "mr1; ; r10e; ; @1,2 b; minute",
+             "mr1; ; rr8e; ; @1,3 b; rating", "mr3; ; rr7e; 0/0/7; @2,1*", "r1; ; r1e; ; @1,2 b; no minutes",
+             "m1; ; rr1e; ; @1,3 b; no ratings"});
 }
 
 TEST(EntryGrid, MovesOn) {
@@ -60,7 +61,7 @@ TEST(EntryGrid, LooksForTheNextBlank) {
                      "mrB3; 0/4; 3e; 3/4; @1,3*", "rB1; 0/0/5 1; 3e; 3/0/5 1; @2,3*", "mrBS1; ; 3e; 3; @1,2*",
                      "mrB1; ; d1e; 0 1; @2,2*", "B1; 0 1 1 1; 3e2e; 3 1 1 1 2; @5,1*; last line",
                      "mrB1; 0/4/5 1/1/1 1/1/1 1/1/1; 3e2e; 3/4/5 1/1/1 1/1/1 1/1/1 2; @5,2*; last line",
-                     "mrB1; ; dddd2e; 0 0 0 0 2; @5,1*; last line", "mrB1; ; 6e; ; @1,1; item"});
+                     "mrB1; ; dddd2e; 0 0 0 0 2; @5,1*; last line", "mrB1; ; 6e; ; @1,1 b; item"});
 }
 
 TEST(EntryGrid, MovesAndSelects) {
@@ -74,13 +75,13 @@ TEST(EntryGrid, MovesAndSelects) {
 }
 
 TEST(EntryGrid, FillsABlockOfOneColumn) {
-  ExpectAll(kBoxes,
-            {"mr1; 1/1 2 3 4; rDD4e; 1/4 2/4 3/4 4; @3,2-1,2*", "mr1; 1/1 2/2; rD0e; 1 2; @2,2-1,2*",
-             "mr1; 1/4 2/4; rD4e; 1/4 2/4; @2,2-1,2", "mrB1; ; ddrrU7e; 0 0/0/7 0/0/7; @2,3-3,3*",
-             "mr2; ; rrD1e; ; @2,3-1,3; block", "mr3; ; rrD1e; ; @2,3-1,3; block", "r1; ; rD1e; ; @2,2-1,2; no minutes",
-             "m1; ; rrD8e; ; @2,3-1,3; no block", "mr1; ; rD10e; ; @2,2-1,2; minute",
-             "mr1; ; rrD8e; ; @2,3-1,3; rating", "mr1; ; D1e; ; @2,1-1,1; fill", "mr1; ; De; ; @2,1-1,1",
-             "mr1; ; Re; ; @1,2-1,1 b", "mr1; ; RD4e; ; @2,2-1,1 '4' b"});
+  ExpectAll(kBoxes, {"mr1; 1/1 2 3 4; rDD4e; 1/4 2/4 3/4 4; @3,2-1,2*", "mr1; 1/1 2/2; rD0e; 1 2; @2,2-1,2*",
+                     "mr1; 1/4 2/4; rD4e; 1/4 2/4; @2,2-1,2", "mrB1; ; ddrrU7e; 0 0/0/7 0/0/7; @2,3-3,3*",
+                     "mr2; ; rrD1e; ; @2,3-1,3 b; block", "mr3; ; rrD1e; ; @2,3-1,3 b; block",
+                     "r1; ; rD1e; ; @2,2-1,2 b; no minutes", "m1; ; rrD8e; ; @2,3-1,3 b; no block",
+                     "mr1; ; rD10e; ; @2,2-1,2 b; minute", "mr1; ; rrD8e; ; @2,3-1,3 b; rating",
+                     "mr1; ; D1e; ; @2,1-1,1 b; fill", "mr1; ; De; ; @2,1-1,1", "mr1; ; Re; ; @1,2-1,1 b",
+                     "mr1; ; RD4e; ; @2,2-1,1 '4' b"});
 }
 
 TEST(EntryGrid, InsertsDeletesAndBumps) {
@@ -101,9 +102,9 @@ TEST(EntryGrid, InsertsDeletesAndBumps) {
                      "m1; 1/32767 2; rD+; 1/32767 2/1; @2,2-1,2*",
                      "m1; 1/32767; r-; 1/32766; @1,2*",
                      "m1; 1 2 3 4 5; ddddx; 1 2 3 4; @5,1*",
-                     "m1; 1/1; +; 1/1; @1,1; only minutes.",
-                     "m1; 1/1; -; 1/1; @1,1; only minutes",
-                     "m1; 1/1; R+; 1/1; @1,2-1,1; only minutes.",
+                     "m1; 1/1; +; 1/1; @1,1 b; only minutes.",
+                     "m1; 1/1; -; 1/1; @1,1 b; only minutes",
+                     "m1; 1/1; R+; 1/1; @1,2-1,1 b; only minutes.",
                      "r1; 1; r+; 1; @1,2"});
 }
 

@@ -68,14 +68,14 @@ TEST(SubjectEntry, WalksThroughTheTests) {
 
 TEST(SubjectEntry, ChecksBeforeItSaves) {
   ExpectAll(kBoxes,
-            {"2r1; 1/0/1 | 2; F; -; left; saved", "2r1; 1/0/1 2 | 2; ffF; -; Done with Test 1 @2,3 0; space",
-             "2r1; 1/0/1 | 0 2; ffF; -; Done with Test 2 @1,1 0; space", "2r1; 1/0/1; F; -; left; blank?N, saved",
+            {"2r1; 1/0/1 | 2; F; -; left; saved", "2r1; 1/0/1 2 | 2; ffF; -; Done with Test 1 @2,3 b 0; space",
+             "2r1; 1/0/1 | 0 2; ffF; -; Done with Test 2 @1,1 b 0; space", "2r1; 1/0/1; F; -; left; blank?N, saved",
              "2r1; 1/0/1 0/0/5; F; -; Done with Test 2 @1,1* 0; blank?Y",
              "2r1; 1/0/1 0/0/5; Fz; -; Done with Test 1 @2,3* 0; blank?Y",
-             "2r1; 1/0/1 1/0/2 1/0/3 | 2; F; -; Done with Test 1 @2,1* 0; twice",
-             "2r1; 1/0/1 1/0/2 1/0/3 | 2; FF; -; Done with Test 1 @2,1* 0; twice, twice",
+             "2r1; 1/0/1 1/0/2 1/0/3 | 2; F; -; Done with Test 1 @2,1* b 0; twice",
+             "2r1; 1/0/1 1/0/2 1/0/3 | 2; FF; -; Done with Test 1 @2,1* b 0; twice, twice",
              "2r1; 1/0/1 1/0/2 1/0/3 | 2; FFF; -; left; twice, twice, saved",
-             "2r1; 1/0/1 1/0/2 1/0/3 | 2; FzFF; -; Done with Test 1 @2,1* 0; twice, twice, twice"});
+             "2r1; 1/0/1 1/0/2 1/0/3 | 2; FzFF; -; Done with Test 1 @2,1* b 0; twice, twice, twice"});
 }
 
 TEST(SubjectEntry, AsksBeforeItSavesWhatCannotBeTyped) {
@@ -102,15 +102,15 @@ TEST(SubjectEntry, EndsInEveryWay) {
                      "2r1; ; 3es; -; Done with Test 1 @1,3 0 N; kept",
                      "2r1; ; 3e.fs; -; Done with Test 2 @1,1 0 N; kept",
                      "2r1; ; rrLL3s; -; Done with Test 1 @1,3 0 N; kept",
-                     "2r1; ; R3s; -; Done with Test 1 @1,2 0; minutes",
+                     "2r1; ; R3s; -; Done with Test 1 @1,2 b 0; minutes",
                      "2r1; ; RL3f; -; Done with Test 2 @1,1* 0",
-                     "2r1; ; 9f; -; Done with Test 1 @1,1 0; range",
+                     "2r1; ; 9f; -; Done with Test 1 @1,1 b 0; range",
                      "2r1; ; sq; -; left; kept, note 1",
                      "2r1; ; s3eQ; -; left; kept, note 1",
                      "2r1; ; s3eq; -; left; kept, lose?Y, note 1",
                      "2r1; 1/0/1 | 2; .foF; -; left; saved",
                      "2r1; 1/0/1 | 2; sF; -; left emptied; kept, saved",
-                     "2r1; 1/0/1 2 | 2; sF; -; Done with Test 1 @2,3 0 N; kept, space",
+                     "2r1; 1/0/1 2 | 2; sF; -; Done with Test 1 @2,3 b 0 N; kept, space",
                      "2r1; 1/0/1 | 2; NsF; -; left; kept, saved",
                      "2r1; ; NsQ; -; left; kept, note 10",
                      "2r1; ; Nss; -; Done with Test 1 @1,1 0 N; kept, limit",
