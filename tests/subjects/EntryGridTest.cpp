@@ -123,11 +123,11 @@ TEST(EntryGrid, CopiesAndPastesWhole) {
   EXPECT_EQ(copied, "1\t2\n\t\n5\t\n");
   desk.Grid.Paste("3\t4\n3\t10\n");
   desk.Grid.Paste("");
-  EXPECT_EQ(desk.GridState(), "@1,1-3,2");
+  EXPECT_EQ(desk.GridState(), "@1,1-3,2 b");
   desk.Press("drL");
   desk.Grid.Paste(copied);
   desk.Grid.FetchChangedLines();
-  EXPECT_EQ(desk.GridState(), "@2,1-2,2*");
+  EXPECT_EQ(desk.GridState(), "@2,1-2,2* b");
   EXPECT_EQ(desk.Grid.Copy(), "1\t2\n");
   desk.Press("zurr");
   desk.Grid.Paste("7\r\n6");
