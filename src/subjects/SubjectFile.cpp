@@ -214,7 +214,7 @@ void FreeFirstKept(Disk& disk, const std::string& paramDir) {
 std::string KeepAutosaveFile(Disk& disk, const std::string& paramDir) {
   constexpr int kKept = 3;
   const std::string path = AutosavePath(paramDir);
-  const std::string kept = KeptAutosavePath(paramDir, 1);
+  std::string kept = KeptAutosavePath(paramDir, 1);
   if (!disk.FileExists(path)) return {};
   if (!HaveSameContent(disk, path, kept)) {
     FreeFirstKept(disk, paramDir);
