@@ -35,13 +35,46 @@ std::optional<MessageBox> PrepareBackup(const std::string& backupDir, const Plat
                     .Icon = BoxIcon::Information};
 }
 
-// If both directories are one through a link, the files are already in place.
-bool CopyDataFiles(const std::string& from, const std::string& to, std::string_view prefix, const Platform& platform) {
+std::string CopiedText(std::size_t files) {
+  return std::to_string(files) + (files == 1 ? " file was copied." : " files were copied.");
+}
+
+// If both directories are one through a link, the files are already in place. Returns how many were copied; nullopt
+// when that was given up.
+std::optional<std::size_t> CopyDataFiles(const std::string& from, const std::string& to, std::string_view prefix,
+                                         const Platform& platform) {
   std::vector<std::string> names;
   const bool listed = WithRetry(platform.Boxes, [&] {
     if (!platform.Files.IsSame(from, to)) names = platform.Files.ListFiles(from, prefix, kDataFileEnd);
   });
-  return listed && CopyFilesByName(from, to, names, platform);
+  if (!listed || !CopyFilesByName(from, to, names, platform)) return std::nullopt;
+  return names.size();
+}
+
+// A file that was only copied back, say, may be newer and yet the same.
+std::size_t CountNewer(const std::string& primary, const std::string& backup, std::string_view prefix, Disk& disk) {
+  if (disk.IsSame(primary, backup)) return 0;
+  std::size_t newer = 0;
+  std::string own, copy;
+  for (const std::string& name : disk.ListFiles(backup, prefix, kDataFileEnd)) {
+    const std::string file = JoinPath(primary, name);
+    if (disk.ChangedAt(file) <= disk.ChangedAt(JoinPath(backup, name))) continue;
+    disk.Read(file, own);
+    disk.Read(JoinPath(backup, name), copy);
+    if (own != copy) ++newer;
+  }
+  return newer;
+}
+
+bool MayReplaceNewer(const std::string& primary, const std::string& backup, std::string_view prefix,
+                     const Platform& platform) {
+  std::size_t newer = 0;
+  if (!WithRetry(platform.Boxes, [&] { newer = CountNewer(primary, backup, prefix, platform.Files); })) return false;
+  return newer == 0 || Confirm(platform.Boxes, {.Text = std::to_string(newer) +
+                                                        " data files in the primary directory are newer than their "
+                                                        "backup copies.  Do you wish to replace them?",
+                                                .Buttons = BoxButtons::YesNo,
+                                                .Title = "Restore"});
 }
 
 // Also true when there is no such file.
@@ -56,12 +89,13 @@ bool CopyProjectFile(const std::string& name, const std::string& from, const std
 std::optional<MessageBox> RefreshBackup(const ProjectParameters& project, const std::string& paramDir,
                                         const Platform& platform) {
   const BusyPointer busy(platform.Pointer);
-  const auto outcome = PrepareBackup(project.BackupDir, platform);
-  const bool copied =
-      outcome &&
-      CopyDataFiles(SubjectDirectory(project.PrimaryDir), SubjectDirectory(project.BackupDir), "", platform) &&
-      CopyProjectFile(project.ProjectFileName, paramDir, project.BackupDir, platform);
-  return copied ? outcome : std::nullopt;
+  auto outcome = PrepareBackup(project.BackupDir, platform);
+  if (!outcome) return std::nullopt;
+  const auto copied =
+      CopyDataFiles(SubjectDirectory(project.PrimaryDir), SubjectDirectory(project.BackupDir), "", platform);
+  if (!copied || !CopyProjectFile(project.ProjectFileName, paramDir, project.BackupDir, platform)) return std::nullopt;
+  outcome->Details = CopiedText(*copied);
+  return outcome;
 }
 
 // The typed directory, created if necessary; nullopt, after a message, when it cannot be the destination.
@@ -190,14 +224,15 @@ std::optional<MessageBox> BackUpTo(ProjectParameters& project, const std::string
   const auto destination = CheckDestination(project, text, platform);
   if (!destination) return std::nullopt;
   const BusyPointer busy(platform.Pointer);
-  const auto outcome = PrepareBackup(*destination, platform);
+  auto outcome = PrepareBackup(*destination, platform);
   if (!outcome) return std::nullopt;
   project.PreviousBackupDir = saved.BackupDir;
   project.BackupDir = *destination;
-  const bool copied =
-      CopyDataFiles(SubjectDirectory(project.PrimaryDir), SubjectDirectory(project.BackupDir), "", platform) &&
-      WriteBackupCopy(project, saved.File, platform);
-  return copied ? outcome : std::nullopt;
+  const auto copied =
+      CopyDataFiles(SubjectDirectory(project.PrimaryDir), SubjectDirectory(project.BackupDir), "", platform);
+  if (!copied || !WriteBackupCopy(project, saved.File, platform)) return std::nullopt;
+  outcome->Details = CopiedText(*copied);
+  return outcome;
 }
 
 bool WantsRestore(MessageBoxes& boxes) {
@@ -224,18 +259,22 @@ std::optional<MessageBox> RestoreData(ProjectParameters& project, const std::str
   };
   if (!WithRetry(platform.Boxes, requireReplaceable) ||
       !WithRetry(platform.Boxes, [&] { MakePrimary(chosen, platform.Files); }) ||
-      !WithRetry(platform.Boxes, [&] { source = FindBackup(chosen, path, platform.Files); }) ||
-      !CopyDataFiles(SubjectDirectory(source.Directory), SubjectDirectory(chosen.PrimaryDir), SavedPrefix(chosen),
-                     platform)) {
+      !WithRetry(platform.Boxes, [&] { source = FindBackup(chosen, path, platform.Files); })) {
     return std::nullopt;
   }
+  const std::string from = SubjectDirectory(source.Directory);
+  const std::string to = SubjectDirectory(chosen.PrimaryDir);
+  if (!MayReplaceNewer(to, from, SavedPrefix(chosen), platform)) return std::nullopt;
+  const auto copied = CopyDataFiles(from, to, SavedPrefix(chosen), platform);
+  if (!copied) return std::nullopt;
   const bool done = isBackupCopy ? RestoreParameters(project, paramDir, platform)
                                  : CopyProjectFile(chosen.ProjectFileName, source.Directory, paramDir, platform);
   if (!done) return std::nullopt;
-  MessageBox message{.Text = "The data was successfully restored.", .Icon = BoxIcon::Information, .Title = "Restore"};
-  if (source.IsBesideChosenFile) {
-    message.Details = "The data files were taken from '" + SubjectDirectory(source.Directory) + "'.";
-  }
+  MessageBox message{.Text = "The data was successfully restored.",
+                     .Icon = BoxIcon::Information,
+                     .Title = "Restore",
+                     .Details = CopiedText(*copied)};
+  if (source.IsBesideChosenFile) message.Details += "  The data files were taken from '" + from + "'.";
   return message;
 }
 

@@ -100,6 +100,14 @@ TEST_F(EntryPanelTest, KeysReachTheRecordAndOnlyTheBoxesOwnStayInIt) {
     EXPECT_TRUE(Find()->hasFocus()) << step.What;
   }
   EXPECT_EQ(Grid().Page(), 1) << "Enter pressed a button";
+  EXPECT_EQ(Find<QLabel>("lblWhere")->text(), "Recalled, line 1 (1 to 66)");
+  EXPECT_EQ(Find<QLabel>("lblRecalls")->text(), "2 recalls");
+  Type("1.");
+  EXPECT_EQ(Find<QLabel>("lblFastHelp")->text(), "'.' was not taken: only digits can be typed here.");
+  Press(Qt::Key_Escape);
+  EXPECT_FALSE(Find<QLabel>("lblFastHelp")->text().startsWith("'"));
+  Find<QPushButton>("cmdUndo")->click();
+  EXPECT_EQ(Shown(2), "5/3/2/ 12/3/6/ at 1,1 ");
 }
 
 TEST_F(EntryPanelTest, TheFocusComesBackFromEveryButtonAndTheGrid) {

@@ -2,6 +2,8 @@
 #include "app/screens/IdentificationPanel.h"
 
 #include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
 #include <QPushButton>
 #include <QTest>
 
@@ -41,7 +43,11 @@ TEST_F(IdentificationPanelTest, NamesASubjectByItsNumbersAndEnterAlone) {
   EXPECT_EQ(Text("lblVars").left(48), "The levels for the EXPERIMENTER variable are: \n\n");
   Boxes.Expect({.Text = "Invalid Format."});
   Type("9"), Press(Qt::Key_Enter);
-  Type("2"), Press(Qt::Key_Enter);
+  auto* levels = m_panel->findChild<QListWidget*>("lstLevels");
+  levels->setFocus();
+  Type("jan");
+  EXPECT_EQ(m_panel->findChild<QLineEdit*>("txtInfo")->text(), "2") << "a level is found by its name";
+  Press(Qt::Key_Enter);
   EXPECT_EQ(Text("lblInfCtr"), "3 of 3") << "the refused 9 was replaced by what was typed next";
   m_panel->findChild<QPushButton*>("cmdBack")->click();
   Press(Qt::Key_Return), Type("3"), Press(Qt::Key_Return);

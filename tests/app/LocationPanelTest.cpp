@@ -52,6 +52,18 @@ TEST_F(LocationPanelTest, TypedTextReachesTheSessionIsReplacedOnceRefusedAndEsca
   EXPECT_TRUE(m_session->HasEnded());
 }
 
+TEST_F(LocationPanelTest, OffersTheParentOfAParamDirectory) {
+  m_scratch.Put("C:\\Work\\Param\\Study.prm", "");
+  Start();
+  auto* offer = m_panel->findChild<QPushButton*>("cmdUseParent");
+  EXPECT_FALSE(offer->isVisible());
+  Type("C:\\Work\\Param");
+  ASSERT_TRUE(offer->isVisible());
+  offer->click();
+  EXPECT_EQ(Path(), "C:\\Work");
+  EXPECT_FALSE(offer->isVisible());
+}
+
 TEST_F(LocationPanelTest, DirectoriesAreOpenedByKeyboardAndEnterInTheListIsNotOk) {
   for (const char* directory : {"C:\\Data\\Gone", "C:\\Work", "C:\\ZOVA"}) m_scratch.MakeDirectory(directory);
   Start();

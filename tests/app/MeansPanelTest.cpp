@@ -3,6 +3,9 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
 #include <QTableView>
 #include <QTest>
 #include <QWindow>
@@ -50,6 +53,12 @@ TEST_F(MeansPanelTest, KeysReachTheRulesAndWhatComesOfThemShows) {
   panel.findChild<QTableView*>("grdMeans")->setFocus();
   press(Qt::Key_C, Qt::ControlModifier);
   EXPECT_TRUE(QGuiApplication::clipboard()->text().startsWith("Measure\tExperimenter\tn\tMean\t"));
+  EXPECT_EQ(panel.findChild<QLabel*>("lblMeansStatus")->text(), "Copied 4 lines");
+  panel.findChild<QLineEdit*>("txtFilter")->setText("arc");
+  auto* measures = panel.findChild<QListWidget*>("lstMeasures");
+  int found = 0;
+  for (int row = 0; row < measures->count(); ++row) found += measures->item(row)->isHidden() ? 0 : 1;
+  EXPECT_EQ(found, 1);
   session.Means().ChooseMeasures({});
   EXPECT_FALSE(table->index(0, 0).data().isValid()) << "asked for before the refresh";
   press(Qt::Key_Escape);

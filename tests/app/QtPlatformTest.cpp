@@ -12,6 +12,8 @@
 #include <QWindow>
 
 #include "app/desktop/QtMessageBoxes.h"
+#include "app/desktop/Style.h"
+#include "app/widgets/Colours.h"
 #include "app/widgets/Controls.h"
 #include "platform/desktop/FileSettings.h"
 #include "support/Scratch.h"
@@ -48,6 +50,43 @@ TEST(QtMessageBoxesTest, EnterTakesTheDefaultAndEscapeTheSafeAnswer) {
       EXPECT_NE(QApplication::overrideCursor(), nullptr);
     }
   }
+}
+
+TEST(QtMessageBoxesTest, AProtocolTypedBlindDoesNotAnswer) {
+  QtDesktop desktop;
+  QTimer::singleShot(50, [] {
+    auto* box = QApplication::activeModalWidget();
+    QTest::keyClicks(box, "12");
+    QTest::keyClick(box, Qt::Key_Return);
+    EXPECT_TRUE(box->isVisible());
+    QTest::keyClick(box, Qt::Key_Escape);
+  });
+  const MessageBox box = {.Text = "?", .Buttons = BoxButtons::YesNo, .Default = BoxAnswer::Yes};
+  EXPECT_EQ(QtMessageBoxes(desktop).Show(box), BoxAnswer::No);
+}
+
+TEST(StyleTest, KeepsDisabledTextsAndHintsReadableOnAnyPalette) {
+  Style style;
+  for (const auto& [ground, ink] : {std::pair(Qt::white, Qt::black), {Qt::black, Qt::white}}) {
+    QPalette palette{QColor(ground)};
+    for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+      for (const auto role : {QPalette::Base, QPalette::Window, QPalette::Button})
+        palette.setColor(group, role, ground);
+      for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText})
+        palette.setColor(group, role, group == QPalette::Disabled ? QColor(ground) : QColor(ink));
+    }
+    style.polish(palette);
+    for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText})
+      EXPECT_GE(Contrast(palette.color(QPalette::Disabled, role), ground), 3) << role;
+    EXPECT_GE(Contrast(palette.color(QPalette::Active, QPalette::PlaceholderText), ground), 4.5);
+  }
+  EXPECT_NEAR(Contrast(Qt::black, Qt::white), 21, 1e-9);
+}
+
+TEST(ControlsTest, NamesFromRightToLeftAreSetApart) {
+  const QString hebrew = QStringLiteral("\u05d0\u05d1");
+  EXPECT_EQ(WithIsolatedNames("'" + hebrew + "' and 'ab' it's"),
+            QStringLiteral("'\u2068") + hebrew + QStringLiteral("\u2069' and 'ab' it's"));
 }
 
 TEST(QtMessageBoxesTest, AVeryLongTextScrolls) {

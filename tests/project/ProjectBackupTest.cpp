@@ -2,6 +2,7 @@
 
 #include "project/ProjectBackup.h"
 
+#include <chrono>
 #include <set>
 
 #include "project/ProjectFile.h"
@@ -197,6 +198,35 @@ TEST(ProjectBackup, RestoresFromWhereTheBackupIs) {
     tree = Copied(tree, "D/Moved/Sdata/", "C/Data/Sdata/", names);
     EXPECT_EQ(lab.Files.Snapshot(), Copied(tree, "D/Moved/", "C/Param/", {"Study.prm"})) << marker;
   }
+}
+
+TEST(ProjectBackup, ARestoreAsksBeforeItReplacesNewerData) {
+  const ExpectedBox newer = {
+      "1 data files in the primary directory are newer than their backup copies.  Do you wish to replace them?",
+      BoxAnswer::No,
+      "",
+      BoxIcon::Exclamation,
+      BoxButtons::YesNo,
+      BoxAnswer::No,
+      "Restore"};
+  ScriptedBoxes boxes{newer};
+  Lab lab(boxes);
+  const auto makeNewer = [&](const char* name) {
+    const fs::path file = lab.Files.Native(name);
+    fs::last_write_time(file, fs::last_write_time(file) + std::chrono::hours(1));
+  };
+  makeNewer("C:/Data/Sdata/AB Sub#1.dat");
+  makeNewer("C:/Data/Sdata/ab sub#2.DAT");  // the backup has none
+  const Tree before = lab.Files.Snapshot();
+  EXPECT_FALSE(lab.Restore("C:\\Param\\Study.prm"));
+  EXPECT_EQ(lab.Files.Snapshot(), before);
+  ExpectedBox taken = newer;
+  taken.Answer = BoxAnswer::Yes;
+  boxes.Expect(taken), boxes.Expect(Restored("2 files were copied."));
+  EXPECT_TRUE(lab.Restore("C:\\Param\\Study.prm"));
+  makeNewer("C:/Data/Sdata/AB Sub#1.dat");  // but the same as its copy
+  boxes.Expect(Restored());
+  EXPECT_TRUE(lab.Restore("C:\\Param\\Study.prm"));
 }
 
 TEST(ProjectBackup, NothingIsCopiedOntoItselfOrToNowhere) {

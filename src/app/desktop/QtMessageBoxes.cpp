@@ -92,11 +92,11 @@ BoxAnswer QtMessageBoxes::Show(const MessageBox& box) {
   dialog.setWindowTitle(ToQt(box.Title));
   dialog.setIcon(kIcons[static_cast<std::size_t>(box.Icon)]);
   dialog.setTextFormat(Qt::PlainText);
-  dialog.setText(ToQt(box.Text));
+  dialog.setText(WithIsolatedNames(ToQt(box.Text)));
   dialog.setStandardButtons(offer.Buttons);
   dialog.setDefaultButton(ButtonOf(standard));
   dialog.setEscapeButton(ButtonOf(offer.Escape));
-  dialog.setInformativeText(ToQt(box.Details));
+  dialog.setInformativeText(WithIsolatedNames(ToQt(box.Details)));
   LetLongTextScroll(dialog, "qt_msgbox_label", dialog.text(), "txtMessage");
   if (!box.Details.empty())
     LetLongTextScroll(dialog, "qt_msgbox_informativelabel", dialog.informativeText(), "txtDetails");

@@ -3,8 +3,10 @@
 
 #include <QApplication>
 #include <QContextMenuEvent>
+#include <QFontInfo>
 #include <QFrame>
 #include <QScreen>
+#include <QToolTip>
 #include <QVBoxLayout>
 
 #include "app/widgets/Controls.h"
@@ -25,7 +27,13 @@ class SentencePopup final : public QFrame {
   SentencePopup(const QString& sentence, const QPoint& place, QWidget* owner) : QFrame(owner, Qt::Popup) {
     setAttribute(Qt::WA_DeleteOnClose);
     setFrameShape(QFrame::StyledPanel);
+    setPalette(QToolTip::palette());
+    setBackgroundRole(QPalette::ToolTipBase);
     QLabel* label = MakeLabel("lblQuickHelpText", sentence);
+    label->setForegroundRole(QPalette::ToolTipText);
+    constexpr int kEms = 40;
+    label->setFixedWidth(
+        qMin(label->fontMetrics().horizontalAdvance(sentence) + 2, kEms * QFontInfo(label->font()).pixelSize()));
     (new QVBoxLayout(this))->addWidget(label);
     // Screen readers read what gets the focus.
     label->setFocusPolicy(Qt::StrongFocus);
@@ -46,12 +54,14 @@ class SentencePopup final : public QFrame {
 }  // namespace
 
 bool QuickHelpFilter::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::Polish && watched->isWidgetType()) GiveWhatsThis(*static_cast<QWidget*>(watched));
   // Before the window passes the click to its control, which might select something.
   if (watched->isWindowType() && event->type() == QEvent::MouseButtonPress) {
     const auto* press = static_cast<QMouseEvent*>(event);
     if (press->button() != Qt::RightButton || QApplication::activePopupWidget()) return false;
     const QPoint place = press->globalPosition().toPoint();
-    return Answer(QApplication::widgetAt(place), place);
+    QWidget* control = QApplication::widgetAt(place);
+    return control && Answer(control, control->mapToGlobal(control->rect().bottomLeft()));
   }
   if (!watched->isWidgetType()) return false;
   auto* control = static_cast<QWidget*>(watched);
@@ -69,6 +79,12 @@ bool QuickHelpFilter::eventFilter(QObject* watched, QEvent* event) {
   }
 #endif
   return event->type() == QEvent::ContextMenu && Answer(control, below);
+}
+
+// For Shift+F1 and screen readers. The sentence of a screen is not repeated by all that it holds.
+void QuickHelpFilter::GiveWhatsThis(QWidget& control) const {
+  const std::string_view sentence = m_session.QuickHelpOf(FromQt(control.objectName()));
+  if (!sentence.empty() && control.whatsThis().isEmpty()) control.setWhatsThis(ToQt(std::string(sentence)));
 }
 
 bool QuickHelpFilter::Answer(QWidget* control, const QPoint& place) const {

@@ -21,6 +21,7 @@ class QuickHelpFilter : public QObject {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  void GiveWhatsThis(QWidget& control) const;
   [[nodiscard]] bool Answer(QWidget* control, const QPoint& place) const;
 
   const Session& m_session;

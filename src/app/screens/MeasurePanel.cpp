@@ -38,7 +38,7 @@ MeasurePanel::MeasurePanel(MasterFlow& flow, std::function<void()> help) : Panel
       frame = new QGroupBox(Ascii(measure.Frame->Caption));
       frame->setObjectName(Ascii(measure.Frame->Name));
       frame->setFlat(true);
-      new QVBoxLayout(frame);
+      (new QVBoxLayout(frame))->setContentsMargins({});
       column[2 * placed >= AllMeasureBoxes().size() ? 1 : 0]->addWidget(frame);
     }
     AddBox(*frame, measure);

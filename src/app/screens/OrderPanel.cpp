@@ -58,6 +58,7 @@ void OrderPanel::ShowState() {
   const OrderEditor& order = m_flow.Order();
   m_lblOrderTitle->setText(ToQt(order.Title()));
   m_grdOrder->Refresh();
+  m_txtOrder->setMaximumWidth(m_grdOrder->maximumWidth());
   m_txtOrder->Refresh();
   const bool isSerial = order.CurrentUse() == OrderEditor::Use::SerialPositions;
   m_plan->setVisible(!isSerial);

@@ -5,6 +5,8 @@
 #include <QEvent>
 #include <QFontInfo>
 #include <QScrollArea>
+#include <QStringList>
+#include <algorithm>
 
 namespace zova {
 
@@ -31,6 +33,19 @@ class ActingAtOnce final : public QObject {
 };
 
 }  // namespace
+
+QString Isolated(const QString& name) {
+  const bool isReversed = std::any_of(name.begin(), name.end(), [](QChar letter) {
+    return letter.direction() == QChar::DirR || letter.direction() == QChar::DirAL;
+  });
+  return isReversed ? QChar(0x2068) + name + QChar(0x2069) : name;
+}
+
+QString WithIsolatedNames(const QString& text) {
+  QStringList pieces = text.split(u'\'');
+  for (qsizetype piece = 1; piece + 1 < pieces.size(); ++piece) pieces[piece] = Isolated(pieces[piece]);
+  return pieces.join(u'\'');
+}
 
 QLabel* MakeLabel(const char* name, const QString& text, QWidget* buddy) {
   QLabel* label = Named(new QLabel(text), name);

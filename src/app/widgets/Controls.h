@@ -17,6 +17,12 @@ inline QString ToQt(const std::string& text) {
 }
 inline std::string FromQt(const QString& text) { return text.toStdString(); }
 
+/// `name`, set apart with U+2068 and U+2069 when it has letters that are written from right to left: they would
+/// reorder the sentence around it.
+QString Isolated(const QString& name);
+/// The same for every name that stands in single quotes in a text.
+QString WithIsolatedNames(const QString& text);
+
 /// Sets a control's name, by which quick help and tests find it.
 template <typename Widget>
 Widget* Named(Widget* widget, const char* name) {

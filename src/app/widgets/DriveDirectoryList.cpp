@@ -53,7 +53,9 @@ DriveDirectoryList::DriveDirectoryList(DirectoryBrowser& browser, const char* dr
   m_rows->addWidget(m_directories, 1);
   m_directories->setItemDelegate(new IndentingDelegate(m_directories));
   m_directories->installEventFilter(this);
-  m_directories->setMinimumHeight(3 * m_directories->fontMetrics().lineSpacing());
+  // It takes what room there is, and shrinks before a page scrolls.
+  m_directories->setMinimumHeight(3 * (m_directories->fontMetrics().lineSpacing() + 2));
+  m_directories->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
   m_directories->setIconSize(QSize(1, 1) * style()->pixelMetric(QStyle::PM_SmallIconSize));
   connect(m_drives, &QComboBox::activated, this, [this](int row) {
     const char letter = m_shownDrives.at(static_cast<std::size_t>(row));

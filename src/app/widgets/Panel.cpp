@@ -82,7 +82,7 @@ void Panel::AddProjectName() {
 }
 
 void Panel::ShowProjectName(const std::string& project) {
-  const QString shown = "Project: " + ToQt(project);
+  const QString shown = "Project: " + Isolated(ToQt(project));
   if (m_projectName && m_projectName->text() != shown) m_projectName->setText(shown);
 }
 
