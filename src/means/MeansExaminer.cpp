@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "master/columns/ColumnName.h"
+#include "means/LurePositions.h"
 #include "means/MasterOfProject.h"
 #include "means/UncomputedValues.h"
 #include "platform/desktop/FileErrorBoxes.h"
@@ -121,6 +122,8 @@ void MeansExaminer::Show(const std::string& path) {
   m_request = {};
   if (!m_measureNames.empty()) m_request.Measures = {0};
   m_unchecked = 0;
+  m_lurePositions.clear();
+  if (m_serial) m_lurePositions = LurePositions(*m_project, path, m_serial->PositionCount, m_platform.Files);
   m_isOwn = !m_serial && IsMasterOfProject(m_table, path, *m_project, m_platform.Files);
   ++m_layoutRevision;
   Compute();
@@ -186,7 +189,7 @@ void MeansExaminer::Compute() {
   if (m_serial) {
     std::vector<int> tests;
     for (const std::size_t measure : m_request.Measures) tests.push_back(static_cast<int>(measure) + 1);
-    m_picture = PictureOf(*m_serial, tests);
+    m_picture = PictureOf(*m_serial, tests, m_lurePositions);
     return;
   }
   m_means = ComputeMeans(m_table, m_request, m_isOwn ? m_project : nullptr);

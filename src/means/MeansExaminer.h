@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -102,6 +103,7 @@ class MeansExaminer {
   int m_unchecked = 0;  // rows that could not be scored again
   MasterTable m_table;
   std::optional<SerialPositionTable> m_serial;
+  std::set<int> m_lurePositions;  // of the serial-position master
   std::vector<std::string> m_measureNames;
   MeansRequest m_request;
   MeansTable m_means;

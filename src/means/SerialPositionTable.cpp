@@ -4,6 +4,8 @@
 
 #include "means/SerialPositionTable.h"
 
+#include <cmath>
+
 #include "master/groups/SerialPositions.h"
 #include "means/MasterFields.h"
 #include "text/Cells.h"
@@ -66,7 +68,7 @@ std::optional<SerialPositionTable> ParseSerialPositionMaster(std::string_view te
   return table;
 }
 
-PlotPicture PictureOf(const SerialPositionTable& table, const std::vector<int>& tests) {
+PlotPicture PictureOf(const SerialPositionTable& table, const std::vector<int>& tests, const std::set<int>& leftOut) {
   PlotPicture picture;
   picture.XLabel = "Serial position";
   picture.YLabel = "Recall (share of subjects)";
@@ -81,6 +83,12 @@ PlotPicture PictureOf(const SerialPositionTable& table, const std::vector<int>& 
     picture.Series.back().Name = name + ", smoothed";
     picture.Series.back().IsDashed = true;
   }
+  if (leftOut.empty()) return picture;
+  for (PlotSeries& series : picture.Series) {
+    std::erase_if(series.Points,
+                  [&](const PlotPoint& point) { return leftOut.contains(static_cast<int>(std::lround(point.X))); });
+  }
+  picture.Note = "Lures, which were never studied, are left out.";
   return picture;
 }
 

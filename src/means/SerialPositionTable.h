@@ -2,6 +2,7 @@
 #pragma once
 
 #include <optional>
+#include <set>
 #include <string_view>
 #include <vector>
 
@@ -21,7 +22,9 @@ struct SerialPositionTable {
 /// nullopt for a text that is not a serial-position master ("Type", ...), or whose lines do not fit its header.
 std::optional<SerialPositionTable> ParseSerialPositionMaster(std::string_view text);
 
-/// Recall by serial position: for each chosen test (from 1) the observed shares, and the smoothed ones dashed.
-PlotPicture PictureOf(const SerialPositionTable& table, const std::vector<int>& tests);
+/// Recall by serial position: for each chosen test (from 1) the observed shares, and the smoothed ones dashed. Without
+/// the positions of `leftOut` (from 1).
+PlotPicture PictureOf(const SerialPositionTable& table, const std::vector<int>& tests,
+                      const std::set<int>& leftOut = {});
 
 }  // namespace zova

@@ -78,22 +78,24 @@ TEST_F(EntryPanelTest, KeysReachTheRecordAndOnlyTheBoxesOwnStayInIt) {
     const char* What;
     std::function<void()> Act;
     const char* Then;
-  } steps[] = {{"digits and Enter", [&] { Type("5 1 2 12 7 6 "); }, "5/1/2/ 12/7/6/ at 3,1 "},
-               {"arrows move, with text they edit", [&] { Type("^^>>19<<8v^"); }, "5/1/2/ 12/7/6/ at 1,3 819"},
-               {"Delete and Escape edit the box", [&] { Press(Qt::Key_Delete); }, "5/1/2/ 12/7/6/ at 1,3 89"},
-               {"Escape", [&] { Press(Qt::Key_Escape); }, "5/1/2/ 12/7/6/ at 1,3 "},
-               {"Delete", [&] { Press(Qt::Key_Delete); }, "5/1/2/ 12/7/6/ at 1,3 "},
-               {"back by Tab", [&] { Press(Qt::Key_Backtab, Qt::ShiftModifier); }, "5/1/2/ 12/7/6/ at 1,2 "},
-               {"a block", [&] { Press(Qt::Key_Down, Qt::ShiftModifier), Type("3 "); }, "5/3/2/ 12/3/6/ at 2,2 "},
-               {"undone", [&] { Press('Z', Qt::ControlModifier); }, "5/1/2/ 12/7/6/ at 1,2 "},
-               {"redone", [&] { Press('Z', Qt::ControlModifier | Qt::ShiftModifier); }, "5/3/2/ 12/3/6/ at 1,2 "},
-               {"the box's own", [&] { Type("44"), Press('Z', Qt::ControlModifier); }, "5/3/2/ 12/3/6/ at 1,2 "},
-               {"no letters", [&] { Type("1Q2"); }, "5/3/2/ 12/3/6/ at 1,2 12"},
-               {"Home edits", [&] { Press(Qt::Key_Home), Type("3"), Press(Qt::Key_Escape); }, "5/3/2/ 12/3/6/ at 1,2 "},
-               {"last line", [&] { Press(Qt::Key_End), Press(Qt::Key_PageUp); }, "5/3/2/ 12/3/6/ at 56,2 "},
-               {"first line", [&] { Press(Qt::Key_Home), Type("< "); }, "5/3/2/ 12/3/6/ at 1,1 "},
-               {"a number pasted to be typed on", [&] { Paste("4"); }, "5/3/2/ 12/3/6/ at 1,1 4"},
-               {"a column pasted", [&] { Press(Qt::Key_Escape), Paste("8\r\n9\r\n"); }, "8/3/2/ 9/3/6/ at 1,1 "}};
+  } steps[] = {
+      {"digits and Enter", [&] { Type("5 1 2 12 7 6 "); }, "5/1/2/ 12/7/6/ at 3,1 "},
+      {"arrows move, with text they edit", [&] { Type("^^>>19<<8v^"); }, "5/1/2/ 12/7/6/ at 1,3 819"},
+      {"Delete and Escape edit the box", [&] { Press(Qt::Key_Delete); }, "5/1/2/ 12/7/6/ at 1,3 89"},
+      {"Escape", [&] { Press(Qt::Key_Escape); }, "5/1/2/ 12/7/6/ at 1,3 "},
+      {"Delete", [&] { Press(Qt::Key_Delete); }, "5/1/2/ 12/7/6/ at 1,3 "},
+      {"back by Tab", [&] { Press(Qt::Key_Backtab, Qt::ShiftModifier); }, "5/1/2/ 12/7/6/ at 1,2 "},
+      {"a block", [&] { Press(Qt::Key_Down, Qt::ShiftModifier), Type("3 "); }, "5/3/2/ 12/3/6/ at 2,2 "},
+      {"an access key acts at once", [&] { Press('S', Qt::AltModifier); }, "5/2/2/ 12/2/6/ at 2,2 "},
+      {"undone", [&] { Press('Z', Qt::ControlModifier), Press('Z', Qt::ControlModifier); }, "5/1/2/ 12/7/6/ at 1,2 "},
+      {"redone", [&] { Press('Z', Qt::ControlModifier | Qt::ShiftModifier); }, "5/3/2/ 12/3/6/ at 1,2 "},
+      {"the box's own", [&] { Type("44"), Press('Z', Qt::ControlModifier); }, "5/3/2/ 12/3/6/ at 1,2 "},
+      {"no letters", [&] { Type("1Q2"); }, "5/3/2/ 12/3/6/ at 1,2 12"},
+      {"Home edits", [&] { Press(Qt::Key_Home), Type("3"), Press(Qt::Key_Escape); }, "5/3/2/ 12/3/6/ at 1,2 "},
+      {"last line", [&] { Press(Qt::Key_End), Press(Qt::Key_PageUp); }, "5/3/2/ 12/3/6/ at 56,2 "},
+      {"first line", [&] { Press(Qt::Key_Home), Type("< "); }, "5/3/2/ 12/3/6/ at 1,1 "},
+      {"a number pasted to be typed on", [&] { Paste("4"); }, "5/3/2/ 12/3/6/ at 1,1 4"},
+      {"a column pasted", [&] { Press(Qt::Key_Escape), Paste("8\r\n9\r\n"); }, "8/3/2/ 9/3/6/ at 1,1 "}};
   for (const auto& step : steps) {
     step.Act();
     EXPECT_EQ(Shown(2), step.Then) << step.What;
@@ -169,6 +171,7 @@ TEST_F(EntryPanelTest, TheTimerFollowsTheStateAndItsTicksWaitForAMessageBox) {
   Start();
   const AutosaveTimer& state = m_session->Subjects().Entry().Timer();
   auto* timer = Find<QTimer>("tmrAutoSave");
+  EXPECT_EQ(timer->interval(), 30000);
   const auto tick = [&] {
     QTimerEvent due(timer->timerId());
     QCoreApplication::sendEvent(timer, &due);
@@ -188,7 +191,7 @@ TEST_F(EntryPanelTest, TheTimerFollowsTheStateAndItsTicksWaitForAMessageBox) {
   EXPECT_EQ(state.Ticks(), 3);
   timer->setTimerType(Qt::PreciseTimer);
   timer->setInterval(2000);  // restarts
-  QTest::qWait(50);
+  ASSERT_TRUE(QTest::qWaitFor([&] { return timer->remainingTime() < 1950; }));
   Type("1 ");
   EXPECT_LT(timer->remainingTime(), 1960) << "a key is no start";
   Find<QPushButton>("cmdDone")->click();

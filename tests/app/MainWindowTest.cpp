@@ -50,14 +50,16 @@ TEST_F(MainWindowTest, CopyingTakesItsCancelAndNothingElse) {
   QTimer::singleShot(
       0, [&] { m_window.close(), QTest::keyClick(m_window.windowHandle(), Qt::Key_O, Qt::ControlModifier); });
   QTest::qSleep(60);
-  EXPECT_TRUE(m_shownProgress.ShowCopying(1, 4, true) && !m_hasEnded);
+  EXPECT_TRUE(m_shownProgress.ShowCopying(1, 4, true));
+  EXPECT_FALSE(m_hasEnded);
   EXPECT_EQ(std::exchange(Dialogs.Answers, {}).size(), 1) << "nothing was opened";
   QTimer::singleShot(0, [&] { QTest::mouseClick(Button("cmdCopyCancel"), Qt::LeftButton); });
   QTest::qSleep(60);
   EXPECT_FALSE(m_shownProgress.ShowCopying(2, 4, true));
   EXPECT_EQ(m_window.findChild<QLabel*>("lblCopying")->text(), "2 of 4 files");
   m_shownProgress.EndCopying();
-  EXPECT_TRUE(main->isVisible() && m_shownProgress.ShowCopying(0, 2, true)) << "the next copying begins anew";
+  EXPECT_TRUE(main->isVisible());
+  EXPECT_TRUE(m_shownProgress.ShowCopying(0, 2, true)) << "the next copying begins anew";
   QTimer::singleShot(0, [&] { QTest::keyClick(m_window.windowHandle(), Qt::Key_Escape); });
   QTest::qSleep(60);
   EXPECT_FALSE(m_shownProgress.ShowCopying(1, 2, true));
@@ -125,7 +127,8 @@ TEST_F(MainWindowTest, EntriesAndPanelFollowTheSession) {
   ASSERT_TRUE(QTest::qWaitForWindowActive(&m_window));
   QTest::keyClick(m_window.findChild<QWidget*>("txtExp"), Qt::Key_F1);
   EXPECT_EQ(Help.Shown, "C:\\ZOVA\\ZOVA2.hlp#viewing");
-  EXPECT_TRUE(!Entry("mnuOpen")->isEnabled() && Entry("mnuTopics")->isEnabled());
+  EXPECT_FALSE(Entry("mnuOpen")->isEnabled());
+  EXPECT_TRUE(Entry("mnuTopics")->isEnabled());
 }
 
 TEST_F(MainWindowTest, KeepsItsPlaceAndNamesItsProject) {
@@ -161,8 +164,10 @@ TEST_F(MainWindowTest, CommandsThatComeWhileAnotherRunsAreIgnored) {
     EXPECT_FALSE(m_window.close());
   };
   Entry("mnuOpen")->trigger();
-  EXPECT_TRUE(m_session->Shown() == Screen::Main && !m_hasEnded);
-  EXPECT_TRUE(m_window.close() && m_hasEnded);
+  EXPECT_EQ(m_session->Shown(), Screen::Main);
+  EXPECT_FALSE(m_hasEnded);
+  EXPECT_TRUE(m_window.close());
+  EXPECT_TRUE(m_hasEnded);
 }
 
 TEST_F(MainWindowTest, AnExceptionInACommandBecomesABoxWithTheSubjectSecuredAndTheProgramGoesOn) {

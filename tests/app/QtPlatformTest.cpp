@@ -11,6 +11,7 @@
 #include <QTimer>
 #include <QWindow>
 
+#include "app/desktop/QtFileDialogs.h"
 #include "app/desktop/QtMessageBoxes.h"
 #include "app/desktop/Style.h"
 #include "app/widgets/Colours.h"
@@ -97,10 +98,27 @@ TEST(QtMessageBoxesTest, AVeryLongTextScrolls) {
     auto* box = QApplication::activeModalWidget();
     EXPECT_LT(box->height(), box->screen()->availableSize().height());
     const auto* text = box->findChild<QPlainTextEdit*>("txtMessage");
-    EXPECT_TRUE(text != nullptr && text->isVisible() && text->toPlainText().endsWith(", 10000"));
+    EXPECT_TRUE(text->isVisible());
+    EXPECT_TRUE(text->toPlainText().endsWith(", 10000"));
     QTest::keyClick(box, Qt::Key_Return);
   });
   EXPECT_EQ(QtMessageBoxes(desktop).Show({.Text = names}), BoxAnswer::Ok);
+}
+
+TEST(QtFileDialogsTest, ANameWithoutAnEndingGetsThatOfTheChosenKind) {
+  testing::Scratch scratch;
+  Disk disk = scratch.MakeDisk();
+  QtDesktop desktop;
+  for (const auto& [kind, path] : {std::pair(0, "D:\\plot.pdf"), {1, "D:\\plot.svg"}, {2, "D:\\plot"}}) {
+    QTimer::singleShot(50, [kind = kind] {
+      auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+      for (int i = 0; i < kind; ++i) QTest::keyClick(dialog->findChild<QWidget*>("fileTypeCombo"), Qt::Key_Down);
+      dialog->findChild<QLineEdit*>("fileNameEdit")->setText("plot");
+      dialog->accept();
+    });
+    const FileQuestion question{"Save", "D:\\", {{"PDF", "*.pdf"}, {"SVG", "*.svg"}, {"All files", "*.*"}}, "P.pdf"};
+    EXPECT_EQ(QtFileDialogs(disk, desktop).ChooseNewFile(question).value_or(""), path) << kind;
+  }
 }
 
 // Users have files that Qt wrote, and may go back to a program that reads them with it.

@@ -3,9 +3,11 @@
 
 #include <gtest/gtest.h>
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QRegularExpression>
 #include <QTest>
+#include <algorithm>
 #include <map>
 
 #include "app/widgets/Controls.h"
@@ -33,7 +35,10 @@ class WizardPanelTest : public testing::SessionTest {
       QWidget* focus = QApplication::focusWidget();
       if (keys[i] == '~') {
         QTest::keyClick(focus, keys[++i], Qt::AltModifier);
-        QTest::qWait(150);  // a button acts a little later
+        // A button is let go a little later.
+        const auto isDown = [](const QAbstractButton* button) { return button->isDown(); };
+        const auto buttons = focus->window()->findChildren<QAbstractButton*>();
+        ASSERT_TRUE(QTest::qWaitFor([&] { return std::none_of(buttons.begin(), buttons.end(), isDown); }));
       } else if (special.count(keys[i])) {
         QTest::keyClick(focus, special.at(keys[i]));
       } else {

@@ -158,6 +158,15 @@ TEST(MeansExaminer, ASerialPositionMasterIsPlottedOnly) {
   EXPECT_TRUE(desk.Means.HasPlot());
   desk.Means.ChooseWholeSeries();
   EXPECT_EQ(desk.Means.Picture().Series.size(), 4U) << "observed and smoothed, of both tests";
+  EXPECT_EQ(desk.Means.Picture().Series[0].Points.size(), 4U);
+
+  desk.Project.FalseMemory = desk.Project.Categorized = 1;
+  desk.Project.CategoryCount = desk.Project.ItemsPerCategory = 2;
+  desk.Files.Put("D:\\" + ResultName(desk.Project, ResultFile::SerialMaster), FormatSerialPositionMaster(counts, 2, 3));
+  desk.Choose("D:\\" + ResultName(desk.Project, ResultFile::SerialMaster));
+  const std::vector<PlotPoint>& points = desk.Means.Picture().Series[0].Points;
+  ASSERT_EQ(points.size(), 2U) << "lures are left out";
+  EXPECT_EQ(points[0].X + points[1].X, 3) << "they stand last in the first order";
   desk.Means.SaveTable();
 }
 

@@ -361,7 +361,8 @@ TEST_F(SessionTest, ADeclinedAutosaveIsPutAside) {
                 .Title = "Restore"});
   Boxes.Expect({"The autosave was kept as 'C:\\Param\\Temp 1.txt'.", BoxAnswer::Ok, "'Browse'", BoxIcon::Information});
   Started();
-  EXPECT_TRUE(m_scratch.Get("C:\\Param\\Temp 1.txt") == "subject" && !m_scratch.Has("C:\\Param\\Temp.txt"));
+  EXPECT_EQ(m_scratch.Get("C:\\Param\\Temp 1.txt"), "subject");
+  EXPECT_FALSE(m_scratch.Has("C:\\Param\\Temp.txt"));
 }
 
 TEST_F(SessionTest, ClosingNeedsARegisteredParamDirectory) {

@@ -226,8 +226,9 @@ TEST(SubjectEntry, TakesAnyActInAnyProject) {
       }
       if (!desk.Entry.IsOpen()) begin();
       const GridCell cursor = desk.Grid.Cursor();
-      ASSERT_TRUE(cursor.Line >= 1 && cursor.Line <= project.ItemCount && cursor.Column >= 1 && cursor.Column <= 3);
-      ASSERT_TRUE(desk.Grid.Page() >= 1 && desk.Grid.Page() <= project.TestCount);
+      ASSERT_EQ(cursor.Line, std::clamp<int>(cursor.Line, 1, project.ItemCount));
+      ASSERT_EQ(cursor.Column, std::clamp(cursor.Column, 1, 3));
+      ASSERT_EQ(desk.Grid.Page(), std::clamp<int>(desk.Grid.Page(), 1, project.TestCount));
       ASSERT_FALSE(FindOutOfRange(desk.Record, project));
       if (act % 10 > 0) continue;
       SubjectRecord restored;

@@ -29,12 +29,15 @@ QString StartDirectory(Disk& disk, const std::string& path) {
   }
 }
 
-// "pdf" for the filter of "*.pdf"; "" for that of all files.
+// "pdf" for the filter of "*.pdf"; "" for that of all files. A dialog that hides the patterns names a filter without
+// them.
 QString EndingOf(const FileQuestion& question, const QStringList& filters, const QString& filter) {
-  const auto place = filters.indexOf(filter);
-  if (place < 0) return {};
-  const std::string& pattern = question.Filters[static_cast<std::size_t>(place)].Pattern;
-  return pattern.starts_with("*.") && pattern != "*.*" ? ToQt(pattern.substr(2)) : QString();
+  for (std::size_t place = 0; place < question.Filters.size(); ++place) {
+    const auto& [caption, pattern] = question.Filters[place];
+    if (filter != filters[static_cast<qsizetype>(place)] && filter != ToQt(caption)) continue;
+    return pattern.starts_with("*.") && pattern != "*.*" ? ToQt(pattern.substr(2)) : QString();
+  }
+  return {};
 }
 
 }  // namespace

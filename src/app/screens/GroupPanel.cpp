@@ -22,6 +22,7 @@ GroupPanel::GroupPanel(MasterFlow& flow)
   rows->addWidget(MakeLabel("lblPerGroup", "&Subjects per group:", m_txtPerGroup));
   FitBox(m_txtPerGroup, 4);
   rows->addWidget(m_txtPerGroup);
+  AddQuestionGap(*rows);
   rows->addWidget(MakeLabel("lblVarNameList", "&Variable that keeps the groups apart:", m_lstVarName));
   rows->addWidget(m_lstVarName, 1);
   QScrollArea* preview = MakeScrolling(m_lblGroupsPreview);
@@ -32,6 +33,7 @@ GroupPanel::GroupPanel(MasterFlow& flow)
   for (QWidget* part : {static_cast<QWidget*>(m_lstVarName), static_cast<QWidget*>(preview)}) {
     part->setMinimumHeight(part->fontMetrics().lineSpacing() * 6);
   }
+  AddQuestionGap(*rows);
   rows->addWidget(preview, 1);
   SetDefault(AddButton("cmdCreateMasterGo", "Co&ntinue", [this] { m_flow.GoGroups(); }));
   m_cancel = AddButton("cmdGroupCancel", "&Cancel", [this] { m_flow.CancelGroups(); });

@@ -48,6 +48,7 @@ void IdentificationPanel::AddQuestions(QVBoxLayout& rows) {
   FitBox(m_txtSub, 20);
   FitBox(m_txtInfo, 4);
   rows.addWidget(MakeText("lblSnmbr2", &SubjectIdentification::Instruction));
+  AddQuestionGap(rows);
   rows.addWidget(MakeLabel("lblSnmbr", "Please enter the &subject identifier:", m_txtSub));
   rows.addWidget(m_txtSub);
   rows.addWidget(
@@ -64,7 +65,9 @@ void IdentificationPanel::AddQuestions(QVBoxLayout& rows) {
   constexpr int kLines = 11;
   m_lstLevels->setFixedHeight(kLines * (m_lstLevels->fontMetrics().height() + 2));
   KeepReadable(m_txtSub, true);
+  AddQuestionGap(rows);
   rows.addWidget(m_level);
+  AddQuestionGap(rows);
   rows.addWidget(MakeText("lblVars", &SubjectIdentification::LevelsList));
   rows.addStretch();
 }

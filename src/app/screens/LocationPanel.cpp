@@ -28,7 +28,10 @@ LocationPanel::LocationPanel(LocationFlow& location)
                                                  m_path,        MakeResult(),
                                                  m_parentOffer, m_directories,
                                                  m_note};
-  for (QWidget* part : parts) rows->addWidget(part, part == m_directories ? 1 : 0);
+  for (QWidget* part : parts) {
+    if (part != m_path) AddQuestionGap(*rows);
+    rows->addWidget(part, part == m_directories ? 1 : 0);
+  }
   SetDefault(AddButton("cmdSetPath", "OK", [this] { m_location.Accept(); }));
   m_cancel = AddButton("cmdCancel3", "Cancel", [this] { m_location.Cancel(); });
   m_cursor = m_path;

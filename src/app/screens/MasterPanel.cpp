@@ -32,17 +32,20 @@ MasterPanel::MasterPanel(MasterFlow& flow, QtProgress& progress)
   m_questions = findChild<QScrollArea*>();  // the page with its bars
   rows->addWidget(MakeLabel("lblmeasures", "Choose Measures", m_cmdMeasures));
   rows->addWidget(m_cmdMeasures, 0, Qt::AlignLeft);
+  AddQuestionGap(*rows);
   rows->addWidget(MakeLabel("lblItemAnal", "Serial Position Master", m_chkItemAnalysis));
   rows->addWidget(
       MakeLabel("lblItemAnalInst", "For an additional serial postion analysis please select the box below. "));
   rows->addWidget(m_chkItemAnalysis, 0, Qt::AlignLeft);
   rows->addWidget(m_chkCombine, 0, Qt::AlignLeft);
+  AddQuestionGap(*rows);
   rows->addWidget(MakeLabel("lblExports", "Files for Other Programs", m_chkExportClean));
   auto* exports = new QHBoxLayout;  // in one row, so that all of the page is in sight at 800 x 600
   exports->addWidget(m_chkExportClean);
   exports->addWidget(m_chkExportLong);
   exports->addStretch();
   rows->addLayout(exports);
+  AddQuestionGap(*rows);
   rows->addWidget(MakeLabel("lblDestination", "&Destination Directory", m_txtMasterDest));
   rows->addWidget(m_directories, 1);
   rows->addWidget(m_txtMasterDest);

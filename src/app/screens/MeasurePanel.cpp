@@ -39,12 +39,15 @@ MeasurePanel::MeasurePanel(MasterFlow& flow, std::function<void()> help) : Panel
       frame->setObjectName(Ascii(measure.Frame->Name));
       frame->setFlat(true);
       (new QVBoxLayout(frame))->setContentsMargins({});
-      column[2 * placed >= AllMeasureBoxes().size() ? 1 : 0]->addWidget(frame);
+      QVBoxLayout& side = *column[2 * placed >= AllMeasureBoxes().size() ? 1 : 0];
+      AddQuestionGap(side);
+      side.addWidget(frame);
     }
     AddBox(*frame, measure);
     ++placed;
   }
   for (QVBoxLayout* side : column) side->addStretch();
+  AddQuestionGap(*rows);
   m_lblColumnCount = MakeLabel("lblColumnCount", {});
   rows->addWidget(m_lblColumnCount);
   rows->addStretch();

@@ -11,9 +11,6 @@ namespace zova {
 
 namespace {
 
-constexpr int kLabelGap = 4;  // between a label and its box
-constexpr int kQuestionGap = 12;
-
 bool HoldsNumber(WizardBox box) {
   return box == WizardBox::Tests || box == WizardBox::Items || box == WizardBox::Categories ||
          box == WizardBox::Minutes || box == WizardBox::MaxRating;
@@ -30,13 +27,9 @@ WizardPage::WizardPage(NewProjectWizard& wizard, int number, const QString& titl
   setMaximumWidth(FormWidth(*this));
 }
 
-void WizardPage::AddQuestionGap() {
-  if (m_rows->count() > 0) m_rows->addSpacing(kQuestionGap - kLabelGap);
-}
-
 QLabel* WizardPage::AddText(const char* name, const QString& text, Remark shown) {
   QLabel* label = MakeLabel(name, text);
-  AddQuestionGap();
+  AddQuestionGap(*m_rows);
   m_rows->addWidget(label);
   if (shown) m_remarks.emplace_back(label, shown);
   return label;
@@ -54,7 +47,7 @@ WizardPage::TextBox WizardPage::MakeBox(WizardBox box, const char* labelName, co
 WizardPage::TextBox WizardPage::AddBox(WizardBox box, const char* labelName, const QString& question,
                                        const char* name) {
   const TextBox made = MakeBox(box, labelName, question, name);
-  AddQuestionGap();
+  AddQuestionGap(*m_rows);
   if (HoldsNumber(box)) FitBox(made.Edit, 4);
   m_rows->addWidget(made.Label);
   m_rows->addWidget(made.Edit, 0, HoldsNumber(box) ? Qt::AlignLeft : Qt::Alignment());

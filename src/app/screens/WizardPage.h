@@ -62,7 +62,6 @@ class WizardPage : public QWidget {
     QLabel* Label;
     std::optional<WizardBox> Asked;
   };
-  void AddQuestionGap();
   void StoreText(const TextBox& typed, const QString& text);
   void StoreOption(WizardOption option, bool yes);
 

@@ -2,6 +2,7 @@
 #include "app/widgets/Controls.h"
 
 #include <QAbstractItemView>
+#include <QBoxLayout>
 #include <QEvent>
 #include <QFontInfo>
 #include <QScrollArea>
@@ -78,6 +79,10 @@ void Enlarge(QWidget& control, double times) {
   font.setPointSizeF(QFontInfo(font).pointSizeF() * times);
   font.setBold(true);
   control.setFont(font);
+}
+
+void AddQuestionGap(QBoxLayout& rows) {
+  if (rows.count() > 0) rows.addSpacing(kQuestionGap - kLabelGap);
 }
 
 int FormWidth(const QWidget& control) {

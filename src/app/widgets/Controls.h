@@ -8,6 +8,7 @@
 #include <string>
 
 class QAbstractButton;
+class QBoxLayout;
 class QScrollArea;
 
 namespace zova {
@@ -39,6 +40,11 @@ void ActAtOnce(QAbstractButton* button, bool repeats = false);
 void MakeBold(QWidget* control);
 /// Bold, and `times` as large as the application's font.
 void Enlarge(QWidget& control, double times);
+/// Between a label and its box, and more between one question and the next.
+inline constexpr int kLabelGap = 4;
+inline constexpr int kQuestionGap = 12;
+/// Begins the next question of a page whose rows stand kLabelGap apart.
+void AddQuestionGap(QBoxLayout& rows);
 /// As wide as lines can be that are read with ease: 46 em.
 int FormWidth(const QWidget& control);
 /// Makes the box as wide as `characters` that it holds.

@@ -90,6 +90,7 @@ QVBoxLayout* Panel::AddPage() {
   auto* page = new QWidget;
   auto* rows = new QVBoxLayout(page);
   rows->setContentsMargins(0, 0, rows->spacing(), 0);  // the frame has margins of its own
+  rows->setSpacing(kLabelGap);
   page->setMaximumWidth(FormWidth(*page));
   m_content->addWidget(MakeScrolling(page));
   return rows;

@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <set>
+#include <string_view>
+
+#include "platform/files/Disk.h"
+#include "project/ProjectParameters.h"
+
+namespace zova {
+
+/// The serial positions (from 1) of the project's lures, by its saved order or, without one, by the first. Empty for a
+/// project without lures, and for a serial-position master that has another name or length than the project's own.
+std::set<int> LurePositions(const ProjectParameters& project, std::string_view masterPath, int positionCount,
+                            Disk& disk);
+
+}  // namespace zova
