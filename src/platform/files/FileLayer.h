@@ -29,7 +29,7 @@ struct FileIdentity {
   std::uint64_t Device = 0;
   std::uint64_t Index = 0;   ///< its number on the device
   std::uint64_t Links = 0;   ///< number of hard links
-  std::int64_t Changed = 0;  ///< when its bytes changed last: nanoseconds, from the system's own zero
+  std::int64_t Changed = 0;  ///< when its bytes changed last: nanoseconds since 1970
 };
 
 inline bool IsSameFile(const FileIdentity& left, const FileIdentity& right) noexcept {

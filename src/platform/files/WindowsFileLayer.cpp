@@ -172,9 +172,10 @@ std::optional<FileIdentity> NativeFileLayer::Identity(const fs::path& path) {
   Require(GetFileInformationByHandle(handle.get(), &facts));
   const auto high = static_cast<std::uint64_t>(facts.nFileIndexHigh);
   const auto ticks = (static_cast<std::uint64_t>(facts.ftLastWriteTime.dwHighDateTime) << 32) |
-                     facts.ftLastWriteTime.dwLowDateTime;  // of 100 ns
+                     facts.ftLastWriteTime.dwLowDateTime;  // of 100 ns, from 1601
+  constexpr std::int64_t kTicksTo1970 = 116'444'736'000'000'000;
   return FileIdentity{facts.dwVolumeSerialNumber, (high << 32) | facts.nFileIndexLow, facts.nNumberOfLinks,
-                      static_cast<std::int64_t>(ticks * 100)};
+                      (static_cast<std::int64_t>(ticks) - kTicksTo1970) * 100};
 }
 
 bool NativeFileLayer::CanEnter(const fs::path& path) {
