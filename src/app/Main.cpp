@@ -85,11 +85,13 @@ int RunApplication(Application& application, QtDesktop& desktop, QtMessageBoxes&
   QObject::connect(&window, &MainWindow::Ended, &application, [] { QCoreApplication::exit(); });
   OpenRequests requests(QFileInfo(ToQt(SettingsFile())).path());
   desktop.Sender = [&requests](const auto& param, const auto& file) { return requests.Send(param, file); };
-  requests.Listen([&session] { return session.ParamPath(); },
-                  [&window](const std::string& file) {
-                    ComeUp(window);
-                    window.Run([&file](Session& running) { running.OpenProject(file); });
-                  });
+  requests.Listen({.ParamDir = [&session] { return session.ParamPath(); },
+                   .MayOpen = [&session, &window] { return !window.IsBusy() && session.Shown() == Screen::Main; },
+                   .Open =
+                       [&window](const std::string& file) {
+                         ComeUp(window);
+                         window.Run([&file](Session& running) { running.OpenProject(file); });
+                       }});
   window.KeepPlace(settings);
   window.show();
   // After the window's first events, so that a box at start-up appears in front of a window that is in place.

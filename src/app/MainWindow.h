@@ -26,6 +26,8 @@ class MainWindow : public QMainWindow {
   /// To be called after the window is shown, so that the first messages appear in front of it. Opens a project at once
   /// when it is given one.
   void Start(const std::string& projectFile = {});
+  /// A command runs, or a box is up.
+  [[nodiscard]] bool IsBusy() const;
   /// No effect while another command runs.
   void Run(const std::function<void(Session&)>& act);
   /// Places the window as it was last left, and from now on stores how it is left. Without a place it keeps its first.
@@ -42,7 +44,6 @@ class MainWindow : public QMainWindow {
 
  private:
   void StorePlace();
-  [[nodiscard]] bool IsBusy() const;
   Panel* Add(Panel* panel);
   [[nodiscard]] Panel* PanelOf(Screen screen) const;
   [[nodiscard]] Panel* PanelOf(MasterFlow::Stage stage) const;

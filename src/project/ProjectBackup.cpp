@@ -7,6 +7,7 @@
 
 #include "project/ProjectBackup.h"
 
+#include <map>
 #include <utility>
 #include <vector>
 
@@ -15,6 +16,7 @@
 #include "project/DirectoryRules.h"
 #include "project/ProjectFile.h"
 #include "project/ProjectLayout.h"
+#include "text/Encoding.h"
 
 namespace zova {
 
@@ -52,24 +54,33 @@ std::optional<std::size_t> CopyDataFiles(const std::string& from, const std::str
 }
 
 // A file that was only copied back, say, may be newer and yet the same.
-std::size_t CountNewer(const std::string& primary, const std::string& backup, std::string_view prefix, Disk& disk) {
+std::size_t CountNewer(const std::string& primary, const std::string& backup, std::string_view prefix,
+                       const Platform& platform) {
+  Disk& disk = platform.Files;
   if (disk.IsSame(primary, backup)) return 0;
+  // By exact names, since looking a name up without regard to case lists the whole directory.
+  std::map<std::string, std::string> copies;
+  for (std::string& name : disk.ListFiles(backup, prefix, kDataFileEnd))
+    copies.emplace(UpperCase(name), std::move(name));
   std::size_t newer = 0;
   std::string own, copy;
-  for (const std::string& name : disk.ListFiles(backup, prefix, kDataFileEnd)) {
+  ForEachFile(disk.ListFiles(primary, prefix, kDataFileEnd), platform.Bar, [&](const std::string& name) {
+    const auto found = copies.find(UpperCase(name));
+    if (found == copies.end()) return;
     const std::string file = JoinPath(primary, name);
-    if (disk.ChangedAt(file) <= disk.ChangedAt(JoinPath(backup, name))) continue;
+    const std::string copyFile = JoinPath(backup, found->second);
+    if (disk.ChangedAt(file) <= disk.ChangedAt(copyFile)) return;
     disk.Read(file, own);
-    disk.Read(JoinPath(backup, name), copy);
+    disk.Read(copyFile, copy);
     if (own != copy) ++newer;
-  }
+  });
   return newer;
 }
 
 bool MayReplaceNewer(const std::string& primary, const std::string& backup, std::string_view prefix,
                      const Platform& platform) {
   std::size_t newer = 0;
-  if (!WithRetry(platform.Boxes, [&] { newer = CountNewer(primary, backup, prefix, platform.Files); })) return false;
+  if (!WithRetry(platform.Boxes, [&] { newer = CountNewer(primary, backup, prefix, platform); })) return false;
   return newer == 0 || Confirm(platform.Boxes, {.Text = std::to_string(newer) +
                                                         " data files in the primary directory are newer than their "
                                                         "backup copies.  Do you wish to replace them?",

@@ -14,7 +14,9 @@
 #include <utility>
 
 #include "app/desktop/Application.h"
+#include "app/desktop/QuickHelpFilter.h"
 #include "app/screens/ProgressPanel.h"
+#include "app/widgets/Controls.h"
 #include "app/widgets/Panel.h"
 #include "session/SessionFixture.h"
 
@@ -145,6 +147,20 @@ TEST_F(MainWindowTest, KeepsItsPlaceAndNamesItsProject) {
   MainWindow next(*m_session, m_shownProgress);
   next.KeepPlace(Settings);
   EXPECT_EQ(next.size(), QSize(700, 510));
+}
+
+TEST_F(MainWindowTest, ControlsHaveTheirSentenceAsWhatsThis) {
+  QuickHelpFilter filter(*m_session);
+  qApp->installEventFilter(&filter);
+  const auto sentence = [this](const char* name) { return m_window.findChild<QWidget*>(name)->whatsThis(); };
+  Entry("mnuOpen")->trigger();
+  Entry("mnuView")->trigger();
+  const QString viewing = sentence("cmdCancel1");
+  EXPECT_EQ(sentence("txtExp"), ToQt(std::string(m_session->QuickHelpOf("txtExp"))));
+  m_session->CancelWizard();
+  Entry("mnuCreate")->trigger();
+  EXPECT_FALSE(viewing.isEmpty());
+  EXPECT_NE(sentence("cmdCancel1"), viewing);
 }
 
 TEST_F(MainWindowTest, ListsTheProjectsThatCanBeOpened) {

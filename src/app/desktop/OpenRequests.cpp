@@ -34,9 +34,8 @@ bool OpenRequests::Send(const std::string& paramDir, const std::string& projectF
   return !QFile::remove(m_file);  // taken at the last moment
 }
 
-void OpenRequests::Listen(std::function<std::string()> paramDir, std::function<void(const std::string&)> open) {
-  m_paramDir = std::move(paramDir);
-  m_open = std::move(open);
+void OpenRequests::Listen(OpenRequestActs acts) {
+  m_acts = std::move(acts);
   QDir().mkpath(m_directory);
   m_watcher.addPath(m_directory);
 }
@@ -46,8 +45,9 @@ void OpenRequests::Look() {
   if (!file.open(QIODevice::ReadOnly)) return;
   const QList<QByteArray> lines = file.readAll().split('\n');
   file.close();
-  if (lines.size() != 2 || lines.front().toStdString() != m_paramDir() || !QFile::remove(m_file)) return;
-  m_open(lines.back().toStdString());
+  const bool isOurs = lines.size() == 2 && lines.front().toStdString() == m_acts.ParamDir();
+  if (!isOurs || !m_acts.MayOpen() || !QFile::remove(m_file)) return;
+  m_acts.Open(lines.back().toStdString());
 }
 
 }  // namespace zova

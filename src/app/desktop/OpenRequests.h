@@ -8,6 +8,13 @@
 
 namespace zova {
 
+/// What the running copy does about requests.
+struct OpenRequestActs {
+  std::function<std::string()> ParamDir;  ///< the Param directory in use now
+  std::function<bool()> MayOpen;          ///< false: the request is left to whoever made it
+  std::function<void(const std::string& projectFile)> Open;
+};
+
 /// One copy of the program asks another, of the same user on the same computer, to open a project. The request is a
 /// file of two lines, Param directory and project, in the directory of the settings. The copy that uses that Param
 /// removes it and acts; a request that no one removes is withdrawn.
@@ -18,8 +25,7 @@ class OpenRequests : public QObject {
   explicit OpenRequests(const QString& directory);
   /// True when another copy took the request.
   bool Send(const std::string& paramDir, const std::string& projectFile);
-  /// Calls `open` with the project of every request for the Param directory that `paramDir` names at that time.
-  void Listen(std::function<std::string()> paramDir, std::function<void(const std::string& projectFile)> open);
+  void Listen(OpenRequestActs acts);
 
  private:
   void Look();
@@ -27,8 +33,7 @@ class OpenRequests : public QObject {
   QString m_directory;
   QString m_file;
   QFileSystemWatcher m_watcher;
-  std::function<std::string()> m_paramDir;
-  std::function<void(const std::string&)> m_open;
+  OpenRequestActs m_acts;
 };
 
 }  // namespace zova

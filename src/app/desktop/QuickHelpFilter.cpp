@@ -24,11 +24,12 @@ bool AsksForHelp(const QKeyEvent& event) {
 // A popup window: receives all keys and clicks while open; Qt restores the focus when it closes.
 class SentencePopup final : public QFrame {
  public:
-  SentencePopup(const QString& sentence, const QPoint& place, QWidget* owner) : QFrame(owner, Qt::Popup) {
+  SentencePopup(const QString& sentence, const QRect& control, QWidget* owner) : QFrame(owner, Qt::Popup) {
     setAttribute(Qt::WA_DeleteOnClose);
     setFrameShape(QFrame::StyledPanel);
     setPalette(QToolTip::palette());
     setBackgroundRole(QPalette::ToolTipBase);
+    setAutoFillBackground(true);
     QLabel* label = MakeLabel("lblQuickHelpText", sentence);
     label->setForegroundRole(QPalette::ToolTipText);
     constexpr int kEms = 40;
@@ -40,8 +41,9 @@ class SentencePopup final : public QFrame {
     label->setFocus(Qt::PopupFocusReason);
     adjustSize();
     const QRect screen = owner->screen()->availableGeometry();
-    move(qMax(screen.left(), qMin(place.x(), screen.right() - width())),
-         qMax(screen.top(), qMin(place.y(), screen.bottom() - height())));
+    const bool fitsBelow = control.bottom() + height() < screen.bottom();
+    const int top = fitsBelow ? control.bottom() + 1 : control.top() - height();
+    move(qMax(screen.left(), qMin(control.left(), screen.right() - width())), qMax(screen.top(), top));
   }
 
  protected:
@@ -54,18 +56,18 @@ class SentencePopup final : public QFrame {
 }  // namespace
 
 bool QuickHelpFilter::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::Polish && watched->isWidgetType()) GiveWhatsThis(*static_cast<QWidget*>(watched));
+  // Again at each coming up: a screen with several forms has other sentences in each.
+  if (event->type() == QEvent::Show && watched->isWidgetType()) GiveWhatsThis(*static_cast<QWidget*>(watched));
   // Before the window passes the click to its control, which might select something.
   if (watched->isWindowType() && event->type() == QEvent::MouseButtonPress) {
     const auto* press = static_cast<QMouseEvent*>(event);
     if (press->button() != Qt::RightButton || QApplication::activePopupWidget()) return false;
     const QPoint place = press->globalPosition().toPoint();
     QWidget* control = QApplication::widgetAt(place);
-    return control && Answer(control, control->mapToGlobal(control->rect().bottomLeft()));
+    return Answer(control);
   }
   if (!watched->isWidgetType()) return false;
   auto* control = static_cast<QWidget*>(watched);
-  const QPoint below = control->mapToGlobal(control->rect().bottomLeft());
 #ifndef Q_OS_WIN
   // Qt handles Shift+F10 only on Windows.
   if (event->type() == QEvent::KeyPress && !QApplication::activePopupWidget()) {
@@ -78,22 +80,23 @@ bool QuickHelpFilter::eventFilter(QObject* watched, QEvent* event) {
     }
   }
 #endif
-  return event->type() == QEvent::ContextMenu && Answer(control, below);
+  return event->type() == QEvent::ContextMenu && Answer(control);
 }
 
-// For Shift+F1 and screen readers. The sentence of a screen is not repeated by all that it holds.
+// For Shift+F1 and screen readers.
 void QuickHelpFilter::GiveWhatsThis(QWidget& control) const {
   const std::string_view sentence = m_session.QuickHelpOf(FromQt(control.objectName()));
-  if (!sentence.empty() && control.whatsThis().isEmpty()) control.setWhatsThis(ToQt(std::string(sentence)));
+  if (!sentence.empty()) control.setWhatsThis(ToQt(std::string(sentence)));
 }
 
-bool QuickHelpFilter::Answer(QWidget* control, const QPoint& place) const {
+bool QuickHelpFilter::Answer(QWidget* control) const {
+  const QRect area = control ? QRect(control->mapToGlobal(QPoint()), control->size()) : QRect();
   for (; control; control = control->isWindow() ? nullptr : control->parentWidget()) {
     const bool hasEditMenu = qobject_cast<QLineEdit*>(control) && control->isEnabled();
     if (hasEditMenu || control->contextMenuPolicy() != Qt::DefaultContextMenu) return false;
     const std::string_view sentence = m_session.QuickHelpOf(FromQt(control->objectName()));
     if (sentence.empty()) continue;
-    (new SentencePopup(ToQt(std::string(sentence)), place, control->window()))->show();
+    (new SentencePopup(ToQt(std::string(sentence)), area, control->window()))->show();
     return true;
   }
   return false;

@@ -22,7 +22,7 @@ class QuickHelpFilter : public QObject {
 
  private:
   void GiveWhatsThis(QWidget& control) const;
-  [[nodiscard]] bool Answer(QWidget* control, const QPoint& place) const;
+  [[nodiscard]] bool Answer(QWidget* control) const;
 
   const Session& m_session;
 };

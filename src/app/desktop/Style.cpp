@@ -13,6 +13,7 @@
 namespace zova {
 namespace {
 
+constexpr int kShine = 140;        // percent, of a button's upper edge
 constexpr double kReadable = 3.0;  // what outlines and disabled texts need
 
 const char* IconFile(QStyle::StandardPixmap picture) {
@@ -35,7 +36,7 @@ void DrawCheck(QPainter& painter, const QRectF& box, const QStyleOption& option,
   const QColor ground = isHeld ? palette.color(QPalette::AlternateBase) : palette.color(QPalette::Base);
   const QColor ink = palette.color(QPalette::Text);  // that of the option's state: disabled ones are paler
   const QColor line = WithContrast(palette.color(QPalette::Mid), ink, palette.color(QPalette::Window), kReadable);
-  painter.setPen(QPen(option.state & QStyle::State_HasFocus ? palette.color(QPalette::Highlight) : line, 1.2));
+  painter.setPen(QPen(option.state & QStyle::State_HasFocus ? palette.color(QPalette::Highlight) : line, 1));
   painter.setBrush(ground);
   const double radius = isRound ? box.width() / 2 : 2;
   painter.drawRoundedRect(box, radius, radius);
@@ -65,13 +66,19 @@ void Style::polish(QPalette& palette) {
   };
   for (const Pair pair : {Pair{QPalette::WindowText, QPalette::Window}, Pair{QPalette::Text, QPalette::Base},
                           Pair{QPalette::ButtonText, QPalette::Button}}) {
-    // A disabled box takes the colour of the window, and a text may stand on either.
+    // A disabled box takes the colour of the window, a button may be drawn lighter, and a text may stand on any.
     QColor colour = palette.color(QPalette::Disabled, pair.Text);
-    for (const QPalette::ColorRole ground : {pair.Ground, QPalette::Window}) {
-      colour = WithContrast(colour, palette.color(QPalette::Active, pair.Text),
-                            palette.color(QPalette::Disabled, ground), kReadable + 0.1);
+    const QColor ground = palette.color(QPalette::Disabled, pair.Ground);
+    for (const QColor& behind : {ground, ground.lighter(kShine), palette.color(QPalette::Disabled, QPalette::Window)}) {
+      colour = WithContrast(colour, palette.color(QPalette::Active, pair.Text), behind, kReadable + 0.1);
     }
     palette.setColor(QPalette::Disabled, pair.Text, colour);
+  }
+  for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+    const QColor window = palette.color(group, QPalette::Window);
+    constexpr double kVisible = 1.3;  // a hairline
+    if (Contrast(palette.color(group, QPalette::Mid), window) >= kVisible) continue;
+    palette.setColor(group, QPalette::Mid, Mixed(window, palette.color(group, QPalette::WindowText), 0.25));
   }
   const QColor text = palette.color(QPalette::Active, QPalette::Text);
   const QColor hint = WithContrast(Mixed(palette.color(QPalette::Base), text, 0.5), text,
@@ -119,7 +126,8 @@ void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, 
   if (element == PE_IndicatorCheckBox || element == PE_IndicatorRadioButton) {
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
-    DrawCheck(*painter, QRectF(option->rect).adjusted(1, 1, -1, -1), *option, element == PE_IndicatorRadioButton);
+    DrawCheck(*painter, QRectF(option->rect).adjusted(1.5, 1.5, -1.5, -1.5), *option,
+              element == PE_IndicatorRadioButton);
     painter->restore();
     return;
   }

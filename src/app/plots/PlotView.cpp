@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "app/widgets/Colours.h"
 #include "app/widgets/Controls.h"
 #include "means/MeansExaminer.h"
 
@@ -27,7 +28,7 @@ constexpr int kLegendPages = 4;  // maximum height of the legend in figure heigh
 
 // Dark enough for white paper, and distinguishable for colour-blind readers (Okabe and Ito 2008).
 constexpr QRgb kColors[] = {0x000000, 0x0072b2, 0xc04a00, 0x00795a, 0x8a4a7c, 0x555555};
-constexpr int kLighter = 160;  // percent, of the dots behind a smoothed curve
+constexpr double kLighter = 0.55;  // share of white in the dots behind a smoothed curve
 constexpr Qt::PenStyle kDashes[] = {Qt::SolidLine, Qt::DashLine, Qt::DotLine, Qt::DashDotLine, Qt::DashDotDotLine};
 struct Symbol {
   QCPScatterStyle::ScatterShape Shape;
@@ -58,7 +59,7 @@ void Style(QCPGraph& graph, const PlotPicture& picture, const PlotSeries& series
   const bool hasSmoothed =
       std::any_of(picture.Series.begin(), picture.Series.end(), [](const PlotSeries& other) { return other.IsDashed; });
   QColor color(InTurn(kColors, index));
-  if (hasSmoothed && !series.IsDashed) color = color.lighter(kLighter);  // the curve stands out from its dots
+  if (hasSmoothed && !series.IsDashed) color = Mixed(color, Qt::white, kLighter);  // the curve stands out from its dots
   QPen pen(color, series.IsDashed ? fontSize / 6 : fontSize / 10);
   if (series.IsDashed) {
     pen.setStyle(kDashes[1 + index % (std::size(kDashes) - 1)]);
@@ -121,7 +122,7 @@ void AddArrows(QCustomPlot& plot, const QCPGraph& graph, const PlotSeries& serie
     }
     if (places.isEmpty()) continue;
     QCPGraph* arrows = plot.addGraph();
-    arrows->removeFromLegend();
+    arrows->setName({});
     arrows->setData(places, ends, true);
     arrows->setLineStyle(QCPGraph::lsNone);
     const QColor color = graph.pen().color();
@@ -138,11 +139,13 @@ void AddSeries(QCustomPlot& plot, const PlotPicture& picture, const QFont& font,
   std::size_t smoothed = 0;
   for (std::size_t index = 0; index < picture.Series.size(); ++index) {
     const PlotSeries& series = picture.Series[index];
-    QVector<double> places, means, halves;
+    QVector<double> places, means, below, above;
     for (const PlotPoint& point : series.Points) {
       places << point.X + OffsetOf(picture, index, room);
       means << point.Y;
-      halves << point.HalfWidth.value_or(qQNaN());
+      const double half = point.HalfWidth.value_or(qQNaN());
+      below << (half > point.Y - range.lower ? point.Y - range.lower : half);
+      above << (half > range.upper - point.Y ? range.upper - point.Y : half);
     }
     QCPGraph* graph = plot.addGraph();
     graph->setName(Wrapped(ToQt(series.Name), metrics, plot.viewport().width() - fontSize * 6));
@@ -150,7 +153,7 @@ void AddSeries(QCustomPlot& plot, const PlotPicture& picture, const QFont& font,
     Style(*graph, picture, series, series.IsDashed ? smoothed++ : index - smoothed, fontSize);
     auto* intervals = new QCPErrorBars(plot.xAxis, plot.yAxis);
     intervals->setDataPlottable(graph);
-    intervals->setData(halves);
+    intervals->setData(below, above);
     intervals->setPen(QPen(graph->pen().color(), fontSize / 12));
     intervals->setWhiskerWidth(fontSize / 2);
     intervals->setSymbolGap(0);
@@ -188,9 +191,12 @@ void FitTicks(QCustomPlot& plot, const PlotPicture& picture) {
     constexpr int kSteps[] = {1, 2, 5};
     step = kSteps[next % 3] * static_cast<int>(std::pow(10, next / 3));
   }
+  // Long names would push the axes out of the picture.
+  const double longest = isUpright ? plot.viewport().height() / 3.0 : widest;
   const QSharedPointer<QCPAxisTickerText> ticker(new QCPAxisTickerText);
   for (int place = step; place <= static_cast<int>(count); place += step) {
-    ticker->addTick(place, ToQt(picture.Ticks[static_cast<std::size_t>(place) - 1]));
+    const QString text = ToQt(picture.Ticks[static_cast<std::size_t>(place) - 1]);
+    ticker->addTick(place, metrics.elidedText(text, Qt::ElideRight, longest));
   }
   plot.xAxis->setTicker(ticker);
   plot.xAxis->setTickLabelRotation(isUpright ? -90 : 0);

@@ -13,6 +13,7 @@
 #include <QVBoxLayout>
 #include <utility>
 
+#include "app/widgets/Colours.h"
 #include "app/widgets/Controls.h"
 #include "app/widgets/GridBox.h"
 #include "app/widgets/GridTable.h"
@@ -46,7 +47,7 @@ EntryPanel::EntryPanel(SubjectFlow& subjects)
       m_lblRecalls(MakeLabel("lblRecalls", {})),
       m_lblWhere(MakeLabel("lblWhere", {})),
       m_lblThisOne(new NameLabel("lblThisOne")),
-      m_lblThisLevels(MakeLabel("lblThisLevels", {})),
+      m_lblThisLevels(new NameLabel("lblThisLevels")),
       m_lblFastHelp(MakeLabel("lblFastHelp", {})),
       m_lblLimitNote(MakeLabel("lblLimitNote", {})),
       m_side(MakeSide()),
@@ -104,8 +105,8 @@ QHBoxLayout* EntryPanel::MakeUndoButtons() {
       "cmdUndo", {}, [&cells] { cells.Undo(); }, /*repeats=*/true);
   m_cmdRedo = MakeActButton(
       "cmdRedo", {}, [&cells] { cells.Redo(); }, /*repeats=*/true);
-  m_cmdUndo->setIcon(QIcon(":/icons/undo.svg"));
-  m_cmdRedo->setIcon(QIcon(":/icons/redo.svg"));
+  m_cmdUndo->setIcon(InkedIcon(":/icons/undo.svg", m_cmdUndo->palette()));
+  m_cmdRedo->setIcon(InkedIcon(":/icons/redo.svg", m_cmdRedo->palette()));
   m_cmdUndo->setAccessibleName("Undo");
   m_cmdRedo->setAccessibleName("Redo");
   auto* row = new QHBoxLayout;
@@ -157,7 +158,10 @@ void EntryPanel::ShowState() {
   m_cmdDone->setText(done.insert(done.indexOf(u'w'), u'&'));
   m_lblThisOne->setText(ToQt(entry.SubjectCaption()));
   m_lblFastHelp->setText(kFastHelp);
-  if (!entry.IsOpen()) return;
+  if (!entry.IsOpen()) {
+    for (QLabel* label : {m_lblRecalls, m_lblWhere, m_lblThisLevels, m_lblLimitNote}) label->clear();
+    return;
+  }
   m_grdInput->Refresh();
   m_entry->setMaximumWidth(m_grdInput->maximumWidth());
   m_txtInput->Refresh();

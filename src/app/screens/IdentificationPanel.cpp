@@ -4,12 +4,29 @@
 #include <QHBoxLayout>
 #include <QListWidget>
 #include <QSignalBlocker>
+#include <QStyledItemDelegate>
 #include <QVBoxLayout>
 
 #include "app/widgets/Controls.h"
 #include "session/SubjectFlow.h"
 
 namespace zova {
+
+namespace {
+
+// Shows the number of the level before its name, by which a typed letter finds it.
+class NumberingDelegate final : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+ protected:
+  void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+    QStyledItemDelegate::initStyleOption(option, index);
+    option->text = QStringLiteral("%1. %2").arg(index.row() + 1).arg(Isolated(option->text));
+  }
+};
+
+}  // namespace
 
 IdentificationPanel::IdentificationPanel(SubjectFlow& subjects)
     : Panel("fraSubInfo"),
@@ -59,7 +76,9 @@ void IdentificationPanel::AddQuestions(QVBoxLayout& rows) {
   prompt->setWordWrap(false);
   row->addWidget(prompt);
   row->addWidget(m_txtInfo, 0, Qt::AlignTop);
-  row->addWidget(m_lstLevels, 1);
+  row->addWidget(m_lstLevels, 1, Qt::AlignTop);
+  m_level->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
+  m_lstLevels->setItemDelegate(new NumberingDelegate(m_lstLevels));
   row->setAlignment(prompt, Qt::AlignTop);
   m_lstLevels->setAccessibleName("Levels");
   constexpr int kLines = 11;

@@ -47,8 +47,9 @@ QWidget* LocationPanel::MakeResult() {
   MakeBold(m_willBe);
   m_willBe->setWordWrap(false);
   row->addWidget(m_willBe);
-  row->addWidget(m_result, 1);
+  row->addWidget(m_result);
   row->addWidget(m_native, 1);
+  m_native->setForegroundRole(QPalette::PlaceholderText);
   return line;
 }
 

@@ -9,6 +9,7 @@
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QItemSelectionModel>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QScrollArea>
@@ -95,6 +96,15 @@ void Choose(QListWidget& list, const std::vector<std::size_t>& rows) {
   list.selectionModel()->select(chosen, QItemSelectionModel::ClearAndSelect);
 }
 
+// Home: the first line in sight; End: the last one.
+void GoToEnd(QListWidget& list, Qt::Key key, QItemSelectionModel::SelectionFlags choice) {
+  const int count = list.count();
+  for (int step = 0; step < count; ++step) {
+    const int row = key == Qt::Key_Home ? step : count - 1 - step;
+    if (!list.item(row)->isHidden()) return list.setCurrentRow(row, choice);
+  }
+}
+
 void Fill(QListWidget& list, const std::vector<std::string>& texts) {
   const QSignalBlocker quiet(&list);
   list.clear();
@@ -156,6 +166,7 @@ QWidget* MeansPanel::MakeChoices() {
   rows->addWidget(MakeLabel("lblMeasures", "&Measures:", m_lstMeasures));
   rows->addWidget(m_txtFilter);
   rows->addWidget(m_lstMeasures, 3);
+  m_lstMeasures->installEventFilter(this);
   m_txtFilter->setPlaceholderText("Filter");
   m_txtFilter->setAccessibleName("Filter");
   m_txtFilter->setClearButtonEnabled(true);
@@ -181,6 +192,7 @@ QWidget* MeansPanel::MakeResults() {
   m_grdMeans->verticalHeader()->hide();
   m_grdMeans->verticalHeader()->setDefaultSectionSize(fontMetrics().height() * 3 / 2);
   m_grdMeans->horizontalHeader()->setHighlightSections(false);
+  m_grdMeans->horizontalHeader()->setTextElideMode(Qt::ElideRight);
   m_grdMeans->horizontalHeader()->setResizeContentsPrecision(100);
   m_grdMeans->setMinimumHeight(fontMetrics().height() * 7);
   auto* copy = new QAction(m_grdMeans);
@@ -233,6 +245,17 @@ void MeansPanel::ShowFiltered() {
     QListWidgetItem* item = m_lstMeasures->item(row);
     item->setHidden(!item->text().contains(m_txtFilter->text(), Qt::CaseInsensitive));
   }
+  GoToEnd(*m_lstMeasures, Qt::Key_Home, QItemSelectionModel::NoUpdate);
+}
+
+// Qt's own keys would go to a line that is filtered out.
+bool MeansPanel::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() != QEvent::KeyPress) return Panel::eventFilter(watched, event);
+  const auto* press = static_cast<QKeyEvent*>(event);
+  const bool isEnd = press->key() == Qt::Key_Home || press->key() == Qt::Key_End;
+  if (!isEnd || press->modifiers() != Qt::NoModifier) return false;
+  GoToEnd(*m_lstMeasures, static_cast<Qt::Key>(press->key()), QItemSelectionModel::ClearAndSelect);
+  return true;
 }
 
 void MeansPanel::ShowChosen() {
@@ -257,6 +280,8 @@ void MeansPanel::ShowState() {
   m_cmdMeansSave->setEnabled(hasTable);
   m_cmdPlotSave->setEnabled(m_rules.HasPlot());
   if (!m_model->Follow()) return;
+  // What is hidden has no width.
+  for (int column = 0; column < m_model->columnCount({}); ++column) m_grdMeans->setColumnHidden(column, false);
   m_grdMeans->resizeColumnsToContents();
   constexpr int kEms = 14;
   const int widest = kEms * fontMetrics().height();

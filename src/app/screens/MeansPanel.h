@@ -28,6 +28,7 @@ class MeansPanel : public Panel {
 
  protected:
   void ShowState() override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   [[nodiscard]] QWidget* MakeChoices();

@@ -27,6 +27,7 @@ MeasurePanel::MeasurePanel(MasterFlow& flow, std::function<void()> help) : Panel
                             "Please uncheck any measures that you do not want.  Please note that "
                             "selections here will apply to both individual and applicable nominal "
                             "group measures."));
+  AddQuestionGap(*rows);
   auto* columns = new QHBoxLayout;
   rows->addLayout(columns);
   QVBoxLayout* column[] = {new QVBoxLayout, new QVBoxLayout};

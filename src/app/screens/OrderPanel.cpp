@@ -49,7 +49,9 @@ void OrderPanel::Arrange() {
   rows->addWidget(m_plan);
   auto* entry = new QHBoxLayout;
   entry->addWidget(prompt);
-  entry->addWidget(m_txtOrder, 1);
+  constexpr int kFirst = 1000;  // what is left beside the box at its full width stays empty
+  entry->addWidget(m_txtOrder, kFirst);
+  entry->addStretch(1);
   rows->addLayout(entry);
   AddContent(content);
 }

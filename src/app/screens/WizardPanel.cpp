@@ -73,7 +73,8 @@ void WizardPanel::ShowOutline() {
     QLabel* label = m_outline[index];
     QString title = m_pages[index]->Title()->text();
     if (title.endsWith('.')) title.chop(1);
-    const QString answer = ToQt(wizard.Answer(page));
+    QString answer = ToQt(wizard.Answer(page));
+    answer.replace(QStringLiteral(":\\"), QStringLiteral(":\u2060\\"));  // no line ends behind a drive
     const QFontMetrics metrics(label->font());
     const QString shown = metrics.elidedText(answer, Qt::ElideMiddle, 2 * label->width() - metrics.height());
     label->setText(answer.isEmpty() ? title : title + ": " + shown);

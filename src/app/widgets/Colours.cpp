@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/widgets/Colours.h"
 
+#include <QPainter>
+#include <QPixmap>
 #include <cmath>
 
 namespace zova {
@@ -14,7 +16,32 @@ double Luminance(const QColor& colour) {
   return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
 }
 
+constexpr int kIconSize = 48;
+
+QPixmap Inked(const QIcon& icon, const QColor& ink) {
+  QPixmap picture = icon.pixmap(kIconSize, kIconSize);
+  QPainter painter(&picture);
+  painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+  painter.fillRect(picture.rect(), ink);
+  return picture;
+}
+
 }  // namespace
+
+QIcon InkedIcon(const char* file, const QPalette& palette) {
+  const QIcon shape(file);
+  QIcon icon;
+  icon.addPixmap(Inked(shape, palette.color(QPalette::Active, QPalette::ButtonText)), QIcon::Normal);
+  icon.addPixmap(Inked(shape, palette.color(QPalette::Disabled, QPalette::ButtonText)), QIcon::Disabled);
+  return icon;
+}
+
+QIcon IconForRows(const QIcon& icon, const QPalette& palette) {
+  QIcon both;
+  both.addPixmap(icon.pixmap(kIconSize, kIconSize), QIcon::Normal);
+  both.addPixmap(Inked(icon, palette.color(QPalette::Active, QPalette::HighlightedText)), QIcon::Selected);
+  return both;
+}
 
 QColor Mixed(const QColor& one, const QColor& other, double share) {
   const auto mix = [share](float from, float to) { return static_cast<float>(from + (to - from) * share); };

@@ -2,9 +2,15 @@
 #pragma once
 
 #include <QColor>
+#include <QIcon>
+#include <QPalette>
 
 namespace zova {
 
+/// A picture in the ink of a button's text, also of a disabled one.
+QIcon InkedIcon(const char* file, const QPalette& palette);
+/// The picture as it is, but in the ink of a highlighted row there.
+QIcon IconForRows(const QIcon& icon, const QPalette& palette);
 /// `share` 0 is `one`, 1 is `other`.
 QColor Mixed(const QColor& one, const QColor& other, double share);
 /// `colour` moved towards `strong` until its contrast on `ground` is at least `ratio` (WCAG 2.1, relative luminance).

@@ -10,6 +10,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "app/widgets/Colours.h"
 #include "app/widgets/Controls.h"
 
 namespace zova {
@@ -114,11 +115,13 @@ void DriveDirectoryList::Fill() {
   m_drives->setCurrentIndex(drive == m_shownDrives.end() ? -1 : static_cast<int>(drive - m_shownDrives.begin()));
 
   m_directories->clear();
+  const QIcon open = IconForRows(style()->standardIcon(QStyle::SP_DirOpenIcon), palette());
+  const QIcon closed = IconForRows(style()->standardIcon(QStyle::SP_DirIcon), palette());
   const int openRow = static_cast<int>(m_browser.OpenEntry());
   for (const DirectoryBrowser::Entry& entry : m_browser.Entries()) {
     const int row = m_directories->count();
     auto* item = new QListWidgetItem(ToQt(entry.Name), m_directories);
-    item->setIcon(style()->standardIcon(row <= openRow ? QStyle::SP_DirOpenIcon : QStyle::SP_DirIcon));
+    item->setIcon(row <= openRow ? open : closed);
     item->setData(kIndentRole, entry.Depth * 2 * m_directories->fontMetrics().averageCharWidth());
     item->setData(Qt::AccessibleDescriptionRole, ToQt(entry.Path));
     QFont font;  // only the weight is set; the rest comes from the list

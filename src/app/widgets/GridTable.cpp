@@ -16,7 +16,9 @@ namespace zova {
 
 namespace {
 
-constexpr double kTint = 0.2;     // of the highlight in a block
+// Of the highlight in a block, more on a dark ground.
+constexpr double kTint = 0.2;
+constexpr double kDarkTint = 0.4;
 constexpr int kColumnWidth = 12;  // em: wider columns part the numbers of a line
 
 class CellDelegate final : public QStyledItemDelegate {
@@ -30,11 +32,13 @@ class CellDelegate final : public QStyledItemDelegate {
     const bool isGreyed = column != 0 && !m_grid.IsUsed(column);
     const auto colour = [&](QPalette::ColorRole role) { return option.palette.color(QPalette::Active, role); };
     QColor ground = colour(column == 0 ? QPalette::Button : isGreyed ? QPalette::Window : QPalette::Base);
-    if (isSelected && !isCursor) ground = Mixed(ground, colour(QPalette::Highlight), kTint);
+    const bool isDark = ground.lightness() < colour(QPalette::Text).lightness();
+    if (isSelected && !isCursor) ground = Mixed(ground, colour(QPalette::Highlight), isDark ? kDarkTint : kTint);
     painter->fillRect(option.rect, ground);
     if (isCursor) {
       const double frame = std::max(2, option.fontMetrics.height() / 8);
-      painter->setPen({colour(QPalette::Highlight), frame, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin});
+      const QColor line = WithContrast(colour(QPalette::Highlight), colour(QPalette::Text), ground, 3.1);
+      painter->setPen({line, frame, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin});
       painter->drawRect(QRectF(option.rect).adjusted(frame / 2, frame / 2, -frame / 2, -frame / 2));
     }
     QFont font = option.font;

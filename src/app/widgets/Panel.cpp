@@ -46,11 +46,10 @@ Panel::Panel(const char* name, QWidget* host) : m_host(host ? host : this) {
   setObjectName(QString::fromLatin1(name));
   auto* rows = new QVBoxLayout(m_host);
   rows->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
-  if (host) {  // half of the margin outside it, for a frame that it has
-    constexpr int kHalf = kMargin / 2;
-    rows->setContentsMargins(kHalf, kHalf, kHalf, kHalf);
+  if (host) {
+    rows->setContentsMargins({});
     auto* whole = new QVBoxLayout(this);
-    whole->setContentsMargins(kHalf, kHalf, kHalf, kHalf);
+    whole->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
     whole->addWidget(host);
   }
   rows->setSpacing(kSpacing);
