@@ -18,6 +18,8 @@ constexpr std::string_view kSerialOrderEnd = " Serial Order.dat";
 constexpr std::string_view kGroupOrderEnd = " Combine Order.dat";
 constexpr std::string_view kAutosaveStem = "Temp";
 constexpr std::string_view kParam = "Param";
+constexpr std::string_view kSubjects = "Sdata";
+constexpr std::string_view kUnfinished = "Unfinished";
 
 struct ResultFileName {
   std::string_view Stem;
@@ -81,10 +83,10 @@ std::string KeptAutosavePath(std::string_view paramDir, int number) {
   return JoinPath(paramDir, Joined(kAutosaveStem, " " + std::to_string(number), kTextEnd));
 }
 
-std::string SubjectDirectory(std::string_view directory) { return JoinPath(directory, "Sdata"); }
+std::string SubjectDirectory(std::string_view directory) { return JoinPath(directory, kSubjects); }
 
 std::string UnfinishedDirectory(std::string_view directory) {
-  return JoinPath(SubjectDirectory(directory), "Unfinished");
+  return JoinPath(SubjectDirectory(directory), kUnfinished);
 }
 
 std::string CurrentPrefix(std::string_view abbreviation) { return Joined(abbreviation, kSubjectMark, ""); }
@@ -133,6 +135,10 @@ bool IsOrderName(std::string_view name) {
 bool IsAutosaveName(std::string_view name) { return IsNumbered(name, kAutosaveStem, kDigitsAndBlank); }
 
 bool IsParamName(std::string_view name) { return EqualsIgnoringCase(name, kParam); }
+
+bool IsSubjectDirectoryName(std::string_view name) {
+  return EqualsIgnoringCase(name, kSubjects) || EqualsIgnoringCase(name, kUnfinished);
+}
 
 std::string ResultName(const ProjectParameters& project, ResultFile file) {
   const auto [stem, end] = NameOfResult(file);

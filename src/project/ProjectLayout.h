@@ -67,10 +67,12 @@ std::vector<std::string> ListSubjectFiles(Disk& disk, const ProjectParameters& p
 std::string SerialOrderPath(const ProjectParameters& project);
 std::string GroupOrderPath(const ProjectParameters& project);
 
-/// True for the names of any project's saved orders, autosave files (also those put aside) and Param directory.
+/// True for the names of any project's saved orders, autosave files (also those put aside), Param directory and
+/// directories of subject files.
 bool IsOrderName(std::string_view name);
 bool IsAutosaveName(std::string_view name);
 bool IsParamName(std::string_view name);
+bool IsSubjectDirectoryName(std::string_view name);
 
 /// Files computed from a project's subjects.
 enum class ResultFile { Master, CombinedMaster, SerialMaster, CleanCsv, LongCsv, MeansTable, MeansPlot };

@@ -51,12 +51,18 @@ bool IsAnyOf(const std::vector<ResolvedPath>& directories, const ResolvedPath& d
 }
 
 // Looks up the project's directories only for a name that needs them: looking up a missing `Unfinished` lists all of
-// `Sdata`.
+// `Sdata`. They may be links to directories of other names.
+bool IsNamedAsSubject(const ResolvedPath& file, const ProjectParameters& project, Disk& disk) {
+  if (!EndsIgnoringCase(NameOf(file), kDataFileEnd)) return false;
+  const ResolvedPath directory = DirectoryOf(file);
+  return IsSubjectDirectoryName(NameOf(directory)) || IsAnyOf(SubjectDirectories(project, disk), directory, disk);
+}
+
 bool IsNamedAsOwn(const ResolvedPath& file, const ProjectParameters& project, Masters masters, Disk& disk) {
   const std::string name = NameOf(file);
   if (EndsIgnoringCase(name, kParameterFileEnd) || IsOrderName(name)) return true;
+  if (IsNamedAsSubject(file, project, disk)) return true;
   const ResolvedPath directory = DirectoryOf(file);
-  if (EndsIgnoringCase(name, kDataFileEnd)) return IsAnyOf(SubjectDirectories(project, disk), directory, disk);
   if (masters == Masters::Kept && IsMasterName(name, project)) {
     return IsAnyOf(ProjectDirectories(project, disk), directory, disk);
   }
@@ -79,12 +85,13 @@ bool IsOwn(const std::string& path, const ProjectParameters& project, Masters ma
   const ResolvedPath file = disk.Resolve(path, FileOperation::Write);
   const ResolvedPath real = disk.ResolveLinks(file, FileOperation::Write);
   const EntryKind kind = disk.Kind(real, FileOperation::Write);
-  if (kind == EntryKind::Missing) return IsOrderName(NameOf(file)) || IsOrderName(NameOf(real));
-  if (kind != EntryKind::File) return false;
+  if (kind != EntryKind::File && kind != EntryKind::Missing) return false;
   for (const ResolvedPath& name : {real, file}) {  // a link in the project's directories counts as a file there
-    if (IsNamedAsOwn(name, project, masters, disk)) return true;
+    const bool isTaken = kind == EntryKind::File ? IsNamedAsOwn(name, project, masters, disk)
+                                                 : IsOrderName(NameOf(name)) || IsNamedAsSubject(name, project, disk);
+    if (isTaken) return true;
   }
-  return disk.LinkCount(real) > 1 && IsLinkedToOwn(real, project, masters, disk);
+  return kind == EntryKind::File && disk.LinkCount(real) > 1 && IsLinkedToOwn(real, project, masters, disk);
 }
 
 }  // namespace

@@ -8,10 +8,10 @@
 
 namespace zova {
 
-/// True when `path` is a file that masters are made from, under any link or spelling: a subject file (".dat") in the
-/// primary or backup directory's `Sdata` or `Unfinished`, a parameter file, a saved order or its path, or an autosave
-/// file in a directory "Param". A run must not overwrite these. Detects hard links only to files in the primary and
-/// backup directories. Throws FileError.
+/// True when `path` is a file that masters are made from, under any link or spelling: a subject file (".dat") in any
+/// project's `Sdata` or `Unfinished`, a parameter file, a saved order, or an autosave file in a directory "Param"; or a
+/// path where a subject file or saved order would be. A run must not write to these. Detects hard links only to files
+/// in the primary and backup directories. Throws FileError.
 bool IsProjectFile(const std::string& path, const ProjectParameters& project, Disk& disk);
 
 /// Also true for a master of the project in its primary directory, and for any name with the extension of a data or

@@ -170,7 +170,8 @@ TEST(MasterRun, NeverTakesThePlaceOfAProjectsOwnFile) {
   for (const char* path :
        {"C:\\Data\\AB.prm", "C:\\Data\\AB Serial Order.dat", "C:\\Data\\AB Combine Order.dat", "C:\\Param\\Temp.txt",
         "C:\\Param\\Temp 1.txt", "C:\\Data\\Sdata\\XY1.dat", "C:\\Data\\Sdata\\Unfinished\\AB Sub#2.dat",
-        "D:\\Backup\\Sdata\\AB Sub#1.dat", "D:\\Out\\Temp.txt", "D:\\Out\\plain.dat", "D:\\Out\\other.dat"}) {
+        "D:\\Backup\\Sdata\\kept.txt", "D:\\Other\\Sdata\\XX Sub#1.dat", "D:\\Store\\AB Sub#3.dat", "D:\\Out\\Temp.txt",
+        "D:\\Out\\plain.dat", "D:\\Out\\other.dat"}) {
     lab.Files.Put(path, "kept");
   }
   const fs::path out = lab.Files.Native("D:\\Out");
@@ -178,17 +179,18 @@ TEST(MasterRun, NeverTakesThePlaceOfAProjectsOwnFile) {
   LinkFile("../../C/Data/Sdata/AB Sub#1.dat", out / "soft.txt");
   LinkFile("soft.txt", out / "softer.txt");
   LinkDirectory(subject.parent_path(), out / "linked");
+  LinkDirectory(lab.Files.Native("D:\\Store"), lab.Files.Native("D:\\Backup\\Sdata\\Unfinished"));
   LinkFile(out / "other.dat", subject.parent_path() / "XY2.dat");
   fs::create_hard_link(subject, out / "hard.txt");
   fs::create_hard_link(lab.Files.Native("C:\\Data\\AB.prm"), out / "hard.csv");
   fs::create_hard_link(out / "plain.dat", out / "twin.dat");
   const Tree before = lab.Files.Snapshot();
-  for (const char* own :
-       {"C:\\Data\\Sdata\\AB Sub#1.dat", "c:\\data\\SDATA\\ab sub#1.DAT", "C:\\Data\\Sdata\\..\\Sdata\\AB Sub#1.dat",
-        "D:\\Out\\soft.txt", "D:\\Out\\softer.txt", "D:\\Out\\linked\\XY1.dat", "C:\\Data\\Sdata\\xy2.DAT",
-        "D:\\Out\\..\\..\\Out\\linked\\XY1.dat", "D:\\Out\\hard.txt", "D:\\Out\\hard.csv", "AB.prm",
-        "AB Serial Order.dat", "ab combine order.DAT", "C:\\Param\\Temp.txt", "C:\\Param\\temp 1.txt",
-        "C:\\Data\\Sdata\\Unfinished\\AB Sub#2.dat", "D:\\Backup\\Sdata\\AB Sub#1.dat"}) {
+  for (const char* own : {"C:\\Data\\Sdata\\AB Sub#1.dat", "c:\\data\\SDATA\\ab sub#1.DAT",
+                          "C:\\Data\\Sdata\\..\\Sdata\\AB Sub#1.dat", "D:\\Out\\softer.txt", "D:\\Out\\linked\\XY1.dat",
+                          "C:\\Data\\Sdata\\xy2.DAT", "D:\\Out\\..\\..\\Out\\linked\\XY1.dat", "D:\\Out\\hard.txt",
+                          "D:\\Out\\hard.csv", "AB.prm", "AB Serial Order.dat", "ab combine order.DAT",
+                          "C:\\Param\\Temp.txt", "C:\\Param\\temp 1.txt", "C:\\Data\\Sdata\\Unfinished\\AB Sub#2.dat",
+                          "D:\\Other\\SDATA\\XX Sub#1.dat", "C:\\Data\\Sdata\\new.DAT", "D:\\Store\\new.dat"}) {
     lab.Request.Destination = own;
     ScriptedBoxes refused{{std::make_error_code(std::errc::file_exists).message(), BoxAnswer::Cancel,
                            "A master cannot take the place of a project's own file."}};
