@@ -210,9 +210,11 @@ TEST(MasterRun, RefusesEveryFileBeforeItEmptiesTheFirst) {
   Lab lab({.Tests = 1, .Items = 2});
   lab.Put("AB Sub#1.dat", "1 2");
   lab.Files.Put(kMaster, "the master before\r\n");
-  lab.Files.Put("D:\\Out\\old.csv", "old");
-  lab.Files.MakeDirectory("C:\\Param");
-  lab.Request.LongFile = "D:\\Out\\old.csv";
+  for (const char* old : {"D:\\Out\\clean.csv", "D:\\Out\\long.csv", "C:\\Param\\old.csv"}) lab.Files.Put(old, "old");
+  LinkDirectory(lab.Files.Native("C:\\Param"), lab.Files.Native("D:\\Out\\linked"));
+#ifdef __linux__
+  LinkFile("linked/old.csv", lab.Files.Native("D:\\Out\\soft.csv"));
+#endif
   const Tree before = lab.Files.Snapshot();
   const std::string lost = "Path not found.  Please verify that the correct disk is in the drive.";
   const auto text = [](std::errc code) { return std::make_error_code(code).message(); };
@@ -222,16 +224,22 @@ TEST(MasterRun, RefusesEveryFileBeforeItEmptiesTheFirst) {
       {"D:\\none\\c.csv", lost, "'D:\\none\\c.csv'"},
       {"C:\\Param\\Temp.txt", text(std::errc::operation_not_permitted), "does not go into a directory 'Param'."},
       {"ab master2.TXT", text(std::errc::file_exists), "The pieces of a wide master have this name."},
+      {"D:\\Out\\linked\\new.csv", text(std::errc::operation_not_permitted), "does not go into a directory 'Param'."},
 #ifdef __linux__
+      {"D:\\Out\\soft.csv", text(std::errc::operation_not_permitted), "does not go into a directory 'Param'."},
       {"/dev/full", text(std::errc::no_space_on_device), "/dev/full'"},
 #endif
   };
   for (const auto& [path, fault, details] : cases) {
-    lab.Request.CleanFile = path;
-    ScriptedBoxes refused{{fault, BoxAnswer::Cancel, details}};
-    const MasterRunResult result = lab.Run(refused);
-    EXPECT_FALSE(result.Completed || result.RowCount) << path;
-    EXPECT_EQ(lab.Files.Snapshot(), before) << path;
+    for (const int role : {0, 1, 2}) {
+      lab.Request.Destination = role == 0 ? path : "";
+      lab.Request.CleanFile = role == 1 ? path : "D:\\Out\\clean.csv";
+      lab.Request.LongFile = role == 2 ? path : "D:\\Out\\long.csv";
+      ScriptedBoxes refused{{fault, BoxAnswer::Cancel, details}};
+      const MasterRunResult result = lab.Run(refused);
+      EXPECT_FALSE(result.Completed || result.RowCount) << path << role;
+      EXPECT_EQ(lab.Files.Snapshot(), before) << path << role;
+    }
   }
 }
 

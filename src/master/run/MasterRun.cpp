@@ -3,6 +3,7 @@
 #include "master/run/MasterRun.h"
 
 #include <algorithm>
+#include <functional>
 
 #include "master/groups/SavedOrders.h"
 #include "master/run/RunContext.h"
@@ -58,15 +59,37 @@ class IndividualRun {
     return WithRetry(m_context.Boxes, [&] { CheckRunPaths(m_paths, m_context.Project, m_context.Files); });
   }
 
-  // A device shows only when it is written to whether it takes anything: the CSV files come before the master is
-  // emptied. They are named behind it.
+  // A device shows only when it is written to whether it takes anything: devices come before any file is emptied, and
+  // the CSV files before the master.
   bool WriteHeaders() {
+    struct Target {
+      std::string Path;
+      std::function<bool()> WriteHeader;
+      bool IsDevice = false;
+    };
+    std::vector<Target> targets = {{m_paths.Clean, [&] { return m_exports.WriteCleanHeader(); }},
+                                   {m_paths.Long, [&] { return m_exports.WriteLongHeader(); }},
+                                   {m_paths.Master.Header, [&] { return WriteMasterHeader(); }}};
+    const auto findDevices = [&] {
+      for (Target& target : targets) target.IsDevice = !target.Path.empty() && m_context.Files.IsDevice(target.Path);
+    };
+    if (!WithRetry(m_context.Boxes, findDevices)) return false;
+    std::stable_partition(targets.begin(), targets.end(), [](const Target& target) { return target.IsDevice; });
+    for (const Target& target : targets) {
+      if (target.WriteHeader()) continue;
+      if (target.IsDevice) m_rowCount.reset();  // the master's file is as it was
+      return false;
+    }
+    return true;
+  }
+
+  // The master's files are named before the others, whenever they are written.
+  bool WriteMasterHeader() {
     std::vector<ResolvedPath>& written = m_context.Written;
-    if (!m_exports.WriteHeaders()) return false;
-    const auto exports = static_cast<std::ptrdiff_t>(written.size());
+    const auto others = static_cast<std::ptrdiff_t>(written.size());
     m_rowCount = 0;
     const bool isWritten = m_context.Master.WriteHeader(m_paths.Master, m_context.Header);
-    std::rotate(written.begin(), written.begin() + exports, written.end());
+    std::rotate(written.begin(), written.begin() + others, written.end());
     return isWritten;
   }
 

@@ -20,7 +20,8 @@ bool RunExports::WriteHeader(std::optional<Export<Format>>& file) {
   return !file || file->File.WriteHeader({file->Path, file->Path, {}}, {file->Lines.Header(), 0, {}});
 }
 
-bool RunExports::WriteHeaders() { return WriteHeader(m_clean) && WriteHeader(m_long); }
+bool RunExports::WriteCleanHeader() { return WriteHeader(m_clean); }
+bool RunExports::WriteLongHeader() { return WriteHeader(m_long); }
 
 template <typename Format>
 bool RunExports::Write(const ScoredSubject& subject, std::optional<Export<Format>>& file) {

@@ -18,7 +18,8 @@ class RunExports {
 
   /// Writes nothing yet. Studied items are listed in `order`.
   void Open(const RunPaths& paths, const std::optional<SerialOrder>& order);
-  bool WriteHeaders();
+  bool WriteCleanHeader();
+  bool WriteLongHeader();
   bool WriteRows(const ScoredSubject& subject);
   bool TakeBackRows();
   bool Close();

@@ -54,9 +54,11 @@ bool IsInPrimary(const ResolvedPath& file, const ProjectParameters& project, Dis
 
 // A project whose data lie there all the same keeps its masters.
 void RefuseParam(const ResolvedPath& file, const ProjectParameters& project, Disk& disk) {
-  if (!IsParamName(NameOf(DirectoryOf(file))) || IsInPrimary(file, project, disk)) return;
-  throw FileError(FileOperation::Write, file.Shown, std::make_error_code(std::errc::operation_not_permitted),
-                  "A master does not go into a directory 'Param'.");
+  for (const ResolvedPath& place : {file, disk.ResolveLinks(file, FileOperation::Write)}) {
+    if (!IsParamName(NameOf(DirectoryOf(place))) || IsInPrimary(place, project, disk)) continue;
+    throw FileError(FileOperation::Write, file.Shown, std::make_error_code(std::errc::operation_not_permitted),
+                    "A master does not go into a directory 'Param'.");
+  }
 }
 
 // A wider master would replace it.

@@ -126,6 +126,11 @@ bool Disk::DirectoryExists(std::string_view path) {
   return directory && Kind(*directory, FileOperation::List) == EntryKind::Directory;
 }
 
+bool Disk::IsDevice(std::string_view path) {
+  const auto file = ResolveIfReady(path, FileOperation::Write);
+  return file && Kind(*file, FileOperation::Write) == EntryKind::Device;
+}
+
 void Disk::Read(std::string_view path, std::string& content) { Read(Resolve(path, FileOperation::Read), content); }
 
 void Disk::Read(const ResolvedPath& path, std::string& content) {

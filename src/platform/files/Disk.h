@@ -51,6 +51,7 @@ class Disk {
   EntryKind Kind(const ResolvedPath& path, FileOperation operation);
   bool FileExists(std::string_view path);
   bool DirectoryExists(std::string_view path);
+  bool IsDevice(std::string_view path);
 
   /// Replaces `content` by the whole file.
   void Read(std::string_view path, std::string& content);
