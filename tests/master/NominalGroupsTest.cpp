@@ -228,6 +228,9 @@ TEST(SavedOrders, FitOrAreIgnored) {
     lab.Files.Put(items, bytes);
     EXPECT_EQ(ReadSavedSerialOrder(disk, lab.Project), std::nullopt) << bytes;
   }
+  std::filesystem::remove(lab.Files.Native(items));
+  lab.Files.MakeDirectory(items);
+  EXPECT_THROW(ReadSavedSerialOrder(disk, lab.Project), FileError) << "no file, but not missing";
 
   const std::string groups = "C:\\Data\\AB Combine Order.dat";
   SaveGroupOrder(disk, lab.Project, {"1", "a, b", "3"}, {3, 1, 2});

@@ -87,9 +87,10 @@ GroupOrderLines ParseGroupOrder(FieldReader& reader) {
 template <typename Parse>
 auto ParseSaved(Disk& disk, const std::string& path, Parse&& parse)
     -> std::optional<decltype(parse(std::declval<FieldReader&>()))> {
-  if (!disk.FileExists(path)) return std::nullopt;
+  const ResolvedPath file = disk.Resolve(path, FileOperation::Read);
+  if (disk.Kind(file, FileOperation::Read) == EntryKind::Missing) return std::nullopt;
   std::string bytes;
-  disk.Read(path, bytes);
+  disk.Read(file, bytes);
   try {
     return ParseFields(bytes, parse);
   } catch (const FieldError&) {

@@ -287,15 +287,15 @@ bool Disk::IsEmptyDirectory(std::string_view path) {
 }
 
 std::vector<std::string> Disk::ListFiles(std::string_view directory, std::string_view prefix, std::string_view suffix) {
-  return ListEntries(EntryKind::File, directory, prefix, suffix);
+  return ListEntries(Listed::Files, directory, prefix, suffix);
 }
 
 std::vector<std::string> Disk::ListDanglingLinks(std::string_view directory, std::string_view prefix,
                                                  std::string_view suffix) {
-  return ListEntries(EntryKind::Missing, directory, prefix, suffix);
+  return ListEntries(Listed::DanglingLinks, directory, prefix, suffix);
 }
 
-std::vector<std::string> Disk::ListEntries(EntryKind kind, std::string_view directory, std::string_view prefix,
+std::vector<std::string> Disk::ListEntries(Listed listed, std::string_view directory, std::string_view prefix,
                                            std::string_view suffix) {
   std::vector<std::string> names;
   if (DirectoryExists(directory)) {
@@ -304,7 +304,9 @@ std::vector<std::string> Disk::ListEntries(EntryKind kind, std::string_view dire
     const std::string upperSuffix = UpperCase(suffix);
     Guarded(FileOperation::List, target, [&] {
       for (DirectoryEntry& entry : m_layer.List(target.Native)) {
-        if (entry.Kind != kind || IsTemporary(entry.Name)) continue;
+        const bool isDangling = entry.Kind == EntryKind::Missing;
+        if (entry.Kind == EntryKind::Directory || isDangling != (listed == Listed::DanglingLinks)) continue;
+        if (IsTemporary(entry.Name)) continue;
         const std::string upper = UpperCase(entry.Name);
         if (upper.size() < upperPrefix.size() + upperSuffix.size()) continue;
         if (!upper.starts_with(upperPrefix) || !upper.ends_with(upperSuffix)) continue;

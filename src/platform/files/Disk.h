@@ -79,7 +79,8 @@ class Disk {
   bool IsEmptyDirectory(std::string_view path);
 
   /// The files whose names begin with `prefix` and end with `suffix`, without regard to case, sorted by upper-cased
-  /// name, then by bytes. None for a missing directory.
+  /// name, then by bytes. None for a missing directory. A pipe or a device counts as a file: reading it names the
+  /// fault.
   std::vector<std::string> ListFiles(std::string_view directory, std::string_view prefix, std::string_view suffix);
 
   /// The links in `directory` that lead to no file, chosen and sorted like ListFiles.
@@ -93,7 +94,8 @@ class Disk {
  private:
   enum class Leftovers { Remove, Keep };
 
-  std::vector<std::string> ListEntries(EntryKind kind, std::string_view directory, std::string_view prefix,
+  enum class Listed { Files, DanglingLinks };
+  std::vector<std::string> ListEntries(Listed listed, std::string_view directory, std::string_view prefix,
                                        std::string_view suffix);
   // nullopt for a drive that is not ready.
   std::optional<ResolvedPath> ResolveIfReady(std::string_view path, FileOperation operation);

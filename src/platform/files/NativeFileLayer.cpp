@@ -110,9 +110,9 @@ class NativeOutputFile final : public OutputFile {
   FileHandle m_file;
 };
 
+// What cannot be looked at may be a file.
 EntryKind KindOf(const fs::file_status& status) noexcept {
   switch (status.type()) {
-    case fs::file_type::none:
     case fs::file_type::not_found: return EntryKind::Missing;
     case fs::file_type::directory: return EntryKind::Directory;
     case fs::file_type::character: return EntryKind::Device;
