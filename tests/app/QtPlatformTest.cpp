@@ -88,6 +88,8 @@ TEST(ControlsTest, NamesFromRightToLeftAreSetApart) {
   const QString hebrew = QStringLiteral("\u05d0\u05d1");
   EXPECT_EQ(WithIsolatedNames("'" + hebrew + "' and 'ab' it's"),
             QStringLiteral("'\u2068") + hebrew + QStringLiteral("\u2069' and 'ab' it's"));
+  EXPECT_EQ(WithIsolatedLines("Sex: " + hebrew + ", ab\n 1. c\nd"),
+            QStringLiteral("Sex: \u2068") + hebrew + QStringLiteral("\u2069, ab\n 1. c\nd"));
 }
 
 TEST(QtMessageBoxesTest, AVeryLongTextScrolls) {

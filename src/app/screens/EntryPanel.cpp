@@ -58,6 +58,7 @@ EntryPanel::EntryPanel(SubjectFlow& subjects)
   auto* content = new QWidget;
   auto* columns = new QHBoxLayout(content);
   columns->setContentsMargins({});
+  columns->addStretch(1);
   constexpr int kFirst = 1000;  // what is left beside the grid at its full width stays empty
   columns->addWidget(m_entry = MakeEntry(), kFirst);
   columns->addWidget(m_side);
@@ -169,7 +170,7 @@ void EntryPanel::ShowState() {
   m_framinbump->setVisible(entry.KeepsMinutes());
   m_framinbump->setEnabled(entry.KeepsMinutes());
   MarkDefault(m_cmdFinished, entry.IsOnLastTest());
-  m_lblThisLevels->setText(ToQt(entry.LevelsCaption()));
+  m_lblThisLevels->setText(WithIsolatedLines(ToQt(entry.LevelsCaption())));
   m_lblThisLevels->setVisible(!m_lblThisLevels->text().isEmpty());
   m_lblLimitNote->setText(ToQt(entry.LimitNote()));
   m_lblLimitNote->setVisible(!entry.LimitNote().empty());

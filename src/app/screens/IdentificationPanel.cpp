@@ -113,7 +113,7 @@ QLabel* IdentificationPanel::MakeText(const char* name, Getter text) {
 
 void IdentificationPanel::ShowState() {
   for (const auto& [label, text] : m_texts) {
-    label->setText(ToQt((m_rules.*text)()));
+    label->setText(WithIsolatedLines(ToQt((m_rules.*text)())));
     label->setVisible(!label->text().isEmpty());
   }
   ShowText(m_txtSub, m_rules.SubjectText());

@@ -28,10 +28,10 @@ MeasurePanel::MeasurePanel(MasterFlow& flow, std::function<void()> help) : Panel
                             "selections here will apply to both individual and applicable nominal "
                             "group measures."));
   AddQuestionGap(*rows);
-  auto* columns = new QHBoxLayout;
-  rows->addLayout(columns);
+  m_columns = new QHBoxLayout;
+  rows->addLayout(m_columns);
   QVBoxLayout* column[] = {new QVBoxLayout, new QVBoxLayout};
-  for (QVBoxLayout* side : column) columns->addLayout(side, 1);
+  for (QVBoxLayout* side : column) m_columns->addLayout(side, 1);
   QGroupBox* frame = nullptr;
   std::size_t placed = 0;
   for (const MeasureBox& measure : AllMeasureBoxes()) {
@@ -56,6 +56,14 @@ MeasurePanel::MeasurePanel(MasterFlow& flow, std::function<void()> help) : Panel
   SetDefault(m_cancel = AddButton("cmdMeasureOK", "O&K", [this] { m_flow.CloseMeasures(); }));
   m_buttonsReturn = true;
   m_cursor = m_boxes.front().first;
+}
+
+// One below the other where both do not fit side by side.
+void MeasurePanel::resizeEvent(QResizeEvent* event) {
+  Panel::resizeEvent(event);
+  if (m_twoColumns == 0) m_twoColumns = m_columns->minimumSize().width();
+  constexpr int kBeside = 60;  // margins and a scroll bar
+  m_columns->setDirection(width() < m_twoColumns + kBeside ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
 }
 
 void MeasurePanel::AddBox(QGroupBox& frame, const MeasureBox& measure) {

@@ -9,6 +9,7 @@
 
 class QCheckBox;
 class QGroupBox;
+class QBoxLayout;
 class QLabel;
 
 namespace zova {
@@ -23,6 +24,7 @@ class MeasurePanel : public Panel {
 
  protected:
   void ShowState() override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   void AddBox(QGroupBox& frame, const MeasureBox& measure);
@@ -31,6 +33,8 @@ class MeasurePanel : public Panel {
   MasterFlow& m_flow;
   std::vector<std::pair<QCheckBox*, Measure>> m_boxes;
   QLabel* m_lblColumnCount = nullptr;
+  QBoxLayout* m_columns = nullptr;
+  int m_twoColumns = 0;  // the width that they need
 };
 
 }  // namespace zova

@@ -49,18 +49,24 @@ void OrderPanel::Arrange() {
   rows->addWidget(m_plan);
   auto* entry = new QHBoxLayout;
   entry->addWidget(prompt);
-  constexpr int kFirst = 1000;  // what is left beside the box at its full width stays empty
-  entry->addWidget(m_txtOrder, kFirst);
-  entry->addStretch(1);
+  entry->addWidget(m_txtOrder, 1);
   rows->addLayout(entry);
-  AddContent(content);
+  constexpr int kFirst = 1000;  // in the middle of a wide window
+  auto* middle = new QWidget;
+  auto* columns = new QHBoxLayout(middle);
+  columns->setContentsMargins({});
+  columns->addStretch(1);
+  columns->addWidget(content, kFirst);
+  columns->addStretch(1);
+  m_content = content;
+  AddContent(middle);
 }
 
 void OrderPanel::ShowState() {
   const OrderEditor& order = m_flow.Order();
   m_lblOrderTitle->setText(ToQt(order.Title()));
   m_grdOrder->Refresh();
-  m_txtOrder->setMaximumWidth(m_grdOrder->maximumWidth());
+  m_content->setMaximumWidth(m_grdOrder->maximumWidth());
   m_txtOrder->Refresh();
   const bool isSerial = order.CurrentUse() == OrderEditor::Use::SerialPositions;
   m_plan->setVisible(!isSerial);

@@ -31,6 +31,7 @@ class OrderPanel : public Panel {
   QLabel* m_lblOrderPlan;
   QWidget* m_plan;
   GridBox* m_txtOrder;
+  QWidget* m_content = nullptr;
   QPushButton* m_cmdGoSerial = nullptr;
   QPushButton* m_cmdGoCombine = nullptr;
 };

@@ -77,7 +77,7 @@ void WizardPanel::ShowOutline() {
     answer.replace(QStringLiteral(":\\"), QStringLiteral(":\u2060\\"));  // no line ends behind a drive
     const QFontMetrics metrics(label->font());
     const QString shown = metrics.elidedText(answer, Qt::ElideMiddle, 2 * label->width() - metrics.height());
-    label->setText(answer.isEmpty() ? title : title + ": " + shown);
+    label->setText(answer.isEmpty() ? title : WithIsolatedLines(title + ": " + shown));
     label->setToolTip(shown == answer ? QString() : answer);
     QFont font;
     font.setBold(page == wizard.Page());

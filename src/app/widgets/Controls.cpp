@@ -5,6 +5,7 @@
 #include <QBoxLayout>
 #include <QEvent>
 #include <QFontInfo>
+#include <QRegularExpression>
 #include <QScrollArea>
 #include <QStringList>
 #include <algorithm>
@@ -40,6 +41,18 @@ QString Isolated(const QString& name) {
     return letter.direction() == QChar::DirR || letter.direction() == QChar::DirAL;
   });
   return isReversed ? QChar(0x2068) + name + QChar(0x2069) : name;
+}
+
+QString WithIsolatedLines(const QString& text) {
+  QStringList lines = text.split(u'\n');
+  for (QString& line : lines) {
+    const qsizetype name = line.indexOf(QRegularExpression(QStringLiteral("[.:] "))) + 2;
+    if (name < 2) continue;
+    QStringList parts = line.mid(name).split(QStringLiteral(", "));
+    for (QString& part : parts) part = Isolated(part);
+    line = line.left(name) + parts.join(QStringLiteral(", "));
+  }
+  return lines.join(u'\n');
 }
 
 QString WithIsolatedNames(const QString& text) {

@@ -21,6 +21,8 @@ inline std::string FromQt(const QString& text) { return text.toStdString(); }
 /// `name`, set apart with U+2068 and U+2069 when it has letters that are written from right to left: they would
 /// reorder the sentence around it.
 QString Isolated(const QString& name);
+/// The same for what follows the first ". " or ": " of every line, and for each part of it between commas.
+QString WithIsolatedLines(const QString& text);
 /// The same for every name that stands in single quotes in a text.
 QString WithIsolatedNames(const QString& text);
 

@@ -91,7 +91,9 @@ QVBoxLayout* Panel::AddPage() {
   rows->setContentsMargins(0, 0, rows->spacing(), 0);  // the frame has margins of its own
   rows->setSpacing(kLabelGap);
   page->setMaximumWidth(FormWidth(*page));
-  m_content->addWidget(MakeScrolling(page));
+  QScrollArea* area = MakeScrolling(page);
+  area->setAlignment(Qt::AlignHCenter);  // not lost in a corner of a wide window
+  m_content->addWidget(area);
   return rows;
 }
 
