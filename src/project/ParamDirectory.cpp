@@ -28,6 +28,10 @@ void ParamDirectory::Register(const std::string& path) {
   m_path = path;
 }
 
+void ParamDirectory::KeepRegistration() {
+  if (m_settings.Get(kSection, kKey) != m_path) Register(std::string(m_path));
+}
+
 bool ParamDirectory::Lock(const std::string& path) {
   try {
     return m_lock.Acquire(m_disk.Resolve(path, FileOperation::Read).Native) != DirectoryLock::Outcome::InUse;

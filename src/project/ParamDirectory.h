@@ -21,13 +21,15 @@ class ParamDirectory {
   /// The registered path; "" without one.
   [[nodiscard]] const std::string& Path() const noexcept { return m_path; }
   [[nodiscard]] bool IsRegistered() const noexcept { return !m_path.empty(); }
-  /// False also for a path that cannot be one. Throws FileError when that cannot be told.
+  /// False also for a path that cannot be one. Throws FileError when that is unknown.
   [[nodiscard]] bool IsThere() const;
   /// The same, where a directory that cannot be looked at is as good as none.
   [[nodiscard]] bool Exists() const;
 
-  /// Replaces the stored setting; a failure leaves the earlier one. Throws FileError.
+  /// Replaces the stored setting. Throws FileError, with Path unchanged; the store may hold either setting then.
   void Register(const std::string& path);
+  /// After a Register that failed: stores Path again unless the store still holds it. Throws FileError.
+  void KeepRegistration();
 
   /// False, keeping the previous lock, when another copy of the program uses `path`. A directory that cannot be locked
   /// is used without a lock.

@@ -2,7 +2,7 @@
 //
 // A move loses no data whenever it ends: it copies all files, registers the new directory, and only then deletes the
 // old files. A move that is cancelled earlier deletes its copies, so that a half-filled directory cannot be mistaken
-// for the real one.
+// for the real one; they stay if the stored setting names them and cannot be set back.
 
 #include "project/ParamLocation.h"
 
@@ -140,9 +140,11 @@ LocationOutcome ParamLocation::Move(const std::string& from, const std::string& 
   const auto registerIt = [&] {
     if (to != m_param.Path()) m_param.Register(to);
   };
-  if (!CopyFiles(from, to, load) || !WithRetry(m_platform.Boxes, registerIt)) {
+  const bool isCopied = CopyFiles(from, to, load);
+  if (!isCopied || !WithRetry(m_platform.Boxes, registerIt)) {
     m_param.Unlock();  // before the directory can be deleted
-    RollBack(to, load);
+    // While the stored setting may name the copies, they stay.
+    if (!isCopied || Succeeds([&] { m_param.KeepRegistration(); })) RollBack(to, load);
     return m_param.Lock(from) ? LocationOutcome{} : SayInUse(Step::EndProgram);
   }
   if (DeleteOld(from, load)) return CloseWith(kMoved);

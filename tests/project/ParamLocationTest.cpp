@@ -70,6 +70,7 @@ TEST(ParamLocation, Accepts) {
     std::vector<ExpectedBox> Boxes;
     std::string Message, Place;  // with which it closes, and what is registered then; "" when nothing may change
     bool Ends = false;
+    bool StoresAndFails = false;
   } cases[] = {
       {kOld, "", "D:\\New\\Deep\\", {}, kMoved, "D:\\New\\Deep\\Param"},
       {kOld, "", "(none)", {kNotFound}, "", ""},
@@ -86,6 +87,7 @@ TEST(ParamLocation, Accepts) {
 #endif
       {kOld, kOld + "\\x\\y", "D:\\", {}, kUndeleted, "D:\\Param"},
       {kOld, "", "D:\\", {unstored}, "", ""},
+      {kOld, "", "D:\\", {unstored}, "", "", false, true},
       {lost, "", "D:\\F", {Restore(BoxAnswer::No), unstored}, "", ""},
       {lost, "", "D:\\F", {Restore(BoxAnswer::Cancel)}, "", ""},
       {lost, "", "D:\\F", {Restore(BoxAnswer::No)}, "'Param' directory successfully registered.", lost},
@@ -99,7 +101,8 @@ TEST(ParamLocation, Accepts) {
     ScriptedBoxes boxes;
     for (const ExpectedBox& box : c.Boxes) boxes.Expect(box);
     Rig rig(boxes, c.From);
-    rig.Fakes.Settings.FailsOnce = !c.Boxes.empty() && c.Boxes.back().Text == unstored.Text;
+    rig.Fakes.Settings.Failures = !c.Boxes.empty() && c.Boxes.back().Text == unstored.Text ? 1 : 0;
+    rig.Fakes.Settings.StoresAndFails = c.StoresAndFails;
     if (!c.Extra.empty()) rig.Place.Put(c.Extra, "x");
     DirectoryLock other;
     if (c.Extra.starts_with("D:\\Used")) other.Acquire(rig.Place.Native("D:\\Used\\Param"));
@@ -142,6 +145,16 @@ TEST(ParamLocation, AMoveThatFailsLosesNothing) {
       EXPECT_TRUE(failed == 1 || outcome.Message->Text == kMoved);
     }
   }
+}
+
+TEST(ParamLocation, CopiesThatTheSettingMayNameStay) {
+  YesBoxes boxes;
+  Rig rig(boxes, kOld);
+  rig.Fakes.Settings.Failures = 2;
+  rig.Fakes.Settings.StoresAndFails = true;
+  EXPECT_EQ(rig.Location.Accept("D:\\").Next, Step::Stay);
+  EXPECT_TRUE(rig.IsWhole(kOld));
+  EXPECT_TRUE(rig.IsWhole("D:\\Param"));
 }
 
 TEST(ParamLocation, ACancelledMoveRemovesItsCopies) {

@@ -42,14 +42,16 @@ class FakeSettings final : public SettingsStore {
  public:
   std::string Get(const std::string& section, const std::string& key) override { return Values[section + "/" + key]; }
   void Set(const std::string& section, const std::string& key, const std::string& value) override {
-    if (std::exchange(FailsOnce, false)) {
+    if (Failures == 0 || StoresAndFails) Values[section + "/" + key] = value;
+    if (Failures > 0) {
+      --Failures;
       throw FileError(FileOperation::Write, "ZOVA.ini", std::make_error_code(std::errc::io_error));
     }
-    Values[section + "/" + key] = value;
   }
   void Remove(const std::string& section, const std::string& key) override { Values.erase(section + "/" + key); }
   std::map<std::string, std::string> Values;
-  bool FailsOnce = false;  ///< the next setting is not stored
+  int Failures = 0;             ///< the next settings fail
+  bool StoresAndFails = false;  ///< as when only reading back fails
 };
 
 /// The percentages shown, in their order; `Meanwhile` happens in the event loop. The user stops
