@@ -47,17 +47,17 @@ class MasterCommand {
     if (m_arguments.GroupBy) combined.Separator = VariableByName(*m_arguments.GroupBy);
     MeansRequest means = FindMeansVariables();
     MasterRequest request;
-    if (!TellUnfinished() || !FillRequest(request)) return kStopped;
+    if (!ReportUnfinished() || !FillRequest(request)) return kStopped;
     if (m_arguments.GroupSize && !FillCombinedRequest(request, combined)) return kStopped;
     request.CombinedFollows = m_arguments.GroupSize.has_value();
     std::optional<ScoredTable> table;
     if (m_arguments.Means) request.Sink = &table.emplace(m_project, request.Selection);
     MasterRunResult result = CreateMasters(m_project, request, m_platform);
-    bool isDone = Told(result);
+    bool isDone = ReportWritten(result);
     if (isDone && table) PrintMeans(table->Table(), std::move(means));
     if (isDone && m_arguments.GroupSize) {
       const MasterRunResult groups = CreateCombinedMaster(m_project, combined, m_platform);
-      isDone = Told(groups);
+      isDone = ReportWritten(groups);
       AddOlderPieces(groups.Notices, result.Notices);
     }
     if (result.IsMasterWhole) ShowMasterWarnings(result.Notices, m_terminal);
@@ -65,7 +65,7 @@ class MasterCommand {
   }
 
  private:
-  [[nodiscard]] bool Told(const MasterRunResult& result) const {
+  [[nodiscard]] bool ReportWritten(const MasterRunResult& result) const {
     std::ostream& out = m_arguments.Means ? std::cerr : std::cout;  // a table stands alone on standard output
     for (const ResolvedPath& path : result.Written)
       out << (IsStandardOutputTerminal() ? Printable(NativeText(path)) : NativeText(path)) << '\n';
@@ -102,7 +102,7 @@ class MasterCommand {
   // The destination box's text; a name alone is a file in the primary directory.
   [[nodiscard]] std::string DestinationText() const {
     const std::string& text = m_arguments.Destination;
-    return text.find('/') == std::string::npos || text.find('\\') != std::string::npos ? text : AbsolutePath(text);
+    return IsTypedForPlatform(text) ? AbsolutePath(text) : text;
   }
 
   bool FillRequest(MasterRequest& request) {
@@ -174,7 +174,7 @@ class MasterCommand {
     return true;
   }
 
-  bool TellUnfinished() {
+  bool ReportUnfinished() {
     return WithRetry(m_terminal, [&] {
       const auto names = ListSubjectFiles(m_disk, m_project, UnfinishedDirectory(m_project.PrimaryDir));
       if (names.empty()) return;

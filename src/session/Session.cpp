@@ -36,7 +36,7 @@ void Session::Prepare() {
   try {
     ReadSetting();
   } catch (const FileError&) {
-    // Start reads it again, when it can be told.
+    // Start reads it again, when a fault can be reported.
   }
 }
 
@@ -204,9 +204,7 @@ void Session::ReadOldData() {
 void Session::UnfinishedBusiness() {
   if (!OpenFirst()) return;
   const bool isKnown = WithRetry(m_platform.Boxes, [&] {
-    if (!m_platform.Files.DirectoryExists(m_project->PrimaryDir)) {
-      throw FileError(FileOperation::List, m_project->PrimaryDir, FileCause::PathNotFound);
-    }
+    RequireDirectory(m_platform.Files, m_project->PrimaryDir, FileOperation::List);
     m_hasUnfinished = HasUnfinishedFiles();
   });
   if (!isKnown) return;

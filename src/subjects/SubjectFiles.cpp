@@ -13,8 +13,7 @@ namespace zova {
 
 namespace {
 
-// Creates `Sdata` or `Unfinished` if missing; a missing primary or backup directory is an error, since its disk may be
-// absent.
+// For `Sdata` and `Unfinished`; the primary and the backup directory are never created.
 void EnsureDirectory(Disk& disk, const std::string& directory) {
   if (!disk.DirectoryExists(directory)) disk.CreateDirectory(directory);
 }
@@ -38,9 +37,7 @@ std::vector<Copy> CopiesOf(const SubjectRecord& record, const ProjectParameters&
 }
 
 void WriteCopy(Disk& disk, const Copy& copy, const std::string& content) {
-  if (!disk.DirectoryExists(copy.Destination)) {
-    throw FileError(FileOperation::Write, copy.Path, FileCause::PathNotFound);
-  }
+  RequireDirectory(disk, copy.Destination, FileOperation::Write, copy.Path);
   EnsureDirectory(disk, SubjectDirectory(copy.Destination));
   EnsureDirectory(disk, copy.Directory);
   disk.Write(copy.Path, content);

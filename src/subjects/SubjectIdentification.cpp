@@ -27,13 +27,6 @@ std::string IdentifierOfFile(const ProjectParameters& project, std::string_view 
   return canBeStored ? SubjectIdFromFileName(project, path) : std::string();
 }
 
-// A directory that cannot be searched must not be reported as "no such file".
-void RequirePrimary(const ProjectParameters& project, Disk& disk) {
-  if (!disk.DirectoryExists(project.PrimaryDir)) {
-    throw FileError(FileOperation::List, project.PrimaryDir, FileCause::PathNotFound);
-  }
-}
-
 constexpr const char* kForeignFile =
     "This file is not a subject file for this experiment.  Please select another file.";
 
@@ -169,7 +162,7 @@ bool SubjectIdentification::MayReplaceComplete(const std::string& subjectId, Sub
   bool exists = false;
   std::string content;
   const bool isKnown = WithRetry(m_platform.Boxes, [&] {
-    RequirePrimary(*m_project, m_platform.Files);
+    RequireDirectory(m_platform.Files, m_project->PrimaryDir, FileOperation::List);
     exists = m_platform.Files.FileExists(path);
     if (exists) m_platform.Files.Read(path, content);
   });
@@ -223,7 +216,7 @@ SubjectIdentification::Outcome SubjectIdentification::LoadAutosave(const std::st
 
 // The subject's file as spelt on the disk; that spelling of the identifier is the one that is completed or corrected.
 std::string SubjectIdentification::ListedName(const std::string& directory) const {
-  RequirePrimary(*m_project, m_platform.Files);
+  RequireDirectory(m_platform.Files, m_project->PrimaryDir, FileOperation::List);
   const std::string wanted = SubjectFileName(*m_project, m_subjectText);
   std::string found;
   for (const std::string& name : ListSubjectFiles(m_platform.Files, *m_project, directory)) {

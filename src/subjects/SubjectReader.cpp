@@ -12,9 +12,8 @@ namespace zova {
 // It held subjects when the run was started, so it is lost, not empty.
 void SubjectReader::FindDirectory() {
   const std::string sdata = SubjectDirectory(m_project.PrimaryDir);
-  for (const std::string& directory : {m_project.PrimaryDir, sdata}) {
-    if (!m_disk.DirectoryExists(directory)) throw FileError(FileOperation::List, directory, FileCause::PathNotFound);
-  }
+  RequireDirectory(m_disk, m_project.PrimaryDir, FileOperation::List);
+  RequireDirectory(m_disk, sdata, FileOperation::List);
   m_directory = m_disk.Resolve(sdata, FileOperation::Read);
 }
 

@@ -31,7 +31,7 @@ class SubjectReader {
 
   /// Fills `record` and lets the window repaint. Throws FileError naming the subject, or, when fewer files were listed
   /// than expected, the directory; the next call then lists again. False, without reading, when the subjects already
-  /// read are then others: all are to be read anew, from the first, to stand in the listing's order.
+  /// read are then others: all are to be read again, from the first, to stand in the listing's order.
   bool Read(int k, SubjectRecord& record);
   /// Of the subject read last.
   [[nodiscard]] const SubjectOddities& Oddities() const noexcept { return m_oddities; }

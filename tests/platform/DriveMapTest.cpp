@@ -15,6 +15,7 @@ TEST(PathParts, KnowsDrivePathsAndNativeOnes) {
     std::vector<std::string_view> Components;
   } cases[] = {{"C:\\Data", "a/b", "C:\\Data\\a/b", "C:\\Data\\a", {"Data", "a", "b"}},
                {"C:\\", "x.txt", "C:\\x.txt", "C:", {"x.txt"}},
+               {"C:/lab/", "x.txt", "C:/lab/x.txt", "C:/lab", {"lab", "x.txt"}},
                {"/srv/lab", "a\\b", "/srv/lab/a\\b", "/srv/lab", {"srv", "lab", "a\\b"}},
                {"/", "x.txt", "/x.txt", "/", {"x.txt"}},
                {"Data\\", "", "Data\\", "Data", {"Data"}}};

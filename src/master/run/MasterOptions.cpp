@@ -37,7 +37,7 @@ void MasterOptions::SettleDestination() {
   } catch (const FileError&) {
     return;  // the run reports it
   }
-  m_destination += m_destination.front() == '/' ? '/' : '\\';
+  m_destination = JoinPath(m_destination, "");
   m_destination = ResolveDestination(m_destination, *m_project, m_disk.Drives());
 }
 

@@ -23,14 +23,8 @@ std::string ResolveFile(const std::string& text, std::string_view name, const Pr
                         const DriveMap& drives) {
   const std::string_view typed = WithoutOuterBlanks(text);
   std::string path = FromDriveRoot(drives.ToDrivePath(typed));
-  const bool hasDrive = HasDrive(path);
-  const bool isDirectory =
-      typed.empty() || typed.ends_with('\\') || typed.ends_with('/') || (hasDrive && path.size() == 3);
-  const bool isBelowPrimary = !hasDrive && !path.starts_with('/') && path.find('\\') == std::string::npos;
-  if (isBelowPrimary) path = JoinPath(project.PrimaryDir, path);
-  if (!isDirectory) return path;
-  if (!path.ends_with('/')) path = JoinPath(path, "");
-  return path.append(name);
+  if (CanStandBelow(path)) path = JoinPath(project.PrimaryDir, path);
+  return EndsWithSeparator(typed) || EndsWithSeparator(path) ? JoinPath(path, name) : path;
 }
 
 std::vector<std::string> PiecePaths(ResultFile master, int columnCount, const ProjectParameters& project) {

@@ -24,11 +24,10 @@ void ShowRunStopped(const ScoringError& error, MessageBoxes& boxes) {
 std::optional<int> CountSubjectFiles(const ProjectParameters& project, Disk& disk, MessageBoxes& boxes) {
   std::size_t found = 0;
   const bool listed = WithRetry(boxes, [&] {
-    // A disk that is not there is no empty project; only its `Sdata` may be missing.
-    if (!IsNoDirectory(project.PrimaryDir) && !disk.DirectoryExists(project.PrimaryDir)) {
-      throw FileError(FileOperation::List, SubjectDirectory(project.PrimaryDir), FileCause::PathNotFound);
-    }
-    found = ListSubjectFiles(disk, project, SubjectDirectory(project.PrimaryDir)).size();
+    const std::string sdata = SubjectDirectory(project.PrimaryDir);
+    // Only `Sdata` may be missing.
+    if (!IsNoDirectory(project.PrimaryDir)) RequireDirectory(disk, project.PrimaryDir, FileOperation::List, sdata);
+    found = ListSubjectFiles(disk, project, sdata).size();
   });
   if (!listed) return std::nullopt;
   if (found > kMaxSubjects) {

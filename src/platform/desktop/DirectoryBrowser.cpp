@@ -28,19 +28,6 @@ bool CanEnter(Disk& disk, const std::string& path) {
 
 using Components = std::vector<std::string>;
 
-// The components after the drive, with "." and ".." resolved.
-Components ComponentsOf(std::string_view path) {
-  Components parts;
-  for (const std::string_view part : PathComponents(path)) {
-    if (part == "..") {
-      if (!parts.empty()) parts.pop_back();
-    } else if (part != ".") {
-      parts.emplace_back(part);
-    }
-  }
-  return parts;
-}
-
 std::string Joined(char letter, const Components& parts) {
   std::string path = RootOf(letter);
   for (const std::string& part : parts) path = JoinPath(path, part);
@@ -85,7 +72,8 @@ bool DirectoryBrowser::TryOpen(const std::string& path) {
     const std::string drivePath = m_disk.Drives().ToDrivePath(path);
     if (!HasDrive(drivePath)) return false;
     const char letter = UpperLetter(drivePath.front());
-    Components parts = ComponentsOf(drivePath);
+    const std::vector<std::string_view> names = ResolvedComponents(drivePath);
+    Components parts(names.begin(), names.end());
     UseDiskSpelling(m_disk, letter, parts);
     const Components children = m_disk.ListDirectories(Joined(letter, parts));
 
@@ -107,7 +95,7 @@ bool DirectoryBrowser::TryOpen(const std::string& path) {
   return false;
 }
 
-void DirectoryBrowser::ReadAnew() {
+void DirectoryBrowser::ReadAgain() {
   FindDrives();
   // The open directory may be gone: falls back to its nearest existing parent.
   for (std::size_t entry = m_openEntry + 1; entry > 0; --entry) {
@@ -116,17 +104,17 @@ void DirectoryBrowser::ReadAnew() {
   Reset();
 }
 
-bool DirectoryBrowser::OpenOrTell(const std::string& path) {
+bool DirectoryBrowser::OpenOrWarn(const std::string& path) {
   if (TryOpen(path)) return true;
   Warn(m_boxes, m_notReadyText, m_fault);
-  ReadAnew();
+  ReadAgain();
   return false;
 }
 
-bool DirectoryBrowser::SelectDrive(char letter) { return OpenOrTell(RootOf(letter)); }
+bool DirectoryBrowser::SelectDrive(char letter) { return OpenOrWarn(RootOf(letter)); }
 
 bool DirectoryBrowser::Open(std::size_t entry) {
-  return entry < m_entries.size() && OpenOrTell(std::string(m_entries[entry].Path));
+  return entry < m_entries.size() && OpenOrWarn(std::string(m_entries[entry].Path));
 }
 
 }  // namespace zova

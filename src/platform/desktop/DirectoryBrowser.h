@@ -44,8 +44,8 @@ class DirectoryBrowser {
 
  private:
   void FindDrives();
-  void ReadAnew();
-  bool OpenOrTell(const std::string& path);
+  void ReadAgain();
+  bool OpenOrWarn(const std::string& path);
 
   Disk& m_disk;
   MessageBoxes& m_boxes;

@@ -21,7 +21,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// A damaged directory does not hide the others; opening it tells its fault.
+// A damaged directory does not hide the others; opening it reports its fault.
 bool MayBeEntered(FileLayer& layer, const fs::path& directory) {
   try {
     return layer.CanEnter(directory);
@@ -328,6 +328,11 @@ std::vector<std::string> Disk::ListDirectories(std::string_view directory) {
     if (!m_layer.CanEnter(target.Native)) throw std::system_error(std::make_error_code(std::errc::permission_denied));
     return InListingOrder(std::move(names));
   });
+}
+
+void RequireDirectory(Disk& disk, std::string_view directory, FileOperation operation, std::string_view path) {
+  if (disk.DirectoryExists(directory)) return;
+  throw FileError(operation, std::string(path.empty() ? directory : path), FileCause::PathNotFound);
 }
 
 }  // namespace zova

@@ -111,4 +111,8 @@ class Disk {
   DriveMap m_drives;
 };
 
+/// Throws FileError (PathNotFound) for a directory that is missing: its disk may be absent, so it does not count as
+/// empty. The error names `path`, or the directory when that is empty.
+void RequireDirectory(Disk& disk, std::string_view directory, FileOperation operation, std::string_view path = {});
+
 }  // namespace zova

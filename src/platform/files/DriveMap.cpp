@@ -75,16 +75,7 @@ std::optional<std::filesystem::path> DriveMap::ToNative(std::string_view path) c
   // Always starts at the root: "C:" and "C:name" alone would start at the drive's current directory.
   std::filesystem::path native =
       drive != m_drives.end() ? drive->Root : PathFromText(std::string(path.substr(0, 2)) + "\\");
-  // ".." takes back the name before it, whatever is on the disk, and ends at the drive's root.
-  std::vector<std::string_view> names;
-  for (const std::string_view component : PathComponents(path)) {
-    if (component == "..") {
-      if (!names.empty()) names.pop_back();
-    } else if (component != ".") {
-      names.push_back(component);
-    }
-  }
-  for (const std::string_view name : names) native /= PathFromText(name);
+  for (const std::string_view name : ResolvedComponents(path)) native /= PathFromText(name);
   return native;
 }
 

@@ -51,7 +51,7 @@ int OpenForReading(const fs::path& path) {
   return handle;
 }
 
-// True when this user may; an error that is no denial is told as itself.
+// True when this user may; an error that is no denial is reported as itself.
 bool MayAccess(const fs::path& path, int mode) {
   errno = 0;
   if (access(path.c_str(), mode) == 0) return true;
@@ -87,7 +87,8 @@ struct DirectoryCloser {
 class NativeOutputFile final : public OutputFile {
  public:
   explicit NativeOutputFile(std::FILE* file, Descriptor lock = Descriptor(-1)) : m_lock(std::move(lock)), m_file(file) {
-    // One write reaches the system as one call: a row of a master is in the file whole, or its fault is told at once.
+    // One write reaches the system as one call: a row of a master is in the file whole, or its fault is reported at
+    // once.
     (void)std::setvbuf(file, nullptr, _IONBF, 0);
   }
 
@@ -176,7 +177,7 @@ bool NativeFileLayer::IsReadOnly(const fs::path& path) {
   constexpr fs::perms kAnyWrite = fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
   if (status.type() == fs::file_type::not_found) return false;
   Check(code);
-  if ((status.permissions() & kAnyWrite) == fs::perms::none) return true;  // the system's administrator too is told
+  if ((status.permissions() & kAnyWrite) == fs::perms::none) return true;  // for root, too
   return !MayAccess(path, W_OK);
 }
 
@@ -206,7 +207,7 @@ void NativeFileLayer::Read(const fs::path& path, std::string& content, std::uint
   if (fstat(file.Number(), &status) != 0) ThrowErrno();
   if (S_ISDIR(status.st_mode)) Throw(EISDIR);
   if (!S_ISREG(status.st_mode)) Throw(ENOTSUP);
-  // Until nothing comes, not by the size told beforehand: a growing file would have that wrong.
+  // Until the end, not by the size in the status: a growing file outgrows it.
   m_buffer.resize(kReadSize);
   content.clear();
   for (;;) {

@@ -30,16 +30,26 @@ std::string AbsolutePath(std::string_view path) {
   return HasDrive(path) ? std::string(path) : PathText(std::filesystem::absolute(PathFromText(path)));
 }
 
+bool IsTypedForPlatform(std::string_view path) noexcept {
+  return path.find('/') != std::string_view::npos && path.find('\\') == std::string_view::npos;
+}
+
 std::string JoinPath(std::string_view directory, std::string_view name) {
-  const char separator = IsNative(directory) ? '/' : '\\';
+  const std::string_view separators = SeparatorsOf(directory);
   std::string path(directory);
-  if (!path.ends_with(separator)) path += separator;
+  if (path.empty() || separators.find(path.back()) == std::string_view::npos) path += separators.front();
   path += name;
   return path;
 }
 
 std::string_view PathPrefix(std::string_view path) noexcept {
   return path.substr(0, path.find_last_of(SeparatorsOf(path)) + 1);
+}
+
+bool EndsWithSeparator(std::string_view path) noexcept { return path.ends_with('\\') || path.ends_with('/'); }
+
+bool CanStandBelow(std::string_view path) noexcept {
+  return !HasDrive(path) && !IsNative(path) && path.find('\\') == std::string_view::npos;
 }
 
 std::string_view LastPathComponent(std::string_view path) noexcept { return path.substr(PathPrefix(path).size()); }
@@ -59,6 +69,18 @@ std::vector<std::string_view> PathComponents(std::string_view path) {
     path.remove_prefix(std::min(end + 1, path.size()));
   }
   return components;
+}
+
+std::vector<std::string_view> ResolvedComponents(std::string_view path) {
+  std::vector<std::string_view> names;
+  for (const std::string_view component : PathComponents(path)) {
+    if (component == "..") {
+      if (!names.empty()) names.pop_back();
+    } else if (component != ".") {
+      names.push_back(component);
+    }
+  }
+  return names;
 }
 
 bool HasDrive(std::string_view path) noexcept { return path.size() >= 2 && path[1] == ':' && path[0] != '/'; }

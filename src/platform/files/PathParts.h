@@ -18,6 +18,9 @@ std::filesystem::path PathFromText(std::string_view text);
 
 /// Makes a relative path of the platform absolute, from the current directory. A path with a drive is unchanged.
 std::string AbsolutePath(std::string_view path);
+/// True for a text with "/" and without a backslash: it is typed as a path of the platform, absolute or
+/// relative, or with a drive.
+bool IsTypedForPlatform(std::string_view path) noexcept;
 
 /// Puts one separator between them, also after a root ("C:\", "/").
 std::string JoinPath(std::string_view directory, std::string_view name);
@@ -26,8 +29,14 @@ std::string_view LastPathComponent(std::string_view path) noexcept;
 std::string_view DirectoryOfPath(std::string_view path) noexcept;
 /// Everything up to and including the last separator; "" without one.
 std::string_view PathPrefix(std::string_view path) noexcept;
+/// True for "\" and "/" at the end, in a text that may be of either kind.
+bool EndsWithSeparator(std::string_view path) noexcept;
+/// True for a name, or names with "/" between them, that a directory can precede: no drive, root or backslash.
+bool CanStandBelow(std::string_view path) noexcept;
 /// The components after the drive or root, without empty ones.
 std::vector<std::string_view> PathComponents(std::string_view path);
+/// The same without "." and "..": a ".." takes back the name before it, whatever is on the disk, and ends at the root.
+std::vector<std::string_view> ResolvedComponents(std::string_view path);
 
 /// True when the path begins with a character and a colon, whether or not that drive exists.
 bool HasDrive(std::string_view path) noexcept;
