@@ -38,13 +38,6 @@ std::optional<PlotFormat> FormatOf(std::string_view path) {
 
 }  // namespace
 
-bool HasIntervals(const PlotPicture& picture) {
-  return std::any_of(picture.Series.begin(), picture.Series.end(), [](const PlotSeries& series) {
-    return std::any_of(series.Points.begin(), series.Points.end(),
-                       [](const PlotPoint& point) { return point.HalfWidth.has_value(); });
-  });
-}
-
 void MeansExaminer::Open(const ProjectParameters& project, const std::string& header) {
   Close();
   m_project = &project;
@@ -58,7 +51,7 @@ void MeansExaminer::Open(const ProjectParameters& project, const std::string& he
   if (!Read(path, bytes)) return;
   const auto fault = ParseTable(bytes, m_header);
   if (!fault) return Show(path);
-  m_missing = "'" + path + "' could not be read.  " + *fault + "  Create the master anew" +
+  m_missing = "'" + path + "' could not be read.  " + *fault + "  Create the master again" +
               (*fault == kNoHeader ? ", with this destination if its header went to another one." : ".");
 }
 

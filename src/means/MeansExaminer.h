@@ -21,9 +21,6 @@ struct PlotTarget {
   PlotFormat Format = PlotFormat::Pdf;
 };
 
-/// True when a point of the picture has a confidence interval.
-bool HasIntervals(const PlotPicture& picture);
-
 /// The rules of Examine Means: the master, the selection, and what table and plot show. Measures, variables, rows and
 /// columns count from 0. Never changes a master.
 class MeansExaminer {

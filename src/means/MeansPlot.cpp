@@ -285,4 +285,11 @@ PlotPicture PictureOf(const MeansTable& means) {
   return picture;
 }
 
+bool HasIntervals(const PlotPicture& picture) {
+  return std::any_of(picture.Series.begin(), picture.Series.end(), [](const PlotSeries& series) {
+    return std::any_of(series.Points.begin(), series.Points.end(),
+                       [](const PlotPoint& point) { return point.HalfWidth.has_value(); });
+  });
+}
+
 }  // namespace zova

@@ -38,4 +38,7 @@ struct PlotPicture {
 /// other cells. The note names what is left out: measures of other families and cells without values.
 PlotPicture PictureOf(const MeansTable& means);
 
+/// True when a point of the picture has a confidence interval.
+bool HasIntervals(const PlotPicture& picture);
+
 }  // namespace zova

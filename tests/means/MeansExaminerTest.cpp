@@ -80,7 +80,8 @@ TEST(MeansExaminer, TheTableFollowsWhatIsChosenAndLeavesOutWhatWasNotComputed) {
   const int results = means.ResultRevision();
   means.ChooseMeasures({});
   EXPECT_GT(means.ResultRevision(), results);
-  EXPECT_FALSE(means.HasPlot() || means.CanLeaveOut());
+  EXPECT_FALSE(means.HasPlot());
+  EXPECT_FALSE(means.CanLeaveOut());
   EXPECT_EQ(means.RowCount(), 0);
   EXPECT_EQ(means.Picture().Note, "Choose a measure.");
 }

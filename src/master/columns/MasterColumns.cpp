@@ -66,6 +66,16 @@ class Walk {
   bool m_onlyRated = false;
 };
 
+class VisitSink final : public ColumnSink {
+ public:
+  explicit VisitSink(const std::function<void(const MasterColumn&)>& visit) : m_visit(visit) {}
+  void Count(const MasterColumn& column, std::int16_t) override { m_visit(column); }
+  void Share(const MasterColumn& column, const Ratio&) override { m_visit(column); }
+
+ private:
+  const std::function<void(const MasterColumn&)>& m_visit;
+};
+
 }  // namespace
 
 void WalkMeasureColumns(const ProjectParameters& project, const MeasureSelection& selection, MasterKind kind,
@@ -80,6 +90,14 @@ void WalkMeasureColumns(const ProjectParameters& project, const MeasureSelection
     const bool isOfKind = kind == MasterKind::Individual || (family.Rules & MeasureFamily::IndividualOnly) == 0;
     if (isOfKind && selection.IsChecked(family.Box) && HasDataFor(NeedsOf(family), project)) walk.Hand(families);
   }
+}
+
+void ForEachColumn(const ProjectParameters& project, const MeasureSelection& selection, MasterKind kind,
+                   const std::function<void(const MasterColumn&)>& visit) {
+  VisitSink sink(visit);
+  ScoringArrays empty;
+  ResetScores(empty, project);
+  WalkMeasureColumns(project, selection, kind, empty, sink);
 }
 
 }  // namespace zova

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 
 #include "master/columns/ColumnName.h"
 #include "master/columns/MeasureSelection.h"
@@ -24,5 +25,9 @@ class ColumnSink {
 /// walk.
 void WalkMeasureColumns(const ProjectParameters& project, const MeasureSelection& selection, MasterKind kind,
                         const ScoringArrays& scores, ColumnSink& sink);
+
+/// The same walk for the columns without their values.
+void ForEachColumn(const ProjectParameters& project, const MeasureSelection& selection, MasterKind kind,
+                   const std::function<void(const MasterColumn&)>& visit);
 
 }  // namespace zova

@@ -20,22 +20,6 @@ namespace {
 
 constexpr int kMaxColumnCount = INT16_MAX;
 
-class HeaderSink final : public ColumnSink {
- public:
-  explicit HeaderSink(MasterHeaderLine& line) : m_line(line) {}
-  void Count(const MasterColumn& column, std::int16_t) override { Add(column); }
-  void Share(const MasterColumn& column, const Ratio&) override { Add(column); }
-
- private:
-  void Add(const MasterColumn& column) {
-    m_line.Families.Add(column.Family->Scores);
-    m_line.MasterHeader += ", ";
-    AppendColumnName(m_line.MasterHeader, column);
-  }
-
-  MasterHeaderLine& m_line;
-};
-
 class RowSink final : public ColumnSink {
  public:
   explicit RowSink(std::string& row) : m_row(row) {}
@@ -60,26 +44,14 @@ class RowSink final : public ColumnSink {
   std::string& m_row;
 };
 
-class CountSink final : public ColumnSink {
- public:
-  void Count(const MasterColumn& column, std::int16_t) override { Add(column.Family->Box); }
-  void Share(const MasterColumn& column, const Ratio&) override { Add(column.Family->Box); }
-
-  [[nodiscard]] int Total() const noexcept { return m_total; }
-  [[nodiscard]] int Of(Measure box) const noexcept { return m_perBox[static_cast<std::size_t>(box)]; }
-
- private:
-  void Add(Measure box) noexcept {
-    ++m_total;
-    ++m_perBox[static_cast<std::size_t>(box)];
-  }
-
-  int m_total = 0;
-  std::array<int, kMeasureCount> m_perBox{};
+struct ColumnCounts {
+  int Total = 0;
+  std::array<int, kMeasureCount> PerBox{};
+  [[nodiscard]] int Of(Measure box) const noexcept { return PerBox[static_cast<std::size_t>(box)]; }
 };
 
 // Every box that alone removes the excess; if there is none, the largest ones together.
-std::string MeasuresToUncheck(const CountSink& counts, int excess) {
+std::string MeasuresToUncheck(const ColumnCounts& counts, int excess) {
   std::vector<MeasureBox> boxes(AllMeasureBoxes().begin(), AllMeasureBoxes().end());
   std::stable_sort(boxes.begin(), boxes.end(),
                    [&](const MeasureBox& a, const MeasureBox& b) { return counts.Of(a.Which) > counts.Of(b.Which); });
@@ -95,7 +67,7 @@ std::string MeasuresToUncheck(const CountSink& counts, int excess) {
   return names;
 }
 
-void RequireColumnCount(const CountSink& counts, int total) {
+void RequireColumnCount(const ColumnCounts& counts, int total) {
   if (total <= kMaxColumnCount) return;
   throw ScoringError(ScoringFault::Overflow, "The master would have " + std::to_string(total) +
                                                  " columns; it can have " + std::to_string(kMaxColumnCount) +
@@ -104,18 +76,19 @@ void RequireColumnCount(const CountSink& counts, int total) {
 }
 
 int CountColumns(const ProjectParameters& project, const MeasureSelection& selection, MasterKind kind,
-                 CountSink& counts) {
-  ScoringArrays empty;
-  ResetScores(empty, project);
-  WalkMeasureColumns(project, selection, kind, empty, counts);
-  return 1 + project.VariableCount + counts.Total();
+                 ColumnCounts& counts) {
+  ForEachColumn(project, selection, kind, [&](const MasterColumn& column) {
+    ++counts.Total;
+    ++counts.PerBox[static_cast<std::size_t>(column.Family->Box)];
+  });
+  return 1 + project.VariableCount + counts.Total;
 }
 
 }  // namespace
 
 std::string ColumnCountText(const ProjectParameters& project, const MeasureSelection& selection) {
   static_assert(kMaxColumnCount == 32767);
-  CountSink counts;
+  ColumnCounts counts;
   const int total = CountColumns(project, selection, MasterKind::Individual, counts);
   return "Columns of the master: " + std::to_string(total) + " of at most 32,767" +
          (total > kMaxColumnCount ? ".  Please uncheck measures." : ".");
@@ -123,7 +96,7 @@ std::string ColumnCountText(const ProjectParameters& project, const MeasureSelec
 
 MasterHeaderLine BuildMasterHeader(const ProjectParameters& project, const MeasureSelection& selection,
                                    MasterKind kind) {
-  CountSink counts;
+  ColumnCounts counts;
   const int total = CountColumns(project, selection, kind, counts);
   RequireColumnCount(counts, total);
 
@@ -133,10 +106,11 @@ MasterHeaderLine BuildMasterHeader(const ProjectParameters& project, const Measu
   for (std::size_t v = 0; v < static_cast<std::size_t>(project.VariableCount); ++v) {
     line.MasterHeader += ", " + project.VariableNames[v];
   }
-  ScoringArrays empty;
-  ResetScores(empty, project);
-  HeaderSink sink(line);
-  WalkMeasureColumns(project, selection, kind, empty, sink);
+  ForEachColumn(project, selection, kind, [&](const MasterColumn& column) {
+    line.Families.Add(column.Family->Scores);
+    line.MasterHeader += ", ";
+    AppendColumnName(line.MasterHeader, column);
+  });
   return line;
 }
 

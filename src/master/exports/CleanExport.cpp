@@ -11,23 +11,6 @@ namespace zova {
 
 namespace {
 
-class NameSink final : public ColumnSink {
- public:
-  explicit NameSink(CsvHeader& header) : m_header(header) {}
-  void Count(const MasterColumn& column, std::int16_t) override { Add(column); }
-  void Share(const MasterColumn& column, const Ratio&) override { Add(column); }
-
- private:
-  void Add(const MasterColumn& column) {
-    m_name.clear();
-    AppendColumnName(m_name, column);
-    m_header.Add(m_name);
-  }
-
-  CsvHeader& m_header;
-  std::string m_name;
-};
-
 class ValueSink final : public ColumnSink {
  public:
   ValueSink(std::string& row, std::string& reasons) : m_row(row), m_reasons(reasons) {}
@@ -58,15 +41,17 @@ void AppendLevelField(std::string& line, const ProjectParameters& project, std::
 }
 
 std::string CleanExport::Header() const {
-  ScoringArrays empty;
-  ResetScores(empty, m_project);
   CsvHeader header;
   header.Add("Subject");
   for (std::size_t v = 0; v < static_cast<std::size_t>(m_project.VariableCount); ++v) {
     header.AddVariable(m_project.VariableNames[v]);
   }
-  NameSink sink(header);
-  WalkMeasureColumns(m_project, m_selection, MasterKind::Individual, empty, sink);
+  std::string name;
+  ForEachColumn(m_project, m_selection, MasterKind::Individual, [&](const MasterColumn& column) {
+    name.clear();
+    AppendColumnName(name, column);
+    header.Add(name);
+  });
   header.Add("Not Computed");
   return header.Line();
 }
