@@ -19,7 +19,7 @@ std::string ViewOnlyReason(const ProjectParameters& project);
 /// when it can.
 std::string NoBackupReason(const ProjectParameters& project);
 
-/// The parameter file that the user chooses in a dialog with this title that starts in `paramDir`; nothing when the
+/// The parameter file that the user chooses in a dialog with this title that starts in `paramDir`; nullopt when the
 /// dialog was cancelled.
 std::optional<std::string> ChooseProjectFile(const std::string& title, const std::string& paramDir,
                                              FileDialogs& dialogs);

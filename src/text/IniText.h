@@ -7,7 +7,7 @@
 
 namespace zova {
 
-/// The text of a key in an INI file as Qt writes it; nothing when there is none. Names are compared with their case.
+/// The text of a key in an INI file as Qt writes it; nullopt when there is none. Names are compared with their case.
 std::optional<std::string> IniValue(std::string_view content, std::string_view section, std::string_view key);
 
 /// `content` with that key set to `value`, or without it. All other lines stay byte for byte.

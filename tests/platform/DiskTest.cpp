@@ -102,7 +102,9 @@ TEST(Disk, TellsWhatIsMissing) {
   EXPECT_EQ(CauseOf([&] { disk.Read("C:\\none", content); }), Message(std::errc::no_such_file_or_directory));
   EXPECT_EQ(CauseOf([&] { disk.Write("C:\\", ""); }), Message(std::errc::is_a_directory));
   EXPECT_EQ(CauseOf([&] { disk.Read("C:\\big", content); }), "end of data");
-  EXPECT_FALSE(disk.FileExists("C:\\") || disk.FileExists("E:\\x") || disk.DirectoryExists("C:\\file"));
+  EXPECT_FALSE(disk.FileExists("C:\\"));
+  EXPECT_FALSE(disk.FileExists("E:\\x"));
+  EXPECT_FALSE(disk.DirectoryExists("C:\\file"));
 }
 
 TEST(Disk, ListsFilesByPrefixAndSuffix) {

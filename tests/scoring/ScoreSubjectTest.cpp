@@ -145,7 +145,8 @@ TEST(Scores, AnOverflowThatNobodySeesLeavesZerosAndNamesNobody) {
             "Net 0 182 183, Losses 0 0, Gains 182 1, ArcScore 0 0 0, Bi-ITR 0 0, "
             "#OfCategoriesUsed 0 0 0, AvgItemsPerCat 0 0 0");
   EXPECT_EQ(scores.True.Ratings[3].RatingAvg.Gap, ScoreGap::NotScored);
-  EXPECT_FALSE(scores.Categories.AnyArcFailed || scores.Itr.AnyItrFailed);
+  EXPECT_FALSE(scores.Categories.AnyArcFailed);
+  EXPECT_FALSE(scores.Itr.AnyItrFailed);
 }
 
 TEST(Scores, ItrObservedIsWhatTheDoubleLoopFinds) {

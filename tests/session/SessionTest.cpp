@@ -322,7 +322,7 @@ TEST_F(SessionTest, WhatIsKeptOfTheLastMaster) {
   Boxes.Expect({"The folder could not be opened.", BoxAnswer::Ok, "C:\\ZOVA\\Sample Data", BoxIcon::Exclamation});
   session.OpenLastMasterFolder();
   OpenProject(session, kExample);
-  EXPECT_EQ(session.Masters().LastHeader(), "") << "the project was taken anew";
+  EXPECT_EQ(session.Masters().LastHeader(), "") << "the project was taken again";
   EXPECT_EQ(session.LastMaster(), "C:\\ZOVA\\Sample Data\\Example Master.txt");
 }
 

@@ -17,7 +17,7 @@ class CopyingPanel : public Panel {
   Q_OBJECT
 
  public:
-  /// Shows what is told to `progress`.
+  /// Shows what is reported to `progress`.
   explicit CopyingPanel(QtProgress& progress);
   void Show(std::size_t done, std::size_t total, bool mayStop);
   /// Cancel was pressed since the panel came up.
