@@ -55,6 +55,7 @@ std::vector<ListedProject> ListProjects(const std::string& paramDir, Disk& disk)
   std::stable_sort(found.begin(), found.end(),
                    [](const auto& left, const auto& right) { return left.first > right.first; });
   std::vector<ListedProject> projects;
+  projects.reserve(found.size());
   for (auto& [changed, project] : found) projects.push_back(std::move(project));
   return projects;
 }

@@ -91,6 +91,7 @@ std::vector<std::string> SubjectIdentification::LevelNames() const {
   std::vector<std::string> names;
   if (m_step == 1) return names;
   const auto variable = static_cast<std::size_t>(m_step - 2);
+  names.reserve(static_cast<std::size_t>(m_project->LevelCounts[variable]));
   for (int level = 1; level <= m_project->LevelCounts[variable]; ++level) {
     names.push_back(LevelLabel(*m_project, variable, level));
   }

@@ -37,8 +37,8 @@ std::string Joined(char letter, const Components& parts) {
 // Replaces the names by their spelling on the disk. The lookup keeps the number of components.
 void UseDiskSpelling(Disk& disk, char letter, Components& parts) {
   ResolvedPath path = disk.Resolve(Joined(letter, parts), FileOperation::List);
-  for (auto part = parts.rbegin(); part != parts.rend(); ++part) {
-    *part = NameOf(path);
+  for (std::size_t left = parts.size(); left > 0; --left) {
+    parts[left - 1] = NameOf(path);
     path = DirectoryOf(path);
   }
 }

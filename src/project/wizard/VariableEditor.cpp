@@ -55,6 +55,7 @@ bool VariableEditor::HasNothing() const noexcept {
 
 std::vector<std::string> VariableEditor::Names() const {
   std::vector<std::string> names;
+  names.reserve(m_variables.size());
   for (const Variable& variable : m_variables) names.push_back(variable.Name);
   return names;
 }
