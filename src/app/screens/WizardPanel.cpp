@@ -97,9 +97,11 @@ void WizardPanel::AddButtons() {
   MarkDefault(m_cmdNext1, true);
   // Enter in the box of the variables names a level and does not go on.
   const auto* variable = findChild<QLineEdit*>("txtVariable");
-  connect(qApp, &QApplication::focusChanged, this, [this, variable](const QWidget*, const QWidget* now) {
-    MarkDefault(m_cmdNext1, now != variable || m_session.Wizard().IsViewing());
-  });
+  // Bound to the button alone: the focus moves once more while the panel is destroyed.
+  connect(qApp, &QApplication::focusChanged, m_cmdNext1,
+          [button = m_cmdNext1, variable, &wizard = m_session.Wizard()](const QWidget*, const QWidget* now) {
+            MarkDefault(button, now != variable || wizard.IsViewing());
+          });
 }
 
 void WizardPanel::ShowState() {
