@@ -121,13 +121,7 @@ void MainWindow::StorePlace() {
 }
 
 void MainWindow::Start(const std::string& projectFile) {
-  Run([&](Session& session) {
-    if (projectFile.empty()) {
-      session.Start();
-    } else {
-      session.Start(projectFile);
-    }
-  });
+  Run([&](Session& session) { session.Start(projectFile); });
 }
 
 // A message box processes events while a command waits for its answer.
@@ -142,12 +136,18 @@ void MainWindow::Run(const std::function<void(Session&)>& act) {
   Refresh();
 }
 
+// The panels keep the last project's name when it is closed: none of them comes up without one.
+void MainWindow::ShowProject() {
+  const bool isOpen = m_session.OpenedProject() != nullptr;
+  setWindowTitle(isOpen ? ToQt(m_session.ProjectCaption() + " - ZOVA") : "ZOVA");
+  if (!isOpen || m_shownProject == m_session.ProjectCaption()) return;
+  m_shownProject = m_session.ProjectCaption();
+  for (Panel* panel : m_panels->findChildren<Panel*>()) panel->ShowProjectName(m_shownProject);
+}
+
 void MainWindow::Refresh() {
   m_menus.Refresh();
-  setWindowTitle(m_session.OpenedProject() ? ToQt(m_session.ProjectCaption() + " - ZOVA") : "ZOVA");
-  if (m_session.OpenedProject()) {
-    for (Panel* panel : m_panels->findChildren<Panel*>()) panel->ShowProjectName(m_session.ProjectCaption());
-  }
+  ShowProject();
   Panel* panel = PanelOf(m_session.Shown());
   if (panel == m_panels->currentWidget()) {
     panel->Refresh();

@@ -12,11 +12,9 @@ class QStackedWidget;
 namespace zova {
 
 class Panel;
-
 class QtProgress;
 
 /// The frame around the session: the menus and the panel of the current screen.
-
 class MainWindow : public QMainWindow {
   Q_OBJECT
 
@@ -44,6 +42,7 @@ class MainWindow : public QMainWindow {
 
  private:
   void StorePlace();
+  void ShowProject();
   Panel* Add(Panel* panel);
   [[nodiscard]] Panel* PanelOf(Screen screen) const;
   [[nodiscard]] Panel* PanelOf(MasterFlow::Stage stage) const;
@@ -64,6 +63,7 @@ class MainWindow : public QMainWindow {
   Panel* m_blank;
   Panel* m_means;
   bool m_running = false;
+  std::string m_shownProject;  // in the headers of all panels
 };
 
 }  // namespace zova

@@ -22,6 +22,7 @@
 #include "project/ProjectOpening.h"
 #include "session/Version.h"
 #include "subjects/SubjectFiles.h"
+#include "text/Counted.h"
 
 namespace zova {
 namespace {
@@ -178,7 +179,7 @@ class MasterCommand {
     return WithRetry(m_terminal, [&] {
       const auto names = ListSubjectFiles(m_disk, m_project, UnfinishedDirectory(m_project.PrimaryDir));
       if (names.empty()) return;
-      std::cerr << names.size() << (names.size() == 1 ? " unfinished subject is" : " unfinished subjects are")
+      std::cerr << Counted(names.size(), "unfinished subject is", "unfinished subjects are")
                 << " not included in the master.\n";
     });
   }

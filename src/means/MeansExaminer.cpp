@@ -13,6 +13,7 @@
 #include "means/UncomputedValues.h"
 #include "platform/desktop/FileErrorBoxes.h"
 #include "project/ProtectedFiles.h"
+#include "text/Counted.h"
 #include "text/Encoding.h"
 
 namespace zova {
@@ -22,10 +23,6 @@ namespace {
 constexpr const char* kNoText = "It is no text.";
 constexpr const char* kNoHeader = "Its first line is no header: it has no name of a measure.";
 constexpr const char* kNoRows = "None of its lines fits its header.";
-
-std::string Counted(std::size_t count, const char* one, const char* several) {
-  return std::to_string(count) + " " + (count == 1 ? one : several);
-}
 
 std::string_view FirstLine(std::string_view text) { return text.substr(0, text.find_first_of("\r\n")); }
 
@@ -274,7 +271,7 @@ bool MeansExaminer::IsTotal(int row) const {
 
 std::string MeansExaminer::CopyTable() {
   m_status = "Copied " + Counted(static_cast<std::size_t>(RowCount()), "line", "lines");
-  return TableText();
+  return TabText(Lines());
 }
 
 std::string MeansExaminer::RowTip(int row) const {

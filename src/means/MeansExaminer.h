@@ -72,8 +72,7 @@ class MeansExaminer {
   [[nodiscard]] bool IsTotal(int row) const;
   /// Whether the column of the values that could not be computed says something.
   [[nodiscard]] bool ShowsUncomputed() const noexcept { return m_uncomputed > 0; }
-  [[nodiscard]] std::string TableText() const { return TabText(Lines()); }
-  /// As TableText, for the clipboard: the status line says so.
+  /// The whole table for the clipboard, with all digits; the status line says so.
   std::string CopyTable();
   [[nodiscard]] const PlotPicture& Picture() const noexcept { return m_picture; }
   [[nodiscard]] bool HasPlot() const noexcept { return !m_picture.Series.empty(); }

@@ -9,6 +9,7 @@
 #include <unordered_set>
 
 #include "master/columns/ColumnName.h"
+#include "text/Counted.h"
 
 namespace zova {
 
@@ -60,7 +61,7 @@ std::vector<Drawn> FirstFamily(const MeansTable& means, std::size_t& others) {
 
 void AddToNote(std::size_t count, const char* one, const char* several, std::string& note) {
   if (count == 0) return;
-  note.append(note.empty() ? "" : "  ").append(std::to_string(count)).append(count == 1 ? one : several);
+  note.append(note.empty() ? "" : "  ").append(Counted(count, one, several));
 }
 
 std::string TestText(const ColumnPlace& place) { return "test " + std::to_string(place.Test); }
@@ -277,11 +278,11 @@ PlotPicture PictureOf(const MeansTable& means) {
   std::size_t empty = 0;
   PlotPicture picture = family.size() == 1 ? ByLevels(means, family.front(), empty) : AlongAxis(means, family, empty);
   std::erase_if(picture.Series, [](const PlotSeries& series) { return series.Points.empty(); });
-  AddToNote(others, " chosen measure of another kind is not in the plot.",
-            " chosen measures of other kinds are not in the plot.", picture.Note);
+  AddToNote(others, "chosen measure of another kind is not in the plot.",
+            "chosen measures of other kinds are not in the plot.", picture.Note);
   if (picture.Series.empty()) return picture;
-  AddToNote(empty, " combination without values is not in the plot.",
-            " combinations without values are not in the plot.", picture.Note);
+  AddToNote(empty, "combination without values is not in the plot.", "combinations without values are not in the plot.",
+            picture.Note);
   return picture;
 }
 

@@ -49,7 +49,7 @@ MeansLines LinesOf(const MeansTable& means);
 std::string CsvText(const MeansLines& lines);
 std::string TabText(const MeansLines& lines);
 
-/// A number as shown on screen: two decimals, three for an absolute value below 1; "" for nullopt.
+/// A number as shown on screen, rounded to its decimals and never "-0.00"; "" for nullopt.
 std::string ShownNumber(const std::optional<double>& value, int decimals);
 /// The decimals with which all numbers of a measure are shown, so that their points stand below each other: 3 while all
 /// of them are below 1, else 2.

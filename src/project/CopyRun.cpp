@@ -22,15 +22,15 @@ class CopyingScreen {
 
 }  // namespace
 
-bool CopyFilesByName(const std::string& from, const std::string& to, const std::vector<std::string>& names,
-                     const Platform& platform) {
+CopyOutcome CopyFilesByName(const std::string& from, const std::string& to, const std::vector<std::string>& names,
+                            const Platform& platform) {
   const CopyingScreen screen(platform.Bar);
   FileCopier copier(platform.Files, from, to, names);
   for (std::size_t done = 0; done < names.size(); ++done) {
-    if (!platform.Bar.ShowCopying(done, names.size(), true)) return false;
-    if (!WithRetry(platform.Boxes, [&] { copier.Copy(names[done]); })) return false;
+    if (!platform.Bar.ShowCopying(done, names.size(), true)) return {done, false, true};
+    if (!WithRetry(platform.Boxes, [&] { copier.Copy(names[done]); })) return {done};
   }
-  return true;
+  return {names.size(), true};
 }
 
 void ForEachFile(const std::vector<std::string>& names, Progress& bar,

@@ -9,10 +9,14 @@
 
 namespace zova {
 
-/// Copies files of a directory, each with Retry, and shows the progress with a Cancel button. False when the user
-/// cancels after a fault or between two files; the files copied so far remain.
-bool CopyFilesByName(const std::string& from, const std::string& to, const std::vector<std::string>& names,
-                     const Platform& platform);
+struct CopyOutcome {
+  std::size_t Copied = 0;   ///< these files remain, also when the rest was given up
+  bool IsComplete = false;  ///< else the user cancelled, after a fault or between two files
+  bool IsStopped = false;   ///< between two files
+};
+/// Copies files of a directory, each with Retry, and shows the progress with a Cancel button.
+CopyOutcome CopyFilesByName(const std::string& from, const std::string& to, const std::vector<std::string>& names,
+                            const Platform& platform);
 
 /// Calls `act` for each name and shows the progress, without Cancel.
 void ForEachFile(const std::vector<std::string>& names, Progress& bar,

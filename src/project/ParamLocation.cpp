@@ -168,7 +168,7 @@ bool ParamLocation::MayReplace(const Load& load) {
 
 bool ParamLocation::CopyFiles(const std::string& from, const std::string& to, const Load& load) {
   const BusyPointer busy(m_platform.Pointer);
-  return CopyFilesByName(from, to, load.Names, m_platform);
+  return CopyFilesByName(from, to, load.Names, m_platform).IsComplete;
 }
 
 // All names, since a failed copy may have created its file.

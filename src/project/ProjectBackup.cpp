@@ -16,6 +16,7 @@
 #include "project/DirectoryRules.h"
 #include "project/ProjectFile.h"
 #include "project/ProjectLayout.h"
+#include "text/Counted.h"
 #include "text/Encoding.h"
 
 namespace zova {
@@ -37,9 +38,7 @@ std::optional<MessageBox> PrepareBackup(const std::string& backupDir, const Plat
                     .Icon = BoxIcon::Information};
 }
 
-std::string CopiedText(std::size_t files) {
-  return std::to_string(files) + (files == 1 ? " file was copied." : " files were copied.");
-}
+std::string CopiedText(std::size_t files) { return Counted(files, "file was copied.", "files were copied."); }
 
 // If both directories are one through a link, the files are already in place. Returns how many were copied; nullopt
 // when that was given up.
@@ -49,8 +48,13 @@ std::optional<std::size_t> CopyDataFiles(const std::string& from, const std::str
   const bool listed = WithRetry(platform.Boxes, [&] {
     if (!platform.Files.IsSame(from, to)) names = platform.Files.ListFiles(from, prefix, kDataFileEnd);
   });
-  if (!listed || !CopyFilesByName(from, to, names, platform)) return std::nullopt;
-  return names.size();
+  if (!listed) return std::nullopt;
+  const CopyOutcome outcome = CopyFilesByName(from, to, names, platform);
+  if (outcome.IsStopped) {
+    Inform(platform.Boxes, "Copying was cancelled.  Of " + Counted(names.size(), "file", "files") + ", " +
+                               std::to_string(outcome.Copied) + " had been copied.");
+  }
+  return outcome.IsComplete ? std::optional(outcome.Copied) : std::nullopt;
 }
 
 // A file that was only copied back, say, may be newer and yet the same.

@@ -8,33 +8,31 @@
 #include "project/ProjectFile.h"
 #include "project/ProjectLayout.h"
 #include "project/ProjectOpening.h"
+#include "text/Counted.h"
 
 namespace zova {
 
 namespace {
 
-std::string NumberText(const std::optional<std::size_t>& number) { return number ? std::to_string(*number) : "-"; }
-
-std::string Counted(const std::string& number, const std::string& what) {
-  return number + " " + what + (number == "1" ? "" : "s");
-}
+constexpr const char* kUnknown = "-";
 
 }  // namespace
 
-SubjectCounts CountSubjects(const ProjectParameters& project, Disk& disk) {
+std::optional<SubjectCounts> CountSubjects(const ProjectParameters& project, Disk& disk) {
   try {
-    if (!ViewOnlyReason(project).empty() || !disk.DirectoryExists(project.PrimaryDir)) return {};
-    return {ListSubjectFiles(disk, project, SubjectDirectory(project.PrimaryDir)).size(),
-            ListSubjectFiles(disk, project, UnfinishedDirectory(project.PrimaryDir)).size()};
+    if (!ViewOnlyReason(project).empty() || !disk.DirectoryExists(project.PrimaryDir)) return std::nullopt;
+    return SubjectCounts{ListSubjectFiles(disk, project, SubjectDirectory(project.PrimaryDir)).size(),
+                         ListSubjectFiles(disk, project, UnfinishedDirectory(project.PrimaryDir)).size()};
   } catch (const FileError&) {
-    return {};
+    return std::nullopt;
   }
 }
 
-std::string FactsText(const ProjectParameters& project, const SubjectCounts& counts) {
-  return Counted(std::to_string(project.TestCount), "test") + ", " +
-         Counted(std::to_string(project.ItemCount), "item") + ", " + Counted(NumberText(counts.Complete), "subject") +
-         ", " + NumberText(counts.Unfinished) + " unfinished";
+std::string FactsText(const ProjectParameters& project, const std::optional<SubjectCounts>& counts) {
+  return Counted(std::to_string(project.TestCount), "test", "tests") + ", " +
+         Counted(std::to_string(project.ItemCount), "item", "items") + ", " +
+         Counted(counts ? std::to_string(counts->Complete) : kUnknown, "subject", "subjects") + ", " +
+         (counts ? std::to_string(counts->Unfinished) : kUnknown) + " unfinished";
 }
 
 std::vector<ListedProject> ListProjects(const std::string& paramDir, Disk& disk) {
@@ -44,10 +42,11 @@ std::vector<ListedProject> ListProjects(const std::string& paramDir, Disk& disk)
     try {
       const ProjectParameters project = ReadProjectFile(disk, path);
       if (project.FormatMarker == kBackupMarker) continue;
+      const auto counts = CountSubjects(project, disk);
       found.emplace_back(disk.ChangedAt(path),
                          ListedProject{path, ProjectTitle(project),
                                        std::to_string(project.TestCount) + " x " + std::to_string(project.ItemCount),
-                                       NumberText(CountSubjects(project, disk).Complete)});
+                                       counts ? std::to_string(counts->Complete) : kUnknown});
     } catch (const FileError&) {
       continue;  // opening it says what is wrong
     }

@@ -11,15 +11,16 @@
 
 namespace zova {
 
-/// How many subjects a project has. No number where its drive is not ready.
+/// How many subjects a project has, by its files.
 struct SubjectCounts {
-  std::optional<std::size_t> Complete;
-  std::optional<std::size_t> Unfinished;
+  std::size_t Complete = 0;
+  std::size_t Unfinished = 0;
 };
-SubjectCounts CountSubjects(const ProjectParameters& project, Disk& disk);
+/// nullopt when the drive is not ready, the primary directory is missing, or the project can be viewed only.
+std::optional<SubjectCounts> CountSubjects(const ProjectParameters& project, Disk& disk);
 
-/// "3 tests, 66 items, 24 subjects, 1 unfinished", with "-" for a number that is not known.
-std::string FactsText(const ProjectParameters& project, const SubjectCounts& counts);
+/// "3 tests, 66 items, 24 subjects, 1 unfinished", with "-" for numbers that are not known.
+std::string FactsText(const ProjectParameters& project, const std::optional<SubjectCounts>& counts);
 
 /// A project whose parameter file lies in the Param directory.
 struct ListedProject {

@@ -46,7 +46,14 @@ void Session::ReadSetting() {
   if (!m_param.IsRegistered()) ShowParamLocation();
 }
 
-void Session::Start() {
+void Session::Start(const std::string& projectFile) {
+  m_startFile = projectFile;
+  StartWithParam();
+  m_startFile.clear();
+  if (!projectFile.empty() && !m_ended && m_screen == Screen::Main && !m_project) OpenProject(projectFile);
+}
+
+void Session::StartWithParam() {
   if (!m_prepared) Prepare();
   if (!m_settingRead && !WithRetry(m_platform.Boxes, [&] { ReadSetting(); })) return ShowParamLocation();
   if (!m_param.IsRegistered()) return;
@@ -76,13 +83,6 @@ void Session::StartWithLostParam() {
   } else {
     ShowParamLocation();
   }
-}
-
-void Session::Start(const std::string& projectFile) {
-  m_startFile = projectFile;
-  Start();
-  m_startFile.clear();
-  if (!m_ended && m_screen == Screen::Main && !m_project) OpenProject(projectFile);
 }
 
 bool Session::LockParam() {

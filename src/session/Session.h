@@ -32,10 +32,9 @@ class Session {
   /// The part of the start without a window: reads the stored setting, and selects the location screen without one.
   void Prepare();
   /// Continues to the main screen or the location screen, with all questions.
-  void Start();
-  /// As Start; then opens this parameter file, unless something else waits for the user. When another copy of the
-  /// program uses Param, that one opens it.
-  void Start(const std::string& projectFile);
+  /// Then opens `projectFile`, if it is given and nothing else waits for the user. When another copy of the program
+  /// uses Param, that one opens it.
+  void Start(const std::string& projectFile = {});
   /// To be called when a command was ended by an exception: secures the subject that is being entered, and reports.
   void Recover(const std::exception_ptr& fault);
   /// The program is to end.
@@ -121,6 +120,7 @@ class Session {
   void FollowLocation(const LocationOutcome& outcome);
   void ReadSetting();
   void StartWithLostParam();
+  void StartWithParam();
   bool LockParam();
   void Opened(ChosenProject chosen);
   void SetProject(ProjectParameters project, std::string file);
@@ -149,7 +149,7 @@ class Session {
   std::function<void()> m_observer;
   Screen m_screen = Screen::Main;
   std::optional<ProjectParameters> m_project;
-  std::string m_startFile;
+  std::string m_startFile;  // while the program starts
   std::string m_facts;
   std::vector<ListedProject> m_listed;
   bool m_countsAreOld = true;

@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QDialog>
+#include <QDir>
 #include <QKeyEvent>
 #include <QPlainTextEdit>
 #include <QScreen>
@@ -11,7 +12,10 @@
 #include <QTest>
 #include <QTimer>
 #include <QWindow>
+#include <chrono>
+#include <future>
 
+#include "app/desktop/OpenRequests.h"
 #include "app/desktop/QtFileDialogs.h"
 #include "app/desktop/QtMessageBoxes.h"
 #include "app/desktop/Style.h"
@@ -122,6 +126,32 @@ TEST(QtFileDialogsTest, ANameWithoutAnEndingGetsThatOfTheChosenKind) {
     const FileQuestion question{"Save", "D:\\", {{"PDF", "*.pdf"}, {"SVG", "*.svg"}, {"All files", "*.*"}}, "P.pdf"};
     EXPECT_EQ(QtFileDialogs(disk, desktop).ChooseNewFile(question).value_or(""), path) << kind;
   }
+}
+
+TEST(OpenRequestsTest, ARunningCopyTakesTheProjectsThatItMayOpen) {
+  testing::Scratch scratch;
+  scratch.MakeDirectory("C:\\Settings");
+  const QString directory = ToQt(PathText(scratch.Native("C:\\Settings")));
+  OpenRequests running(directory), other(directory);
+  std::string opened;
+  bool mayOpen = true;
+  running.Listen(
+      {[] { return "C:\\Param"; }, [&] { return mayOpen; }, [&](const std::string& file) { opened = file; }});
+  const auto send = [&](const std::string& param, int patience) {
+    auto taken =
+        std::async(std::launch::async, [&, param, patience] { return other.Send(param, "D:\\A.prm", patience); });
+    const auto isReady = [&] { return taken.wait_for(std::chrono::seconds(0)) == std::future_status::ready; };
+    EXPECT_TRUE(QTest::qWaitFor(isReady, 30000));
+    return taken.get();
+  };
+  EXPECT_FALSE(send("D:\\Param", 100)) << "another Param";
+  mayOpen = false;
+  EXPECT_FALSE(send("C:\\Param", 100));
+  EXPECT_EQ(opened, "");
+  EXPECT_TRUE(QDir(directory).isEmpty()) << "a request that no one takes is withdrawn";
+  mayOpen = true;
+  EXPECT_TRUE(send("C:\\Param", 20000));
+  EXPECT_EQ(opened, "D:\\A.prm");
 }
 
 // Users have files that Qt wrote, and may go back to a program that reads them with it.

@@ -135,7 +135,8 @@ TEST(ProjectBackup, NewDestinations) {
 }
 
 TEST(ProjectBackup, IsCancelledBetweenTwoFiles) {
-  ScriptedBoxes boxes{HasBackup(BoxAnswer::No)};
+  ScriptedBoxes boxes{HasBackup(BoxAnswer::No),
+                      Told("Copying was cancelled.  Of 2 files, 1 had been copied.", BoxIcon::Information)};
   Lab lab(boxes);
   const Tree before = lab.Files.Snapshot();
   lab.Fakes.Bar.StopsAt = 1;

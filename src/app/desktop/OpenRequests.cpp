@@ -14,8 +14,7 @@
 namespace zova {
 
 namespace {
-constexpr int kPatience = 2000;  // milliseconds
-constexpr int kPause = 20;
+constexpr int kPause = 20;  // milliseconds
 }  // namespace
 
 OpenRequests::OpenRequests(const QString& directory)
@@ -23,12 +22,12 @@ OpenRequests::OpenRequests(const QString& directory)
   connect(&m_watcher, &QFileSystemWatcher::directoryChanged, this, &OpenRequests::Look);
 }
 
-bool OpenRequests::Send(const std::string& paramDir, const std::string& projectFile) {
+bool OpenRequests::Send(const std::string& paramDir, const std::string& projectFile, int patience) {
   QSaveFile file(m_file);
   if (!file.open(QIODevice::WriteOnly)) return false;
   file.write(QByteArray::fromStdString(paramDir + "\n" + projectFile));
   if (!file.commit()) return false;
-  for (QDeadlineTimer deadline(kPatience); !deadline.hasExpired(); QThread::msleep(kPause)) {
+  for (QDeadlineTimer deadline(patience); !deadline.hasExpired(); QThread::msleep(kPause)) {
     if (!QFile::exists(m_file)) return true;
   }
   return !QFile::remove(m_file);  // taken at the last moment

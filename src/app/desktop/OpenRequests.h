@@ -23,8 +23,8 @@ class OpenRequests : public QObject {
 
  public:
   explicit OpenRequests(const QString& directory);
-  /// True when another copy took the request.
-  bool Send(const std::string& paramDir, const std::string& projectFile);
+  /// True when another copy took the request within `patience` milliseconds.
+  bool Send(const std::string& paramDir, const std::string& projectFile, int patience = 2000);
   void Listen(OpenRequestActs acts);
 
  private:

@@ -74,7 +74,9 @@ EntryPanel::EntryPanel(SubjectFlow& subjects)
   connect(m_txtInput, &GridBox::Acted, this, [this] { ActAndReturn([] {}); });
   connect(m_txtInput, &GridBox::textEdited, m_grdInput, &GridTable::ShowTyping);
   connect(m_txtInput, &GridBox::textEdited, this, [this] { m_lblFastHelp->setText(kFastHelp); });
-  connect(m_txtInput, &GridBox::Dropped, this, &EntryPanel::TellDropped);
+  connect(m_txtInput, &GridBox::Dropped, this, [this](const QString& character) {
+    m_lblFastHelp->setText(ToQt(EntryGrid::DroppedText(FromQt(character))));
+  });
   connect(m_grdInput, &GridTable::Acted, this, [this] { ActAndReturn([] {}); });
   m_side->widget()->installEventFilter(this);
   FitSide();
@@ -114,10 +116,6 @@ QHBoxLayout* EntryPanel::MakeUndoButtons() {
   row->addWidget(m_cmdUndo);
   row->addWidget(m_cmdRedo);
   return row;
-}
-
-void EntryPanel::TellDropped(const QString& character) {
-  m_lblFastHelp->setText(QStringLiteral("'%1' was not taken: only digits can be typed here.").arg(character));
 }
 
 // Its buttons scroll in a low window; grid and box always stand beside it.

@@ -34,7 +34,6 @@ class EntryPanel : public Panel {
   QWidget* MakeEntry();
   QHBoxLayout* MakeUndoButtons();
   void ShowPlace();
-  void TellDropped(const QString& character);
   void FollowTimer();
   void FitSide();
   void ActOnTicks();

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/screens/VariableEditorPanel.h"
 
-#include <QApplication>
+#include <QCoreApplication>
 #include <QFocusEvent>
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -176,7 +176,6 @@ void VariableEditorPanel::hideEvent(QHideEvent* event) {
 void VariableEditorPanel::keyPressEvent(QKeyEvent* event) {
   if (!IsEnter(*event) || window()->focusWidget() != m_entry.Edit || Wizard().IsViewing())
     return WizardPage::keyPressEvent(event);
-  if (m_entry.Edit->text().isEmpty()) QApplication::beep();  // nothing is named
   if (!event->isAutoRepeat()) Do(&NewProjectWizard::EnterVariableText);
 }
 

@@ -9,6 +9,7 @@
 
 #include "scoring/MinuteRange.h"
 #include "scoring/ScoreSubject.h"
+#include "text/Counted.h"
 #include "text/Encoding.h"
 #include "text/LeadingNumber.h"
 #include "text/TypedText.h"
@@ -77,8 +78,7 @@ std::string GroupPlanText(const GroupPlan& plan, const std::vector<std::string>&
   for (const LevelPlan& level : plan.Levels) {
     if (!text.empty()) text += '\n';
     if (separator) text += LevelText(project, *separator, level.Level) + ": ";
-    text += level.GroupCount == 0 ? "no" : std::to_string(level.GroupCount);
-    text += level.GroupCount == 1 ? " group" : " groups";
+    text += Counted(level.GroupCount == 0 ? "no" : std::to_string(level.GroupCount), "group", "groups");
     if (plan.SubjectsPerGroup < kBeyondAnySize) text += " of " + std::to_string(plan.SubjectsPerGroup);
     const char* opening = level.LeftOver.size() == 1 ? ", left over: subject " : ", left over: subjects ";
     for (const std::size_t subject : level.LeftOver) {

@@ -15,10 +15,7 @@ class Desktop {
   virtual void RestorePointer() = 0;
   virtual void Beep() = 0;
   /// Asks the copy of the program that uses `paramDir` on this desktop to open a project. False when there is none.
-  virtual bool HandOver(const std::string& paramDir, const std::string& projectFile) {
-    static_cast<void>(paramDir), static_cast<void>(projectFile);
-    return false;
-  }
+  virtual bool HandOver(const std::string& /*paramDir*/, const std::string& /*projectFile*/) { return false; }
   /// Opens a directory in the system's file manager. False when that fails.
   virtual bool OpenFolder(const ResolvedPath& directory) = 0;
 };

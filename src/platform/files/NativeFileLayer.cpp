@@ -124,6 +124,16 @@ EntryKind KindOf(const fs::file_status& status) noexcept {
   }
 }
 
+FileIdentity IdentityOf(const struct stat& status) {
+#ifdef __APPLE__
+  const timespec& changed = status.st_mtimespec;
+#else
+  const timespec& changed = status.st_mtim;
+#endif
+  constexpr std::int64_t kNanoseconds = 1'000'000'000;
+  return {status.st_dev, status.st_ino, status.st_nlink, changed.tv_sec * kNanoseconds + changed.tv_nsec};
+}
+
 // Omits an entry that has vanished.
 void AddEntry(std::string name, fs::file_type type, bool isLink, std::vector<DirectoryEntry>& entries) {
   const EntryKind kind = KindOf(fs::file_status(type));
@@ -143,16 +153,6 @@ EntryKind NativeFileLayer::Kind(const fs::path& path) {
   if (status.type() == fs::file_type::not_found) return EntryKind::Missing;
   Check(code);
   return KindOf(status);
-}
-
-static FileIdentity IdentityOf(const struct stat& status) {
-#ifdef __APPLE__
-  const timespec& changed = status.st_mtimespec;
-#else
-  const timespec& changed = status.st_mtim;
-#endif
-  constexpr std::int64_t kNanoseconds = 1'000'000'000;
-  return {status.st_dev, status.st_ino, status.st_nlink, changed.tv_sec * kNanoseconds + changed.tv_nsec};
 }
 
 std::optional<FileIdentity> NativeFileLayer::Identity(const fs::path& path) {

@@ -125,6 +125,7 @@ int NewProjectWizard::TestCount() const noexcept {
 
 void NewProjectWizard::EnterVariableText() {
   if (m_viewing) return;
+  if (Variables().EntryText().empty()) m_platform.Pointer.Beep();
   m_state.Entries.Variables.Enter();
   PlaceCursor(WizardBox::Variable);
 }

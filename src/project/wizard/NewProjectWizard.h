@@ -55,7 +55,7 @@ class NewProjectWizard {
 
   // The variable editor. Highlighting and Review also work while viewing.
   [[nodiscard]] const VariableEditor& Variables() const noexcept { return m_state.Entries.Variables; }
-  void EnterVariableText();
+  void EnterVariableText();  ///< an empty text names nothing: a beep
   void HighlightVariable();
   void HighlightLevel(int label);
   void DeleteHighlighted();

@@ -4,6 +4,7 @@
 
 #include "project/DirectoryRules.h"
 #include "project/wizard/WizardPages.h"
+#include "text/Counted.h"
 
 namespace zova {
 
@@ -11,8 +12,10 @@ namespace {
 
 constexpr const char* kNone = "none";
 
-std::string Counted(const std::string& number, const std::string& what) {
-  return number.empty() ? std::string() : number + " " + what + (number == "1" ? "" : "s");
+// "" for a box that is still empty.
+std::string CountedIn(const WizardEntries& entries, WizardBox box, const char* one, const char* several) {
+  const std::string& number = entries.Text(box);
+  return number.empty() ? number : Counted(number, one, several);
 }
 
 std::string Joined(const std::string& left, const std::string& right) {
@@ -37,19 +40,20 @@ std::string ShortAnswer(const WizardEntries& entries, int page) {
       return Joined(entries.Text(WizardBox::Primary), backup == kNoDirectory ? "no backup" : backup);
     }
     case 3:
-      return Joined(Counted(entries.Text(WizardBox::Tests), "test"), Counted(entries.Text(WizardBox::Items), "item"));
-    case 4: {
+      return Joined(CountedIn(entries, WizardBox::Tests, "test", "tests"),
+                    CountedIn(entries, WizardBox::Items, "item", "items"));
+    case 4:
       if (!entries.Option(WizardOption::Categorized)) return kNone;
-      const std::string& count = entries.Text(WizardBox::Categories);
-      return Joined(count == "1" ? "1 category" : count + " categories",
+      return Joined(CountedIn(entries, WizardBox::Categories, "category", "categories"),
                     entries.Option(WizardOption::FalseMemory) ? "with lures" : "");
-    }
     case 5: {
       std::string names;
       for (const std::string& name : entries.Variables.Names()) names = Joined(names, name);
       return entries.Option(WizardOption::Variables) ? names : kNone;
     }
-    case 6: return entries.Option(WizardOption::Minutes) ? Counted(entries.Text(WizardBox::Minutes), "minute") : kNone;
+    case 6:
+      if (!entries.Option(WizardOption::Minutes)) return kNone;
+      return CountedIn(entries, WizardBox::Minutes, "minute", "minutes");
     case 7:
       if (!entries.Option(WizardOption::Ratings)) return kNone;
       return Joined("1 to " + entries.Text(WizardBox::MaxRating), RatedTests(entries));

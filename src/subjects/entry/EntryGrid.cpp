@@ -56,6 +56,10 @@ std::string EntryGrid::WhereText() const {
   return text + " (1 to " + std::to_string(ColumnLimit(*m_project, column)) + ")";
 }
 
+std::string EntryGrid::DroppedText(const std::string& character) {
+  return "'" + character + "' was not taken: only digits can be typed here.";
+}
+
 CellInput EntryGrid::Typed(GridCell cell, std::string_view text) const {
   const int number = OrBeyondAnyRange(LeadingInteger16(text));
   const auto refusal = m_cells.Selection().IsOneCell() ? CellRefusal : BlockRefusal;

@@ -26,6 +26,9 @@ class EntryGrid {
   /// Where the cursor is: "Recalled, line 10 (1 to 60)", "Minute (1 to 7)"; without numbers in a column not in use.
   [[nodiscard]] std::string WhereText() const;
 
+  /// Says that a typed character was not taken.
+  [[nodiscard]] static std::string DroppedText(const std::string& character);
+
   void InsertLine();
   void DeleteSelectedLines();
   void AddMinute();

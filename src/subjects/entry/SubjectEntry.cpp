@@ -6,6 +6,7 @@
 
 #include "platform/desktop/FileErrorBoxes.h"
 #include "subjects/SubjectFile.h"
+#include "text/Counted.h"
 
 namespace zova {
 
@@ -40,11 +41,11 @@ std::string SubjectEntry::SubjectCaption() const {
 }
 
 std::string SubjectEntry::RecallsCaption() const {
-  int recalls = 0;
+  std::size_t recalls = 0;
   for (int line = 1; line <= m_record.Lists.PositionCount(); ++line) {
     if (m_record.Lists.At(m_grid.Test(), line).Item > 0) ++recalls;
   }
-  return std::to_string(recalls) + (recalls == 1 ? " recall" : " recalls");
+  return Counted(recalls, "recall", "recalls");
 }
 
 std::string SubjectEntry::LevelsCaption() const {
