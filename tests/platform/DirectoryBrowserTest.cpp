@@ -2,7 +2,6 @@
 
 #include "platform/desktop/DirectoryBrowser.h"
 
-#include "support/FailingFileLayer.h"
 #include "support/Scratch.h"
 #include "support/ScriptedBoxes.h"
 
@@ -28,9 +27,8 @@ TEST(DirectoryBrowser, ListsWhatCanBeEnteredAndStored) {
   fs::permissions(root / "zlocked", fs::perms::owner_read);  // it can be listed, but nothing in it reached
   std::error_code code;                                      // none for the system's administrator, who goes anywhere
   (void)fs::exists(root / "zlocked" / "x", code);
-  Disk disk = scratch.MakeDisk();
   ScriptedBoxes boxes;
-  DirectoryBrowser browser(disk, boxes, "Not ready.");
+  DirectoryBrowser browser(scratch.Files, boxes, "Not ready.");
   EXPECT_EQ(browser.Drives(), (std::vector<char>{'C', 'D'}));
   EXPECT_EQ(Shown(browser), std::string("C:\\ | C:\\ >B >b >link") + (code ? "" : " >zlocked"));
   const std::vector<std::pair<std::string, std::string>> cases = {
@@ -45,17 +43,15 @@ TEST(DirectoryBrowser, ListsWhatCanBeEnteredAndStored) {
 TEST(DirectoryBrowser, TellsOfWhatIsGoneAndGoesOn) {
   Scratch scratch;
   scratch.MakeDirectory("C:\\a\\b\\c");
-  FailingFileLayer layer(scratch.Layer());
-  Disk disk(layer, scratch.Drives());
   ScriptedBoxes boxes;
-  DirectoryBrowser browser(disk, boxes, "Not ready.");
+  DirectoryBrowser browser(scratch.Files, boxes, "Not ready.");
   for (const std::size_t entry : {1U, 2U, 4U}) EXPECT_EQ(browser.Open(entry), entry < 4);
   const ExpectedBox notReady{.Text = "Not ready.", .Icon = BoxIcon::Exclamation, .Buttons = BoxButtons::Ok};
   for (const int n : {1, 2, 3, 5}) {  // the 4th looks at an entry, which is shown then
-    layer.FailAt(n, std::errc::io_error);
+    scratch.Faults.FailAt(n, std::errc::io_error);
     boxes.Expect(notReady);
-    EXPECT_FALSE(browser.Open(1)) << layer.FailedCall();
-    EXPECT_EQ(Shown(browser), "C:\\a\\b | C:\\ >a >>b >>>c") << layer.FailedCall();
+    EXPECT_FALSE(browser.Open(1)) << scratch.Faults.FailedCall();
+    EXPECT_EQ(Shown(browser), "C:\\a\\b | C:\\ >a >>b >>>c") << scratch.Faults.FailedCall();
   }
   std::vector<std::tuple<const char*, std::size_t, const char*>> cases = {{"C:\\a\\b", 3, "C:\\a | C:\\ >a"},
                                                                           {"C:\\", 1, "D:\\ | D:\\"}};

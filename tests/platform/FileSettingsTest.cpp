@@ -2,7 +2,6 @@
 
 #include "platform/desktop/FileSettings.h"
 
-#include "support/FailingFileLayer.h"
 #include "support/Scratch.h"
 
 using namespace zova;
@@ -17,23 +16,21 @@ const std::string kContent =
 }  // namespace
 
 TEST(FileSettings, AnySingleFailureLeavesTheOldTextOrTheNewOne) {
+  Scratch scratch;
   bool failed = true;
   for (int n = 1; failed; ++n) {
-    Scratch scratch;
     scratch.Put(kFile, kContent);
-    FailingFileLayer layer(scratch.Layer());
-    Disk disk(layer, scratch.Drives());
-    FileSettings settings(disk, kFile);
-    layer.FailAt(n, std::errc::no_space_on_device, FailingFileLayer::Writes::Half);
+    FileSettings settings(scratch.Files, kFile);
+    scratch.Faults.FailAt(n, std::errc::no_space_on_device, FailingFileLayer::Writes::Half);
     bool told = false;
     try {
       settings.Set("Startup", "ParamPath$", "D:\\New");
     } catch (const FileError& error) {
       told = error.Path() == kFile || error.Path() == "C:\\config\\ZOVA";
     }
-    failed = layer.HasFailed();
-    SCOPED_TRACE(layer.FailedCall());
-    layer.FailNever();
+    failed = scratch.Faults.HasFailed();
+    SCOPED_TRACE(scratch.Faults.FailedCall());
+    scratch.Faults.FailNever();
     const std::string stored = settings.Get("Startup", "ParamPath$");
     EXPECT_TRUE(stored == "D:\\New" || (told && stored == "C:\\Old, too")) << stored;
     EXPECT_EQ(settings.Get("Last", "a") + settings.Get("Other", "ParamPath$") + settings.Get("Startup", "mine"), "bx1");

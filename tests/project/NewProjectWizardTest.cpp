@@ -23,9 +23,6 @@ ExpectedBox Asked(const std::string& text, BoxAnswer answer, BoxAnswer preset = 
 ExpectedBox AskedToCreate(const std::string& directory, BoxAnswer answer) {
   return Asked("'" + directory + "' Directory does not exist.  Do you wish to create it?", answer);
 }
-ExpectedBox Warned(const std::string& text, BoxAnswer answer, BoxButtons buttons = BoxButtons::YesNo) {
-  return {text, answer, "", BoxIcon::Exclamation, buttons, No, "Warning"};
-}
 ExpectedBox AskedToShare(const std::string& prefix, BoxAnswer answer) {
   const char* const rest = "' in the primary directory.  Do you want to use this prefix anyway?";
   return Warned("There are already data files with the prefix '" + prefix + rest, answer);
@@ -40,10 +37,10 @@ const std::string kFinish =
 const ExpectedBox kBadName = Told("Bad file name.  Please select another.");
 const ExpectedBox kBadItems = Told("Value for number of items must be greater than 0 and less than 1000.");
 
-class NewProjectWizardTest : public ::testing::Test {
+class NewProjectWizardTest : public ::testing::Test, protected Scratch {
  protected:
   NewProjectWizardTest() {
-    for (const char* file : {"C:\\Param\\a.prm", "C:\\Data\\a", "C:\\File"}) m_scratch.Put(file, "");
+    for (const char* file : {"C:\\Param\\a.prm", "C:\\Data\\a", "C:\\File"}) Put(file, "");
     m_wizard.Start("C:\\Param");
     Type({{Title, "Pilot"}, {Primary, "C:\\Data"}, {Tests, "3"}, {Items, "60"}});
   }
@@ -86,20 +83,18 @@ class NewProjectWizardTest : public ::testing::Test {
     EXPECT_EQ(m_wizard.Done(false), written) << prefix;
   }
 
-  Scratch m_scratch;
   FakePlatform m_fakes;
-  Disk m_disk = m_scratch.MakeDisk();
-  NewProjectWizard m_wizard{m_fakes.With(m_disk)};
+  NewProjectWizard m_wizard{m_fakes.With(Files)};
 };
 
 TEST_F(NewProjectWizardTest, TitleNamesTheFileAndThePrefixUntilOneIsTyped) {
-  const Tree before = m_scratch.Snapshot();
+  const Tree before = Snapshot();
   Leave(1, {{Title, " .prm"}}, {Told("The project must have a title.  Please re-enter.", BoxIcon::Information)});
   for (const std::string& bad : {std::string("a*b"), std::string("nul"), std::string("Com1.x.y"),
                                  std::string("\u200B\u00A0"), std::string("Aux .prm")})
     Leave(1, {{Title, bad}}, {kBadName});
   ExpectedBox tooLong = kBadName;
-  tooLong.Details = std::make_error_code(std::errc::filename_too_long).message();
+  tooLong.Details = TextOf(std::errc::filename_too_long);
   Leave(1, {{Title, std::string(300, 'x')}}, {tooLong});
   for (const auto& [prefix, title, file, shown] : std::vector<std::array<const char*, 4>>{
            {"", "  v1.2.3 ", "\"v1.prm\"", "v1"},
@@ -110,15 +105,15 @@ TEST_F(NewProjectWizardTest, TitleNamesTheFileAndThePrefixUntilOneIsTyped) {
     Leave(1, {{Abbreviation, prefix}, {Title, title}}, {}, file);
     EXPECT_EQ(m_wizard.Text(Abbreviation), shown);
   }
-  EXPECT_EQ(m_scratch.Snapshot(), before);
+  EXPECT_EQ(Snapshot(), before);
 }
 
 TEST_F(NewProjectWizardTest, OverwritingAndSharingAPrefixAreAskedFor) {
   const std::string overwrite =
       "There already is an experiment entitled 'Pilot'!  Are you sure you want to overwrite this data?";
-  m_scratch.Put("C:\\Param\\PILOT.prm", FormatProject(ExampleProject("C:"), kCurrentMarker));
-  for (const char* file : {"Example Sub#1.dat", "New 2.dat"}) m_scratch.Put(JoinPath("C:\\Data\\Sdata", file), "");
-  const Tree before = m_scratch.Snapshot();
+  Put("C:\\Param\\PILOT.prm", FormatProject(ExampleProject("C:"), kCurrentMarker));
+  for (const char* file : {"Example Sub#1.dat", "New 2.dat"}) Put(JoinPath("C:\\Data\\Sdata", file), "");
+  const Tree before = Snapshot();
   for (const BoxAnswer answer : {No, Cancel}) Leave(1, {{Title, "Pilot"}}, {Asked(overwrite, answer, No)});
   Leave(1, {{Title, "Pilot"}}, {Asked(overwrite, Yes, No)}, "Pilot.prm");
   GoTo(8);
@@ -131,7 +126,7 @@ TEST_F(NewProjectWizardTest, OverwritingAndSharingAPrefixAreAskedFor) {
   Finish("  ", {Told("You must have an abbreviation.", BoxIcon::Information)});
   Finish(" ABCDEFGHIJKLMNOPQRS TUV", {Warned(kFinish, No)});
   EXPECT_EQ(m_wizard.Project().Abbreviation + m_wizard.Text(Abbreviation), "ABCDEFGHIJKLMNOPQRSABCDEFGHIJKLMNOPQRS");
-  EXPECT_EQ(m_scratch.Snapshot(), before);
+  EXPECT_EQ(Snapshot(), before);
 }
 
 TEST_F(NewProjectWizardTest, DirectoriesAreMadeOrRefused) {
@@ -153,10 +148,10 @@ TEST_F(NewProjectWizardTest, DirectoriesAreMadeOrRefused) {
   for (const BoxAnswer answer : {Yes, Cancel}) Leave(2, {{Backup, "c:/Param"}}, {Asked(kAdvice, answer)});
   EXPECT_EQ(m_wizard.Text(Backup), "c:\\Param");
   Leave(2, {{Backup, "C:\\x\\y"}}, {AskedToCreate("C:\\x\\y", Yes), Asked(kAdvice, No)}, "\"C:\\x\\y\"");
-  EXPECT_TRUE(m_scratch.Has("C:\\x\\y"));
+  EXPECT_TRUE(Has("C:\\x\\y"));
   GoTo(2), m_wizard.CopyPath(Primary);  // the browser's, at the root whenever the page is arrived at
   Leave(2, {{Backup, "D:\\"}}, {}, "\"C:\",\"D:\"");
-  Leave(2, {{Primary, PathText(m_scratch.Native("C:\\Data"))}, {Backup, " "}}, {}, "\"C:\\Data\",\"(none)\"");
+  Leave(2, {{Primary, PathText(Native("C:\\Data"))}, {Backup, " "}}, {}, "\"C:\\Data\",\"(none)\"");
 }
 
 TEST_F(NewProjectWizardTest, NumbersAreCutReadRoundedAndLimitedAndOnlyExistingTestsAreRated) {
@@ -208,16 +203,15 @@ TEST_F(NewProjectWizardTest, DoneWritesOnceAndAFailureKeepsThePage) {
   Type({{Variable, "Two"}});  // still in its box on "Next >>"
   GoTo(7), Finish("P", {});
   GoTo(8), m_wizard.Next();
-  m_scratch.MakeDirectory("D:\\Pilot.prm");
-  Finish("P", {Warned(kFinish, Yes), {std::make_error_code(std::errc::is_a_directory).message(), Cancel}});
-  std::filesystem::remove(m_scratch.Native("D:\\Pilot.prm"));
+  MakeDirectory("D:\\Pilot.prm");
+  Finish("P", {Warned(kFinish, Yes), {TextOf(std::errc::is_a_directory), Cancel}});
+  std::filesystem::remove(Native("D:\\Pilot.prm"));
   Finish("P", {Warned(kFinish, Yes)}, true);
   Finish("P", {});
   const std::string file =
       "3,60,0,0,0,0,0,,,0,0,,1,\"P\",\"C:\\Data\",\"D:\",\"Pilot.prm\",0,,\"VB Version\"\r\n"
       "2\r\n\"Group\"\r\n\"One\"\r\n\"Two\"\r\n";
-  for (const char* place : {"C:\\Param", "C:\\Data", "D:"})
-    EXPECT_EQ(m_scratch.Get(JoinPath(place, "Pilot.prm")), file);
+  for (const char* place : {"C:\\Param", "C:\\Data", "D:"}) EXPECT_EQ(Get(JoinPath(place, "Pilot.prm")), file);
   EXPECT_EQ(FormatProject(m_wizard.Project(), kCurrentMarker), file);
 }
 

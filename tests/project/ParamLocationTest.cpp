@@ -2,7 +2,6 @@
 
 #include "project/ParamLocation.h"
 
-#include "support/FailingFileLayer.h"
 #include "support/FakePlatform.h"
 #include "support/Scratch.h"
 
@@ -25,8 +24,7 @@ ExpectedBox Restore(BoxAnswer answer) {
   return {text, answer, "", BoxIcon::Question, BoxButtons::YesNoCancel, BoxAnswer::No};
 }
 ExpectedBox Replace(const std::string& name, BoxAnswer answer) {
-  const std::string text = "The new location already holds '" + name + "'.  Do you wish to replace it?";
-  return {text, answer, "", BoxIcon::Exclamation, BoxButtons::YesNo, BoxAnswer::No, "Warning"};
+  return Warned("The new location already holds '" + name + "'.  Do you wish to replace it?", answer);
 }
 
 /// Yes to all questions but whether to try again.
@@ -37,22 +35,19 @@ class YesBoxes final : public MessageBoxes {
 };
 
 /// The screen, with "a.prm" and "b.prm" in the directory `from`.
-struct Rig {
+struct Rig : Scratch {
   Rig(MessageBoxes& boxes, const std::string& from) : Boxes(boxes) {
-    Place.MakeDirectory("C:\\ZOVA");
-    if (!from.empty()) Place.Put(from + "\\a.prm", "a"), Place.Put(from + "\\b.prm", "b");
+    MakeDirectory("C:\\ZOVA");
+    if (!from.empty()) Put(from + "\\a.prm", "a"), Put(from + "\\b.prm", "b");
     if (!from.empty()) Fakes.Settings.Values["Startup/ParamPath$"] = kOld;
     Param.Load(), Location.Open(), Param.Lock(from);
   }
   std::string Stored() { return Fakes.Settings.Values["Startup/ParamPath$"]; }
   bool IsWhole(const std::string& in) const {
-    return Place.Has(in + "\\b.prm") && Place.Get(in + "\\a.prm") + Place.Get(in + "\\b.prm") == "ab";
+    return Has(in + "\\b.prm") && Get(in + "\\a.prm") + Get(in + "\\b.prm") == "ab";
   }
   MessageBoxes& Boxes;
   FakePlatform Fakes;
-  Scratch Place;
-  FailingFileLayer Layer{Place.Layer()};
-  Disk Files{Layer, Place.Drives()};
   ParamDirectory Param{Fakes.Settings, Files};
   ParamLocation Location{Param, "C:\\ZOVA", Fakes.With(Files, Boxes)};
 };
@@ -62,7 +57,7 @@ struct Rig {
 TEST(ParamLocation, Accepts) {
   const ExpectedBox already = Told("This already is the location of the 'Param' folder.");
   const ExpectedBox inUse = Told("ZOVA is already running with this 'Param' directory.", BoxIcon::Critical);
-  const ExpectedBox unstored{std::make_error_code(std::errc::io_error).message(), BoxAnswer::Cancel, "ZOVA.ini"};
+  const ExpectedBox unstored{TextOf(std::errc::io_error), BoxAnswer::Cancel, "ZOVA.ini"};
   const std::string lost = "D:\\F\\Param";
   const struct {
     std::string From, Extra;  // where the files are, and a file that is there as well
@@ -70,7 +65,7 @@ TEST(ParamLocation, Accepts) {
     std::vector<ExpectedBox> Boxes;
     std::string Message, Place;  // with which it closes, and what is registered then; "" when nothing may change
     bool Ends = false;
-    bool StoresAndFails = false;
+    bool StoresAndFails = false, IsStopped = false;
   } cases[] = {
       {kOld, "", "D:\\New\\Deep\\", {}, kMoved, "D:\\New\\Deep\\Param"},
       {kOld, "", "(none)", {kNotFound}, "", ""},
@@ -88,6 +83,7 @@ TEST(ParamLocation, Accepts) {
       {kOld, kOld + "\\x\\y", "D:\\", {}, kUndeleted, "D:\\Param"},
       {kOld, "", "D:\\", {unstored}, "", ""},
       {kOld, "", "D:\\", {unstored}, "", "", false, true},
+      {kOld, "", "D:\\", {}, "", "", false, false, true},  // between its two files
       {lost, "", "D:\\F", {Restore(BoxAnswer::No), unstored}, "", ""},
       {lost, "", "D:\\F", {Restore(BoxAnswer::Cancel)}, "", ""},
       {lost, "", "D:\\F", {Restore(BoxAnswer::No)}, "'Param' directory successfully registered.", lost},
@@ -103,23 +99,25 @@ TEST(ParamLocation, Accepts) {
     Rig rig(boxes, c.From);
     rig.Fakes.Settings.Failures = !c.Boxes.empty() && c.Boxes.back().Text == unstored.Text ? 1 : 0;
     rig.Fakes.Settings.StoresAndFails = c.StoresAndFails;
-    if (!c.Extra.empty()) rig.Place.Put(c.Extra, "x");
+    if (c.IsStopped) rig.Fakes.Bar.StopsAt = 1;
+    if (!c.Extra.empty()) rig.Put(c.Extra, "x");
     DirectoryLock other;
-    if (c.Extra.starts_with("D:\\Used")) other.Acquire(rig.Place.Native("D:\\Used\\Param"));
-    const Tree before = rig.Place.Snapshot();
+    if (c.Extra.starts_with("D:\\Used")) other.Acquire(rig.Native("D:\\Used\\Param"));
+    const Tree before = rig.Snapshot();
     const LocationOutcome outcome = rig.Location.Accept(c.Text);
+    EXPECT_FALSE(rig.Fakes.Bar.IsCopying);
     EXPECT_EQ(outcome.Next, c.Ends ? Step::EndProgram : c.Place.empty() ? Step::Stay : Step::Close);
     EXPECT_EQ(outcome.Message ? outcome.Message->Text : "", c.Message);
     EXPECT_EQ(rig.Stored(), c.Place.empty() ? kOld : c.Place);
-    EXPECT_TRUE(!c.Place.empty() || rig.Place.Snapshot() == before);
+    EXPECT_TRUE(!c.Place.empty() || rig.Snapshot() == before);
     if (!outcome.Message) continue;
     EXPECT_EQ(outcome.Message->Icon, c.Message == kUndeleted ? BoxIcon::Exclamation : BoxIcon::Information);
     EXPECT_EQ(rig.IsWhole(c.Place), c.Message != kCreated);
     if (c.Message == kMoved) {
-      EXPECT_FALSE(rig.Place.Has(c.From));
+      EXPECT_FALSE(rig.Has(c.From));
     }
-    EXPECT_EQ(rig.Place.Has(c.Place + "\\Example.prm"), c.Message == kCreated);
-    EXPECT_EQ(other.Acquire(rig.Place.Native(c.Place)), DirectoryLock::Outcome::InUse);
+    EXPECT_EQ(rig.Has(c.Place + "\\Example.prm"), c.Message == kCreated);
+    EXPECT_EQ(other.Acquire(rig.Native(c.Place)), DirectoryLock::Outcome::InUse);
   }
 }
 
@@ -131,16 +129,16 @@ TEST(ParamLocation, AMoveThatFailsLosesNothing) {
     for (int n = 1, failed = 1; failed == 1; n += kFailureStep) {
       YesBoxes boxes;
       Rig rig(boxes, from);
-      rig.Layer.FailAt(n);
+      rig.Faults.FailAt(n);
       const LocationOutcome outcome = rig.Location.Accept("D:\\");
-      const std::string call = from + ", call " + std::to_string(n) + ": " + rig.Layer.FailedCall();
-      failed = rig.Layer.HasFailed() ? 1 : 0;
+      const std::string call = from + ", call " + std::to_string(n) + ": " + rig.Faults.FailedCall();
+      failed = rig.Faults.HasFailed() ? 1 : 0;
       const bool moved = outcome.Next == Step::Close;
-      EXPECT_EQ(rig.Place.Has(to), moved) << call;
+      EXPECT_EQ(rig.Has(to), moved) << call;
       EXPECT_TRUE(rig.IsWhole(moved ? to : from)) << call;
       EXPECT_EQ(rig.Stored(), moved ? to : kOld) << call;
-      if (rig.Layer.FailedCall() == "Rename") {
-        EXPECT_EQ(DirectoryLock().Acquire(rig.Place.Native(from)), DirectoryLock::Outcome::InUse) << call;
+      if (rig.Faults.FailedCall() == "Rename") {
+        EXPECT_EQ(DirectoryLock().Acquire(rig.Native(from)), DirectoryLock::Outcome::InUse) << call;
       }
       EXPECT_TRUE(failed == 1 || outcome.Message->Text == kMoved);
     }
@@ -155,17 +153,6 @@ TEST(ParamLocation, CopiesThatTheSettingMayNameStay) {
   EXPECT_EQ(rig.Location.Accept("D:\\").Next, Step::Stay);
   EXPECT_TRUE(rig.IsWhole(kOld));
   EXPECT_TRUE(rig.IsWhole("D:\\Param"));
-}
-
-TEST(ParamLocation, ACancelledMoveRemovesItsCopies) {
-  ScriptedBoxes boxes;
-  Rig rig(boxes, kOld);
-  const Tree before = rig.Place.Snapshot();
-  rig.Fakes.Bar.StopsAt = 1;
-  EXPECT_EQ(rig.Location.Accept("D:\\").Next, Step::Stay);
-  EXPECT_EQ(rig.Place.Snapshot(), before);
-  EXPECT_EQ(rig.Stored(), kOld);
-  EXPECT_FALSE(rig.Fakes.Bar.IsCopying);
 }
 
 TEST(ParamLocation, RefusesOnceToGoWithoutADirectory) {

@@ -6,7 +6,6 @@
 #include <set>
 
 #include "project/ProjectFile.h"
-#include "support/FailingFileLayer.h"
 #include "support/FakePlatform.h"
 #include "support/Scratch.h"
 
@@ -48,16 +47,16 @@ Tree Copied(Tree tree, const std::string& from, const std::string& to, const Nam
 }
 
 // A project whose backup is behind: it has an older subject 1, and one that the primary directory lacks.
-struct Lab {
+struct Lab : Scratch {
   explicit Lab(MessageBoxes& boxes) : Boxes(boxes) {
     for (const char* path : {"C:/Data/Sdata/AB Sub#1.dat", "C:/Data/Sdata/ab sub#2.DAT", "C:/Data/Sdata/x.bak",
                              "C:/Data/Sdata/Unfinished/AB Sub#4.dat", "D:/Backup/Sdata/AB Sub#1.dat",
                              "D:/Backup/Sdata/ab sub#7.DAT", "D:/Backup/Sdata/ABC8.dat"}) {
-      Files.Put(path, path);  // shows where a copy came from
+      Put(path, path);  // shows where a copy came from
     }
-    for (const char* path : {"C:/Param/Study.prm", "C:/Data/Study.prm"}) Files.Put(path, kOwnFile);
-    Files.Put("D:/Backup/Study.prm", "3" + kOwnFile.substr(1));
-    Files.MakeDirectory("D:/New");
+    for (const char* path : {"C:/Param/Study.prm", "C:/Data/Study.prm"}) Put(path, kOwnFile);
+    Put("D:/Backup/Study.prm", "3" + kOwnFile.substr(1));
+    MakeDirectory("D:/New");
   }
   // These show the command's message, if any, and tell whether there was one.
   bool Show(const std::optional<MessageBox>& message) { return message && (Boxes.Show(*message), true); }
@@ -68,29 +67,35 @@ struct Lab {
   }
   bool BackUp(const std::string& text) { return Show(BackUpTo(Project, text, Saved, Around)); }
   bool Restore(const std::string& path) { return Show(RestoreData(Project, path, ParamDir, Around)); }
-  void Lose(const char* path) const { fs::remove_all(Files.Native(path)); }
+  void Lose(const char* path) const { fs::remove_all(Native(path)); }
 
   MessageBoxes& Boxes;
-  Scratch Files;
-  FailingFileLayer Layer{Files.Layer()};
-  Disk Drives{Layer, Files.Drives()};
   FakePlatform Fakes;
-  Platform Around = Fakes.With(Drives, Boxes);
+  Platform Around = Fakes.With(Files, Boxes);
   ProjectParameters Project = ParseProject(kOwnFile, "");
   SavedProject Saved{"C:\\Param\\Study.prm", "D:\\Backup"};
   std::string ParamDir = "C:\\Param";
 };
 
-TEST(ProjectBackup, RefreshesTheLocationItHasUnlessAnotherIsWanted) {
-  ScriptedBoxes boxes{HasBackup(BoxAnswer::Cancel), HasBackup(BoxAnswer::Yes), HasBackup(BoxAnswer::No), kUpdated};
+TEST(ProjectBackup, RefreshesTheLocationItHasUnlessAnotherIsWantedOrItIsStopped) {
+  ScriptedBoxes boxes{HasBackup(BoxAnswer::Cancel),
+                      HasBackup(BoxAnswer::Yes),
+                      HasBackup(BoxAnswer::No),
+                      Told("Copying was cancelled.  Of 2 files, 1 had been copied.", BoxIcon::Information),
+                      HasBackup(BoxAnswer::No),
+                      kUpdated};
   Lab lab(boxes);
-  Tree tree = lab.Files.Snapshot();
+  Tree tree = lab.Snapshot();
   EXPECT_FALSE(lab.Begin(false));
   EXPECT_FALSE(lab.Begin(true));
-  EXPECT_EQ(lab.Files.Snapshot(), tree);
+  EXPECT_EQ(lab.Snapshot(), tree);
+  lab.Fakes.Bar.StopsAt = 1;
+  EXPECT_FALSE(lab.Begin(false));
+  EXPECT_EQ(lab.Snapshot(), Copied(tree, "C/Data/Sdata/", "D/Backup/Sdata/", {"AB Sub#1.dat"}));
+  lab.Fakes.Bar.StopsAt = SIZE_MAX;
   EXPECT_TRUE(lab.Begin(false));
   tree = Copied(tree, "C/Data/Sdata/", "D/Backup/Sdata/", kPrimary);
-  EXPECT_EQ(lab.Files.Snapshot(), Copied(tree, "C/Param/", "D/Backup/", {"Study.prm"}));
+  EXPECT_EQ(lab.Snapshot(), Copied(tree, "C/Param/", "D/Backup/", {"Study.prm"}));
   lab.Project.BackupDir = "(none)";
   EXPECT_FALSE(lab.Begin(true));
 }
@@ -98,14 +103,14 @@ TEST(ProjectBackup, RefreshesTheLocationItHasUnlessAnotherIsWanted) {
 TEST(ProjectBackup, NewDestinations) {
   ScriptedBoxes boxes;
   Lab lab(boxes);
-  lab.Files.Put("D:/File", "");
-  LinkDirectory(lab.Files.Native("C:/Data"), lab.Files.Native("D:/Link"));
-  Tree tree = lab.Files.Snapshot();
+  lab.Put("D:/File", "");
+  LinkDirectory(lab.Native("C:/Data"), lab.Native("D:/Link"));
+  Tree tree = lab.Snapshot();
   const auto refuses = [&](const std::string& text, const std::vector<ExpectedBox>& expected) {
     for (const ExpectedBox& box : expected) boxes.Expect(box);
     EXPECT_FALSE(lab.BackUp(text)) << text;
     EXPECT_EQ(lab.Project, ParseProject(kOwnFile, "")) << text;
-    EXPECT_EQ(lab.Files.Snapshot(), tree) << text;
+    EXPECT_EQ(lab.Snapshot(), tree) << text;
   };
   for (const char* text : {"", "(none)", "New"}) {
     refuses(text, {Told("Invalid format. Please redo.")});
@@ -113,66 +118,50 @@ TEST(ProjectBackup, NewDestinations) {
   for (const char* text : {"D:\\a|b", "D:\\New\\..", "D:\\File"}) {
     refuses(text, {Told("Invalid Backup directory name.")});
   }
-  for (const std::string& text : {std::string(" c:/DATA\\ "), lab.Files.Native("D:/Link").string()}) {
+  for (const std::string& text : {std::string(" c:/DATA\\ "), lab.Native("D:/Link").string()}) {
     refuses(text, {Told("The primary and backup directories cannot be the same.")});
   }
   refuses("X:\\New", {NotFound("'X:\\New'", BoxAnswer::Retry), NotFound("'X:\\New'")});
   refuses("D:\\No\\Deep", {Missing("D:\\No\\Deep", BoxAnswer::No)});
+  const std::string below = "D:\\File\\A";  // Retry does not ask again
+  refuses(below, {Missing(below, BoxAnswer::Yes), NotFound(below, BoxAnswer::Retry), NotFound(below)});
 
   for (const auto& box : {Missing("D:\\A\\B", BoxAnswer::Yes), kCreated, kCreated, kUpdated}) boxes.Expect(box);
-  for (const std::string& text : {lab.Files.Native("D:/A/B").string() + "/", std::string("D:\\New\\ ")})
+  for (const std::string& text : {lab.Native("D:/A/B").string() + "/", std::string("D:\\New\\ ")})
     EXPECT_TRUE(lab.BackUp(text)) << text;
-  EXPECT_EQ(lab.Files.Get("D:/New/Study Backup.prm"), kCopy) << "names the saved directory, not D:\\A\\B";
+  EXPECT_EQ(lab.Get("D:/New/Study Backup.prm"), kCopy) << "names the saved directory, not D:\\A\\B";
   EXPECT_EQ(lab.Project.PreviousBackupDir + lab.Project.BackupDir, "D:\\BackupD:\\New");
   lab.Lose("D:/A"), lab.Lose("D:/New/Study Backup.prm");
   lab.Project.FormatMarker = "Old ZOVA";
   lab.Saved.File = "C:\\Old\\Study.prm";  // Param's is another project
-  lab.Files.Put("C:/Old/Study.prm", "old");
-  tree = lab.Files.Snapshot();
+  lab.Put("C:/Old/Study.prm", "old");
+  tree = lab.Snapshot();
   EXPECT_TRUE(lab.BackUp("D:\\New"));
   tree = Copied(tree, "C/Data/Sdata/", "D/New/Sdata/", kPrimary);
-  EXPECT_EQ(lab.Files.Snapshot(), Copied(tree, "C/Old/", "D/New/", {"Study.prm"}));
-}
-
-TEST(ProjectBackup, IsCancelledBetweenTwoFiles) {
-  ScriptedBoxes boxes{HasBackup(BoxAnswer::No),
-                      Told("Copying was cancelled.  Of 2 files, 1 had been copied.", BoxIcon::Information)};
-  Lab lab(boxes);
-  const Tree before = lab.Files.Snapshot();
-  lab.Fakes.Bar.StopsAt = 1;
-  EXPECT_FALSE(lab.Begin(false));
-  EXPECT_EQ(lab.Files.Snapshot(), Copied(before, "C/Data/Sdata/", "D/Backup/Sdata/", {"AB Sub#1.dat"}));
-}
-
-TEST(ProjectBackup, RetryMakesTheDestinationWithoutAskingAgain) {
-  ScriptedBoxes boxes{Missing("D:\\File\\A", BoxAnswer::Yes), NotFound("'D:\\File\\A'", BoxAnswer::Retry),
-                      NotFound("'D:\\File\\A'")};
-  Lab lab(boxes);
-  lab.Files.Put("D:/File", "");
-  EXPECT_FALSE(lab.BackUp("D:\\File\\A"));
+  EXPECT_EQ(lab.Snapshot(), Copied(tree, "C/Old/", "D/New/", {"Study.prm"}));
 }
 
 TEST(ProjectBackup, TellsOfATargetThatLeadsNowhereAndReplacesOnlyProjects) {
   // A link that leads to itself, or a directory on Windows, where few users may make such a link.
   const auto fault = kIsWindows ? std::errc::is_a_directory : std::errc::too_many_symbolic_link_levels;
-  const std::string cannotBeWritten = std::make_error_code(fault).message();
-  const std::string exists = std::make_error_code(std::errc::file_exists).message();
+  const std::string cannotBeWritten = TextOf(fault);
+  const std::string exists = TextOf(std::errc::file_exists);
   ScriptedBoxes boxes{HasBackup(BoxAnswer::No),
                       {cannotBeWritten, BoxAnswer::Cancel, "'D:\\Backup\\Sdata\\AB Sub#1.dat'"}};
   Lab lab(boxes);
-  const fs::path target = lab.Files.Native("D:/Backup/Sdata/AB Sub#1.dat");
+  const fs::path target = lab.Native("D:/Backup/Sdata/AB Sub#1.dat");
   fs::remove(target);
   kIsWindows ? void(fs::create_directory(target)) : fs::create_symlink("AB Sub#1.dat", target);
   EXPECT_FALSE(lab.Begin(false));
   lab.Lose("D:/Backup/Sdata/AB Sub#1.dat");
   for (const std::string& content : {kOwnFile, kCopy}) {
     lab.Project = ParseProject(content, "");
-    lab.Files.Put(content == kCopy ? "C:/Data/Study.prm" : "C:/Param/Study.prm", "the user's own");
-    const Tree before = lab.Files.Snapshot();
+    lab.Put(content == kCopy ? "C:/Data/Study.prm" : "C:/Param/Study.prm", "the user's own");
+    const Tree before = lab.Snapshot();
     boxes.Expect({exists, BoxAnswer::Cancel, "A file that is no project is not replaced."});
     EXPECT_FALSE(lab.Restore("D:\\Backup\\Study.prm"));
-    EXPECT_EQ(lab.Files.Snapshot(), before);
-    lab.Files.Put("C:/Param/Study.prm", kOwnFile);
+    EXPECT_EQ(lab.Snapshot(), before);
+    lab.Put("C:/Param/Study.prm", kOwnFile);
   }
 }
 
@@ -182,22 +171,22 @@ TEST(ProjectBackup, RestoresFromWhereTheBackupIs) {
     ScriptedBoxes boxes{Restored()};
     Lab lab(boxes);
     lab.Project.FormatMarker = marker;
-    Tree tree = Copied(lab.Files.Snapshot(), "D/Backup/Sdata/", "C/Data/Sdata/", names);
+    Tree tree = Copied(lab.Snapshot(), "D/Backup/Sdata/", "C/Data/Sdata/", names);
     EXPECT_TRUE(lab.Restore("C:\\Param\\Study.prm"));
-    EXPECT_EQ(lab.Files.Snapshot(), Copied(tree, "D/Backup/", "C/Param/", {"Study.prm"})) << marker;
+    EXPECT_EQ(lab.Snapshot(), Copied(tree, "D/Backup/", "C/Param/", {"Study.prm"})) << marker;
 
-    fs::rename(lab.Files.Native("D:/Backup"), lab.Files.Native("D:/Moved"));
+    fs::rename(lab.Native("D:/Backup"), lab.Native("D:/Moved"));
     lab.Lose("C:/Data/Sdata/AB Sub#1.dat"), lab.Lose("C:/Param/Study.prm");
-    tree = lab.Files.Snapshot();
+    tree = lab.Snapshot();
     for (const char* path : {"C:\\Param\\Study.prm", "C:\\Data\\Study.prm"}) {  // none beside it, or the primary's
       boxes.Expect(NotFound("Listing 'D:\\Backup\\Sdata'"));
       EXPECT_FALSE(lab.Restore(path));
-      EXPECT_EQ(lab.Files.Snapshot(), tree);
+      EXPECT_EQ(lab.Snapshot(), tree);
     }
     boxes.Expect(Restored("'D:\\Moved\\Sdata'"));
     EXPECT_TRUE(lab.Restore("D:\\Moved\\Study.prm"));
     tree = Copied(tree, "D/Moved/Sdata/", "C/Data/Sdata/", names);
-    EXPECT_EQ(lab.Files.Snapshot(), Copied(tree, "D/Moved/", "C/Param/", {"Study.prm"})) << marker;
+    EXPECT_EQ(lab.Snapshot(), Copied(tree, "D/Moved/", "C/Param/", {"Study.prm"})) << marker;
   }
 }
 
@@ -213,14 +202,14 @@ TEST(ProjectBackup, ARestoreAsksBeforeItReplacesNewerData) {
   ScriptedBoxes boxes{newer};
   Lab lab(boxes);
   const auto makeNewer = [&](const char* name) {
-    const fs::path file = lab.Files.Native(name);
+    const fs::path file = lab.Native(name);
     fs::last_write_time(file, fs::last_write_time(file) + std::chrono::hours(1));
   };
   makeNewer("C:/Data/Sdata/AB Sub#1.dat");
   makeNewer("C:/Data/Sdata/ab sub#2.DAT");  // the backup has none
-  const Tree before = lab.Files.Snapshot();
+  const Tree before = lab.Snapshot();
   EXPECT_FALSE(lab.Restore("C:\\Param\\Study.prm"));
-  EXPECT_EQ(lab.Files.Snapshot(), before);
+  EXPECT_EQ(lab.Snapshot(), before);
   ExpectedBox taken = newer;
   taken.Answer = BoxAnswer::Yes;
   boxes.Expect(taken), boxes.Expect(Restored("2 files were copied."));
@@ -238,10 +227,10 @@ TEST(ProjectBackup, NothingIsCopiedOntoItselfOrToNowhere) {
   ScriptedBoxes boxes{HasBackup(BoxAnswer::No), kUpdated, Restored(), NotFound("'(none)\\Sdata'"), Told(noBackup)};
   Lab lab(boxes);
   lab.Lose("D:/Backup/Sdata");
-  LinkDirectory(lab.Files.Native("C:/Data/Sdata"), lab.Files.Native("D:/Backup/Sdata"));
+  LinkDirectory(lab.Native("C:/Data/Sdata"), lab.Native("D:/Backup/Sdata"));
   lab.ParamDir = "d:\\backup";
   for (const char* file : {"C:/Data/Sdata/AB Sub#1.dat", "D:/Backup/Study.prm"}) {
-    fs::permissions(lab.Files.Native(file), fs::perms::owner_read);  // a copy would be refused
+    fs::permissions(lab.Native(file), fs::perms::owner_read);  // a copy would be refused
   }
   EXPECT_TRUE(lab.Begin(false));
   EXPECT_TRUE(lab.Restore("D:\\Backup\\Study.prm"));
@@ -259,29 +248,29 @@ bool SurvivesFailure(bool restores, int n, BoxAnswer answer) {
   Lab lab(boxes);
   if (restores) {
     EXPECT_TRUE(lab.BackUp("D:\\New"));
-    lab.Project = ParseProject(lab.Files.Get("D:/New/Study Backup.prm"), "");
+    lab.Project = ParseProject(lab.Get("D:/New/Study Backup.prm"), "");
     lab.Lose("C:/Data"), lab.Lose("C:/Param/Study.prm"), lab.Lose("D:/Backup");
     boxes.Texts.clear();
   }
-  const Tree before = lab.Files.Snapshot();
+  const Tree before = lab.Snapshot();
   Tree finished = restores ? Copied(before, "D/New/Sdata/", "C/Data/Sdata/", kPrimary)
                            : Copied(before, "C/Data/Sdata/", "D/New/Sdata/", kPrimary);
   if (restores) finished["C/Data/"] = "", finished["C/Param/Study.prm"] = finished["C/Data/Study.prm"] = kOwnFile;
   if (!restores) finished["D/New/Study Backup.prm"] = kCopy;
 
-  lab.Layer.FailAt(n, std::errc::io_error, FailingFileLayer::Writes::Half);
+  lab.Faults.FailAt(n, std::errc::io_error, FailingFileLayer::Writes::Half);
   const bool done = restores ? lab.Restore("D:\\New\\Study Backup.prm") : lab.BackUp("D:\\New");
-  SCOPED_TRACE((restores ? "restore, call " : "backup, call ") + std::to_string(n) + " " + lab.Layer.FailedCall());
+  SCOPED_TRACE((restores ? "restore, call " : "backup, call ") + std::to_string(n) + " " + lab.Faults.FailedCall());
   const std::size_t faults = boxes.Texts.size() - (done ? 1 : 0);
-  EXPECT_LE(faults, lab.Layer.HasFailed() ? 1U : 0U);
+  EXPECT_LE(faults, lab.Faults.HasFailed() ? 1U : 0U);
   EXPECT_EQ(done, faults == 0 || answer == BoxAnswer::Retry);
-  EXPECT_EQ(lab.Project == ParseProject(kOwnFile, ""), restores || !lab.Files.Has("D:/New/Sdata"));
-  const Tree left = lab.Files.Snapshot();
+  EXPECT_EQ(lab.Project == ParseProject(kOwnFile, ""), restores || !lab.Has("D:/New/Sdata"));
+  const Tree left = lab.Snapshot();
   EXPECT_TRUE(!done || left == finished);
   std::set<Tree::value_type> allowed(before.begin(), before.end());
   allowed.insert(finished.begin(), finished.end());
   for (const auto& file : left) EXPECT_TRUE(allowed.contains(file)) << file.first;
-  return lab.Layer.HasFailed();
+  return lab.Faults.HasFailed();
 }
 
 TEST(ProjectBackup, SurvivesTheFailureOfAnySingleDiskCall) {

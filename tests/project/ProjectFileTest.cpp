@@ -125,7 +125,6 @@ TEST(ProjectFile, GoesToItsThreeTargets) {
                                                               {"C:\\P", "D:\\Gone", false}};
   for (const auto& [primary, backup, restoring] : cases) {
     Scratch scratch;
-    Disk disk = scratch.MakeDisk();
     for (const char* directory : {"C:\\P", "D:\\B"}) scratch.MakeDirectory(directory);
     scratch.Put("C:\\Param\\Example.prm", "older");
     const bool gone = backup == "D:\\Gone";
@@ -140,7 +139,7 @@ TEST(ProjectFile, GoesToItsThreeTargets) {
     expected["C/Param/Example.prm"] = content;
     if (primary == "C:\\P") expected.insert({{"C/P/Example.prm", content}, {"C/P/Sdata/", ""}});
     if (backup == "D:\\B" && !restoring) expected.insert({{"D/B/Example.prm", content}, {"D/B/Sdata/", ""}});
-    EXPECT_EQ(WriteProjectFile(project, "C:\\Param", restoring, disk, boxes), !gone);
+    EXPECT_EQ(WriteProjectFile(project, "C:\\Param", restoring, scratch.Files, boxes), !gone);
     EXPECT_EQ(scratch.Snapshot(), expected);
     EXPECT_EQ(project.FormatMarker, gone ? "Sc" : "VB Version");  // also while restoring
   }
@@ -148,18 +147,17 @@ TEST(ProjectFile, GoesToItsThreeTargets) {
 
 TEST(ProjectFile, ReadsFromTheDisk) {
   Scratch scratch;
-  Disk disk = scratch.MakeDisk();
   scratch.MakeDirectory("C:\\Param");
   scratch.MakeDirectory("C:\\ZOVA");
   ScriptedBoxes boxes;
-  EXPECT_TRUE(WriteExampleProject("C:\\Param", "C:\\ZOVA", disk, boxes));
+  EXPECT_TRUE(WriteExampleProject("C:\\Param", "C:\\ZOVA", scratch.Files, boxes));
   const std::string shipped = ReadFile(std::filesystem::path(ZOVA_DATA) / "Sample Data" / "Example.prm");
   EXPECT_EQ(scratch.Get("C:\\Param\\Example.prm"), shipped);
   EXPECT_EQ(TreeOf(scratch.Native("C:\\ZOVA")), (Tree{{"Sample Data/", ""}, {"Sample Data/Example.prm", shipped}}));
-  EXPECT_EQ(ReadProjectFile(disk, "c:\\param\\EXAMPLE.prm"), ExampleProject("C:\\ZOVA"));
+  EXPECT_EQ(ReadProjectFile(scratch.Files, "c:\\param\\EXAMPLE.prm"), ExampleProject("C:\\ZOVA"));
   scratch.Put(kPath, Replaced(kExample, "66", "x"));
   try {
-    FAIL() << ReadProjectFile(disk, kPath).ItemCount;
+    FAIL() << ReadProjectFile(scratch.Files, kPath).ItemCount;
   } catch (const FileError& error) {
     EXPECT_EQ(std::string(error.what()) + error.Detail(), "Reading 'C:\\Param\\Opened.prm'Line 1: number expected.");
   }

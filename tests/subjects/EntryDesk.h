@@ -8,14 +8,13 @@
 
 #include "scoring/Examples.h"
 #include "subjects/entry/SubjectEntry.h"
-#include "support/FailingFileLayer.h"
 #include "support/FakePlatform.h"
 #include "support/Scratch.h"
 
 namespace zova::testing {
 
 /// The entry screen of subject "a1" in the project "Study", driven by scripts of keys.
-struct EntryDesk {
+struct EntryDesk : Scratch {
   /// `setup` has letters: m minutes and r ratings are kept, l a list of 12 lines in place of 5, S and
   /// B the preferences Skip Minutes and Next Blank Space; and at its end the number of the test that `lists` begin with
   /// and that is shown; before all, 1 or 2 for as many tests in place of 3. The tests' flags are "Y", "N" and, as in an
@@ -27,10 +26,8 @@ struct EntryDesk {
     if (has('l')) Project.ItemCount = 12;
     Project.MinutesRecorded = has('m');
     Project.Rated = has('r');
-    Project.Abbreviation = "Ex";
-    Project.PrimaryDir = "C:\\P";
     Project.BackupDir = "D:\\B";
-    for (const char* directory : {"C:\\P", "D:\\B", "C:\\Param"}) Files.MakeDirectory(directory);
+    for (const char* directory : {"C:\\Data", "D:\\B", "C:\\Param"}) MakeDirectory(directory);
     Chosen = {.SkipMinutes = has('S'), .NextBlankSpace = has('B')};
     Record.SubjectId = "a1";
     Record.Lists = Lists(setup.back() - '0', lists);
@@ -92,11 +89,11 @@ struct EntryDesk {
       case ':': return Press("...........");
       case 'o': return Entry.SetAutosave(false);
       case 'O': return Entry.SetAutosave(true);
-      case 'X': return static_cast<void>(std::filesystem::remove_all(Files.Native("C:\\Param")));
-      case 'M': return Files.MakeDirectory("C:\\Param");
-      case 'W': return Layer.FailAt(12);
+      case 'X': return static_cast<void>(std::filesystem::remove_all(Native("C:\\Param")));
+      case 'M': return MakeDirectory("C:\\Param");
+      case 'W': return Faults.FailAt(12);
       case 'N':
-        for (char i = '1'; i <= '9'; ++i) Files.Put(std::string("C:\\P\\Sdata\\Unfinished\\Ex") + i + ".dat", "");
+        for (char i = '1'; i <= '9'; ++i) Put(std::string("C:\\Data\\Sdata\\Unfinished\\AB") + i + ".dat", "");
         return;
       default: return Grid.SetEntryText(Grid.EntryText() + key);
     }
@@ -118,7 +115,7 @@ struct EntryDesk {
     return text.str();
   }
   /// Like "Test 2 Review @1,1* 3 N A": the test and what its button says, the grid, the ticks while the timer runs, N
-  /// for a note, A for an autosave file.
+  /// for a note, L for that of the limit at its opening, A for an autosave file.
   [[nodiscard]] std::string State() const {
     std::string text = "left";
     if (Entry.IsOpen())
@@ -126,20 +123,20 @@ struct EntryDesk {
           (Entry.DoneCaption() == "Review" ? Entry.TestCaption() + " " : "") + Entry.DoneCaption() + " " + GridState();
     if (Entry.Timer().IsRunning()) text += " " + std::to_string(Entry.Timer().Ticks());
     if (!Record.UnfinishedNote.empty()) text += " N";
-    if (Files.Has("C:\\Param\\Temp.txt")) text += " A";
+    const std::string limit =
+        "This subject cannot be saved incomplete.  You cannot have more than 10 unfinished data files.";
+    if (!Entry.LimitNote().empty()) text += Entry.LimitNote() == limit ? " L" : Entry.LimitNote();
+    if (Has("C:\\Param\\Temp.txt")) text += " A";
     EXPECT_TRUE(Entry.IsOpen() || Record.Lists == Lists(1, ""));
     return text + (Ended.UnfinishedEmptied ? " emptied" : "");
   }
 
-  Scratch Files;
-  FailingFileLayer Layer{Files.Layer()};
-  Disk OnDisk{Layer, Files.Drives()};
   MessageBoxes& Boxes;
   FakePlatform Fakes;
   ProjectParameters Project;
   SubjectRecord Record;
   Preferences Chosen;
-  SubjectEntry Entry{Record, Chosen, Fakes.With(OnDisk, Boxes)};
+  SubjectEntry Entry{Record, Chosen, Fakes.With(Files, Boxes)};
   EntryGrid& Tools = Entry.Grid();
   TypedGrid& Grid = Tools.Cells();
   SubjectEntry::Ending Ended;

@@ -13,12 +13,7 @@ using namespace zova::testing;
 namespace {
 
 ExpectedBox OutOfRange(const std::string& value) {
-  return {.Text = value + " is out of range.  Do you wish to save the data as they are?",
-          .Answer = BoxAnswer::No,
-          .Icon = BoxIcon::Exclamation,
-          .Buttons = BoxButtons::YesNo,
-          .Default = BoxAnswer::No,
-          .Title = "Warning"};
+  return Warned(value + " is out of range.  Do you wish to save the data as they are?", BoxAnswer::No);
 }
 
 const BoxTable kBoxes = {
@@ -39,17 +34,12 @@ const BoxTable kBoxes = {
      Told("Duplicate entry found! Item # 1 was located in positions 1 and 2 of test 1.  Item in position 2 has "
           "been deleted.  Please edit the raw data.  You will be given a chance to review the data.")},
     {"lose",
-     {.Text = "You will lose all unsaved changes.  Are you sure that you want to do this?",
-      .Icon = BoxIcon::Exclamation,
-      .Buttons = BoxButtons::YesNoCancel,
-      .Default = BoxAnswer::No}},
+     {"You will lose all unsaved changes.  Are you sure that you want to do this?", BoxAnswer::No, "",
+      BoxIcon::Exclamation, BoxButtons::YesNoCancel, BoxAnswer::No}},
     {"blank",
-     {.Text = "Test number 2 was blank.  Do you wish to edit the data?",
-      .Icon = BoxIcon::Exclamation,
-      .Buttons = BoxButtons::YesNo,
-      .Default = BoxAnswer::Yes,
-      .Title = "Warning"}},
-    {"full", {std::make_error_code(std::errc::no_space_on_device).message(), BoxAnswer::Cancel}},
+     {"Test number 2 was blank.  Do you wish to edit the data?", BoxAnswer::No, "", BoxIcon::Exclamation,
+      BoxButtons::YesNo, BoxAnswer::Yes, "Warning"}},
+    {"full", {TextOf(std::errc::no_space_on_device), BoxAnswer::Cancel}},
     {"path", {"Path not found.  Please verify that the correct disk is in the drive.", BoxAnswer::Cancel, "Temp.txt"}}};
 
 }  // namespace
@@ -75,6 +65,7 @@ TEST(SubjectEntry, ChecksBeforeItSaves) {
              "2r1; 1/0/1 1/0/2 1/0/3 | 2; F; -; Done with Test 1 @2,1* b 0; twice",
              "2r1; 1/0/1 1/0/2 1/0/3 | 2; FF; -; Done with Test 1 @2,1* b 0; twice, twice",
              "2r1; 1/0/1 1/0/2 1/0/3 | 2; FFF; -; left; twice, twice, saved",
+             "r1; 1/0/1 0/0/5 | | 3/0/1 0/0/5; F; ; @1,1*; blank?Y",
              "2r1; 1/0/1 1/0/2 1/0/3 | 2; FzFF; -; Done with Test 1 @2,1* b 0; twice, twice, twice"});
 }
 
@@ -114,6 +105,8 @@ TEST(SubjectEntry, EndsInEveryWay) {
                      "2r1; 1/0/1 | 2; NsF; -; left; kept, saved",
                      "2r1; ; NsQ; -; left; kept, note 10",
                      "2r1; ; Nss; -; Done with Test 1 @1,1 0 N; kept, limit",
+                     "2r1; ; NE; -; Done with Test 1 @1,1 0",
+                     "2r1; ; NsE; -; Done with Test 1 @1,1 0 N L; kept",
                      "2r1; ; qfFsqQO.z; -; left",
                      "1r1; ; fqE; -; Done with Test 1 @1,1 0",
                      "1r1; ; f; -; Test 1 Review @1,1 0",
@@ -122,16 +115,6 @@ TEST(SubjectEntry, EndsInEveryWay) {
                      "2r1; 1/0/1 | 2; WFF; -; left; full?C, saved",
                      "2r1; ; 3eqEz; -; Done with Test 1 @1,1 0; lose?Y",
                      "2r1; ; X:MqE:; -; Done with Test 1 @1,1 0 A; path?C"});
-}
-
-TEST(SubjectEntry, SaysAtItsOpeningThatTenSubjectsAreUnfinished) {
-  ScriptedBoxes boxes({kBoxes.at("kept")});
-  EntryDesk desk(boxes, "2r1", "");
-  desk.Press("NE");
-  EXPECT_EQ(desk.Entry.LimitNote(), "") << "nine others";
-  desk.Press("sE");
-  EXPECT_EQ(desk.Entry.LimitNote(),
-            "This subject cannot be saved incomplete.  You cannot have more than 10 unfinished data files.");
 }
 
 TEST(SubjectEntry, AutosavesOnTheEleventhTick) {
@@ -151,11 +134,11 @@ TEST(SubjectEntry, AutosavesOnTheEleventhTick) {
     ScriptedBoxes boxes;
     EntryDesk desk(boxes, "2r1", "1/0/1 | 2");
     desk.Press(autosave);
-    desk.Files.Put("C:\\Param\\Temp.txt", "restored");
+    desk.Put("C:\\Param\\Temp.txt", "restored");
     desk.Entry.Open(desk.Project, "C:\\Param", true);
     EXPECT_EQ(desk.State(), autosave == "O" ? "Done with Test 1 @1,1* 0 A" : "Done with Test 1 @1,1*");
     if (autosave == "o") continue;
-    EXPECT_EQ(desk.Files.Get("C:\\Param\\Temp.txt"), FormatAutosave(desk.Record, desk.Project));
+    EXPECT_EQ(desk.Get("C:\\Param\\Temp.txt"), FormatAutosave(desk.Record, desk.Project));
   }
 }
 
@@ -184,7 +167,7 @@ TEST(SubjectEntry, TakesAnyActInAnyProject) {
     const auto any = [&](std::size_t count) { return (boxes.Random() >> 8) % count; };
     EntryDesk desk(boxes, "1r1", "");
     ProjectParameters project = MakeProject(shape);
-    project.Abbreviation = "Ex", project.PrimaryDir = "C:\\P", project.BackupDir = "D:\\B";
+    project.BackupDir = "D:\\B";
     if (seed > std::size(shapes)) project.MinutesRecorded = 1;  // also with at most 0 minutes
     project.LevelCounts[0] = 3;
     desk.Project = project;
@@ -205,9 +188,9 @@ TEST(SubjectEntry, TakesAnyActInAnyProject) {
     boxes.OnBox = [&](const std::string& text) {
       if (!text.ends_with(" subject saved.")) return;
       ++saves;
-      const std::string directory = text[0] == 'C' ? "C:\\P\\Sdata\\" : "C:\\P\\Sdata\\Unfinished\\";
+      const std::string directory = text[0] == 'C' ? "C:\\Data\\Sdata\\" : "C:\\Data\\Sdata\\Unfinished\\";
       SubjectRecord again;
-      LoadSubjectFile(desk.OnDisk, directory + "Ex Sub#a1.dat", project, again);
+      LoadSubjectFile(desk.Files, directory + "AB Sub#a1.dat", project, again);
       expectEntered(again);
     };
     const std::string acts = "00112233456789eeeeeeeettTTudlrUDLRix+-zzyfFsoO.:pPwSB";

@@ -6,7 +6,6 @@
 #include "project/ProjectLayout.h"
 #include "scoring/Examples.h"
 #include "subjects/SubjectFiles.h"
-#include "support/FailingFileLayer.h"
 #include "support/Scratch.h"
 
 using namespace zova;
@@ -111,11 +110,10 @@ TEST(SubjectFile, LeavesABlankRecordAfterAFault) {
   ExpectBlankAfterFault(ParseSubject, wide.replace(wide.find("1,5,1,3"), 7, "1,5,1,32768"));
 
   Scratch scratch;
-  Disk disk = scratch.MakeDisk();
   scratch.Put("C:\\a.dat", kHeader + "\"Group\",2\r\n1,5,1,3\r\n2,2,99999,4\r\n");
   SubjectRecord record;
   try {
-    LoadSubjectFile(disk, "C:\\a.dat", GroupProject(), record);
+    LoadSubjectFile(scratch.Files, "C:\\a.dat", GroupProject(), record);
     FAIL() << "a faulty file was read";
   } catch (const FileError& error) {
     EXPECT_EQ(error.Cause(), FileCause::System);
@@ -125,17 +123,16 @@ TEST(SubjectFile, LeavesABlankRecordAfterAFault) {
 
 TEST(SubjectFile, KeepsTheAutosave) {
   Scratch scratch;
-  Disk disk = scratch.MakeDisk();
   SubjectRecord record = ExampleSubject();
   record.SubjectId = "M\xC3\xBCller, a name that nobody could type.";
-  WriteAutosaveFile(disk, "C:\\", record, GroupProject());
+  WriteAutosaveFile(scratch.Files, "C:\\", record, GroupProject());
   EXPECT_EQ(scratch.Get("C:\\Temp.txt"), "\"Study.prm\"\r\n\"" + record.SubjectId + "\"\r\n" + kLists);
   scratch.Put("C:\\Temp.txt", scratch.Get("C:\\Temp.txt") + "4,0,0,0\r\n");
   SubjectRecord again = Used();
-  ReadAutosaveFile(disk, "C:\\Temp.txt", GroupProject(), again);
+  ReadAutosaveFile(scratch.Files, "C:\\Temp.txt", GroupProject(), again);
   EXPECT_EQ(again, record);
-  EXPECT_EQ(ReadAutosaveProject(disk, "C:\\Temp.txt"), "Study.prm");
-  for (int times = 0; times < 2; ++times) DeleteAutosaveFile(disk, "C:\\");  // the second has nothing to do
+  EXPECT_EQ(ReadAutosaveProject(scratch.Files, "C:\\Temp.txt"), "Study.prm");
+  for (int times = 0; times < 2; ++times) DeleteAutosaveFile(scratch.Files, "C:\\");  // the second has nothing to do
   EXPECT_FALSE(scratch.Has("C:\\Temp.txt"));
 }
 
@@ -145,21 +142,19 @@ TEST(SubjectFile, PutsThreeAutosavesAsideAndEveryOneThatCannotBeRestored) {
   for (bool failed = true; failed; ++n) {
     failed = n == 0;
     Scratch scratch;
-    FailingFileLayer layer(scratch.Layer());
-    Disk disk(layer, scratch.Drives());
     scratch.Put("C:\\Study.prm", FormatProject(GroupProject(), kCurrentMarker));
     for (const char subject : {'a', '?', 'b', 'c', 'd'}) {
       if (n > 0 && subject == 'c') break;
       record.SubjectId = subject;
       scratch.Put("C:\\Temp.txt", FormatAutosave(record, GroupProject()).substr(0, subject == '?' ? 20 : 999));
-      layer.FailAt(subject == 'b' ? n : 0, std::errc::io_error, FailingFileLayer::Writes::Half);
+      scratch.Faults.FailAt(subject == 'b' ? n : 0, std::errc::io_error, FailingFileLayer::Writes::Half);
       try {
-        EXPECT_EQ(KeepAutosaveFile(disk, "C:\\"), "C:\\Temp 1.txt");
-        failed |= layer.HasFailed();  // one that stops nothing
+        EXPECT_EQ(KeepAutosaveFile(scratch.Files, "C:\\"), "C:\\Temp 1.txt");
+        failed |= scratch.Faults.HasFailed();  // one that stops nothing
       } catch (const FileError&) {
         failed = true;
-        layer.FailNever();
-        EXPECT_EQ(KeepAutosaveFile(disk, "C:\\"), "C:\\Temp 1.txt");
+        scratch.Faults.FailNever();
+        EXPECT_EQ(KeepAutosaveFile(scratch.Files, "C:\\"), "C:\\Temp 1.txt");
       }
     }
     std::string kept;

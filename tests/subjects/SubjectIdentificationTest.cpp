@@ -4,9 +4,8 @@
 
 #include <sstream>
 
-#include "support/FailingFileLayer.h"
 #include "support/FakePlatform.h"
-#include "support/Scratch.h"
+#include "support/Study.h"
 
 using namespace zova;
 using namespace zova::testing;
@@ -30,7 +29,7 @@ ExpectedBox BoxOf(char letter, const std::string& id) {
     box.Text = refusal->second;
     if (letter == 'o') box.Details = "The data of this subject are unfinished.";
   } else if (letter == 'e' || letter == 'r') {
-    box.Text = std::make_error_code(std::errc::io_error).message(), box.Buttons = BoxButtons::RetryCancel;
+    box.Text = TextOf(std::errc::io_error), box.Buttons = BoxButtons::RetryCancel;
     box.Answer = letter == 'r' ? BoxAnswer::Retry : BoxAnswer::Cancel;
   } else {
     box.Text = "Subject ID '" + id + "' already exists!  When this subject is saved it will delete the old data.  ";
@@ -40,32 +39,29 @@ ExpectedBox BoxOf(char letter, const std::string& id) {
   return box;
 }
 
-struct Stage : FakePlatform {
+struct Stage : Scratch, FakePlatform {
   explicit Stage(Identification::Purpose purpose, std::int16_t variables = 0, const char* marker = kCurrentMarker) {
     std::int16_t item = 0;  // the first of each file in turn
     for (const char* path : {"C:\\P\\Sdata\\Ex Sub#a.dat", "C:\\P\\Sdata\\Exo.dat", "D:\\Sdata\\Ex Sub#b.dat",
                              "C:\\P\\Sdata\\Unfinished\\Ex Sub#u.dat", "C:\\P\\Sdata\\Unfinished\\Ex Sub#a.dat",
                              "D:\\EX sub#a,b .dat", "D:\\Ex Sub#2345678901234567890x.bak", "D:\\Ex Sub#a.dat"}) {
-      Files.Put(path, "head\r\n1," + std::to_string(++item) + ",0,0\r\n2,0,0,0\r\n");
+      Put(path, "head\r\n1," + std::to_string(++item) + ",0,0\r\n2,0,0,0\r\n");
     }
-    for (const char* path : {"C:\\P\\Sdata\\Ex Sub#s.dat", "D:\\Ex Sub#s.dat"}) Files.Put(path, "head\r\n1,7,0,0\r\n");
+    for (const char* path : {"C:\\P\\Sdata\\Ex Sub#s.dat", "D:\\Ex Sub#s.dat"}) Put(path, "head\r\n1,7,0,0\r\n");
     for (const auto& [name, project] : {std::pair("Temp 1.txt", "EX.PRM"), {"Temp 2.txt", "Other.prm"}}) {
-      Files.Put(JoinPath("C:\\Param", name), '"' + std::string(project) + "\"\r\n\"a\"\r\n1,9,0,0\r\n2,0,0,0\r\n");
+      Put(JoinPath("C:\\Param", name), '"' + std::string(project) + "\"\r\n\"a\"\r\n1,9,0,0\r\n2,0,0,0\r\n");
     }
-    Project.ProjectFileName = "Ex.prm", Project.TestCount = 1, Project.ItemCount = 2, Project.Abbreviation = "Ex",
-    Project.FormatMarker = marker;
+    Project = MakeProject({.Tests = 1, .Items = 2});
+    Project.ProjectFileName = "Ex.prm", Project.Abbreviation = "Ex", Project.FormatMarker = marker;
     Project.PrimaryDir = "C:\\P", Project.BackupDir = "D:", Project.VariableNames = {"\xC3\xA2ge", "b"};
     Project.VariableCount = variables, Project.LevelCounts = {3, kMaxLevels}, Project.LevelNames[0] = {"young", "old"};
     Record.SubjectId = Record.UnfinishedNote = "old", Record.HasUnsavedChanges = true;
     Screen.Open(purpose, Project, "C:\\Param");
   }
 
-  Scratch Files;
-  FailingFileLayer Layer{Files.Layer()};
-  Disk OnDisk{Layer, Files.Drives()};
   SubjectRecord Record;
   ProjectParameters Project;
-  Identification Screen{Record, With(OnDisk)};
+  Identification Screen{Record, With(Files)};
 };
 
 }  // namespace
@@ -79,8 +75,8 @@ TEST(SubjectIdentification, WalksIdentifierAndLevelsBackAndForth) {
   // Next, Back, or Next that is refused (x); what is typed before; step, text and what is allowed after it.
   std::istringstream rows(
       "x||1 of 3[]n;x|\",\t|1 of 3[]n;x|   |1 of 3[]n;x|..|1 of 3[]n;x|12.|1 of 3[]n;x|a/b|1 of 3[]n;x|a:b|1 of 3[]n;"
-      "x|1234567890123456789\xC3\xA4x|1 of 3[]n;n| 1234567890123456789\xC3\xA4 |2 of 3[]bn;"
-      "b||1 of 3[1234567890123456789\xC3\xA4]n;n| x\"1\t,\r\n\x7f.5|2 of 3[]bn;x|0|2 of 3[0]bn;x|4|2 of 3[4]bn;"
+      "x|1234567890123456789\xF0\x9D\x84\x9Ex|1 of 3[]n;n| 1234567890123456789\xF0\x9D\x84\x9E |2 of 3[]bn;"
+      "b||1 of 3[1234567890123456789\xF0\x9D\x84\x9E]n;n| x\"1\t,\r\n\x7f.5|2 of 3[]bn;x|0|2 of 3[0]bn;x|4|2 of 3[4]bn;"
       "x||2 of 3[]bn;x|3.51|2 of 3[3.51]bn;x|99999|2 of 3[99999]bn;n| 2.5 years|3 of 3[]bd;n|12|3 of 3[12]bd;"
       "b|11|2 of 3[2]bn;n|3|3 of 3[11]bd;b|12|2 of 3[3]bn;b|7|1 of 3[x1.5]n;b|y|1 of 3[y]n;n|z |2 of 3[3]bn");
   std::string key, typed, shown;
@@ -127,7 +123,7 @@ TEST(SubjectIdentification, OpensWhatIsTypedOrChosen) {
     const bool isFile = entered.size() > 5;
     if (isFile) stage.Dialogs.Answers = {entered[1] == ':' ? entered : "D:\\" + entered};
     if (isFile && boxes == "d") stage.Dialogs.Answers.emplace_back("D:\\Ex Sub#a.dat");
-    if (boxes.size() > 1) stage.Layer.FailAt(boxes[0] - '0', std::errc::io_error);
+    if (boxes.size() > 1) stage.Faults.FailAt(boxes[0] - '0', std::errc::io_error);
     if (!boxes.empty()) stage.Boxes.Expect(BoxOf(boxes.back(), isFile ? "a" : entered));
     Identification& screen = stage.Screen;
     screen.SetSubjectText(entered);
@@ -141,7 +137,7 @@ TEST(SubjectIdentification, OpensWhatIsTypedOrChosen) {
       EXPECT_EQ(stage.Record.KnownFiles.size(), (isLoaded ? 1U : 0U) + (boxes == "y" ? 1U : 0U)) << key << entered;
       for (const auto& [path, content] : stage.Record.KnownFiles) {
         std::string bytes;
-        stage.OnDisk.Read(path, bytes);
+        stage.Files.Read(path, bytes);
         EXPECT_EQ(content, bytes) << path;
       }
     } else {

@@ -4,34 +4,22 @@
 
 #include <set>
 
-#include "scoring/Examples.h"
 #include "subjects/SubjectFile.h"
 #include "subjects/SubjectFiles.h"
-#include "support/FailingFileLayer.h"
 #include "support/FakePlatform.h"
-#include "support/Scratch.h"
-#include "support/ScriptedBoxes.h"
-
-#ifndef _WIN32
-#include <sys/wait.h>
-#include <unistd.h>
-
-#include <csignal>
-#endif
+#include "support/Study.h"
 
 using namespace zova;
 using namespace zova::testing;
 
 namespace {
 
-const std::string kFile = "Ex Sub#a1.dat";
-const std::string kPrimary = "C:\\P\\Sdata\\" + kFile;
+const std::string kFile = "AB Sub#a1.dat";
+const std::string kPrimary = "C:\\Data\\Sdata\\" + kFile;
 const std::string kBackup = "D:\\B\\Sdata\\" + kFile;
 
 ProjectParameters Project(const std::string& backup = "D:\\B") {
   ProjectParameters project = MakeProject({.Tests = 1, .Items = 20});
-  project.Abbreviation = "Ex";
-  project.PrimaryDir = "C:\\P";
   project.BackupDir = backup;
   return project;
 }
@@ -49,7 +37,7 @@ SubjectRecord Subject(std::int16_t item, const std::string& note = "", bool know
 
 // A complete file of the subject and these unfinished ones in both places, each holding "old", and an autosave.
 void Prepare(const Scratch& scratch, const std::vector<std::string>& unfinished, bool complete = false) {
-  for (const std::string sdata : {"C:\\P\\Sdata\\", "D:\\B\\Sdata\\"}) {
+  for (const std::string sdata : {"C:\\Data\\Sdata\\", "D:\\B\\Sdata\\"}) {
     scratch.MakeDirectory(sdata);
     if (complete) scratch.Put(sdata + kFile, "old");
     for (const std::string& name : unfinished) scratch.Put(sdata + "Unfinished\\" + name, "old");
@@ -60,12 +48,12 @@ void Prepare(const Scratch& scratch, const std::vector<std::string>& unfinished,
 // An unfinished copy is gone only after both complete files are new.
 void ExpectNothingLost(const Scratch& scratch, const std::string& content, const std::string& call) {
   int fresh = 0;
-  for (const std::string sdata : {"C:\\P\\Sdata\\", "D:\\B\\Sdata\\"}) {
+  for (const std::string sdata : {"C:\\Data\\Sdata\\", "D:\\B\\Sdata\\"}) {
     const std::string bytes = scratch.Get(sdata + kFile);
     EXPECT_TRUE(bytes == "old" || bytes == content) << call << ": " << sdata;
     fresh += bytes == content ? 1 : 0;
   }
-  for (const std::string unfinished : {"C:\\P\\Sdata\\Unfinished\\", "D:\\B\\Sdata\\Unfinished\\"}) {
+  for (const std::string unfinished : {"C:\\Data\\Sdata\\Unfinished\\", "D:\\B\\Sdata\\Unfinished\\"}) {
     EXPECT_TRUE(scratch.Has(unfinished + kFile) ? scratch.Get(unfinished + kFile) == "old" : fresh == 2) << call;
   }
 }
@@ -83,14 +71,13 @@ TEST(SubjectSave, PutsFilesInTheirPlaces) {
   const Case cases[] = {{"", "D:\\B", {}, {}},
                         {"", "(none)", {kFile}, {}},
                         {"note", "(none)", {}, {kFile}},
-                        {"note", "D:\\B", {"Ex Sub#b.dat"}, {kFile, "Ex Sub#b.dat"}},
+                        {"note", "D:\\B", {"AB Sub#b.dat"}, {kFile, "AB Sub#b.dat"}},
                         {"", "D:\\B", {kFile, ".zova-5.tmp"}, {}},
-                        {"", "D:\\B", {kFile, "Ex Sub#a12.dat"}, {"Ex Sub#a12.dat"}},
+                        {"", "D:\\B", {kFile, "AB Sub#a12.dat"}, {"AB Sub#a12.dat"}},
                         {"", "D:\\B", {kFile, "Other.txt"}, {"Other.txt"}},
-                        {"", "D:\\B", {"Ex Sub#A1.dat"}, {"Ex Sub#A1.dat"}}};
+                        {"", "D:\\B", {"AB Sub#A1.dat"}, {"AB Sub#A1.dat"}}};
   for (const auto& [note, backup, unfinished, left] : cases) {
     Scratch scratch;
-    Disk disk = scratch.MakeDisk();
     Prepare(scratch, unfinished);
     SubjectRecord record = Subject(7, note);
     const std::string content = FormatSubject(record, Project());
@@ -103,16 +90,15 @@ TEST(SubjectSave, PutsFilesInTheirPlaces) {
     SubjectRecord expectedRecord = record;
     expectedRecord.HasUnsavedChanges = false;
     if (complete) ResetLists(expectedRecord, Project());
-    ScriptedBoxes boxes{{.Text = complete ? "Completed subject saved." : "Incomplete subject saved.",
-                         .Icon = BoxIcon::Information,
-                         .Buttons = BoxButtons::Ok}};
+    ScriptedBoxes boxes{
+        Told(complete ? "Completed subject saved." : "Incomplete subject saved.", BoxIcon::Information)};
     FakePlatform fakes;
-    const SaveOutcome outcome = SaveSubject(record, Project(backup), "C:\\Param", fakes.With(disk, boxes));
+    const SaveOutcome outcome = SaveSubject(record, Project(backup), "C:\\Param", fakes.With(scratch.Files, boxes));
     EXPECT_TRUE(outcome.Saved);
     EXPECT_EQ(outcome.UnfinishedEmptied, !unfinished.empty() && left.empty());
     record.KnownFiles.clear();
     EXPECT_EQ(record, expectedRecord);
-    EXPECT_EQ(TreeOf(scratch.Native("C:\\P\\Sdata")), expected);
+    EXPECT_EQ(TreeOf(scratch.Native("C:\\Data\\Sdata")), expected);
     EXPECT_EQ(TreeOf(scratch.Native("D:\\B\\Sdata")), IsNoDirectory(backup) ? untouched : expected);
     EXPECT_FALSE(scratch.Has("C:\\Param\\Temp.txt"));
     EXPECT_EQ(fakes.Pointer.Shown, 1);
@@ -120,7 +106,7 @@ TEST(SubjectSave, PutsFilesInTheirPlaces) {
 }
 
 TEST(SubjectSave, AsksBeforeItReplacesAnotherEntry) {
-  const std::string unfinished = "C:\\P\\Sdata\\Unfinished\\";
+  const std::string unfinished = "C:\\Data\\Sdata\\Unfinished\\";
   struct Case {
     const char* Note;
     std::string Known;  ///< the file that was loaded, then "old"
@@ -131,16 +117,15 @@ TEST(SubjectSave, AsksBeforeItReplacesAnotherEntry) {
                         {"", kPrimary, {{kPrimary, "old"}, {kBackup, "new"}}, "o"},
                         {"", kPrimary, {{kPrimary, "new"}, {kBackup, "new"}}, "c"},
                         {"", kPrimary, {{kPrimary, "new"}, {kBackup, "newer"}}, "cO"},
-                        {"", "C:\\p\\sdata\\ex sub#A1.dat", {{kPrimary, "new"}}, "C"},
+                        {"", "C:\\data\\sdata\\ab sub#A1.dat", {{kPrimary, "new"}}, "C"},
                         {"", "D:\\" + kFile, {{kPrimary, "new"}}, "O"},
                         {"", "D:\\" + kFile, {{kPrimary, "old"}}, ""},
                         {"", "", {{kBackup, "new"}}, "O"},
                         {"note", kPrimary, {{unfinished + kFile, "new"}, {kPrimary, "new"}}, "O"},
-                        {"note", "", {{unfinished + "Ex Sub#A1.dat", "new"}}, "o"},
+                        {"note", "", {{unfinished + "AB Sub#A1.dat", "new"}}, "o"},
                         {"note", unfinished + kFile, {{unfinished + kFile, "new"}}, "c"}};
   for (const auto& [note, known, onDisk, letters] : cases) {
     Scratch scratch;
-    Disk disk = scratch.MakeDisk();
     Prepare(scratch, {});
     for (const auto& [path, content] : onDisk) scratch.Put(path, content);
     const Tree before = scratch.Snapshot();
@@ -151,19 +136,14 @@ TEST(SubjectSave, AsksBeforeItReplacesAnotherEntry) {
     FakePlatform fakes;
     for (const char letter : letters) {
       const std::string name(kIsWindows ? kFile : LastPathComponent(onDisk.begin()->first));
-      fakes.Boxes.Expect({.Text = (letter | 0x20) == 'c' ? "The data for this subject have changed on the disk since "
-                                                           "they were read.  Do you wish to replace them?"
-                                                         : "The file '" + name +
-                                                               "' already holds another entry of "
-                                                               "this subject.  Do you wish to replace it?",
-                          .Answer = letter < 'a' ? BoxAnswer::No : BoxAnswer::Yes,
-                          .Icon = BoxIcon::Exclamation,
-                          .Buttons = BoxButtons::YesNo,
-                          .Default = BoxAnswer::No,
-                          .Title = "Warning"});
+      const char* const changed =
+          "The data for this subject have changed on the disk since they were read.  Do you wish to replace them?";
+      const char* const holds = "' already holds another entry of this subject.  Do you wish to replace it?";
+      fakes.Boxes.Expect(Warned((letter | 0x20) == 'c' ? changed : "The file '" + name + holds,
+                                letter < 'a' ? BoxAnswer::No : BoxAnswer::Yes));
     }
     if (!refused) fakes.Boxes.Expect({*note == '\0' ? "Completed subject saved." : "Incomplete subject saved."});
-    EXPECT_EQ(SaveSubject(record, Project(), "C:\\Param", fakes.With(disk)).Saved, !refused) << letters;
+    EXPECT_EQ(SaveSubject(record, Project(), "C:\\Param", fakes.With(scratch.Files)).Saved, !refused) << letters;
     if (!refused) continue;
     EXPECT_EQ(scratch.Snapshot(), before) << letters;
     EXPECT_EQ(record, entered) << letters;
@@ -173,10 +153,12 @@ TEST(SubjectSave, AsksBeforeItReplacesAnotherEntry) {
 TEST(SubjectSave, LosesNothingWhateverCallFails) {
   const std::string content = FormatSubject(Subject(7), Project());
   FakePlatform fakes;
-  for (const auto& [answer, note] : {std::pair{BoxAnswer::Retry, ""},
-                                     {BoxAnswer::Retry, "a note"},
-                                     {BoxAnswer::Cancel, ""},
-                                     {BoxAnswer::Cancel, "a note"}}) {
+  const std::tuple<BoxAnswer, const char*, bool> cases[] = {{BoxAnswer::Retry, "", false},
+                                                            {BoxAnswer::Retry, "a note", false},
+                                                            {BoxAnswer::Cancel, "", false},
+                                                            {BoxAnswer::Cancel, "a note", false},
+                                                            {BoxAnswer::Cancel, "", true}};
+  for (const auto& [answer, note, isKilled] : cases) {
     const bool complete = *note == '\0';
     Tree saved;  // by the first round, which has no fault
     SubjectRecord savedRecord;
@@ -186,12 +168,11 @@ TEST(SubjectSave, LosesNothingWhateverCallFails) {
     for (int n = 0; n <= kFailureStep || failed; n += kFailureStep) {
       Scratch scratch;
       Prepare(scratch, complete ? std::vector{kFile} : std::vector<std::string>{}, complete);
-      FailingFileLayer layer(scratch.Layer());
-      Disk disk(layer, scratch.Drives());
+      FailingFileLayer& layer = scratch.Faults;
       AnsweringBoxes boxes(answer);
       SubjectRecord record = Subject(7, note, true);
-      layer.FailAt(n, std::errc::no_space_on_device, FailingFileLayer::Writes::Half);
-      const bool done = SaveSubject(record, Project(), "C:\\Param", fakes.With(disk, boxes)).Saved;
+      isKilled ? layer.KillAt(n) : layer.FailAt(n, std::errc::io_error, FailingFileLayer::Writes::Half);
+      const bool done = SaveSubject(record, Project(), "C:\\Param", fakes.With(scratch.Files, boxes)).Saved;
       failed = layer.HasFailed();
       calls.insert(layer.FailedCall());
       const std::string call = layer.FailedCall() + " " + std::to_string(n);
@@ -206,13 +187,13 @@ TEST(SubjectSave, LosesNothingWhateverCallFails) {
         entered.KnownFiles.clear();
         EXPECT_EQ(entered, Subject(7, note)) << call;
         if (complete) ExpectNothingLost(scratch, content, call);
-        EXPECT_TRUE(SaveSubject(record, Project(), "C:\\Param", fakes.With(disk, boxes)).Saved) << call;
+        EXPECT_TRUE(SaveSubject(record, Project(), "C:\\Param", fakes.With(scratch.Files, boxes)).Saved) << call;
       }
       Tree tree = scratch.Snapshot();
       if (keepsAutosave) tree.erase("C/Param/Temp.txt");
       if (n == 0) saved = tree, savedRecord = record;
       // Given up just before the empty directories went: then no later save finds a reason to look at them.
-      for (const char* left : {"C/P/Sdata/Unfinished/", "D/B/Sdata/Unfinished/"}) {
+      for (const char* left : {"C/Data/Sdata/Unfinished/", "D/B/Sdata/Unfinished/"}) {
         if (!done && complete) tree.erase(left);
       }
       EXPECT_EQ(tree, saved) << call;
@@ -225,40 +206,3 @@ TEST(SubjectSave, LosesNothingWhateverCallFails) {
     }
   }
 }
-
-#ifndef _WIN32
-TEST(SubjectSave, SurvivesAKillAtAnyCall) {
-  const std::string content = FormatSubject(Subject(7), Project());
-  int kills = 0;
-  for (bool killed = true; killed; ++kills) {
-    Scratch scratch;
-    Prepare(scratch, {kFile}, true);
-    FailingFileLayer layer(scratch.Layer());
-    const auto save = [&] {
-      Disk disk(layer, scratch.Drives());
-      AnsweringBoxes boxes(BoxAnswer::Cancel);
-      SubjectRecord record = Subject(7, "", true);
-      return SaveSubject(record, Project(), "C:\\Param", FakePlatform().With(disk, boxes)).Saved;
-    };
-    const pid_t child = fork();
-    ASSERT_GE(child, 0);
-    if (child == 0) {
-      layer.OnFault = [] { raise(SIGKILL); };
-      layer.FailAt(kills + 1, std::errc::io_error, FailingFileLayer::Writes::Half);
-      _exit(save() ? 0 : 1);
-    }
-    int status = 0;
-    ASSERT_EQ(waitpid(child, &status, 0), child);
-    killed = WIFSIGNALED(status);
-    ASSERT_EQ(status, killed ? SIGKILL : 0);
-    ExpectNothingLost(scratch, content, "killed at call " + std::to_string(kills + 1));
-    ASSERT_TRUE(save());
-    for (const char* sdata : {"C:\\P\\Sdata", "D:\\B\\Sdata"}) {
-      Tree left = TreeOf(scratch.Native(sdata));
-      left.erase("Unfinished/");  // empty: no later save finds a reason to look at it
-      EXPECT_EQ(left, (Tree{{kFile, content}})) << "leftovers stay after a kill at call " << kills + 1;
-    }
-  }
-  EXPECT_GT(kills, 25);
-}
-#endif

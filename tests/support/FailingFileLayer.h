@@ -2,7 +2,6 @@
 #pragma once
 
 #include <filesystem>
-#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -37,15 +36,16 @@ class FailingFileLayer final : public FileLayer {
     m_failAt = n;
     m_code = code;
     m_writes = writes;
+    m_isKilled = false;
     m_failedCall.clear();
   }
+  /// As when the program is killed during call `n` (none for 0): it and all later ones fail.
+  void KillAt(int n) { FailAt(n, std::errc::io_error, Writes::Half), m_isKilled = true; }
   /// Restarts the count; no call fails.
   void FailNever() { FailAt(0); }
   [[nodiscard]] bool HasFailed() const noexcept { return !m_failedCall.empty(); }
   /// The name of the call that failed, or "".
   [[nodiscard]] const std::string& FailedCall() const noexcept { return m_failedCall; }
-  /// Called just before the fault.
-  std::function<void()> OnFault;
 
   EntryKind Kind(const Path& path) override { return Pass("Kind"), m_inner.Kind(path); }
   std::optional<FileIdentity> Identity(const Path& path) override { return Pass("Identity"), m_inner.Identity(path); }
@@ -94,9 +94,9 @@ class FailingFileLayer final : public FileLayer {
   };
 
   void Pass(const char* call) {
-    if (++m_calls != m_failAt) return;
-    m_failedCall = call;
-    if (OnFault) OnFault();
+    ++m_calls;
+    if (m_failAt == 0 || (m_isKilled ? m_calls < m_failAt : m_calls != m_failAt)) return;
+    if (m_failedCall.empty()) m_failedCall = call;
     throw std::system_error(std::make_error_code(m_code));
   }
 
@@ -105,6 +105,7 @@ class FailingFileLayer final : public FileLayer {
   int m_failAt = 0;
   std::errc m_code = std::errc::no_space_on_device;
   Writes m_writes = Writes::Nothing;
+  bool m_isKilled = false;
   std::string m_failedCall;
 };
 

@@ -10,6 +10,7 @@
 #include <chrono>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <iterator>
 #include <map>
 #include <random>
@@ -17,6 +18,7 @@
 #include <string_view>
 
 #include "platform/files/Disk.h"
+#include "support/FailingFileLayer.h"
 
 namespace zova::testing {
 
@@ -44,6 +46,18 @@ inline Tree TreeOf(const std::filesystem::path& root) {
     tree[name + (entry.is_directory() ? "/" : "")] = entry.is_directory() ? "" : ReadFile(entry.path());
   }
   return tree;
+}
+
+/// What went wrong in a call to a disk, or "".
+inline std::string CauseOf(const std::function<void()>& call) {
+  try {
+    call();
+  } catch (const FileError& error) {
+    EXPECT_FALSE(error.Path().empty());
+    if (error.Cause() == FileCause::System) return error.Code().default_error_condition().message();
+    return error.Cause() == FileCause::PathNotFound ? "path not found" : "end of data";
+  }
+  return "";
 }
 
 #ifdef _WIN32
@@ -90,7 +104,8 @@ inline void LinkDirectory(const std::filesystem::path& target, const std::filesy
 #endif
 }
 
-/// A directory of its own with the drives C: and D: in it, removed with all that it holds.
+/// A directory of its own with the drives C: and D: in it, removed with all that it holds, and a disk over it whose
+/// calls can fail.
 class Scratch {
  public:
   Scratch()
@@ -123,7 +138,7 @@ class Scratch {
   [[nodiscard]] ResolvedPath At(std::string_view drivePath) const {
     return {std::string(drivePath), Native(drivePath)};
   }
-  /// A disk of its own over the platform's own files.
+  /// Another disk, over the platform's own files.
   [[nodiscard]] Disk MakeDisk() { return {m_layer, Drives()}; }
   [[nodiscard]] NativeFileLayer& Layer() noexcept { return m_layer; }
 
@@ -149,6 +164,10 @@ class Scratch {
 
   std::filesystem::path m_root;
   NativeFileLayer m_layer;
+
+ public:
+  FailingFileLayer Faults{m_layer};
+  Disk Files{Faults, Drives()};
 };
 
 }  // namespace zova::testing

@@ -8,6 +8,7 @@
 #include <initializer_list>
 #include <optional>
 #include <string>
+#include <system_error>
 #include <vector>
 
 #include "platform/desktop/MessageBoxes.h"
@@ -28,6 +29,14 @@ struct ExpectedBox {
 inline ExpectedBox Told(const std::string& text, BoxIcon icon = BoxIcon::Exclamation) {
   return {text, BoxAnswer::Ok, "", icon, BoxButtons::Ok};
 }
+
+/// A question under "Warning" for which No is preset.
+inline ExpectedBox Warned(const std::string& text, BoxAnswer answer, BoxButtons buttons = BoxButtons::YesNo) {
+  return {text, answer, "", BoxIcon::Exclamation, buttons, BoxAnswer::No, "Warning"};
+}
+
+/// What the system says of a fault.
+inline std::string TextOf(std::errc fault) { return std::make_error_code(fault).message(); }
 
 /// Message boxes that must be shown exactly as listed: a box that is not expected, one with another text, an answer
 /// that the box does not offer, and one never shown fail the test.

@@ -40,13 +40,3 @@ TEST(Encoding, FoldsAsciiAndLatin1Only) {
   EXPECT_FALSE(BeginsIgnoringCase("Ex", "Exp"));
   EXPECT_FALSE(EndsIgnoringCase("dat", ".dat"));
 }
-
-TEST(Encoding, CountsCharacters) {
-  const std::string text = "a\xC3\xA4\xE2\x82\xAC\xF0\x9D\x84\x9Ez";
-  EXPECT_EQ(CharacterCount(text), 5U);
-  EXPECT_EQ(CharacterCount("\xE4\xC3"), 2U);  // bad bytes count one each
-  EXPECT_EQ(FirstCharacters(text, 3), "a\xC3\xA4\xE2\x82\xAC");
-  EXPECT_EQ(FirstCharacters(text, 9), text);
-  EXPECT_EQ(WithoutLastCharacter("Data\xC3\xA4"), "Data");
-  EXPECT_EQ(WithoutLastCharacter(""), "");
-}
