@@ -67,6 +67,9 @@ TEST_F(WizardPanelTest, DefinesAProjectByKeyboardAlone) {
   const auto warn = [this](BoxAnswer answer, const char* text) {
     Boxes.Expect({.Text = text, .Answer = answer, .Title = "Warning"});
   };
+  Boxes.Expect(testing::kRestoreAsked);
+  Dialogs.Answers = {std::nullopt};
+  session.RestoreFromBackup();  // no parameter file is copied to a backup directory from now on
   Boxes.Expect({"'D:\\Copy' Directory does not exist.  Do you wish to create it?", BoxAnswer::Yes});
   Boxes.Expect({"All categories must have an equal number of items."});
   warn(BoxAnswer::Yes, "Do you wish to erase variable 1 and all of its levels?");
@@ -94,9 +97,10 @@ TEST_F(WizardPanelTest, DefinesAProjectByKeyboardAlone) {
        "the parameters are correct, please select the 'No' button and use the 'Back' button to verify all of the "
        "parameters for your project.  If you are sure that the parameters are correct then select 'Yes'.  Are you sure "
        "these parameters are correct?");
-  Boxes.Expect({"Do you want to continue by entering data for this project now?", BoxAnswer::No});
+  Boxes.Expect({"Do you want to continue by entering data for this project now?", BoxAnswer::Yes});
   Type("\r");
-  ASSERT_EQ(session.Shown(), Screen::Main);
+  ASSERT_EQ(session.Shown(), Screen::Identification);
+  EXPECT_FALSE(m_scratch.Has("D:\\Copy\\Pilot.prm"));
   const ProjectParameters project = ReadProjectFile(m_disk, "C:\\Param\\Pilot.prm");
   EXPECT_EQ(project.PrimaryDir + project.BackupDir + project.Abbreviation, "C:D:\\Copypil");
   EXPECT_EQ(project.VariableNames[0] + project.LevelNames[0][0] + project.RatedTests[0], "GroupTreatedY");

@@ -2,6 +2,8 @@
 
 #include "master/columns/MasterLines.h"
 
+#include <regex>
+
 #include "scoring/Examples.h"
 
 namespace zova::testing {
@@ -49,15 +51,9 @@ TEST(MasterLines, NamesAndValuesInTheirOrder) {
       "ItemsPreLure(Test 1), ItemsPostLure(Test 1), ItemsPreLure(Test 2), ItemsPostLure(Test 2), "
       "LuresWithPattern(NN), LuresWithPattern(NC), LuresWithPattern(CN), LuresWithPattern(CC)");
 
-  std::string combined;
-  std::istringstream names(header.MasterHeader);
-  for (std::string name; std::getline(names, name, ',');) {
-    constexpr const char* kAbsent[] = {" ArcScore(", " Bi-ITR(",    " Up(",        " Down(",    " Same(",
-                                       " FalseUp(",  " FalseDown(", " FalseSame(", " ItemsPre", " ItemsPostLure"};
-    const auto isName = [&](const char* absent) { return name.starts_with(absent); };
-    if (std::none_of(std::begin(kAbsent), std::end(kAbsent), isName)) combined += (combined.empty() ? "" : ",") + name;
-  }
-  EXPECT_EQ(BuildMasterHeader(project, all, MasterKind::Combined).MasterHeader, combined);
+  const std::regex notOfGroups(", (ArcScore|Bi-ITR|(False)?(Up|Down|Same)|Items(Pre|Post)Lure)\\([^)]*\\)");
+  EXPECT_EQ(BuildMasterHeader(project, all, MasterKind::Combined).MasterHeader,
+            std::regex_replace(header.MasterHeader, notOfGroups, ""));
 
   std::string row;
   BuildMasterRow("1", {1, 2}, project, all, Scored(project, "3/1/2 2/2/1 | 4/1/3"), row);
@@ -116,15 +112,9 @@ TEST(SplitWideMaster, CutsUnevenly) {
   const std::pair<int, std::vector<std::ptrdiff_t>> kCases[] = {
       {257, {256, 1}}, {767, {256, 255, 256}}, {1023, {256, 255, 255, 257}}};
   for (const auto& [columns, expected] : kCases) {
-    std::string line = "1";
-    for (int c = 2; c <= columns; ++c) line += ",  " + std::to_string(c);
+    const std::string line(static_cast<std::size_t>(columns) - 1, ',');
     std::vector<std::ptrdiff_t> sizes;
-    std::string joined;
-    for (const std::string_view piece : SplitWideMaster(line, columns)) {
-      joined.append(joined.empty() ? "" : ",").append(piece);
-      sizes.push_back(CommasIn(piece) + 1);
-    }
-    EXPECT_EQ(joined, line);
+    for (const std::string_view piece : SplitWideMaster(line, columns)) sizes.push_back(CommasIn(piece) + 1);
     EXPECT_EQ(sizes, expected);
   }
 }

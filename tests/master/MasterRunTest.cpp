@@ -7,11 +7,8 @@
 
 #include "master/groups/SavedOrders.h"
 #include "scoring/Examples.h"
-#include "subjects/SubjectFile.h"
 #include "support/FailingFileLayer.h"
 #include "support/FakePlatform.h"
-#include "support/Scratch.h"
-#include "support/ScriptedBoxes.h"
 
 namespace zova::testing {
 namespace {

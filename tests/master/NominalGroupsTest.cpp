@@ -8,10 +8,7 @@
 #include "master/groups/SavedOrders.h"
 #include "master/run/CombinedMaster.h"
 #include "scoring/Examples.h"
-#include "subjects/SubjectFile.h"
 #include "support/FakePlatform.h"
-#include "support/Scratch.h"
-#include "support/ScriptedBoxes.h"
 
 namespace zova::testing {
 namespace {

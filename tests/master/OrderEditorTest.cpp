@@ -40,10 +40,7 @@ TEST(OrderEditor, EveryCommand) {
       {"counts up", [&](G& g, auto&) { select(g, 3, 2), type(g, "7"); }, "1 7 8 4 @2[2-3] "},
       {"counts to 16 bits", [&](G& g, auto&) { select(g, 1, 3), type(g, "32766"); }, "32766 32767 0 4 @3[1-3] "},
       {"Delete", [&](G& g, auto&) { select(g, 4, 3), g.DeleteKey(), g.Click({1}), g.DeleteKey(); }, "0 3 0 0 @1 "},
-      {"paste at the selection", [&](G& g, auto&) { select(g, 4, 3), g.Paste("9\n8"); }, "1 3 9 8 @3[3-4] "},
       {"undo", [&](G& g, auto& o) { type(g, "4"), g.DeleteKey(), o.Reset(), g.Undo(), g.Undo(); }, "4 3 2 4 @2 "},
-      {"what differs in one row", [&](G& g, auto&) { select(g, 1, 4), g.Paste("1\n2\n3\n4"), g.Undo(); },
-       "1 3 2 4 @2 "},
       {"Reset, lures last", [&](G& g, auto& o) { type(g, "4"), g.SetEntryText("3"), o.Reset(); }, "1 3 2 4 @1 "}};
   for (const auto& [why, act, state] : kCases) {
     ScriptedBoxes boxes;
@@ -53,16 +50,6 @@ TEST(OrderEditor, EveryCommand) {
     act(editor.Cells(), editor);
     EXPECT_EQ(StateOf(editor), state) << why;
   }
-}
-
-TEST(OrderEditor, CopiesTheColumnOrTheSelection) {
-  ScriptedBoxes boxes;
-  CountingDesktop desktop;
-  OrderEditor editor(boxes, desktop);
-  editor.OpenSerial(MakeProject({.Items = 4}), SerialOrder{4, 0, 2, 1});
-  EXPECT_EQ(editor.Cells().Copy(), "4\n\n2\n1\n");
-  editor.Cells().ExtendSelection(1, 0);
-  EXPECT_EQ(editor.Cells().Copy(), "4\n\n");
 }
 
 TEST(OrderEditor, ProjectWithoutItems) {

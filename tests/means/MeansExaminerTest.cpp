@@ -4,9 +4,7 @@
 
 #include "master/groups/SerialPositions.h"
 #include "scoring/Examples.h"
-#include "subjects/SubjectFile.h"
 #include "support/FakePlatform.h"
-#include "support/Scratch.h"
 
 namespace zova::testing {
 namespace {
@@ -183,13 +181,10 @@ TEST(MeansExaminer, NothingThatHoldsDataIsReplaced) {
   namespace fs = std::filesystem;
   desk.Files.Put(kMaster, kRows);  // its header went to another file
   desk.Files.Put("C:\\Data\\AB Combined Master2.txt", kRows);
-  desk.Files.Put("C:\\Param\\Temp.txt", "kept");
   LinkFile(desk.Files.Native(kMaster), desk.Files.Native("D:\\soft.csv"));
   fs::create_hard_link(desk.Files.Native("C:\\Data\\AB Combined Master2.txt"), desk.Files.Native("D:\\hard.csv"));
-  LinkFile(desk.Files.Native("C:\\Data\\Sdata\\AB Sub#1.dat"), desk.Files.Native("D:\\subject.csv"));
   LinkFile(desk.Files.Native("D:\\Rows.txt"), desk.Files.Native("D:\\shown.csv"));
-  LinkDirectory(desk.Files.Native("C:\\Param"), desk.Files.Native("D:\\Link"));
-  kept.insert(kept.end(), {"D:\\soft.csv", "D:\\hard.csv", "D:\\subject.csv", "D:\\shown.csv", "D:\\Link\\TEMP.txt"});
+  kept.insert(kept.end(), {"D:\\soft.csv", "D:\\hard.csv", "D:\\shown.csv"});
   for (const char* path : kept) {
     const Tree before = desk.Files.Snapshot();
     desk.Boxes.Expect({.Text = "A master or a data file of a project is never replaced.  Please select another name.",

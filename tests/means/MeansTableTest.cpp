@@ -29,25 +29,16 @@ TEST(Statistics, SpreadKeepsItsDigitsBesideALargeMean) {
   EXPECT_NEAR(statistics.Sd.value_or(0), 1.5275252316519468, 1e-12);
 }
 
-struct AllNames final : ColumnSink {
-  void Count(const MasterColumn& column, std::int16_t) override { Add(column); }
-  void Share(const MasterColumn& column, const Ratio&) override { Add(column); }
-  void Add(const MasterColumn& column) { AppendColumnName(Names.emplace_back(), column); }
-  std::vector<std::string> Names;
-};
-
 TEST(ColumnName, EveryColumnOfAMasterHasAPlaceOfItsOwn) {
   const ProjectParameters project = MakeProject(
       {.Tests = 3, .Items = 8, .PerCategory = 4, .Minutes = 2, .MaxRating = 7, .Rated = "YYY", .Lures = true});
   MeasureSelection everything;
   everything.SetDefaultMeasures(project);
-  ScoringArrays scores;
-  ResetScores(scores, project);
-  AllNames columns;
-  WalkMeasureColumns(project, everything, MasterKind::Individual, scores, columns);
+  const auto table = ParseMaster(BuildMasterHeader(project, everything, MasterKind::Individual).MasterHeader, "");
+  ASSERT_TRUE(table);
   std::set<std::string> families;
   std::set<std::tuple<std::string, int, int>> places;
-  for (const std::string& column : columns.Names) {
+  for (const std::string& column : table->Measures) {
     const auto known = ColumnByName(column);
     ASSERT_TRUE(known) << column;
     const std::string stem(known->Family->Stem);

@@ -3,9 +3,7 @@
 #include "means/UncomputedValues.h"
 
 #include "scoring/Examples.h"
-#include "subjects/SubjectFile.h"
 #include "support/FakePlatform.h"
-#include "support/Scratch.h"
 
 namespace zova::testing {
 namespace {

@@ -42,69 +42,6 @@ class EndToEndTest : public SessionTest {
   }
 };
 
-TEST_F(EndToEndTest, AProjectIsViewedBackedUpLostAndRestored) {
-  Session& session = OpenStudy();
-  session.ViewParameters();
-  session.FinishWizard();
-  EXPECT_EQ(session.Shown(), Screen::Main);
-
-  m_scratch.Put("C:\\Data\\é x\\Sdata\\L'Été 1 Sub#1.dat", "one");
-  const Tree before = TreeOf(m_scratch.Native("C:\\"));
-  Boxes.Expect({.Text = "This feature will create a new backup of all the entered data for the current project.  This "
-                        "project's data already has a backup location at: 'D:\\Bk'.  To recreate or refresh the data "
-                        "at this location, select 'No'.  Do you want to specify a new backup location?",
-                .Answer = BoxAnswer::Yes});
-  session.CreateNewBackup();
-  EXPECT_EQ(session.Location().Texts().Title, "New Backup Destination");
-  session.Location().SetText("D:\\New");
-  Boxes.Expect({"'D:\\New' Directory does not exist.  Do you wish to create it?", BoxAnswer::Yes});
-  Boxes.Expect({.Text = "The backup directory and files were successfully created.", .Icon = BoxIcon::Information});
-  session.Location().Accept();
-  EXPECT_EQ(session.Shown(), Screen::Main);
-
-  std::filesystem::remove_all(m_scratch.Native("C:\\Data"));
-  std::filesystem::remove(m_scratch.Native("C:\\Param\\L'Été 1.prm"));
-  std::filesystem::remove_all(m_scratch.Native("D:\\Bk"));
-  Boxes.Expect({.Text = "This procedure will allow you to select a parameter (.prm) file for a project.  The file can "
-                        "be found in the 'Param' directory.  Backups can also be found in the primary or backup "
-                        "directories of a project.  Once the file is selected, ZOVA will copy all appropriate files "
-                        "and directories from the backup location to the primary location.  ZOVA will overwrite all "
-                        "existing data (.dat) files in primary directory that are related to the project.  Do you "
-                        "wish to continue?",
-                .Answer = BoxAnswer::Yes,
-                .Default = BoxAnswer::No,
-                .Title = "Restore from Backup"});
-  Boxes.Expect({.Text = "The data was successfully restored.", .Icon = BoxIcon::Information, .Title = "Restore"});
-  Dialogs.Answers = {"D:\\New\\L'Été 1 Backup.prm"};
-  session.RestoreFromBackup();
-  EXPECT_EQ(TreeOf(m_scratch.Native("C:\\")), before);
-  EXPECT_EQ(session.OpenedProject()->BackupDir, "D:\\Bk") << "as its owner chose";
-  EXPECT_FALSE(m_scratch.Has("D:\\Bk")) << "a restore writes nothing to the backup directory";
-
-  // From now on a new project's parameter file gets no copy in its backup directory.
-  session.CreateNewProject();
-  for (const char* directory : {"C:\\Second", "D:\\Bk"}) m_scratch.MakeDirectory(directory);
-  for (const auto& [box, text] : {std::pair(WizardBox::Title, "Second"),
-                                  {WizardBox::Primary, "C:\\Second"},
-                                  {WizardBox::Backup, "D:\\Bk"},
-                                  {WizardBox::Tests, "1"},
-                                  {WizardBox::Items, "3"}}) {
-    session.Wizard().SetText(box, text);
-  }
-  for (int page = 1; page < NewProjectWizard::kPages; ++page) session.Wizard().Next();
-  Boxes.Expect({.Text = "ZOVA will not allow you to make changes to the parameters once they are completed.  If you "
-                        "are not sure that the parameters are correct, please select the 'No' button and use the "
-                        "'Back' button to verify all of the parameters for your project.  If you are sure that the "
-                        "parameters are correct then select 'Yes'.  Are you sure these parameters are correct?",
-                .Answer = BoxAnswer::Yes,
-                .Title = "Warning"});
-  Boxes.Expect({"Do you want to continue by entering data for this project now?", BoxAnswer::Yes});
-  session.FinishWizard();
-  EXPECT_EQ(session.Shown(), Screen::Identification);
-  EXPECT_TRUE(m_scratch.Has("C:\\Second\\Second.prm"));
-  EXPECT_FALSE(m_scratch.Has("D:\\Bk\\Second.prm"));
-}
-
 TEST_F(EndToEndTest, OneSubjectIsInterruptedAndOneKeptUnfinished) {
   OpenStudy().EnterSubjects();
   Identify("1", "2");

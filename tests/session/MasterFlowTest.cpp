@@ -3,9 +3,7 @@
 #include "session/MasterFlow.h"
 
 #include "scoring/Examples.h"
-#include "subjects/SubjectFile.h"
 #include "support/FakePlatform.h"
-#include "support/Scratch.h"
 
 namespace zova::testing {
 namespace {
@@ -15,7 +13,7 @@ const ExpectedBox kCreated = {.Text = "Master(s) Successfully Created!", .Icon =
 const ExpectedBox kCombinedCreated = {.Text = "Master(s) successfully created!", .Icon = BoxIcon::Information};
 
 // A flow over the data of five subjects, 1 to 3 men.
-struct Lab : Study, MessageBoxes, Progress {
+struct Lab : Study, MessageBoxes {
   // "i", "c" and "e" for the boxes: serial positions, groups, both CSV files.
   explicit Lab(std::string_view settings) : Study({.Items = 3, .Variables = {""}}) {
     Project.LevelCounts[0] = 1;
@@ -30,15 +28,9 @@ struct Lab : Study, MessageBoxes, Progress {
     Options.SetPerGroupText("2");
   }
   void Put(int id, const std::string& lists) { Study::Put(std::to_string(id), lists, id <= 3 ? 1 : 2); }
-  void Show(int, const std::string&) override {
-    if (RunsOutOfMemory) throw std::bad_alloc();
-  }
-  void ProcessEvents() override {}
   BoxAnswer Show(const MessageBox& box) override {
     EXPECT_NE(Flow.CurrentStage(), MasterFlow::Stage::Closed) << "the main screen comes after the messages";
-    const BoxAnswer answer = Fakes.Boxes.Show(box);
-    if (answer == BoxAnswer::Retry) Put(3, "1 | 2");  // mended
-    return answer;
+    return Fakes.Boxes.Show(box);
   }
   // Gives every screen's command in turn; those of screens that are not up must do nothing. The initials of the stages,
   // then of the masters and CSV files that there are.
@@ -58,8 +50,7 @@ struct Lab : Study, MessageBoxes, Progress {
   }
 
   FakePlatform Fakes;
-  Platform Around = Fakes.With(OfFiles, *this, *this);
-  bool RunsOutOfMemory = false;
+  Platform Around = Fakes.With(OfFiles, *this);
   std::string Trail;
   MasterFlow Flow{Around};
   MasterOptions& Options = Flow.Options();
@@ -90,8 +81,7 @@ TEST(MasterFlow, DestinationsAndRunsThatStop) {
   const auto type = [](const char* text) { return [text](Lab& lab) { lab.Options.SetDestination(text); }; };
   const auto move = [](const char* path) {
     return [path](Lab& lab) {
-      const bool isRoot = path[3] == 0;
-      isRoot ? lab.Options.Browser().SelectDrive(*path) : lab.Options.Browser().TryOpen(path);
+      path[3] == 0 ? lab.Options.Browser().SelectDrive(*path) : lab.Options.Browser().TryOpen(path);
       lab.Options.FollowBrowser();
     };
   };
@@ -109,7 +99,6 @@ TEST(MasterFlow, DestinationsAndRunsThatStop) {
   const auto remove = [](Lab& lab) { std::filesystem::remove(lab.Files.Native("C:\\Data\\Sdata\\AB Sub#2.dat")); };
   const auto combine = [&](Lab& lab) { remove(lab), lab.Options.ChkCombine = true; };
   const ExpectedBox none, stop{"Subscript out of range", BoxAnswer::Cancel};
-  const ExpectedBox retry{stop.Text, BoxAnswer::Retry};
   const ExpectedBox gone{std::make_error_code(std::errc::no_such_file_or_directory).message(), BoxAnswer::Cancel};
   const ExpectedBox noDrive{"Path not found.  Please verify that the correct disk is in the drive.", BoxAnswer::Cancel};
   const ExpectedBox taken{std::make_error_code(std::errc::file_exists).message(), BoxAnswer::Cancel};
@@ -129,7 +118,6 @@ TEST(MasterFlow, DestinationsAndRunsThatStop) {
       {widen, {"Overflow", BoxAnswer::Cancel, "uncheck 'General Data: Item Pattern"}, "O ", ""},
       {clash, taken, "OIWO ", ""},
       {type("AB Combine Order.dat"), taken, "OWO ", ""},
-      {spoil, retry, "OWFC M", kMaster},
       {spoil, stop, "OWO M", ""},
       {type("Q:\\AB.txt"), noDrive, "OWO ", ""},
       {remove, gone, "OWO M", ""},
@@ -201,7 +189,7 @@ TEST(MasterFlow, GroupsAsPreviewedInTheirOrder) {
 
 TEST(MasterFlow, ARunThatEndsByAnExceptionLeadsBackToTheOptions) {
   Lab lab("");
-  lab.RunsOutOfMemory = true;
+  lab.Fakes.Bar.Meanwhile = [] { throw std::bad_alloc(); };
   EXPECT_THROW(lab.Flow.Continue(), std::bad_alloc);
   EXPECT_EQ(lab.Flow.CurrentStage(), MasterFlow::Stage::Options);
   EXPECT_EQ(lab.Fakes.Pointer.Busy, 0);

@@ -11,6 +11,18 @@
 
 namespace zova::testing {
 
+/// Asked before a project is restored.
+inline const ExpectedBox kRestoreAsked = {
+    .Text =
+        "This procedure will allow you to select a parameter (.prm) file for a project.  The file can be found in "
+        "the 'Param' directory.  Backups can also be found in the primary or backup directories of a project.  "
+        "Once the file is selected, ZOVA will copy all appropriate files and directories from the backup location "
+        "to the primary location.  ZOVA will overwrite all existing data (.dat) files in primary directory that "
+        "are related to the project.  Do you wish to continue?",
+    .Answer = BoxAnswer::Yes,
+    .Default = BoxAnswer::No,
+    .Title = "Restore from Backup"};
+
 /// A session over a scratch disk, with everything around it scripted.
 class SessionTest : public ::testing::Test, protected FakePlatform {
  protected:

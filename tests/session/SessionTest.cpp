@@ -6,7 +6,6 @@
 
 #include "scoring/Examples.h"
 #include "session/SessionFixture.h"
-#include "subjects/SubjectFile.h"
 #include "support/FailingFileLayer.h"
 
 namespace zova::testing {
@@ -19,14 +18,6 @@ const std::string kLost =
 const std::string kUnfinished =
     "You have unfinished business for this experiment.  Do you want to complete some data now?";
 
-const std::string kRestoreQuestion =
-    "This procedure will allow you to select a parameter (.prm) file for a project.  The file can be found in the "
-    "'Param' directory.  Backups can also be found in the primary or backup directories of a project.  Once the file "
-    "is "
-    "selected, ZOVA will copy all appropriate files and directories from the backup location to the primary location.  "
-    "ZOVA will overwrite all existing data (.dat) files in primary directory that are related to the project.  Do you "
-    "wish to continue?";
-
 std::string Message(std::errc code) { return std::make_error_code(code).message(); }
 
 std::string Example(const char* marker = kCurrentMarker) { return FormatProject(ExampleProject("C:\\ZOVA"), marker); }
@@ -38,8 +29,6 @@ TEST_F(SessionTest, AnEmptyAccountGetsParamAndExampleBeforeAnythingElse) {
   EXPECT_EQ(session.Shown(), Screen::Location);
   EXPECT_EQ(session.Location().Texts().Title, "Select Location of 'Param' Directory");
   EXPECT_EQ(session.Location().Result(), "C:\\Param");
-  MenuStates onlyExitAndHelp;
-  EXPECT_EQ(session.Menus(), onlyExitAndHelp);
 
   // What is typed in the platform's form is kept by drive letter.
   m_scratch.MakeDirectory("D:\\Lab");
@@ -55,23 +44,19 @@ TEST_F(SessionTest, AnEmptyAccountGetsParamAndExampleBeforeAnythingElse) {
 }
 
 TEST_F(SessionTest, ALostParamDirectoryIsMadeAgainOrLookedFor) {
-  for (const BoxAnswer answer : {BoxAnswer::No, BoxAnswer::Yes}) {
-    Settings.Values[kSetting] = "D:\\Deep\\Down\\Param";
+  const std::string notReady = "Path not found.  Please verify that the correct disk is in the drive.";
+  for (const auto& [param, answer] : {std::pair("D:\\Deep\\Down\\Param", BoxAnswer::No),
+                                      {"D:\\Away\\Param", BoxAnswer::Yes},
+                                      {"Q:\\Param", BoxAnswer::No}}) {
+    Settings.Values[kSetting] = param;
     Boxes.Expect({kLost, answer, "", BoxIcon::Exclamation, BoxButtons::YesNo, {}, "Warning"});
+    if (*param == 'Q') Boxes.Expect({notReady, BoxAnswer::Cancel});
     Make().Start();
-    const bool made = answer == BoxAnswer::No;
-    EXPECT_EQ(m_session->Shown(), made ? Screen::Main : Screen::Location);
-    EXPECT_EQ(m_scratch.Has("D:\\Deep\\Down\\Param\\Example.prm"), made);
+    const bool made = *param == 'D' && answer == BoxAnswer::No;
+    EXPECT_EQ(m_session->Shown(), made ? Screen::Main : Screen::Location) << param;
+    EXPECT_EQ(m_scratch.Has(made ? "D:\\Deep\\Down\\Param\\Example.prm" : "D:\\Away"), made);
     m_session.reset();
-    std::filesystem::remove_all(m_scratch.Native("D:\\Deep"));
   }
-  // A drive that is not there any more: creating fails, the user gives up, and may choose another place.
-  Settings.Values[kSetting] = "Q:\\Param";
-  Boxes.Expect({.Text = kLost, .Answer = BoxAnswer::No, .Title = "Warning"});
-  Boxes.Expect(
-      {.Text = "Path not found.  Please verify that the correct disk is in the drive.", .Answer = BoxAnswer::Cancel});
-  Make().Start();
-  EXPECT_EQ(m_session->Shown(), Screen::Location);
 }
 
 TEST_F(SessionTest, AParamDirectoryThatIsThereAfterAllStaysAsItIs) {
@@ -133,7 +118,7 @@ TEST_F(SessionTest, AProjectWhoseNamesLeadElsewhereIsViewedOrNotBackedUp) {
     if (!c.Enters) Boxes.Expect(Told(note));
     if (!c.Enters) session.EnterSubjects();
     if (c.BacksUp) continue;
-    Boxes.Expect({.Text = kRestoreQuestion, .Answer = BoxAnswer::Yes, .Title = "Restore from Backup"});
+    Boxes.Expect(kRestoreAsked);
     Boxes.Expect(Told(note));
     Dialogs.Answers.emplace_back(kExample);
     const Tree before = m_scratch.Snapshot();
@@ -148,16 +133,38 @@ TEST_F(SessionTest, ABackupOfAnOlderProjectFollowsAMovedParam) {
   m_scratch.MakeDirectory("D:\\Backup");
   Session& session = Started();
   OpenProject(session, "C:\\Param\\Old.prm");
+  session.ViewParameters();
+  session.FinishWizard();
+  EXPECT_EQ(session.Shown(), Screen::Main);
   session.ChangeParamLocation();
   session.Location().SetText("D:\\");
   Boxes.Expect(Told("'Param' directory successfully moved!", BoxIcon::Information));
   session.Location().Accept();
   session.CreateNewBackup();
+  EXPECT_EQ(session.Location().Texts().Title, "New Backup Destination");
   session.Location().SetText("D:\\Back\"up\n");
   EXPECT_EQ(session.Location().Text(), "D:\\Backup");
   Boxes.Expect(Told("The backup directory and files were successfully created.", BoxIcon::Information));
   session.Location().Accept();
   EXPECT_EQ(m_scratch.Get("D:\\Backup\\Old.prm"), m_scratch.Get("D:\\Param\\Old.prm"));
+  EXPECT_EQ(session.Shown(), Screen::Main);
+}
+
+TEST_F(SessionTest, ALostProjectIsRestoredFromTheCopyInItsBackup) {
+  ProjectParameters project = ExampleProject("C:\\ZOVA");
+  project.BackupDir = "D:\\New";
+  const std::string copy = "D:\\New\\Example Backup.prm";
+  m_scratch.Put(copy, FormatProject(project, kBackupMarker, "D:\\Bk"));
+  m_scratch.Put("D:\\New\\Sdata\\Example Sub#1.dat", "one");
+  Session& session = Started();
+  Boxes.Expect(kRestoreAsked);
+  Boxes.Expect({.Text = "The data was successfully restored.", .Icon = BoxIcon::Information, .Title = "Restore"});
+  Dialogs.Answers = {copy};
+  session.RestoreFromBackup();
+  EXPECT_EQ(session.ProjectCaption(), "Example");
+  EXPECT_EQ(m_scratch.Get("C:\\ZOVA\\Sample Data\\Sdata\\Example Sub#1.dat"), "one");
+  EXPECT_EQ(session.OpenedProject()->BackupDir, "D:\\Bk") << "as its owner chose";
+  EXPECT_TRUE(m_scratch.Has(kExample));
 }
 
 TEST_F(SessionTest, AnAutosaveIsPutAsideWhenDeclinedAndWhenItCannotBeRead) {
@@ -351,18 +358,6 @@ TEST_F(SessionTest, OpenDuringTheWizardCancelsItFirst) {
   session.ChangeParamLocation();
   session.ShowScreenHelp();
   EXPECT_EQ(Help.Shown, "C:\\ZOVA\\ZOVA2.hlp#moveparam");
-}
-
-TEST_F(SessionTest, ADeclinedAutosaveIsPutAside) {
-  m_scratch.Put("C:\\Param\\Temp.txt", "subject");
-  Boxes.Expect({.Text = "The program was interrupted while entering a subject.  Would you like to restore from the "
-                        "autosave?",
-                .Answer = BoxAnswer::No,
-                .Title = "Restore"});
-  Boxes.Expect({"The autosave was kept as 'C:\\Param\\Temp 1.txt'.", BoxAnswer::Ok, "'Browse'", BoxIcon::Information});
-  Started();
-  EXPECT_EQ(m_scratch.Get("C:\\Param\\Temp 1.txt"), "subject");
-  EXPECT_FALSE(m_scratch.Has("C:\\Param\\Temp.txt"));
 }
 
 TEST_F(SessionTest, ClosingNeedsARegisteredParamDirectory) {
