@@ -56,10 +56,7 @@ void IndexByItem(const RecallLists& lists, const ProjectParameters& project, Ite
     for (int position = 1; position <= lists.RecallCount(test); ++position) {
       const Recall& recall = lists.At(test, position);
       if (recall.Item < 0 || recall.Item > project.ItemCount) {
-        throw ScoringError(ScoringFault::SubscriptOutOfRange, "item " + std::to_string(recall.Item) + " at position " +
-                                                                  std::to_string(position) + " of test " +
-                                                                  std::to_string(test) + " is outside 1 to " +
-                                                                  std::to_string(project.ItemCount));
+        ThrowItemOutOfRange(recall.Item, position, test, project.ItemCount);
       }
       if (recall.Item > 0) items.At(recall.Item, test) = recall;  // not a blank inside the list
     }

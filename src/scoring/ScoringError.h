@@ -35,6 +35,9 @@ inline const char* ScoringFaultText(ScoringFault fault) {
 /// Throws ScoringError (Overflow) naming `what` on `test`.
 [[noreturn]] void ThrowOverflow(std::int64_t value, const char* what, int test);
 
+/// Throws ScoringError (SubscriptOutOfRange) for an item beyond the study list.
+[[noreturn]] void ThrowItemOutOfRange(int item, int position, int test, int itemCount);
+
 /// `value` as a 16-bit count. Throws ScoringError (Overflow) naming `what` on `test`.
 inline std::int16_t Checked16(std::int64_t value, const char* what, int test) {
   if (value < INT16_MIN || value > INT16_MAX) ThrowOverflow(value, what, test);

@@ -56,6 +56,8 @@ constexpr AxisTraits kAxes[] = {
     {MeasureAxis::RunningMinute, "Minute over all tests", "minute", false, true},
     {MeasureAxis::Pattern, "Pattern of recall", "", false, false},
     {MeasureAxis::Lure, "Lure", "lure", true, false},
+    {MeasureAxis::Lag, "Lag", "lag", true, true},
+    {MeasureAxis::Position, "Serial position", "position", true, true},
 };
 
 constexpr MeasureShape kTest = {"(Test %)", MeasureAxis::Test};

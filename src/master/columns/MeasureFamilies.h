@@ -58,7 +58,9 @@ enum class MeasureAxis {
   Minute,         ///< "RecallByMin(Test 1 Min 3)": the minutes of each test
   RunningMinute,  ///< "CumulativeRecall(Min 7)": numbered over all tests
   Pattern,        ///< "ItemsWithPattern(NC)"
-  Lure            ///< "Lure(Test# 1 Lure# 2)": the lures of each test
+  Lure,           ///< "Lure(Test# 1 Lure# 2)": the lures of each test
+  Lag,            ///< "LagCrp(Test 1 Lag -2)"
+  Position        ///< "Position(Test 1 3)": the studied items of each test
 };
 
 struct AxisTraits {
@@ -74,7 +76,7 @@ const AxisTraits& TraitsOf(MeasureAxis axis);
 /// A column's place on its family's axis.
 struct ColumnPlace {
   int Test = 0;   ///< earlier test of a pair; number of tests of a pattern; 0 for a running minute
-  int Index = 0;  ///< test, later test, minute or lure, from 1; pattern number + 1
+  int Index = 0;  ///< test, later test, minute, lure or position, from 1; pattern number + 1; lag
 };
 
 /// What follows a family's stem, and which tests have columns.
@@ -83,6 +85,7 @@ struct MeasureShape {
   MeasureAxis Axis;
   int FirstTest = 1;            ///< 0: not by test
   bool HasFirstToLast = false;  ///< from 3 tests on, also the pair of first and last test
+  bool IsFirstToLast = false;   ///< that pair alone, of at least `FirstTest` tests
 };
 
 /// The values of a family from `place` on: one value, all minutes or lures of a test, or all running minutes or

@@ -1,0 +1,219 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "master/columns/FurtherFamilies.h"
+
+#include <algorithm>
+
+#include "text/NumberedText.h"
+
+namespace zova {
+
+namespace {
+
+constexpr MeasureShape kTest = {"(Test %)", MeasureAxis::Test};
+constexpr MeasureShape kTestPair = {"(Test % to %)", MeasureAxis::TestPair, 2};
+constexpr MeasureShape kBothTests = {"(Tests % and %)", MeasureAxis::TestPair, 2};
+constexpr MeasureShape kFirstToLast = {"(Test % to %)", MeasureAxis::TestPair, 2, false, true};
+constexpr MeasureShape kFirstToLaterLast = {"(Test % to %)", MeasureAxis::TestPair, 3, false, true};
+constexpr MeasureShape kAllTests = {"(Tests % to %)", MeasureAxis::TestPair, 2, false, true};
+constexpr MeasureShape kLagOfTest = {"(Test % Lag %)", MeasureAxis::Lag};
+constexpr MeasureShape kPositionOfTest = {"(Test % %)", MeasureAxis::Position};
+
+template <Measured FurtherTest::*Field>
+std::span<const Measured> OfTest(const FurtherScores& scores, ColumnPlace place) {
+  return {&(scores.Tests[place.Index].*Field), 1};
+}
+template <Measured FurtherPair::*Field>
+std::span<const Measured> OfPair(const FurtherScores& scores, ColumnPlace place) {
+  return {&(scores.Pairs[place.Index].*Field), 1};
+}
+template <Measured FurtherScores::*Field>
+std::span<const Measured> OfSubject(const FurtherScores& scores, ColumnPlace /*place*/) {
+  return {&(scores.*Field), 1};
+}
+std::span<const Measured> LagsOf(const FurtherScores& scores, ColumnPlace place) {
+  return scores.Tests[place.Test].LagCrp;
+}
+std::span<const Measured> PositionsOf(const FurtherScores& scores, ColumnPlace place) {
+  return {scores.Positions.Test(place.Test), static_cast<std::size_t>(scores.Positions.RowCount())};
+}
+
+constexpr std::string_view kBecker =
+    "Erdelyi, M. H., & Becker, J. (1974). Hypermnesia for pictures: Incremental memory for pictures but not words in "
+    "multiple recall trials. Cognitive Psychology, 6, 159-171.";
+constexpr std::string_view kCohen =
+    "Cohen, B. H., Sakoda, J. M., & Bousfield, W. A. (1954). The statistical analysis of the incidence of clustering "
+    "in the recall of randomly arranged associates (Technical Report No. 10). University of Connecticut.";
+constexpr std::string_view kBower =
+    "Bower, G. H., Lesgold, A. M., & Tieman, D. (1969). Grouping operations in free recall. Journal of Verbal Learning "
+    "and Verbal Behavior, 8, 481-493.";
+constexpr std::string_view kBousfield =
+    "Bousfield, A. K., & Bousfield, W. A. (1966). Measurement of clustering and of sequential constancies in repeated "
+    "free recall. Psychological Reports, 19, 935-942.";
+constexpr std::string_view kFrankel =
+    "Frankel, F., & Cole, M. (1971). Measures of category clustering in free recall. Psychological Bulletin, 76, "
+    "39-44.";
+constexpr std::string_view kStricker =
+    "Stricker, J. L., Brown, G. G., Wixted, J., Baldo, J. V., & Delis, D. C. (2002). New semantic and serial "
+    "clustering indices for the California Verbal Learning Test-Second Edition: Background, rationale, and formulae. "
+    "Journal of the International Neuropsychological Society, 8, 425-435.";
+constexpr std::string_view kPolyn =
+    "Polyn, S. M., Norman, K. A., & Kahana, M. J. (2009). A context maintenance and retrieval model of organizational "
+    "processes in free recall. Psychological Review, 116, 129-156.";
+constexpr std::string_view kSternberg =
+    "Bousfield, A. K., & Bousfield, W. A. (1966). Measurement of clustering and of sequential constancies in repeated "
+    "free recall. Psychological Reports, 19, 935-942. Sternberg, R. J., & Tulving, E. (1977). The measurement of "
+    "subjective organization in free recall. Psychological Bulletin, 84, 539-556.";
+constexpr std::string_view kTulving =
+    "Tulving, E. (1962). Subjective organization in free recall of \"unrelated\" words. Psychological Review, 69, "
+    "344-354.";
+constexpr std::string_view kCongleton =
+    "Congleton, A. R., & Rajaram, S. (2014). Collaboration changes both the content and the structure of memory: "
+    "Building the architecture of shared representations. Journal of Experimental Psychology: General, 143, "
+    "1570-1584.";
+constexpr std::string_view kHogan =
+    "Hogan, R. M. (1975). Interitem encoding and directed search in free recall. Memory & Cognition, 3, 197-209.";
+constexpr std::string_view kKahana =
+    "Kahana, M. J. (1996). Associative retrieval processes in free recall. Memory & Cognition, 24, 103-109.";
+
+constexpr FurtherFamily kFamilies[] = {
+    {"Proportion", kTest, Needs::Nothing, &OfTest<&FurtherTest::Proportion>, "Proportion recalled", "share of items",
+     "r / N: items recalled, each once, of the items studied.", ""},
+    {"Repeats", kTest, Needs::Nothing, &OfTest<&FurtherTest::Repeats>, "Repeats", "entries",
+     "Entries of studied items beyond an item's first.", ""},
+    {"Intrusions", kTest, Needs::Nothing, &OfTest<&FurtherTest::Intrusions>, "Intrusions", "responses",
+     "Responses that are no item of the list.", ""},
+    {"Cumulative", kTest, Needs::Nothing, &OfTest<&FurtherTest::Cumulative>, "Cumulative recall over tests", "items",
+     "Items recalled on at least one of the tests 1 to t.", kBecker},
+    {"NetChange", kFirstToLast, Needs::SeveralTests, &OfSubject<&FurtherScores::NetChange>,
+     "Change from the first test to the last", "items", "r on test T - r on test 1.", kBecker},
+    {"Gains", kFirstToLaterLast, Needs::SeveralTests, &OfSubject<&FurtherScores::Gains>, "Gains between tests", "items",
+     "Items recalled on test T and not on test 1.", kBecker},
+    {"Losses", kFirstToLaterLast, Needs::SeveralTests, &OfSubject<&FurtherScores::Losses>, "Losses between tests",
+     "items", "Items recalled on test 1 and not on test T.", kBecker},
+    {"GainRate", kTestPair, Needs::SeveralTests, &OfPair<&FurtherPair::GainRate>, "Rate of gains", "share of items",
+     "Gains / items not recalled on the test before.", ""},
+    {"LossRate", kTestPair, Needs::SeveralTests, &OfPair<&FurtherPair::LossRate>, "Rate of losses", "share of items",
+     "Losses / items recalled on the test before.", ""},
+    {"RR", kTest, Needs::Categories, &OfTest<&FurtherTest::RepetitionRatio>, "Repetition ratio", "", "R / (r - 1).",
+     kCohen},
+    {"MRR", kTest, Needs::Categories, &OfTest<&FurtherTest::ModifiedRatio>, "Modified repetition ratio", "",
+     "R / (r - k).", kBower},
+    {"Deviation", kTest, Needs::Categories, &OfTest<&FurtherTest::Deviation>, "Deviation of repetitions from chance",
+     "pairs", "R - E, with E = sum of n_c squared / r - 1.", kBousfield},
+    {"Z", kTest, Needs::Categories, &OfTest<&FurtherTest::ZScore>, "Z of clustering", "",
+     "(R - E) / sqrt V, with V = [S2 (S2 + r(r+1)) - 2 r S3 - r^3] / [r^2 (r-1)], S2 and S3 the sums of n_c squared "
+     "and cubed.",
+     kFrankel},
+    {"LBC", kTest, Needs::Categories, &OfTest<&FurtherTest::ListBased>, "List-based clustering", "pairs",
+     "R - (r - 1)(m - 1) / (N - 1).", kStricker},
+    {"CategoryCRP", kTest, Needs::Categories, &OfTest<&FurtherTest::CategoryCrp>,
+     "Conditional probability of staying in the category", "",
+     "Transitions within a category / transitions at which an unrecalled item of that category was left.", kPolyn},
+    {"ForwardItr", kBothTests, Needs::SeveralTests, &OfPair<&FurtherPair::ForwardItr>,
+     "Inter-test repetition in the same order", "pairs",
+     "Ordered pairs repeated - c(c-1) / (hq), for lists of h and q items, c of them common.", kBousfield},
+    {"PairsRepeated", kBothTests, Needs::SeveralTests, &OfPair<&FurtherPair::PairsRepeated>, "Pairs repeated", "pairs",
+     "O, pairs of neighbours repeated in either order.", kSternberg},
+    {"PairsExpected", kBothTests, Needs::SeveralTests, &OfPair<&FurtherPair::PairsExpected>, "Pairs repeated by chance",
+     "pairs", "2c(c-1) / (hq); PairsRepeated - PairsExpected is the pair frequency.", kSternberg},
+    {"SubjectiveOrganization", kAllTests, Needs::SeveralTests, &OfSubject<&FurtherScores::SubjectiveOrganization>,
+     "Subjective organization", "",
+     "Sum of n_ij log n_ij / sum of n_i log n_i over the successive pairs of all tests; n_i is the sum of n_ij.",
+     kTulving},
+    {"SharedOrganization", kTest, Needs::Nothing, nullptr, "Shared organization", "pairs",
+     "Mean pair frequency over all pairs of a group's members.", kCongleton, FurtherFamily::OfGroups},
+    {"FirstPosition", kTest, Needs::Nothing, &OfTest<&FurtherTest::FirstPosition>, "Study position of the first recall",
+     "", "Study position of the first item recalled.", kHogan, FurtherFamily::Serial},
+    {"TemporalFactor", kTest, Needs::Nothing, &OfTest<&FurtherTest::TemporalFactor>, "Temporal factor", "",
+     "Mean percentile rank of -|lag| of each transition among those still possible, ties averaged, (rank - 1) / (n - "
+     "1); .5 is chance.",
+     kPolyn, FurtherFamily::Serial},
+    {"LagCrp", kLagOfTest, Needs::Nothing, &LagsOf, "Conditional response probability", "",
+     "Transitions of lag l / times an unrecalled item stood at lag l.", kKahana, FurtherFamily::Serial},
+    {"Position", kPositionOfTest, Needs::Nothing, &PositionsOf, "Recall by serial position", "share of subjects",
+     "1 if the item studied i-th was recalled, else 0.", "", FurtherFamily::Serial},
+    {"LureProportion", kTest, Needs::Lures, &OfTest<&FurtherTest::LureProportion>, "Proportion of lures recalled",
+     "share of lures", "Lures recalled, each once, of all lures.", ""},
+    {"LureOutput", kTest, Needs::Lures, &OfTest<&FurtherTest::LureOutput>, "Output position of lures", "",
+     "Mean of (place - 1) / (length - 1) of the lures recalled, in the list of first entries without intrusions.", ""},
+};
+
+// All values of a family from one place on.
+void HandAt(const FurtherFamily& family, ColumnPlace place, const FurtherScores& scores, const FurtherVisit& visit) {
+  FurtherColumn column{&family, place};
+  const bool isLag = family.Shape.Axis == MeasureAxis::Lag;
+  std::size_t index = 0;
+  for (const Measured& value : family.Values(scores, place)) {
+    if (isLag) column.Place.Index = LagAt(index++);
+    visit(column, value);
+    if (!isLag) ++column.Place.Index;
+  }
+}
+
+}  // namespace
+
+std::span<const FurtherFamily> AllFurtherFamilies() { return kFamilies; }
+
+void AppendColumnName(std::string& out, const FurtherColumn& column) {
+  out += column.Family->Stem;
+  AppendNumbered(out, column.Family->Shape.Form, column.Place.Test, column.Place.Index);
+}
+
+std::optional<FurtherColumn> FurtherColumnByName(std::string_view name) {
+  const std::size_t bracket = std::min(name.find('('), name.size());
+  const auto families = AllFurtherFamilies();
+  const auto family = std::find_if(families.begin(), families.end(),
+                                   [stem = name.substr(0, bracket)](const auto& f) { return f.Stem == stem; });
+  if (family == families.end()) return std::nullopt;
+  std::string text(name.substr(bracket));
+  const std::size_t minus = family->Shape.Axis == MeasureAxis::Lag ? text.find('-') : std::string::npos;
+  if (minus != std::string::npos) text.erase(minus, 1);
+  const auto numbers = NumbersIn(text, family->Shape.Form);
+  if (!numbers) return std::nullopt;
+  const auto [first, second] = *numbers;
+  const int index = second > 0 ? second : first;
+  return FurtherColumn{&*family, {first, minus != std::string::npos ? -index : index}};
+}
+
+std::string_view FurtherGapText(FurtherGap gap) {
+  switch (gap) {
+    case FurtherGap::None: return "";
+    case FurtherGap::NotScored: return "not scored";
+    case FurtherGap::NoIntrusionsFile: return "no file of intrusions";
+    case FurtherGap::NoStudyOrder: return "no study order";
+    case FurtherGap::NothingRecalled: return "nothing was recalled";
+    case FurtherGap::FewerThanTwo: return "fewer than 2 recalls";
+    case FurtherGap::NoRoom: return "every recall is of another category";
+    case FurtherGap::NoVariance: return "every order of these recalls has the same repetitions";
+    case FurtherGap::OneStudied: return "only one item was studied";
+    case FurtherGap::NothingLeft: return "no transition at which an item of the category was left";
+    case FurtherGap::NoTransition: return "no transition at which several items were left";
+    case FurtherGap::NothingAtLag: return "no transition at which an item was left at this lag";
+    case FurtherGap::EmptyList: return "no recall to compute it from";
+    case FurtherGap::NothingTwice: return "no item was followed by another one on two tests";
+    case FurtherGap::EverythingBefore: return "everything was recalled on the test before";
+    case FurtherGap::NothingBefore: return "nothing was recalled on the test before";
+    case FurtherGap::NoLure: return "no lure was recalled";
+    case FurtherGap::LureAlone: return "nothing but the lure was recalled";
+  }
+  return "";
+}
+
+void WalkFurtherColumns(const ProjectParameters& project, const FurtherScores& scores, const FurtherVisit& visit) {
+  const int tests = project.TestCount;
+  for (const FurtherFamily& family : AllFurtherFamilies()) {
+    if ((family.Rules & FurtherFamily::OfGroups) != 0 || !HasDataFor(family.Needs, project)) continue;
+    const MeasureShape& shape = family.Shape;
+    if (shape.IsFirstToLast) {
+      if (tests >= shape.FirstTest) HandAt(family, {1, tests}, scores, visit);
+      continue;
+    }
+    for (int test = shape.FirstTest; test <= tests; ++test) {
+      const bool isPair = shape.Axis == MeasureAxis::TestPair;
+      HandAt(family, {isPair ? test - 1 : test, TraitsOf(shape.Axis).LiesWithinTests ? 1 : test}, scores, visit);
+    }
+  }
+}
+
+}  // namespace zova
