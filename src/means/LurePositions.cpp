@@ -4,6 +4,7 @@
 
 #include "master/groups/SavedOrders.h"
 #include "project/ProjectLayout.h"
+#include "project/StudyItems.h"
 #include "scoring/ScoreSubject.h"
 #include "text/Encoding.h"
 

@@ -3,6 +3,7 @@
 #include "project/ProjectLayout.h"
 
 #include <algorithm>
+#include <array>
 
 #include "text/Encoding.h"
 
@@ -20,6 +21,9 @@ constexpr std::string_view kAutosaveStem = "Temp";
 constexpr std::string_view kParam = "Param";
 constexpr std::string_view kSubjects = "Sdata";
 constexpr std::string_view kUnfinished = "Unfinished";
+
+constexpr std::array<std::string_view, kCompanionFileCount> kCompanionEnds = {
+    " Words.csv", " Responses.csv", " Intrusions.csv", " Study Order.csv", " Subjects.csv", " Second Sample.csv"};
 
 struct ResultFileName {
   std::string_view Stem;
@@ -138,6 +142,19 @@ bool IsParamName(std::string_view name) { return EqualsIgnoringCase(name, kParam
 
 bool IsSubjectDirectoryName(std::string_view name) {
   return EqualsIgnoringCase(name, kSubjects) || EqualsIgnoringCase(name, kUnfinished);
+}
+
+std::string CompanionName(const ProjectParameters& project, CompanionFile file) {
+  return Joined(project.Abbreviation, kCompanionEnds[static_cast<std::size_t>(file)], "");
+}
+
+std::string CompanionPath(std::string_view directory, const ProjectParameters& project, CompanionFile file) {
+  return JoinPath(directory, CompanionName(project, file));
+}
+
+bool IsCompanionName(std::string_view name) {
+  return std::any_of(kCompanionEnds.begin(), kCompanionEnds.end(),
+                     [&](std::string_view end) { return EndsIgnoringCase(name, end); });
 }
 
 std::string ResultName(const ProjectParameters& project, ResultFile file) {

@@ -5,10 +5,12 @@
 //   Param directory               <title>.prm for each project, Temp.txt, Temp 1.txt, Temp 2.txt, ...
 //   primary directory             <title>.prm
 //                                 AB Serial Order.dat, AB Combine Order.dat
+//                                 AB Words.csv and the other companion files
 //                                 AB Master.txt, AB Combined Master.txt, their pieces AB Master1.txt, ...
 //     Sdata                       AB Sub#<identifier>.dat
 //       Unfinished                AB Sub#<identifier>.dat
-//   backup directory              <title>.prm or "<title> Backup.prm", Sdata and Unfinished as above
+//   backup directory              the companion files, <title>.prm or "<title> Backup.prm", Sdata and Unfinished as
+//   above
 //
 // Masters and other results may also go to a directory that the user names.
 #pragma once
@@ -73,6 +75,25 @@ bool IsOrderName(std::string_view name);
 bool IsAutosaveName(std::string_view name);
 bool IsParamName(std::string_view name);
 bool IsSubjectDirectoryName(std::string_view name);
+
+/// The companion files: what a lab decided or knows of its project beside the subjects' data. UTF-8 CSV files in the
+/// primary directory, and like subject files in the backup directory.
+enum class CompanionFile {
+  Words,         ///< the study list's words
+  Responses,     ///< what the lab decided about responses that are no words of the list
+  Intrusions,    ///< recalls that are no items, with their places
+  StudyOrder,    ///< the subjects' own study orders
+  Subjects,      ///< original identifiers of imported subjects
+  SecondSample,  ///< the subjects chosen for a second entry
+};
+inline constexpr std::size_t kCompanionFileCount = 6;
+
+/// "AB Words.csv"
+std::string CompanionName(const ProjectParameters& project, CompanionFile file);
+/// In a primary or backup directory.
+std::string CompanionPath(std::string_view directory, const ProjectParameters& project, CompanionFile file);
+/// True for the name of any project's companion file.
+bool IsCompanionName(std::string_view name);
 
 /// Files computed from a project's subjects.
 enum class ResultFile { Master, CombinedMaster, SerialMaster, CleanCsv, LongCsv, MeansTable, MeansPlot };

@@ -60,7 +60,7 @@ bool IsNamedAsSubject(const ResolvedPath& file, const ProjectParameters& project
 
 bool IsNamedAsOwn(const ResolvedPath& file, const ProjectParameters& project, Masters masters, Disk& disk) {
   const std::string name = NameOf(file);
-  if (EndsIgnoringCase(name, kParameterFileEnd) || IsOrderName(name)) return true;
+  if (EndsIgnoringCase(name, kParameterFileEnd) || IsOrderName(name) || IsCompanionName(name)) return true;
   if (IsNamedAsSubject(file, project, disk)) return true;
   const ResolvedPath directory = DirectoryOf(file);
   if (masters == Masters::Kept && IsMasterName(name, project)) {
@@ -88,7 +88,8 @@ bool IsOwn(const std::string& path, const ProjectParameters& project, Masters ma
   if (kind != EntryKind::File && kind != EntryKind::Missing) return false;
   for (const ResolvedPath& name : {real, file}) {  // a link in the project's directories counts as a file there
     const bool isTaken = kind == EntryKind::File ? IsNamedAsOwn(name, project, masters, disk)
-                                                 : IsOrderName(NameOf(name)) || IsNamedAsSubject(name, project, disk);
+                                                 : IsOrderName(NameOf(name)) || IsCompanionName(NameOf(name)) ||
+                                                       IsNamedAsSubject(name, project, disk);
     if (isTaken) return true;
   }
   return kind == EntryKind::File && disk.LinkCount(real) > 1 && IsLinkedToOwn(real, project, masters, disk);

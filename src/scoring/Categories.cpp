@@ -2,6 +2,7 @@
 //
 // ARC = (R - E) / (Max - E); ScoreSubject.h defines the terms.
 
+#include "project/StudyItems.h"
 #include "scoring/MinuteRange.h"
 #include "scoring/ScoreSubject.h"
 

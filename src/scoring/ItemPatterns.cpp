@@ -4,6 +4,8 @@
 
 #include "scoring/ScoreSubject.h"
 
+#include "project/StudyItems.h"
+
 namespace zova {
 
 void CountPatterns(const ItemTable& items, const ItemTable* lures, const ProjectParameters& project,

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "project/StudyItems.h"
 #include "scoring/ScoreSubject.h"
 
 namespace zova {

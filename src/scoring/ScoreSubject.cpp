@@ -3,6 +3,7 @@
 // The order of the families is fixed: minutes and inter-test repetition read the gains.
 
 #include "scoring/ScoreSubject.h"
+#include "project/StudyItems.h"
 
 namespace zova {
 

@@ -36,18 +36,6 @@ const RecallLists& ListsOfTrueItems(const RecallLists& lists, const ProjectParam
 // The single families, called by ScoreSubject. Unless stated otherwise, `lists` hold only true items or only lures,
 // `items` comes from IndexByItem, and the results are zero on entry.
 
-/// Lures are the whole multiples of the category size.
-inline bool IsLure(int item, const ProjectParameters& project) noexcept {
-  return item > 0 && item % project.ItemsPerCategory == 0;
-}
-
-/// The item's category, from 1; 0 for a blank or an item beyond the last category.
-inline int CategoryOf(int item, const ProjectParameters& project) noexcept {
-  if (item < 1 || project.ItemsPerCategory < 1) return 0;
-  const int category = (item - 1) / project.ItemsPerCategory + 1;
-  return category <= project.CategoryCount ? category : 0;
-}
-
 /// Separates true items from lures. Blanks stay with the true items.
 void StripLures(const RecallLists& lists, const ProjectParameters& project, RecallLists& trueLists,
                 RecallLists& lureLists);

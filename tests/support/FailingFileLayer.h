@@ -53,6 +53,9 @@ class FailingFileLayer final : public FileLayer {
   bool IsReadOnly(const Path& path) override { return Pass("IsReadOnly"), m_inner.IsReadOnly(path); }
   Path RealPath(const Path& path) override { return Pass("RealPath"), m_inner.RealPath(path); }
   std::uintmax_t Size(const Path& path) override { return Pass("Size"), m_inner.Size(path); }
+  std::unique_ptr<InputFile> OpenInput(const Path& path) override {
+    return Pass("OpenInput"), std::make_unique<Input>(*this, m_inner.OpenInput(path));
+  }
   void Read(const Path& path, std::string& content, std::uintmax_t limit) override {
     Pass("Read"), m_inner.Read(path, content, limit);
   }
@@ -77,6 +80,17 @@ class FailingFileLayer final : public FileLayer {
   void CreateDirectory(const Path& path) override { Pass("CreateDirectory"), m_inner.CreateDirectory(path); }
 
  private:
+  class Input final : public InputFile {
+   public:
+    Input(FailingFileLayer& layer, std::unique_ptr<InputFile> inner) : m_layer(layer), m_inner(std::move(inner)) {}
+    std::size_t Read(char* buffer, std::size_t size) override {
+      return m_layer.Pass("InputRead"), m_inner->Read(buffer, size);
+    }
+
+   private:
+    FailingFileLayer& m_layer;
+    std::unique_ptr<InputFile> m_inner;
+  };
   class File final : public OutputFile {
    public:
     File(FailingFileLayer& layer, std::unique_ptr<OutputFile> inner) : m_layer(layer), m_inner(std::move(inner)) {}

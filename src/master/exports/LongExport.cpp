@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "master/exports/CleanExport.h"
+#include "project/StudyItems.h"
 #include "scoring/ScoreSubject.h"
 #include "text/Csv.h"
 #include "text/NumberText.h"

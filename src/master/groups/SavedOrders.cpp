@@ -18,6 +18,7 @@
 
 #include "platform/files/DataFileError.h"
 #include "project/ProjectLayout.h"
+#include "project/StudyItems.h"
 #include "scoring/ScoreSubject.h"
 #include "text/Encoding.h"
 #include "text/FieldReader.h"

@@ -38,6 +38,12 @@ void KeepPermissions(FileLayer& layer, const fs::path& from, const fs::path& to)
   }
 }
 
+// Reading one would wait for its other end.
+void RefusePipe(const ResolvedPath& path, const std::error_code& code) {
+  if (code != std::errc::not_supported) return;
+  throw FileError(FileOperation::Read, path.Shown, code, "This is a pipe or a device, not a file.");
+}
+
 }  // namespace
 
 // Runs a call to the layer and turns its errors into file errors that name the path as the caller spelt it.
@@ -138,11 +144,22 @@ void Disk::Read(const ResolvedPath& path, std::string& content) {
     try {
       m_layer.Read(path.Native, content, kMaxFileSize);
     } catch (const std::system_error& error) {
-      if (error.code() == std::errc::not_supported) {
-        throw FileError(FileOperation::Read, path.Shown, error.code(), "This is a pipe or a device, not a file.");
-      }
+      RefusePipe(path, error.code());
       if (error.code() != std::errc::file_too_large) throw;
       throw FileError(FileOperation::Read, path.Shown, FileCause::EndOfData, "The file is larger than 64 MiB.");
+    }
+  });
+}
+
+SequentialFile Disk::OpenForRead(std::string_view path) {
+  ResolvedPath file = Resolve(path, FileOperation::Read);
+  return Guarded(FileOperation::Read, file, [&]() -> SequentialFile {
+    try {
+      auto open = m_layer.OpenInput(file.Native);
+      return {m_layer, std::move(file), std::move(open)};
+    } catch (const std::system_error& error) {
+      RefusePipe(file, error.code());
+      throw;
     }
   });
 }

@@ -12,6 +12,7 @@
 #include "platform/files/FileError.h"
 #include "platform/files/FileLayer.h"
 #include "platform/files/ResolvedPath.h"
+#include "platform/files/SequentialFile.h"
 
 namespace zova {
 
@@ -56,6 +57,9 @@ class Disk {
   /// Replaces `content` by the whole file.
   void Read(std::string_view path, std::string& content);
   void Read(const ResolvedPath& path, std::string& content);
+
+  /// For a file of any size, read once from its beginning.
+  SequentialFile OpenForRead(std::string_view path);
 
   /// Creates or replaces the file atomically: a failure or a kill leaves the old file or the new one.
   enum class Durability { OnDisk, Buffered };

@@ -41,6 +41,11 @@ bool FitsStoredPath(std::string_view name) noexcept {
   return IsValidUtf8(name) && std::none_of(name.begin(), name.end(), breaks);
 }
 
+bool ListsBefore(std::string_view left, std::string_view right) {
+  const int order = UpperCase(left).compare(UpperCase(right));
+  return order < 0 || (order == 0 && left < right);
+}
+
 std::vector<std::string> InListingOrder(std::vector<std::string> names) {
   std::vector<std::pair<std::string, std::string>> keyed;  // in upper case, as spelt
   keyed.reserve(names.size());

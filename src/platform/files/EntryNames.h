@@ -19,6 +19,8 @@ bool IsHidden(std::string_view name) noexcept;
 /// False for a name that cannot be part of a path in a data file.
 bool FitsStoredPath(std::string_view name) noexcept;
 
+/// Whether `left` stands before `right` in a listing.
+bool ListsBefore(std::string_view left, std::string_view right);
 /// Sorted by upper-cased name, then by bytes.
 std::vector<std::string> InListingOrder(std::vector<std::string> names);
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <filesystem>
 #include <memory>
@@ -36,6 +37,14 @@ inline bool IsSameFile(const FileIdentity& left, const FileIdentity& right) noex
   return left.Device == right.Device && left.Index == right.Index;
 }
 
+/// A file open for reading, from its beginning to its end.
+class InputFile {
+ public:
+  virtual ~InputFile() = default;
+  /// Fills `buffer` with the next bytes; returns how many, 0 at the end of the file.
+  virtual std::size_t Read(char* buffer, std::size_t size) = 0;
+};
+
 /// A file open for appending.
 class OutputFile {
  public:
@@ -65,8 +74,10 @@ class FileLayer {
   virtual std::filesystem::path RealPath(const std::filesystem::path& path) = 0;
   /// 0 for a device.
   virtual std::uintmax_t Size(const std::filesystem::path& path) = 0;
-  /// Replaces `content` by the file's bytes; fails with std::errc::file_too_large above `limit`, and at once with
-  /// std::errc::not_supported for a pipe, a socket or a device.
+  /// Fails with std::errc::not_supported for a pipe, a socket or a device.
+  virtual std::unique_ptr<InputFile> OpenInput(const std::filesystem::path& path) = 0;
+  /// Replaces `content` by the bytes of a file as OpenInput takes it; fails with std::errc::file_too_large above
+  /// `limit`.
   virtual void Read(const std::filesystem::path& path, std::string& content, std::uintmax_t limit) = 0;
   /// All entries, unsorted; a link is what it leads to.
   virtual std::vector<DirectoryEntry> List(const std::filesystem::path& directory) = 0;
@@ -97,6 +108,7 @@ class NativeFileLayer final : public FileLayer {
   bool IsReadOnly(const std::filesystem::path& path) override;
   std::filesystem::path RealPath(const std::filesystem::path& path) override;
   std::uintmax_t Size(const std::filesystem::path& path) override;
+  std::unique_ptr<InputFile> OpenInput(const std::filesystem::path& path) override;
   void Read(const std::filesystem::path& path, std::string& content, std::uintmax_t limit) override;
   std::vector<DirectoryEntry> List(const std::filesystem::path& directory) override;
   std::unique_ptr<OutputFile> Create(const std::filesystem::path& path) override;

@@ -84,6 +84,27 @@ struct DirectoryCloser {
   void operator()(DIR* directory) const noexcept { (void)closedir(directory); }
 };
 
+class NativeInputFile final : public InputFile {
+ public:
+  explicit NativeInputFile(const fs::path& path) : m_file(OpenForReading(path)) {
+    struct stat status = {};
+    if (fstat(m_file.Number(), &status) != 0) ThrowErrno();
+    if (S_ISDIR(status.st_mode)) Throw(EISDIR);
+    if (!S_ISREG(status.st_mode)) Throw(ENOTSUP);
+  }
+  std::size_t Read(char* buffer, std::size_t size) override {
+    for (;;) {
+      errno = 0;
+      const ssize_t got = read(m_file.Number(), buffer, size);
+      if (got >= 0) return static_cast<std::size_t>(got);
+      if (errno != EINTR) ThrowErrno();
+    }
+  }
+
+ private:
+  Descriptor m_file;
+};
+
 class NativeOutputFile final : public OutputFile {
  public:
   explicit NativeOutputFile(std::FILE* file, Descriptor lock = Descriptor(-1)) : m_lock(std::move(lock)), m_file(file) {
@@ -201,22 +222,17 @@ std::uintmax_t NativeFileLayer::Size(const fs::path& path) {
   return size;
 }
 
+std::unique_ptr<InputFile> NativeFileLayer::OpenInput(const fs::path& path) {
+  return std::make_unique<NativeInputFile>(path);
+}
+
 void NativeFileLayer::Read(const fs::path& path, std::string& content, std::uintmax_t limit) {
-  const Descriptor file(OpenForReading(path));
-  struct stat status = {};
-  if (fstat(file.Number(), &status) != 0) ThrowErrno();
-  if (S_ISDIR(status.st_mode)) Throw(EISDIR);
-  if (!S_ISREG(status.st_mode)) Throw(ENOTSUP);
+  NativeInputFile file(path);
   // Until the end, not by the size in the status: a growing file outgrows it.
   m_buffer.resize(kReadSize);
   content.clear();
-  for (;;) {
-    errno = 0;
-    const ssize_t got = read(file.Number(), m_buffer.data(), kReadSize);
-    if (got < 0 && errno == EINTR) continue;
-    if (got < 0) ThrowErrno();
-    if (got == 0) return;
-    content.append(m_buffer.data(), static_cast<std::size_t>(got));
+  while (const std::size_t got = file.Read(m_buffer.data(), kReadSize)) {
+    content.append(m_buffer.data(), got);
     if (content.size() > limit) Throw(EFBIG);
   }
 }

@@ -6,6 +6,7 @@
 #ifdef _WIN32
 
 #include <algorithm>
+#include <limits>
 #include <string_view>
 #include <system_error>
 
@@ -54,6 +55,27 @@ WindowsHandle Open(const fs::path& path, DWORD access, DWORD disposition) {
   if (handle == INVALID_HANDLE_VALUE) ThrowLastErrorOf(path);
   return WindowsHandle(handle);
 }
+
+class WindowsInputFile final : public InputFile {
+ public:
+  explicit WindowsInputFile(const fs::path& path) : m_file(OpenFile(path)) {
+    if (GetFileType(m_file.get()) != FILE_TYPE_DISK) Throw(std::errc::not_supported);
+  }
+  std::size_t Read(char* buffer, std::size_t size) override {
+    DWORD got = 0;
+    const std::size_t most = std::min<std::size_t>(size, (std::numeric_limits<DWORD>::max)());
+    Require(ReadFile(m_file.get(), buffer, static_cast<DWORD>(most), &got, nullptr));
+    return got;
+  }
+
+ private:
+  static WindowsHandle OpenFile(const fs::path& path) {
+    if (IsReservedName(path)) Throw(std::errc::not_supported);  // the console would wait for input
+    return Open(path, GENERIC_READ, OPEN_EXISTING);
+  }
+
+  WindowsHandle m_file;
+};
 
 class WindowsOutputFile final : public OutputFile {
  public:
@@ -220,17 +242,16 @@ std::uintmax_t NativeFileLayer::Size(const fs::path& path) {
   return static_cast<std::uintmax_t>(size.QuadPart);
 }
 
+std::unique_ptr<InputFile> NativeFileLayer::OpenInput(const fs::path& path) {
+  return std::make_unique<WindowsInputFile>(path);
+}
+
 void NativeFileLayer::Read(const fs::path& path, std::string& content, std::uintmax_t limit) {
-  if (IsReservedName(path)) Throw(std::errc::not_supported);  // the console would wait for input
-  const WindowsHandle file = Open(path, GENERIC_READ, OPEN_EXISTING);
-  if (GetFileType(file.get()) != FILE_TYPE_DISK) Throw(std::errc::not_supported);
+  WindowsInputFile file(path);
   constexpr std::size_t kReadSize = 64UL * 1024;
   m_buffer.resize(kReadSize);
   content.clear();
-  for (;;) {
-    DWORD got = 0;
-    Require(ReadFile(file.get(), m_buffer.data(), static_cast<DWORD>(kReadSize), &got, nullptr));
-    if (got == 0) return;
+  while (const std::size_t got = file.Read(m_buffer.data(), kReadSize)) {
     content.append(m_buffer.data(), got);
     if (content.size() > limit) Throw(std::errc::file_too_large);
   }

@@ -2,6 +2,8 @@
 
 #include "scoring/further/StudyList.h"
 
+#include "project/StudyItems.h"
+
 #include <algorithm>
 
 #include "scoring/ScoreSubject.h"

@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "words/CompanionCsv.h"
+
+#include <algorithm>
+
+#include "project/DirectoryRules.h"
+#include "text/LeadingNumber.h"
+
+namespace zova {
+
+namespace {
+
+std::string ExpectedHeader(std::initializer_list<std::string_view> columns) {
+  std::string header;
+  for (const std::string_view column : columns) {
+    if (!header.empty()) header += ',';
+    header += column;
+  }
+  return header;
+}
+
+}  // namespace
+
+CompanionRows::CompanionRows(std::string_view bytes, std::initializer_list<std::string_view> columns,
+                             std::size_t optional)
+    : m_text(bytes), m_columns(columns), m_reader(TextSource(m_text.Content())) {
+  if (m_reader.Next()) {
+    const auto fields = m_reader.Fields();
+    const bool fits = fields.size() <= columns.size() && fields.size() + optional >= columns.size() &&
+                      std::equal(fields.begin(), fields.end(), columns.begin());
+    if (fits) m_columnCount = fields.size();
+  }
+  if (m_columnCount == 0) throw CsvError("The header is not '" + ExpectedHeader(columns) + "'", 1);
+}
+
+bool CompanionRows::Next() {
+  if (!m_reader.Next()) return false;
+  if (m_reader.Fields().size() != m_columnCount) {
+    Refuse("There are " + std::to_string(m_reader.Fields().size()) + " fields instead of " +
+           std::to_string(m_columnCount));
+  }
+  return true;
+}
+
+int CompanionRows::Number(std::size_t column, int least, int most) const {
+  const auto number = DigitsInteger16(Text(column));
+  if (!number || *number < least || *number > most) {
+    Refuse("'" + std::string(Text(column)) + "' is no " + std::string(*(m_columns.begin() + column)) + " from " +
+           std::to_string(least) + " to " + std::to_string(most));
+  }
+  return *number;
+}
+
+int CompanionRows::NumberOrEmpty(std::size_t column, int least, int most) const {
+  return Text(column).empty() ? 0 : Number(column, least, most);
+}
+
+std::optional<std::string> ReadCompanion(Disk& disk, const ProjectParameters& project, CompanionFile file) {
+  if (IsNoDirectory(project.PrimaryDir)) return std::nullopt;
+  const ResolvedPath path = disk.Resolve(CompanionPath(project.PrimaryDir, project, file), FileOperation::Read);
+  if (disk.Kind(path, FileOperation::Read) == EntryKind::Missing) return std::nullopt;
+  std::string bytes;
+  disk.Read(path, bytes);
+  return bytes;
+}
+
+void WriteCompanion(Disk& disk, const ProjectParameters& project, CompanionFile file, std::string_view content) {
+  for (const std::string& directory : {project.PrimaryDir, project.BackupDir}) {
+    if (IsNoDirectory(directory)) continue;
+    const std::string path = CompanionPath(directory, project, file);
+    RequireDirectory(disk, directory, FileOperation::Write, path);
+    disk.Write(path, content);
+  }
+}
+
+FileError CompanionError(const CsvError& fault, const std::string& path) {
+  return {FileOperation::Read, path, FileCause::EndOfData,
+          "Line " + std::to_string(fault.Line()) + ": " + fault.what() + "."};
+}
+
+}  // namespace zova

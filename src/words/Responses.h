@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// "AB Responses.csv": what the lab decided about responses that are no words of the list. Columns: response, item. The
+// item is a number, "intrusion" or "skip".
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "project/ProjectParameters.h"
+
+namespace zova {
+
+enum class Verdict { Item, Intrusion, Skip };
+
+/// What a response counts as.
+struct Decision {
+  Verdict Kind = Verdict::Skip;
+  int Item = 0;  ///< with Verdict::Item, from 1
+
+  bool operator==(const Decision&) const = default;
+};
+
+struct DecidedResponse {
+  std::string Response;
+  Decision What;
+  std::size_t Line = 0;  ///< in the file it was read from
+};
+
+/// Decisions by the responses' keys.
+class Responses {
+ public:
+  /// False, without effect, when the key has another decision. A response without a key is found by its text.
+  bool Add(DecidedResponse decided);
+  /// As Add, in place of an earlier decision.
+  void Replace(DecidedResponse decided);
+  [[nodiscard]] const DecidedResponse* Find(std::string_view response) const;
+  /// In the order in which they were added.
+  [[nodiscard]] const std::vector<DecidedResponse>& All() const noexcept { return m_all; }
+
+ private:
+  std::vector<DecidedResponse> m_all;
+  std::unordered_map<std::string, std::size_t> m_places;  // by key
+};
+
+/// Throws CsvError, also for one key with two decisions, naming both lines.
+Responses ParseResponses(std::string_view bytes, const ProjectParameters& project);
+std::string FormatResponses(const Responses& responses);
+
+}  // namespace zova
