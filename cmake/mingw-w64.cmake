@@ -15,11 +15,22 @@ foreach(library boost CLI)
   endif()
 endforeach()
 set(CMAKE_FIND_ROOT_PATH /usr/x86_64-w64-mingw32 "${ZOVA_HEADER_LIBRARIES}")
+if(ZOVA_WINDOWS_LIBRARIES) # where tools/build-windows-libraries has put Qt
+  list(APPEND CMAKE_FIND_ROOT_PATH "${ZOVA_WINDOWS_LIBRARIES}")
+endif()
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
 set(Boost_NO_BOOST_CMAKE ON) # its package file names /usr/include
+
+# Qt's code generators run here: they are Debian's own.
+file(GLOB hostQt /usr/lib/*/cmake/Qt6HostInfo)
+if(hostQt)
+  list(GET hostQt 0 hostQt)
+  get_filename_component(QT_HOST_PATH_CMAKE_DIR "${hostQt}" DIRECTORY)
+  set(QT_HOST_PATH /usr)
+endif()
 
 # One file that runs wherever it is copied to.
 set(CMAKE_EXE_LINKER_FLAGS_INIT -static)

@@ -3,7 +3,6 @@
 #include <QCommandLineParser>
 #include <QDir>
 #include <QFileInfo>
-#include <QIcon>
 #include <QSettings>
 #include <QTimer>
 
@@ -17,6 +16,7 @@
 #include "app/desktop/QuickHelpFilter.h"
 #include "app/desktop/Style.h"
 #include "app/screens/ProgressPanel.h"
+#include "app/widgets/Colours.h"
 #include "app/widgets/Controls.h"
 #include "platform/desktop/FileErrorBoxes.h"
 #include "platform/desktop/FileSettings.h"
@@ -25,11 +25,18 @@
 namespace zova {
 namespace {
 
-// The directory of help and example: beside `bin` in an installation, beside the program in a build folder.
+// The directory of help and example: beside `bin` in an installation, beside the program in a build folder. macOS has
+// them in the bundle, and an installation on Windows in the program's directory, where they are used.
 std::string InstalledData() {
   const QDir programs(QCoreApplication::applicationDirPath());
+#if defined(Q_OS_MACOS)
+  return FromQt(QDir::cleanPath(programs.filePath("../Resources")));
+#elif defined(Q_OS_WIN)
+  return FromQt(QDir::toNativeSeparators(programs.filePath("share/zova")));
+#else
   const QString installed = QDir::cleanPath(programs.filePath("../share/zova"));
   return FromQt(QFileInfo(installed).isDir() ? installed : programs.filePath("share/zova"));
+#endif
 }
 
 std::string ProgramDirectoryPath() {
@@ -43,7 +50,7 @@ std::string ProgramDirectoryPath() {
 // The INI file of the user's configuration directory, under the application's name.
 std::string SettingsFile() {
   const QSettings settings(QSettings::IniFormat, QSettings::UserScope, "ZOVA", "Dorvan's ZOVA");
-  return FromQt(settings.fileName());
+  return FromQt(QDir::toNativeSeparators(settings.fileName()));
 }
 
 // The project that the command line names, as a drive-letter path.
@@ -125,6 +132,6 @@ int main(int argc, char** argv) {
   zova::Application application(argc, argv);
   QApplication::setStyle(new zova::Style);
   QApplication::setDesktopFileName("zova");
-  QApplication::setWindowIcon(QIcon(":/icons/zova.svg"));
+  QApplication::setWindowIcon(zova::NamedIcon("zova"));
   return zova::RunReporting(application);
 }

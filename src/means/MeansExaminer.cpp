@@ -26,11 +26,18 @@ constexpr const char* kNoRows = "None of its lines fits its header.";
 
 std::string_view FirstLine(std::string_view text) { return text.substr(0, text.find_first_of("\r\n")); }
 
-std::optional<PlotFormat> FormatOf(std::string_view path) {
-  if (EndsIgnoringCase(path, ".pdf")) return PlotFormat::Pdf;
-  if (EndsIgnoringCase(path, ".svg")) return PlotFormat::Svg;
-  if (EndsIgnoringCase(path, ".png")) return PlotFormat::Png;
-  return std::nullopt;
+struct PlotFile {
+  std::string Ending;
+  FileFilter Filter;
+};
+
+PlotFile PlotFileOf(PlotFormat format) {
+  switch (format) {
+    case PlotFormat::Pdf: return {".pdf", {"PDF files (*.pdf)", "*.pdf"}};
+    case PlotFormat::Svg: return {".svg", {"SVG files (*.svg)", "*.svg"}};
+    case PlotFormat::Png: break;
+  }
+  return {".png", {"PNG files (*.png)", "*.png"}};
 }
 
 }  // namespace
@@ -301,15 +308,20 @@ void MeansExaminer::SaveTable() {
   if (const auto path = m_platform.Dialogs.ChooseNewFile(question)) Save(*path, CsvText(Lines()));
 }
 
-std::optional<PlotTarget> MeansExaminer::AskPlotFile() {
+std::optional<PlotTarget> MeansExaminer::AskPlotFile(const std::vector<PlotFormat>& formats) {
   if (!HasPlot()) return std::nullopt;
   FileQuestion question = QuestionForSaving("Save Plot", ResultFile::MeansPlot);
-  question.Filters = {{"PDF files (*.pdf)", "*.pdf"}, {"SVG files (*.svg)", "*.svg"}, {"PNG files (*.png)", "*.png"}};
+  for (const PlotFormat format : formats) question.Filters.push_back(PlotFileOf(format).Filter);
   const auto path = m_platform.Dialogs.ChooseNewFile(question);
   if (!path) return std::nullopt;
-  const auto format = FormatOf(*path);
-  if (format) return PlotTarget{*path, *format};
-  Warn(m_platform.Boxes, "The name of a plot's file ends in '.pdf', '.svg' or '.png'.", *path);
+  std::string endings;
+  for (const PlotFormat format : formats) {
+    const std::string ending = PlotFileOf(format).Ending;
+    if (EndsIgnoringCase(*path, ending)) return PlotTarget{*path, format};
+    if (!endings.empty()) endings += format == formats.back() ? " or " : ", ";
+    endings += "'" + ending + "'";
+  }
+  Warn(m_platform.Boxes, "The name of a plot's file ends in " + endings + ".", *path);
   return std::nullopt;
 }
 

@@ -41,8 +41,8 @@ class MeansExaminer {
   void ChooseWholeSeries();  ///< all measures of the families of the chosen ones
   void SetLeavesOut(bool leavesOut);
   void SaveTable();
-  /// Asks for the file of a plot; nullopt when the user cancels.
-  std::optional<PlotTarget> AskPlotFile();
+  /// Asks for the file of a plot in one of `formats`; nullopt when the user cancels.
+  std::optional<PlotTarget> AskPlotFile(const std::vector<PlotFormat>& formats);
   void SavePlot(const PlotTarget& target, const std::string& bytes);
 
   [[nodiscard]] std::string FileLine() const;  ///< the master shown, or why there is none

@@ -202,13 +202,14 @@ TEST(MeansExaminer, NothingThatHoldsDataIsReplaced) {
   desk.Files.Put(kMaster, kHeader + kRows);
   desk.Choose(kMaster);
   desk.Dialogs.Answers = {"D:\\P.PNG", "D:\\P.gif"};
-  const auto target = desk.Means.AskPlotFile();
+  const std::vector<PlotFormat> formats = {PlotFormat::Pdf, PlotFormat::Svg, PlotFormat::Png};
+  const auto target = desk.Means.AskPlotFile(formats);
   ASSERT_TRUE(target);
   EXPECT_EQ(target->Format, PlotFormat::Png);
   desk.Means.SavePlot(*target, "bytes");
   EXPECT_EQ(desk.Files.Get("D:\\P.PNG"), "bytes");
   desk.Boxes.Expect({.Text = "The name of a plot's file ends in '.pdf', '.svg' or '.png'.", .Details = "D:\\P.gif"});
-  EXPECT_FALSE(desk.Means.AskPlotFile());
+  EXPECT_FALSE(desk.Means.AskPlotFile(formats));
 }
 
 }  // namespace

@@ -16,15 +16,15 @@ namespace {
 constexpr int kShine = 140;        // percent, of a button's upper edge
 constexpr double kReadable = 3.0;  // what outlines and disabled texts need
 
-const char* IconFile(QStyle::StandardPixmap picture) {
+const char* IconName(QStyle::StandardPixmap picture) {
   switch (picture) {
-    case QStyle::SP_MessageBoxInformation: return ":/icons/dialog-information.svg";
-    case QStyle::SP_MessageBoxWarning: return ":/icons/dialog-warning.svg";
-    case QStyle::SP_MessageBoxCritical: return ":/icons/dialog-error.svg";
-    case QStyle::SP_MessageBoxQuestion: return ":/icons/dialog-question.svg";
+    case QStyle::SP_MessageBoxInformation: return "dialog-information";
+    case QStyle::SP_MessageBoxWarning: return "dialog-warning";
+    case QStyle::SP_MessageBoxCritical: return "dialog-error";
+    case QStyle::SP_MessageBoxQuestion: return "dialog-question";
     case QStyle::SP_DirIcon:
-    case QStyle::SP_DirClosedIcon: return ":/icons/folder.svg";
-    case QStyle::SP_DirOpenIcon: return ":/icons/folder-open.svg";
+    case QStyle::SP_DirClosedIcon: return "folder";
+    case QStyle::SP_DirOpenIcon: return "folder-open";
     default: return nullptr;
   }
 }
@@ -110,14 +110,14 @@ int Style::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* 
 }
 
 QIcon Style::standardIcon(StandardPixmap picture, const QStyleOption* option, const QWidget* widget) const {
-  const char* file = IconFile(picture);
-  return file ? QIcon(file) : QProxyStyle::standardIcon(picture, option, widget);
+  const char* name = IconName(picture);
+  return name ? NamedIcon(name) : QProxyStyle::standardIcon(picture, option, widget);
 }
 
 QPixmap Style::standardPixmap(StandardPixmap picture, const QStyleOption* option, const QWidget* widget) const {
   constexpr int kSize = 48;
-  const char* file = IconFile(picture);
-  return file ? QIcon(file).pixmap(kSize, kSize) : QProxyStyle::standardPixmap(picture, option, widget);
+  const char* name = IconName(picture);
+  return name ? NamedIcon(name).pixmap(kSize, kSize) : QProxyStyle::standardPixmap(picture, option, widget);
 }
 
 void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,

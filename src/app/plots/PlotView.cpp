@@ -6,9 +6,11 @@
 
 #include <QBuffer>
 #include <QPdfWriter>
-#include <QSvgGenerator>
 #include <algorithm>
 #include <cmath>
+#ifdef ZOVA_SVG
+#include <QSvgGenerator>
+#endif
 
 #include "app/widgets/Colours.h"
 #include "app/widgets/Controls.h"
@@ -309,6 +311,14 @@ void PlotView::resizeEvent(QResizeEvent* event) {
   ShowPicture(m_picture);
 }
 
+std::vector<PlotFormat> PlotFormats() {
+#ifdef ZOVA_SVG
+  return {PlotFormat::Pdf, PlotFormat::Svg, PlotFormat::Png};
+#else
+  return {PlotFormat::Pdf, PlotFormat::Png};
+#endif
+}
+
 QByteArray RenderPicture(const PlotPicture& picture, PlotFormat format) {
   const auto dots = [](double cm, int perInch) { return static_cast<int>(std::lround(cm / kCmPerInch * perInch)); };
   QCustomPlot plot;
@@ -333,6 +343,7 @@ QByteArray RenderPicture(const PlotPicture& picture, PlotFormat format) {
       break;
     }
     case PlotFormat::Svg: {
+#ifdef ZOVA_SVG
       QSvgGenerator device;
       device.setOutputDevice(&buffer);
       device.setTitle(ToQt(picture.YLabel));
@@ -340,6 +351,7 @@ QByteArray RenderPicture(const PlotPicture& picture, PlotFormat format) {
       device.setSize(size);
       device.setViewBox(QRect(QPoint(), size));
       Paint(plot, device, 1);
+#endif
       break;
     }
     case PlotFormat::Png: {

@@ -3,12 +3,17 @@
 
 #include <qcustomplot.h>
 
+#include <vector>
+
 #include "app/plots/PlotLegend.h"
 #include "means/MeansPlot.h"
 
 namespace zova {
 
 enum class PlotFormat;
+
+/// The formats that RenderPicture knows: without Qt's SVG module there is no SVG.
+std::vector<PlotFormat> PlotFormats();
 
 /// Draws pictures of means as printed: black and dark colours on white whatever the desktop's colours; symbols and
 /// dashes distinguish the series.

@@ -108,8 +108,8 @@ QHBoxLayout* EntryPanel::MakeUndoButtons() {
       "cmdUndo", {}, [&cells] { cells.Undo(); }, /*repeats=*/true);
   m_cmdRedo = MakeActButton(
       "cmdRedo", {}, [&cells] { cells.Redo(); }, /*repeats=*/true);
-  m_cmdUndo->setIcon(InkedIcon(":/icons/undo.svg", m_cmdUndo->palette()));
-  m_cmdRedo->setIcon(InkedIcon(":/icons/redo.svg", m_cmdRedo->palette()));
+  m_cmdUndo->setIcon(InkedIcon("undo", m_cmdUndo->palette()));
+  m_cmdRedo->setIcon(InkedIcon("redo", m_cmdRedo->palette()));
   m_cmdUndo->setAccessibleName("Undo");
   m_cmdRedo->setAccessibleName("Redo");
   auto* row = new QHBoxLayout;

@@ -5,7 +5,6 @@
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QHeaderView>
-#include <QIcon>
 #include <QKeyEvent>
 #include <QListWidget>
 #include <QScrollArea>
@@ -14,6 +13,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "app/widgets/Colours.h"
 #include "app/widgets/Controls.h"
 #include "app/widgets/NameLabel.h"
 #include "session/QuickHelp.h"
@@ -28,16 +28,16 @@ constexpr int kLinesInList = 6;
 struct Picture {
   const char* Name;
   const char* Caption;
-  const char* File;
+  const char* Icon;
   SessionCommand Command;
 };
 constexpr Picture kPictures[] = {
-    {"cmdPicEnter", "&Enter Subjects", ":/icons/enter.svg", &Session::EnterSubjects},
-    {"cmdPicMaster", "Create New &Master", ":/icons/master.svg", &Session::CreateNewMaster},
-    {"cmdPicMeans", "E&xamine Means", ":/icons/means.svg", &Session::ExamineMeans},
-    {"cmdPicCreate", "Create &New Project", ":/icons/create.svg", &Session::CreateNewProject},
-    {"cmdPicUnfinished", "&Unfinished Business", ":/icons/unfinished.svg", &Session::UnfinishedBusiness},
-    {"cmdPicHelp", "He&lp", ":/icons/help.svg", &Session::ShowTopics},
+    {"cmdPicEnter", "&Enter Subjects", "enter", &Session::EnterSubjects},
+    {"cmdPicMaster", "Create New &Master", "master", &Session::CreateNewMaster},
+    {"cmdPicMeans", "E&xamine Means", "means", &Session::ExamineMeans},
+    {"cmdPicCreate", "Create &New Project", "create", &Session::CreateNewProject},
+    {"cmdPicUnfinished", "&Unfinished Business", "unfinished", &Session::UnfinishedBusiness},
+    {"cmdPicHelp", "He&lp", "help", &Session::ShowTopics},
 };
 
 // As high as its lines, within bounds, so that nothing below it is pushed out of sight.
@@ -53,7 +53,7 @@ QString QuickHelpOf(const char* name) { return ToQt(std::string(QuickHelp(name))
 PictureButton::PictureButton(const char* name, const QString& caption, const char* picture) {
   setObjectName(name);
   setText(caption);
-  setIcon(QIcon(picture));
+  setIcon(NamedIcon(picture));
   setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
   setFocusPolicy(Qt::StrongFocus);
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
@@ -96,7 +96,7 @@ QWidget* MainPanel::MakeProjectGroup() {
   auto* group = Named(new QGroupBox("Current Project"), "fraCurrentProject");
   m_currentProject = new NameLabel("lblCurrentProject");
   m_open = MakeButton("cmdOpen", {});
-  m_open->setIcon(QIcon(":/icons/open.svg"));
+  m_open->setIcon(NamedIcon("open"));
   m_open->setIconSize(QSize(1, 1) * m_open->fontMetrics().height() * 3 / 2);
   m_open->setToolTip(QuickHelpOf("cmdOpen"));
   connect(m_open, &QPushButton::clicked, this, [this] { m_run(&Session::OpenExistingProject); });
@@ -159,7 +159,7 @@ QGroupBox* MainPanel::MakeLastMasterGroup() {
 void MainPanel::AddPictures(QGridLayout& grid) {
   int place = 0;
   for (const Picture& picture : kPictures) {
-    auto* button = new PictureButton(picture.Name, picture.Caption, picture.File);
+    auto* button = new PictureButton(picture.Name, picture.Caption, picture.Icon);
     button->setToolTip(QuickHelpOf(picture.Name));
     connect(button, &PictureButton::clicked, this, [this, command = picture.Command] { m_run(command); });
     grid.addWidget(button, place / kPicturesInRow, place % kPicturesInRow);

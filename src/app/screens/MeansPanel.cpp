@@ -226,7 +226,7 @@ void MeansPanel::Copy() {
 }
 
 void MeansPanel::SavePlot() {
-  const auto target = m_rules.AskPlotFile();
+  const auto target = m_rules.AskPlotFile(PlotFormats());
   if (!target) return;
   Act([&] { m_rules.SavePlot(*target, RenderPicture(m_rules.Picture(), target->Format).toStdString()); });
 }

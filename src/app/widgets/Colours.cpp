@@ -17,6 +17,11 @@ double Luminance(const QColor& colour) {
 }
 
 constexpr int kIconSize = 48;
+#ifdef ZOVA_SVG
+constexpr const char* kIconFile = ":/icons/%1.svg";
+#else
+constexpr const char* kIconFile = ":/icons/%1.png";
+#endif
 
 QPixmap Inked(const QIcon& icon, const QColor& ink) {
   QPixmap picture = icon.pixmap(kIconSize, kIconSize);
@@ -28,8 +33,10 @@ QPixmap Inked(const QIcon& icon, const QColor& ink) {
 
 }  // namespace
 
-QIcon InkedIcon(const char* file, const QPalette& palette) {
-  const QIcon shape(file);
+QIcon NamedIcon(const char* name) { return QIcon(QString(kIconFile).arg(name)); }
+
+QIcon InkedIcon(const char* name, const QPalette& palette) {
+  const QIcon shape = NamedIcon(name);
   QIcon icon;
   icon.addPixmap(Inked(shape, palette.color(QPalette::Active, QPalette::ButtonText)), QIcon::Normal);
   icon.addPixmap(Inked(shape, palette.color(QPalette::Disabled, QPalette::ButtonText)), QIcon::Disabled);

@@ -7,8 +7,10 @@
 
 namespace zova {
 
-/// A picture in the ink of a button's text, also of a disabled one.
-QIcon InkedIcon(const char* file, const QPalette& palette);
+/// A picture of data/icons, which is compiled into the program; `name` is its file's, without ending.
+QIcon NamedIcon(const char* name);
+/// The same in the ink of a button's text, also of a disabled one.
+QIcon InkedIcon(const char* name, const QPalette& palette);
 /// The picture as it is, but in the ink of a highlighted row there.
 QIcon IconForRows(const QIcon& icon, const QPalette& palette);
 /// `share` 0 is `one`, 1 is `other`.
