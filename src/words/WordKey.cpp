@@ -46,6 +46,19 @@ bool IsKept(utf8proc_int32_t point) {
   }
 }
 
+// Calls visit(code point, its bytes) up to the first byte that is no UTF-8.
+template <typename Visit>
+void WalkPoints(std::string_view text, Visit&& visit) {
+  while (!text.empty()) {
+    utf8proc_int32_t point = 0;
+    const auto* bytes = reinterpret_cast<const utf8proc_uint8_t*>(text.data());
+    const utf8proc_ssize_t length = utf8proc_iterate(bytes, static_cast<utf8proc_ssize_t>(text.size()), &point);
+    if (length <= 0) return;
+    visit(point, text.substr(0, static_cast<std::size_t>(length)));
+    text.remove_prefix(static_cast<std::size_t>(length));
+  }
+}
+
 void AppendAsciiKey(std::string& key, std::string_view text) {
   for (const char c : text) {
     if (c >= 'A' && c <= 'Z') {
@@ -66,22 +79,30 @@ std::string WordKey(std::string_view text) {
     return key;
   }
   const std::string folded = Mapped(text, UTF8PROC_STABLE | UTF8PROC_COMPAT | UTF8PROC_COMPOSE | UTF8PROC_CASEFOLD);
-  const auto* next = reinterpret_cast<const utf8proc_uint8_t*>(folded.data());
-  auto left = static_cast<utf8proc_ssize_t>(folded.size());
-  while (left > 0) {
-    utf8proc_int32_t point = 0;
-    const utf8proc_ssize_t length = utf8proc_iterate(next, left, &point);
-    if (length <= 0) break;
-    if (IsKept(point)) key.append(reinterpret_cast<const char*>(next), static_cast<std::size_t>(length));
-    next += length;
-    left -= length;
-  }
+  WalkPoints(folded, [&](utf8proc_int32_t point, std::string_view bytes) {
+    if (IsKept(point)) key += bytes;
+  });
   return key;
 }
 
 std::string WithoutAccents(std::string_view key) {
   if (IsAscii(key)) return std::string(key);
   return Mapped(key, UTF8PROC_STABLE | UTF8PROC_COMPOSE | UTF8PROC_STRIPMARK);
+}
+
+std::u32string KeyPoints(std::string_view key) {
+  std::u32string points;
+  points.reserve(key.size());
+  WalkPoints(key, [&](utf8proc_int32_t point, std::string_view) { points += static_cast<char32_t>(point); });
+  return points;
+}
+
+bool HasDigits(std::u32string_view points) {
+  return std::any_of(points.begin(), points.end(), [](char32_t point) {
+    if (point < 0x80) return point >= U'0' && point <= U'9';
+    const utf8proc_category_t category = utf8proc_category(static_cast<utf8proc_int32_t>(point));
+    return category == UTF8PROC_CATEGORY_ND || category == UTF8PROC_CATEGORY_NL || category == UTF8PROC_CATEGORY_NO;
+  });
 }
 
 }  // namespace zova

@@ -14,4 +14,7 @@ std::string WordKey(std::string_view text);
 /// A key without the marks of its letters: "creme" for "crème".
 std::string WithoutAccents(std::string_view key);
 
+std::u32string KeyPoints(std::string_view key);
+bool HasDigits(std::u32string_view points);
+
 }  // namespace zova
