@@ -2,6 +2,7 @@
 
 #include "tables/ImportOptions.h"
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
