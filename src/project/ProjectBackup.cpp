@@ -3,7 +3,7 @@
 // A backup location is a backup directory with `Sdata`, a copy of every data file, and beside it either the project's
 // own parameter file or, for a destination chosen later, "<title> Backup.prm". That copy names the new destination as
 // backup directory, where a restore finds the data, and in field 8 that of the saved parameters, which a restore puts
-// back.
+// back. The companion files lie beside it, too.
 
 #include "project/ProjectBackup.h"
 
@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "platform/desktop/FileErrorBoxes.h"
+#include "project/CompanionCopies.h"
 #include "project/CopyRun.h"
 #include "project/DirectoryRules.h"
 #include "project/ProjectFile.h"
@@ -55,6 +56,14 @@ std::optional<std::size_t> CopyDataFiles(const std::string& from, const std::str
                                std::to_string(outcome.Copied) + " had been copied.");
   }
   return outcome.IsComplete ? std::optional(outcome.Copied) : std::nullopt;
+}
+
+// Data files and companion files. Returns how many; nullopt when that was given up.
+std::optional<std::size_t> CopyToBackup(const ProjectParameters& project, const Platform& platform) {
+  const auto data =
+      CopyDataFiles(SubjectDirectory(project.PrimaryDir), SubjectDirectory(project.BackupDir), "", platform);
+  const auto companions = data ? BackUpCompanions(project, platform) : std::nullopt;
+  return companions ? std::optional(*data + *companions) : std::nullopt;
 }
 
 // A file that was only copied back, say, may be newer and yet the same.
@@ -106,8 +115,7 @@ std::optional<MessageBox> RefreshBackup(const ProjectParameters& project, const 
   const BusyPointer busy(platform.Pointer);
   auto outcome = PrepareBackup(project.BackupDir, platform);
   if (!outcome) return std::nullopt;
-  const auto copied =
-      CopyDataFiles(SubjectDirectory(project.PrimaryDir), SubjectDirectory(project.BackupDir), "", platform);
+  const auto copied = CopyToBackup(project, platform);
   if (!copied || !CopyProjectFile(project.ProjectFileName, paramDir, project.BackupDir, platform)) return std::nullopt;
   outcome->Details = CopiedText(*copied);
   return outcome;
@@ -243,8 +251,7 @@ std::optional<MessageBox> BackUpTo(ProjectParameters& project, const std::string
   if (!outcome) return std::nullopt;
   project.PreviousBackupDir = saved.BackupDir;
   project.BackupDir = *destination;
-  const auto copied =
-      CopyDataFiles(SubjectDirectory(project.PrimaryDir), SubjectDirectory(project.BackupDir), "", platform);
+  const auto copied = CopyToBackup(project, platform);
   if (!copied || !WriteBackupCopy(project, saved.File, platform)) return std::nullopt;
   outcome->Details = CopiedText(*copied);
   return outcome;
@@ -280,15 +287,19 @@ std::optional<MessageBox> RestoreData(ProjectParameters& project, const std::str
   const std::string from = SubjectDirectory(source.Directory);
   const std::string to = SubjectDirectory(chosen.PrimaryDir);
   if (!MayReplaceNewer(to, from, SavedPrefix(chosen), platform)) return std::nullopt;
+  const auto companions = ChooseCompanions(chosen, source.Directory, platform);
+  if (!companions) return std::nullopt;
   const auto copied = CopyDataFiles(from, to, SavedPrefix(chosen), platform);
-  if (!copied) return std::nullopt;
+  if (!copied || !CopyFilesByName(source.Directory, chosen.PrimaryDir, *companions, platform).IsComplete) {
+    return std::nullopt;
+  }
   const bool done = isBackupCopy ? RestoreParameters(project, paramDir, platform)
                                  : CopyProjectFile(chosen.ProjectFileName, source.Directory, paramDir, platform);
   if (!done) return std::nullopt;
   MessageBox message{.Text = "The data was successfully restored.",
                      .Icon = BoxIcon::Information,
                      .Title = "Restore",
-                     .Details = CopiedText(*copied)};
+                     .Details = CopiedText(*copied + companions->size())};
   if (source.IsBesideChosenFile) message.Details += "  The data files were taken from '" + from + "'.";
   return message;
 }

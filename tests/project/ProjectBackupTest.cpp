@@ -219,6 +219,29 @@ TEST(ProjectBackup, ARestoreAsksBeforeItReplacesNewerData) {
   EXPECT_TRUE(lab.Restore("C:\\Param\\Study.prm"));
 }
 
+TEST(ProjectBackup, CarriesTheCompanionFilesAndAsksBeforeANewerOneIsReplaced) {
+  ScriptedBoxes boxes{HasBackup(BoxAnswer::No), kUpdated};
+  Lab lab(boxes);
+  for (const char* name : {"AB Words.csv", "AB Study Order.csv", "AB Long.csv", "AB C Words.csv"}) {
+    lab.Put(std::string("C:/Data/") + name, name);
+  }
+  Tree tree = lab.Snapshot();
+  EXPECT_TRUE(lab.Begin(false));
+  tree = Copied(Copied(tree, "C/Data/Sdata/", "D/Backup/Sdata/", kPrimary), "C/Param/", "D/Backup/", {"Study.prm"});
+  EXPECT_EQ(lab.Snapshot(), Copied(tree, "C/Data/", "D/Backup/", {"AB Study Order.csv", "AB Words.csv"}));
+  lab.Lose("C:/Data/AB Study Order.csv");
+  lab.Put("C:/Data/AB Words.csv", "newer");
+  fs::last_write_time(lab.Native("C:/Data/AB Words.csv"), fs::file_time_type::clock::now() + std::chrono::hours(1));
+  for (const BoxAnswer answer : {BoxAnswer::No, BoxAnswer::Yes}) {
+    boxes.Expect({"'AB Words.csv' in the primary directory is newer than its backup.  Do you wish to replace it?",
+                  answer, "", BoxIcon::Exclamation, BoxButtons::YesNo, BoxAnswer::No, "Warning"});
+    boxes.Expect(Restored());
+    EXPECT_TRUE(lab.Restore("C:\\Param\\Study.prm"));
+    EXPECT_EQ(lab.Snapshot().at("C/Data/AB Words.csv"), answer == BoxAnswer::No ? "newer" : "AB Words.csv");
+    EXPECT_EQ(lab.Snapshot().at("C/Data/AB Study Order.csv"), "AB Study Order.csv");
+  }
+}
+
 TEST(ProjectBackup, NothingIsCopiedOntoItselfOrToNowhere) {
   const char* noBackup =
       "There was not a backup location for this project.  If you saved one manually you can create an 'Sdata' folder "
