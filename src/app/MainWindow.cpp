@@ -84,6 +84,10 @@ Panel* MainWindow::PanelOf(Screen screen) const {
     case Screen::Entry: return m_entry;
     case Screen::Masters: return PanelOf(m_session.Masters().CurrentStage());
     case Screen::Means: return m_means;
+    case Screen::Words:
+    case Screen::Import:
+    case Screen::Subjects:
+    case Screen::Compare: break;
   }
   return m_main;
 }

@@ -18,6 +18,8 @@ void AllowMainScreen(MenuStates& states, const MenuFacts& facts) noexcept {
   states.Create = true;
   states.Restore = true;
   states.MoveParam = true;
+  states.Import = true;  // without a project it asks for one
+  states.Words = states.Subjects = states.SecondEntry = usable || !facts.ProjectOpen;
   states.Enter = usable;
   states.Master = usable;
   states.Examine = usable;
@@ -38,7 +40,11 @@ MenuStates MenusFor(const MenuFacts& facts) noexcept {
     case Screen::Viewing:
     case Screen::Location:
     case Screen::Masters:
-    case Screen::Means: break;
+    case Screen::Means:
+    case Screen::Words:
+    case Screen::Import:
+    case Screen::Subjects:
+    case Screen::Compare: break;
     case Screen::Identification: AllowPreferences(states, facts); break;
     case Screen::Entry:
       AllowPreferences(states, facts);

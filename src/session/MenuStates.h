@@ -4,7 +4,20 @@
 namespace zova {
 
 /// The screens of the window. Identification and Entry are the two screens of a subject.
-enum class Screen { Main, Wizard, Viewing, Location, Identification, Entry, Masters, Means };
+enum class Screen {
+  Main,
+  Wizard,
+  Viewing,
+  Location,
+  Identification,
+  Entry,
+  Masters,
+  Means,
+  Words,
+  Import,
+  Subjects,
+  Compare
+};
 
 /// Everything that the menus depend on.
 struct MenuFacts {
@@ -34,6 +47,10 @@ struct MenuStates {
   bool Backup = false;
   bool Restore = false;
   bool MoveParam = false;
+  bool Words = false;
+  bool Import = false;
+  bool Subjects = false;
+  bool SecondEntry = false;
   bool Topics = true;
   bool About = true;
 

@@ -381,7 +381,8 @@ TEST(MenuStatesTest, EveryScreenHasItsEntries) {
     return states;
   };
   using M = MenuStates;
-  const MenuStates none = with(always, {&M::Open, &M::Create, &M::Restore, &M::MoveParam, &M::NextBlank, &M::Autosave});
+  const MenuStates none = with(always, {&M::Open, &M::Create, &M::Restore, &M::MoveParam, &M::NextBlank, &M::Autosave,
+                                        &M::Words, &M::Import, &M::Subjects, &M::SecondEntry});
   const MenuStates open = with(none, {&M::Enter, &M::Master, &M::Examine, &M::ReadOld, &M::View, &M::Backup});
   const MenuStates entering = with(always, {&M::NextBlank, &M::Autosave, &M::SkipMinutes});
   const struct {

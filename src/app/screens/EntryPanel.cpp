@@ -66,7 +66,7 @@ EntryPanel::EntryPanel(SubjectFlow& subjects)
   AddContent(content, 1);
   AddStatus(m_lblFastHelp);
   m_cmdDone = AddButton("cmdDone", {}, [this] { m_subjects.Entry().DoneWithTest(); });
-  m_cmdFinished = AddButton("cmdFinished", "Done with &all Tests!", [this] { m_subjects.DoneWithAllTests(); });
+  m_cmdFinished = AddButton("cmdFinished", "Done with a&ll Tests!", [this] { m_subjects.DoneWithAllTests(); });
   AddButton("cmdSubCancel", "&Cancel", [this] { m_subjects.CancelEntry(); });
   m_buttonsReturn = true;
 

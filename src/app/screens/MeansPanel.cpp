@@ -214,7 +214,7 @@ QWidget* MeansPanel::MakeResults() {
 
 void MeansPanel::AddButtons() {
   AddStatus(m_lblMeansStatus);
-  AddButton("cmdMeansOpen", "Open M&aster...", [this] { m_rules.ChooseMaster(); });
+  AddButton("cmdMeansOpen", "Open Maste&r...", [this] { m_rules.ChooseMaster(); });
   m_cmdMeansCopy = AddButton("cmdMeansCopy", "Cop&y Table", [this] { Copy(); });
   m_cmdMeansSave = AddButton("cmdMeansSave", "Save Ta&ble...", [this] { m_rules.SaveTable(); });
   m_cmdPlotSave = AddButton("cmdPlotSave", "Sav&e Plot...", [this] { SavePlot(); });

@@ -42,7 +42,7 @@ class DirectoriesPage final : public WizardPage {
     Rows()->addLayout(grid);
     m_cmdPath1 = MakeButton("cmdPath1", "Cop&y Path");
     AddRow(*grid, MakeBox(WizardBox::Primary, "lblPath1", "Pri&mary:", "txtPath1"), m_cmdPath1);
-    m_cmdPath2 = MakeButton("cmdPath2", "Copy P&ath");
+    m_cmdPath2 = MakeButton("cmdPath2", "&Copy Path");
     AddRow(*grid, MakeBox(WizardBox::Backup, "lblPath2", "Bac&kup:", "txtPath2"), m_cmdPath2);
   }
 

@@ -92,7 +92,7 @@ void WizardPanel::AddButtons() {
   m_cmdBack1 = AddButton("cmdBack1", "<<&Back", [this] { m_session.Wizard().Back(); });
   m_cmdNext1 = AddButton("cmdNext1", "&Next >>", [this] { m_session.Wizard().Next(); });
   m_cmdEntered1 = AddButton("cmdEntered1", "&Done!", [this] { m_session.FinishWizard(); });
-  m_cancel = AddButton("cmdCancel1", "&Cancel", [this] { m_session.CancelWizard(); });
+  m_cancel = AddButton("cmdCancel1", "Cance&l", [this] { m_session.CancelWizard(); });
   MarkDefault(m_cmdEntered1, true);
   MarkDefault(m_cmdNext1, true);
   // Enter in the box of the variables names a level and does not go on.

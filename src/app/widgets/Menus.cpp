@@ -53,6 +53,13 @@ constexpr MenuEntry kEntries[] = {
     {"mnuRestore", "&Restore From Backup", &States::Restore, &Session::RestoreFromBackup},
     {"mnuMoveParam", "&Change 'Param' Folder Location", &States::MoveParam, &Session::ChangeParamLocation},
 
+    {"mnuData", "D&ata"},
+    {"mnuWords", "&Word List", &States::Words},
+    {"mnuImport", "&Import Recalls", &States::Import},
+    kSeparator,
+    {"mnuSubjects", "&Subjects", &States::Subjects},
+    {"mnuSecond", "Second &Entry", &States::SecondEntry},
+
     {"mnuHelp", "&Help"},
     {"mnuTopics", "&Topics", &States::Topics, &Session::ShowTopics},
     kSeparator,

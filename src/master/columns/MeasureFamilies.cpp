@@ -23,7 +23,7 @@ constexpr std::array<MeasureBox, kMeasureCount> kBoxes = {{
      "Adds the bi-directional inter-test repetition of each pair of neighbouring tests."},
     {Measure::IP, "chkIP", "patterns", &kGeneral, "Item Pattern (e.g. NNCN)", 'I', Needs::SeveralTests,
      "Adds the number of items with each pattern of being recalled (C) or not (N) over all tests."},
-    {Measure::Cat, "chkCat", "arc", &kCategory, "ARC scores, Items Per Category, Categories Represented.", 'A',
+    {Measure::Cat, "chkCat", "arc", &kCategory, "ARC scores, Items Per Category, Categories Represented.", 'y',
      Needs::Categories, "Adds ARC scores, the categories represented and the average of items per category."},
     {Measure::Rat, "chkRat", "ratings", &kRating,
      "Average Rating, Items Rated Above/Below/At Median, Gains Rated Above/Below/At Median.", 'v', Needs::Ratings,
