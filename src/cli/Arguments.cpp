@@ -83,6 +83,22 @@ void DeclareGroupOptions(OptionTable& options, Arguments& parsed) {
                parsed.GroupOrderFile)
       ->option_text("FILE")
       ->needs(groupSize);
+  options.AddFile("--groups-csv", "also write a CSV with a row per group: what its members share", parsed.GroupsFile)
+      ->option_text("FILE")
+      ->needs(groupSize);
+}
+
+void DeclareFurtherOptions(CLI::App& app, Arguments& parsed) {
+  CLI::Option* further =
+      app.add_flag("--further", parsed.Further,
+                   "also the further measures, in the CSV of --clean and in --means: clustering,\norganization, serial "
+                   "position and others that the field reports")
+          ->disable_flag_override()
+          ->option_text(" ");
+  app.add_flag("--positions", parsed.Positions, "and the recall of each serial position")
+      ->disable_flag_override()
+      ->option_text(" ")
+      ->needs(further);
 }
 
 void DeclareOptions(CLI::App& app, Arguments& parsed) {
@@ -121,6 +137,7 @@ void DeclareOptions(CLI::App& app, Arguments& parsed) {
       ->disable_flag_override()
       ->option_text(" ")
       ->needs(means);
+  DeclareFurtherOptions(app, parsed);
   DeclareGroupOptions(options, parsed);
   app.set_help_flag("-h,--help", "print this text");
   app.set_version_flag("--version", "", "print the version");
@@ -178,6 +195,7 @@ Arguments ParseArguments(const std::vector<std::string>& arguments) {
   } catch (const CLI::ParseError& error) {
     throw UsageError(error.what());
   }
+  if (parsed.Further && !parsed.CleanFile && !parsed.Means) throw UsageError("--further requires --clean or --means");
   // The library does not treat "-" and negative numbers as options.
   if (parsed.ProjectFile.starts_with('-') && std::find(arguments.begin(), arguments.end(), "--") == arguments.end()) {
     throw UsageError("unexpected argument: " + parsed.ProjectFile);

@@ -26,11 +26,14 @@ struct Arguments {
   std::string Destination;                        ///< "" for the default
   std::optional<std::string> CleanFile;           ///< path for the CSV of the measures
   std::optional<std::string> LongFile;            ///< path for the CSV of the recalls
+  bool Further = false;                           ///< only with CleanFile or Means
+  bool Positions = false;                         ///< only with Further
   std::optional<std::vector<std::string>> Means;  ///< variables of the table of means
   bool ComputedOnly = false;                      ///< only with Means
-  std::optional<int> GroupSize;                   ///< requests the combined master; required by the next two
+  std::optional<int> GroupSize;                   ///< requests the combined master; required by the next three
   std::optional<std::string> GroupBy;
   std::optional<std::string> GroupOrderFile;
+  std::optional<std::string> GroupsFile;  ///< path for the CSV of the groups
   std::string ProjectFile;
 };
 

@@ -52,7 +52,7 @@ class MasterCommand {
     if (m_arguments.GroupSize && !FillCombinedRequest(request, combined)) return kStopped;
     request.CombinedFollows = m_arguments.GroupSize.has_value();
     std::optional<ScoredTable> table;
-    if (m_arguments.Means) request.Sink = &table.emplace(m_project, request.Selection);
+    if (m_arguments.Means) request.Sink = &table.emplace(m_project, request.Selection, request.Further);
     MasterRunResult result = CreateMasters(m_project, request, m_platform);
     bool isDone = ReportWritten(result);
     if (isDone && table) PrintMeans(table->Table(), std::move(means));
@@ -70,6 +70,8 @@ class MasterCommand {
     std::ostream& out = m_arguments.Means ? std::cerr : std::cout;  // a table stands alone on standard output
     for (const ResolvedPath& path : result.Written)
       out << (IsStandardOutputTerminal() ? Printable(NativeText(path)) : NativeText(path)) << '\n';
+    const std::string missing = MissingOrderText(result.Notices);
+    if (!missing.empty()) std::cerr << missing << '\n';
     return result.Completed;
   }
 
@@ -90,7 +92,7 @@ class MasterCommand {
   }
 
   void PrintMeans(const MasterTable& table, MeansRequest request) const {
-    request.Measures.resize(table.Measures.size());
+    request.Measures.resize(table.MeasureCount());
     std::iota(request.Measures.begin(), request.Measures.end(), std::size_t{0});
     SetStandardOutputBinary();
     std::cout << CsvText(LinesOf(ComputeMeans(table, request, &m_project)));
@@ -116,6 +118,10 @@ class MasterCommand {
     request.Destination = DestinationText();
     if (m_arguments.CleanFile) request.CleanFile = AbsolutePath(*m_arguments.CleanFile);
     if (m_arguments.LongFile) request.LongFile = AbsolutePath(*m_arguments.LongFile);
+    if (m_arguments.GroupsFile) request.GroupsFile = AbsolutePath(*m_arguments.GroupsFile);
+    if (m_arguments.Further) {
+      request.Further = m_arguments.Positions ? FurtherColumns::AllAndPositions : FurtherColumns::All;
+    }
     const auto count = CountSubjectFiles(m_project, m_disk, m_terminal);
     if (count.value_or(0) == 0) return false;
     request.SubjectFileCount = *count;
@@ -144,6 +150,7 @@ class MasterCommand {
   bool FillCombinedRequest(const MasterRequest& request, CombinedRequest& combined) {
     combined.Selection = request.Selection;
     combined.Destination = request.Destination;
+    combined.GroupsFile = request.GroupsFile;
     auto subjects = ReadGroupSubjects(m_project, request.SubjectFileCount, combined.Separator.has_value(), m_platform);
     if (!subjects) return false;
     combined.Subjects = std::move(*subjects);

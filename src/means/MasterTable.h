@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <cmath>
 #include <cstddef>
 #include <optional>
 #include <string>
@@ -11,6 +12,12 @@
 
 namespace zova {
 
+/// The further measures of a master's rows. They stand in no master.
+struct FurtherValues {
+  std::vector<std::string> Names;
+  std::vector<double> Values;  ///< row by row, one per name; not a number where there is no value
+};
+
 /// A parsed master: one row per subject or nominal group. Rows, variables and measures count from 0.
 struct MasterTable {
   std::vector<std::string> Variables;  ///< columns between identifier and first measure
@@ -19,6 +26,7 @@ struct MasterTable {
   std::vector<std::string> Levels;     ///< row by row, one per variable: the level's number or XXXXXXX
   std::vector<double> Values;          ///< row by row, one per measure
   std::vector<bool> Uncomputed;        ///< parallel to Values: true for a 0 that could not be computed
+  FurtherValues Further;               ///< counted on behind the measures of the master
   bool HasSubjects = true;             ///< false: a later piece of a wide master, which begins with a measure
   int SkippedLines = 0;                ///< lines that do not fit the header
   int RepeatedSubjects = 0;            ///< rows whose subject has an earlier row; counted by ParseMaster
@@ -27,11 +35,17 @@ struct MasterTable {
   [[nodiscard]] const std::string& Level(std::size_t row, std::size_t variable) const {
     return Levels[row * Variables.size() + variable];
   }
+  [[nodiscard]] std::size_t MeasureCount() const noexcept { return Measures.size() + Further.Names.size(); }
+  [[nodiscard]] bool IsFurther(std::size_t measure) const noexcept { return measure >= Measures.size(); }
+  [[nodiscard]] const std::string& MeasureName(std::size_t measure) const {
+    return IsFurther(measure) ? Further.Names[measure - Measures.size()] : Measures[measure];
+  }
   [[nodiscard]] double Value(std::size_t row, std::size_t measure) const {
+    if (IsFurther(measure)) return Further.Values[row * Further.Names.size() + measure - Measures.size()];
     return Values[row * Measures.size() + measure];
   }
   [[nodiscard]] bool IsUncomputed(std::size_t row, std::size_t measure) const {
-    return Uncomputed[row * Measures.size() + measure];
+    return IsFurther(measure) ? std::isnan(Value(row, measure)) : Uncomputed[row * Measures.size() + measure];
   }
 };
 

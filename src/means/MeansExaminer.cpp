@@ -3,11 +3,12 @@
 #include "means/MeansExaminer.h"
 
 #include <algorithm>
-#include <numeric>
 #include <set>
 #include <utility>
 
 #include "master/columns/ColumnName.h"
+#include "master/exports/FurtherData.h"
+#include "master/groups/GroupLabel.h"
 #include "means/LurePositions.h"
 #include "means/MasterOfProject.h"
 #include "means/UncomputedValues.h"
@@ -22,6 +23,9 @@ namespace {
 
 constexpr const char* kNoText = "It is no text.";
 constexpr const char* kNoHeader = "Its first line is no header: it has no name of a measure.";
+// Of rows and positions: what a recall of every position by every subject may take, 160 MB.
+constexpr std::size_t kMaxPositionValues = 20'000'000;
+
 constexpr const char* kNoRows = "None of its lines fits its header.";
 
 std::string_view FirstLine(std::string_view text) { return text.substr(0, text.find_first_of("\r\n")); }
@@ -67,6 +71,7 @@ void MeansExaminer::Close() {
   m_table = {};
   m_serial.reset();
   m_measureNames.clear();
+  m_furtherGroups.clear();
   m_request = {};
   ++m_layoutRevision;
   Compute();
@@ -122,21 +127,65 @@ void MeansExaminer::Show(const std::string& path) {
   m_lurePositions.clear();
   if (m_serial) m_lurePositions = LurePositions(*m_project, path, m_serial->PositionCount, m_platform.Files);
   m_isOwn = !m_serial && IsMasterOfProject(m_table, path, *m_project, m_platform.Files);
+  ListFurther();
   ++m_layoutRevision;
   Compute();
   if (!m_isOwn || m_table.RowCount() == 0) return;
-  m_isReading = true;
+  m_reading = "values that could not be computed";
   if (m_observer) m_observer();
   {
     const BusyPointer busy(m_platform.Pointer);
     m_unchecked = MarkUncomputed(m_table, *m_project, m_platform.Files, m_platform.Bar);
   }
-  m_isReading = false;
+  m_reading = nullptr;
   Compute();
 }
 
+// Of an individual master of the project.
+void MeansExaminer::ListFurther() {
+  m_furtherGroups.clear();
+  m_hasFurther = false;
+  if (!m_isOwn || m_table.RowCount() == 0 || !m_table.HasSubjects || IsGroupLabel(m_table.Subjects.front())) return;
+  const std::size_t positions =
+      static_cast<std::size_t>(m_project->TestCount) * static_cast<std::size_t>(m_project->ItemCount);
+  const bool withPositions = m_table.RowCount() * positions <= kMaxPositionValues;
+  m_further = withPositions ? FurtherColumns::AllAndPositions : FurtherColumns::All;
+  m_table.Further.Names = FurtherColumnNames(*m_project, m_further);
+  std::optional<FurtherGroup> last;
+  for (const std::string& name : m_table.Further.Names) {
+    const FurtherGroup group = FurtherColumnByName(name)->Family->Group;
+    if (last != group) {
+      m_furtherGroups.push_back(
+          {"Further measures: " + std::string(FurtherGroupText(group)), m_measureNames.size(), 0});
+    }
+    last = group;
+    ++m_furtherGroups.back().Count;
+    m_measureNames.push_back(name);
+  }
+}
+
+// False when the user gave up, so that they have no values.
+bool MeansExaminer::ComputeFurtherOnce() {
+  if (m_hasFurther) return true;
+  m_reading = "further measures";
+  if (m_observer) m_observer();
+  const BusyPointer busy(m_platform.Pointer);
+  m_hasFurther = WithRetry(m_platform.Boxes, [&] {
+    const FurtherData data = ReadFurtherData(m_platform.Files, *m_project, std::nullopt);
+    WarnOfFaults(data, m_platform.Boxes);
+    ComputeFurther(m_table, *m_project, data, m_further, m_platform.Files, m_platform.Bar);
+  });
+  m_reading = nullptr;
+  return m_hasFurther;
+}
+
 void MeansExaminer::ChooseMeasures(const std::vector<std::size_t>& measures) {
+  if (m_reading != nullptr) return;
+  const auto isFurther = [this](std::size_t measure) { return !m_serial && m_table.IsFurther(measure); };
+  const bool anyFurther = std::any_of(measures.begin(), measures.end(), isFurther);
+  const bool isMissing = anyFurther && !ComputeFurtherOnce();
   m_request.Measures = measures;
+  if (isMissing) std::erase_if(m_request.Measures, isFurther);
   Compute();
 }
 
@@ -153,11 +202,13 @@ void MeansExaminer::ChooseVariables(const std::vector<std::size_t>& variables) {
 }
 
 void MeansExaminer::ChooseWholeSeries() {
-  const auto familyOf = [this](std::size_t measure) {
-    const auto column = ColumnByName(m_measureNames[measure]);
-    return std::string(column ? column->Family->Stem : std::string_view(m_measureNames[measure]));
+  const auto familyOf = [this](std::size_t measure) -> std::string_view {
+    const std::string& name = m_measureNames[measure];
+    if (!m_serial && m_table.IsFurther(measure)) return FurtherColumnByName(name)->Family->Stem;
+    const auto column = ColumnByName(name);
+    return column ? column->Family->Stem : std::string_view(name);
   };
-  std::set<std::string> families;
+  std::set<std::string_view> families;
   for (const std::size_t measure : m_request.Measures) families.insert(familyOf(measure));
   std::vector<std::size_t> measures;
   for (std::size_t measure = 0; measure < m_measureNames.size(); ++measure) {
@@ -174,7 +225,7 @@ void MeansExaminer::SetLeavesOut(bool leavesOut) {
 
 void MeansExaminer::Compute() {
   ++m_resultRevision;
-  m_uncomputed = 0;
+  m_uncomputed = m_lacking = 0;
   m_means = {};
   m_picture = {};
   m_status.clear();
@@ -191,7 +242,9 @@ void MeansExaminer::Compute() {
   }
   m_means = ComputeMeans(m_table, m_request, m_isOwn ? m_project : nullptr);
   const std::vector<std::size_t>& ofAll = m_means.Cells.back().Uncomputed;
-  m_uncomputed = std::accumulate(ofAll.begin(), ofAll.end(), std::size_t{0});
+  for (std::size_t measure = 0; measure < ofAll.size(); ++measure) {
+    (m_table.IsFurther(m_request.Measures[measure]) ? m_lacking : m_uncomputed) += ofAll[measure];
+  }
   for (std::size_t measure = 0; measure < m_means.Measures.size(); ++measure) {
     m_decimals.push_back(DecimalsOf(m_means, measure));
   }
@@ -217,7 +270,7 @@ std::string MeansExaminer::FileLine() const {
 
 std::string MeansExaminer::NoteLine() const {
   if (m_path.empty()) return "";
-  if (m_isReading) return "Reading the subjects, for the values that could not be computed ...";
+  if (m_reading != nullptr) return std::string("Reading the subjects, for the ") + m_reading + " ...";
   if (m_serial) return "A serial-position master is only plotted: the shares of the subjects, and smoothed ones.";
   std::string note;
   const auto add = [&note](const std::string& sentence) { note += (note.empty() ? "" : "  ") + sentence; };
@@ -225,6 +278,10 @@ std::string MeansExaminer::NoteLine() const {
     add(Counted(m_uncomputed, "value", "values") + " of the chosen measures could not be computed and " +
         (LeavesOut() ? (m_uncomputed == 1 ? "is left out." : "are left out.")
                      : std::string(m_uncomputed == 1 ? "counts" : "count") + " as 0 (*), as in the master."));
+  }
+  if (m_lacking > 0) {
+    add(Counted(m_lacking, "value", "values") + " of the chosen further measures could not be computed and " +
+        (m_lacking == 1 ? "is" : "are") + " left out.");
   }
   if (!m_table.HasSubjects) {
     add("This piece of a wide master has no identifiers: values that could not be computed, which stand as 0, are not "
@@ -262,13 +319,16 @@ std::string MeansExaminer::CellText(int row, int column) const {
   if (column <= variables) return cell.Levels.empty() ? "(all)" : cell.Levels[static_cast<std::size_t>(column) - 1];
   switch (column - variables) {
     case 1: return std::to_string(sample.N);
-    case 2:
-      return ShownNumber(sample.Mean, m_decimals[measure]) + (cell.Uncomputed[measure] > 0 && !LeavesOut() ? "*" : "");
+    case 2: return ShownNumber(sample.Mean, m_decimals[measure]) + (HasZeros(cell, measure) ? "*" : "");
     case 3: return ShownNumber(sample.Sd, m_decimals[measure]);
     case 4: return ShownNumber(sample.Low(), m_decimals[measure]);
     case 5: return ShownNumber(sample.High(), m_decimals[measure]);
     default: return m_isOwn ? std::to_string(cell.Uncomputed[measure]) : "";
   }
+}
+
+bool MeansExaminer::HasZeros(const MeansCell& cell, std::size_t measure) const {
+  return cell.Uncomputed[measure] > 0 && !LeavesOut() && !m_table.IsFurther(m_request.Measures[measure]);
 }
 
 bool MeansExaminer::IsTotal(int row) const {
@@ -284,10 +344,11 @@ std::string MeansExaminer::CopyTable() {
 std::string MeansExaminer::RowTip(int row) const {
   const std::size_t cells = m_means.Cells.size();
   const MeansCell& cell = m_means.Cells[static_cast<std::size_t>(row) % cells];
-  const std::size_t uncomputed = cell.Uncomputed[static_cast<std::size_t>(row) / cells];
+  const std::size_t measure = static_cast<std::size_t>(row) / cells;
+  const std::size_t uncomputed = cell.Uncomputed[measure];
   if (uncomputed == 0) return "";
   return Counted(uncomputed, "value", "values") + " could not be computed; " +
-         (LeavesOut() ? "left out here." : "counted as 0 here, as in the master.");
+         (HasZeros(cell, measure) ? "counted as 0 here, as in the master." : "left out here.");
 }
 
 // Leaves the field empty when the values were not checked: 0 would be wrong.

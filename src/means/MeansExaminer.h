@@ -7,12 +7,20 @@
 #include <string>
 #include <vector>
 
+#include "master/columns/FurtherFamilies.h"
 #include "means/MeansPlot.h"
 #include "means/SerialPositionTable.h"
 #include "platform/desktop/Platform.h"
 #include "project/ProjectLayout.h"
 
 namespace zova {
+
+/// Further measures that stand together in the list, under a heading.
+struct MeasureGroup {
+  std::string Heading;    ///< "Further measures: clustering"
+  std::size_t First = 0;  ///< measure
+  std::size_t Count = 0;
+};
 
 enum class PlotFormat { Pdf, Svg, Png };
 
@@ -35,6 +43,7 @@ class MeansExaminer {
   void Close();
 
   void ChooseMaster();  ///< cmdMeansOpen
+  /// Computes the further measures when one is chosen for the first time.
   void ChooseMeasures(const std::vector<std::size_t>& measures);
   /// Variables chosen before keep their order; new ones follow.
   void ChooseVariables(const std::vector<std::size_t>& variables);
@@ -52,6 +61,8 @@ class MeansExaminer {
   /// The texts of the lists change only when `LayoutRevision` increases.
   [[nodiscard]] int LayoutRevision() const noexcept { return m_layoutRevision; }
   [[nodiscard]] const std::vector<std::string>& Measures() const noexcept { return m_measureNames; }
+  /// The further measures among them, which stand behind the others; none but with a master of the open project.
+  [[nodiscard]] const std::vector<MeasureGroup>& FurtherGroups() const noexcept { return m_furtherGroups; }
   [[nodiscard]] const std::vector<std::string>& Variables() const noexcept { return m_table.Variables; }
   [[nodiscard]] const std::vector<std::size_t>& ChosenMeasures() const noexcept { return m_request.Measures; }
   [[nodiscard]] const std::vector<std::size_t>& ChosenVariables() const noexcept { return m_request.Variables; }
@@ -71,7 +82,7 @@ class MeansExaminer {
   /// True for the line of all subjects below those of the levels.
   [[nodiscard]] bool IsTotal(int row) const;
   /// Whether the column of the values that could not be computed says something.
-  [[nodiscard]] bool ShowsUncomputed() const noexcept { return m_uncomputed > 0; }
+  [[nodiscard]] bool ShowsUncomputed() const noexcept { return m_uncomputed + m_lacking > 0; }
   /// The whole table for the clipboard, with all digits; the status line says so.
   std::string CopyTable();
   [[nodiscard]] const PlotPicture& Picture() const noexcept { return m_picture; }
@@ -82,7 +93,11 @@ class MeansExaminer {
   /// nullopt, or why the text is not a master.
   std::optional<std::string> ParseTable(const std::string& bytes, std::string_view header);
   void Show(const std::string& path);
+  void ListFurther();
+  bool ComputeFurtherOnce();
   void Compute();
+  /// Whether values that could not be computed count as 0 in the mean.
+  [[nodiscard]] bool HasZeros(const MeansCell& cell, std::size_t measure) const;
   [[nodiscard]] MeansLines Lines() const;
   [[nodiscard]] bool IsKept(const std::string& path);
   void Save(const std::string& path, const std::string& bytes);
@@ -95,15 +110,19 @@ class MeansExaminer {
   std::string m_path;     // the master shown, or ""
   std::string m_missing;  // why there is none
   bool m_isOwn = false;
-  bool m_isReading = false;
-  int m_unchecked = 0;  // rows that could not be scored again
+  const char* m_reading = nullptr;  // what the subjects are being read for
+  int m_unchecked = 0;              // rows that could not be scored again
   MasterTable m_table;
   std::optional<SerialPositionTable> m_serial;
   std::set<int> m_lurePositions;  // of the serial-position master
   std::vector<std::string> m_measureNames;
+  std::vector<MeasureGroup> m_furtherGroups;
+  FurtherColumns m_further = FurtherColumns::None;  // those in the list
+  bool m_hasFurther = false;                        // they are computed
   MeansRequest m_request;
   MeansTable m_means;
-  std::size_t m_uncomputed = 0;  // among the chosen measures
+  std::size_t m_uncomputed = 0;  // among the chosen measures of the master
+  std::size_t m_lacking = 0;     // among the chosen further measures
   PlotPicture m_picture;
   std::string m_status;
   std::vector<int> m_decimals;  // one per chosen measure

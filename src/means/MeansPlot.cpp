@@ -9,6 +9,7 @@
 #include <unordered_set>
 
 #include "master/columns/ColumnName.h"
+#include "master/columns/FurtherFamilies.h"
 #include "text/Counted.h"
 
 namespace zova {
@@ -33,11 +34,17 @@ struct Drawn {
   std::size_t Column = 0;
 };
 
+template <typename Family>
+Drawn DrawnOf(const Family& family, ColumnPlace place, std::size_t column) {
+  return {family.Stem, family.Label, family.Unit, family.Shape.Axis, place, column};
+}
+
 Drawn DrawnOf(std::string_view measure, std::size_t column) {
   const auto known = ColumnByName(measure);
-  if (!known) return {measure, measure, {}, MeasureAxis::Test, {}, column};
-  const MeasureFamily& family = *known->Family;
-  return {family.Stem, family.Label, family.Unit, family.Shape.Axis, known->Place, column};
+  if (known) return DrawnOf(*known->Family, known->Place, column);
+  const auto further = FurtherColumnByName(measure);
+  if (further) return DrawnOf(*further->Family, further->Place, column);
+  return {measure, measure, {}, MeasureAxis::Test, {}, column};
 }
 
 // The distinct measures of the first chosen one's family. Sets `others` to the number of measures of other families. An

@@ -99,7 +99,9 @@ class OpenCell {
       const std::size_t measure = m_request.Measures[i];
       const bool isUncomputed = m_table.IsUncomputed(row, measure);
       if (isUncomputed) ++m_uncomputed[i];
-      if (!isUncomputed || !m_request.LeavesOutUncomputed) m_samples[i].Add(m_table.Value(row, measure));
+      // A further measure has no 0 that could stand for it.
+      const bool counts = !isUncomputed || (!m_request.LeavesOutUncomputed && !m_table.IsFurther(measure));
+      if (counts) m_samples[i].Add(m_table.Value(row, measure));
     }
   }
 
@@ -191,7 +193,7 @@ std::string TextOf(const MeansLines& lines, char separator, std::string_view lin
 
 MeansTable ComputeMeans(const MasterTable& table, const MeansRequest& request, const ProjectParameters* project) {
   MeansTable means;
-  for (const std::size_t measure : request.Measures) means.Measures.push_back(table.Measures[measure]);
+  for (const std::size_t measure : request.Measures) means.Measures.push_back(table.MeasureName(measure));
   std::vector<OccurringLevels> variables;
   for (const std::size_t variable : request.Variables) {
     means.Variables.push_back(table.Variables[variable]);

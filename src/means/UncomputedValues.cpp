@@ -20,6 +20,7 @@ namespace zova {
 
 namespace {
 
+constexpr double kNoValue = std::numeric_limits<double>::quiet_NaN();
 constexpr std::size_t kNone = std::numeric_limits<std::size_t>::max();
 
 // Finds the walk's columns in a table.
@@ -94,6 +95,22 @@ class GapMarker final : public ColumnSink {
   std::size_t m_next = 0;
 };
 
+// If the directory cannot be listed, no row can be scored.
+std::vector<std::string> ListedSubjects(SubjectReader& reader) {
+  try {
+    reader.List(0);
+    return reader.SubjectIds();
+  } catch (const FileError&) {
+    return {};
+  }
+}
+
+void AppendFurther(const FurtherScores& scores, const ProjectParameters& project, FurtherValues& further) {
+  WalkFurtherColumns(project, scores, [&](const FurtherColumn&, const Measured& value) {
+    further.Values.push_back(value.Gap == FurtherGap::None ? value.Value : kNoValue);
+  });
+}
+
 // Scores the rows of a table again.
 class Rescoring {
  public:
@@ -127,16 +144,6 @@ class Rescoring {
   [[nodiscard]] const ScoringArrays& Scores() const noexcept { return m_scores; }
 
  private:
-  // If the directory cannot be listed, no row can be scored.
-  static std::vector<std::string> ListedSubjects(SubjectReader& reader) {
-    try {
-      reader.List(0);
-      return reader.SubjectIds();
-    } catch (const FileError&) {
-      return {};
-    }
-  }
-
   void ScoreGroup(const std::vector<int>& members) {
     m_pool.Reset();
     for (const int member : members) {
@@ -177,8 +184,39 @@ int MarkUncomputed(MasterTable& table, const ProjectParameters& project, Disk& d
   return failures;
 }
 
-ScoredTable::ScoredTable(const ProjectParameters& project, const MeasureSelection& selection)
+void ComputeFurther(MasterTable& table, const ProjectParameters& project, const FurtherData& data,
+                    FurtherColumns columns, Disk& disk, Progress& bar) {
+  FurtherScorer scorer(data, columns == FurtherColumns::AllAndPositions);
+  SubjectReader reader(project, disk, bar);
+  const SubjectIndex index(ListedSubjects(reader));
+  SubjectRecord record;
+  PercentProgress progress(bar, table.RowCount(), "Reading subjects: ", "%");
+  table.Further.Values.clear();
+  table.Further.Values.reserve(table.RowCount() * table.Further.Names.size());
+  const auto score = [&](int number) -> const FurtherScores* {
+    if (number == 0) return nullptr;
+    try {
+      reader.Read(number, record);
+      return &scorer.Score(reader.SubjectId(number), record.Lists);
+    } catch (const FileError&) {
+      return nullptr;
+    } catch (const ScoringError&) {
+      return nullptr;
+    }
+  };
+  for (std::size_t row = 0; row < table.RowCount(); ++row) {
+    if (const FurtherScores* scores = score(index.NumberOf(table.Subjects[row]))) {
+      AppendFurther(*scores, project, table.Further);
+    } else {
+      table.Further.Values.resize(table.Further.Values.size() + table.Further.Names.size(), kNoValue);
+    }
+    progress.Show(row + 1);
+  }
+}
+
+ScoredTable::ScoredTable(const ProjectParameters& project, const MeasureSelection& selection, FurtherColumns further)
     : m_project(project), m_selection(selection) {
+  m_table.Further.Names = FurtherColumnNames(project, further);
   const auto names = project.VariableNames.begin();
   m_table.Variables.assign(names, names + project.VariableCount);
   ScoringArrays empty;
@@ -195,6 +233,7 @@ bool ScoredTable::Add(const ScoredSubject& subject) {
   if (m_table.RowCount() == row) return true;
   GapMarker marker(m_table, row, m_shares);
   WalkMeasureColumns(m_project, m_selection, MasterKind::Individual, subject.Scores, marker);
+  if (subject.Further != nullptr) AppendFurther(*subject.Further, m_project, m_table.Further);
   return true;
 }
 
@@ -202,6 +241,7 @@ void ScoredTable::Restart() {
   MasterTable empty;
   empty.Variables = std::move(m_table.Variables);
   empty.Measures = std::move(m_table.Measures);
+  empty.Further.Names = std::move(m_table.Further.Names);
   m_table = std::move(empty);
 }
 

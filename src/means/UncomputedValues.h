@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "master/columns/FurtherFamilies.h"
 #include "master/columns/MeasureSelection.h"
+#include "master/exports/FurtherData.h"
 #include "master/exports/ScoredSubject.h"
 #include "means/MasterTable.h"
 #include "platform/desktop/Desktop.h"
@@ -15,11 +17,18 @@ namespace zova {
 /// message except the progress on `bar`.
 int MarkUncomputed(MasterTable& table, const ProjectParameters& project, Disk& disk, Progress& bar);
 
-/// The master of a run as a marked table, without parsing its file: names and identifiers may contain commas or the
-/// name of a measure.
+/// Computes the further measures of the rows of `table`, an individual master of `project`, by reading each subject
+/// again; `table.Further.Names` are those of FurtherColumnNames. A row whose subject cannot be read has no values.
+/// Shows no message except the progress on `bar`.
+void ComputeFurther(MasterTable& table, const ProjectParameters& project, const FurtherData& data,
+                    FurtherColumns columns, Disk& disk, Progress& bar);
+
+/// The master of a run, with its further measures, as a marked table, without parsing its file: names and identifiers
+/// may contain commas or the name of a measure.
 class ScoredTable final : public ScoredSubjectSink {
  public:
-  ScoredTable(const ProjectParameters& project, const MeasureSelection& selection);
+  ScoredTable(const ProjectParameters& project, const MeasureSelection& selection,
+              FurtherColumns further = FurtherColumns::None);
   bool Add(const ScoredSubject& subject) override;
   void Restart() override;
   [[nodiscard]] const MasterTable& Table() const noexcept { return m_table; }

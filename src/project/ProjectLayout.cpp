@@ -37,6 +37,7 @@ ResultFileName NameOfResult(ResultFile file) {
     case ResultFile::SerialMaster: return {" Serial Position Master", kTextEnd};
     case ResultFile::CleanCsv: return {" Clean", ".csv"};
     case ResultFile::LongCsv: return {" Long", ".csv"};
+    case ResultFile::GroupsCsv: return {" Groups", ".csv"};
     case ResultFile::MeansTable: return {" Means", ".csv"};
     case ResultFile::MeansPlot: return {" Means", ".pdf"};
   }

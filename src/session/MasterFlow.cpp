@@ -71,6 +71,7 @@ void MasterFlow::Continue() {
   m_request.Destination = m_options.Destination();
   m_request.CleanFile = FileBeside(m_options.ChkExportClean);
   m_request.LongFile = FileBeside(m_options.ChkExportLong);
+  m_request.Further = m_options.Further();
   m_request.Order.reset();
   m_request.CombinedFollows = m_options.ChkCombine;
   // Reports a master that cannot be built before an order is typed and saved for it.
@@ -270,6 +271,8 @@ void MasterFlow::GoCombine() {
 
 void MasterFlow::Finish(MessageBox message) {
   for (const std::string& file : m_lastFiles) message.Details += (message.Details.empty() ? "" : "\n") + file;
+  const std::string missing = MissingOrderText(m_notices);
+  if (!missing.empty()) message.Details += (message.Details.empty() ? "" : "\n") + missing;
   Show(Stage::Finished);
   ShowMasterWarnings(m_notices, m_platform.Boxes);
   m_platform.Boxes.Show(message);

@@ -20,6 +20,8 @@ constexpr auto kSentences = std::to_array<Sentence>({
     {"chkCombine", "Check this box to score subjects together as nominal groups, in a combined master of its own."},
     {"chkExportClean", "Adds a CSV file of all measures, uncut, with what could not be computed left empty."},
     {"chkExportLong", "Adds a CSV file of the recall lists, a line for each item that was studied or recalled."},
+    {"chkFurther",
+     "Adds clustering, organization, serial position and other measures that the field reports to the CSV file."},
     {"chkItemAnalysis", "Check this box for a second master with the proportion recalled at each serial position."},
     {"chkMeansLeaveOut",
      "Check this box so that means are taken over computed values only; in the master the others stand as 0."},

@@ -64,18 +64,19 @@ TEST(Exports, WhatOtherProgramsRead) {
   const auto study = [](const std::string& subjectAndTest, const std::string& levels) {
     std::string rows;
     for (const char* middle : {"1,2,1,0", "2,1,1,0", "3,4,2,0", "4,5,2,0"}) {
-      rows.append(subjectAndTest).append(",study,").append(middle).append(",,,").append(levels).append("\r\n");
+      rows.append(subjectAndTest).append(",study,").append(middle).append(",,,saved,").append(levels).append("\r\n");
     }
     return rows;
   };
   const std::string seven = "\"Young, \"\"fit\"\"\",\" late\"";
   EXPECT_EQ(lab.Files.Get("C:\\Data\\AB Long.csv"),
-            "subject,list,trial_type,position,item,category,lure,minute,rating,Subject,list (2)\r\n" +
-                study("07,1", seven) + "07,1,recall,1,4,2,0,1,," + seven + "\r\n07,1,recall,2,1,1,0,2,," + seven +
-                "\r\n07,1,recall,3,2,1,0,2,," + seven + "\r\n" + study("07,2", seven) + "07,2,recall,1,2,1,0,1,5," +
-                seven + "\r\n07,2,recall,2,3,1,1,1,1," + seven + "\r\n07,2,recall,4,2,1,0,9,," + seven +
-                "\r\n07,2,recall,5,1,1,0,9,2," + seven + "\r\n" + study("8,1", "Old,due (2)") +
-                "8,1,recall,1,1,1,0,1,,Old,due (2)\r\n" + study("8,2", "Old,due (2)"));
+            "subject,list,trial_type,position,item,category,lure,minute,rating,order,Subject,list (2)\r\n" +
+                study("07,1", seven) + "07,1,recall,1,4,2,0,1,,saved," + seven + "\r\n07,1,recall,2,1,1,0,2,,saved," +
+                seven + "\r\n07,1,recall,3,2,1,0,2,,saved," + seven + "\r\n" + study("07,2", seven) +
+                "07,2,recall,1,2,1,0,1,5,saved," + seven + "\r\n07,2,recall,2,3,1,1,1,1,saved," + seven +
+                "\r\n07,2,recall,4,2,1,0,9,,saved," + seven + "\r\n07,2,recall,5,1,1,0,9,2,saved," + seven + "\r\n" +
+                study("8,1", "Old,due (2)") + "8,1,recall,1,1,1,0,1,,saved,Old,due (2)\r\n" +
+                study("8,2", "Old,due (2)"));
   const std::string master = lab.Files.Get("C:\\Data\\AB Master.txt");
   EXPECT_EQ(std::count(sink.Rows.begin(), sink.Rows.end(), '\n'), 2);
   EXPECT_NE(master.find(sink.Rows.substr(0, sink.Rows.find('\n')) + "\r\n"), std::string::npos);
@@ -86,6 +87,53 @@ TEST(Exports, WhatOtherProgramsRead) {
   sink.Left = 1;  // gives up after the first subject
   EXPECT_FALSE(lab.Run(none).Completed);
   EXPECT_EQ(lab.Files.Get("C:\\Data\\AB Clean.csv").find("\r\n8,"), std::string::npos);
+}
+
+TEST(Exports, FurtherMeasuresOfWhatStandsBesideTheSubjects) {
+  ExportLab lab({.Items = 4, .PerCategory = 2});
+  lab.Request.Selection = Only(lab.Project, {});
+  lab.Request.Further = FurtherColumns::All;
+  lab.Put("7", "1 2 3 | 2");
+  lab.Put("8", "| 4 3");
+  const auto value = [&](const std::string& subject, const std::string& column) {
+    const std::string csv = lab.Files.Get("C:\\Data\\AB Clean.csv");
+    std::istringstream names(csv), row(csv.substr(csv.find("\r\n" + subject + ",") + 2));
+    std::string field;
+    for (std::string name; std::getline(names, name, ',') && std::getline(row, field, ',') && name != column;) {
+    }
+    return field;
+  };
+  ScriptedBoxes boxes;
+  EXPECT_EQ(lab.Run(boxes).Notices.ListsWithoutOrder, 4U);
+  EXPECT_NE(lab.Files.Get("C:\\Data\\AB Long.csv").find("8,2,study,4,4,2,none\r\n8,2,recall,1,4,2,none"),
+            std::string::npos);
+  EXPECT_NE(lab.Files.Get("C:\\Data\\AB Clean.csv")
+                .find("; Serial(Test 1): no study order; Serial(Test 2): no study order\r\n"),
+            std::string::npos);
+  EXPECT_EQ(value("7", "Intrusions(Test 1)"), "");
+  EXPECT_EQ(value("7", "RR(Test 1)"), "0.5");
+
+  lab.Files.Put("C:\\Data\\AB Intrusions.csv", "subject,test,place,response,minute,rating\r\n7,1,1,pear,,\r\n");
+  lab.Files.Put("C:\\Data\\AB Study Order.csv",
+                "subject,test,position,item\r\n7,1,1,2\r\n7,1,2,1\r\n7,1,3,3\r\n7,1,4,4\r\n");
+  lab.Request.Order = SerialOrder{4, 3, 2, 1};
+  EXPECT_EQ(lab.Run(boxes).Notices.ListsWithoutOrder, 0U);
+  for (const auto& [subject, column, expected] : {std::tuple("7", "RR(Test 1)", "0"),
+                                                  {"7", "Intrusions(Test 1)", "1"},
+                                                  {"8", "Intrusions(Test 1)", "0"},
+                                                  {"7", "FirstPosition(Test 1)", "2"},
+                                                  {"7", "FirstPosition(Test 2)", "3"},
+                                                  {"8", "FirstPosition(Test 2)", "1"}})
+    EXPECT_EQ(value(subject, column), expected) << subject << column;
+  const std::string rows = lab.Files.Get("C:\\Data\\AB Long.csv");
+  EXPECT_NE(rows.find("\r\n7,1,study,1,2,1,subject\r\n7,1,study,2,1,1,subject\r\n"), std::string::npos);
+  EXPECT_NE(rows.find("\r\n7,2,study,1,4,2,saved\r\n"), std::string::npos);
+
+  // A line that does not fit is reported, and the file passed over.
+  lab.Files.Put("C:\\Data\\AB Intrusions.csv", "subject,test,place,response,minute,rating\r\n7,3,1,pear,,\r\n");
+  boxes.Expect({"'AB Intrusions.csv' is passed over: a line does not fit.", BoxAnswer::Ok, "ine 2: "});
+  EXPECT_TRUE(lab.Run(boxes).Completed);
+  EXPECT_EQ(value("7", "RR(Test 1)"), "0.5");
 }
 
 TEST(Exports, StandBesideTheMasterAndReplaceNoOtherFile) {
@@ -99,8 +147,8 @@ TEST(Exports, StandBesideTheMasterAndReplaceNoOtherFile) {
   EXPECT_TRUE(lab.Run(boxes).Completed);
   EXPECT_EQ(lab.Files.Get("D:\\Out\\AB Clean.csv"), "Subject,Net(Test 1),Not Computed\r\n1,1,\r\n");
   EXPECT_EQ(lab.Files.Get("C:\\Data\\bare.csv"),
-            "subject,list,trial_type,position,item\r\n1,1,study,1,2\r\n1,1,study,2,3\r\n1,1,study,3,1\r\n"
-            "1,1,recall,1,3\r\n");
+            "subject,list,trial_type,position,item,order\r\n1,1,study,1,2,saved\r\n1,1,study,2,3,saved\r\n"
+            "1,1,study,3,1,saved\r\n1,1,recall,1,3,saved\r\n");
 
   const Tree before = lab.Files.Snapshot();
   for (const char* taken : {"D:\\Out\\m.txt", "ab master.TXT", "D:\\Out\\AB Serial Position Master.txt",

@@ -110,7 +110,7 @@ TEST(FurtherMeasures, Clustering) {
 }
 
 TEST(FurtherMeasures, RepeatedPairs) {
-  // 1-2 in order, 3-4 in reverse, 4-5 is broken: h = 5, q = 4, c = 4.
+  // 1-2 in order, 3-4 in reverse, 4-5 is broken: h = 5, q = 5, c = 4.
   Check({{}, "1 2 3 4 5 | 9 1 2 2 4 3", "", {{1, 4}}}, {{"PairsRepeated(Tests 1 and 2)", "2"},
                                                         {"PairsExpected(Tests 1 and 2)", "0.96"},
                                                         {"ForwardItr(Tests 1 and 2)", "0.52"}});

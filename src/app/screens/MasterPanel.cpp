@@ -24,7 +24,8 @@ MasterPanel::MasterPanel(MasterFlow& flow, QtProgress& progress)
       m_chkItemAnalysis(Named(new QCheckBox("&Serial Position Analysis"), "chkItemAnalysis")),
       m_chkCombine(Named(new QCheckBox("Com&bine Scores Into Groups"), "chkCombine")),
       m_chkExportClean(Named(new QCheckBox("&Wide CSV of All Measures"), "chkExportClean")),
-      m_chkExportLong(Named(new QCheckBox("CSV of All &Recalls"), "chkExportLong")) {
+      m_chkExportLong(Named(new QCheckBox("CSV of All &Recalls"), "chkExportLong")),
+      m_chkFurther(Named(new QCheckBox("F&urther Measures"), "chkFurther")) {
   AddTitle("lblMasterTitle", "Create New Master");
   AddProjectName();
   AddContent(m_progress);
@@ -42,6 +43,7 @@ MasterPanel::MasterPanel(MasterFlow& flow, QtProgress& progress)
   rows->addWidget(MakeLabel("lblExports", "Files for Other Programs", m_chkExportClean));
   auto* exports = new QHBoxLayout;  // in one row, so that all of the page is in sight at 800 x 600
   exports->addWidget(m_chkExportClean);
+  exports->addWidget(m_chkFurther);
   exports->addWidget(m_chkExportLong);
   exports->addStretch();
   rows->addLayout(exports);
@@ -75,6 +77,7 @@ void MasterPanel::Connect() {
   ConnectBox(m_chkCombine, &MasterOptions::ChkCombine);
   ConnectBox(m_chkExportClean, &MasterOptions::ChkExportClean);
   ConnectBox(m_chkExportLong, &MasterOptions::ChkExportLong);
+  ConnectBox(m_chkFurther, &MasterOptions::ChkFurther);
 }
 
 void MasterPanel::ConnectBox(QCheckBox* box, bool MasterOptions::*option) {
@@ -98,6 +101,8 @@ void MasterPanel::ShowState() {
   m_chkCombine->setChecked(options.ChkCombine);
   m_chkExportClean->setChecked(options.ChkExportClean);
   m_chkExportLong->setChecked(options.ChkExportLong);
+  m_chkFurther->setEnabled(options.ChkExportClean);
+  m_chkFurther->setChecked(options.ChkFurther);
 }
 
 // The cursor comes back after the writing.

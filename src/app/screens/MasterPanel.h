@@ -41,6 +41,7 @@ class MasterPanel : public Panel {
   QCheckBox* m_chkCombine;
   QCheckBox* m_chkExportClean;
   QCheckBox* m_chkExportLong;
+  QCheckBox* m_chkFurther;
 };
 
 }  // namespace zova

@@ -5,6 +5,7 @@
 #include <QAction>
 #include <QCheckBox>
 #include <QClipboard>
+#include <QFont>
 #include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -12,6 +13,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMouseEvent>
 #include <QScrollArea>
 #include <QSignalBlocker>
 #include <QSplitter>
@@ -143,7 +145,7 @@ MeansPanel::MeansPanel(Session& session)
   AddButtons();
   m_cursor = m_lstMeasures;
   connect(m_lstMeasures, &QListWidget::itemSelectionChanged, this,
-          [this] { Act([this] { m_rules.ChooseMeasures(ChosenRows(*m_lstMeasures)); }); });
+          [this] { Act([this] { m_rules.ChooseMeasures(ChosenMeasures()); }); });
   connect(m_lstMeasures, &QListWidget::itemDoubleClicked, this,
           [this] { Act([this] { m_rules.ChooseWholeSeries(); }); });
   connect(m_lstMeansVariables, &QListWidget::itemSelectionChanged, this,
@@ -167,6 +169,7 @@ QWidget* MeansPanel::MakeChoices() {
   rows->addWidget(m_txtFilter);
   rows->addWidget(m_lstMeasures, 3);
   m_lstMeasures->installEventFilter(this);
+  m_lstMeasures->viewport()->installEventFilter(this);
   m_txtFilter->setPlaceholderText("Filter");
   m_txtFilter->setAccessibleName("Filter");
   m_txtFilter->setClearButtonEnabled(true);
@@ -234,24 +237,86 @@ void MeansPanel::SavePlot() {
 void MeansPanel::FillLists() {
   m_layoutRevision = m_rules.LayoutRevision();
   Fill(*m_lstMeasures, m_rules.Measures());
+  AddHeadings();
   Fill(*m_lstMeansVariables, m_rules.Variables());
   const QSignalBlocker quiet(m_txtFilter);
   m_txtFilter->clear();
+  ShowFiltered();
 }
 
-// What is hidden stays chosen.
-void MeansPanel::ShowFiltered() {
-  for (int row = 0; row < m_lstMeasures->count(); ++row) {
-    QListWidgetItem* item = m_lstMeasures->item(row);
-    item->setHidden(!item->text().contains(m_txtFilter->text(), Qt::CaseInsensitive));
+void MeansPanel::AddHeadings() {
+  const QSignalBlocker quiet(m_lstMeasures);
+  m_headings.clear();
+  int row = 0;
+  for (const MeasureGroup& group : m_rules.FurtherGroups()) {
+    auto* line = new QListWidgetItem;
+    line->setFlags(Qt::ItemIsEnabled);  // the cursor can go there, but it is no measure
+    QFont bold;
+    bold.setBold(true);
+    line->setFont(bold);
+    m_lstMeasures->insertItem(static_cast<int>(group.First) + row++, line);
+    m_headings.push_back({line, true});
   }
+}
+
+int MeansPanel::RowOf(std::size_t measure) const {
+  int row = static_cast<int>(measure);
+  for (const MeasureGroup& group : m_rules.FurtherGroups()) row += measure >= group.First ? 1 : 0;
+  return row;
+}
+
+std::vector<std::size_t> MeansPanel::ChosenMeasures() const {
+  std::vector<std::size_t> measures;
+  for (std::size_t measure = 0; measure < m_rules.Measures().size(); ++measure) {
+    if (m_lstMeasures->item(RowOf(measure))->isSelected()) measures.push_back(measure);
+  }
+  return measures;
+}
+
+bool MeansPanel::Fold(const QListWidgetItem* line) {
+  const auto heading =
+      std::find_if(m_headings.begin(), m_headings.end(), [line](const Heading& known) { return known.Line == line; });
+  if (heading == m_headings.end()) return false;
+  heading->IsFolded = !heading->IsFolded;
+  HideFiltered();
+  return true;
+}
+
+// What is hidden stays chosen. The filter finds measures in folded groups, too.
+void MeansPanel::HideFiltered() {
+  const QString filter = m_txtFilter->text();
+  const auto hide = [&](std::size_t measure, bool isFolded) {
+    QListWidgetItem* item = m_lstMeasures->item(RowOf(measure));
+    item->setHidden(filter.isEmpty() ? isFolded : !item->text().contains(filter, Qt::CaseInsensitive));
+  };
+  const std::vector<MeasureGroup>& groups = m_rules.FurtherGroups();
+  const std::size_t further = groups.empty() ? m_rules.Measures().size() : groups.front().First;
+  for (std::size_t measure = 0; measure < further; ++measure) hide(measure, false);
+  for (std::size_t k = 0; k < groups.size(); ++k) {
+    const auto& [line, isFolded] = m_headings[k];
+    line->setHidden(!filter.isEmpty());
+    line->setText((isFolded ? "\u25b8 " : "\u25be ") + ToQt(groups[k].Heading));
+    for (std::size_t i = 0; i < groups[k].Count; ++i) hide(groups[k].First + i, isFolded);
+  }
+}
+
+void MeansPanel::ShowFiltered() {
+  HideFiltered();
   GoToEnd(*m_lstMeasures, Qt::Key_Home, QItemSelectionModel::NoUpdate);
 }
 
-// Qt's own keys would go to a line that is filtered out.
+// Qt's own keys would go to a line that is filtered out, and a click on a heading would drop the choice.
 bool MeansPanel::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == m_lstMeasures->viewport()) {
+    const bool isPress = event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick;
+    return isPress && Fold(m_lstMeasures->itemAt(static_cast<QMouseEvent*>(event)->pos()));
+  }
   if (event->type() != QEvent::KeyPress) return Panel::eventFilter(watched, event);
   const auto* press = static_cast<QKeyEvent*>(event);
+  constexpr int kFoldingKeys[] = {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter, Qt::Key_Left, Qt::Key_Right};
+  const bool folds =
+      std::find(std::begin(kFoldingKeys), std::end(kFoldingKeys), press->key()) != std::end(kFoldingKeys);
+  if (folds && Fold(m_lstMeasures->currentItem())) return true;
   const bool isEnd = press->key() == Qt::Key_Home || press->key() == Qt::Key_End;
   if (!isEnd || press->modifiers() != Qt::NoModifier) return false;
   GoToEnd(*m_lstMeasures, static_cast<Qt::Key>(press->key()), QItemSelectionModel::ClearAndSelect);
@@ -261,7 +326,9 @@ bool MeansPanel::eventFilter(QObject* watched, QEvent* event) {
 void MeansPanel::ShowChosen() {
   std::vector<std::size_t> variables = m_rules.ChosenVariables();
   std::sort(variables.begin(), variables.end());
-  Choose(*m_lstMeasures, m_rules.ChosenMeasures());
+  std::vector<std::size_t> rows;
+  for (const std::size_t measure : m_rules.ChosenMeasures()) rows.push_back(static_cast<std::size_t>(RowOf(measure)));
+  Choose(*m_lstMeasures, rows);
   Choose(*m_lstMeansVariables, variables);
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <vector>
 
 #include "app/widgets/Panel.h"
 
@@ -9,6 +10,7 @@ class QCheckBox;
 class QLabel;
 class QLineEdit;
 class QListWidget;
+class QListWidgetItem;
 class QPushButton;
 class QTableView;
 
@@ -35,8 +37,14 @@ class MeansPanel : public Panel {
   [[nodiscard]] QWidget* MakeResults();
   void AddButtons();
   void FillLists();
+  void AddHeadings();
+  [[nodiscard]] int RowOf(std::size_t measure) const;
+  [[nodiscard]] std::vector<std::size_t> ChosenMeasures() const;
+  /// Folds or unfolds the group; false for a line that is no heading.
+  bool Fold(const QListWidgetItem* line);
   void ShowChosen();
   void ShowFiltered();
+  void HideFiltered();
   void Copy();
   void SavePlot();
 
@@ -57,7 +65,12 @@ class MeansPanel : public Panel {
   QPushButton* m_cmdMeansCopy = nullptr;
   QPushButton* m_cmdMeansSave = nullptr;
   QPushButton* m_cmdPlotSave = nullptr;
-  int m_layoutRevision = -1;  // as last shown
+  struct Heading {
+    QListWidgetItem* Line;
+    bool IsFolded;
+  };
+  std::vector<Heading> m_headings;  // of the groups of further measures, each before its first one
+  int m_layoutRevision = -1;        // as last shown
 };
 
 }  // namespace zova

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "scoring/further/ScoreFurther.h"
 #include "text/NumberedText.h"
 
 namespace zova {
@@ -77,65 +78,69 @@ constexpr std::string_view kKahana =
     "Kahana, M. J. (1996). Associative retrieval processes in free recall. Memory & Cognition, 24, 103-109.";
 
 constexpr FurtherFamily kFamilies[] = {
-    {"Proportion", kTest, Needs::Nothing, &OfTest<&FurtherTest::Proportion>, "Proportion recalled", "share of items",
-     "r / N: items recalled, each once, of the items studied.", ""},
-    {"Repeats", kTest, Needs::Nothing, &OfTest<&FurtherTest::Repeats>, "Repeats", "entries",
+    {"Proportion", kTest, FurtherGroup::Amount, Needs::Nothing, &OfTest<&FurtherTest::Proportion>,
+     "Proportion recalled", "share of items", "r / N: items recalled, each once, of the items studied.", ""},
+    {"Repeats", kTest, FurtherGroup::Amount, Needs::Nothing, &OfTest<&FurtherTest::Repeats>, "Repeats", "entries",
      "Entries of studied items beyond an item's first.", ""},
-    {"Intrusions", kTest, Needs::Nothing, &OfTest<&FurtherTest::Intrusions>, "Intrusions", "responses",
-     "Responses that are no item of the list.", ""},
-    {"Cumulative", kTest, Needs::Nothing, &OfTest<&FurtherTest::Cumulative>, "Cumulative recall over tests", "items",
-     "Items recalled on at least one of the tests 1 to t.", kBecker},
-    {"NetChange", kFirstToLast, Needs::SeveralTests, &OfSubject<&FurtherScores::NetChange>,
+    {"Intrusions", kTest, FurtherGroup::Amount, Needs::Nothing, &OfTest<&FurtherTest::Intrusions>, "Intrusions",
+     "responses", "Responses that are no item of the list.", ""},
+    {"Cumulative", kTest, FurtherGroup::Amount, Needs::Nothing, &OfTest<&FurtherTest::Cumulative>,
+     "Cumulative recall over tests", "items", "Items recalled on at least one of the tests 1 to t.", kBecker},
+    {"NetChange", kFirstToLast, FurtherGroup::Amount, Needs::SeveralTests, &OfSubject<&FurtherScores::NetChange>,
      "Change from the first test to the last", "items", "r on test T - r on test 1.", kBecker},
-    {"Gains", kFirstToLaterLast, Needs::SeveralTests, &OfSubject<&FurtherScores::Gains>, "Gains between tests", "items",
-     "Items recalled on test T and not on test 1.", kBecker},
-    {"Losses", kFirstToLaterLast, Needs::SeveralTests, &OfSubject<&FurtherScores::Losses>, "Losses between tests",
-     "items", "Items recalled on test 1 and not on test T.", kBecker},
-    {"GainRate", kTestPair, Needs::SeveralTests, &OfPair<&FurtherPair::GainRate>, "Rate of gains", "share of items",
-     "Gains / items not recalled on the test before.", ""},
-    {"LossRate", kTestPair, Needs::SeveralTests, &OfPair<&FurtherPair::LossRate>, "Rate of losses", "share of items",
-     "Losses / items recalled on the test before.", ""},
-    {"RR", kTest, Needs::Categories, &OfTest<&FurtherTest::RepetitionRatio>, "Repetition ratio", "", "R / (r - 1).",
-     kCohen},
-    {"MRR", kTest, Needs::Categories, &OfTest<&FurtherTest::ModifiedRatio>, "Modified repetition ratio", "",
-     "R / (r - k).", kBower},
-    {"Deviation", kTest, Needs::Categories, &OfTest<&FurtherTest::Deviation>, "Deviation of repetitions from chance",
-     "pairs", "R - E, with E = sum of n_c squared / r - 1.", kBousfield},
-    {"Z", kTest, Needs::Categories, &OfTest<&FurtherTest::ZScore>, "Z of clustering", "",
+    {"Gains", kFirstToLaterLast, FurtherGroup::Amount, Needs::SeveralTests, &OfSubject<&FurtherScores::Gains>,
+     "Gains between tests", "items", "Items recalled on test T and not on test 1.", kBecker},
+    {"Losses", kFirstToLaterLast, FurtherGroup::Amount, Needs::SeveralTests, &OfSubject<&FurtherScores::Losses>,
+     "Losses between tests", "items", "Items recalled on test 1 and not on test T.", kBecker},
+    {"GainRate", kTestPair, FurtherGroup::Amount, Needs::SeveralTests, &OfPair<&FurtherPair::GainRate>, "Rate of gains",
+     "share of items", "Gains / items not recalled on the test before.", ""},
+    {"LossRate", kTestPair, FurtherGroup::Amount, Needs::SeveralTests, &OfPair<&FurtherPair::LossRate>,
+     "Rate of losses", "share of items", "Losses / items recalled on the test before.", ""},
+    {"RR", kTest, FurtherGroup::Clustering, Needs::Categories, &OfTest<&FurtherTest::RepetitionRatio>,
+     "Repetition ratio", "", "R / (r - 1).", kCohen},
+    {"MRR", kTest, FurtherGroup::Clustering, Needs::Categories, &OfTest<&FurtherTest::ModifiedRatio>,
+     "Modified repetition ratio", "", "R / (r - k).", kBower},
+    {"Deviation", kTest, FurtherGroup::Clustering, Needs::Categories, &OfTest<&FurtherTest::Deviation>,
+     "Deviation of repetitions from chance", "pairs", "R - E, with E = sum of n_c squared / r - 1.", kBousfield},
+    {"Z", kTest, FurtherGroup::Clustering, Needs::Categories, &OfTest<&FurtherTest::ZScore>, "Z of clustering", "",
      "(R - E) / sqrt V, with V = [S2 (S2 + r(r+1)) - 2 r S3 - r^3] / [r^2 (r-1)], S2 and S3 the sums of n_c squared "
      "and cubed.",
      kFrankel},
-    {"LBC", kTest, Needs::Categories, &OfTest<&FurtherTest::ListBased>, "List-based clustering", "pairs",
-     "R - (r - 1)(m - 1) / (N - 1).", kStricker},
-    {"CategoryCRP", kTest, Needs::Categories, &OfTest<&FurtherTest::CategoryCrp>,
+    {"LBC", kTest, FurtherGroup::Clustering, Needs::Categories, &OfTest<&FurtherTest::ListBased>,
+     "List-based clustering", "pairs", "R - (r - 1)(m - 1) / (N - 1).", kStricker},
+    {"CategoryCRP", kTest, FurtherGroup::Clustering, Needs::Categories, &OfTest<&FurtherTest::CategoryCrp>,
      "Conditional probability of staying in the category", "",
      "Transitions within a category / transitions at which an unrecalled item of that category was left.", kPolyn},
-    {"ForwardItr", kBothTests, Needs::SeveralTests, &OfPair<&FurtherPair::ForwardItr>,
+    {"ForwardItr", kBothTests, FurtherGroup::Organization, Needs::SeveralTests, &OfPair<&FurtherPair::ForwardItr>,
      "Inter-test repetition in the same order", "pairs",
      "Ordered pairs repeated - c(c-1) / (hq), for lists of h and q items, c of them common.", kBousfield},
-    {"PairsRepeated", kBothTests, Needs::SeveralTests, &OfPair<&FurtherPair::PairsRepeated>, "Pairs repeated", "pairs",
-     "O, pairs of neighbours repeated in either order.", kSternberg},
-    {"PairsExpected", kBothTests, Needs::SeveralTests, &OfPair<&FurtherPair::PairsExpected>, "Pairs repeated by chance",
-     "pairs", "2c(c-1) / (hq); PairsRepeated - PairsExpected is the pair frequency.", kSternberg},
-    {"SubjectiveOrganization", kAllTests, Needs::SeveralTests, &OfSubject<&FurtherScores::SubjectiveOrganization>,
-     "Subjective organization", "",
+    {"PairsRepeated", kBothTests, FurtherGroup::Organization, Needs::SeveralTests, &OfPair<&FurtherPair::PairsRepeated>,
+     "Pairs repeated", "pairs", "O, pairs of neighbours repeated in either order.", kSternberg},
+    {"PairsExpected", kBothTests, FurtherGroup::Organization, Needs::SeveralTests, &OfPair<&FurtherPair::PairsExpected>,
+     "Pairs repeated by chance", "pairs", "2c(c-1) / (hq); PairsRepeated - PairsExpected is the pair frequency.",
+     kSternberg},
+    {"SubjectiveOrganization", kAllTests, FurtherGroup::Organization, Needs::SeveralTests,
+     &OfSubject<&FurtherScores::SubjectiveOrganization>, "Subjective organization", "",
      "Sum of n_ij log n_ij / sum of n_i log n_i over the successive pairs of all tests; n_i is the sum of n_ij.",
      kTulving},
-    {"SharedOrganization", kTest, Needs::Nothing, nullptr, "Shared organization", "pairs",
+    {"SharedOrganization", kTest, FurtherGroup::Organization, Needs::Nothing, nullptr, "Shared organization", "pairs",
      "Mean pair frequency over all pairs of a group's members.", kCongleton, FurtherFamily::OfGroups},
-    {"FirstPosition", kTest, Needs::Nothing, &OfTest<&FurtherTest::FirstPosition>, "Study position of the first recall",
-     "", "Study position of the first item recalled.", kHogan, FurtherFamily::Serial},
-    {"TemporalFactor", kTest, Needs::Nothing, &OfTest<&FurtherTest::TemporalFactor>, "Temporal factor", "",
+    {"FirstPosition", kTest, FurtherGroup::Serial, Needs::Nothing, &OfTest<&FurtherTest::FirstPosition>,
+     "Study position of the first recall", "", "Study position of the first item recalled.", kHogan,
+     FurtherFamily::Serial},
+    {"TemporalFactor", kTest, FurtherGroup::Serial, Needs::Nothing, &OfTest<&FurtherTest::TemporalFactor>,
+     "Temporal factor", "",
      "Mean percentile rank of -|lag| of each transition among those still possible, ties averaged, (rank - 1) / (n - "
      "1); .5 is chance.",
      kPolyn, FurtherFamily::Serial},
-    {"LagCrp", kLagOfTest, Needs::Nothing, &LagsOf, "Conditional response probability", "",
+    {"LagCrp", kLagOfTest, FurtherGroup::Serial, Needs::Nothing, &LagsOf, "Conditional response probability", "",
      "Transitions of lag l / times an unrecalled item stood at lag l.", kKahana, FurtherFamily::Serial},
-    {"Position", kPositionOfTest, Needs::Nothing, &PositionsOf, "Recall by serial position", "share of subjects",
-     "1 if the item studied i-th was recalled, else 0.", "", FurtherFamily::Serial},
-    {"LureProportion", kTest, Needs::Lures, &OfTest<&FurtherTest::LureProportion>, "Proportion of lures recalled",
-     "share of lures", "Lures recalled, each once, of all lures.", ""},
-    {"LureOutput", kTest, Needs::Lures, &OfTest<&FurtherTest::LureOutput>, "Output position of lures", "",
+    {"Position", kPositionOfTest, FurtherGroup::Serial, Needs::Nothing, &PositionsOf, "Recall by serial position",
+     "share of subjects", "1 if the item studied i-th was recalled, else 0.", "", FurtherFamily::Serial},
+    {"LureProportion", kTest, FurtherGroup::Lures, Needs::Lures, &OfTest<&FurtherTest::LureProportion>,
+     "Proportion of lures recalled", "share of lures", "Lures recalled, each once, of all lures.", ""},
+    {"LureOutput", kTest, FurtherGroup::Lures, Needs::Lures, &OfTest<&FurtherTest::LureOutput>,
+     "Output position of lures", "",
      "Mean of (place - 1) / (length - 1) of the lures recalled, in the list of first entries without intrusions.", ""},
 };
 
@@ -152,6 +157,17 @@ void HandAt(const FurtherFamily& family, ColumnPlace place, const FurtherScores&
 }
 
 }  // namespace
+
+std::string_view FurtherGroupText(FurtherGroup group) {
+  switch (group) {
+    case FurtherGroup::Amount: return "amount and change";
+    case FurtherGroup::Clustering: return "clustering";
+    case FurtherGroup::Organization: return "organization";
+    case FurtherGroup::Serial: return "serial position";
+    case FurtherGroup::Lures: return "lures";
+  }
+  return "";
+}
 
 std::span<const FurtherFamily> AllFurtherFamilies() { return kFamilies; }
 
@@ -214,6 +230,17 @@ void WalkFurtherColumns(const ProjectParameters& project, const FurtherScores& s
       HandAt(family, {isPair ? test - 1 : test, TraitsOf(shape.Axis).LiesWithinTests ? 1 : test}, scores, visit);
     }
   }
+}
+
+std::vector<std::string> FurtherColumnNames(const ProjectParameters& project, FurtherColumns columns) {
+  std::vector<std::string> names;
+  if (columns == FurtherColumns::None) return names;
+  FurtherScores empty;
+  ResetFurther(MakeStudyList(project), columns == FurtherColumns::AllAndPositions, empty);
+  WalkFurtherColumns(project, empty, [&](const FurtherColumn& column, const Measured&) {
+    AppendColumnName(names.emplace_back(), column);
+  });
+  return names;
 }
 
 }  // namespace zova

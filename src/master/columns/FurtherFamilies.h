@@ -9,6 +9,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "master/columns/MeasureFamilies.h"
 #include "scoring/further/FurtherScores.h"
@@ -17,6 +18,12 @@ namespace zova {
 
 /// The values of a family from `place` on: one value, or all lags or positions of a test.
 using MeasuredAt = std::span<const Measured> (*)(const FurtherScores& scores, ColumnPlace place);
+
+/// What the further measures are about, in the order of their columns.
+enum class FurtherGroup { Amount, Clustering, Organization, Serial, Lures };
+
+/// "amount and change".
+std::string_view FurtherGroupText(FurtherGroup group);
 
 /// The columns of one further measure.
 struct FurtherFamily {
@@ -27,6 +34,7 @@ struct FurtherFamily {
 
   std::string_view Stem;  ///< the column name up to the bracket, "RR"
   MeasureShape Shape;
+  FurtherGroup Group;
   unsigned Needs;
   MeasuredAt Values;
   std::string_view Label;       ///< for a plot: "Repetition ratio"
@@ -54,10 +62,16 @@ std::optional<FurtherColumn> FurtherColumnByName(std::string_view name);
 /// The reason in words: "no study order". "" for None.
 std::string_view FurtherGapText(FurtherGap gap);
 
+/// Which further measures a run computes.
+enum class FurtherColumns { None, All, AllAndPositions };
+
 using FurtherVisit = std::function<void(const FurtherColumn& column, const Measured& value)>;
 
 /// The only definition of the columns of the further measures of a subject: passes each, with its value, to `visit`.
 /// Position(Test t i) is among them where `scores` has positions.
 void WalkFurtherColumns(const ProjectParameters& project, const FurtherScores& scores, const FurtherVisit& visit);
+
+/// The names of these columns.
+std::vector<std::string> FurtherColumnNames(const ProjectParameters& project, FurtherColumns columns);
 
 }  // namespace zova

@@ -2,14 +2,35 @@
 
 #include "master/exports/CleanExport.h"
 
+#include <algorithm>
+
 #include "master/columns/MasterColumns.h"
 #include "master/exports/ScoreGapText.h"
 #include "text/Csv.h"
 #include "text/NumberText.h"
+#include "text/NumberedText.h"
 
 namespace zova {
 
 namespace {
+
+// Most values are whole numbers.
+void AppendMeasured(std::string& row, double value) {
+  const int whole = static_cast<int>(value);
+  if (whole == value) {
+    AppendNumber(row, whole);
+  } else {
+    AppendPlainNumber(row, value);
+  }
+}
+
+bool IsFirstSerial(const FurtherColumn& column) {
+  static const auto families = AllFurtherFamilies();
+  static const auto first = std::find_if(families.begin(), families.end(), [](const FurtherFamily& family) {
+    return (family.Rules & FurtherFamily::Serial) != 0;
+  });
+  return column.Family == &*first;
+}
 
 class ValueSink final : public ColumnSink {
  public:
@@ -24,12 +45,27 @@ class ValueSink final : public ColumnSink {
       AppendExactNumber(m_row, value.Uncut);
       return;
     }
-    if (!m_reasons.empty()) m_reasons += "; ";
-    AppendColumnName(m_reasons, column);
-    m_reasons.append(": ").append(ScoreGapText(value.Gap));
+    AddReason([&] { AppendColumnName(m_reasons, column); }, ScoreGapText(value.Gap));
+  }
+  void Further(const FurtherColumn& column, const Measured& value) {
+    m_row += ',';
+    if (value.Gap == FurtherGap::None) {
+      AppendMeasured(m_row, value.Value);
+    } else if (value.Gap != FurtherGap::NoStudyOrder) {
+      AddReason([&] { AppendColumnName(m_reasons, column); }, FurtherGapText(value.Gap));
+    } else if (IsFirstSerial(column)) {  // all serial measures of the test lack it
+      AddReason([&] { AppendNumbered(m_reasons, "Serial(Test %)", column.Place.Test); }, FurtherGapText(value.Gap));
+    }
   }
 
  private:
+  template <typename AppendName>
+  void AddReason(AppendName&& appendName, std::string_view reason) {
+    if (!m_reasons.empty()) m_reasons += "; ";
+    appendName();
+    m_reasons.append(": ").append(reason);
+  }
+
   std::string& m_row;
   std::string& m_reasons;
 };
@@ -52,6 +88,7 @@ std::string CleanExport::Header() const {
     AppendColumnName(name, column);
     header.Add(name);
   });
+  for (const std::string& further : FurtherColumnNames(m_project, m_further)) header.Add(further);
   header.Add("Not Computed");
   return header.Line();
 }
@@ -66,6 +103,10 @@ void CleanExport::Build(const ScoredSubject& subject, std::string& row) {
   }
   ValueSink sink(row, m_reasons);
   WalkMeasureColumns(m_project, m_selection, MasterKind::Individual, subject.Scores, sink);
+  if (subject.Further != nullptr) {
+    WalkFurtherColumns(m_project, *subject.Further,
+                       [&](const FurtherColumn& column, const Measured& value) { sink.Further(column, value); });
+  }
   row += ',';
   AppendCsvField(row, m_reasons);
 }

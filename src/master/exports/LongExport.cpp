@@ -2,9 +2,8 @@
 
 #include "master/exports/LongExport.h"
 
-#include <algorithm>
-
 #include "master/exports/CleanExport.h"
+#include "master/groups/SavedOrders.h"
 #include "project/StudyItems.h"
 #include "scoring/ScoreSubject.h"
 #include "text/Csv.h"
@@ -26,26 +25,29 @@ void AppendKept(std::string& rows, int value) {
 
 }  // namespace
 
-LongExport::LongExport(const ProjectParameters& project, const std::optional<SerialOrder>& order)
-    : m_project(project), m_hasLures(IsFalseMemoryInForce(project)) {
-  std::vector<std::pair<int, int>> study;  // position, item
+LongExport::LongExport(const ProjectParameters& project, const FurtherData& data)
+    : m_project(project), m_data(data), m_hasLures(IsFalseMemoryInForce(project)) {
   m_items.emplace_back();
   for (int item = 1; item <= project.ItemCount; ++item) {
     AppendItem(m_items.emplace_back(), item);
     std::string& place = m_places.emplace_back(",recall,");
     AppendNumber(place, item);
     place += ',';
-    if (m_hasLures && IsLure(item, project)) continue;
-    study.emplace_back(order ? order->at(static_cast<std::size_t>(item) - 1) : item, item);
   }
-  std::sort(study.begin(), study.end());
-  for (const auto& [position, item] : study) {
-    std::string& row = m_study.emplace_back(",study,");
-    AppendNumber(row, position);
+  FillStudyRows(data.Common.empty() ? RanksOf(FirstSerialOrder(project), data.Study) : data.Common, m_study);
+}
+
+void LongExport::FillStudyRows(const StudyRanks& ranks, std::vector<std::string>& rows) const {
+  rows.resize(static_cast<std::size_t>(m_data.Study.TrueCount));
+  for (std::size_t item = 1; item < ranks.size(); ++item) {
+    if (ranks[item] == 0) continue;  // a lure
+    std::string& row = rows[static_cast<std::size_t>(ranks[item]) - 1];
+    row = ",study,";
+    AppendNumber(row, int{ranks[item]});
     row += ',';
-    row += m_items[static_cast<std::size_t>(item)];
-    if (project.MinutesRecorded == 1) row += ',';
-    if (project.Rated == 1) row += ',';
+    row += m_items[item];
+    if (m_project.MinutesRecorded == 1) row += ',';
+    if (m_project.Rated == 1) row += ',';
   }
 }
 
@@ -56,6 +58,7 @@ std::string LongExport::Header() const {
   if (m_hasLures) header.Add("lure");
   if (m_project.MinutesRecorded == 1) header.Add("minute");
   if (m_project.Rated == 1) header.Add("rating");
+  header.Add("order");
   for (std::size_t v = 0; v < static_cast<std::size_t>(m_project.VariableCount); ++v) {
     header.AddVariable(m_project.VariableNames[v]);
   }
@@ -73,19 +76,25 @@ void LongExport::AppendItem(std::string& row, int item) const {
 }
 
 void LongExport::Build(const ScoredSubject& subject, std::string& rows) {
-  m_end.clear();
+  m_levels.clear();
   for (std::size_t v = 0; v < static_cast<std::size_t>(m_project.VariableCount); ++v) {
-    m_end += ',';
-    AppendLevelField(m_end, m_project, v, subject.Record.Levels[v]);
+    m_levels += ',';
+    AppendLevelField(m_levels, m_project, v, subject.Record.Levels[v]);
   }
-  m_end += kCsvLineEnd;
+  m_levels += kCsvLineEnd;
   rows.clear();
   for (int test = 1; test <= m_project.TestCount; ++test) {
     m_opening.clear();
     AppendCsvField(m_opening, subject.SubjectId);
     m_opening += ',';
     AppendNumber(m_opening, test);
-    for (const std::string& study : m_study) rows.append(m_opening).append(study).append(m_end);
+    const KnownOrder order = OrderOf(m_data, subject.SubjectId, test);
+    if (order.Origin == OrderOrigin::None) ++m_listsWithoutOrder;
+    m_end = ",";
+    m_end.append(OrderOriginText(order.Origin)).append(m_levels);
+    const bool isOwn = order.Origin == OrderOrigin::Subject;
+    if (isOwn) FillStudyRows(*order.Ranks, m_own);
+    for (const std::string& study : isOwn ? m_own : m_study) rows.append(m_opening).append(study).append(m_end);
     AddRecalls(subject.Record.Lists, test, rows);
   }
   if (!rows.empty()) rows.resize(rows.size() - kCsvLineEnd.size());

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "scoring/ScoringArrays.h"
+#include "scoring/further/FurtherScores.h"
 #include "subjects/SubjectRecord.h"
 
 namespace zova {
@@ -13,7 +14,8 @@ struct ScoredSubject {
   const std::string& SubjectId;
   const SubjectRecord& Record;
   const ScoringArrays& Scores;
-  const std::string& MasterRow;  ///< the subject's line of the master, without its line end
+  const std::string& MasterRow;            ///< the subject's line of the master, without its line end
+  const FurtherScores* Further = nullptr;  ///< null unless the run computes them
 };
 
 /// Receives every subject of a run, in the same pass.

@@ -17,6 +17,10 @@ std::string GroupLabel(int number, const std::vector<std::string>& memberIds) {
   return label + ")";
 }
 
+bool IsGroupLabel(std::string_view text) {
+  return text.starts_with("Group ") && text.find('(') != std::string_view::npos && text.ends_with(')');
+}
+
 SubjectIndex::SubjectIndex(const std::vector<std::string>& subjectIds) {
   int number = 0;
   for (const std::string& subjectId : subjectIds) {
@@ -35,7 +39,7 @@ int SubjectIndex::NumberOf(std::string_view subjectId) const {
 // identifiers, too.
 std::vector<int> SubjectIndex::MembersOf(std::string_view label) const {
   const std::size_t open = label.find('(');
-  if (!label.starts_with("Group ") || open == std::string_view::npos || !label.ends_with(')')) return {};
+  if (!IsGroupLabel(label)) return {};
   const std::string_view ids = label.substr(open + 1, label.size() - open - 2);
   std::vector<int> firsts(ids.size() + 2, 0);  // per position: the member that starts there, if the rest can be split
   std::vector<std::size_t> nexts(ids.size() + 2);  // and where the next one starts

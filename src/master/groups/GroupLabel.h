@@ -11,6 +11,9 @@ namespace zova {
 /// "Group 1 (4+17+9)".
 std::string GroupLabel(int number, const std::vector<std::string>& memberIds);
 
+/// True for a text of this form.
+bool IsGroupLabel(std::string_view text);
+
 /// Finds subjects and group members by the first column of a master. Subjects count from 1.
 class SubjectIndex {
  public:

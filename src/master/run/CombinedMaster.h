@@ -18,11 +18,12 @@ struct CombinedRequest {
   GroupSubjects Subjects;
   std::optional<std::size_t> Separator;  ///< index of the separating variable
   GroupPlan Plan;
+  std::optional<std::string> GroupsFile = std::nullopt;  ///< as in MasterRequest
 };
 
-/// Writes the combined master, one row per group, into the destination's directory, and the pieces of a wide one into
-/// the primary directory. Faults of a member show the boxes of the individual run; rows already written stay. The only
-/// notice is of older pieces.
+/// Writes the combined master, one row per group, into the destination's directory, the pieces of a wide one into the
+/// primary directory, and the CSV of the groups (GroupsExport.h) if it is asked for. Faults of a member show the boxes
+/// of the individual run; rows already written stay. The only notice is of older pieces.
 MasterRunResult CreateCombinedMaster(const ProjectParameters& project, const CombinedRequest& request,
                                      const Platform& platform);
 

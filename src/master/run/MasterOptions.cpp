@@ -22,7 +22,7 @@ void MasterOptions::Open(const ProjectParameters& project) {
 }
 
 void MasterOptions::ResetMasterOptions() noexcept {
-  ChkItemAnalysis = ChkCombine = ChkExportClean = ChkExportLong = false;
+  ChkItemAnalysis = ChkCombine = ChkExportClean = ChkExportLong = ChkFurther = false;
   m_perGroup.clear();
 }
 

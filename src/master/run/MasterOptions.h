@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "master/columns/FurtherFamilies.h"
 #include "master/columns/MeasureSelection.h"
 #include "master/groups/NominalGroups.h"
 #include "platform/desktop/DirectoryBrowser.h"
@@ -27,6 +28,11 @@ class MasterOptions {
   bool ChkCombine = false;
   bool ChkExportClean = false;  ///< measures and recalls as CSV files
   bool ChkExportLong = false;
+  bool ChkFurther = false;  ///< the further measures, too, in the CSV of the measures
+  /// Without that CSV the box of the further measures is disabled, and they are not computed.
+  [[nodiscard]] FurtherColumns Further() const noexcept {
+    return ChkExportClean && ChkFurther ? FurtherColumns::All : FurtherColumns::None;
+  }
 
   /// Of the individual master with the measures that are checked.
   [[nodiscard]] std::string ColumnCount() const;

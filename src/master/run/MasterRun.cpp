@@ -5,12 +5,12 @@
 #include <algorithm>
 #include <functional>
 
-#include "master/groups/SavedOrders.h"
 #include "master/run/RunContext.h"
 #include "master/run/RunExports.h"
 #include "master/run/RunRetry.h"
 #include "master/run/RunStart.h"
 #include "scoring/ScoreSubject.h"
+#include "text/Counted.h"
 
 namespace zova {
 
@@ -38,6 +38,7 @@ class IndividualRun {
     if (isWhole) {
       m_notices.OlderPieces =
           OlderPieces(ResultFile::Master, m_paths.Master.Pieces.size(), m_context.Project, m_context.Files);
+      m_notices.ListsWithoutOrder = m_exports.ListsWithoutOrder();
       m_notices.DanglingLinks = DanglingSubjectLinks(m_context.Project, m_context.Files);
     }
     return {completed, isWhole, m_rowCount, std::move(m_notices), std::move(m_context.Written)};
@@ -48,14 +49,15 @@ class IndividualRun {
     return WithRetry(m_context.Boxes, [&] { m_context.Subjects.List(m_request.SubjectFileCount); });
   }
 
-  // The long CSV lists studied items in this run's order, else in the saved one.
   bool PrepareFiles() {
-    std::optional<SerialOrder> order = m_request.Order;
-    const auto readSaved = [&] { order = ReadSavedSerialOrder(m_context.Files, m_context.Project); };
-    if (m_request.LongFile && !order && !WithRetry(m_context.Boxes, readSaved)) return false;
+    const bool hasFurther = m_request.Further != FurtherColumns::None;
+    const auto readData = [&] { m_data = ReadFurtherData(m_context.Files, m_context.Project, m_request.Order); };
+    if ((m_request.LongFile || hasFurther) && !WithRetry(m_context.Boxes, readData)) return false;
+    WarnOfFaults(m_data, m_context.Boxes);
+    if (hasFurther) m_further.emplace(m_data, m_request.Further == FurtherColumns::AllAndPositions);
     m_paths =
         IndividualPaths(m_request, m_context.Header.MasterColumnCount, m_context.Project, m_context.Files.Drives());
-    m_exports.Open(m_paths, order);
+    m_exports.Open(m_paths, m_request.Further, m_data);
     return WithRetry(m_context.Boxes, [&] { CheckRunPaths(m_paths, m_context.Project, m_context.Files); });
   }
 
@@ -107,7 +109,7 @@ class IndividualRun {
       if (!m_context.Master.WriteRow(m_context.Row)) return false;
       m_rowCount = k;
       const std::string id = m_context.Subjects.SubjectId(k);
-      if (!HandOn({id, m_context.Record, m_context.Scores, m_context.Row})) return false;
+      if (!HandOn({id, m_context.Record, m_context.Scores, m_context.Row, m_furtherScores})) return false;
       NoteSubject(id);
       if (m_request.Order) {
         AccumulateSerialPositions(ListsOfTrueItems(m_context.Record.Lists, m_context.Project, m_context.Scores),
@@ -131,6 +133,7 @@ class IndividualRun {
     RunContext& run = m_context;
     if (!run.Subjects.Read(k, run.Record)) return false;
     ScoreSubject(run.Record.Lists, run.Project, run.Header.Families, run.Scores);
+    if (m_further) m_furtherScores = &m_further->Score(run.Subjects.SubjectId(k), run.Record.Lists);
     BuildMasterRow(run.Subjects.SubjectId(k), run.Record.Levels, run.Project, m_request.Selection, run.Scores, run.Row);
     return true;
   }
@@ -166,6 +169,9 @@ class IndividualRun {
   const MasterRequest& m_request;
   RunContext m_context;
   RunPaths m_paths;
+  FurtherData m_data;
+  std::optional<FurtherScorer> m_further;
+  const FurtherScores* m_furtherScores = nullptr;  // of the last subject read
   RunExports m_exports;
   MasterNotices m_notices;
   std::optional<int> m_rowCount;
@@ -177,6 +183,12 @@ class IndividualRun {
 MasterRunResult CreateMasters(const ProjectParameters& project, const MasterRequest& request,
                               const Platform& platform) {
   return IndividualRun(project, request, platform).Run();
+}
+
+std::string MissingOrderText(const MasterNotices& notices) {
+  if (notices.ListsWithoutOrder == 0) return "";
+  return "The study order of " + Counted(notices.ListsWithoutOrder, "list", "lists") +
+         " in the CSV of all recalls is not known: serial measures of other programs would follow the item numbers.";
 }
 
 void AddOlderPieces(const MasterNotices& combined, MasterNotices& notices) {

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "master/columns/FurtherFamilies.h"
 #include "master/columns/MeasureSelection.h"
 #include "master/exports/ScoredSubject.h"
 #include "master/groups/SerialPositions.h"
@@ -25,8 +26,11 @@ struct MasterRequest {
   /// "AB Clean.csv" or "AB Long.csv" in the destination's directory.
   std::optional<std::string> CleanFile = std::nullopt;
   std::optional<std::string> LongFile = std::nullopt;
-  bool CombinedFollows = false;       ///< a combined master follows, so no other file may have its path
-  ScoredSubjectSink* Sink = nullptr;  ///< receives every subject; not owned
+  /// Which further measures the CSV and `Sink` get.
+  FurtherColumns Further = FurtherColumns::None;
+  bool CombinedFollows = false;  ///< a combined master follows, so no other file may have its path
+  std::optional<std::string> GroupsFile = std::nullopt;  ///< nor that of the CSV of the groups, a path like the others
+  ScoredSubjectSink* Sink = nullptr;                     ///< receives every subject; not owned
 };
 
 /// The subjects of whom the user should know, as notices, and files; "" or empty when there is none.
@@ -37,6 +41,7 @@ struct MasterNotices {
   std::string BlankInsideList;
   std::vector<std::string> OlderPieces;    ///< names of files that an earlier, wider master left
   std::vector<std::string> DanglingLinks;  ///< names like a subject's file that lead to no file
+  std::size_t ListsWithoutOrder = 0;       ///< in the CSV of the recalls: those whose order of study is not known
 };
 
 struct MasterRunResult {
@@ -52,6 +57,9 @@ struct MasterRunResult {
 /// primary directory. Then, if requested, writes the serial-position master into the destination's directory. The
 /// caller shows the notices and the final message.
 MasterRunResult CreateMasters(const ProjectParameters& project, const MasterRequest& request, const Platform& platform);
+
+/// What `ListsWithoutOrder` means for other programs; "" when all lists have an order.
+std::string MissingOrderText(const MasterNotices& notices);
 
 /// Adds the pieces that a combined master's notices name to those of the individual one.
 void AddOlderPieces(const MasterNotices& combined, MasterNotices& notices);

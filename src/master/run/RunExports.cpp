@@ -4,13 +4,14 @@
 
 namespace zova {
 
-void RunExports::Open(const RunPaths& paths, const std::optional<SerialOrder>& order) {
+void RunExports::Open(const RunPaths& paths, FurtherColumns further, const FurtherData& data) {
   const auto newFile = [&] { return RowFile(m_context.Files, m_context.Boxes, m_context.Written); };
   if (!paths.Clean.empty()) {
-    m_clean.emplace(Export<CleanExport>{paths.Clean, CleanExport(m_context.Project, m_context.Selection), newFile()});
+    m_clean.emplace(
+        Export<CleanExport>{paths.Clean, CleanExport(m_context.Project, m_context.Selection, further), newFile()});
   }
   if (!paths.Long.empty()) {
-    m_long.emplace(Export<LongExport>{paths.Long, LongExport(m_context.Project, order), newFile()});
+    m_long.emplace(Export<LongExport>{paths.Long, LongExport(m_context.Project, data), newFile()});
   }
 }
 
@@ -33,6 +34,7 @@ bool RunExports::Write(const ScoredSubject& subject, std::optional<Export<Format
 bool RunExports::WriteRows(const ScoredSubject& subject) { return Write(subject, m_clean) && Write(subject, m_long); }
 
 bool RunExports::TakeBackRows() {
+  if (m_long) m_long->Lines.Restart();
   return (!m_clean || m_clean->File.TakeBackRows()) && (!m_long || m_long->File.TakeBackRows());
 }
 

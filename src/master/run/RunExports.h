@@ -16,13 +16,14 @@ class RunExports {
  public:
   explicit RunExports(RunContext& context) : m_context(context) {}
 
-  /// Writes nothing yet. Studied items are listed in `order`.
-  void Open(const RunPaths& paths, const std::optional<SerialOrder>& order);
+  /// Writes nothing yet. `data` must outlive this.
+  void Open(const RunPaths& paths, FurtherColumns further, const FurtherData& data);
   bool WriteCleanHeader();
   bool WriteLongHeader();
   bool WriteRows(const ScoredSubject& subject);
   bool TakeBackRows();
   bool Close();
+  [[nodiscard]] std::size_t ListsWithoutOrder() const { return m_long ? m_long->Lines.ListsWithoutOrder() : 0; }
 
  private:
   template <typename Format>

@@ -27,6 +27,18 @@ std::string ResolveFile(const std::string& text, std::string_view name, const Pr
   return EndsWithSeparator(typed) || EndsWithSeparator(path) ? JoinPath(path, name) : path;
 }
 
+// A result in the directory of the master's header.
+std::string Beside(const std::string& header, ResultFile file, const ProjectParameters& project) {
+  return std::string(PathPrefix(header)) + ResultName(project, file);
+}
+
+std::string ExportPath(const std::optional<std::string>& asked, ResultFile file, const std::string& header,
+                       const ProjectParameters& project, const DriveMap& drives) {
+  if (!asked) return "";
+  return asked->empty() ? Beside(header, file, project)
+                        : ResolveFile(*asked, ResultName(project, file), project, drives);
+}
+
 std::vector<std::string> PiecePaths(ResultFile master, int columnCount, const ProjectParameters& project) {
   std::vector<std::string> paths;
   if (columnCount <= kMaxColumnsUnsplit) return paths;
@@ -75,27 +87,24 @@ std::string ResolveDestination(const std::string& text, const ProjectParameters&
 RunPaths IndividualPaths(const MasterRequest& request, int columnCount, const ProjectParameters& project,
                          const DriveMap& drives) {
   const std::string header = ResolveDestination(request.Destination, project, drives);
-  const auto beside = [&](ResultFile file) { return std::string(PathPrefix(header)) + ResultName(project, file); };
-  const auto exportPath = [&](const std::optional<std::string>& asked, ResultFile file) -> std::string {
-    if (!asked) return "";
-    return asked->empty() ? beside(file) : ResolveFile(*asked, ResultName(project, file), project, drives);
-  };
   return {.Master = {header, DefaultMasterPath(project), PiecePaths(ResultFile::Master, columnCount, project)},
-          .Serial = request.Order ? beside(ResultFile::SerialMaster) : "",
-          .Combined = request.CombinedFollows ? beside(ResultFile::CombinedMaster) : "",
-          .Clean = exportPath(request.CleanFile, ResultFile::CleanCsv),
-          .Long = exportPath(request.LongFile, ResultFile::LongCsv)};
+          .Serial = request.Order ? Beside(header, ResultFile::SerialMaster, project) : "",
+          .Combined = request.CombinedFollows ? Beside(header, ResultFile::CombinedMaster, project) : "",
+          .Clean = ExportPath(request.CleanFile, ResultFile::CleanCsv, header, project, drives),
+          .Long = ExportPath(request.LongFile, ResultFile::LongCsv, header, project, drives),
+          .Groups = ExportPath(request.GroupsFile, ResultFile::GroupsCsv, header, project, drives)};
 }
 
-RunPaths CombinedPaths(const std::string& destination, int columnCount, const ProjectParameters& project,
-                       const DriveMap& drives) {
+RunPaths CombinedPaths(const std::string& destination, const std::optional<std::string>& groupsFile, int columnCount,
+                       const ProjectParameters& project, const DriveMap& drives) {
   const std::string header = ResolveDestination(destination, project, drives);
-  const std::string path = std::string(PathPrefix(header)) + ResultName(project, ResultFile::CombinedMaster);
+  const std::string path = Beside(header, ResultFile::CombinedMaster, project);
   return {.Master = {path, path, PiecePaths(ResultFile::CombinedMaster, columnCount, project)},
           .Serial = "",
           .Combined = "",
           .Clean = "",
-          .Long = ""};
+          .Long = "",
+          .Groups = ExportPath(groupsFile, ResultFile::GroupsCsv, header, project, drives)};
 }
 
 // Header and rows are of one master. Of all else the later file would take the place of the earlier one.
@@ -104,7 +113,7 @@ void CheckRunPaths(const RunPaths& paths, const ProjectParameters& project, Disk
   std::vector<std::string> all = {paths.Master.Header, paths.Master.Rows};
   all.insert(all.end(), paths.Master.Pieces.begin(), paths.Master.Pieces.end());
   const std::size_t ofMaster = all.size();
-  for (const std::string& path : {paths.Serial, paths.Combined, paths.Clean, paths.Long}) {
+  for (const std::string& path : {paths.Serial, paths.Combined, paths.Clean, paths.Long, paths.Groups}) {
     if (!path.empty()) all.push_back(path);
   }
   std::vector<ResolvedPath> files;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -26,6 +27,7 @@ struct RunPaths {
   std::string Combined;  ///< written by the next run
   std::string Clean;
   std::string Long;
+  std::string Groups;  ///< written by the next run, too
 };
 
 /// The path that the destination box's `text` stands for, without the blanks around it: a path of the platform becomes
@@ -35,8 +37,8 @@ std::string ResolveDestination(const std::string& text, const ProjectParameters&
 
 RunPaths IndividualPaths(const MasterRequest& request, int columnCount, const ProjectParameters& project,
                          const DriveMap& drives);
-RunPaths CombinedPaths(const std::string& destination, int columnCount, const ProjectParameters& project,
-                       const DriveMap& drives);
+RunPaths CombinedPaths(const std::string& destination, const std::optional<std::string>& groupsFile, int columnCount,
+                       const ProjectParameters& project, const DriveMap& drives);
 
 /// Throws FileError for a file that cannot be written, before any is emptied: one without its directory, one of the
 /// project's own, one with the name of a piece, in a Param directory, one that is also another file of the run, or one

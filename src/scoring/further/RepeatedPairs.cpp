@@ -47,6 +47,20 @@ Measured PairFrequency(const RecallSequence& first, const RecallSequence& second
   return Measured::Of(pairs.AnyOrder - 2 * ExpectedInOneOrder(pairs, first, second));
 }
 
+Measured SharedOrganization(std::span<const RecallSequence> members, std::vector<std::int16_t>& next) {
+  double sum = 0;
+  std::size_t pairs = 0;
+  for (std::size_t first = 0; first < members.size(); ++first) {
+    for (std::size_t second = first + 1; second < members.size(); ++second) {
+      const Measured pair = PairFrequency(members[first], members[second], next);
+      if (pair.Gap != FurtherGap::None) return pair;
+      sum += pair.Value;
+      ++pairs;
+    }
+  }
+  return pairs == 0 ? Measured::Lacking(FurtherGap::NotScored) : Measured::Of(sum / static_cast<double>(pairs));
+}
+
 void ScoreRepeatedPairs(const RecallSequence& earlier, const RecallSequence& later, std::vector<std::int16_t>& next,
                         FurtherPair& scores) {
   const RepeatedPairs pairs = CountRepeatedPairs(earlier, later, next);

@@ -8,17 +8,6 @@ namespace zova {
 
 namespace {
 
-void ReadSequences(const FurtherInput& input, const StudyList& study, std::vector<RecallSequence>& tests) {
-  tests.resize(static_cast<std::size_t>(study.TestCount));
-  std::span<const IntrusionPlace> rest = input.Intrusions;
-  for (int test = 1; test <= study.TestCount; ++test) {
-    const auto end = std::find_if(rest.begin(), rest.end(), [&](const IntrusionPlace& i) { return i.Test > test; });
-    const auto count = static_cast<std::size_t>(end - rest.begin());
-    ReadSequence(input.Lists, test, rest.first(count), study, tests[static_cast<std::size_t>(test) - 1]);
-    rest = rest.subspan(count);
-  }
-}
-
 struct Change {
   int Gains = 0;
   int Losses = 0;
@@ -81,6 +70,18 @@ void ScoreSerialOf(int test, const StudyRanks* ranks, const StudyList& study, Fu
 
 }  // namespace
 
+void ReadSequences(const RecallLists& lists, std::span<const IntrusionPlace> intrusions, const StudyList& study,
+                   std::vector<RecallSequence>& tests) {
+  tests.resize(static_cast<std::size_t>(study.TestCount));
+  for (int test = 1; test <= study.TestCount; ++test) {
+    const auto end = std::find_if(intrusions.begin(), intrusions.end(),
+                                  [&](const IntrusionPlace& intrusion) { return intrusion.Test > test; });
+    const auto count = static_cast<std::size_t>(end - intrusions.begin());
+    ReadSequence(lists, test, intrusions.first(count), study, tests[static_cast<std::size_t>(test) - 1]);
+    intrusions = intrusions.subspan(count);
+  }
+}
+
 void ResetFurther(const StudyList& study, bool withPositions, FurtherScores& scores) {
   scores.Tests.Reset(study.TestCount);
   scores.Pairs.Reset(study.TestCount);
@@ -91,7 +92,7 @@ void ResetFurther(const StudyList& study, bool withPositions, FurtherScores& sco
 void ScoreFurther(const FurtherInput& input, const StudyList& study, bool withPositions, FurtherScores& scores,
                   FurtherWork& work) {
   ResetFurther(study, withPositions, scores);
-  ReadSequences(input, study, work.Tests);
+  ReadSequences(input.Lists, input.Intrusions, study, work.Tests);
   work.Seen.assign(study.LureAt.size(), false);
   int seen = 0;
   for (int test = 1; test <= study.TestCount; ++test) {

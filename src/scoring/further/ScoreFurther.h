@@ -22,7 +22,7 @@ struct FurtherInput {
   const RecallLists& Lists;
   bool HasIntrusions = false;                  ///< intrusions were kept, though this subject may have none
   std::span<const IntrusionPlace> Intrusions;  ///< by test, then place
-  std::vector<const StudyRanks*> Orders;       ///< per test; null where the order of study is not known
+  std::span<const StudyRanks* const> Orders;   ///< per test; null where the order of study is not known
 };
 
 /// The sequences of a subject, and working space. A run reuses one instance.
@@ -34,6 +34,10 @@ struct FurtherWork {
   std::vector<std::uint32_t> PairKeys;
   std::vector<std::uint64_t> Left;
 };
+
+/// The sequences of all tests, as in FurtherWork. Throws ScoringError (SubscriptOutOfRange).
+void ReadSequences(const RecallLists& lists, std::span<const IntrusionPlace> intrusions, const StudyList& study,
+                   std::vector<RecallSequence>& tests);
 
 /// Resets `scores` and computes all further measures. Throws ScoringError (SubscriptOutOfRange) for an item beyond the
 /// study list. `withPositions`: also Position(Test t i).
@@ -61,6 +65,9 @@ RepeatedPairs CountRepeatedPairs(const RecallSequence& first, const RecallSequen
                                  std::vector<std::int16_t>& next);
 /// O - 2c(c-1)/(hq) for lists of h and q items: the pair frequency. Without a value if a list is empty.
 Measured PairFrequency(const RecallSequence& first, const RecallSequence& second, std::vector<std::int16_t>& next);
+/// The mean pair frequency over all pairs of a group's members, whose lists of one test these are. Without a value if a
+/// list is empty.
+Measured SharedOrganization(std::span<const RecallSequence> members, std::vector<std::int16_t>& next);
 /// ForwardItr, PairsRepeated and PairsExpected.
 void ScoreRepeatedPairs(const RecallSequence& earlier, const RecallSequence& later, std::vector<std::int16_t>& next,
                         FurtherPair& scores);

@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "master/exports/FurtherData.h"
+
+#include "master/groups/SavedOrders.h"
+#include "platform/desktop/FileErrorBoxes.h"
+#include "platform/files/PathParts.h"
+#include "words/CompanionCsv.h"
+#include "words/Intrusions.h"
+#include "words/StudyOrders.h"
+
+namespace zova {
+
+std::string_view OrderOriginText(OrderOrigin origin) {
+  switch (origin) {
+    case OrderOrigin::Subject: return "subject";
+    case OrderOrigin::Saved: return "saved";
+    case OrderOrigin::None: return "none";
+  }
+  return "";
+}
+
+KnownOrder OrderOf(const FurtherData& data, const std::string& subjectId, int test) {
+  const auto own = data.Orders.find(subjectId);
+  if (own != data.Orders.end()) {
+    const StudyRanks& ranks = own->second[static_cast<std::size_t>(test) - 1];
+    if (!ranks.empty()) return {&ranks, OrderOrigin::Subject};
+  }
+  if (data.Common.empty()) return {};
+  return {&data.Common, OrderOrigin::Saved};
+}
+
+std::span<const IntrusionPlace> IntrusionsOf(const FurtherData& data, const std::string& subjectId) {
+  const auto intrusions = data.Intrusions.find(subjectId);
+  if (intrusions == data.Intrusions.end()) return {};
+  return intrusions->second;
+}
+
+FurtherData ReadFurtherData(Disk& disk, const ProjectParameters& project, const std::optional<SerialOrder>& named) {
+  FurtherData data;
+  data.Study = MakeStudyList(project);
+  const auto load = [&](CompanionFile file, auto&& parse) {
+    const auto bytes = ReadCompanion(disk, project, file);
+    if (!bytes) return false;
+    try {
+      parse(*bytes);
+      return true;
+    } catch (const CsvError& fault) {
+      data.Faults.push_back(CompanionError(fault, CompanionPath(project.PrimaryDir, project, file)));
+      return false;
+    }
+  };
+  data.HasIntrusions = load(CompanionFile::Intrusions, [&](const std::string& bytes) {
+    for (const Intrusion& intrusion : ParseIntrusions(bytes, project)) {
+      data.Intrusions[intrusion.Subject].push_back(
+          {static_cast<std::int16_t>(intrusion.Test), static_cast<std::int16_t>(intrusion.Place)});
+    }
+  });
+  load(CompanionFile::StudyOrder, [&](const std::string& bytes) {
+    for (const StudyOrder& order : ParseStudyOrders(bytes, project)) {
+      std::vector<StudyRanks>& tests = data.Orders[order.Subject];
+      tests.resize(static_cast<std::size_t>(project.TestCount));
+      tests[static_cast<std::size_t>(order.Test) - 1] = RanksOf(order.Positions, data.Study);
+    }
+  });
+  const std::optional<SerialOrder> common = named ? named : ReadSavedSerialOrder(disk, project);
+  if (common) data.Common = RanksOf(*common, data.Study);
+  return data;
+}
+
+void WarnOfFaults(const FurtherData& data, MessageBoxes& boxes) {
+  for (const FileError& fault : data.Faults) {
+    Warn(boxes, "'" + std::string(LastPathComponent(fault.Path())) + "' is passed over: a line does not fit.",
+         FaultText(fault));
+  }
+}
+
+const FurtherScores& FurtherScorer::Score(const std::string& subjectId, const RecallLists& lists) {
+  m_orders.clear();
+  for (int test = 1; test <= m_data.Study.TestCount; ++test) m_orders.push_back(OrderOf(m_data, subjectId, test).Ranks);
+  ScoreFurther({lists, m_data.HasIntrusions, IntrusionsOf(m_data, subjectId), m_orders}, m_data.Study, m_withPositions,
+               m_scores, m_work);
+  return m_scores;
+}
+
+}  // namespace zova
