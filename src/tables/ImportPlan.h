@@ -3,14 +3,19 @@
 // The dry run: what an import would write, before anything is written.
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "platform/desktop/Desktop.h"
+#include "platform/files/Disk.h"
+#include "tables/ImportCases.h"
 #include "tables/ImportContext.h"
-#include "tables/SubjectBuilder.h"
+#include "tables/ImportOptions.h"
+#include "tables/TableSurvey.h"
 
 namespace zova {
 
@@ -18,28 +23,29 @@ namespace zova {
 enum class SubjectAction : std::uint8_t {
   Write,       ///< a new one
   Replace,     ///< one that is there with other data
-  Unfinished,  ///< as incomplete
   Same,        ///< its file holds the same already
+  Unfinished,  ///< the checks refuse it; it is written as incomplete
+  Refuse,      ///< the checks refuse it
   Skip,        ///< it is there with other data, which stay
-  LeaveOut,
-  Refuse,  ///< the checks refuse it
+  LeaveOut,    ///< lists too long or tests lacking
 };
+inline constexpr std::size_t kSubjectActionCount = 7;
 
 struct PlannedSubject {
-  std::string Original;
-  std::string SubjectId;
+  std::string Original;   ///< the identifier in the table
+  std::string SubjectId;  ///< the one it gets
   std::size_t Row = 0;
   SubjectAction Action = SubjectAction::Write;
   std::uint64_t Digest = 0;  ///< of its rows
 };
 
-/// One of the totals: "rows", 2400.
+/// A line of the totals: "rows", 2400.
 struct ImportTotal {
   std::string What;
   std::size_t Count = 0;
-  std::string Column;
-  std::string Test;
-  std::string Text;
+  std::string Column = {};
+  std::string Test = {};
+  std::string Text = {};
 
   bool operator==(const ImportTotal&) const = default;
 };
@@ -47,28 +53,31 @@ struct ImportTotal {
 struct ImportPlan {
   std::vector<ImportTotal> Totals;
   std::vector<ImportQuestion> Questions;  ///< open ones
-  std::vector<ImportCase> Cases;
-  std::vector<OpenResponse> Review;  ///< responses that are no words of their lists, decided ones included
-  std::vector<PlannedSubject> Subjects;
-  std::vector<Intrusion> Intrusions;    ///< of the subjects that are written or the same
+  ImportFindings Findings;                ///< cases, counts, and responses for review
+  std::vector<PlannedSubject> Subjects;   ///< in the order of their first rows
+  std::array<std::size_t, kSubjectActionCount> ActionCounts{};
+  std::vector<Intrusion> Intrusions;    ///< of the subjects written or the same
   std::vector<StudyOrder> StudyOrders;  ///< likewise
   std::vector<OriginalId> OriginalIds;  ///< as they will be stored; empty when subjects keep their identifiers
-  ImportCounts Counts;
+  std::vector<std::string> NewProject;  ///< what was found for a new project, told with the totals
 
+  [[nodiscard]] std::size_t CountOf(SubjectAction action) const noexcept {
+    return ActionCounts[static_cast<std::size_t>(action)];
+  }
   [[nodiscard]] bool HasErrors() const noexcept;
   /// Nothing is undecided and nothing wrong.
   [[nodiscard]] bool MayBeWritten() const noexcept { return Questions.empty() && !HasErrors(); }
-  /// How many subjects would be written.
-  [[nodiscard]] std::size_t CountOf(SubjectAction action) const noexcept;
 };
 
-/// An import that is being prepared. Change `Options` and `Context.Decided`, then call RefreshImport.
+/// An import in preparation. Change `Options` and `Context.Decided`, then call RefreshImport.
 struct ImportDraft {
   ImportOptions Options;
   ImportContext Context;
   TableSetup Setup;
   TableSurvey Survey;
   ImportPlan Plan;
+  /// Keeps what it found for responses as long as words and accents stay.
+  std::shared_ptr<ResponseMatcher> Matcher = {};
 };
 
 /// Reads and plans the import of a table into a project. Throws FileError.
@@ -78,8 +87,7 @@ ImportDraft DraftImport(Disk& disk, const std::string& table, const ImportOption
 /// Throws FileError.
 void RefreshImport(Disk& disk, ImportDraft& draft);
 
-/// Takes all proposals of this distance or less into the decisions, but for responses that are themselves words of the
-/// project or correct elsewhere. Returns how many.
+/// Decides all responses near one word at this distance or less, and undecided, for that word. Returns how many.
 std::size_t TakeProposals(const ImportPlan& plan, int distance, Responses& decided);
 
 }  // namespace zova

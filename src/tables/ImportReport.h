@@ -3,16 +3,19 @@
 
 #include <string>
 
+#include "platform/files/FileError.h"
 #include "tables/ImportPlan.h"
 
 namespace zova {
 
-/// The dry run as a CSV with the header what,count,row,column,subject,test,text: the totals, then a row per question
-/// and case. The same bytes for the same table, options and project.
+/// The dry run as a CSV with the header what,count,row,column,subject,test,text: the totals, then a row per question,
+/// undecided response and case. The same bytes for the same table, options and project.
 std::string FormatImportReport(const ImportPlan& plan);
+/// Likewise for a table that cannot be read: one row `error`.
+std::string FormatImportReport(const FileError& error);
 
-/// The responses that are no words and not decided, as a CSV with the header response,item,distance,count,subject; the
-/// item is the proposed one. ParseResponses reads it back (its first two columns).
+/// The undecided responses as a CSV with the header response,item,distance,count,subject; the item is the proposed one.
+/// ParseProposedResponses reads it back.
 std::string FormatUnmatched(const ImportPlan& plan);
 
 }  // namespace zova

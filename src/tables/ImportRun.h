@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstddef>
-#include <string>
 
 #include "platform/desktop/Platform.h"
 #include "tables/ImportPlan.h"
@@ -14,10 +13,10 @@ struct ImportOutcome {
   bool Completed = false;   ///< false when it was given up, or the table has changed
 };
 
-/// Writes what `draft.Plan` says, which must be one that may be written: first the companion files, then each subject
-/// by the same save as a typed one, last the companion files of the subjects that are there. Reads the table again;
-/// when its rows are others than those planned, this is reported and nothing more is written. The user may give up
-/// after any subject (Progress::ShowCopying).
-ImportOutcome RunImport(const ImportDraft& draft, const std::string& paramDir, const Platform& platform);
+/// Writes what `draft.Plan` says, which must be one that may be written: the companion files, each subject by the save
+/// of typed ones, then the companion files again if some were not reached. Reads the table a second time: rows other
+/// than those planned are reported, and nothing more is written. The user may give up after any subject
+/// (Progress::ShowCopying).
+ImportOutcome RunImport(const ImportDraft& draft, const Platform& platform);
 
 }  // namespace zova

@@ -1,68 +1,21 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <array>
 #include <cstddef>
-#include <functional>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "subjects/SubjectRecord.h"
+#include "tables/ImportCases.h"
 #include "tables/ImportContext.h"
 #include "tables/ImportOptions.h"
-#include "tables/ResponseMatcher.h"
+#include "tables/ListBuilder.h"
 #include "tables/TableReader.h"
 #include "tables/TableSurvey.h"
 
 namespace zova {
-
-enum class CaseKind { Undecided, Decide, TooLong, Level, Minute, Rating, Check, Error };
-
-/// The word in the report: "too-long".
-std::string_view CaseName(CaseKind kind) noexcept;
-
-/// Something in the table that the user has to know.
-struct ImportCase {
-  CaseKind Kind = CaseKind::Error;
-  std::size_t Count = 1;
-  std::size_t Row = 0;  ///< line of the table, from 1; 0 for none
-  std::string Column;
-  std::string Subject;
-  std::string Test;  ///< its label in the table
-  std::string Text;
-
-  bool operator==(const ImportCase&) const = default;
-};
-
-/// What responses, lists and subjects came to.
-struct ImportCounts {
-  std::size_t Recalls = 0;  ///< responses other than nothing
-  std::size_t Exact = 0;
-  std::size_t Decided = 0;
-  std::size_t Proposed = 0;   ///< taken by --accept-distance, or open
-  std::size_t OtherList = 0;  ///< of the intrusions
-  std::size_t Intrusions = 0;
-  std::size_t Skipped = 0;
-  std::size_t Open = 0;  ///< neither matched nor decided
-  std::size_t Repeats = 0;
-  std::size_t Gaps = 0;
-  std::size_t TooLong = 0;
-  std::size_t MissingTests = 0;
-  std::size_t EmptyTests = 0;
-  std::size_t StudyOrders = 0;
-};
-
-/// A response that is no word of its list, and what becomes of it.
-struct OpenResponse {
-  std::string Response;
-  std::size_t Count = 0;
-  std::vector<NearItem> Near;  ///< the nearest words: one is proposed, several are a tie
-  std::string Subject;         ///< of the first row with it
-  std::size_t Row = 0;
-  std::optional<Decision> Decided;
-  bool IsWord = false;  ///< a word of the project, or correct elsewhere: never taken with all others
-};
 
 /// One subject of the table as it would be saved.
 struct BuiltSubject {
@@ -74,30 +27,34 @@ struct BuiltSubject {
   bool IsIncomplete = false;  ///< the checks refuse it
 };
 
+/// The test, from 1, of each label of the survey; 0 for those beyond the project's tests. By the labels themselves
+/// where they are 1 to T, else by their places. Not for --tests rank.
+std::vector<int> TestsOfLabels(const TableSurvey& survey, int testCount);
+
 /// Makes subjects of the rows of a table.
 class SubjectBuilder {
  public:
-  /// All must outlive the builder.
+  /// All must outlive the builder. `findings` gets what the user has to know.
   SubjectBuilder(const TableSetup& setup, const TableSurvey& survey, const ImportOptions& options,
-                 const ImportContext& context, ResponseMatcher& matcher);
+                 const ImportContext& context, ResponseMatcher& matcher, ImportFindings& findings);
 
-  /// Fills `subject` but for its identifier, which is `subjectId`. What the user has to know goes to `Cases`, `Counts`
-  /// and `Responses`.
   void Build(const SubjectRows& rows, const std::string& subjectId, BuiltSubject& subject);
 
-  std::vector<ImportCase> Cases;
-  ImportCounts Counts;
-  /// By key, in the order of the first rows.
-  std::vector<OpenResponse> Responses;
-
  private:
-  struct Given;
-  struct State;
+  void DivideByTests(const SubjectRows& rows);
+  void FillLevels(const SubjectRows& rows, BuiltSubject& subject);
+  void NoteMissingTests(const SubjectRows& rows, BuiltSubject& subject);
+  void Check(const SubjectRows& rows, BuiltSubject& subject);
+  [[nodiscard]] int GivenLevel(std::size_t variable) const;
+
   const TableSetup& m_setup;
   const TableSurvey& m_survey;
   const ImportOptions& m_options;
   const ImportContext& m_context;
-  ResponseMatcher& m_matcher;
+  ImportFindings& m_findings;
+  ListBuilder m_lists;
+  std::vector<int> m_testOfLabel;
+  std::vector<TestEntries> m_tests;  // by test - 1
 };
 
 }  // namespace zova

@@ -24,7 +24,11 @@ struct TableSetup {
   TableLayout Layout;
 };
 
-/// Throws FileError.
+/// What a row is by its trial type. A table without that column has recalls alone.
+enum class RowKind { Study, Recall, Other };
+RowKind KindOfRow(std::string_view trialType);
+
+/// Throws FileError. What the options name and the table does not have is in `Columns.Faults`.
 TableSetup SetUpTable(Disk& disk, const std::string& path, const TableOptions& options,
                       const ProjectParameters& project);
 
@@ -50,7 +54,8 @@ class TableReader {
   const TableSetup& m_setup;
   CsvReader m_reader;
   std::vector<std::string_view> m_fields;
-  std::vector<std::pair<int, std::string_view>> m_where;
+  std::vector<std::pair<int, std::string_view>> m_where;  // by column
+  bool m_isBehindHeader = false;
 };
 
 /// A text of SubjectRows.

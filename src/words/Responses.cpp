@@ -28,6 +28,23 @@ std::string DecisionText(const Decision& decision) {
   return {};
 }
 
+Responses ReadDecisions(CompanionRows& rows, const ProjectParameters& project, bool maySkipItems) {
+  Responses responses;
+  while (rows.Next()) {
+    if (maySkipItems && rows.Text(1).empty()) continue;
+    DecidedResponse decided{std::string(rows.Text(0)), {}, rows.Line()};
+    if (rows.Text(1) == kIntrusion) {
+      decided.What = {Verdict::Intrusion};
+    } else if (rows.Text(1) != kSkip) {
+      decided.What = {Verdict::Item, rows.Number(1, 1, project.ItemCount)};
+    }
+    const std::string text = decided.Response;
+    if (responses.Add(std::move(decided))) continue;
+    rows.Refuse("'" + text + "' was decided otherwise on line " + std::to_string(responses.Find(text)->Line));
+  }
+  return responses;
+}
+
 }  // namespace
 
 bool Responses::Add(DecidedResponse decided) {
@@ -53,19 +70,12 @@ const DecidedResponse* Responses::Find(std::string_view response) const {
 
 Responses ParseResponses(std::string_view bytes, const ProjectParameters& project) {
   CompanionRows rows(bytes, {"response", "item"});
-  Responses responses;
-  while (rows.Next()) {
-    DecidedResponse decided{std::string(rows.Text(0)), {}, rows.Line()};
-    if (rows.Text(1) == kIntrusion) {
-      decided.What = {Verdict::Intrusion};
-    } else if (rows.Text(1) != kSkip) {
-      decided.What = {Verdict::Item, rows.Number(1, 1, project.ItemCount)};
-    }
-    const std::string text = decided.Response;
-    if (responses.Add(std::move(decided))) continue;
-    rows.Refuse("'" + text + "' was decided otherwise on line " + std::to_string(responses.Find(text)->Line));
-  }
-  return responses;
+  return ReadDecisions(rows, project, false);
+}
+
+Responses ParseProposedResponses(std::string_view bytes, const ProjectParameters& project) {
+  CompanionRows rows(bytes, {"response", "item", "distance", "count", "subject"}, 3);
+  return ReadDecisions(rows, project, true);
 }
 
 std::string FormatResponses(const Responses& responses) {

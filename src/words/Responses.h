@@ -48,6 +48,8 @@ class Responses {
 
 /// Throws CsvError, also for one key with two decisions, naming both lines.
 Responses ParseResponses(std::string_view bytes, const ProjectParameters& project);
+/// Likewise a table of proposals: columns distance, count and subject may follow; rows without an item are passed over.
+Responses ParseProposedResponses(std::string_view bytes, const ProjectParameters& project);
 std::string FormatResponses(const Responses& responses);
 
 }  // namespace zova

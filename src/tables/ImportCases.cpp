@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "tables/ImportCases.h"
+
+#include <utility>
+
+namespace zova {
+
+std::string_view CaseName(CaseKind kind) noexcept {
+  switch (kind) {
+    case CaseKind::Undecided: return "undecided";
+    case CaseKind::Decide: return "decide";
+    case CaseKind::TooLong: return "too-long";
+    case CaseKind::Level: return "level";
+    case CaseKind::Minute: return "minute";
+    case CaseKind::Rating: return "rating";
+    case CaseKind::Check: return "check";
+    case CaseKind::Error: break;
+  }
+  return "error";
+}
+
+void ImportFindings::Add(ImportCase found) {
+  if (Cases.size() < kMaxCases) {
+    Cases.push_back(std::move(found));
+  } else {
+    ++Uncounted;
+  }
+}
+
+std::size_t ImportFindings::Note(std::string_view response, std::string_view key, std::string_view subject,
+                                 std::size_t row) {
+  const std::string_view place = key.empty() ? response : key;
+  auto found = m_places.find(place);
+  if (found == m_places.end()) {
+    found = m_places.emplace(place, Responses.size()).first;
+    OpenResponse& added = Responses.emplace_back();
+    added.Response = response;
+    added.Subject = subject;
+    added.Row = row;
+  }
+  ++Responses[found->second].Count;
+  return found->second;
+}
+
+}  // namespace zova

@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "subjects/RecallLists.h"
+#include "tables/ImportCases.h"
+#include "tables/ImportContext.h"
+#include "tables/ImportOptions.h"
+#include "tables/TableReader.h"
+#include "words/Intrusions.h"
+#include "words/StudyOrders.h"
+
+namespace zova {
+
+/// A subject's rows for one test.
+struct TestEntries {
+  int Label = -1;  ///< index in the survey; -1 when the table has no rows
+  std::vector<const TableEntry*> Study;
+  std::vector<const TableEntry*> Recall;
+};
+
+/// Makes recall lists of the rows of one subject and test.
+class ListBuilder {
+ public:
+  /// All must outlive the builder.
+  ListBuilder(const TableSetup& setup, const TableSurvey& survey, const ImportOptions& options,
+              const ImportContext& context, ResponseMatcher& matcher, ImportFindings& findings);
+
+  /// Fills the test's list. Intrusions and the study order are appended under the subject's identifier. False when the
+  /// list was too long.
+  bool Build(const SubjectRows& rows, int test, TestEntries& entries, const std::string& subjectId, RecallLists& lists,
+             std::vector<Intrusion>& intrusions, std::vector<StudyOrder>& orders);
+  /// The line of the table for a position, from 1, of the list built last; 0 for none.
+  [[nodiscard]] std::size_t LineOf(int position) const noexcept {
+    return static_cast<std::size_t>(position) <= m_lines.size() ? m_lines[static_cast<std::size_t>(position) - 1] : 0;
+  }
+
+ private:
+  enum class Outcome { Nothing, Item, Intrusion, Skip };
+  struct Interpreted {
+    Outcome What = Outcome::Nothing;
+    int Item = 0;
+  };
+  struct Sink;
+
+  void SortByPosition(std::vector<const TableEntry*>& entries, bool areRecalls);
+  void StudyList(std::vector<const TableEntry*>& study);
+  void AddStudied(const TableEntry& entry, int place);
+  void NoteOrder(const std::string& subjectId, std::vector<StudyOrder>& orders) const;
+  [[nodiscard]] bool EqualsSavedOrder(const std::vector<std::int16_t>& positions) const;
+  [[nodiscard]] bool IsOnList(int item) const;
+  const ListWords& OwnWords();
+
+  void AddEntry(const TableEntry& entry, Sink& sink);
+  void AddCell(const TableEntry& entry, Sink& sink);
+  void Place(const TableEntry& entry, std::string_view text, const Interpreted& what, Sink& sink);
+  Interpreted InterpretNumber(const TableEntry& entry, std::string_view text);
+  Interpreted Interpret(const TableEntry& entry, std::string_view text);
+  Interpreted InterpretUnmatched(const TableEntry& entry, std::string_view text, const ResponseMatch& match);
+  Interpreted Decide(std::string_view text, const Decision& decision);
+  const ResponseMatch& Match(std::string_view text);
+  [[nodiscard]] bool IsWordHere(std::string_view text) const;
+  [[nodiscard]] bool IsLoose(std::string_view text);
+  [[nodiscard]] bool AreOne(const std::string& joined);
+  int MinuteOfEntry(const TableEntry& entry);
+  int RatingOfEntry(const TableEntry& entry);
+  void Report(CaseKind kind, const TableEntry& entry, int column, std::string text);
+
+  const TableSetup& m_setup;
+  const TableSurvey& m_survey;
+  const ImportOptions& m_options;
+  const ImportContext& m_context;
+  ResponseMatcher& m_matcher;
+  ImportFindings& m_findings;
+  bool m_byPosition;
+
+  const SubjectRows* m_rows = nullptr;
+  int m_test = 0;
+  bool m_hasStudy = false;
+  std::vector<int> m_studied;           // items in their order; the places in position mode
+  std::vector<bool> m_isStudied;        // by item
+  std::vector<bool> m_isRecalled;       // by item
+  std::vector<std::size_t> m_lines;     // of the list's positions
+  ListWords m_own;                      // words of m_studied
+  ResponseMatch m_match;                // in m_own
+  bool m_hasOwn = false;                // m_own is filled
+  TextMap<std::string> m_decidedWords;  // in position mode: the word that a decided number stands for
+  TextMap<int> m_unknownStudied;        // reported
+  std::vector<std::pair<int, const TableEntry*>> m_ordered;
+};
+
+}  // namespace zova

@@ -1,0 +1,217 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "tables/TableSurvey.h"
+
+#include <algorithm>
+#include <numeric>
+
+#include "project/ProjectLimits.h"
+#include "tables/TableValues.h"
+#include "text/TypedText.h"
+#include "words/WordKey.h"
+
+namespace zova {
+
+namespace {
+
+constexpr std::size_t kMaxPartValues = 1000;
+
+class Surveyor {
+ public:
+  Surveyor(const TableSetup& setup, const TableReader& reader) : m_setup(setup), m_reader(reader) {}
+
+  void Add() {
+    ++m_survey.Rows;
+    const std::size_t subject = SubjectOf(m_reader.Text(ColumnRole::Subject));
+    const std::string_view type = m_reader.Text(ColumnRole::TrialType);
+    const RowKind kind = KindOfRow(type);
+    if (kind == RowKind::Other) {
+      Note(m_survey.TrialTypes, m_trialTypes, type);
+      return;
+    }
+    if (kind == RowKind::Study) ++m_survey.StudyRows;
+    for (const ResponseColumn& column : m_setup.Layout.Responses) {
+      NoteLabel(subject, column.TestLabel.empty() ? m_reader.Text(ColumnRole::Test) : column.TestLabel);
+      NoteResponse(kind, column);
+    }
+    if (kind == RowKind::Recall) NoteMinute();
+  }
+
+  TableSurvey Finish(bool hasWordList) {
+    const bool hasItems = m_setup.Columns.Has(ColumnRole::Item) && m_setup.Layout.Shape == TableShape::Long;
+    m_survey.HasNumbers = m_numbers > 0 && m_texts == 0 && (hasItems || !hasWordList);
+    OrderLabels();
+    return std::move(m_survey);
+  }
+
+ private:
+  std::size_t SubjectOf(std::string_view id) {
+    if (!m_survey.Subjects.empty() && m_survey.Subjects[m_subject].Text == id) {
+      ++m_survey.Subjects[m_subject].Count;
+      return m_subject;
+    }
+    const std::size_t before = m_survey.Subjects.size();
+    m_subject = Note(m_survey.Subjects, m_subjects, id);
+    if (m_survey.Subjects.size() == before) m_survey.IsSorted = false;
+    m_labelsOf.resize(m_survey.Subjects.size());
+    return m_subject;
+  }
+
+  std::size_t Note(std::vector<SeenText>& seen, TextMap<std::size_t>& indices, std::string_view text) const {
+    const auto found = indices.find(text);
+    const std::size_t index = found == indices.end() ? seen.size() : found->second;
+    if (found == indices.end()) {
+      indices.emplace(text, index);
+      seen.push_back({std::string(text), m_reader.Line(), 0});
+    }
+    ++seen[index].Count;
+    return index;
+  }
+
+  void NoteLabel(std::size_t subject, std::string_view text) {
+    if (m_survey.Labels.empty() || m_survey.Labels[m_label].Text != text) {
+      m_label = Note(m_survey.Labels, m_survey.LabelIndices, text);
+    } else {
+      ++m_survey.Labels[m_label].Count;
+    }
+    std::vector<std::uint32_t>& own = m_labelsOf[subject];
+    const auto label = static_cast<std::uint32_t>(m_label);
+    if (!own.empty() && own.back() == label) return;
+    if (std::find(own.begin(), own.end(), label) == own.end()) own.push_back(label);
+  }
+
+  void NoteResponse(RowKind kind, const ResponseColumn& column) {
+    const bool isLong = m_setup.Layout.Shape == TableShape::Long;
+    std::string_view text = m_reader.Text(static_cast<int>(column.Column));
+    if (kind == RowKind::Study) {
+      if (IsNothing(text) || text == m_lastStudied) return;
+      m_lastStudied = text;
+      if (m_studiedTexts.find(text) != m_studiedTexts.end()) return;
+      m_studiedTexts.emplace(text, 0);
+      const std::size_t before = m_survey.Studied.size();
+      Note(m_survey.Studied, m_studied, WordKey(text));
+      if (m_survey.Studied.size() > before) m_survey.Studied.back().Text = text;
+      return;
+    }
+    if (isLong && m_setup.Columns.Has(ColumnRole::Item)) text = m_reader.Text(ColumnRole::Item);
+    if (!column.IsCell) return NoteNumber(text);
+    const std::string& separator = m_setup.Layout.Separator;
+    while (!text.empty()) {
+      const std::size_t end = std::min(text.find(separator), text.size());
+      NoteNumber(WithoutOuterBlanks(text.substr(0, end)));
+      text.remove_prefix(std::min(text.size(), end + separator.size()));
+    }
+  }
+
+  void NoteNumber(std::string_view text) {
+    if (m_texts > 0 || IsNothing(text)) return;
+    const auto number = WholeNumber(text);
+    if (!number) {
+      ++m_texts;
+      return;
+    }
+    ++m_numbers;
+    m_survey.LargestNumber = std::max(m_survey.LargestNumber, *number);
+    if (*number == 0 && m_survey.ZeroLine == 0) m_survey.ZeroLine = m_reader.Line();
+  }
+
+  void NoteMinute() {
+    if (m_survey.BrokenMinuteLine != 0 || !m_setup.Columns.Has(ColumnRole::Minute)) return;
+    const std::string_view text = m_reader.Text(ColumnRole::Minute);
+    if (!IsNothing(text) && !WholeNumber(text)) m_survey.BrokenMinuteLine = m_reader.Line();
+  }
+
+  void OrderLabels() {
+    TableSurvey& survey = m_survey;
+    survey.ByPlace.resize(survey.Labels.size());
+    std::iota(survey.ByPlace.begin(), survey.ByPlace.end(), std::size_t{0});
+    const auto numberOf = [&](std::size_t label) { return WholeNumber(survey.Labels[label].Text); };
+    const bool areNumbers = std::all_of(survey.ByPlace.begin(), survey.ByPlace.end(),
+                                        [&](std::size_t label) { return numberOf(label).has_value(); });
+    if (areNumbers) {
+      std::stable_sort(survey.ByPlace.begin(), survey.ByPlace.end(),
+                       [&](std::size_t left, std::size_t right) { return numberOf(left) < numberOf(right); });
+    }
+    survey.LabelPlaces.resize(survey.Labels.size());
+    for (std::size_t place = 0; place < survey.ByPlace.size(); ++place) {
+      survey.LabelPlaces[survey.ByPlace[place]] = static_cast<int>(place) + 1;
+    }
+    for (const auto& own : m_labelsOf) {
+      int last = 0;
+      for (const std::uint32_t label : own) last = std::max(last, survey.LabelPlaces[label]);
+      if (last != static_cast<int>(own.size())) survey.RankDiffers = true;
+      survey.MostLabels = std::max(survey.MostLabels, static_cast<int>(own.size()));
+    }
+  }
+
+  const TableSetup& m_setup;
+  const TableReader& m_reader;
+  TableSurvey m_survey;
+  TextMap<std::size_t> m_subjects;
+  TextMap<std::size_t> m_trialTypes;
+  TextMap<std::size_t> m_studied;  // by key
+  TextMap<int> m_studiedTexts;
+  std::string m_lastStudied;
+  std::vector<std::vector<std::uint32_t>> m_labelsOf;  // by subject
+  std::size_t m_subject = 0;
+  std::size_t m_label = 0;
+  std::size_t m_numbers = 0;
+  std::size_t m_texts = 0;
+};
+
+// The parts into which one column divides a table.
+struct Parts {
+  struct Part {
+    TextMap<int> Labels;
+    TextMap<int> Subjects;
+  };
+  TextMap<Part> ByValue;
+  bool IsOut = false;
+
+  void Add(std::string_view value, std::string_view subject, const std::vector<std::string_view>& labels) {
+    if (IsOut) return;
+    auto found = ByValue.find(value);
+    if (found == ByValue.end()) found = ByValue.emplace(value, Part{}).first;
+    Part& part = found->second;
+    for (const std::string_view label : labels) {
+      if (part.Labels.find(label) == part.Labels.end()) part.Labels.emplace(label, 0);
+    }
+    if (part.Subjects.find(subject) == part.Subjects.end()) part.Subjects.emplace(subject, 0);
+    IsOut = ByValue.size() > kMaxPartValues || part.Labels.size() > kMaxTests ||
+            part.Subjects.size() > static_cast<std::size_t>(kMaxSubjects);
+    if (IsOut) ByValue.clear();
+  }
+};
+
+}  // namespace
+
+TableSurvey SurveyTable(Disk& disk, const TableSetup& setup, bool hasWordList) {
+  TableReader reader(disk, setup);
+  Surveyor surveyor(setup, reader);
+  while (reader.Next()) surveyor.Add();
+  return surveyor.Finish(hasWordList);
+}
+
+std::vector<std::string> FindPartColumns(Disk& disk, const TableSetup& setup) {
+  TableReader reader(disk, setup);
+  std::vector<Parts> parts(setup.Format.Names.size());
+  std::vector<std::string_view> labels;
+  while (reader.Next()) {
+    labels.clear();
+    for (const ResponseColumn& column : setup.Layout.Responses) {
+      labels.push_back(column.TestLabel.empty() ? reader.Text(ColumnRole::Test) : column.TestLabel);
+    }
+    for (std::size_t i = 0; i < parts.size(); ++i) {
+      parts[i].Add(reader.Text(static_cast<int>(i)), reader.Text(ColumnRole::Subject), labels);
+    }
+  }
+  std::vector<std::string> names;
+  for (std::size_t i = 0; i < parts.size(); ++i) {
+    const int column = static_cast<int>(i);
+    const bool isOwn = column == setup.Columns.Of(ColumnRole::Test);
+    if (!parts[i].IsOut && parts[i].ByValue.size() > 1 && !isOwn) names.push_back(setup.Format.Names[i]);
+  }
+  return names;
+}
+
+}  // namespace zova
