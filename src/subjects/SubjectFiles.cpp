@@ -7,41 +7,12 @@
 #include "platform/desktop/FileErrorBoxes.h"
 #include "project/DirectoryRules.h"
 #include "subjects/SubjectFile.h"
+#include "subjects/SubjectStore.h"
 #include "text/Encoding.h"
 
 namespace zova {
 
 namespace {
-
-// For `Sdata` and `Unfinished`; the primary and the backup directory are never created.
-void EnsureDirectory(Disk& disk, const std::string& directory) {
-  if (!disk.DirectoryExists(directory)) disk.CreateDirectory(directory);
-}
-
-// One of the two files of a save.
-struct Copy {
-  std::string Destination;  ///< the primary or the backup directory
-  std::string Directory;    ///< below it
-  std::string Path;
-};
-
-std::vector<Copy> CopiesOf(const SubjectRecord& record, const ProjectParameters& project) {
-  std::vector<Copy> copies;
-  for (const std::string& destination : {project.PrimaryDir, project.BackupDir}) {
-    if (!copies.empty() && IsNoDirectory(destination)) continue;
-    const std::string directory =
-        record.UnfinishedNote.empty() ? SubjectDirectory(destination) : UnfinishedDirectory(destination);
-    copies.push_back({destination, directory, JoinPath(directory, SubjectFileName(project, record.SubjectId))});
-  }
-  return copies;
-}
-
-void WriteCopy(Disk& disk, const Copy& copy, const std::string& content) {
-  RequireDirectory(disk, copy.Destination, FileOperation::Write, copy.Path);
-  EnsureDirectory(disk, SubjectDirectory(copy.Destination));
-  EnsureDirectory(disk, copy.Directory);
-  disk.Write(copy.Path, content);
-}
 
 // What a save would replace; no content when nothing would be lost.
 struct Replaced {
@@ -65,9 +36,9 @@ Replaced FindReplaced(Disk& disk, const std::string& path, const std::string& co
 
 // All questions come before the first file is written, so that No leaves everything as it is. Also false when a file
 // cannot be read and the user cancels.
-bool MayReplace(const std::vector<Copy>& copies, const std::string& content, std::vector<KnownFile> known,
+bool MayReplace(const std::vector<SubjectCopy>& copies, const std::string& content, std::vector<KnownFile> known,
                 const Platform& platform) {
-  for (const Copy& copy : copies) {
+  for (const SubjectCopy& copy : copies) {
     Replaced replaced;
     if (!WithRetry(platform.Boxes, [&] { replaced = FindReplaced(platform.Files, copy.Path, content, known); })) {
       return false;
@@ -90,51 +61,6 @@ bool MayReplace(const std::vector<Copy>& copies, const std::string& content, std
   return true;
 }
 
-// Case-sensitive on every file system: "a1" and "A1" are two subjects.
-void DeleteExactly(Disk& disk, const ProjectParameters& project, const std::string& directory,
-                   const std::string& fileName) {
-  const std::vector<std::string> names = ListSubjectFiles(disk, project, directory);
-  if (std::find(names.begin(), names.end(), fileName) != names.end()) disk.Delete(JoinPath(directory, fileName));
-}
-
-void RemoveIfEmpty(Disk& disk, const std::string& directory) {
-  if (disk.IsEmptyDirectory(directory)) disk.RemoveDirectory(directory);
-}
-
-// Each step can be retried separately. The primary directory comes last, since it shows what is left to do.
-bool RemoveUnfinishedCopies(Disk& disk, const ProjectParameters& project, const std::string& fileName,
-                            MessageBoxes& boxes, bool& emptied) {
-  const std::string primary = UnfinishedDirectory(project.PrimaryDir);
-  const std::string backup = UnfinishedDirectory(project.BackupDir);
-  const bool hasBackup = !IsNoDirectory(project.BackupDir);
-  std::vector<std::string> listed;
-  if (!WithRetry(boxes, [&] { listed = ListSubjectFiles(disk, project, primary); })) return false;
-  if (listed.empty()) return true;
-  const bool hasCopy = std::find(listed.begin(), listed.end(), fileName) != listed.end();
-  if (hasCopy && hasBackup && !WithRetry(boxes, [&] { DeleteExactly(disk, project, backup, fileName); })) return false;
-  if (hasCopy && !WithRetry(boxes, [&] { DeleteExactly(disk, project, primary, fileName); })) return false;
-  if (!WithRetry(boxes, [&] { emptied = disk.IsEmptyDirectory(primary); })) return false;
-  if (!emptied) return true;
-  if (hasBackup && !WithRetry(boxes, [&] { RemoveIfEmpty(disk, backup); })) return false;
-  return WithRetry(boxes, [&] { RemoveIfEmpty(disk, primary); });
-}
-
-bool WriteCopies(SubjectRecord& record, const ProjectParameters& project, const Platform& platform) {
-  const std::string content = FormatSubject(record, project);
-  const std::vector<Copy> copies = CopiesOf(record, project);
-  if (!MayReplace(copies, content, record.KnownFiles, platform)) return false;
-  for (const Copy& copy : copies) {
-    if (!WithRetry(platform.Boxes, [&] { WriteCopy(platform.Files, copy, content); })) return false;
-    NoteKnownFile(record, copy.Path, content);
-  }
-  // Not earlier: what the primary held is also what the backup holds.
-  std::erase_if(record.KnownFiles, [&](const KnownFile& file) {
-    const auto isAt = [&](const Copy& copy) { return copy.Path == file.Path; };
-    return file.Content != content && std::any_of(copies.begin(), copies.end(), isAt);
-  });
-  return true;
-}
-
 }  // namespace
 
 bool IsSubjectId(std::string_view text) {
@@ -148,12 +74,12 @@ SaveOutcome SaveSubject(SubjectRecord& record, const ProjectParameters& project,
   const bool complete = record.UnfinishedNote.empty();
   {
     const BusyPointer busy(platform.Pointer);
-    if (!WriteCopies(record, project, platform)) return outcome;
-    // Not earlier: until both complete copies exist, the unfinished ones are the only ones.
-    if (complete && !RemoveUnfinishedCopies(platform.Files, project, SubjectFileName(project, record.SubjectId),
-                                            platform.Boxes, outcome.UnfinishedEmptied)) {
-      return outcome;
-    }
+    const std::string content = FormatSubject(record, project);
+    if (!MayReplace(CopiesOf(record, project), content, record.KnownFiles, platform)) return outcome;
+    SubjectStore store(project, platform.Files);
+    const bool isStored = store.Save(record, platform.Boxes);
+    outcome.UnfinishedEmptied = store.HasEmptiedUnfinished();
+    if (!isStored) return outcome;
     // A failure is reported, but the subject is saved.
     WithRetry(platform.Boxes, [&] { DeleteAutosaveFile(platform.Files, paramDir); });
   }

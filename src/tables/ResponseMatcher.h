@@ -72,6 +72,7 @@ class ResponseMatcher {
   /// True for the key of a word of the project or of the table's study rows.
   [[nodiscard]] bool IsWord(std::string_view key) const { return FindIn(m_pool, key) > 0 || FindIn(m_others, key) > 0; }
   [[nodiscard]] const ListWords& Pool() const noexcept { return m_pool; }
+  [[nodiscard]] bool HasExactAccents() const noexcept { return m_exactAccents; }
 
  private:
   [[nodiscard]] int FindIn(const ListWords& list, std::string_view key) const;

@@ -64,6 +64,10 @@ class Disk {
   /// Creates or replaces the file atomically: a failure or a kill leaves the old file or the new one.
   enum class Durability { OnDisk, Buffered };
   void Write(std::string_view path, std::string_view content, Durability durability = Durability::OnDisk);
+  /// Likewise, for saving many files: does not delete leftovers of interrupted saves.
+  void WriteOneOfMany(const ResolvedPath& path, std::string_view content) {
+    Write(path, content, Durability::OnDisk, Leftovers::Keep);
+  }
   /// Overwrites an existing file or device, keeping links and permissions, or creates the file. Refuses other targets
   /// and read-only files before emptying them. A failed write leaves an empty file.
   void WriteInPlace(std::string_view path, std::string_view content);

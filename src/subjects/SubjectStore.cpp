@@ -1,0 +1,111 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "subjects/SubjectStore.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "platform/desktop/FileErrorBoxes.h"
+#include "project/ProjectLayout.h"
+#include "subjects/SubjectFile.h"
+#include "text/Encoding.h"
+
+namespace zova {
+
+namespace {
+
+// For `Sdata` and `Unfinished`; the primary and the backup directory are never created.
+void EnsureDirectory(Disk& disk, const std::string& directory) {
+  if (!disk.DirectoryExists(directory)) disk.CreateDirectory(directory);
+}
+
+// Case-sensitive on every file system: "a1" and "A1" are two subjects.
+void DeleteExactly(Disk& disk, const ProjectParameters& project, const std::string& directory,
+                   const std::string& fileName) {
+  const std::vector<std::string> names = ListSubjectFiles(disk, project, directory);
+  if (std::find(names.begin(), names.end(), fileName) != names.end()) disk.Delete(JoinPath(directory, fileName));
+}
+
+void RemoveIfEmpty(Disk& disk, const std::string& directory) {
+  if (disk.IsEmptyDirectory(directory)) disk.RemoveDirectory(directory);
+}
+
+}  // namespace
+
+std::vector<SubjectCopy> CopiesOf(const SubjectRecord& record, const ProjectParameters& project) {
+  std::vector<SubjectCopy> copies;
+  for (const std::string& destination : {project.PrimaryDir, project.BackupDir}) {
+    if (!copies.empty() && IsNoDirectory(destination)) continue;
+    const std::string directory =
+        record.UnfinishedNote.empty() ? SubjectDirectory(destination) : UnfinishedDirectory(destination);
+    copies.push_back({destination, directory, JoinPath(directory, SubjectFileName(project, record.SubjectId))});
+  }
+  return copies;
+}
+
+SubjectStore::OpenDirectory& SubjectStore::Open(const SubjectCopy& copy) {
+  const auto known = std::find_if(m_directories.begin(), m_directories.end(),
+                                  [&](const OpenDirectory& directory) { return directory.Path == copy.Directory; });
+  if (known != m_directories.end()) return *known;
+  RequireDirectory(m_disk, copy.Destination, FileOperation::Write, copy.Path);
+  EnsureDirectory(m_disk, SubjectDirectory(copy.Destination));
+  EnsureDirectory(m_disk, copy.Directory);
+  m_disk.RemoveLeftovers(copy.Directory);
+  OpenDirectory directory{copy.Directory, m_disk.Resolve(copy.Directory, FileOperation::Write), {}};
+  for (const std::string& name : m_disk.ListFiles(copy.Directory, "", "")) directory.Names.insert(UpperCase(name));
+  return m_directories.emplace_back(std::move(directory));
+}
+
+// A name that is there, in whatever case, is looked up as for any file; a new one needs no listing.
+void SubjectStore::Write(const SubjectCopy& copy, const std::string& content) {
+  OpenDirectory& directory = Open(copy);
+  const std::string name(LastPathComponent(copy.Path));
+  const bool isThere = directory.Names.contains(UpperCase(name));
+  const ResolvedPath path = isThere ? m_disk.Resolve(copy.Path, FileOperation::Write) : Below(directory.Resolved, name);
+  m_disk.WriteOneOfMany({copy.Path, path.Native}, content);
+}
+
+// Each step can be retried separately. The primary directory comes last, since it shows what is left to do.
+bool SubjectStore::RemoveUnfinishedCopies(const std::string& fileName, MessageBoxes& boxes) {
+  const std::string primary = UnfinishedDirectory(m_project.PrimaryDir);
+  const std::string backup = UnfinishedDirectory(m_project.BackupDir);
+  const bool hasBackup = !IsNoDirectory(m_project.BackupDir);
+  const auto list = [&] { m_unfinished = ListSubjectFiles(m_disk, m_project, primary); };
+  if (!m_unfinished && !WithRetry(boxes, list)) return false;
+  if (m_unfinished->empty()) return true;
+  const auto listed = std::find(m_unfinished->begin(), m_unfinished->end(), fileName);
+  const bool hasCopy = listed != m_unfinished->end();
+  if (hasCopy && hasBackup && !WithRetry(boxes, [&] { DeleteExactly(m_disk, m_project, backup, fileName); })) {
+    return false;
+  }
+  if (hasCopy && !WithRetry(boxes, [&] { DeleteExactly(m_disk, m_project, primary, fileName); })) return false;
+  if (hasCopy) m_unfinished->erase(listed);
+  if (!WithRetry(boxes, [&] { m_hasEmptied = m_disk.IsEmptyDirectory(primary); })) return false;
+  if (!m_hasEmptied) return true;
+  if (hasBackup && !WithRetry(boxes, [&] { RemoveIfEmpty(m_disk, backup); })) return false;
+  return WithRetry(boxes, [&] { RemoveIfEmpty(m_disk, primary); });
+}
+
+bool SubjectStore::WriteCopies(SubjectRecord& record, MessageBoxes& boxes) {
+  const std::string content = FormatSubject(record, m_project);
+  const std::vector<SubjectCopy> copies = CopiesOf(record, m_project);
+  for (const SubjectCopy& copy : copies) {
+    if (!WithRetry(boxes, [&] { Write(copy, content); })) return false;
+    NoteKnownFile(record, copy.Path, content);
+  }
+  // Not earlier: what the primary held is also what the backup holds.
+  std::erase_if(record.KnownFiles, [&](const KnownFile& file) {
+    const auto isAt = [&](const SubjectCopy& copy) { return copy.Path == file.Path; };
+    return file.Content != content && std::any_of(copies.begin(), copies.end(), isAt);
+  });
+  return true;
+}
+
+bool SubjectStore::Save(SubjectRecord& record, MessageBoxes& boxes) {
+  m_hasEmptied = false;
+  if (!WriteCopies(record, boxes)) return false;
+  // Not earlier: until both complete copies exist, the unfinished ones are the only ones.
+  return !record.UnfinishedNote.empty() || RemoveUnfinishedCopies(SubjectFileName(m_project, record.SubjectId), boxes);
+}
+
+}  // namespace zova

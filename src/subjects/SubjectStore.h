@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <optional>
+#include <string>
+#include <unordered_set>
+#include <vector>
+
+#include "platform/desktop/MessageBoxes.h"
+#include "platform/files/Disk.h"
+#include "subjects/SubjectRecord.h"
+
+namespace zova {
+
+/// One of the two files of a save.
+struct SubjectCopy {
+  std::string Destination;  ///< the primary or the backup directory
+  std::string Directory;    ///< below it: Sdata, or Unfinished for a record with a note
+  std::string Path;
+};
+
+/// The primary directory's copy, then the backup directory's if there is one.
+std::vector<SubjectCopy> CopiesOf(const SubjectRecord& record, const ProjectParameters& project);
+
+/// The save of subjects, which asks nothing but Retry: both copies are written, each atomically; then a completed
+/// subject's unfinished copies are deleted. Directories are looked up and listed once for all subjects of a store, so
+/// that saving many takes time linear in their number.
+class SubjectStore {
+ public:
+  /// `project` and `disk` must outlive the store.
+  SubjectStore(const ProjectParameters& project, Disk& disk) : m_project(project), m_disk(disk) {}
+
+  /// False when the user cancels after a fault; copies already written stay and are noted in the record.
+  bool Save(SubjectRecord& record, MessageBoxes& boxes);
+  /// The last save left the directory of unfinished subjects empty, and deleted it.
+  [[nodiscard]] bool HasEmptiedUnfinished() const noexcept { return m_hasEmptied; }
+
+ private:
+  struct OpenDirectory {
+    std::string Path;
+    ResolvedPath Resolved;
+    std::unordered_set<std::string> Names;  // upper-cased
+  };
+
+  bool WriteCopies(SubjectRecord& record, MessageBoxes& boxes);
+  bool RemoveUnfinishedCopies(const std::string& fileName, MessageBoxes& boxes);
+  void Write(const SubjectCopy& copy, const std::string& content);
+  OpenDirectory& Open(const SubjectCopy& copy);
+
+  const ProjectParameters& m_project;
+  Disk& m_disk;
+  std::vector<OpenDirectory> m_directories;              // that were written to
+  std::optional<std::vector<std::string>> m_unfinished;  // in the primary directory
+  bool m_hasEmptied = false;
+};
+
+}  // namespace zova

@@ -1,0 +1,146 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "tables/ImportPlan.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "project/ProjectLayout.h"
+#include "subjects/SubjectFile.h"
+#include "tables/ImportQuestions.h"
+#include "tables/ImportSubjects.h"
+#include "tables/ImportTotals.h"
+#include "tables/SubjectBuilder.h"
+#include "text/Encoding.h"
+#include "words/WordKey.h"
+
+namespace zova {
+
+namespace {
+
+// What a subject's file in Sdata holds; "" without one.
+std::string SavedContent(Disk& disk, const ImportContext& context, const std::string& fileName) {
+  std::string content;
+  if (context.Subjects.find(UpperCase(fileName)) != context.Subjects.end()) {
+    disk.Read(JoinPath(SubjectDirectory(context.Project.PrimaryDir), fileName), content);
+  }
+  return content;
+}
+
+SubjectAction ActionFor(Disk& disk, const ImportDraft& draft, const BuiltSubject& subject) {
+  const ImportContext& context = draft.Context;
+  if (subject.IsLeftOut) return SubjectAction::LeaveOut;
+  if (subject.IsIncomplete && !draft.Options.AcceptIncomplete) return SubjectAction::Refuse;
+  const std::string name = SubjectFileName(context.Project, subject.Record.SubjectId);
+  const bool isComplete = context.Subjects.find(UpperCase(name)) != context.Subjects.end();
+  const bool isUnfinished = context.Unfinished.find(UpperCase(name)) != context.Unfinished.end();
+  if (isComplete && SavedContent(disk, context, name) == FormatSubject(subject.Record, context.Project)) {
+    return SubjectAction::Same;
+  }
+  const bool isThere = isComplete || isUnfinished;
+  if (isThere && draft.Options.Existing != ExistingSubjects::Replace) return SubjectAction::Skip;
+  if (subject.IsIncomplete) return SubjectAction::Unfinished;
+  return isThere ? SubjectAction::Replace : SubjectAction::Write;
+}
+
+bool IsStored(SubjectAction action) noexcept {
+  return action != SubjectAction::Refuse && action != SubjectAction::Skip && action != SubjectAction::LeaveOut;
+}
+
+template <typename Row>
+void Append(std::vector<Row>& to, std::vector<Row>& from) {
+  to.insert(to.end(), std::make_move_iterator(from.begin()), std::make_move_iterator(from.end()));
+}
+
+void PlanSubjects(Disk& disk, ImportDraft& draft, std::array<std::size_t, kMaxVariables>& withoutLevel) {
+  ImportPlan& plan = draft.Plan;
+  const auto variables = static_cast<std::size_t>(draft.Context.Project.VariableCount);
+  SubjectBuilder builder(draft.Setup, draft.Survey, draft.Options, draft.Context, *draft.Matcher, plan.Findings);
+  BuiltSubject subject;
+  std::size_t next = 0;
+  ForEachSubject(disk, draft.Setup, draft.Survey, variables, [&](const SubjectRows& rows) {
+    if (next == plan.Subjects.size() || plan.Subjects[next].Original != rows.Original) {
+      throw TableError(draft.Setup.Path, rows.Line, "The table has changed while it was read");
+    }
+    PlannedSubject& planned = plan.Subjects[next++];
+    builder.Build(rows, planned.SubjectId, subject);
+    planned.Digest = rows.Digest;
+    planned.Action = ActionFor(disk, draft, subject);
+    ++plan.ActionCounts[static_cast<std::size_t>(planned.Action)];
+    for (std::size_t v = 0; v < variables; ++v) withoutLevel[v] += subject.Record.Levels[v] == 0 ? 1U : 0U;
+    if (IsStored(planned.Action)) {
+      Append(plan.Intrusions, subject.Intrusions);
+      Append(plan.StudyOrders, subject.StudyOrders);
+    }
+    return true;
+  });
+}
+
+// Decisions on what has become a word are passed over.
+void NoteNeedlessDecisions(ImportDraft& draft) {
+  for (const DecidedResponse& decided : draft.Context.Decided.All()) {
+    if (!draft.Matcher->IsWord(WordKey(decided.Response))) continue;
+    draft.Plan.Findings.Add({.Kind = CaseKind::Check,
+                             .Text = "'" + decided.Response + "' is a word; what was decided about it is passed over"});
+  }
+}
+
+void MakePlan(Disk& disk, ImportDraft& draft) {
+  draft.Plan = {};
+  if (!draft.Matcher) {
+    draft.Matcher =
+        std::make_shared<ResponseMatcher>(draft.Context.Words, draft.Survey.Studied, draft.Options.ExactAccents);
+  }
+  NoteTableFaults(disk, draft);
+  if (!draft.Setup.Columns.Faults.empty()) {
+    AddTotals(draft);
+    return;
+  }
+  AssignIdentifiers(draft);
+  NoteNeedlessDecisions(draft);
+  std::array<std::size_t, kMaxVariables> withoutLevel{};
+  PlanSubjects(disk, draft, withoutLevel);
+  AskQuestions(draft, withoutLevel);
+  AddTotals(draft);
+}
+
+void ReadTable(Disk& disk, ImportDraft& draft, const std::string& table) {
+  draft.Setup = SetUpTable(disk, table, draft.Options.Table, draft.Context.Project);
+  draft.Survey = {};
+  if (draft.Setup.Columns.Faults.empty()) {
+    draft.Survey = SurveyTable(disk, draft.Setup, !draft.Context.Words.IsEmpty());
+  }
+  draft.Matcher.reset();
+}
+
+}  // namespace
+
+bool ImportPlan::HasErrors() const noexcept {
+  return std::any_of(Findings.Cases.begin(), Findings.Cases.end(),
+                     [](const ImportCase& found) { return found.Kind == CaseKind::Error; });
+}
+
+ImportDraft DraftImport(Disk& disk, const std::string& table, const ImportOptions& options, ImportContext context) {
+  ImportDraft draft{.Options = options, .Context = std::move(context), .Setup = {}, .Survey = {}, .Plan = {}};
+  ReadTable(disk, draft, table);
+  MakePlan(disk, draft);
+  return draft;
+}
+
+void RefreshImport(Disk& disk, ImportDraft& draft) {
+  if (draft.Setup.Options != draft.Options.Table) ReadTable(disk, draft, draft.Setup.Path);
+  if (draft.Matcher && draft.Matcher->HasExactAccents() != draft.Options.ExactAccents) draft.Matcher.reset();
+  MakePlan(disk, draft);
+}
+
+std::size_t TakeProposals(const ImportPlan& plan, int distance, Responses& decided) {
+  std::size_t taken = 0;
+  for (const OpenResponse& open : plan.Findings.Responses) {
+    if (open.Decided || open.Near.size() != 1 || open.Near.front().Distance > distance) continue;
+    decided.Replace({open.Response, {Verdict::Item, open.Near.front().Item}, 0});
+    ++taken;
+  }
+  return taken;
+}
+
+}  // namespace zova

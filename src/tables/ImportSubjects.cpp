@@ -1,0 +1,135 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "tables/ImportSubjects.h"
+
+#include <algorithm>
+#include <set>
+
+#include "project/ProjectLayout.h"
+#include "subjects/SubjectFiles.h"
+#include "tables/SubjectBuilder.h"
+#include "tables/TableReader.h"
+#include "text/Encoding.h"
+
+namespace zova {
+
+namespace {
+
+void AddError(ImportDraft& draft, std::size_t row, const std::string& subject, std::string text) {
+  draft.Plan.Findings.Add({.Kind = CaseKind::Error, .Row = row, .Subject = subject, .Text = std::move(text)});
+}
+
+// Later imports keep the numbers of earlier ones; nobody gets the number of a subject that is there under its own name.
+void NumberSubjects(ImportDraft& draft) {
+  ImportPlan& plan = draft.Plan;
+  plan.OriginalIds = draft.Context.OriginalIds;
+  TextMap<std::string> known;
+  std::set<std::string> taken;
+  for (const OriginalId& id : plan.OriginalIds) {
+    known.emplace(id.Original, id.Subject);
+    taken.insert(id.Subject);
+  }
+  int next = 1;
+  const auto isFree = [&](const std::string& number) {
+    const std::string name = UpperCase(SubjectFileName(draft.Context.Project, number));
+    return !taken.contains(number) && !draft.Context.Subjects.contains(name) &&
+           !draft.Context.Unfinished.contains(name);
+  };
+  for (PlannedSubject& subject : plan.Subjects) {
+    if (const auto found = known.find(subject.Original); found != known.end()) {
+      subject.SubjectId = found->second;
+      continue;
+    }
+    while (!isFree(std::to_string(next))) ++next;
+    subject.SubjectId = std::to_string(next++);
+    plan.OriginalIds.push_back({subject.SubjectId, subject.Original});
+  }
+}
+
+void KeepIdentifiers(ImportDraft& draft) {
+  constexpr const char* kNumberThem = "; --ids number numbers the subjects";
+  TextMap<const PlannedSubject*> seen;
+  for (PlannedSubject& subject : draft.Plan.Subjects) {
+    subject.SubjectId = subject.Original;
+    if (!IsSubjectId(subject.Original)) {
+      AddError(draft, subject.Row, subject.Original,
+               subject.Original.empty() ? "the row has no subject"
+                                        : "'" + subject.Original + "' cannot be a subject's identifier" + kNumberThem);
+      continue;
+    }
+    const auto [other, isNew] = seen.emplace(UpperCase(subject.Original), &subject);
+    if (!isNew) {
+      AddError(draft, subject.Row, subject.Original,
+               "'" + subject.Original + "' and '" + other->second->Original + "' differ in case alone" + kNumberThem);
+    }
+    const std::string name = SubjectFileName(draft.Context.Project, subject.SubjectId);
+    for (const auto* files : {&draft.Context.Subjects, &draft.Context.Unfinished}) {
+      const auto file = files->find(UpperCase(name));
+      if (file == files->end() || file->second == name) continue;
+      AddError(draft, subject.Row, subject.Original,
+               "'" + subject.Original + "' differs from the file '" + file->second + "' in case alone" + kNumberThem);
+    }
+  }
+}
+
+std::string PartsText(Disk& disk, const TableSetup& setup) {
+  const std::vector<std::string> columns = FindPartColumns(disk, setup);
+  if (columns.empty()) return "; no column divides the table into parts that would fit";
+  std::string text = "; a part by --where would fit: ";
+  for (std::size_t i = 0; i < columns.size(); ++i) text.append(i == 0 ? "" : ", ").append(columns[i]);
+  return text;
+}
+
+// The number of tests that the table needs.
+int TestsNeeded(const ImportDraft& draft) {
+  if (draft.Options.Tests == TestsBy::Rank) return draft.Survey.MostLabels;
+  const std::vector<int> tests = TestsOfLabels(draft.Survey, kMaxTests);
+  const bool isBeyond = std::find(tests.begin(), tests.end(), 0) != tests.end();
+  return isBeyond || tests.empty() ? static_cast<int>(draft.Survey.Labels.size())
+                                   : *std::max_element(tests.begin(), tests.end());
+}
+
+}  // namespace
+
+void AssignIdentifiers(ImportDraft& draft) {
+  draft.Plan.Subjects.reserve(draft.Survey.Subjects.size());
+  for (const SeenText& seen : draft.Survey.Subjects) {
+    draft.Plan.Subjects.push_back({.Original = seen.Text, .SubjectId = {}, .Row = seen.Line});
+  }
+  const bool areNumbered = draft.Options.NumberIds || !draft.Context.OriginalIds.empty();
+  areNumbered ? NumberSubjects(draft) : KeepIdentifiers(draft);
+}
+
+void NoteTableFaults(Disk& disk, ImportDraft& draft) {
+  ImportFindings& findings = draft.Plan.Findings;
+  for (const ImportFault& fault : draft.Context.Faults) AddError(draft, fault.Row, {}, fault.Text);
+  for (const ColumnNote& fault : draft.Setup.Columns.Faults) {
+    findings.Add({.Kind = CaseKind::Error, .Column = fault.Column, .Text = fault.Text});
+  }
+  if (!draft.Setup.Columns.Faults.empty()) return;
+  const int tests = TestsNeeded(draft);
+  const int allowed = draft.Context.Project.TestCount;
+  if (tests > kMaxTests) {
+    AddError(
+        draft, 0, {},
+        "The table has " + std::to_string(tests) + " tests; a project has at most 15" + PartsText(disk, draft.Setup));
+  } else if (tests > allowed) {
+    AddError(draft, 0, {},
+             "The table has " + std::to_string(tests) + " tests; the project has " + std::to_string(allowed));
+  }
+  if (draft.Survey.Subjects.size() > static_cast<std::size_t>(kMaxSubjects)) {
+    AddError(draft, 0, {},
+             "The table has " + std::to_string(draft.Survey.Subjects.size()) +
+                 " subjects; a project has at most 32767" + PartsText(disk, draft.Setup));
+  }
+  const bool needsWords = draft.Options.Items == ItemsBy::Pool && !draft.Survey.HasNumbers;
+  if (needsWords && draft.Context.Words.IsEmpty() && draft.Survey.Rows > 0) {
+    AddError(draft, 0, {}, "The responses are words, but the project has no word list; --items position needs none");
+  }
+  const auto empty = draft.Survey.LabelIndices.find(std::string_view());
+  if (empty != draft.Survey.LabelIndices.end() && draft.Setup.Columns.Has(ColumnRole::Test)) {
+    AddError(draft, draft.Survey.Labels[empty->second].Line, {}, "the row has no test");
+  }
+}
+
+}  // namespace zova
