@@ -72,14 +72,6 @@ void KeepIdentifiers(ImportDraft& draft) {
   }
 }
 
-std::string PartsText(Disk& disk, const TableSetup& setup) {
-  const std::vector<std::string> columns = FindPartColumns(disk, setup);
-  if (columns.empty()) return "; no column divides the table into parts that would fit";
-  std::string text = "; a part by --where would fit: ";
-  for (std::size_t i = 0; i < columns.size(); ++i) text.append(i == 0 ? "" : ", ").append(columns[i]);
-  return text;
-}
-
 // The number of tests that the table needs.
 int TestsNeeded(const ImportDraft& draft) {
   if (draft.Options.Tests == TestsBy::Rank) return draft.Survey.MostLabels;

@@ -164,11 +164,13 @@ struct Parts {
   struct Part {
     TextMap<int> Labels;
     TextMap<int> Subjects;
+    TextMap<int> Studied;
   };
   TextMap<Part> ByValue;
   bool IsOut = false;
 
-  void Add(std::string_view value, std::string_view subject, const std::vector<std::string_view>& labels) {
+  void Add(std::string_view value, std::string_view subject, const std::vector<std::string_view>& labels,
+           std::string_view studied) {
     if (IsOut) return;
     auto found = ByValue.find(value);
     if (found == ByValue.end()) found = ByValue.emplace(value, Part{}).first;
@@ -177,8 +179,9 @@ struct Parts {
       if (part.Labels.find(label) == part.Labels.end()) part.Labels.emplace(label, 0);
     }
     if (part.Subjects.find(subject) == part.Subjects.end()) part.Subjects.emplace(subject, 0);
-    IsOut = ByValue.size() > kMaxPartValues || part.Labels.size() > kMaxTests ||
-            part.Subjects.size() > static_cast<std::size_t>(kMaxSubjects);
+    if (!studied.empty() && part.Studied.find(studied) == part.Studied.end()) part.Studied.emplace(studied, 0);
+    IsOut = ByValue.size() > kMaxPartValues || part.Studied.size() > static_cast<std::size_t>(kMaxItems) ||
+            part.Labels.size() > kMaxTests || part.Subjects.size() > static_cast<std::size_t>(kMaxSubjects);
     if (IsOut) ByValue.clear();
   }
 };
@@ -192,7 +195,7 @@ TableSurvey SurveyTable(Disk& disk, const TableSetup& setup, bool hasWordList) {
   return surveyor.Finish(hasWordList);
 }
 
-std::vector<std::string> FindPartColumns(Disk& disk, const TableSetup& setup) {
+std::string PartsText(Disk& disk, const TableSetup& setup) {
   TableReader reader(disk, setup);
   std::vector<Parts> parts(setup.Format.Names.size());
   std::vector<std::string_view> labels;
@@ -201,17 +204,21 @@ std::vector<std::string> FindPartColumns(Disk& disk, const TableSetup& setup) {
     for (const ResponseColumn& column : setup.Layout.Responses) {
       labels.push_back(column.TestLabel.empty() ? reader.Text(ColumnRole::Test) : column.TestLabel);
     }
+    const bool isStudy = KindOfRow(reader.Text(ColumnRole::TrialType)) == RowKind::Study;
+    const std::string_view studied =
+        isStudy ? reader.Text(static_cast<int>(setup.Layout.Responses.front().Column)) : std::string_view();
     for (std::size_t i = 0; i < parts.size(); ++i) {
-      parts[i].Add(reader.Text(static_cast<int>(i)), reader.Text(ColumnRole::Subject), labels);
+      parts[i].Add(reader.Text(static_cast<int>(i)), reader.Text(ColumnRole::Subject), labels, studied);
     }
   }
-  std::vector<std::string> names;
+  std::string text;
   for (std::size_t i = 0; i < parts.size(); ++i) {
     const int column = static_cast<int>(i);
     const bool isOwn = column == setup.Columns.Of(ColumnRole::Test);
-    if (!parts[i].IsOut && parts[i].ByValue.size() > 1 && !isOwn) names.push_back(setup.Format.Names[i]);
+    if (parts[i].IsOut || parts[i].ByValue.size() < 2 || isOwn) continue;
+    text.append(text.empty() ? "; a part by --where would fit: " : ", ").append(setup.Format.Names[i]);
   }
-  return names;
+  return text.empty() ? "; no column divides the table into parts that would fit" : text;
 }
 
 }  // namespace zova

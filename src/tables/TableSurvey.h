@@ -52,7 +52,8 @@ struct TableSurvey {
 /// Throws FileError.
 TableSurvey SurveyTable(Disk& disk, const TableSetup& setup, bool hasWordList);
 
-/// The columns by whose values the table falls into parts, each with at most 15 tests and 32,767 subjects.
-std::vector<std::string> FindPartColumns(Disk& disk, const TableSetup& setup);
+/// The columns by whose values the table falls into parts that each fit into a project, by tests, subjects and studied
+/// words, as the end of a sentence.
+std::string PartsText(Disk& disk, const TableSetup& setup);
 
 }  // namespace zova

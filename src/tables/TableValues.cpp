@@ -69,6 +69,13 @@ std::optional<int> MinuteOf(std::string_view text, const std::optional<TimeUnit>
   return std::min(static_cast<int>(std::floor(minutes)) + 1, maxMinutes);
 }
 
+std::optional<int> LastMinuteOf(std::string_view text, const std::optional<TimeUnit>& unit, char delimiter) {
+  if (!unit) return WholeNumber(text);
+  const auto time = DecimalNumber(text, delimiter != ',');
+  if (!time || *time < 0 || *time / MinuteLength(*unit) > kMaxMinutes) return std::nullopt;
+  return std::max(1, static_cast<int>(std::ceil(*time / MinuteLength(*unit))));
+}
+
 int LevelOf(std::string_view text, const ProjectParameters& project, std::size_t variable) {
   const int count = project.LevelCounts[variable];
   const auto find = [&](auto&& fits) {

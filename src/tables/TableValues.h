@@ -23,6 +23,9 @@ std::optional<int> WholeNumber(std::string_view text) noexcept;
 /// allowed where it is not the delimiter.
 std::optional<int> MinuteOf(std::string_view text, const std::optional<TimeUnit>& unit, int maxMinutes, char delimiter);
 
+/// The least number of minutes in which a recall at this time would lie; nullopt for a text that is no time.
+std::optional<int> LastMinuteOf(std::string_view text, const std::optional<TimeUnit>& unit, char delimiter);
+
 /// The level of a variable with this name, else with this number; 0 for none. `variable` counts from 0.
 int LevelOf(std::string_view text, const ProjectParameters& project, std::size_t variable);
 
