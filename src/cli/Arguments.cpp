@@ -12,18 +12,6 @@ namespace zova {
 
 namespace {
 
-// Splits at commas; no names for "".
-std::vector<std::string> SplitNames(std::string_view list) {
-  std::vector<std::string> names;
-  if (list.empty()) return names;
-  for (;;) {
-    const std::size_t end = std::min(list.find(','), list.size());
-    names.emplace_back(list.substr(0, end));
-    if (end == list.size()) return names;
-    list.remove_prefix(end + 1);
-  }
-}
-
 std::vector<Measure> ParseMeasures(const char* option, std::string_view list) {
   std::vector<Measure> measures;
   for (const std::string& name : SplitNames(list)) {
@@ -39,35 +27,6 @@ int GroupSizeOf(const std::string& text) {
   if (!size) throw UsageError(std::string("--group-size: ") + kGroupSizeFault);
   return *size;
 }
-
-constexpr std::size_t kColumn = 24;  // column of the explanations
-
-std::string NameFault(const std::string& file) { return file.empty() ? "a file needs a name" : ""; }
-
-// Options with one value each. A list is one value with commas, so that it cannot swallow the project's file. Values
-// are kept as typed, also an empty one, which the library's optional types would drop. The last value of a repeated
-// option counts.
-class OptionTable {
- public:
-  explicit OptionTable(CLI::App& app) : m_app(app) {}
-
-  template <typename Use>
-  CLI::Option* Add(const char* name, const char* kind, const std::string& description, Use use) {
-    return m_app.add_option_function<std::string>(name, use, description)->type_name(kind)->take_last();
-  }
-
-  CLI::Option* Add(const char* name, const char* kind, const std::string& description,
-                   std::optional<std::string>& target) {
-    return Add(name, kind, description, [&target](const std::string& value) { target = value; });
-  }
-
-  CLI::Option* AddFile(const char* name, const std::string& description, std::optional<std::string>& target) {
-    return Add(name, "FILE", description, target)->check(NameFault);
-  }
-
- private:
-  CLI::App& m_app;
-};
 
 void DeclareGroupOptions(OptionTable& options, Arguments& parsed) {
   CLI::Option* groupSize = options.Add(
@@ -102,14 +61,9 @@ void DeclareFurtherOptions(CLI::App& app, Arguments& parsed) {
 }
 
 void DeclareOptions(CLI::App& app, Arguments& parsed) {
-  app.allow_windows_style_options(false);  // "/data/Study.prm" is a file on every system
-  app.get_formatter()->column_width(kColumn);
-  app.add_option("PROJECT.prm", parsed.ProjectFile, "the project's file, in Param or in the primary directory")
-      ->option_text(" ")
-      ->check(NameFault)
-      ->required();
-
   OptionTable options(app);
+  options.AddArgument("PROJECT.prm", "the project's file, in Param or in the primary directory", parsed.ProjectFile)
+      ->required();
   options.Add("--measures", "WORD,...",
               "only these families of measures, by their words below\n(default: all that the project has data for)",
               [&parsed](const std::string& list) { parsed.Measures = ParseMeasures("--measures", list); });
@@ -139,15 +93,14 @@ void DeclareOptions(CLI::App& app, Arguments& parsed) {
       ->needs(means);
   DeclareFurtherOptions(app, parsed);
   DeclareGroupOptions(options, parsed);
-  app.set_help_flag("-h,--help", "print this text");
-  app.set_version_flag("--version", "", "print the version");
+  options.AddStandardFlags();
 }
 
 std::string Footer() {
   std::string text = "Words for --measures and --without, beside the names of the measure screen's boxes (chkBasic):\n";
   for (const MeasureBox& box : AllMeasureBoxes()) {
     const std::string name = "  " + std::string(box.Word);
-    text += name + std::string(kColumn - name.size(), ' ') + std::string(box.QuickHelp) + "\n";
+    text += name + std::string(kUsageColumn - name.size(), ' ') + std::string(box.QuickHelp) + "\n";
   }
   return text +
          "\nFiles are paths of this system or drive-letter paths (C:\\Data\\Study.prm). C: is the home directory and "
@@ -158,48 +111,17 @@ std::string Footer() {
          "masters are made, 1 when the run stopped or there is no data, 2 on wrong usage.";
 }
 
-// The arguments in the library's order, last first. It would skip the empty value of "--clean=" and use the next
-// argument instead.
-std::vector<std::string> ForLibrary(const std::vector<std::string>& arguments) {
-  std::vector<std::string> reversed;
-  const auto filesFrom = std::find(arguments.begin(), arguments.end(), "--");
-  for (auto argument = arguments.begin(); argument != arguments.end(); ++argument) {
-    const bool hasEmptyValue =
-        argument < filesFrom && argument->starts_with("--") && argument->find('=') == argument->size() - 1;
-    reversed.push_back(hasEmptyValue ? argument->substr(0, argument->size() - 1) : *argument);
-    if (hasEmptyValue) reversed.emplace_back();
-  }
-  std::reverse(reversed.begin(), reversed.end());
-  return reversed;
-}
-
 }  // namespace
 
 Arguments ParseArguments(const std::vector<std::string>& arguments) {
   Arguments parsed;
   CLI::App app;
   DeclareOptions(app, parsed);
-  try {
-    app.parse(ForLibrary(arguments));
-  } catch (const CLI::CallForHelp&) {
-    parsed.Help = true;
-    return parsed;
-  } catch (const CLI::CallForVersion&) {
-    parsed.Version = true;
-    return parsed;
-  } catch (const CLI::ExtrasError&) {  // its text lists the arguments in reverse
-    const std::vector<std::string> extra = app.remaining();
-    throw UsageError(
-        "unexpected argument: " +
-        *std::find_if(extra.begin(), extra.end(), [](const std::string& argument) { return argument != "--"; }));
-  } catch (const CLI::ParseError& error) {
-    throw UsageError(error.what());
-  }
+  const ParsedLine line = ParseLine(app, arguments, {&parsed.ProjectFile});
+  parsed.Help = line == ParsedLine::Help;
+  parsed.Version = line == ParsedLine::Version;
+  if (line != ParsedLine::Work) return parsed;
   if (parsed.Further && !parsed.CleanFile && !parsed.Means) throw UsageError("--further requires --clean or --means");
-  // The library does not treat "-" and negative numbers as options.
-  if (parsed.ProjectFile.starts_with('-') && std::find(arguments.begin(), arguments.end(), "--") == arguments.end()) {
-    throw UsageError("unexpected argument: " + parsed.ProjectFile);
-  }
   return parsed;
 }
 

@@ -2,19 +2,13 @@
 #pragma once
 
 #include <optional>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
+#include "cli/OptionTable.h"
 #include "master/columns/MeasureSelection.h"
 
 namespace zova {
-
-/// Wrong usage of the command; the text names the fault.
-class UsageError : public std::runtime_error {
- public:
-  using std::runtime_error::runtime_error;
-};
 
 /// The command line of zova-master.
 struct Arguments {

@@ -1,0 +1,157 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// zova-import: imports recalls from a table into a project, for scripts and servers.
+
+#include <exception>
+#include <iostream>
+#include <utility>
+
+#include "cli/CommandLine.h"
+#include "cli/NoDesktop.h"
+#include "cli/Terminal.h"
+#include "cli/import/ImportArguments.h"
+#include "master/groups/SavedOrders.h"
+#include "platform/desktop/FileErrorBoxes.h"
+#include "project/ProjectFile.h"
+#include "project/ProjectOpening.h"
+#include "session/Version.h"
+#include "tables/ImportPlan.h"
+#include "tables/ImportReport.h"
+#include "tables/ImportRun.h"
+#include "tables/NewProjectFromTable.h"
+#include "text/Counted.h"
+
+namespace zova {
+namespace {
+
+constexpr int kDone = 0;
+constexpr int kStopped = 1;
+constexpr int kWrongUsage = 2;
+
+class ImportCommand {
+ public:
+  explicit ImportCommand(ImportArguments arguments)
+      : m_arguments(std::move(arguments)), m_disk(m_layer, DriveMap::FromEnvironment()) {}
+
+  int Run() {
+    m_table = FilePath(m_arguments.Table);
+    try {
+      if (!(m_arguments.NewProject ? ProposeNew() : OpenProject())) return kStopped;
+      if (m_arguments.ResponsesFile) AddDecisions(m_disk, FilePath(*m_arguments.ResponsesFile), m_context);
+      return Import();
+    } catch (const FileError& error) {
+      Print(FormatImportReport(error));
+      Warn(m_terminal, FaultText(error));
+      return kStopped;
+    }
+  }
+
+ private:
+  [[nodiscard]] std::string FilePath(const std::string& text) const {
+    return m_disk.Drives().ToDrivePath(AbsolutePath(text));
+  }
+
+  static void Print(const std::string& report) {
+    SetStandardOutputBinary();
+    std::cout << report;
+  }
+
+  bool OpenProject() {
+    const ProjectParameters project = ReadProjectFile(m_disk, FilePath(m_arguments.ProjectFile));
+    if (!MayOpenProject(project, m_terminal)) return false;
+    if (const std::string reason = ViewOnlyReason(project); !reason.empty()) {
+      Warn(m_terminal, reason);
+      return false;
+    }
+    m_context = ReadImportContext(m_disk, project);
+    m_context.SavedOrder = ReadSavedSerialOrder(m_disk, project);
+    return true;
+  }
+
+  bool ProposeNew() {
+    WordList words;
+    if (m_arguments.WordsFile) words = ReadNewWords(m_disk, FilePath(*m_arguments.WordsFile));
+    const TableSetup setup = SetUpTable(m_disk, m_table, m_arguments.Options.Table, {});
+    ProjectProposal proposal = ProposeProject(m_disk, setup, m_arguments.Options, std::move(words));
+    for (const std::string& name : m_arguments.Variables) {
+      if (!proposal.Fault.empty() || AddVariable(proposal, name)) continue;
+      proposal.Fault = "'" + name + "' is no column with one value for each subject and 2 to 10 in all.";
+    }
+    if (proposal.Fault.empty()) {
+      proposal.Fault = PlaceProject(m_disk, proposal.Project, *m_arguments.NewProject, FilePath(*m_arguments.Directory),
+                                    ParamDirectory());
+    }
+    m_context = NewImportContext(proposal.Project, std::move(proposal.Words));
+    m_context.Notes = std::move(proposal.Notes);
+    if (!proposal.Fault.empty()) m_context.Faults.push_back({proposal.Fault});
+    for (const VariableOffer& offer : proposal.Variables) {
+      m_context.Notes.push_back("'" + offer.Name +
+                                "' could be a variable: " + Counted(offer.Levels.size(), "level", "levels"));
+    }
+    return true;
+  }
+
+  [[nodiscard]] std::string ParamDirectory() const {
+    return FilePath(m_arguments.ParamDirectory.value_or(*m_arguments.Directory));
+  }
+
+  int Import() {
+    ImportDraft draft = DraftImport(m_disk, m_table, m_arguments.Options, std::move(m_context));
+    Print(FormatImportReport(draft.Plan));
+    if (m_arguments.UnmatchedFile) m_disk.Write(FilePath(*m_arguments.UnmatchedFile), FormatUnmatched(draft.Plan));
+    if (!draft.Plan.MayBeWritten()) {
+      std::cerr << "Something is undecided or wrong: see the report.  Nothing was written.\n";
+      return kStopped;
+    }
+    if (m_arguments.IsDryRun) return kDone;
+    if (m_arguments.NewProject &&
+        !CreateProject(m_disk, m_terminal, draft.Context.Project, draft.Context.Words, ParamDirectory())) {
+      return kStopped;
+    }
+    const ImportOutcome outcome = RunImport(draft, m_platform);
+    std::cerr << Counted(outcome.Written, "subject was", "subjects were") << " imported.\n";
+    return outcome.Completed ? kDone : kStopped;
+  }
+
+  ImportArguments m_arguments;
+  NativeFileLayer m_layer;
+  Disk m_disk;
+  Terminal m_terminal;
+  NoDesktop m_desktop;
+  Platform m_platform{m_disk, m_terminal, m_desktop, m_desktop, m_desktop, m_desktop, m_terminal};
+  std::string m_table;
+  ImportContext m_context;
+};
+
+int RunCommand(const std::vector<std::string>& texts) {
+  try {
+    ImportArguments arguments = ParseImportArguments(texts);
+    if (arguments.Help) {
+      std::cout << ImportUsageText();
+      return kDone;
+    }
+    if (arguments.Version) {
+      std::cout << "zova-import " << kVersion << '\n';
+      return kDone;
+    }
+    return ImportCommand(std::move(arguments)).Run();
+  } catch (const UsageError& error) {
+    std::cerr << "zova-import: " << Printable(error.what()) << "\nTry 'zova-import --help'.\n";
+    return kWrongUsage;
+  }
+}
+
+}  // namespace
+}  // namespace zova
+
+int main(int argc, char** argv) {
+  try {
+    const int result = zova::RunCommand(zova::CommandLineArguments(argc, argv));
+    std::cout.flush();
+    if (std::cout) return result;
+    std::cerr << "zova-import: standard output cannot be written\n";
+  } catch (const std::exception& error) {  // out of memory, or a bug: never end silently
+    std::cerr << "zova-import: " << error.what() << '\n';
+  }
+  return 1;
+}
