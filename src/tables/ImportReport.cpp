@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "platform/desktop/FileErrorBoxes.h"
 #include "text/Csv.h"
 
 namespace zova {
@@ -76,7 +77,10 @@ std::string FormatImportReport(const ImportPlan& plan) {
 
 std::string FormatImportReport(const FileError& error) {
   ReportRows rows;
-  ImportCase found{.Text = "'" + error.Path() + "': " + (error.Detail().empty() ? error.what() : error.Detail())};
+  ImportCase found{.Text = FaultText(error)};
+  for (std::size_t end = found.Text.find('\n'); end != std::string::npos; end = found.Text.find('\n', end)) {
+    found.Text.replace(end, 1, ": ");
+  }
   constexpr std::string_view kLine = "Line ";
   const std::string_view detail = error.Detail();
   if (detail.starts_with(kLine)) {

@@ -46,7 +46,8 @@ class Companions {
     ReplaceRows(intrusions, isReplaced, RowsFor(plan.Intrusions, subjects));
     std::vector<StudyOrder> orders = context.StudyOrders;
     ReplaceRows(orders, isReplaced, RowsFor(plan.StudyOrders, subjects));
-    return Store(CompanionFile::Responses, FormatResponses(DecisionsToKeep()), context.Decided.All().empty()) &&
+    const Responses decided = DecisionsToKeep();
+    return Store(CompanionFile::Responses, FormatResponses(decided), decided.All().empty()) &&
            Store(CompanionFile::Subjects, FormatOriginalIds(plan.OriginalIds), plan.OriginalIds.empty()) &&
            Store(CompanionFile::Intrusions, FormatIntrusions(intrusions), intrusions.empty()) &&
            Store(CompanionFile::StudyOrder, FormatStudyOrders(orders), orders.empty());

@@ -23,10 +23,12 @@ namespace {
 
 // Categories need equal sizes; the items of one stand together, in the order of their first rows.
 void OrderByCategory(const ProposalSurvey& survey, ProjectProposal& proposal) {
+  const auto hasNone = [](const StudiedWord& word) { return word.Category.empty(); };
+  if (std::all_of(survey.Words.begin(), survey.Words.end(), hasNone)) return;
   std::vector<std::string> names;
   std::map<std::string, std::vector<Word>> members;
   for (const StudiedWord& word : survey.Words) {
-    if (word.Category.empty()) {
+    if (hasNone(word)) {
       proposal.Notes.push_back("made without categories: '" + word.Text + "' has none");
       return;
     }

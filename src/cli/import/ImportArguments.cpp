@@ -86,6 +86,7 @@ void DeclareOptions(CLI::App& app, ImportArguments& parsed) {
   options
       .Add("--variables", "A,B", "columns that are between-subject variables of the new project",
            [&parsed](const std::string& list) { parsed.Variables = SplitNames(list); })
+      ->option_text("A,B")
       ->needs(project);
   options.AddStandardFlags();
 }

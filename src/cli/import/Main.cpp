@@ -2,6 +2,7 @@
 //
 // zova-import: imports recalls from a table into a project, for scripts and servers.
 
+#include <algorithm>
 #include <exception>
 #include <iostream>
 #include <utility>
@@ -84,7 +85,9 @@ class ImportCommand {
     m_context = NewImportContext(proposal.Project, std::move(proposal.Words));
     m_context.Notes = std::move(proposal.Notes);
     if (!proposal.Fault.empty()) m_context.Faults.push_back({proposal.Fault});
+    const auto& names = m_context.Project.VariableNames;
     for (const VariableOffer& offer : proposal.Variables) {
+      if (std::find(names.begin(), names.end(), offer.Name) != names.end()) continue;
       m_context.Notes.push_back("'" + offer.Name +
                                 "' could be a variable: " + Counted(offer.Levels.size(), "level", "levels"));
     }
