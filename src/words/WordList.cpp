@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <unordered_map>
 
+#include "platform/desktop/FileErrorBoxes.h"
 #include "text/Csv.h"
 #include "words/CompanionCsv.h"
 #include "words/WordKey.h"
@@ -111,6 +112,19 @@ WordList ReadWordList(Disk& disk, const ProjectParameters& project) {
   return LoadCompanion(disk, project, CompanionFile::Words,
                        [&](std::string_view bytes) { return ParseWordList(bytes, project); })
       .value_or(WordList{});
+}
+
+WordList WordListOf(const ProjectParameters& project, Disk& disk, MessageBoxes& boxes) {
+  WordList list;
+  WithRetry(boxes, [&] {
+    try {
+      list = ReadWordList(disk, project);
+    } catch (const FileError& fault) {
+      if (fault.Cause() != FileCause::EndOfData) throw;
+      Warn(boxes, kUnusedWordList, FaultText(fault));
+    }
+  });
+  return list;
 }
 
 }  // namespace zova

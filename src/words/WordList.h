@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/desktop/MessageBoxes.h"
 #include "platform/files/Disk.h"
 #include "project/ProjectParameters.h"
 
@@ -52,5 +53,8 @@ std::string FormatWordList(const WordList& list);
 
 /// The project's word list; an empty one when it has none. Throws FileError.
 WordList ReadWordList(Disk& disk, const ProjectParameters& project);
+inline constexpr const char* kUnusedWordList = "The word list is not used: one of its lines does not fit.";
+/// As ReadWordList, with Retry. A file that does not fit is reported and counts as none.
+WordList WordListOf(const ProjectParameters& project, Disk& disk, MessageBoxes& boxes);
 
 }  // namespace zova

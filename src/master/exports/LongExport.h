@@ -7,13 +7,15 @@
 #include "master/exports/FurtherData.h"
 #include "master/exports/ScoredSubject.h"
 #include "project/ProjectParameters.h"
+#include "words/WordList.h"
 
 namespace zova {
 
 /// The recall protocols for other programs: a tidy CSV (RFC 4180) in the layout that toolkits for free recall import.
-/// Columns: subject, list (the test), trial_type ("study" or "recall"), position, item; category in a categorised
-/// project; lure (1 or 0) in a false-memory project; minute and rating if recorded; order, whose order of study the
-/// list has; then the variables with level names.
+/// Columns: subject, list (the test), trial_type ("study" or "recall"), position, item; word in a project with a word
+/// list; category in a categorised project, and category_name where the list names it; lure (1 or 0) in a false-memory
+/// project; minute and rating if recorded; order, whose order of study the list has; then the variables with level
+/// names.
 ///
 /// For each subject and test, one row per studied item (not lures) by its position among them, then one row per
 /// recalled item by its position as typed. Where the order of study is not known, it is the first order, that of the
@@ -22,7 +24,7 @@ namespace zova {
 class LongExport {
  public:
   /// `data` has the orders of study, and must outlive this.
-  LongExport(const ProjectParameters& project, const FurtherData& data);
+  LongExport(const ProjectParameters& project, const FurtherData& data, WordList words = {});
 
   /// Without its line end.
   [[nodiscard]] std::string Header() const;
@@ -39,10 +41,11 @@ class LongExport {
 
   const ProjectParameters& m_project;
   const FurtherData& m_data;
+  WordList m_words;
   bool m_hasLures;
   std::size_t m_listsWithoutOrder = 0;
   // Rows are built from cached texts: there are millions of them.
-  std::vector<std::string> m_items;   // by item: item, category, lure
+  std::vector<std::string> m_items;   // by item: item, word, category, lure
   std::vector<std::string> m_places;  // by position - 1: a recall row up to the item
   std::vector<std::string> m_study;   // study rows between test and order, in the order of most subjects
   std::vector<std::string> m_own;     // the same of one list
