@@ -21,6 +21,7 @@
 #include "app/screens/MeasurePanel.h"
 #include "app/screens/OrderPanel.h"
 #include "app/screens/WizardPanel.h"
+#include "app/screens/WordsPanel.h"
 #include "app/widgets/Controls.h"
 
 namespace zova {
@@ -55,7 +56,8 @@ MainWindow::MainWindow(Session& session, QtProgress& progress)
       m_order(Add(new OrderPanel(session.Masters()))),
       m_groups(Add(new GroupPanel(session.Masters()))),
       m_blank(Add(new BlankPanel)),
-      m_means(Add(new MeansPanel(session))) {
+      m_means(Add(new MeansPanel(session))),
+      m_words(Add(new WordsPanel(session))) {
   Add(new CopyingPanel(progress));
   setObjectName("frmZova");
   setCentralWidget(m_panels);
@@ -84,7 +86,7 @@ Panel* MainWindow::PanelOf(Screen screen) const {
     case Screen::Entry: return m_entry;
     case Screen::Masters: return PanelOf(m_session.Masters().CurrentStage());
     case Screen::Means: return m_means;
-    case Screen::Words:
+    case Screen::Words: return m_words;
     case Screen::Import:
     case Screen::Subjects:
     case Screen::Compare: break;

@@ -62,6 +62,7 @@ class MainWindow : public QMainWindow {
   Panel* m_groups;
   Panel* m_blank;
   Panel* m_means;
+  Panel* m_words;
   bool m_running = false;
   std::string m_shownProject;  // in the headers of all panels
 };

@@ -6,6 +6,7 @@
 #include <iterator>
 
 #include "text/Cells.h"
+#include "text/Encoding.h"
 #include "text/LeadingNumber.h"
 
 namespace zova {
@@ -13,6 +14,15 @@ namespace zova {
 std::string NumberCell(int number) { return number == 0 ? std::string() : std::to_string(number); }
 
 std::int16_t CellNumber(const std::string& text) { return LeadingInteger16(text).value_or(0); }
+
+bool IsNumber(std::string_view text) {
+  return std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
+}
+
+bool IsPrintable(std::string_view text) {
+  return std::none_of(text.begin(), text.end(),
+                      [](char c) { return static_cast<unsigned char>(c) < ' ' || c == '\x7F'; });
+}
 
 TypedGrid::TypedGrid(MessageBoxes& boxes, Desktop& desktop, GridRules rules)
     : m_boxes(boxes), m_desktop(desktop), m_rules(std::move(rules)) {}
@@ -54,8 +64,30 @@ bool TypedGrid::Refuse(const std::string& message, const std::string& details) {
 
 void TypedGrid::SetEntryText(std::string_view text) {
   m_text.clear();
-  std::copy_if(text.begin(), text.end(), std::back_inserter(m_text), m_rules.IsTyped);
   ++m_revision;
+  if (m_rules.IsTyped(text)) {
+    m_text = text;
+    return;
+  }
+  while (!text.empty()) {
+    const std::string_view character = FirstCharacters(text, 1);
+    m_text += character;
+    if (!m_rules.IsTyped(m_text)) m_text.resize(m_text.size() - character.size());
+    text.remove_prefix(character.size());
+  }
+}
+
+bool TypedGrid::IsPastedIntoBox(std::string_view text) const {
+  constexpr std::size_t kDigits = 5;
+  return !text.empty() && m_rules.IsTyped(text) && (!IsNumber(text) || text.size() <= kDigits);
+}
+
+void TypedGrid::Escape() {
+  if (m_rules.CloseChoices && m_rules.CloseChoices()) {
+    ++m_revision;
+  } else {
+    SetEntryText({});
+  }
 }
 
 void TypedGrid::PlaceCursor(GridCell cell) {
@@ -74,7 +106,11 @@ void TypedGrid::SelectTo(GridCell cell) {
 }
 
 void TypedGrid::Move(int lines, int columns) {
-  if (m_text.empty()) PlaceCursor({m_cursor.Line + lines, m_cursor.Column + columns});
+  if (m_text.empty()) {
+    PlaceCursor({m_cursor.Line + lines, m_cursor.Column + columns});
+  } else if (columns == 0 && m_rules.MoveChoice && m_rules.MoveChoice(lines)) {
+    ++m_revision;
+  }
 }
 
 void TypedGrid::Step(int direction) {
@@ -116,7 +152,12 @@ bool TypedGrid::EnterText(const std::string& refusalDetails) {
   std::vector<CellEdit> edits;
   for (GridCell cell{block.FirstLine, block.FirstColumn}; cell.Line <= std::min(block.LastLine, m_lines); ++cell.Line) {
     CellInput input = m_rules.Typed(cell, text);
-    if (!input.Refusal.empty()) return Refuse(input.Refusal, refusalDetails);
+    if (!input.Refusal.empty()) {
+      if (!input.KeepsText) return Refuse(input.Refusal, refusalDetails);
+      m_text = text;
+      ++m_keptRevision;
+      return Refuse(input.Refusal, input.Details);
+    }
     edits.push_back({cell, std::move(input.Text)});
   }
   Apply(std::move(edits));
@@ -154,6 +195,18 @@ void TypedGrid::Paste(std::string_view text) {
   // Empty lines at the end come from the spreadsheet and blank no cells.
   text = text.substr(0, text.find_last_not_of(m_rules.PastesBlanks ? "\r\n" : " \r\n") + 1);
   if (text.empty()) return;
+  const auto refuse = [this](const std::string& refusal, int line) {
+    Refuse(refusal, "Line " + std::to_string(line) + " of the pasted data.");
+  };
+  const auto take = [this](std::vector<CellEdit>&& edits) {
+    m_text.clear();  // the next Enter would overwrite what was pasted
+    ++m_revision;
+    Apply(std::move(edits));
+  };
+  if (m_rules.PastedAll) {
+    PastedBlock block = m_rules.PastedAll({m_selection.FirstLine, m_selection.FirstColumn}, text);
+    return block.Refusal.empty() ? take(std::move(block.Edits)) : refuse(block.Refusal, block.Line);
+  }
   const char separator = CellSeparator(text);
   const GridCell start{m_selection.FirstLine, m_selection.FirstColumn};
   std::vector<CellEdit> edits;
@@ -161,16 +214,11 @@ void TypedGrid::Paste(std::string_view text) {
     LineCells cells(NextLine(text), separator);
     for (GridCell cell{line, start.Column}; const auto content = cells.Next(); ++cell.Column) {
       CellInput input = m_rules.Pasted(cell, *content);
-      if (!input.Refusal.empty()) {
-        Refuse(input.Refusal, "Line " + std::to_string(line - start.Line + 1) + " of the pasted data.");
-        return;
-      }
+      if (!input.Refusal.empty()) return refuse(input.Refusal, line - start.Line + 1);
       edits.push_back({cell, std::move(input.Text)});
     }
   }
-  m_text.clear();  // the next Enter would overwrite what was pasted
-  ++m_revision;
-  Apply(std::move(edits));
+  take(std::move(edits));
 }
 
 void TypedGrid::Apply(std::vector<CellEdit>&& edits) {

@@ -43,11 +43,20 @@ struct GridColumn {
 struct CellInput {
   std::string Text;
   std::string Refusal = {};
+  std::string Details = {};  ///< of the refusal
+  bool KeepsText = false;    ///< a refused text stays in the box, selected
 };
 
 struct CellEdit {
   GridCell Cell;
   std::string Text;
+};
+
+/// The cells that a pasted block would change, or the message that refuses it, and the line at fault, from 1.
+struct PastedBlock {
+  std::vector<CellEdit> Edits;
+  std::string Refusal = {};
+  int Line = 0;
 };
 
 /// A cell of a page before and after a change.
@@ -62,22 +71,31 @@ struct CellChange {
 std::string NumberCell(int number);
 std::int16_t CellNumber(const std::string& text);
 
+/// Which texts a box takes: numbers, and texts without control characters.
+bool IsNumber(std::string_view text);
+bool IsPrintable(std::string_view text);
+
 /// The rules of one screen's grid. The screen owns the cells; the grid sees only their texts, "" for a blank. Equal
 /// cells have equal texts.
 struct GridRules {
-  std::function<std::string(int page, GridCell cell)> Text;  ///< also of column 0
+  std::function<std::string(int page, GridCell cell)> Text;        ///< also of column 0
+  std::function<std::string(int page, GridCell cell)> Shown = {};  ///< on the screen, where that is not Text
   std::function<void(int page, GridCell cell, const std::string& text)> SetText;
   /// The box's text as input for a cell of the selection, which lies in one column.
   std::function<CellInput(GridCell cell, const std::string& text)> Typed;
   /// A pasted text as input for a cell, which may be beyond the last line or column.
-  std::function<CellInput(GridCell cell, std::string_view text)> Pasted;
+  std::function<CellInput(GridCell cell, std::string_view text)> Pasted = {};
   /// Where the cursor goes after Enter; the grid clamps it to its edges.
   std::function<GridCell(GridCell entered)> Next = [](GridCell cell) { return GridCell{cell.Line + 1, cell.Column}; };
   /// Whether Tab stops in the column on the current page.
   std::function<bool(int column)> IsUsed = [](int) { return true; };
-  std::function<bool(char c)> IsTyped = [](char c) {
-    return c >= '0' && c <= '9';
-  };  ///< whether the box accepts the character
+  /// Whether the box takes the text, which may be an incomplete one.
+  std::function<bool(std::string_view text)> IsTyped = IsNumber;
+  /// For a grid whose pastes are more than cells from the selection on; replaces Pasted.
+  std::function<PastedBlock(GridCell start, std::string_view text)> PastedAll = {};
+  /// Choices for the box's text: moves in them, closes them. False when there are none.
+  std::function<bool(int lines)> MoveChoice = {};
+  std::function<bool()> CloseChoices = {};
 
   bool TabStaysAtEnds = true;  ///< Tab stays in the last cell, Shift+Tab in the first; else it leads where Enter does
   bool DeleteBlanks = true;    ///< Delete blanks the selection when the box is empty
@@ -109,6 +127,9 @@ class TypedGrid {
   [[nodiscard]] const std::vector<GridColumn>& Columns() const noexcept { return m_columns; }
   [[nodiscard]] int LastColumn() const noexcept { return static_cast<int>(m_columns.size()) - 1; }
   [[nodiscard]] std::string Text(GridCell cell) const { return m_rules.Text(m_page, cell); }
+  [[nodiscard]] std::string ShownText(GridCell cell) const {
+    return m_rules.Shown ? m_rules.Shown(m_page, cell) : Text(cell);
+  }
   [[nodiscard]] bool IsUsed(int column) const { return m_rules.IsUsed(column); }
   [[nodiscard]] GridCell Cursor() const noexcept { return m_cursor; }
   [[nodiscard]] const GridBlock& Selection() const noexcept { return m_selection; }
@@ -123,7 +144,13 @@ class TypedGrid {
   [[nodiscard]] const std::string& EntryText() const noexcept { return m_text; }
   /// Drops characters that may not be typed.
   void SetEntryText(std::string_view text);
-  [[nodiscard]] bool IsTyped(char c) const { return m_rules.IsTyped(c); }
+  [[nodiscard]] bool IsTyped(std::string_view text) const { return m_rules.IsTyped(text); }
+  /// Whether a pasted text goes into the box; else it is cells.
+  [[nodiscard]] bool IsPastedIntoBox(std::string_view text) const;
+  /// Increases when a refused text stays in the box, to be selected.
+  [[nodiscard]] int KeptRevision() const noexcept { return m_keptRevision; }
+  /// The Escape key: closes the choices, else empties the box.
+  void Escape();
 
   /// Puts the box's text into the selection, or into the cursor's cell and moves on. False when the text is refused or
   /// the selection spans several columns.
@@ -134,7 +161,7 @@ class TypedGrid {
   /// cursor's cell. A refusal quotes the text.
   bool EnterTextBeforeLeaving();
   void PlaceCursor(GridCell cell);
-  /// The arrow keys. No effect with text in the box.
+  /// The arrow keys. With text in the box they move in its choices, if there are any.
   void Move(int lines, int columns);
   /// Tab and Shift+Tab: enters the pending text, then goes to the next or previous cell of the columns in use.
   void Step(int direction);
@@ -185,6 +212,7 @@ class TypedGrid {
   int m_openingRevision = 0;
   int m_jumpRevision = 0;
   int m_revision = 0;
+  int m_keptRevision = 0;
 };
 
 }  // namespace zova

@@ -77,7 +77,7 @@ std::string HelpTopicFor(const HelpPlace& place) {
     case Screen::Entry: return "grid";
     case Screen::Masters: return TopicOfStage(place.Stage);
     case Screen::Means: return "means";
-    case Screen::Words:
+    case Screen::Words: return "words";
     case Screen::Import:
     case Screen::Subjects:
     case Screen::Compare: break;

@@ -21,7 +21,8 @@ Session::Session(const Platform& platform, std::string programDir, std::string i
       m_wizard(platform),
       m_subjects(m_preferences, platform),
       m_masters(platform),
-      m_means(platform) {
+      m_means(platform),
+      m_words(platform) {
   m_location.SetObserver([this](const LocationOutcome& outcome) { FollowLocation(outcome); });
   m_subjects.SetObserver([this] { FollowSubjects(); });
   m_masters.SetObserver([this] { FollowMasters(); });
@@ -286,6 +287,7 @@ void Session::Exit() {
           {.Text = "You will lose all unsaved changes.  Are you sure you want to do this?", .Title = "Warning"})) {
     return;
   }
+  if (m_screen == Screen::Words && !m_words.MayLeave()) return;
   m_ended = true;
 }
 
@@ -300,6 +302,8 @@ bool Session::Close() {
   FinishMasters();
   if (m_screen == Screen::Location) {
     m_ended = m_location.MayClose();
+  } else if (m_screen == Screen::Words) {
+    m_ended = m_words.MayLeave();
   } else {
     m_ended = m_screen != Screen::Entry || MayLeaveEntry({.Text = "Are you sure that you would like to exit ZOVA?",
                                                           .Icon = BoxIcon::Question,

@@ -15,6 +15,7 @@
 #include "session/MasterFlow.h"
 #include "session/MenuStates.h"
 #include "session/SubjectFlow.h"
+#include "words/WordListEditor.h"
 
 namespace zova {
 
@@ -85,6 +86,8 @@ class Session {
   void CreateNewBackup();
   void RestoreFromBackup();
   void ChangeParamLocation();
+  // Data. Each first opens a project if none is open.
+  void EditWordList();
   // Help
   void ShowTopics();
   void ShowScreenHelp();  ///< for the current screen
@@ -110,6 +113,10 @@ class Session {
 
   MeansExaminer& Means() noexcept { return m_means; }
   void CloseMeans();
+
+  WordListEditor& Words() noexcept { return m_words; }
+  /// Asks before unsaved changes are lost.
+  void CloseWords();
 
   LocationFlow& Location() noexcept { return m_location; }
 
@@ -146,6 +153,7 @@ class Session {
   SubjectFlow m_subjects;
   MasterFlow m_masters;
   MeansExaminer m_means;
+  WordListEditor m_words;
   std::function<void()> m_observer;
   Screen m_screen = Screen::Main;
   std::optional<ProjectParameters> m_project;

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+#include "platform/desktop/FileErrorBoxes.h"
+#include "platform/files/PathParts.h"
 #include "project/DirectoryRules.h"
 #include "text/LeadingNumber.h"
 
@@ -74,9 +76,22 @@ void WriteCompanion(Disk& disk, const ProjectParameters& project, CompanionFile 
   }
 }
 
+void RemoveCompanion(Disk& disk, const ProjectParameters& project, CompanionFile file) {
+  for (const std::string& directory : {project.PrimaryDir, project.BackupDir}) {
+    if (IsNoDirectory(directory)) continue;
+    const std::string path = CompanionPath(directory, project, file);
+    if (disk.FileExists(path)) disk.Delete(path);
+  }
+}
+
 FileError CompanionError(const CsvError& fault, const std::string& path) {
   return {FileOperation::Read, path, FileCause::EndOfData,
           "Line " + std::to_string(fault.Line()) + ": " + fault.what() + "."};
+}
+
+void WarnPassedOver(MessageBoxes& boxes, const FileError& fault) {
+  Warn(boxes, "'" + std::string(LastPathComponent(fault.Path())) + "' is passed over: a line does not fit.",
+       FaultText(fault));
 }
 
 }  // namespace zova

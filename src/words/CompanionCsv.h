@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "platform/desktop/MessageBoxes.h"
 #include "platform/files/Disk.h"
 #include "platform/files/FileError.h"
 #include "project/ProjectLayout.h"
@@ -45,8 +46,13 @@ std::optional<std::string> ReadCompanion(Disk& disk, const ProjectParameters& pr
 /// Writes it there, and to the backup directory if there is one. Throws FileError.
 void WriteCompanion(Disk& disk, const ProjectParameters& project, CompanionFile file, std::string_view content);
 
+/// Deletes it there and in the backup directory. Throws FileError.
+void RemoveCompanion(Disk& disk, const ProjectParameters& project, CompanionFile file);
+
 /// A fault in a companion file as a FileError that names the line: end of data.
 FileError CompanionError(const CsvError& fault, const std::string& path);
+/// Tells of a file that is not used because of such a fault.
+void WarnPassedOver(MessageBoxes& boxes, const FileError& fault);
 
 /// What `parse` makes of the file's bytes; nullopt when there is no such file. Throws FileError.
 template <typename Parse>

@@ -66,7 +66,7 @@ std::vector<WordFault> FindWordFaults(const WordList& list, const ProjectParamet
     }
     if (!list.HasCategories) continue;
     std::string fault = CategoryFault(list, project, item, owners);
-    if (!fault.empty()) faults.push_back({std::move(fault), item});
+    if (!fault.empty()) faults.push_back({std::move(fault), item, true});
   }
   return faults;
 }
@@ -121,7 +121,7 @@ WordList WordListOf(const ProjectParameters& project, Disk& disk, MessageBoxes& 
       list = ReadWordList(disk, project);
     } catch (const FileError& fault) {
       if (fault.Cause() != FileCause::EndOfData) throw;
-      Warn(boxes, kUnusedWordList, FaultText(fault));
+      WarnPassedOver(boxes, fault);
     }
   });
   return list;

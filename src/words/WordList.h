@@ -41,6 +41,7 @@ struct WordList {
 struct WordFault {
   std::string Text;
   int Item = 0;
+  bool IsCategory = false;  ///< the category is at fault
 };
 
 /// The first fault by item: a word that is missing or has no letter or digit, two words with one key (named both), a
@@ -53,7 +54,6 @@ std::string FormatWordList(const WordList& list);
 
 /// The project's word list; an empty one when it has none. Throws FileError.
 WordList ReadWordList(Disk& disk, const ProjectParameters& project);
-inline constexpr const char* kUnusedWordList = "The word list is not used: one of its lines does not fit.";
 /// As ReadWordList, with Retry. A file that does not fit is reported and counts as none.
 WordList WordListOf(const ProjectParameters& project, Disk& disk, MessageBoxes& boxes);
 

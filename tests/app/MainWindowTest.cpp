@@ -104,7 +104,7 @@ TEST_F(MainWindowTest, NoAccessKeyStandsTwiceOnAScreen) {
         EXPECT_TRUE(name != "fraMain" || keys.size() == 14U) << "a picture has none";
       }
     }
-    EXPECT_EQ(screens, 17);
+    EXPECT_EQ(screens, 18);
   }
 }
 
@@ -118,7 +118,7 @@ TEST_F(MainWindowTest, EntriesAndPanelFollowTheSession) {
   QTest::mouseClick(Button("cmdOpen"), Qt::LeftButton);
   EXPECT_EQ(Button("cmdOpen")->text().remove('&'), "Change Project");
   const auto names = m_window.findChildren<QLabel*>("lblProjectName");
-  EXPECT_EQ(names.size(), 7);
+  EXPECT_EQ(names.size(), 8);
   for (const QLabel* name : names) EXPECT_EQ(name->text(), "Project: Example");
   EXPECT_TRUE(Entry("mnuSkip")->isEnabled());
   Entry("mnuautosave")->trigger();

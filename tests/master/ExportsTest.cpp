@@ -4,7 +4,6 @@
 #include "master/run/MasterRun.h"
 #include "scoring/Examples.h"
 #include "support/FakePlatform.h"
-#include "words/WordList.h"
 
 namespace zova::testing {
 namespace {
@@ -156,7 +155,8 @@ TEST(Exports, StandBesideTheMasterAndReplaceNoOtherFile) {
             "subject,list,trial_type,position,item,word,order\r\n1,1,study,1,2,\"oak, old\",saved\r\n"
             "1,1,study,2,3,fir,saved\r\n1,1,study,3,1,rose,saved\r\n1,1,recall,1,3,fir,saved\r\n");
   lab.Files.Put("C:/Data/AB Words.csv", "item,word\n1,rose\n1,oak\n");
-  boxes.Expect({kUnusedWordList, BoxAnswer::Ok, "Line 3: Item 1 is on line 2 already."});
+  boxes.Expect(
+      {"'AB Words.csv' is passed over: a line does not fit.", BoxAnswer::Ok, "Line 3: Item 1 is on line 2 already."});
   EXPECT_TRUE(lab.Run(boxes).Completed);
   EXPECT_TRUE(lab.Files.Get("C:\\Data\\bare.csv").starts_with("subject,list,trial_type,position,item,order\r\n"));
   std::filesystem::remove(lab.Files.Native("C:/Data/AB Words.csv"));

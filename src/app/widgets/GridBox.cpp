@@ -6,9 +6,7 @@
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMenu>
-#include <QRegularExpression>
 #include <QValidator>
-#include <algorithm>
 #include <functional>
 #include <memory>
 
@@ -25,20 +23,11 @@ constexpr int kPage = 10;  // lines
 class TypedText final : public QValidator {
  public:
   TypedText(const TypedGrid& grid, QObject* parent) : QValidator(parent), m_grid(grid) {}
-  State validate(QString& input, int&) const override {
-    const std::string text = FromQt(input);
-    return std::all_of(text.begin(), text.end(), [this](char c) { return m_grid.IsTyped(c); }) ? Acceptable : Invalid;
-  }
+  State validate(QString& input, int&) const override { return m_grid.IsTyped(FromQt(input)) ? Acceptable : Invalid; }
 
  private:
   const TypedGrid& m_grid;
 };
-
-// One number without a line end, which is pasted into the box.
-bool IsOneNumber(const QString& text) {
-  static const QRegularExpression kOneNumber(QStringLiteral("\\A[0-9]{1,5}\\z"));
-  return kOneNumber.match(text).hasMatch();
-}
 
 }  // namespace
 
@@ -49,7 +38,12 @@ GridBox::GridBox(const char* name, TypedGrid& grid) : m_grid(grid) {
   connect(this, &QLineEdit::textEdited, this, [this](const QString& text) { m_grid.SetEntryText(FromQt(text)); });
 }
 
-void GridBox::Refresh() { ShowText(this, m_grid.EntryText()); }
+void GridBox::Refresh() {
+  setInputMethodHints(m_grid.IsTyped("a") ? Qt::ImhNone : Qt::ImhDigitsOnly);
+  ShowText(this, m_grid.EntryText());
+  if (m_keptRevision != m_grid.KeptRevision()) selectAll();
+  m_keptRevision = m_grid.KeptRevision();
+}
 
 // Before any other handler: otherwise Tab goes to the next control.
 bool GridBox::event(QEvent* event) {
@@ -71,9 +65,10 @@ bool GridBox::event(QEvent* event) {
 }
 
 bool GridBox::IsTyped(const QString& typed) const {
-  QString text = typed;
-  int cursor = 0;
-  return validator()->validate(text, cursor) == QValidator::Acceptable;
+  QString after = text();
+  const qsizetype place = hasSelectedText() ? selectionStart() : cursorPosition();
+  after.replace(place, selectedText().size(), typed);
+  return m_grid.IsTyped(FromQt(after));
 }
 
 bool GridBox::HandleKey(const QKeyEvent& press) {
@@ -84,7 +79,7 @@ bool GridBox::HandleKey(const QKeyEvent& press) {
       // A held key would also answer the message about the text.
       if (!press.isAutoRepeat()) m_grid.Enter();
       return true;
-    case Qt::Key_Escape: m_grid.SetEntryText({}); return true;  // clears the box, never cancels the screen
+    case Qt::Key_Escape: m_grid.Escape(); return true;  // clears the box, never cancels the screen
     case Qt::Key_Tab: m_grid.Step(press.modifiers().testFlag(Qt::ShiftModifier) ? -1 : 1); return true;
     case Qt::Key_Backtab: m_grid.Step(-1); return true;
     case Qt::Key_Up: return HandleMove(press, -1);
@@ -137,7 +132,7 @@ bool GridBox::HandleRedo() {
 // False for a text to paste into the box.
 bool GridBox::HandlePaste() {
   const QString copied = QGuiApplication::clipboard()->text();
-  if (copied.isEmpty() || IsOneNumber(copied)) return false;
+  if (copied.isEmpty() || m_grid.IsPastedIntoBox(FromQt(copied))) return false;
   m_grid.Paste(FromQt(copied));
   return true;
 }

@@ -40,6 +40,7 @@ class GridBox : public QLineEdit {
   [[nodiscard]] bool IsTyped(const QString& typed) const;
 
   TypedGrid& m_grid;
+  int m_keptRevision = 0;
 };
 
 }  // namespace zova

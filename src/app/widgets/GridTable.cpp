@@ -73,7 +73,7 @@ class GridModel final : public QAbstractTableModel {
   [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override {
     const bool isTip = role == Qt::ToolTipRole && m_columns[static_cast<std::size_t>(index.column())].ShowsTips;
     if (role != Qt::DisplayRole && !isTip) return {};
-    return ToQt(m_grid.Text({index.row() + 1, index.column()}));
+    return ToQt(m_grid.ShownText({index.row() + 1, index.column()}));
   }
   [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation, int role) const override {
     if (role != Qt::DisplayRole || orientation != Qt::Horizontal) return {};

@@ -54,7 +54,7 @@ constexpr MenuEntry kEntries[] = {
     {"mnuMoveParam", "&Change 'Param' Folder Location", &States::MoveParam, &Session::ChangeParamLocation},
 
     {"mnuData", "D&ata"},
-    {"mnuWords", "&Word List", &States::Words},
+    {"mnuWords", "&Word List", &States::Words, &Session::EditWordList},
     {"mnuImport", "&Import Recalls", &States::Import},
     kSeparator,
     {"mnuSubjects", "&Subjects", &States::Subjects},

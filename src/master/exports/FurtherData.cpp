@@ -3,8 +3,6 @@
 #include "master/exports/FurtherData.h"
 
 #include "master/groups/SavedOrders.h"
-#include "platform/desktop/FileErrorBoxes.h"
-#include "platform/files/PathParts.h"
 #include "words/CompanionCsv.h"
 #include "words/Intrusions.h"
 #include "words/StudyOrders.h"
@@ -63,16 +61,14 @@ FurtherData ReadFurtherData(Disk& disk, const ProjectParameters& project, const 
       tests[static_cast<std::size_t>(order.Test) - 1] = RanksOf(order.Positions, data.Study);
     }
   });
+  load(CompanionFile::Words, [&](const std::string& bytes) { data.Words = ParseWordList(bytes, project); });
   const std::optional<SerialOrder> common = named ? named : ReadSavedSerialOrder(disk, project);
   if (common) data.Common = RanksOf(*common, data.Study);
   return data;
 }
 
 void WarnOfFaults(const FurtherData& data, MessageBoxes& boxes) {
-  for (const FileError& fault : data.Faults) {
-    Warn(boxes, "'" + std::string(LastPathComponent(fault.Path())) + "' is passed over: a line does not fit.",
-         FaultText(fault));
-  }
+  for (const FileError& fault : data.Faults) WarnPassedOver(boxes, fault);
 }
 
 const FurtherScores& FurtherScorer::Score(const std::string& subjectId, const RecallLists& lists) {

@@ -12,6 +12,7 @@
 #include "platform/desktop/MessageBoxes.h"
 #include "platform/files/Disk.h"
 #include "scoring/further/ScoreFurther.h"
+#include "words/WordList.h"
 
 namespace zova {
 
@@ -25,13 +26,14 @@ enum class OrderOrigin {
 /// "subject", "saved", "none".
 std::string_view OrderOriginText(OrderOrigin origin);
 
-/// What the further measures need beside the subjects' files.
+/// What the further measures and the long CSV need beside the subjects' files.
 struct FurtherData {
   StudyList Study;
   bool HasIntrusions = false;                                               ///< intrusions were kept
   std::unordered_map<std::string, std::vector<IntrusionPlace>> Intrusions;  ///< by subject: by test, then place
   std::unordered_map<std::string, std::vector<StudyRanks>> Orders;  ///< by subject and test; empty where not known
   StudyRanks Common;                                                ///< of all others; empty if not known
+  WordList Words;
   std::vector<FileError> Faults;  ///< of companion files with a line that does not fit, which are passed over
 };
 

@@ -2,8 +2,6 @@
 
 #include "master/exports/LongExport.h"
 
-#include <utility>
-
 #include "master/exports/CleanExport.h"
 #include "master/groups/SavedOrders.h"
 #include "project/StudyItems.h"
@@ -27,8 +25,8 @@ void AppendKept(std::string& rows, int value) {
 
 }  // namespace
 
-LongExport::LongExport(const ProjectParameters& project, const FurtherData& data, WordList words)
-    : m_project(project), m_data(data), m_words(std::move(words)), m_hasLures(IsFalseMemoryInForce(project)) {
+LongExport::LongExport(const ProjectParameters& project, const FurtherData& data)
+    : m_project(project), m_data(data), m_hasLures(IsFalseMemoryInForce(project)) {
   m_items.emplace_back();
   for (int item = 1; item <= project.ItemCount; ++item) {
     AppendItem(m_items.emplace_back(), item);
@@ -56,9 +54,9 @@ void LongExport::FillStudyRows(const StudyRanks& ranks, std::vector<std::string>
 std::string LongExport::Header() const {
   CsvHeader header;
   for (const char* name : {"subject", "list", "trial_type", "position", "item"}) header.Add(name);
-  if (!m_words.IsEmpty()) header.Add("word");
+  if (!m_data.Words.IsEmpty()) header.Add("word");
   if (m_project.Categorized == 1) header.Add("category");
-  if (m_words.HasCategories) header.Add("category_name");
+  if (m_data.Words.HasCategories) header.Add("category_name");
   if (m_hasLures) header.Add("lure");
   if (m_project.MinutesRecorded == 1) header.Add("minute");
   if (m_project.Rated == 1) header.Add("rating");
@@ -71,13 +69,13 @@ std::string LongExport::Header() const {
 
 void LongExport::AppendItem(std::string& row, int item) const {
   AppendNumber(row, item);
-  if (!m_words.IsEmpty()) AppendCsvField(row += ',', m_words.TextOf(item));
+  if (!m_data.Words.IsEmpty()) AppendCsvField(row += ',', m_data.Words.TextOf(item));
   const int category = CategoryOf(item, m_project);
   if (m_project.Categorized == 1) {
     row += ',';
     if (category > 0) AppendNumber(row, category);
   }
-  if (m_words.HasCategories) AppendCsvField(row += ',', m_words.CategoryName(category, m_project));
+  if (m_data.Words.HasCategories) AppendCsvField(row += ',', m_data.Words.CategoryName(category, m_project));
   if (m_hasLures) row += IsLure(item, m_project) ? ",1" : ",0";
 }
 

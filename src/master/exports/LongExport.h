@@ -7,7 +7,6 @@
 #include "master/exports/FurtherData.h"
 #include "master/exports/ScoredSubject.h"
 #include "project/ProjectParameters.h"
-#include "words/WordList.h"
 
 namespace zova {
 
@@ -23,8 +22,8 @@ namespace zova {
 /// missing, and on study rows.
 class LongExport {
  public:
-  /// `data` has the orders of study, and must outlive this.
-  LongExport(const ProjectParameters& project, const FurtherData& data, WordList words = {});
+  /// `data` has the orders of study and the words, and must outlive this.
+  LongExport(const ProjectParameters& project, const FurtherData& data);
 
   /// Without its line end.
   [[nodiscard]] std::string Header() const;
@@ -41,7 +40,6 @@ class LongExport {
 
   const ProjectParameters& m_project;
   const FurtherData& m_data;
-  WordList m_words;
   bool m_hasLures;
   std::size_t m_listsWithoutOrder = 0;
   // Rows are built from cached texts: there are millions of them.

@@ -11,8 +11,7 @@ void RunExports::Open(const RunPaths& paths, FurtherColumns further, const Furth
         Export<CleanExport>{paths.Clean, CleanExport(m_context.Project, m_context.Selection, further), newFile()});
   }
   if (!paths.Long.empty()) {
-    WordList words = WordListOf(m_context.Project, m_context.Files, m_context.Boxes);
-    m_long.emplace(Export<LongExport>{paths.Long, LongExport(m_context.Project, data, std::move(words)), newFile()});
+    m_long.emplace(Export<LongExport>{paths.Long, LongExport(m_context.Project, data), newFile()});
   }
 }
 
