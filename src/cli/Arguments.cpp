@@ -5,6 +5,7 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <string_view>
+#include <utility>
 
 #include "master/groups/NominalGroups.h"
 
@@ -26,6 +27,20 @@ int GroupSizeOf(const std::string& text) {
   const auto size = ParseGroupSize(text);
   if (!size) throw UsageError(std::string("--group-size: ") + kGroupSizeFault);
   return *size;
+}
+
+MoreStatistics ParseStatistics(std::string_view list) {
+  constexpr std::pair<std::string_view, bool MoreStatistics::*> kWords[] = {
+      {"se", &MoreStatistics::Se},   {"median", &MoreStatistics::Median},     {"min", &MoreStatistics::Min},
+      {"max", &MoreStatistics::Max}, {"marginal", &MoreStatistics::Marginal}, {"within", &MoreStatistics::Within}};
+  MoreStatistics statistics;
+  for (const std::string& name : SplitNames(list)) {
+    const auto* word =
+        std::find_if(std::begin(kWords), std::end(kWords), [&](const auto& w) { return w.first == name; });
+    if (word == std::end(kWords)) throw UsageError("--statistics: unknown statistic '" + name + "'");
+    statistics.*(word->second) = true;
+  }
+  return statistics;
 }
 
 void DeclareGroupOptions(OptionTable& options, Arguments& parsed) {
@@ -90,6 +105,20 @@ void DeclareOptions(CLI::App& app, Arguments& parsed) {
                "leave out of the means what could not be computed (0 in the master)")
       ->disable_flag_override()
       ->option_text(" ")
+      ->needs(means);
+  options
+      .Add("--statistics", "WORD,...",
+           "also these of the means: se, median, min, max; marginal, the means of each\nvariable of several; within, "
+           "intervals of the tests without the differences\nbetween subjects (Cousineau-Morey)",
+           [&parsed](const std::string& list) { parsed.Statistics = ParseStatistics(list); })
+      ->option_text("WORD,...")
+      ->needs(means);
+  options
+      .AddFile("--effects",
+               "also write the effect sizes of these variables, and of the tests, as a CSV:\nd, d_z, the paired "
+               "difference, eta squared",
+               parsed.EffectsFile)
+      ->option_text("FILE")
       ->needs(means);
   DeclareFurtherOptions(app, parsed);
   DeclareGroupOptions(options, parsed);

@@ -7,6 +7,7 @@
 
 #include "cli/OptionTable.h"
 #include "master/columns/MeasureSelection.h"
+#include "means/MeansTable.h"
 
 namespace zova {
 
@@ -24,6 +25,8 @@ struct Arguments {
   bool Positions = false;                         ///< only with Further
   std::optional<std::vector<std::string>> Means;  ///< variables of the table of means
   bool ComputedOnly = false;                      ///< only with Means
+  MoreStatistics Statistics;                      ///< only with Means
+  std::optional<std::string> EffectsFile;         ///< path for the CSV of effect sizes; only with Means
   std::optional<int> GroupSize;                   ///< requests the combined master; required by the next three
   std::optional<std::string> GroupBy;
   std::optional<std::string> GroupOrderFile;

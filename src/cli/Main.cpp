@@ -15,11 +15,13 @@
 #include "master/run/CombinedMaster.h"
 #include "master/run/MasterRun.h"
 #include "master/run/RunStart.h"
+#include "means/EffectSizes.h"
 #include "means/MeansTable.h"
 #include "means/UncomputedValues.h"
 #include "platform/desktop/FileErrorBoxes.h"
 #include "project/ProjectFile.h"
 #include "project/ProjectOpening.h"
+#include "project/ProtectedFiles.h"
 #include "session/Version.h"
 #include "subjects/SubjectFiles.h"
 #include "text/Counted.h"
@@ -55,7 +57,7 @@ class MasterCommand {
     if (m_arguments.Means) request.Sink = &table.emplace(m_project, request.Selection, request.Further);
     MasterRunResult result = CreateMasters(m_project, request, m_platform);
     bool isDone = ReportWritten(result);
-    if (isDone && table) PrintMeans(table->Table(), std::move(means));
+    if (isDone && table) isDone = PrintMeans(table->Table(), std::move(means));
     if (isDone && m_arguments.GroupSize) {
       const MasterRunResult groups = CreateCombinedMaster(m_project, combined, m_platform);
       isDone = ReportWritten(groups);
@@ -76,7 +78,10 @@ class MasterCommand {
   }
 
   [[nodiscard]] MeansRequest FindMeansVariables() const {
-    MeansRequest request{.Measures = {}, .Variables = {}, .LeavesOutUncomputed = m_arguments.ComputedOnly};
+    MeansRequest request{.Measures = {},
+                         .Variables = {},
+                         .LeavesOutUncomputed = m_arguments.ComputedOnly,
+                         .More = m_arguments.Statistics};
     if (!m_arguments.Means) return request;
     const std::vector<std::string>& names = *m_arguments.Means;
     for (std::size_t first = 0; first < names.size(); ++first) {
@@ -91,11 +96,23 @@ class MasterCommand {
     return request;
   }
 
-  void PrintMeans(const MasterTable& table, MeansRequest request) const {
+  bool PrintMeans(const MasterTable& table, MeansRequest request) {
     request.Measures.resize(table.MeasureCount());
     std::iota(request.Measures.begin(), request.Measures.end(), std::size_t{0});
     SetStandardOutputBinary();
     std::cout << CsvText(LinesOf(ComputeMeans(table, request, &m_project)));
+    return !m_arguments.EffectsFile || WriteEffects(CsvText(LinesOf(ComputeEffects(table, request, &m_project))));
+  }
+
+  bool WriteEffects(const std::string& text) {
+    const std::string path = FilePath(*m_arguments.EffectsFile);
+    bool isKept = false;
+    const bool isDone = WithRetry(m_terminal, [&] {
+      isKept = IsProtectedFile(path, m_project, m_disk);
+      if (!isKept) m_disk.Write(path, text);
+    });
+    if (isKept) Warn(m_terminal, "A master or a data file of a project is never replaced.", path);
+    return isDone && !isKept;
   }
 
   [[nodiscard]] std::string FilePath(const std::string& text) const {

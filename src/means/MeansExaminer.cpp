@@ -9,6 +9,7 @@
 #include "master/columns/ColumnName.h"
 #include "master/exports/FurtherData.h"
 #include "master/groups/GroupLabel.h"
+#include "means/EffectSizes.h"
 #include "means/LurePositions.h"
 #include "means/MasterOfProject.h"
 #include "means/UncomputedValues.h"
@@ -155,8 +156,7 @@ void MeansExaminer::ListFurther() {
   for (const std::string& name : m_table.Further.Names) {
     const FurtherGroup group = FurtherColumnByName(name)->Family->Group;
     if (last != group) {
-      m_furtherGroups.push_back(
-          {"Further measures: " + std::string(FurtherGroupText(group)), m_measureNames.size(), 0});
+      m_furtherGroups.push_back({std::string(FurtherGroupText(group)), m_measureNames.size(), 0});
     }
     last = group;
     ++m_furtherGroups.back().Count;
@@ -223,12 +223,35 @@ void MeansExaminer::SetLeavesOut(bool leavesOut) {
   Compute();
 }
 
+// The first ones; the command writes them all.
+void MeansExaminer::TellEffects(const ProjectParameters* project) {
+  constexpr std::size_t kMostMeasures = 20, kMostLines = 3;
+  if (m_request.Measures.size() > kMostMeasures) return;
+  const std::vector<Effect> effects = ComputeEffects(m_table, m_request, project);
+  for (std::size_t i = 0; i < effects.size() && i < kMostLines; ++i) {
+    if (i > 0) m_effects += '\n';
+    m_effects += effects[i].Measure + ": " + EffectText(effects[i]);
+  }
+  if (effects.size() > kMostLines) m_effects += " ...";
+}
+
+void MeansExaminer::SetMore(bool hasMore) {
+  m_request.More = {hasMore, hasMore, hasMore, hasMore, hasMore, hasMore};
+  Compute();
+}
+
+void MeansExaminer::SetBars(PlotBars bars) {
+  m_bars = bars;
+  Compute();
+}
+
 void MeansExaminer::Compute() {
   ++m_resultRevision;
   m_uncomputed = m_lacking = 0;
   m_means = {};
   m_picture = {};
   m_status.clear();
+  m_effects.clear();
   m_decimals.clear();
   if (m_request.Measures.empty()) {
     m_picture.Note = m_path.empty() ? "There is no master to show." : "Choose a measure.";
@@ -240,7 +263,11 @@ void MeansExaminer::Compute() {
     m_picture = PictureOf(*m_serial, tests, m_lurePositions);
     return;
   }
-  m_means = ComputeMeans(m_table, m_request, m_isOwn ? m_project : nullptr);
+  MeansRequest request = m_request;
+  if (m_bars == PlotBars::Within) request.More.Within = true;
+  const ProjectParameters* project = m_isOwn ? m_project : nullptr;
+  m_means = ComputeMeans(m_table, request, project);
+  TellEffects(project);
   const std::vector<std::size_t>& ofAll = m_means.Cells.back().Uncomputed;
   for (std::size_t measure = 0; measure < ofAll.size(); ++measure) {
     (m_table.IsFurther(m_request.Measures[measure]) ? m_lacking : m_uncomputed) += ofAll[measure];
@@ -248,7 +275,7 @@ void MeansExaminer::Compute() {
   for (std::size_t measure = 0; measure < m_means.Measures.size(); ++measure) {
     m_decimals.push_back(DecimalsOf(m_means, measure));
   }
-  m_picture = PictureOf(m_means);
+  m_picture = PictureOf(m_means, m_bars);
   if (m_uncomputed > 0 && !LeavesOut()) {
     m_picture.Footnote = Counted(m_uncomputed, "value that", "values that") + " could not be computed " +
                          (m_uncomputed == 1 ? "counts" : "count") + " as 0.";
@@ -257,7 +284,7 @@ void MeansExaminer::Compute() {
   if (m_picture.Series.empty()) m_picture.Note = "There is no value to show.";
   if (!HasIntervals(m_picture)) return;
   m_picture.Note += m_picture.Note.empty() ? "" : "  ";
-  m_picture.Note += "Bars are 95 % confidence intervals.";
+  m_picture.Note += BarsText(m_bars);
 }
 
 std::string MeansExaminer::FileLine() const {
@@ -306,25 +333,23 @@ std::string MeansExaminer::NoteLine() const {
 }
 
 std::vector<std::string> MeansExaminer::Headings() const {
-  return m_means.Measures.empty() ? std::vector<std::string>() : LinesOf({m_means.Variables, {}, {}}).Header;
+  return m_means.Measures.empty()
+             ? std::vector<std::string>()
+             : LinesOf({.Variables = m_means.Variables, .Measures = {}, .Cells = {}, .More = m_means.More}).Header;
 }
 
 std::string MeansExaminer::CellText(int row, int column) const {
   const std::size_t cells = m_means.Cells.size();
   const std::size_t measure = static_cast<std::size_t>(row) / cells;
   const MeansCell& cell = m_means.Cells[static_cast<std::size_t>(row) % cells];
-  const SampleStatistics& sample = cell.Measures[measure];
-  const auto variables = static_cast<int>(m_means.Variables.size());
   if (column == 0) return m_means.Measures[measure];
-  if (column <= variables) return cell.Levels.empty() ? "(all)" : cell.Levels[static_cast<std::size_t>(column) - 1];
-  switch (column - variables) {
-    case 1: return std::to_string(sample.N);
-    case 2: return ShownNumber(sample.Mean, m_decimals[measure]) + (HasZeros(cell, measure) ? "*" : "");
-    case 3: return ShownNumber(sample.Sd, m_decimals[measure]);
-    case 4: return ShownNumber(sample.Low(), m_decimals[measure]);
-    case 5: return ShownNumber(sample.High(), m_decimals[measure]);
-    default: return m_isOwn ? std::to_string(cell.Uncomputed[measure]) : "";
-  }
+  if (column < FirstNumber()) return cell.Levels.empty() ? "(all)" : cell.Levels[static_cast<std::size_t>(column) - 1];
+  const MeansColumn which = ColumnsOf(m_means.More)[static_cast<std::size_t>(column - FirstNumber())];
+  const auto number = NumberOf(cell, measure, which);
+  if (which == MeansColumn::NotComputed) return m_isOwn ? ShownNumber(number, 0) : "";
+  if (which == MeansColumn::N) return ShownNumber(number, 0);
+  const bool isMarked = which == MeansColumn::Mean && HasZeros(cell, measure);
+  return ShownNumber(number, m_decimals[measure]) + (isMarked ? "*" : "");
 }
 
 bool MeansExaminer::HasZeros(const MeansCell& cell, std::size_t measure) const {

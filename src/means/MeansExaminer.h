@@ -17,7 +17,7 @@ namespace zova {
 
 /// Further measures that stand together in the list, under a heading.
 struct MeasureGroup {
-  std::string Heading;    ///< "Further measures: clustering"
+  std::string Heading;    ///< "Clustering"
   std::size_t First = 0;  ///< measure
   std::size_t Count = 0;
 };
@@ -49,6 +49,9 @@ class MeansExaminer {
   void ChooseVariables(const std::vector<std::size_t>& variables);
   void ChooseWholeSeries();  ///< all measures of the families of the chosen ones
   void SetLeavesOut(bool leavesOut);
+  /// Whether the table has more statistics, the means of each of several variables, and intervals within subjects.
+  void SetMore(bool hasMore);
+  void SetBars(PlotBars bars);
   void SaveTable();
   /// Asks for the file of a plot in one of `formats`; nullopt when the user cancels.
   std::optional<PlotTarget> AskPlotFile(const std::vector<PlotFormat>& formats);
@@ -67,6 +70,10 @@ class MeansExaminer {
   [[nodiscard]] const std::vector<std::size_t>& ChosenMeasures() const noexcept { return m_request.Measures; }
   [[nodiscard]] const std::vector<std::size_t>& ChosenVariables() const noexcept { return m_request.Variables; }
   [[nodiscard]] bool LeavesOut() const noexcept { return m_request.LeavesOutUncomputed; }
+  [[nodiscard]] bool HasMore() const noexcept { return m_request.More.Se; }
+  [[nodiscard]] PlotBars Bars() const noexcept { return m_bars; }
+  /// The effect sizes of the chosen variables and tests, a line each; "" if there are none.
+  [[nodiscard]] const std::string& EffectLines() const noexcept { return m_effects; }
   [[nodiscard]] bool CanLeaveOut() const noexcept { return m_uncomputed > 0; }
 
   /// Table and picture change only when `ResultRevision` increases.
@@ -75,6 +82,8 @@ class MeansExaminer {
     return static_cast<int>(m_means.Measures.size() * m_means.Cells.size());
   }
   [[nodiscard]] std::vector<std::string> Headings() const;
+  /// The first column of numbers.
+  [[nodiscard]] int FirstNumber() const noexcept { return 1 + static_cast<int>(m_means.Variables.size()); }
   /// As shown; a mean that includes values that could not be computed ends in "*".
   [[nodiscard]] std::string CellText(int row, int column) const;
   /// The meaning of the row's mark, or "".
@@ -96,6 +105,7 @@ class MeansExaminer {
   void ListFurther();
   bool ComputeFurtherOnce();
   void Compute();
+  void TellEffects(const ProjectParameters* project);
   /// Whether values that could not be computed count as 0 in the mean.
   [[nodiscard]] bool HasZeros(const MeansCell& cell, std::size_t measure) const;
   [[nodiscard]] MeansLines Lines() const;
@@ -123,7 +133,9 @@ class MeansExaminer {
   MeansTable m_means;
   std::size_t m_uncomputed = 0;  // among the chosen measures of the master
   std::size_t m_lacking = 0;     // among the chosen further measures
+  PlotBars m_bars = PlotBars::Confidence;
   PlotPicture m_picture;
+  std::string m_effects;
   std::string m_status;
   std::vector<int> m_decimals;  // one per chosen measure
   int m_layoutRevision = 0;

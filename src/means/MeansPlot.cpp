@@ -114,14 +114,28 @@ Names LevelsFrom(const MeansTable& means, const MeansCell& cell, std::size_t fir
   return names;
 }
 
-void AddPoint(PlotSeries& series, double x, const SampleStatistics& statistics) {
-  if (statistics.Mean) series.Points.push_back({x, *statistics.Mean, statistics.HalfWidth});
+std::optional<double> BarOf(const MeansCell& cell, std::size_t measure, PlotBars bars) {
+  switch (bars) {
+    case PlotBars::Confidence: return cell.Measures[measure].HalfWidth;
+    case PlotBars::StandardError: return cell.Measures[measure].Se();
+    case PlotBars::Within: return cell.Within.empty() ? std::nullopt : cell.Within[measure].HalfWidth;
+    case PlotBars::None: break;
+  }
+  return std::nullopt;
 }
 
-// All cells except the total, which is last, unless it is the only one.
+void AddPoint(PlotSeries& series, double x, const MeansCell& cell, std::size_t measure, PlotBars bars) {
+  if (cell.Measures[measure].Mean) {
+    series.Points.push_back({x, *cell.Measures[measure].Mean, BarOf(cell, measure, bars)});
+  }
+}
+
+// All cells of the design, without the marginal ones and the total, which is last, unless it is the only one.
 std::vector<const MeansCell*> DrawnCells(const MeansTable& means) {
   std::vector<const MeansCell*> cells;
-  for (const MeansCell& cell : means.Cells) cells.push_back(&cell);
+  for (const MeansCell& cell : means.Cells) {
+    if (!cell.IsMarginal) cells.push_back(&cell);
+  }
   if (cells.size() > 1) cells.pop_back();
   return cells;
 }
@@ -159,7 +173,7 @@ class SeriesOfOthers {
 };
 
 // Draws one measure along the levels of the first variable. `empty` counts the cells without values.
-PlotPicture ByLevels(const MeansTable& means, const Drawn& drawn, std::size_t& empty) {
+PlotPicture ByLevels(const MeansTable& means, const Drawn& drawn, PlotBars bars, std::size_t& empty) {
   PlotPicture picture;
   picture.HasLines = false;
   picture.YLabel = YLabelOf(drawn, PlaceText(drawn.Axis, drawn.Place));
@@ -173,7 +187,7 @@ PlotPicture ByLevels(const MeansTable& means, const Drawn& drawn, std::size_t& e
     PlotSeries& series = picture.Series[places.At(*cell)];
     series.Name = Joined(LevelsFrom(means, *cell, 1), ", ");
     if (!cell->Measures[drawn.Column].Mean) ++empty;
-    AddPoint(series, static_cast<double>(picture.Ticks.size()), cell->Measures[drawn.Column]);
+    AddPoint(series, static_cast<double>(picture.Ticks.size()), *cell, drawn.Column, bars);
   }
   return picture;
 }
@@ -248,11 +262,11 @@ std::string ExtractCommonPlace(std::vector<Drawn>& family) {
 
 // One series per cell, and per test if the axis is within tests and there are several.
 void AddSeries(const MeansTable& means, const MeansCell& cell, const std::vector<Drawn>& family, const FamilyAxis& axis,
-               std::vector<PlotSeries>& all) {
+               PlotBars bars, std::vector<PlotSeries>& all) {
   const bool perTest = TraitsOf(family.front().Axis).LiesWithinTests && !HaveSame(family, &ColumnPlace::Test);
   std::map<int, PlotSeries> series;
   for (const Drawn& drawn : family) {
-    AddPoint(series[perTest ? drawn.Place.Test : 0], axis.At(drawn), cell.Measures[drawn.Column]);
+    AddPoint(series[perTest ? drawn.Place.Test : 0], axis.At(drawn), cell, drawn.Column, bars);
   }
   for (auto& [test, points] : series) {
     Names names = LevelsFrom(means, cell, 0);
@@ -263,7 +277,7 @@ void AddSeries(const MeansTable& means, const MeansCell& cell, const std::vector
 }
 
 // Draws several measures of one family along its axis. `empty` counts the lines without values.
-PlotPicture AlongAxis(const MeansTable& means, std::vector<Drawn> family, std::size_t& empty) {
+PlotPicture AlongAxis(const MeansTable& means, std::vector<Drawn> family, PlotBars bars, std::size_t& empty) {
   PlotPicture picture;
   picture.YLabel = YLabelOf(family.front(), ExtractCommonPlace(family));
   std::sort(family.begin(), family.end(), [](const Drawn& a, const Drawn& b) { return RankOf(a) < RankOf(b); });
@@ -271,19 +285,33 @@ PlotPicture AlongAxis(const MeansTable& means, std::vector<Drawn> family, std::s
   picture.XLabel = TraitsOf(family.front().Axis).Label;
   picture.Ticks = axis.Ticks();
   picture.HasLines = axis.HasLines();
-  for (const MeansCell* cell : DrawnCells(means)) AddSeries(means, *cell, family, axis, picture.Series);
+  for (const MeansCell* cell : DrawnCells(means)) AddSeries(means, *cell, family, axis, bars, picture.Series);
   for (const PlotSeries& series : picture.Series) empty += series.Points.empty() ? 1 : 0;
   return picture;
 }
 
 }  // namespace
 
-PlotPicture PictureOf(const MeansTable& means) {
+std::string_view BarsText(PlotBars bars) {
+  switch (bars) {
+    case PlotBars::Confidence: return "Bars are 95 % confidence intervals.";
+    case PlotBars::StandardError: return "Bars are standard errors.";
+    case PlotBars::Within:
+      return "Bars are 95 % confidence intervals within subjects (Cousineau-Morey), of the subjects with a value on "
+             "all "
+             "tests.";
+    case PlotBars::None: return "";
+  }
+  return "";
+}
+
+PlotPicture PictureOf(const MeansTable& means, PlotBars bars) {
   std::size_t others = 0;
   const std::vector<Drawn> family = FirstFamily(means, others);
   if (family.empty()) return {};
   std::size_t empty = 0;
-  PlotPicture picture = family.size() == 1 ? ByLevels(means, family.front(), empty) : AlongAxis(means, family, empty);
+  PlotPicture picture =
+      family.size() == 1 ? ByLevels(means, family.front(), bars, empty) : AlongAxis(means, family, bars, empty);
   std::erase_if(picture.Series, [](const PlotSeries& series) { return series.Points.empty(); });
   AddToNote(others, "chosen measure of another kind is not in the plot.",
             "chosen measures of other kinds are not in the plot.", picture.Note);

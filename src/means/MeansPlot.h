@@ -3,17 +3,26 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "means/MeansTable.h"
 
 namespace zova {
 
+/// What is drawn about a mean.
+enum class PlotBars {
+  Confidence,     ///< its confidence interval
+  StandardError,  ///< its standard error
+  Within,         ///< the interval of a test within subjects; needs MoreStatistics::Within
+  None
+};
+
 /// The content of a plot, independent of a drawing library. Positions on the x axis count from 1.
 struct PlotPoint {
   double X = 0;
   double Y = 0;
-  std::optional<double> HalfWidth;  ///< of the confidence interval
+  std::optional<double> HalfWidth;  ///< of the bar
 };
 
 struct PlotSeries {
@@ -36,9 +45,12 @@ struct PlotPicture {
 /// combination of the others. Several of one family: lines along the family's axis (tests, pairs of tests, minutes,
 /// patterns, lures), one series per cell, and per test if the axis is within tests. The total is drawn only without
 /// other cells. The note names what is left out: measures of other families and cells without values.
-PlotPicture PictureOf(const MeansTable& means);
+PlotPicture PictureOf(const MeansTable& means, PlotBars bars = PlotBars::Confidence);
 
-/// True when a point of the picture has a confidence interval.
+/// What the bars of a picture are, as a sentence; "" for none.
+std::string_view BarsText(PlotBars bars);
+
+/// True when a point of the picture has a bar.
 bool HasIntervals(const PlotPicture& picture);
 
 }  // namespace zova

@@ -6,82 +6,47 @@
 #include <charconv>
 #include <cmath>
 #include <numeric>
-#include <unordered_map>
 #include <utility>
 
-#include "master/groups/NominalGroups.h"
+#include "means/OccurringLevels.h"
+#include "means/TestSeries.h"
 #include "text/Csv.h"
 #include "text/NumberText.h"
-#include "text/TypedText.h"
 
 namespace zova {
 
 namespace {
 
-constexpr std::string_view kNoLevel = "XXXXXXX";  // for a nominal group: its members may differ
 constexpr const char* kAll = "(all)";
 
-std::optional<int> LevelNumber(std::string_view level) {
-  int number = 0;
-  const auto result = std::from_chars(level.data(), level.data() + level.size(), number);
-  if (level.empty() || result.ec != std::errc{} || result.ptr != level.data() + level.size()) return std::nullopt;
-  return number;
+OrderStatistics OrderOf(std::vector<double>& values) {
+  if (values.empty()) return {};
+  std::sort(values.begin(), values.end());
+  const std::size_t half = values.size() / 2;
+  const double median = values.size() % 2 == 1 ? values[half] : (values[half - 1] + values[half]) / 2;
+  return {median, values.front(), values.back()};
 }
 
-// The levels of one variable that occur, in display order.
-struct OccurringLevels {
-  std::vector<std::string_view> Texts;
-  std::vector<std::string> Names;  // as Texts
-  std::vector<std::size_t> OfRow;  // index into both lists
-};
-
-// By number if all levels are numbers, else by text; kNoLevel comes last.
-void SortLevels(std::vector<std::string_view>& texts) {
-  const auto isNumber = [](std::string_view text) { return text == kNoLevel || LevelNumber(text); };
-  const bool byNumber = std::all_of(texts.begin(), texts.end(), isNumber);
-  std::sort(texts.begin(), texts.end(), [&](std::string_view a, std::string_view b) {
-    if ((a == kNoLevel) != (b == kNoLevel)) return b == kNoLevel;
-    const int left = byNumber ? LevelNumber(a).value_or(0) : 0;
-    const int right = byNumber ? LevelNumber(b).value_or(0) : 0;
-    return left != right ? left < right : a < b;
-  });
-}
-
-OccurringLevels LevelsOf(const MasterTable& table, std::size_t variable) {
-  OccurringLevels levels;
-  std::unordered_map<std::string_view, std::size_t> places;
-  for (std::size_t row = 0; row < table.RowCount(); ++row) {
-    if (places.emplace(table.Level(row, variable), 0).second) levels.Texts.push_back(table.Level(row, variable));
+// Cousineau, D. (2005). Confidence intervals in within-subject designs: A simpler solution to Loftus and Masson's
+// method. Tutorials in Quantitative Methods for Psychology, 1, 42-45. Morey, R. D. (2008). Confidence intervals from
+// normalized data: A correction to Cousineau (2005). Tutorials in Quantitative Methods for Psychology, 4, 61-64.
+void AddWithin(const std::vector<std::vector<double>>& rows, const TestSeries& series, CriticalValues& critical,
+               std::vector<WithinInterval>& within) {
+  const auto tests = static_cast<double>(series.Measures.size());
+  double grand = 0;
+  std::vector<double> means;
+  means.reserve(rows.size());
+  for (const std::vector<double>& row : rows) {
+    means.push_back(std::accumulate(row.begin(), row.end(), 0.0) / tests);
+    grand += means.back() / static_cast<double>(rows.size());
   }
-  SortLevels(levels.Texts);
-  for (std::size_t place = 0; place < levels.Texts.size(); ++place) places[levels.Texts[place]] = place;
-  levels.OfRow.reserve(table.RowCount());
-  for (std::size_t row = 0; row < table.RowCount(); ++row) {
-    levels.OfRow.push_back(places.find(table.Level(row, variable))->second);
-  }
-  return levels;
-}
-
-// Prefers the variable at the column's own position, since two variables may have one name.
-std::optional<std::size_t> VariableOf(const ProjectParameters& project, const MasterTable& table, std::size_t column) {
-  const std::string& name = table.Variables[column];
-  if (column < static_cast<std::size_t>(project.VariableCount) &&
-      WithoutOuterBlanks(project.VariableNames[column]) == name) {
-    return column;
-  }
-  return FindVariable(project, name);
-}
-
-// Distinguishes a level whose name is the number of an unnamed level from that level.
-void NameLevels(OccurringLevels& levels, const ProjectParameters* project, std::optional<std::size_t> variable) {
-  std::unordered_map<std::string, int> uses;
-  for (const std::string_view text : levels.Texts) {
-    const auto number = project != nullptr && variable ? LevelNumber(text) : std::nullopt;
-    ++uses[levels.Names.emplace_back(number ? LevelLabel(*project, *variable, *number) : std::string(text))];
-  }
-  for (std::size_t place = 0; place < levels.Names.size(); ++place) {
-    std::string& name = levels.Names[place];
-    if (uses[name] > 1) name.append(" (").append(levels.Texts[place]).append(")");
+  for (std::size_t test = 0; test < series.Measures.size(); ++test) {
+    Sample normalized;
+    for (std::size_t row = 0; row < rows.size(); ++row) normalized.Add(rows[row][test] - means[row] + grand);
+    const SampleStatistics statistics = normalized.Statistics(critical);
+    WithinInterval& interval = within[series.Places[test]];
+    interval.Mean = statistics.Mean;
+    if (statistics.HalfWidth) interval.HalfWidth = *statistics.HalfWidth * std::sqrt(tests / (tests - 1));
   }
 }
 
@@ -92,32 +57,62 @@ class OpenCell {
       : m_table(table),
         m_request(request),
         m_samples(request.Measures.size()),
-        m_uncomputed(request.Measures.size(), 0) {}
+        m_uncomputed(request.Measures.size(), 0) {
+    if (request.More.Within) m_series = SeriesOfTests(table, request.Measures);
+  }
 
   void Add(std::size_t row) {
     for (std::size_t i = 0; i < m_samples.size(); ++i) {
       const std::size_t measure = m_request.Measures[i];
-      const bool isUncomputed = m_table.IsUncomputed(row, measure);
-      if (isUncomputed) ++m_uncomputed[i];
-      // A further measure has no 0 that could stand for it.
-      const bool counts = !isUncomputed || (!m_request.LeavesOutUncomputed && !m_table.IsFurther(measure));
-      if (counts) m_samples[i].Add(m_table.Value(row, measure));
+      if (m_table.IsUncomputed(row, measure)) ++m_uncomputed[i];
+      if (const auto value = ValueOf(row, measure)) m_samples[i].Add(*value);
     }
+    if (KeepsRows()) m_rows.push_back(row);
   }
 
   // Resets for the next cell.
   MeansCell Close(std::vector<std::string> levels) {
-    MeansCell cell{std::move(levels), {}, m_uncomputed};
+    MeansCell cell{.Levels = std::move(levels), .Measures = {}, .Uncomputed = m_uncomputed};
+    cell.Measures.reserve(m_samples.size());
     for (Sample& sample : m_samples) cell.Measures.push_back(std::exchange(sample, {}).Statistics(m_critical));
+    if (HasOrders()) AddOrders(cell.Orders);
+    if (m_request.More.Within) {
+      cell.Within.resize(m_samples.size());
+      for (const TestSeries& series : m_series) {
+        AddWithin(CompleteRows(m_table, m_rows, series, m_request.LeavesOutUncomputed), series, m_critical,
+                  cell.Within);
+      }
+    }
     std::fill(m_uncomputed.begin(), m_uncomputed.end(), 0);
+    m_rows.clear();
     return cell;
   }
 
  private:
+  [[nodiscard]] bool HasOrders() const { return m_request.More.Median || m_request.More.Min || m_request.More.Max; }
+  [[nodiscard]] bool KeepsRows() const { return HasOrders() || m_request.More.Within; }
+  [[nodiscard]] std::optional<double> ValueOf(std::size_t row, std::size_t measure) const {
+    return CountedValue(m_table, row, measure, m_request.LeavesOutUncomputed);
+  }
+
+  void AddOrders(std::vector<OrderStatistics>& orders) {
+    orders.reserve(m_request.Measures.size());
+    for (const std::size_t measure : m_request.Measures) {
+      m_values.clear();
+      for (const std::size_t row : m_rows) {
+        if (const auto value = ValueOf(row, measure)) m_values.push_back(*value);
+      }
+      orders.push_back(OrderOf(m_values));
+    }
+  }
+
   const MasterTable& m_table;
   const MeansRequest& m_request;
+  std::vector<TestSeries> m_series;
   std::vector<Sample> m_samples;
   std::vector<std::size_t> m_uncomputed;
+  std::vector<std::size_t> m_rows;
+  std::vector<double> m_values;
   CriticalValues m_critical;
 };
 
@@ -154,6 +149,21 @@ void AppendCells(const MasterTable& table, const MeansRequest& request, const st
   if (last) close();
 }
 
+// Each level of each variable, over all levels of the others.
+void AppendMarginals(const MasterTable& table, const MeansRequest& request,
+                     const std::vector<OccurringLevels>& variables, std::vector<MeansCell>& cells) {
+  for (std::size_t variable = 0; variable < variables.size(); ++variable) {
+    const std::size_t first = cells.size();
+    AppendCells(table, request, {variables[variable]}, cells);
+    for (std::size_t cell = first; cell < cells.size(); ++cell) {
+      std::vector<std::string> levels(variables.size(), kAll);
+      levels[variable] = std::move(cells[cell].Levels.front());
+      cells[cell].Levels = std::move(levels);
+      cells[cell].IsMarginal = true;
+    }
+  }
+}
+
 std::string NumberText(const std::optional<double>& value) {
   std::string text;
   if (value) AppendPlainNumber(text, *value);
@@ -161,17 +171,32 @@ std::string NumberText(const std::optional<double>& value) {
 }
 
 std::vector<std::string> LineOf(const MeansTable& means, const MeansCell& cell, std::size_t measure) {
-  const SampleStatistics& statistics = cell.Measures[measure];
   std::vector<std::string> line = {means.Measures[measure]};
   if (cell.Levels.empty()) {
     line.insert(line.end(), means.Variables.size(), kAll);
   } else {
     line.insert(line.end(), cell.Levels.begin(), cell.Levels.end());
   }
-  line.insert(line.end(),
-              {std::to_string(statistics.N), NumberText(statistics.Mean), NumberText(statistics.Sd),
-               NumberText(statistics.Low()), NumberText(statistics.High()), std::to_string(cell.Uncomputed[measure])});
+  for (const MeansColumn column : ColumnsOf(means.More)) line.push_back(NumberText(NumberOf(cell, measure, column)));
   return line;
+}
+
+std::string_view HeadingOf(MeansColumn column) {
+  switch (column) {
+    case MeansColumn::N: return "n";
+    case MeansColumn::Mean: return "Mean";
+    case MeansColumn::Sd: return "SD";
+    case MeansColumn::Se: return "SE";
+    case MeansColumn::Median: return "Median";
+    case MeansColumn::Min: return "Min";
+    case MeansColumn::Max: return "Max";
+    case MeansColumn::Low: return "95% CI Low";
+    case MeansColumn::High: return "95% CI High";
+    case MeansColumn::WithinLow: return "95% Within CI Low";
+    case MeansColumn::WithinHigh: return "95% Within CI High";
+    case MeansColumn::NotComputed: return "Not Computed";
+  }
+  return "";
 }
 
 template <typename AppendField>
@@ -197,15 +222,62 @@ MeansTable ComputeMeans(const MasterTable& table, const MeansRequest& request, c
   std::vector<OccurringLevels> variables;
   for (const std::size_t variable : request.Variables) {
     means.Variables.push_back(table.Variables[variable]);
-    variables.push_back(LevelsOf(table, variable));
-    NameLevels(variables.back(), project, project != nullptr ? VariableOf(*project, table, variable) : std::nullopt);
+    variables.push_back(LevelsOf(table, variable, project));
     means.LevelNames.push_back(variables.back().Names);
   }
+  means.More = request.More;
   if (!variables.empty()) AppendCells(table, request, variables, means.Cells);
+  if (request.More.Marginal && variables.size() > 1) AppendMarginals(table, request, variables, means.Cells);
   OpenCell all(table, request);
   for (std::size_t row = 0; row < table.RowCount(); ++row) all.Add(row);
   means.Cells.push_back(all.Close({}));
   return means;
+}
+
+std::vector<MeansColumn> ColumnsOf(const MoreStatistics& more) {
+  const std::pair<MeansColumn, bool> all[] = {
+      {MeansColumn::N, true},
+      {MeansColumn::Mean, true},
+      {MeansColumn::Sd, true},
+      {MeansColumn::Se, more.Se},
+      {MeansColumn::Median, more.Median},
+      {MeansColumn::Min, more.Min},
+      {MeansColumn::Max, more.Max},
+      {MeansColumn::Low, true},
+      {MeansColumn::High, true},
+      {MeansColumn::WithinLow, more.Within},
+      {MeansColumn::WithinHigh, more.Within},
+      {MeansColumn::NotComputed, true},
+  };
+  std::vector<MeansColumn> columns;
+  columns.reserve(std::size(all));
+  for (const auto& [column, isShown] : all) {
+    if (isShown) columns.push_back(column);
+  }
+  return columns;
+}
+
+std::optional<double> NumberOf(const MeansCell& cell, std::size_t measure, MeansColumn column) {
+  const SampleStatistics& sample = cell.Measures[measure];
+  const OrderStatistics order = cell.Orders.empty() ? OrderStatistics{} : cell.Orders[measure];
+  const WithinInterval within = cell.Within.empty() ? WithinInterval{} : cell.Within[measure];
+  switch (column) {
+    case MeansColumn::N: return static_cast<double>(sample.N);
+    case MeansColumn::Mean: return sample.Mean;
+    case MeansColumn::Sd: return sample.Sd;
+    case MeansColumn::Se: return sample.Se();
+    case MeansColumn::Median: return order.Median;
+    case MeansColumn::Min: return order.Min;
+    case MeansColumn::Max: return order.Max;
+    case MeansColumn::Low: return sample.Low();
+    case MeansColumn::High: return sample.High();
+    case MeansColumn::WithinLow:
+      return within.HalfWidth ? std::optional(*within.Mean - *within.HalfWidth) : std::nullopt;
+    case MeansColumn::WithinHigh:
+      return within.HalfWidth ? std::optional(*within.Mean + *within.HalfWidth) : std::nullopt;
+    case MeansColumn::NotComputed: return static_cast<double>(cell.Uncomputed[measure]);
+  }
+  return std::nullopt;
 }
 
 MeansLines LinesOf(const MeansTable& means) {
@@ -213,7 +285,7 @@ MeansLines LinesOf(const MeansTable& means) {
   CsvHeader header;
   header.Add("Measure");
   for (const std::string& variable : means.Variables) header.AddVariable(variable);
-  for (const char* name : {"n", "Mean", "SD", "95% CI Low", "95% CI High", "Not Computed"}) header.Add(name);
+  for (const MeansColumn column : ColumnsOf(means.More)) header.Add(HeadingOf(column));
   lines.Header = header.Names();
   for (std::size_t measure = 0; measure < means.Measures.size(); ++measure) {
     for (const MeansCell& cell : means.Cells) lines.Rows.push_back(LineOf(means, cell, measure));

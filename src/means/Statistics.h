@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <cmath>
 #include <cstddef>
 #include <optional>
 #include <unordered_map>
@@ -31,6 +32,10 @@ struct SampleStatistics {
   std::optional<double> Sd;         ///< sample standard deviation (n - 1); nullopt below two values
   std::optional<double> HalfWidth;  ///< of the confidence interval of the mean: t(n - 1) * Sd / sqrt(n)
 
+  /// The standard error of the mean.
+  [[nodiscard]] std::optional<double> Se() const {
+    return Sd ? std::optional(*Sd / std::sqrt(static_cast<double>(N))) : std::nullopt;
+  }
   [[nodiscard]] std::optional<double> Low() const {
     return HalfWidth ? std::optional(*Mean - *HalfWidth) : std::nullopt;
   }

@@ -88,6 +88,7 @@ TEST_F(Command, RefusesWrongUsage) {
         {"Ab.prm --group-by Sex", "--group-by requires --group-size"},
         {"--group-size 2 --group-by '' Ab.prm", "the project has no variable ''"},
         {"--clean c.csv --means '' --means Sax Ab.prm", "the project has no variable 'Sax'"},
+        {"--means '' --statistics se,mode Ab.prm", "--statistics: unknown statistic 'mode'"},
         {"--computed-only Ab.prm", "--computed-only requires --means"},
         {"--further --long l.csv Ab.prm", "--further requires --clean or --means"},
         {"--clean c.csv --positions Ab.prm", "--positions requires --further"},
@@ -123,7 +124,7 @@ TEST_F(Command, ExplainsEveryOptionInUsageAndManual) {
     const std::size_t name = usage.find("--", at) + 1;
     EXPECT_THAT(manual, ::testing::HasSubstr("It Fl " + usage.substr(name, usage.find_first_of(" \n", name) - name)));
   }
-  EXPECT_EQ(options, 16);
+  EXPECT_EQ(options, 18);
 }
 
 #ifdef __linux__

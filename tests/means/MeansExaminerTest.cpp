@@ -84,6 +84,38 @@ TEST(MeansExaminer, TheTableFollowsWhatIsChosenAndLeavesOutWhatWasNotComputed) {
   EXPECT_EQ(means.Picture().Note, "Choose a measure.");
 }
 
+TEST(MeansExaminer, TheFurtherMeasuresAreReadWhenTheFirstIsChosen) {
+  Desk desk;
+  MeansExaminer& means = desk.Means;
+  means.Open(desk.Project, "");
+  ASSERT_EQ(means.FurtherGroups().size(), 4U);
+  const MeasureGroup& clustering = means.FurtherGroups()[1];
+  EXPECT_EQ(clustering.Heading, "Clustering");
+  EXPECT_EQ(means.Measures()[clustering.First], "RR(Test 1)");
+  std::vector<std::string> notes;
+  means.SetObserver([&] { notes.push_back(means.NoteLine()); });
+  means.ChooseMeasures({clustering.First});  // 1 2 3 and 1 3 2; nothing
+  EXPECT_EQ(desk.Table(), "R1 2 0.25 0.35 -2.93 3.43 1");
+  means.ChooseWholeSeries();
+  EXPECT_EQ(means.RowCount(), 2);
+  EXPECT_EQ(notes, std::vector<std::string>{"Reading the subjects, for the further measures ..."});
+  EXPECT_EQ(means.NoteLine(), "2 values of the chosen further measures could not be computed and are left out.");
+  EXPECT_FALSE(means.CanLeaveOut());
+  EXPECT_EQ(means.Picture().YLabel, "Repetition ratio");
+
+  means.ChooseMeasures({0, 1});
+  means.SetBars(PlotBars::Within);
+  EXPECT_TRUE(means.Picture().Note.ends_with("of the subjects with a value on all tests.")) << means.Picture().Note;
+  EXPECT_NE(means.EffectLines().find("Net(Test 2) - Net(Test 1): difference = 0.00"), std::string::npos);
+  means.SetMore(true);
+  EXPECT_EQ(means.Headings().size(), 13U);
+  EXPECT_TRUE(desk.Table().starts_with("N1 3 2.00 1.73 1.00 3.00 0.00 3.00 ")) << desk.Table();
+
+  desk.Files.Put("C:\\Data\\AB Combined Master.txt", kHeader + "Group 1 (1+2), 1, 1, 1, 0, 0\r\n");
+  desk.Choose("C:\\Data\\AB Combined Master.txt");
+  EXPECT_TRUE(means.FurtherGroups().empty()) << "groups have none";
+}
+
 TEST(MeansExaminer, VariablesKeepTheOrderInWhichTheyWereChosen) {
   Desk desk;
   desk.Files.Put("D:\\Two.txt", "ID, Age, Sex, Net(Test 1)\r\n1, 1, 2, 5\r\n");

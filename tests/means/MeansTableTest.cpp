@@ -5,6 +5,7 @@
 #include <set>
 #include <tuple>
 
+#include "means/EffectSizes.h"
 #include "scoring/Examples.h"
 #include "text/NumberText.h"
 
@@ -152,6 +153,39 @@ TEST(MeansTable, ARowPerCombinationAndTheTotal) {
   EXPECT_EQ(CsvText(LinesOf(empty)),
             "Measure,Sex,n,Mean,SD,95% CI Low,95% CI High,Not Computed\r\n"
             "Net(Test 1),(all),0,,,,,0\r\n");
+}
+
+// Four subjects of two levels, and two tests.
+TEST(MeansTable, WhatItHasOnDemand) {
+  const auto table = ParseMaster(
+      "Sub ID's, Sex, Room, Net(Test 1), Net(Test 2), Net(Test 3)\n1, 1, 1, 1, 2, 3\n2, 1, 2, 2, 4, 3\n3, 2, 1, 3, 3, "
+      "3\n"
+      "4, 2, 1, 6, 9, 3\n",
+      "");
+  ASSERT_TRUE(table);
+  const MoreStatistics all{true, true, true, true, true, true};
+  const std::string text = CsvText(LinesOf(ComputeMeans(*table, {{0, 1}, {0, 1}, false, all}, nullptr)));
+  for (const char* line :
+       {"Measure,Sex,Room,n,Mean,SD,SE,Median,Min,Max,95% CI Low,95% CI High,95% Within CI Low,95% Within CI High,Not "
+        "Computed\r\nNet(Test 1),1,1,1,1,,,1,1,1,,,,,0\r\n",
+        "\r\nNet(Test 1),(all),2,1,2,,,2,2,2,,,,,0\r\nNet(Test "
+        "1),(all),(all),4,3,2.16024689946929,1.08012344973464,2.5,1,6,"
+        "-0.43743488185831",
+        ",1.54741864212262,4.45258135787738,0\r\n"}) {
+    EXPECT_NE(text.find(line), std::string::npos) << line << "\n" << text;
+  }
+  const auto effects = [&](std::vector<std::size_t> measures, std::vector<std::size_t> variables) {
+    std::string lines;
+    for (const Effect& effect : ComputeEffects(*table, {std::move(measures), std::move(variables)}, nullptr)) {
+      lines += effect.Measure + ", " + EffectText(effect) + "\n";
+    }
+    return lines;
+  };
+  EXPECT_EQ(effects({0}, {0}), "Net(Test 1), Sex, 1 - 2: d = -1.90 (n = 4)\n");
+  EXPECT_EQ(effects({0, 1}, {}),
+            "Net, Test, Net(Test 2) - Net(Test 1): difference = 1.50, 95 % CI -0.55 to 3.55 (n = 4)\n"
+            "Net, Test, Net(Test 2) - Net(Test 1): d_z = 1.16 (n = 4)\n");
+  EXPECT_EQ(effects({0, 1, 2}, {}), "Net, Test: eta squared = 0.12 (n = 4)\n");
 }
 
 TEST(MeansTable, NumbersInFilesAndOnTheScreen) {

@@ -5,6 +5,7 @@
 #include <QAction>
 #include <QCheckBox>
 #include <QClipboard>
+#include <QComboBox>
 #include <QFont>
 #include <QGuiApplication>
 #include <QHBoxLayout>
@@ -47,7 +48,7 @@ class MeansModel final : public QAbstractTableModel {
         return font;
       }
       case Qt::TextAlignmentRole: {
-        const bool isNumber = index.column() > static_cast<int>(m_headings.size()) - 7;
+        const bool isNumber = index.column() >= m_rules.FirstNumber();
         return static_cast<int>(Qt::AlignVCenter | (isNumber ? Qt::AlignRight : Qt::AlignLeft));
       }
       default: return {};
@@ -127,9 +128,12 @@ MeansPanel::MeansPanel(Session& session)
       m_lstMeasures(Named(new QListWidget, "lstMeasures")),
       m_lstMeansVariables(Named(new QListWidget, "lstMeansVariables")),
       m_chkMeansLeaveOut(Named(new QCheckBox("&Leave out values that could not be computed"), "chkMeansLeaveOut")),
+      m_chkMeansMore(Named(new QCheckBox("More Stat&istics"), "chkMeansMore")),
+      m_cboBars(Named(new QComboBox, "cboBars")),
       m_grdMeans(Named(new QTableView, "grdMeans")),
       m_model(new MeansModel(m_rules, this)),
       m_plotMeans(new PlotView("plotMeans")),
+      m_lblMeansEffects(MakeLabel("lblMeansEffects", {})),
       m_lblPlotNote(MakeLabel("lblPlotNote", {})) {
   AddTitle("lblMeansTitle", "Examine Means");
   AddProjectName();
@@ -152,6 +156,10 @@ MeansPanel::MeansPanel(Session& session)
           [this] { Act([this] { m_rules.ChooseVariables(ChosenRows(*m_lstMeansVariables)); }); });
   connect(m_chkMeansLeaveOut, &QCheckBox::clicked, this,
           [this](bool checked) { Act([this, checked] { m_rules.SetLeavesOut(checked); }); });
+  connect(m_chkMeansMore, &QCheckBox::clicked, this,
+          [this](bool checked) { Act([this, checked] { m_rules.SetMore(checked); }); });
+  connect(m_cboBars, &QComboBox::activated, this,
+          [this](int index) { Act([this, index] { m_rules.SetBars(static_cast<PlotBars>(index)); }); });
 }
 
 QWidget* MeansPanel::MakeChoices() {
@@ -187,7 +195,11 @@ QWidget* MeansPanel::MakeResults() {
   auto* table = new QWidget;
   auto* rows = new QVBoxLayout(table);
   rows->setContentsMargins({});
-  rows->addWidget(m_chkMeansLeaveOut, 0, Qt::AlignLeft);
+  auto* choices = new QHBoxLayout;
+  choices->addWidget(m_chkMeansLeaveOut);
+  choices->addWidget(m_chkMeansMore);
+  choices->addStretch();
+  rows->addLayout(choices);
   rows->addWidget(m_grdMeans, 1);
   m_grdMeans->setModel(m_model);
   m_grdMeans->setAccessibleName("Means");
@@ -203,10 +215,19 @@ QWidget* MeansPanel::MakeResults() {
   copy->setShortcutContext(Qt::WidgetShortcut);
   connect(copy, &QAction::triggered, this, [this] { Copy(); });
   m_grdMeans->addAction(copy);
+  rows->addWidget(m_lblMeansEffects);
   results->addWidget(table);
   auto* plot = new QWidget;
   auto* plotRows = new QVBoxLayout(plot);
   plotRows->setContentsMargins({});
+  for (const char* bars : {"95 % Confidence Interval", "Standard Error", "95 % Within Subjects", "None"}) {
+    m_cboBars->addItem(bars);
+  }
+  auto* bars = new QHBoxLayout;
+  bars->addWidget(MakeLabel("lblBars", "Bars &Drawn:", m_cboBars));
+  bars->addWidget(m_cboBars);
+  bars->addStretch();
+  plotRows->addLayout(bars);
   plotRows->addWidget(m_plotMeans, 1);
   plotRows->addWidget(m_lblPlotNote);
   results->addWidget(plot);
@@ -247,21 +268,28 @@ void MeansPanel::FillLists() {
 void MeansPanel::AddHeadings() {
   const QSignalBlocker quiet(m_lstMeasures);
   m_headings.clear();
-  int row = 0;
+  m_furtherTitle = nullptr;
+  QFont bold;
+  bold.setBold(true);
   for (const MeasureGroup& group : m_rules.FurtherGroups()) {
     auto* line = new QListWidgetItem;
     line->setFlags(Qt::ItemIsEnabled);  // the cursor can go there, but it is no measure
-    QFont bold;
-    bold.setBold(true);
     line->setFont(bold);
-    m_lstMeasures->insertItem(static_cast<int>(group.First) + row++, line);
+    const int row = RowOf(group.First) - 1;
+    if (m_furtherTitle == nullptr) {
+      m_furtherTitle = new QListWidgetItem("Further measures");
+      m_furtherTitle->setFlags(Qt::NoItemFlags);
+      m_lstMeasures->insertItem(row - 1, m_furtherTitle);
+    }
+    m_lstMeasures->insertItem(row, line);
     m_headings.push_back({line, true});
   }
 }
 
 int MeansPanel::RowOf(std::size_t measure) const {
-  int row = static_cast<int>(measure);
-  for (const MeasureGroup& group : m_rules.FurtherGroups()) row += measure >= group.First ? 1 : 0;
+  const std::vector<MeasureGroup>& groups = m_rules.FurtherGroups();
+  int row = static_cast<int>(measure) + (!groups.empty() && measure >= groups.front().First ? 1 : 0);  // the title
+  for (const MeasureGroup& group : groups) row += measure >= group.First ? 1 : 0;
   return row;
 }
 
@@ -292,6 +320,7 @@ void MeansPanel::HideFiltered() {
   const std::vector<MeasureGroup>& groups = m_rules.FurtherGroups();
   const std::size_t further = groups.empty() ? m_rules.Measures().size() : groups.front().First;
   for (std::size_t measure = 0; measure < further; ++measure) hide(measure, false);
+  if (m_furtherTitle != nullptr) m_furtherTitle->setHidden(!filter.isEmpty());
   for (std::size_t k = 0; k < groups.size(); ++k) {
     const auto& [line, isFolded] = m_headings[k];
     line->setHidden(!filter.isEmpty());
@@ -341,6 +370,10 @@ void MeansPanel::ShowState() {
   ShowChosen();
   m_chkMeansLeaveOut->setEnabled(m_rules.CanLeaveOut());
   m_chkMeansLeaveOut->setChecked(m_rules.LeavesOut());
+  m_chkMeansMore->setChecked(m_rules.HasMore());
+  m_cboBars->setCurrentIndex(static_cast<int>(m_rules.Bars()));
+  m_lblMeansEffects->setText(ToQt(m_rules.EffectLines()));
+  m_lblMeansEffects->setVisible(!m_rules.EffectLines().empty());
   m_cmdMeansFamily->setEnabled(!m_rules.ChosenMeasures().empty());
   const bool hasTable = m_rules.RowCount() > 0;
   m_cmdMeansCopy->setEnabled(hasTable);

@@ -7,6 +7,7 @@
 #include "app/widgets/Panel.h"
 
 class QCheckBox;
+class QComboBox;
 class QLabel;
 class QLineEdit;
 class QListWidget;
@@ -58,9 +59,12 @@ class MeansPanel : public Panel {
   QListWidget* m_lstMeansVariables;
   QPushButton* m_cmdMeansFamily = nullptr;
   QCheckBox* m_chkMeansLeaveOut;
+  QCheckBox* m_chkMeansMore;
+  QComboBox* m_cboBars;
   QTableView* m_grdMeans;
   MeansModel* m_model;
   PlotView* m_plotMeans;
+  QLabel* m_lblMeansEffects;
   QLabel* m_lblPlotNote;
   QPushButton* m_cmdMeansCopy = nullptr;
   QPushButton* m_cmdMeansSave = nullptr;
@@ -69,6 +73,7 @@ class MeansPanel : public Panel {
     QListWidgetItem* Line;
     bool IsFolded;
   };
+  QListWidgetItem* m_furtherTitle = nullptr;
   std::vector<Heading> m_headings;  // of the groups of further measures, each before its first one
   int m_layoutRevision = -1;        // as last shown
 };

@@ -160,11 +160,11 @@ void HandAt(const FurtherFamily& family, ColumnPlace place, const FurtherScores&
 
 std::string_view FurtherGroupText(FurtherGroup group) {
   switch (group) {
-    case FurtherGroup::Amount: return "amount and change";
-    case FurtherGroup::Clustering: return "clustering";
-    case FurtherGroup::Organization: return "organization";
-    case FurtherGroup::Serial: return "serial position";
-    case FurtherGroup::Lures: return "lures";
+    case FurtherGroup::Amount: return "Amount and change";
+    case FurtherGroup::Clustering: return "Clustering";
+    case FurtherGroup::Organization: return "Organization";
+    case FurtherGroup::Serial: return "Serial position";
+    case FurtherGroup::Lures: return "Lures";
   }
   return "";
 }

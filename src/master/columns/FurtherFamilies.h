@@ -22,7 +22,7 @@ using MeasuredAt = std::span<const Measured> (*)(const FurtherScores& scores, Co
 /// What the further measures are about, in the order of their columns.
 enum class FurtherGroup { Amount, Clustering, Organization, Serial, Lures };
 
-/// "amount and change".
+/// "Amount and change".
 std::string_view FurtherGroupText(FurtherGroup group);
 
 /// The columns of one further measure.

@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "means/OccurringLevels.h"
+
+#include <algorithm>
+#include <charconv>
+#include <optional>
+#include <unordered_map>
+
+#include "master/groups/NominalGroups.h"
+#include "text/TypedText.h"
+
+namespace zova {
+
+namespace {
+
+constexpr std::string_view kNoLevel = "XXXXXXX";  // for a nominal group: its members may differ
+
+std::optional<int> LevelNumber(std::string_view level) {
+  int number = 0;
+  const auto result = std::from_chars(level.data(), level.data() + level.size(), number);
+  if (level.empty() || result.ec != std::errc{} || result.ptr != level.data() + level.size()) return std::nullopt;
+  return number;
+}
+
+// By number if all levels are numbers, else by text; kNoLevel comes last.
+void SortLevels(std::vector<std::string_view>& texts) {
+  const auto isNumber = [](std::string_view text) { return text == kNoLevel || LevelNumber(text); };
+  const bool byNumber = std::all_of(texts.begin(), texts.end(), isNumber);
+  std::sort(texts.begin(), texts.end(), [&](std::string_view a, std::string_view b) {
+    if ((a == kNoLevel) != (b == kNoLevel)) return b == kNoLevel;
+    const int left = byNumber ? LevelNumber(a).value_or(0) : 0;
+    const int right = byNumber ? LevelNumber(b).value_or(0) : 0;
+    return left != right ? left < right : a < b;
+  });
+}
+
+// Prefers the variable at the column's own position, since two variables may have one name.
+std::optional<std::size_t> VariableOf(const ProjectParameters& project, const MasterTable& table, std::size_t column) {
+  const std::string& name = table.Variables[column];
+  if (column < static_cast<std::size_t>(project.VariableCount) &&
+      WithoutOuterBlanks(project.VariableNames[column]) == name) {
+    return column;
+  }
+  return FindVariable(project, name);
+}
+
+// Distinguishes a level whose name is the number of an unnamed level from that level.
+void NameLevels(OccurringLevels& levels, const ProjectParameters* project, std::optional<std::size_t> variable) {
+  std::unordered_map<std::string, int> uses;
+  for (const std::string_view text : levels.Texts) {
+    const auto number = project != nullptr && variable ? LevelNumber(text) : std::nullopt;
+    ++uses[levels.Names.emplace_back(number ? LevelLabel(*project, *variable, *number) : std::string(text))];
+  }
+  for (std::size_t place = 0; place < levels.Names.size(); ++place) {
+    std::string& name = levels.Names[place];
+    if (uses[name] > 1) name.append(" (").append(levels.Texts[place]).append(")");
+  }
+}
+
+}  // namespace
+
+OccurringLevels LevelsOf(const MasterTable& table, std::size_t variable, const ProjectParameters* project) {
+  OccurringLevels levels;
+  std::unordered_map<std::string_view, std::size_t> places;
+  for (std::size_t row = 0; row < table.RowCount(); ++row) {
+    if (places.emplace(table.Level(row, variable), 0).second) levels.Texts.push_back(table.Level(row, variable));
+  }
+  SortLevels(levels.Texts);
+  for (std::size_t place = 0; place < levels.Texts.size(); ++place) places[levels.Texts[place]] = place;
+  levels.OfRow.reserve(table.RowCount());
+  for (std::size_t row = 0; row < table.RowCount(); ++row) {
+    levels.OfRow.push_back(places.find(table.Level(row, variable))->second);
+  }
+  NameLevels(levels, project, project != nullptr ? VariableOf(*project, table, variable) : std::nullopt);
+  return levels;
+}
+
+}  // namespace zova

@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "means/MasterTable.h"
+
+namespace zova {
+
+/// The levels of one variable that occur, in display order.
+struct OccurringLevels {
+  std::vector<std::string_view> Texts;
+  std::vector<std::string> Names;  ///< as Texts
+  std::vector<std::size_t> OfRow;  ///< index into both lists
+};
+
+/// The levels of a variable of `table`, which must outlive them. `project`, the master's project or null, names them;
+/// levels without a name show their numbers.
+OccurringLevels LevelsOf(const MasterTable& table, std::size_t variable, const ProjectParameters* project);
+
+}  // namespace zova
