@@ -194,7 +194,8 @@ bool ListBuilder::Build(const SubjectRows& rows, int test, TestEntries& entries,
   m_lines.clear();
   m_isRecalled.assign(static_cast<std::size_t>(m_context.Project.ItemCount) + 1, false);
   StudyList(entries.Study);
-  NoteOrder(subjectId, orders);
+  const auto isOrdered = [](const TableEntry* entry) { return entry->IsOrdered; };
+  if (std::all_of(entries.Study.begin(), entries.Study.end(), isOrdered)) NoteOrder(subjectId, orders);
   if (m_byPosition && !m_hasStudy && !entries.Recall.empty()) {
     Report(CaseKind::Error, *entries.Recall.front(), kNoColumn,
            "there are no study rows, which --items position needs");

@@ -39,6 +39,7 @@ class EntryMaker {
       entry.Column = static_cast<int>(column.Column);
       entry.Label = LabelOf(column.TestLabel.empty() ? m_reader.Text(ColumnRole::Test) : column.TestLabel);
       entry.IsStudy = kind == RowKind::Study;
+      entry.IsOrdered = m_setup.OrderColumn == kNoColumn || m_reader.Text(m_setup.OrderColumn) != "none";
       entry.IsCell = column.IsCell;
       entry.Response = Keep(rows, m_reader.Text(entry.Column));
       if (m_setup.Layout.Shape == TableShape::Long) {
@@ -91,6 +92,17 @@ class EntryMaker {
   int m_label = -1;
 };
 
+int FindOrderColumn(const TableSetup& setup) {
+  const int column = ColumnNamed(setup.Format, "order");
+  if (column == setup.Columns.Of(ColumnRole::Position)) return kNoColumn;
+  const auto isOrigin = [&](const std::vector<std::string>& row) {
+    const auto index = static_cast<std::size_t>(column);
+    return index < row.size() && (row[index] == "none" || row[index] == "saved" || row[index] == "subject");
+  };
+  const auto& sample = setup.Format.Sample;
+  return std::all_of(sample.begin(), sample.end(), isOrigin) ? column : kNoColumn;
+}
+
 std::uint64_t DigestOf(const SubjectRows& rows) {
   constexpr std::uint64_t kFactor = 0x9E3779B97F4A7C15U;
   std::uint64_t digest = std::hash<std::string>{}(rows.Texts);
@@ -113,9 +125,13 @@ RowKind KindOfRow(std::string_view trialType) {
 
 TableSetup SetUpTable(Disk& disk, const std::string& path, const TableOptions& options,
                       const ProjectParameters& project) {
-  TableSetup setup{path, options, FindTableFormat(disk, path, options), {}, {}};
+  TableSetup setup;
+  setup.Path = path;
+  setup.Options = options;
+  setup.Format = FindTableFormat(disk, path, options);
   setup.Columns = FindTableColumns(setup.Format, options.Columns, project);
   setup.Layout = FindTableLayout(setup.Format, setup.Columns, options);
+  setup.OrderColumn = FindOrderColumn(setup);
   for (const RowFilter& filter : options.Where) {
     if (ColumnNamed(setup.Format, filter.Column) != kNoColumn) continue;
     setup.Columns.Faults.push_back({filter.Column, "There is no column '" + filter.Column + "' in the table"});

@@ -22,6 +22,8 @@ struct TableSetup {
   TableFormat Format;
   TableColumns Columns;
   TableLayout Layout;
+  /// The column in which this program's own tables say whose order of study a list has ("none" if it is not known).
+  int OrderColumn = kNoColumn;
 };
 
 /// What a row is by its trial type. A table without that column has recalls alone.
@@ -70,6 +72,7 @@ struct TableEntry {
   int Column = kNoColumn;  ///< of the response
   int Label = 0;           ///< index of the test's label in the survey
   bool IsStudy = false;
+  bool IsOrdered = true;  ///< of a study row: its position is the order of study
   bool IsCell = false;
   TextSpan Response;  ///< the word or, in a table of numbers, the item
   TextSpan Item;      ///< empty in a table without item numbers
