@@ -72,13 +72,13 @@ void KeepIdentifiers(ImportDraft& draft) {
   }
 }
 
-// The number of tests that the table needs.
+// The number of tests that the table needs. Labels of which one is above the project's tests are numbered in order.
 int TestsNeeded(const ImportDraft& draft) {
-  if (draft.Options.Tests == TestsBy::Rank) return draft.Survey.MostLabels;
-  const std::vector<int> tests = TestsOfLabels(draft.Survey, kMaxTests);
+  const TableSurvey& survey = draft.Survey;
+  if (draft.Options.Tests == TestsBy::Rank) return survey.MostLabels;
+  const std::vector<int> tests = TestsOfLabels(survey, draft.Context.Project.TestCount);
   const bool isBeyond = std::find(tests.begin(), tests.end(), 0) != tests.end();
-  return isBeyond || tests.empty() ? static_cast<int>(draft.Survey.Labels.size())
-                                   : *std::max_element(tests.begin(), tests.end());
+  return isBeyond ? static_cast<int>(survey.Labels.size()) : 0;
 }
 
 }  // namespace

@@ -45,7 +45,7 @@ void ListBuilder::SortByPosition(std::vector<const TableEntry*>& entries, bool a
     const auto position = WholeNumber(text);
     if (!position || *position < 0) {
       Report(CaseKind::Error, *entry, column,
-             "'" + std::string(text) + "' is no position; --order rows takes the rows'");
+             "'" + std::string(text) + "' is no position; --order rows takes the order of the rows");
       continue;
     }
     m_ordered.emplace_back(*position, entry);

@@ -82,11 +82,8 @@ std::size_t FindItems(const ProposalSurvey& survey, const TableSurvey& table, co
 
 std::string FindTests(Disk& disk, const TableSetup& setup, const TableSurvey& table, const ImportOptions& options,
                       ProjectParameters& project) {
-  const std::vector<int> tests = TestsOfLabels(table, kMaxTests);
-  const bool areTests = !tests.empty() && std::find(tests.begin(), tests.end(), 0) == tests.end();
-  const int count = options.Tests == TestsBy::Rank ? table.MostLabels
-                    : areTests                     ? *std::max_element(tests.begin(), tests.end())
-                                                   : static_cast<int>(table.Labels.size());
+  const int count =
+      options.Tests == TestsBy::Rank ? table.MostLabels : static_cast<int>(table.Labels.size());
   if (count < 1) return "The table has no rows of recalls.";
   if (count > kMaxTests) {
     return "The table has " + std::to_string(count) + " tests; a project has at most 15" + PartsText(disk, setup);

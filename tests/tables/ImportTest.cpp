@@ -1,0 +1,375 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include <gmock/gmock.h>
+
+#include "master/exports/LongExport.h"
+#include "project/ProjectFile.h"
+#include "scoring/ScoreSubject.h"
+#include "tables/ImportDesk.h"
+#include "tables/NewProjectFromTable.h"
+
+namespace zova::testing {
+namespace {
+
+using ::testing::HasSubstr;
+
+// Each response on a line of its own: how many are exact, decided, proposed, taken, open, intrusions, skipped.
+std::string CountsOf(const ImportDraft& draft) {
+  const ImportCounts& c = draft.Plan.Findings.Counts;
+  std::string text;
+  for (const std::size_t count :
+       {c.Exact, c.Decided, c.Proposed, c.Taken, c.Open, c.Intrusions, c.OtherList, c.Skipped}) {
+    text += (text.empty() ? "" : " ") + std::to_string(count);
+  }
+  return text;
+}
+
+TEST(Matching, GoesByWordAccentsDecisionAndNearness) {
+  struct Case {
+    const char* Responses;  ///< of subject a on test 1, in a cell
+    Options Given;
+    const char* Counts;  ///< exact, decided, proposed, taken, open, intrusions, of other lists, skipped
+    const char* List;
+  };
+  const Options take = {{"--accept-distance", "1"}, {"--others", "intrusion"}};
+  const Case cases[] = {
+      {"APPLE|Yo Yo|creme", {}, "3 0 0 0 0 0 0 0", "1 4 6"},
+      {"creme", {{"--accents", "exact"}, {"--others", "skip"}}, "0 0 1 0 1 0 0 1", ""},
+      {"aplpe|tabl|vaze", take, "0 0 3 3 0 0 0 0", "1 2 5"},
+      {"aplpe|tabl|vaze", {{"--others", "intrusion"}}, "0 0 3 0 3 3 0 0", ""},
+      {"chilipwder|chilpwder", take, "0 0 2 1 1 1 0 0", "3"},
+      {"chilli powder|chilli|powder", take, "0 0 2 2 0 0 0 0", "3"},  // both spellings are the same item
+      {"zebra|ap|apple1|???", take, "0 0 0 0 4 4 0 0", ""},
+      {"bad|skipped|=apple()|deci", take, "1 3 0 0 0 1 0 1", "1 2"},
+      {"NA|N/A|nan|.| |apple", {}, "1 0 0 0 0 0 0 0", "1"}};
+  for (const Case& c : cases) {
+    ImportDesk desk;
+    desk.Files.Put("C:\\Data\\AB Responses.csv",
+                   "response,item\r\nbad,intrusion\r\nskipped,skip\r\nDeci,2\r\napple,5\r\n");
+    Options given = c.Given;
+    given.insert(given.end(), {{"--separator", "|"}, {"--shape", "lists"}});
+    const ImportDraft draft = desk.Draft("subject,list,word\na,1," + std::string(c.Responses) + "\na,2,vase\n", given);
+    std::string counts = c.Counts;
+    counts[0] = static_cast<char>(counts[0] + 1);  // vase
+    EXPECT_EQ(CountsOf(draft), counts) << c.Responses;
+    EXPECT_THAT(ImportDesk::CasesOf(draft), HasSubstr("'apple' is a word; what was decided about it is passed over"));
+    if (!draft.Plan.MayBeWritten()) continue;
+    desk.Run(draft);
+    EXPECT_EQ(desk.Lists(), "a:" + (*c.List == 0 ? std::string() : " " + std::string(c.List)) + " | 5") << c.Responses;
+  }
+}
+
+// What a table leaves open is asked, with its rows; what is given is not.
+TEST(Import, AsksAndReports) {
+  const std::string head = "subject,list,position,word,minute,rating,sex\n";
+  struct Case {
+    const char* Rows;
+    Options Given;
+    const char* Cases;
+    const char* Lists;  ///< after the import; "" when nothing is written
+  };
+  const Case cases[] = {
+      {"a,1,1,apple,1,2,m\na,1,2,vase,2,9,m\na,1,3,yo-yo,9,1,m\na,2,1,vase,2,,m\n",
+       {},
+       "rating 3 rating a 1 '9' is no rating from 1 to 3\nminute 4 minute a 1 '9' is in none of the minutes 1 to 2\n"
+       "check 2  a 1 test 1, line 2: There was a space detected in the data.\n",
+       ""},
+      {"a,1,1,apple,1,2,m\na,1,x,vase,2,1,m\na,1,1,yo-yo,2,1,m\na,1,-2,table,2,1,m\na,2,1,vase,2,,m\n",
+       {},
+       "error 3 position a 1 'x' is no position; --order rows takes the order of the rows\n"
+       "error 5 position a 1 '-2' is no position; --order rows takes the order of the rows\n"
+       "error 4 position a 1 position 1 stands twice\n",
+       ""},
+      {"a,1,1,apple,1,2,m\na,1,x,vase,2,1,m\na,2,1,vase,2,,m\n", {{"--order", "rows"}}, "", "a: 1/1/2 5/2/1 | 5/2"},
+      {"a,1,5,apple,1,2,1\na,1,9,vase,2,1,\na,1,7,apple,2,1,\na,2,1,vase,2,,\n", {}, "", "a: 1/1/2 5/2/1 | 5/2"},
+      {"a,1,1,apple,2,2,x\na,2,1,vase,2,,\nb,1,1,apple,2,2,m\nb,2,1,vase,2,,f\n",
+       {},
+       "undecided --level\nlevel 2 sex a  'x' is no level of Sex\n"
+       "level 5 sex b  the subject has another value than 'm' before\n",
+       ""},
+      {"a,1,1,apple,2,2,x\na,2,1,vase,2,,\n",
+       {{"--level", "SEX=f"}},
+       "level 2 sex a  'x' is no level of Sex\n",
+       "a: 1/2/2 | 5/2"},
+      {"a,1,1,apple,1,2,m\n",
+       {},
+       "undecided --missing-tests\ncheck 2  a  the subject has no rows for test 2\n"
+       "check 2  a 1 test 1, line 1: The last item in Test 1 was during minute 1.\n"
+       "check 2  a  test 2, line 1: Test number 2 was blank.\n",
+       ""},
+      {"a,1,1,apple,0.5,2,m\na,2,1,vase,120,,m\n",
+       {},
+       "undecided --times\n"
+       "minute 2 minute a 1 '0.5' is in none of the minutes 1 to 2\nminute 3 minute a 2 '120' is in none of the "
+       "minutes "
+       "1 to 2\ncheck 2  a 1 test 1, line 1: There was at least 1 blank space detected in the minute data for this "
+       "test.\n",
+       ""},
+      {"a,1,1,apple,60,2,m\na,2,1,vase,120,,m\n", {{"--times", "s"}}, "", "a: 1/2/2 | 5/2"},
+      {"a,5,1,apple,2,2,m\na,9,1,vase,2,,m\nb,9,1,apple,2,2,m\n",
+       {{"--missing-tests", "leave-out"}},
+       "undecided --tests\ncheck 4  b  the subject has no rows for test 1\n"
+       "check 4  b  test 1, line 1: Test number 1 was blank.\n",
+       ""},
+      {"a,5,1,apple,2,2,m\na,9,1,vase,2,,m\nb,9,1,apple,2,2,m\n",
+       {{"--tests", "rank"}, {"--missing-tests", "empty"}},
+       "check 4  b  the subject has no rows for test 2\n"
+       "check 4  b  test 2, line 1: Test number 2 was blank.\n",
+       "a: 1/2/2 | 5/2; b: 1/2/2 |"},
+      {"a,1,1,apple,2,2,m\na,2,1,vase,2,,m\na,3,1,vase,2,,m\n",
+       {},
+       "error 0    The table has 3 tests; the project has 2\n",
+       ""},
+      {"a,1,1,apple,2,2,m\na,2,1,vase,2,,m\nA,1,1,apple,2,2,m\nA,2,1,vase,2,,m\nx/y,1,1,apple,2,2,m\nx/"
+       "y,2,1,vase,2,,m\n",
+       {},
+       "error 4  A  'A' and 'a' differ in case alone; --ids number numbers the subjects\n"
+       "error 6  x/y  'x/y' cannot be a subject's identifier; --ids number numbers the subjects\n",
+       ""},
+      {"b,1,1,apple,2,2,m\nb,2,1,vase,2,,m\nx/y,1,1,table,2,2,f\nx/y,2,1,vase,2,,\n",
+       {{"--ids", "number"}},
+       "",
+       "1: 1/2/2 | 5/2; 2: 2/2/2 | 5/2"}};
+  for (const Case& c : cases) {
+    ImportDesk desk({.Items = 6, .Minutes = 2, .MaxRating = 3, .Rated = "YN", .Variables = {"Sex"}});
+    desk.Project.LevelCounts[0] = 2;
+    desk.Project.LevelNames[0][0] = "m";
+    desk.Project.LevelNames[0][1] = "f";
+    const ImportDraft draft = desk.Draft(head + c.Rows, c.Given);
+    EXPECT_EQ(ImportDesk::CasesOf(draft), c.Cases) << c.Rows;
+    if (draft.Plan.MayBeWritten()) desk.Run(draft);
+    EXPECT_EQ(desk.Lists(), c.Lists) << c.Rows;
+  }
+}
+
+TEST(Import, CutsListsThatRepeatsMakeTooLong) {
+  const std::string table =
+      "subject,list,word\na,1,apple\na,1,table\na,1,apple\na,2,vase\na,2,apple\na,2,table\na,2,vase\nb,1,vase\nb,2,"
+      "apple\n";
+  const std::tuple<Options, const char*, const char*> cases[] = {
+      {{}, "a: 1 2 | 3 1 2; b: 3 | 1", ""},
+      {{{"--repeats", "keep"}}, "", "undecided --too-long\ntoo-long 8  a 2 4 recalls of 3 items\n"},
+      {{{"--repeats", "keep"}, {"--too-long", "cut"}},
+       "a: 1 2 1 | 3 1 2; b: 3 | 1",
+       "too-long 8  a 2 4 recalls of 3 items\n"},
+      {{{"--repeats", "keep"}, {"--too-long", "leave-out"}}, "b: 3 | 1", "too-long 8  a 2 4 recalls of 3 items\n"}};
+  for (const auto& [given, lists, found] : cases) {
+    ImportDesk desk({.Tests = 2, .Items = 3});
+    desk.Words.Words = {{"apple", ""}, {"table", ""}, {"vase", ""}};
+    const ImportDraft draft = desk.Draft(table, given);
+    EXPECT_EQ(ImportDesk::CasesOf(draft), found);
+    if (draft.Plan.MayBeWritten()) desk.Run(draft);
+    EXPECT_EQ(desk.Lists(), lists);
+  }
+}
+
+// Words that others studied are intrusions; an order that is not the saved one is kept.
+TEST(Import, KnowsWhatWasStudied) {
+  const std::string table =
+      "subject,list,trial_type,position,item\n"
+      "a,1,study,2,apple\na,1,study,1,vase\na,1,recall,1,aplpe\na,1,recall,2,table\na,1,recall,3,vase\n"
+      "b,1,study,1,table\nb,1,study,2,apple\nb,1,recall,1,apple\nb,1,recall,2,tabel\n";
+  const Options given = {{"--accept-distance", "1"}, {"--others", "skip"}};
+  ImportDesk pool({.Tests = 1, .Items = 3});
+  pool.Words.Words = {{"apple", ""}, {"table", ""}, {"vase", ""}};
+  pool.Run(pool.Draft(table, given));
+  EXPECT_EQ(pool.Lists(), "a: 1 3; b: 1 2");
+  EXPECT_EQ(pool.Files.Get("C:\\Data\\AB Intrusions.csv"),
+            "subject,test,place,response,minute,rating\r\na,1,1,table,,\r\n");
+  EXPECT_EQ(pool.Files.Get("C:\\Data\\AB Responses.csv"), "response,item\r\naplpe,1\r\ntabel,2\r\n");
+  EXPECT_FALSE(pool.Files.Has("C:\\Data\\AB Study Order.csv")) << "two of three items";
+
+  ImportDesk position({.Tests = 1, .Items = 2});
+  position.Words = {};
+  Options byPosition = given;
+  byPosition.emplace_back("--items", "position");
+  position.Run(position.Draft(table, byPosition));
+  EXPECT_EQ(position.Lists(), "a: 2 1; b: 2 1");
+  EXPECT_EQ(position.Files.Get("C:\\Data\\AB Study Order.csv"),
+            "subject,test,position,item\r\na,1,1,1\r\na,1,2,2\r\nb,1,1,1\r\nb,1,2,2\r\n");
+
+  // A number decided in position mode is the word at that place in the list where the response stands first.
+  const std::string decided =
+      "subject,list,trial_type,position,item\na,1,study,1,apple\na,1,study,2,vase\n"
+      "a,1,recall,1,pot\nb,1,study,1,vase\nb,1,study,2,apple\nb,1,recall,1,pot\n";
+  ImportDesk desk({.Tests = 1, .Items = 2});
+  desk.Words = {};
+  ImportDraft draft = desk.Draft(decided, byPosition);
+  draft.Context.Decided.Add({"pot", {Verdict::Item, 2}, 0});
+  RefreshImport(desk.OfFiles, draft);
+  desk.Run(draft);
+  EXPECT_EQ(desk.Lists(), "a: 2; b: 1");
+}
+
+// The review's list goes out, comes back edited, and leaves nothing to be decided.
+TEST(Import, TakesTheUnmatchedBack) {
+  ImportDesk desk({.Tests = 1, .Items = 6});
+  const std::string table = "subject,list,word\na,1,aplpe\na,1,zebra\nb,1,vaes\nb,1,aplpe\nb,1,\"the, dog\"\n";
+  ImportDraft draft = desk.Draft(table);
+  const std::string unmatched = FormatUnmatched(draft.Plan);
+  EXPECT_EQ(unmatched,
+            "response,item,distance,count,subject\r\naplpe,1,1,2,a\r\nzebra,,,1,a\r\nvaes,5,1,1,b\r\n"
+            "\"the, dog\",,,1,b\r\n");
+  desk.Files.Put("C:\\edited.csv",
+                 "response,item,distance,count,subject\r\naplpe,1,1,2,a\r\nzebra,skip,,1,a\r\n"
+                 "vaes,intrusion,1,1,b\r\n\"the, dog\",2,,1,b\r\n");
+  AddDecisions(desk.OfFiles, "C:\\edited.csv", draft.Context);
+  RefreshImport(desk.OfFiles, draft);
+  EXPECT_TRUE(draft.Plan.MayBeWritten());
+  desk.Run(draft);
+  EXPECT_EQ(desk.Lists(), "a: 1; b: 1 2");
+  EXPECT_EQ(TakeProposals(desk.Draft(table).Plan, 1, draft.Context.Decided), 0U) << "decided in the project now";
+
+  desk.Files.Put("C:\\Data\\AB Intrusions.csv", "subject,test\r\n");
+  EXPECT_THAT(ImportDesk::CasesOf(desk.Draft(table)),
+              HasSubstr("error 0    'C:\\Data\\AB Intrusions.csv': Line 1: The header is not"));
+}
+
+// Twice the same table changes nothing; other data are asked about; a changed table stops.
+TEST(Import, LeavesExistingSubjectsAndChangedTablesAlone) {
+  ImportDesk desk({.Tests = 1, .Items = 6});
+  const std::string table = "subject,list,word\na,1,apple\nb,1,vase\nb,1,zebra\n";
+  const Options given = {{"--others", "intrusion"}};
+  desk.Run(desk.Draft(table, given));
+  const Tree once = desk.Files.Snapshot();
+  const ImportDraft again = desk.Draft(table, given);
+  EXPECT_EQ(again.Plan.CountOf(SubjectAction::Same), 2U);
+  EXPECT_EQ(desk.Run(again).Written, 0U);
+  EXPECT_EQ(desk.Files.Snapshot(), once);
+  const std::string other = "subject,list,word\na,1,table\nc,1,vase\n";
+  EXPECT_EQ(ImportDesk::CasesOf(desk.Draft(other)), "undecided --existing\n");
+  desk.Run(desk.Draft(other, {{"--existing", "skip"}}));
+  EXPECT_EQ(desk.Lists(), "a: 1; b: 5; c: 5");
+  desk.Run(desk.Draft(other, {{"--existing", "replace"}}));
+  EXPECT_EQ(desk.Lists(), "a: 2; b: 5; c: 5");
+
+  const ImportDraft planned = desk.Draft("subject,list,word\nd,1,table\ne,1,vase\nf,1,vase\n");
+  desk.Files.Put("C:\\t.csv", "subject,list,word\nd,1,table\ne,1,apple\nf,1,vase\n");
+  ScriptedBoxes boxes = {Told("The table has changed since it was read.  Nothing more was imported.")};
+  EXPECT_FALSE(desk.Run(planned, boxes).Completed);
+  EXPECT_EQ(desk.Lists(), "a: 2; b: 5; c: 5; d: 2");
+}
+
+// Whatever call fails or is the last one: each subject is whole or not there, and no old one is harmed.
+TEST(Import, LeavesWholeSubjectsWhereverItEnds) {
+  const std::string table = "subject,list,word\na,1,apple\nb,1,vase\nb,1,zebra\nc,1,table\n";
+  const std::map<std::string, std::string> whole = {{"a", "1"}, {"b", "5"}, {"c", "2"}};
+  for (const bool isKilled : {false, true}) {
+    for (int call = 1;; call += kFailureStep) {
+      ImportDesk desk({.Tests = 1, .Items = 6});
+      desk.Project.BackupDir = "D:\\B";
+      desk.Files.MakeDirectory("D:\\B");
+      desk.Put("b", "6");
+      const ImportDraft draft = desk.Draft(table, {{"--others", "intrusion"}, {"--existing", "replace"}});
+      isKilled ? desk.Files.Faults.KillAt(call) : desk.Files.Faults.FailAt(call);
+      AnsweringBoxes boxes(BoxAnswer::Cancel);
+      const ImportOutcome outcome = desk.Run(draft, boxes);
+      const bool hasFailed = desk.Files.Faults.HasFailed();
+      desk.Files.Faults.FailNever();
+      for (const auto& [id, items] : whole) {
+        const std::string file = "AB Sub#" + id + ".dat";
+        for (const std::string sdata : {"C:\\Data\\Sdata\\", "D:\\B\\Sdata\\"}) {
+          if (!desk.Files.Has(sdata + file)) continue;
+          SubjectRecord record;
+          LoadSubjectFile(desk.OfFiles, sdata + file, desk.Project, record);
+          const int item = record.Lists.At(1, 1).Item;
+          EXPECT_TRUE(std::to_string(item) == items || (id == "b" && item == 6)) << call << sdata << id;
+        }
+      }
+      EXPECT_TRUE(desk.Files.Has("C:\\Data\\Sdata\\AB Sub#b.dat")) << call;
+      if (!hasFailed) {
+        EXPECT_TRUE(outcome.Completed);
+        EXPECT_EQ(desk.Lists(), "a: 1; b: 5; c: 2");
+        break;
+      }
+    }
+  }
+}
+
+// Blanks inside aside, what the project writes for other programs comes back as the same files.
+TEST(Import, ReadsItsOwnLongCsv) {
+  ImportDesk desk({.Tests = 2,
+                   .Items = 6,
+                   .PerCategory = 3,
+                   .Minutes = 3,
+                   .MaxRating = 4,
+                   .Rated = "YN",
+                   .Lures = true,
+                   .Variables = {"Group"}});
+  desk.Words = {};
+  desk.Project.LevelCounts[0] = 2;
+  desk.Project.LevelNames[0][0] = desk.Project.LevelNames[0][1] = "same";
+  for (const auto& [id, lists, level] : {std::tuple("x 1", "3/1/2 1/2/4 5/3/1 | 6/2", 2), {"y", "| 1/2 3/3", 1}}) {
+    SubjectRecord record{.SubjectId = id};
+    record.Levels[0] = static_cast<std::int16_t>(level);
+    record.Lists = MakeLists(desk.Project, lists);
+    desk.PutFile("AB Sub#" + record.SubjectId + ".dat", FormatSubject(record, desk.Project));
+  }
+  const Tree before = desk.Files.Snapshot();
+  const FurtherData data = ReadFurtherData(desk.OfFiles, desk.Project, std::nullopt);
+  LongExport exporter(desk.Project, data);
+  std::string table = exporter.Header() + "\r\n";
+  for (const std::string id : {"x 1", "y"}) {
+    SubjectRecord record;
+    LoadSubjectFile(desk.OfFiles, "C:\\Data\\Sdata\\AB Sub#" + id + ".dat", desk.Project, record);
+    ScoringArrays scores;
+    std::string rows;
+    exporter.Build({id, record, scores, {}}, rows);
+    table += rows + "\r\n";
+  }
+  const ImportDraft same = desk.Draft(table);
+  EXPECT_EQ(same.Plan.CountOf(SubjectAction::Same), 2U) << ImportDesk::CasesOf(same);
+  for (const char* id : {"x 1", "y"})
+    std::filesystem::remove(desk.Files.Native(std::string("C:\\Data\\Sdata\\AB Sub#") + id + ".dat"));
+  desk.Run(desk.Draft(table));
+  for (const auto& [name, bytes] : before) {
+    if (name.ends_with(".dat")) {
+      EXPECT_EQ(desk.Files.Snapshot()[name], bytes) << name;
+    }
+  }
+}
+
+TEST(NewProject, IsThatOfTheTable) {
+  Scratch scratch;
+  Disk disk = scratch.MakeDisk();
+  const auto propose = [&](const std::string& table, const Options& given, const std::string& words = "") {
+    scratch.Put("C:\\t.csv", table);
+    ImportOptions options;
+    for (const auto& [name, value] : given) EXPECT_EQ(SetImportOption(options, name, value), "");
+    WordList list;
+    if (!words.empty()) scratch.Put("C:\\w.txt", words), list = ReadNewWords(disk, "C:\\w.txt");
+    return ProposeProject(disk, SetUpTable(disk, "C:\\t.csv", options.Table, {}), options, list);
+  };
+  const std::string head = "subject,list,trial_type,word,category,group,day,minute,rating\n";
+  ProjectProposal found =
+      propose(head +
+                  "a,1,study,dog,animal,x,1,,\na,1,study,pear,fruit,x,1,,\na,1,study,cat,animal,x,1,,\n"
+                  "a,1,study,plum,fruit,x,2,,\na,1,recall,cat,,x,2,2,\nb,2,recall,dog,,y,1,1,3\n",
+              {});
+  EXPECT_EQ(found.Fault, "");
+  EXPECT_EQ(FormatWordList(found.Words),
+            "item,word,category\r\n1,dog,animal\r\n2,cat,animal\r\n3,pear,fruit\r\n4,plum,fruit\r\n");
+  EXPECT_TRUE(AddVariable(found, "Group"));
+  EXPECT_FALSE(AddVariable(found, "day")) << "changes within a subject";
+  EXPECT_EQ(PlaceProject(disk, found.Project, "My Study", "C:\\Data", "C:\\Param"), "");
+  EXPECT_EQ(FormatProject(found.Project, kCurrentMarker),
+            "2,4,1,2,2,1,2,,,1,3,,1,\"My Study\",\"C:\\Data\",\"(none)\",\"My Study.prm\",0,,\"VB Version\"\r\n"
+            "2\r\n\"group\"\r\n\"x\"\r\n\"y\"\r\n\"N\"\r\n\"Y\"\r\n");
+  for (const auto& [table, words, fault] :
+       {std::tuple("subject,list,word\na,1,x\n", "",
+                   "The table has neither study rows nor item numbers; a new project needs "
+                   "one of them, or --words."),
+        {"subject,word\n", "x\n", "The table has no rows of recalls."},
+        {"subject,list,word\na,1,x\n", "item,word,category\n1,x,a\n2,y,a\n3,z,b\n",
+         "All categories must have an equal number of items."}}) {
+    EXPECT_EQ(propose(table, {}, words).Fault, fault);
+  }
+  std::string many = "subject,list,item,session\n";
+  for (int list = 1; list <= 16; ++list) many += "a," + std::to_string(list) + ",1," + std::to_string(list % 2) + "\n";
+  EXPECT_EQ(propose(many, {}).Fault,
+            "The table has 16 tests; a project has at most 15; a part by --where would fit: session");
+  EXPECT_EQ(propose(many, {{"--where", "session=1"}}).Project.TestCount, 8);
+}
+
+}  // namespace
+}  // namespace zova::testing
