@@ -91,7 +91,35 @@ std::string KeptAutosavePath(std::string_view paramDir, int number) {
 std::string SubjectDirectory(std::string_view directory) { return JoinPath(directory, kSubjects); }
 
 std::string UnfinishedDirectory(std::string_view directory) {
-  return JoinPath(SubjectDirectory(directory), kUnfinished);
+  return PlaceDirectory(directory, SubjectPlace::Unfinished);
+}
+
+std::string PlaceName(SubjectPlace place) {
+  constexpr std::array<std::string_view, kSubjectPlaces.size()> kBelow = {"", "/Unfinished", "/Second",
+                                                                          "/Second/Unfinished", "/Second/First"};
+  return Joined(kSubjects, kBelow[static_cast<std::size_t>(place)], "");
+}
+
+std::string RemovedPlaceName(SubjectPlace place) {
+  return Joined(kSubjects, "/Removed", PlaceName(place).substr(kSubjects.size()));
+}
+
+std::string PathBelow(std::string_view directory, std::string_view names) {
+  std::string path(directory);
+  while (!names.empty()) {
+    const std::size_t end = std::min(names.find('/'), names.size());
+    path = JoinPath(path, names.substr(0, end));
+    names.remove_prefix(std::min(end + 1, names.size()));
+  }
+  return path;
+}
+
+std::string PlaceDirectory(std::string_view directory, SubjectPlace place) {
+  return PathBelow(directory, PlaceName(place));
+}
+
+std::string RemovedDirectory(std::string_view directory, SubjectPlace place) {
+  return PathBelow(directory, RemovedPlaceName(place));
 }
 
 std::string CurrentPrefix(std::string_view abbreviation) { return Joined(abbreviation, kSubjectMark, ""); }

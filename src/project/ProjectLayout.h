@@ -9,12 +9,15 @@
 //                                 AB Master.txt, AB Combined Master.txt, their pieces AB Master1.txt, ...
 //     Sdata                       AB Sub#<identifier>.dat
 //       Unfinished                AB Sub#<identifier>.dat
-//   backup directory              the companion files, <title>.prm or "<title> Backup.prm", Sdata and Unfinished as
-//   above
+//       Second, Second\Unfinished  AB Sub#<identifier>.dat, the second entries
+//       Second\First              AB Sub#<identifier>.dat, the first entries of settled subjects
+//       Removed                   removed subjects, in the directories from Sdata on as above
+//   backup directory              the companion files, <title>.prm or "<title> Backup.prm", Sdata as above
 //
 // Masters and other results may also go to a directory that the user names.
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <string>
 #include <string_view>
@@ -47,6 +50,18 @@ std::string KeptAutosavePath(std::string_view paramDir, int number);
 /// The directory of subject files in a primary or backup directory.
 std::string SubjectDirectory(std::string_view directory);
 std::string UnfinishedDirectory(std::string_view directory);
+
+/// The kinds of subject files. Only complete subjects are read by a master.
+enum class SubjectPlace { Complete, Unfinished, Second, SecondUnfinished, First };
+inline constexpr std::array kSubjectPlaces = {SubjectPlace::Complete, SubjectPlace::Unfinished, SubjectPlace::Second,
+                                              SubjectPlace::SecondUnfinished, SubjectPlace::First};
+/// The names of its directories below a primary or backup directory, with "/" between them; and of removed subjects.
+std::string PlaceName(SubjectPlace place);
+std::string RemovedPlaceName(SubjectPlace place);
+/// A path from names with "/" between them.
+std::string PathBelow(std::string_view directory, std::string_view names);
+std::string PlaceDirectory(std::string_view directory, SubjectPlace place);
+std::string RemovedDirectory(std::string_view directory, SubjectPlace place);
 
 /// The name of a subject's file: abbreviation + " Sub#" + identifier + ".dat" when the project's marker begins with
 /// "VB", else without " Sub#".

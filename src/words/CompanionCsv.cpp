@@ -3,10 +3,12 @@
 #include "words/CompanionCsv.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "platform/desktop/FileErrorBoxes.h"
 #include "platform/files/PathParts.h"
 #include "project/DirectoryRules.h"
+#include "text/Csv.h"
 #include "text/LeadingNumber.h"
 
 namespace zova {
@@ -82,6 +84,27 @@ void RemoveCompanion(Disk& disk, const ProjectParameters& project, CompanionFile
     const std::string path = CompanionPath(directory, project, file);
     if (disk.FileExists(path)) disk.Delete(path);
   }
+}
+
+RenamedRows RenameSubjectRows(std::string_view bytes, std::string_view from, std::string_view to) {
+  const DataText source(bytes);
+  CsvReader reader(TextSource(source.Content()));
+  RenamedRows renamed;
+  std::string text;
+  text.reserve(bytes.size());
+  bool isHeader = true;
+  bool isChanged = false;
+  while (reader.Next()) {
+    const auto fields = reader.Fields();
+    const bool isSubject = !std::exchange(isHeader, false) && fields[0] == from;
+    renamed.HasNewName = renamed.HasNewName || (!isSubject && fields[0] == to);
+    isChanged = isChanged || isSubject;
+    AppendCsvField(text, isSubject ? to : fields[0]);
+    for (const std::string_view field : fields.subspan(1)) AppendCsvField(text += ',', field);
+    text += kCsvLineEnd;
+  }
+  if (isChanged) renamed.Text = std::move(text);
+  return renamed;
 }
 
 FileError CompanionError(const CsvError& fault, const std::string& path) {

@@ -49,6 +49,14 @@ void WriteCompanion(Disk& disk, const ProjectParameters& project, CompanionFile 
 /// Deletes it there and in the backup directory. Throws FileError.
 void RemoveCompanion(Disk& disk, const ProjectParameters& project, CompanionFile file);
 
+/// The text of a companion file whose first column names subjects, with another name for one of them; nullopt when it
+/// has no line of the subject. `HasNewName`: it has lines of a subject of the new name. Throws CsvError.
+struct RenamedRows {
+  std::optional<std::string> Text;
+  bool HasNewName = false;
+};
+RenamedRows RenameSubjectRows(std::string_view bytes, std::string_view from, std::string_view to);
+
 /// A fault in a companion file as a FileError that names the line: end of data.
 FileError CompanionError(const CsvError& fault, const std::string& path);
 /// Tells of a file that is not used because of such a fault.

@@ -189,11 +189,32 @@ void SaveSerialOrder(Disk& disk, const ProjectParameters& project, const SerialO
   disk.Write(SerialOrderPath(project), out.Content());
 }
 
-void SaveGroupOrder(Disk& disk, const ProjectParameters& project, const std::vector<std::string>& subjectIds,
-                    const GroupOrder& order) {
+namespace {
+
+std::string FormatGroupOrder(const std::vector<std::string>& subjectIds, const GroupOrder& order) {
   RecordWriter out;
   for (std::size_t row = 0; row < order.size(); ++row) out.Text(subjectIds[row]).Number(order[row]).EndLine();
-  disk.Write(GroupOrderPath(project), out.Content());
+  return out.Release();
+}
+
+}  // namespace
+
+void SaveGroupOrder(Disk& disk, const ProjectParameters& project, const std::vector<std::string>& subjectIds,
+                    const GroupOrder& order) {
+  disk.Write(GroupOrderPath(project), FormatGroupOrder(subjectIds, order));
+}
+
+std::optional<RenamedOrder> RenameInGroupOrder(Disk& disk, const ProjectParameters& project, std::string_view from,
+                                               std::string_view to) {
+  auto lines = ParseSaved(disk, GroupOrderPath(project), ParseGroupOrder);
+  if (!lines) return std::nullopt;
+  const auto named = std::find(lines->SubjectIds.begin(), lines->SubjectIds.end(), from);
+  if (named == lines->SubjectIds.end()) return std::nullopt;
+  RenamedOrder renamed;
+  disk.Read(GroupOrderPath(project), renamed.Before);
+  *named = to;
+  renamed.After = FormatGroupOrder(lines->SubjectIds, lines->Positions);
+  return renamed;
 }
 
 }  // namespace zova

@@ -58,4 +58,13 @@ void SaveSerialOrder(Disk& disk, const ProjectParameters& project, const SerialO
 void SaveGroupOrder(Disk& disk, const ProjectParameters& project, const std::vector<std::string>& subjectIds,
                     const GroupOrder& order);
 
+/// The bytes of the saved group order, and those with another identifier for one subject. nullopt when there is none,
+/// or when it is invalid or has no such subject. Throws FileError.
+struct RenamedOrder {
+  std::string Before;
+  std::string After;
+};
+std::optional<RenamedOrder> RenameInGroupOrder(Disk& disk, const ProjectParameters& project, std::string_view from,
+                                               std::string_view to);
+
 }  // namespace zova

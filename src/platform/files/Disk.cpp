@@ -107,8 +107,9 @@ std::vector<std::string> Disk::NamesOf(const ResolvedPath& file, const ResolvedP
   return names;
 }
 
-std::int64_t Disk::ChangedAt(std::string_view path) {
-  const ResolvedPath file = Resolve(path, FileOperation::Read);
+std::int64_t Disk::ChangedAt(std::string_view path) { return ChangedAt(Resolve(path, FileOperation::Read)); }
+
+std::int64_t Disk::ChangedAt(const ResolvedPath& file) {
   return Guarded(FileOperation::Read, file,
                  [&] { return m_layer.Identity(file.Native).value_or(FileIdentity{}).Changed; });
 }

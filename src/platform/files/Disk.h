@@ -46,6 +46,7 @@ class Disk {
   std::vector<std::string> NamesOf(const ResolvedPath& file, const ResolvedPath& directory);
   /// When the file's bytes changed last, in nanoseconds: a number to sort by. 0 for a missing file.
   std::int64_t ChangedAt(std::string_view path);
+  std::int64_t ChangedAt(const ResolvedPath& file);
   /// The number of hard links of an existing file.
   std::uintmax_t LinkCount(const ResolvedPath& file);
 

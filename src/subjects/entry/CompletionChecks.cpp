@@ -15,6 +15,11 @@ constexpr const char* kSpaceMessage = "There was a space detected in the data.  
 
 bool HasItem(const Recall& entry) { return entry.Item >= 1; }
 
+// Kept: only an item of 0 is a gap; a negative one, from a foreign file, is neither a recall nor a gap.
+bool FollowsGap(const RecallLists& lists, int test, int position) {
+  return position > 1 && lists.At(test, position - 1).Item == 0;
+}
+
 std::optional<CheckFinding> CheckItems(RecallLists& lists, int test, bool rated) {
   std::int16_t& count = lists.RecallCount(test);
   count = 0;
@@ -26,8 +31,7 @@ std::optional<CheckFinding> CheckItems(RecallLists& lists, int test, bool rated)
       continue;
     }
     ++count;
-    // Kept: only an item of 0 is a gap; a negative one, from a foreign file, is neither a recall nor a gap.
-    if (position > 1 && lists.At(test, position - 1).Item == 0) {
+    if (FollowsGap(lists, test, position)) {
       return CheckFinding{test, position - 1, kItemColumn, kSpaceMessage};
     }
     if (rated && entry.Rating == 0) return CheckFinding{test, position, kRatingColumn, kSpaceMessage};
@@ -78,6 +82,46 @@ std::string DuplicateMessage(int item, int first, int second, int test) {
 }
 
 }  // namespace
+
+namespace {
+
+bool HasDuplicate(const RecallLists& lists, int test, std::vector<std::int16_t>& items) {
+  items.clear();
+  for (int position = 1; position <= lists.PositionCount(); ++position) {
+    if (HasItem(lists.At(test, position))) items.push_back(lists.At(test, position).Item);
+  }
+  std::sort(items.begin(), items.end());
+  return std::adjacent_find(items.begin(), items.end()) != items.end();
+}
+
+}  // namespace
+
+std::string FailedChecks(const SubjectRecord& record, const ProjectParameters& project) {
+  const RecallLists& lists = record.Lists;
+  bool gaps = false, ratings = false, minutes = false, duplicates = false;
+  std::vector<std::int16_t> items;
+  items.reserve(static_cast<std::size_t>(lists.PositionCount()));
+  for (int test = 1; test <= lists.TestCount(); ++test) {
+    const bool isRated = IsTestRated(project, test);
+    for (int position = 1; position <= lists.PositionCount(); ++position) {
+      if (!HasItem(lists.At(test, position))) continue;
+      gaps = gaps || FollowsGap(lists, test, position);
+      ratings = ratings || (isRated && lists.At(test, position).Rating == 0);
+    }
+    minutes = minutes || (project.MinutesRecorded == 1 && CheckMinutes(lists, test).has_value());
+    duplicates = duplicates || HasDuplicate(lists, test, items);
+  }
+  std::string text;
+  const auto add = [&](bool fails, std::string_view kind) {
+    if (fails) text.append(text.empty() ? "" : ", ").append(kind);
+  };
+  add(gaps, "gaps");
+  add(ratings, "ratings");
+  add(minutes, "minutes");
+  add(duplicates, "duplicates");
+  add(FindOutOfRange(record, project).has_value(), "numbers out of range");
+  return text;
+}
 
 CheckResult CheckLists(RecallLists& lists, const ProjectParameters& project) {
   const bool withMinutes = project.MinutesRecorded == 1;

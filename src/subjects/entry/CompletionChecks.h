@@ -27,6 +27,10 @@ struct CheckResult {
 /// test's recalls and drops ratings on lines without an item.
 CheckResult CheckLists(RecallLists& lists, const ProjectParameters& project);
 
+/// The kinds of checks that the subject fails, of all tests: "gaps, ratings, minutes, duplicates, numbers out of
+/// range"; "" for none.
+std::string FailedChecks(const SubjectRecord& record, const ProjectParameters& project);
+
 /// Removes the later entry of the first repeated item (lowest test, smallest first position), moves the following
 /// entries up and recounts the test. Returns the message and the position removed; nullopt without repetition.
 std::optional<CheckFinding> RemoveFirstDuplicate(RecallLists& lists);

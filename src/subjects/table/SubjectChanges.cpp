@@ -1,0 +1,258 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "subjects/table/SubjectChanges.h"
+
+#include <algorithm>
+#include <utility>
+#include <vector>
+
+#include "subjects/SubjectFile.h"
+#include "subjects/SubjectFiles.h"
+#include "subjects/table/SubjectTableReader.h"
+#include "text/Encoding.h"
+#include "words/CompanionCsv.h"
+
+namespace zova {
+
+namespace {
+
+constexpr std::array kSubjectCompanions = {CompanionFile::Intrusions, CompanionFile::StudyOrder,
+                                           CompanionFile::Subjects, CompanionFile::SecondSample};
+
+// Where the field that begins at `at` ends: at its comma, or at the end of the line.
+std::size_t EndOfField(std::string_view line, std::size_t at) {
+  at = std::min(line.find_first_not_of(" \t", at), line.size());
+  if (at < line.size() && line[at] == '"') at = std::min(line.find('"', at + 1), line.size());
+  return std::min(line.find(',', at), line.size());
+}
+
+// A first line without a second field, which no save of this program writes, stays as it is.
+std::string WithIdentifier(std::string_view bytes, std::string_view id) {
+  const std::string_view line = bytes.substr(0, bytes.find_first_of("\r\n"));
+  const std::size_t begin = EndOfField(line, 0) + 1;
+  if (begin >= line.size()) return std::string(bytes);
+  std::string text(bytes.substr(0, begin));
+  return text.append("\"").append(id).append("\"").append(bytes.substr(EndOfField(line, begin)));
+}
+
+std::vector<std::pair<std::size_t, std::size_t>> FirstLines(std::string_view bytes, std::size_t count) {
+  std::vector<std::pair<std::size_t, std::size_t>> lines;  // begin and end
+  lines.reserve(count);
+  for (std::size_t begin = 0; begin < bytes.size() && lines.size() < count;) {
+    const std::size_t end = std::min(bytes.find_first_of("\r\n", begin), bytes.size());
+    lines.emplace_back(begin, end);
+    begin = end + (bytes.substr(end, 2) == "\r\n" ? 2 : 1);
+  }
+  return lines;
+}
+
+// nullopt for a file in which a level does not stand at the end of the variable's line.
+std::optional<std::string> WithLevels(std::string_view bytes, const ProjectParameters& project,
+                                      const NewLevels& levels) {
+  const auto variables = static_cast<std::size_t>(project.VariableCount);
+  const auto lines = FirstLines(bytes, variables + 1);
+  if (lines.size() <= variables) return std::nullopt;
+  std::string text(bytes);
+  for (std::size_t v = variables; v > 0; --v) {
+    const auto [begin, end] = lines[v];
+    const std::size_t comma = bytes.substr(0, end).rfind(',');
+    if (levels[v - 1] == 0) continue;
+    if (comma == std::string_view::npos || comma < begin) return std::nullopt;
+    text.replace(comma + 1, end - comma - 1, std::to_string(levels[v - 1]));
+  }
+  SubjectRecord before, after;
+  try {
+    ParseSubject(bytes, project, before);
+    ParseSubject(text, project, after);
+  } catch (const FieldError&) {
+    return std::nullopt;
+  }
+  for (std::size_t v = 0; v < variables; ++v) {
+    if (levels[v] != 0) before.Levels[v] = levels[v];
+  }
+  return before == after ? std::optional(std::move(text)) : std::nullopt;
+}
+
+std::string FileBelow(const std::string& place, std::string_view file) {
+  return std::string(place).append("/").append(file);
+}
+
+std::string Existing(std::string_view id) { return "A subject '" + std::string(id) + "' already exists."; }
+
+// Adds that a file gets another name, first the new one, so that no moment is without it. Spellings of one name are one
+// file on some systems, and the old one has to go first.
+void AddMove(FileChanges& changes, bool inBackup, const std::string& from, const std::string& to, std::string before,
+             std::string after) {
+  FileChange gone{.InBackup = inBackup, .Name = from, .Before = std::move(before), .After = {}};
+  FileChange made{.InBackup = inBackup, .Name = to, .Before = {}, .After = std::move(after)};
+  const bool isRespelt = EqualsIgnoringCase(from, to);
+  changes.Files.push_back(isRespelt ? std::move(gone) : std::move(made));
+  changes.Files.push_back(isRespelt ? std::move(made) : std::move(gone));
+}
+
+// The refusal, or "".
+std::string AddCompanions(FileChanges& changes, const SubjectPlaces& places, const std::string& from,
+                          const std::string& to) {
+  const ProjectParameters& project = places.Project();
+  for (int root = 0; root < places.RootCount(); ++root) {
+    const std::string& directory = root == 0 ? project.PrimaryDir : project.BackupDir;
+    for (const CompanionFile file : kSubjectCompanions) {
+      const std::string name = CompanionName(project, file);
+      const std::string path = JoinPath(directory, name);
+      if (!places.Files().FileExists(path)) continue;
+      std::string before;
+      places.Files().Read(path, before);
+      try {
+        RenamedRows rows = RenameSubjectRows(before, from, to);
+        if (rows.HasNewName) {
+          return "'" + name + "' already has lines of a subject '" + to + "'.  Please select another identifier.";
+        }
+        if (rows.Text) {
+          changes.Files.push_back(
+              {.InBackup = root > 0, .Name = name, .Before = std::move(before), .After = std::move(rows.Text)});
+        }
+      } catch (const CsvError& fault) {
+        throw CompanionError(fault, path);
+      }
+    }
+  }
+  return {};
+}
+
+}  // namespace
+
+SubjectPlaces::SubjectPlaces(const ProjectParameters& project, Disk& disk)
+    : m_project(project), m_disk(disk), m_rootCount(IsNoDirectory(project.BackupDir) ? 1 : 2) {
+  for (int root = 0; root < m_rootCount; ++root) {
+    const std::string& directory = root == 0 ? project.PrimaryDir : project.BackupDir;
+    RequireDirectory(disk, directory, FileOperation::List);
+    for (const SubjectPlace place : kSubjectPlaces) {
+      const auto at = static_cast<std::size_t>(place);
+      const auto in = static_cast<std::size_t>(root);
+      m_present[in][at] = disk.Resolve(PlaceDirectory(directory, place), FileOperation::Read);
+      m_removed[in][at] = disk.Resolve(RemovedDirectory(directory, place), FileOperation::Read);
+    }
+  }
+}
+
+std::optional<std::string> SubjectPlaces::ReadIn(const ResolvedPath& directory, std::string_view file) const {
+  const ResolvedPath path = Below(directory, file);
+  if (m_disk.Kind(path, FileOperation::Read) == EntryKind::Missing) return std::nullopt;
+  std::string bytes;
+  m_disk.Read(path, bytes);
+  return bytes;
+}
+
+std::optional<std::string> SubjectPlaces::Read(bool inBackup, SubjectPlace place, std::string_view file) const {
+  return ReadIn(m_present[inBackup ? 1 : 0][static_cast<std::size_t>(place)], file);
+}
+
+std::optional<std::string> SubjectPlaces::ReadRemoved(bool inBackup, SubjectPlace place, std::string_view file) const {
+  return ReadIn(m_removed[inBackup ? 1 : 0][static_cast<std::size_t>(place)], file);
+}
+
+bool SubjectPlaces::HasIn(const Directories& directories, std::string_view file, std::string_view except) const {
+  for (int root = 0; root < m_rootCount; ++root) {
+    for (const ResolvedPath& directory : directories[static_cast<std::size_t>(root)]) {
+      const auto names = ListSubjectFiles(m_disk, m_project, directory.Shown);
+      const bool isThere = std::any_of(names.begin(), names.end(), [&](const std::string& name) {
+        return name != except && EqualsIgnoringCase(name, file);
+      });
+      if (isThere) return true;
+    }
+  }
+  return false;
+}
+
+bool SubjectPlaces::HasAny(std::string_view file, std::string_view except) const {
+  return HasIn(m_present, file, except);
+}
+
+bool SubjectPlaces::HasRemoved(std::string_view file) const { return HasIn(m_removed, file, {}); }
+
+ChangePlan PlanLevels(const SubjectPlaces& places, const SubjectRow& row, const NewLevels& levels) {
+  ChangePlan plan{{"Changing the levels of subject '" + row.Id + "'", {}}};
+  for (const SubjectPlace place : {SubjectPlace::Complete, SubjectPlace::Unfinished}) {
+    const auto primary = places.Read(false, place, row.File);
+    if (!primary) continue;
+    for (int root = 0; root < places.RootCount(); ++root) {
+      // A copy that is missing is made, as by a save.
+      auto before = root == 0 ? primary : places.Read(true, place, row.File);
+      auto after = WithLevels(before.value_or(*primary), places.Project(), levels);
+      if (!after) {
+        plan.Refusal = "The data of subject '" + row.Id +
+                       "' are not laid out like a subject file.  Please open the subject and save it first.";
+        return plan;
+      }
+      if (before != after) {
+        plan.Changes.Files.push_back({.InBackup = root > 0,
+                                      .Name = FileBelow(PlaceName(place), row.File),
+                                      .Before = std::move(before),
+                                      .After = std::move(after)});
+      }
+    }
+  }
+  return plan;
+}
+
+ChangePlan PlanRename(const SubjectPlaces& places, const SubjectRow& row, const std::string& newId) {
+  ChangePlan plan{{"Renaming subject '" + row.Id + "' to '" + newId + "'", {}}};
+  if (!IsSubjectId(newId)) {
+    plan.Refusal = "Invalid Format.";
+    return plan;
+  }
+  const std::string newFile = SubjectFileName(places.Project(), newId);
+  if (places.HasAny(newFile, row.File)) {
+    plan.Refusal = Existing(newId);
+    return plan;
+  }
+  for (int root = 0; root < places.RootCount(); ++root) {
+    for (const SubjectPlace place : kSubjectPlaces) {
+      auto content = places.Read(root > 0, place, row.File);
+      if (!content) continue;
+      std::string renamed = WithIdentifier(*content, newId);
+      AddMove(plan.Changes, root > 0, FileBelow(PlaceName(place), row.File), FileBelow(PlaceName(place), newFile),
+              std::move(*content), std::move(renamed));
+    }
+  }
+  plan.Refusal = AddCompanions(plan.Changes, places, row.Id, newId);
+  return plan;
+}
+
+ChangePlan PlanRemoval(const SubjectPlaces& places, const SubjectRow& row) {
+  ChangePlan plan{{"Removing subject '" + row.Id + "'", {}}};
+  const std::string stem = row.File.substr(0, row.File.size() - kDataFileEnd.size());
+  std::string file = row.File;
+  for (int number = 2; places.HasRemoved(file); ++number) {
+    file = stem + " (" + std::to_string(number) + ")" + std::string(kDataFileEnd);
+  }
+  for (int root = 0; root < places.RootCount(); ++root) {
+    for (const SubjectPlace place : kSubjectPlaces) {
+      const auto content = places.Read(root > 0, place, row.File);
+      if (!content) continue;
+      AddMove(plan.Changes, root > 0, FileBelow(PlaceName(place), row.File), FileBelow(RemovedPlaceName(place), file),
+              *content, *content);
+    }
+  }
+  return plan;
+}
+
+ChangePlan PlanReturn(const SubjectPlaces& places, const SubjectRow& row) {
+  ChangePlan plan{{"Bringing back subject '" + row.Id + "'", {}}};
+  const std::string file = SubjectFileName(places.Project(), row.Id);
+  if (places.HasAny(file)) {
+    plan.Refusal = Existing(row.Id);
+    return plan;
+  }
+  for (int root = 0; root < places.RootCount(); ++root) {
+    for (const SubjectPlace place : kSubjectPlaces) {
+      const auto content = places.ReadRemoved(root > 0, place, row.File);
+      if (!content) continue;
+      AddMove(plan.Changes, root > 0, FileBelow(RemovedPlaceName(place), row.File), FileBelow(PlaceName(place), file),
+              *content, *content);
+    }
+  }
+  return plan;
+}
+
+}  // namespace zova

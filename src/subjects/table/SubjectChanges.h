@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// What changing a subject does to the files of a project, in the primary and the backup directory, as changes that are
+// all made or none (FileChanges). Functions that plan throw FileError.
+#pragma once
+
+#include <array>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "project/FileChanges.h"
+#include "project/ProjectLayout.h"
+#include "subjects/table/SubjectRow.h"
+
+namespace zova {
+
+/// The changes, or the message why they are not made.
+struct ChangePlan {
+  FileChanges Changes;
+  std::string Refusal = {};
+};
+
+/// The directories of subject files, looked up once for the changes of many subjects.
+class SubjectPlaces {
+ public:
+  SubjectPlaces(const ProjectParameters& project, Disk& disk);
+
+  /// The backup directory after the primary one, if there is one.
+  [[nodiscard]] int RootCount() const noexcept { return m_rootCount; }
+  /// The content of a subject's file; nullopt when there is none of exactly this name.
+  [[nodiscard]] std::optional<std::string> Read(bool inBackup, SubjectPlace place, std::string_view file) const;
+  [[nodiscard]] std::optional<std::string> ReadRemoved(bool inBackup, SubjectPlace place, std::string_view file) const;
+  /// A file of that name in any case, but for `except`, among the subjects or the removed ones.
+  [[nodiscard]] bool HasAny(std::string_view file, std::string_view except = {}) const;
+  [[nodiscard]] bool HasRemoved(std::string_view file) const;
+  [[nodiscard]] const ProjectParameters& Project() const noexcept { return m_project; }
+  [[nodiscard]] Disk& Files() const noexcept { return m_disk; }
+
+ private:
+  using Directories = std::array<std::array<ResolvedPath, kSubjectPlaces.size()>, 2>;
+  [[nodiscard]] std::optional<std::string> ReadIn(const ResolvedPath& directory, std::string_view file) const;
+  [[nodiscard]] bool HasIn(const Directories& directories, std::string_view file, std::string_view except) const;
+
+  const ProjectParameters& m_project;
+  Disk& m_disk;
+  int m_rootCount = 1;
+  Directories m_present;
+  Directories m_removed;
+};
+
+/// The levels by variable; 0 leaves one as it is. The lists stay byte for byte.
+using NewLevels = std::array<std::int16_t, kMaxVariables>;
+ChangePlan PlanLevels(const SubjectPlaces& places, const SubjectRow& row, const NewLevels& levels);
+
+/// The files, their first lines, and the lines of companion files. `newId` may differ in case alone.
+ChangePlan PlanRename(const SubjectPlaces& places, const SubjectRow& row, const std::string& newId);
+
+/// Moves all files of the subject to `Removed`, or those of a removed one back.
+ChangePlan PlanRemoval(const SubjectPlaces& places, const SubjectRow& row);
+ChangePlan PlanReturn(const SubjectPlaces& places, const SubjectRow& row);
+
+}  // namespace zova
