@@ -36,7 +36,8 @@ struct SubjectRow {
   std::string Id;
   std::string File;  ///< its file's name; for a removed one as it is among these
   SubjectState State = SubjectState::Complete;
-  std::string Reason;  ///< of an unreadable one
+  int RemovedNumber = 1;  ///< of a removed one: which of this identifier
+  std::string Reason;     ///< of an unreadable one
   std::array<std::int16_t, kMaxVariables> Levels{};
   std::vector<std::int16_t> Recalls;  ///< per test
   std::string FailedChecks;           ///< "gaps, duplicates"

@@ -17,16 +17,16 @@ namespace zova {
 
 namespace {
 
-std::string StateText(SubjectState state) {
-  switch (state) {
+std::string StateText(const SubjectRow& row) {
+  switch (row.State) {
     case SubjectState::Complete: return "complete";
     case SubjectState::Unfinished: return "unfinished";
     case SubjectState::Both: return "complete, unfinished";
     case SubjectState::Unreadable: return "unreadable";
     case SubjectState::Foreign: return "another project's";
-    case SubjectState::Removed: return "removed";
+    case SubjectState::Removed: break;
   }
-  return {};
+  return row.RemovedNumber == 1 ? "removed" : "removed (" + std::to_string(row.RemovedNumber) + ")";
 }
 
 std::string SecondText(const SubjectRow& row) {
@@ -98,7 +98,7 @@ std::vector<std::string> SubjectTable::TextsOf(const SubjectRow& row, const Proj
   std::vector<std::string> texts;
   texts.reserve(m_headings.size());
   texts.push_back(row.Id);
-  texts.push_back(StateText(row.State));
+  texts.push_back(StateText(row));
   for (std::size_t v = 0; v < static_cast<std::size_t>(project.VariableCount); ++v) {
     texts.push_back(row.HasData() ? LevelLabel(project, v, row.Levels[v]) : std::string());
   }

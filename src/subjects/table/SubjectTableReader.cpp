@@ -99,7 +99,9 @@ class TableReader {
     row.File = name;
     const bool isComplete = m_removed[Index(SubjectPlace::Complete)].Has(name);
     Fill(row, m_removed[Index(isComplete ? SubjectPlace::Complete : SubjectPlace::Unfinished)].Directory);
-    row.Id = RemovedNameOf(m_project, name, m_bytes).Id;
+    const RemovedName removed = RemovedNameOf(m_project, name, m_bytes);
+    row.Id = removed.Id;
+    row.RemovedNumber = removed.Number;
     row.State = SubjectState::Removed;
     return row;
   }

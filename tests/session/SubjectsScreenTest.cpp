@@ -1,0 +1,286 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The screen of all subjects: its table, and what its acts leave on the disk, with every single call failing, and with
+// the program killed there.
+
+#include "session/SubjectsScreen.h"
+
+#include <chrono>
+
+#include "project/FileChanges.h"
+#include "support/FakePlatform.h"
+#include "support/Study.h"
+
+namespace zova::testing {
+namespace {
+
+ProjectParameters Project() {
+  ProjectParameters project = MakeProject({.Tests = 2, .Items = 12, .Minutes = 3, .Variables = {"Age, in years"}});
+  project.BackupDir = "D:\\B";
+  project.LevelCounts[0] = 3;
+  project.LevelNames[0] = {"young", "old", "oldest"};
+  return project;
+}
+
+std::string Bytes(const std::string& id, const std::string& lists, std::int16_t level = 1) {
+  SubjectRecord record;
+  record.SubjectId = id;
+  record.Levels[0] = level;
+  record.Lists = MakeLists(Project(), lists);
+  return FormatSubject(record, Project());
+}
+
+// Answers Yes to questions, and `fault` to the boxes of faults.
+struct YesBoxes final : MessageBoxes {
+  explicit YesBoxes(BoxAnswer fault) : Fault(fault) {}
+  BoxAnswer Show(const MessageBox& box) override {
+    Texts.push_back(box.Text);
+    if (box.Buttons == BoxButtons::RetryCancel) return Fault;
+    return box.Buttons == BoxButtons::YesNo ? BoxAnswer::Yes : BoxAnswer::Ok;
+  }
+  BoxAnswer Fault;
+  std::vector<std::string> Texts;
+};
+
+// The subject "ab" with all that can be of one, in both directories, and others that stay as they are.
+void PutSubjects(const Scratch& scratch) {
+  for (const std::string root : {"C:\\Data\\", "D:\\B\\"}) {
+    scratch.Put(root + "Sdata\\AB Sub#ab.dat", Bytes("ab", "1/1 2/1 | 3/1"));
+    scratch.Put(root + "Sdata\\AB Sub#abc.dat", Bytes("abc", "1/1 | 3/1", 2));
+    scratch.Put(root + "Sdata\\Unfinished\\AB Sub#ab.dat", Bytes("ab", "1/1 |"));
+    scratch.Put(root + "Sdata\\Second\\AB Sub#ab.dat", Bytes("ab", "1/1 2/2 | 3/1"));
+    scratch.Put(root + "AB Intrusions.csv",
+                "subject,test,place,response,minute,rating\r\nab,1,0,\"x, y\",,\r\nabc,1,0,z,,\r\n");
+  }
+  scratch.Put("C:\\Data\\AB Combine Order.dat", "\"ab\",2\r\n\"abc\",1\r\n");
+  scratch.Put("C:\\Data\\Sdata\\Removed\\AB Sub#ab.dat", Bytes("ab", "5/1 |"));
+}
+
+Tree FilesOf(const Scratch& scratch) {
+  Tree files = scratch.Snapshot();
+  std::erase_if(files, [](const auto& file) {
+    return file.first.ends_with('/') ||
+           (file.first.ends_with(".tmp") && file.first.find(".zova-") != std::string::npos);
+  });
+  return files;
+}
+
+struct Desk {
+  Desk(Scratch& scratch, MessageBoxes& boxes) : On(Fakes.With(scratch.Files, boxes)), Screen(On) {
+    Screen.Open(Of);
+    Screen.Read();
+  }
+  void Choose(const std::string& file, bool isRemoved = false) {
+    const auto line = Screen.Table().LineOf(file, isRemoved);
+    if (line) Screen.Choose({*line});
+  }
+  void Rename(const std::string& id) {
+    Screen.AskName();
+    Screen.SetNewName(id);
+    Screen.Answer();
+  }
+  ProjectParameters Of = Project();
+  FakePlatform Fakes;
+  Platform On;
+  SubjectsScreen Screen;
+};
+
+struct Act {
+  std::string What;
+  std::function<void(Desk&)> Do;
+};
+
+const Act kActs[] = {{"rename", [](Desk& desk) { desk.Choose("AB Sub#ab.dat"), desk.Rename("x y"); }},
+                     {"respell", [](Desk& desk) { desk.Choose("AB Sub#ab.dat"), desk.Rename("AB"); }},
+                     {kRemove, [](Desk& desk) { desk.Choose("AB Sub#ab.dat"), desk.Screen.Remove(); }},
+                     {kBringBack,
+                      [](Desk& desk) {
+                        desk.Choose("AB Sub#ab.dat"), desk.Rename("cd");
+                        desk.Choose("AB Sub#ab.dat", true), desk.Screen.BringBack();
+                      }},
+                     {"levels", [](Desk& desk) {
+                        desk.Choose("AB Sub#ab.dat"), desk.Screen.AskLevels();
+                        desk.Screen.ChooseLevel(0, 3), desk.Screen.Answer();
+                      }}};
+
+std::string RowsOf(const SubjectsScreen& screen) {
+  std::string text;
+  for (std::size_t line = 0; line < screen.Table().LineCount(); ++line) {
+    for (std::size_t column = 0; column + 1 < screen.Table().Headings().size(); ++column) {
+      text += (column == 0 ? "" : "|") + screen.Table().Text(line, column);
+    }
+    text += "\n";
+  }
+  return text;
+}
+
+TEST(SubjectsScreen, ChangesEverythingOfASubject) {
+  Scratch scratch;
+  PutSubjects(scratch);
+  YesBoxes boxes(BoxAnswer::Cancel);
+  Desk desk(scratch, boxes);
+  kActs[0].Do(desk);
+  Tree files = FilesOf(scratch);
+  for (const std::string root : {"C/Data/", "D/B/"}) {
+    EXPECT_EQ(files[root + "Sdata/AB Sub#x y.dat"], Bytes("x y", "1/1 2/1 | 3/1"));
+    EXPECT_EQ(files[root + "Sdata/Unfinished/AB Sub#x y.dat"], Bytes("x y", "1/1 |"));
+    EXPECT_EQ(files[root + "Sdata/Second/AB Sub#x y.dat"], Bytes("x y", "1/1 2/2 | 3/1"));
+    EXPECT_EQ(files[root + "AB Intrusions.csv"],
+              "subject,test,place,response,minute,rating\r\nx y,1,0,\"x, y\",,\r\nabc,1,0,z,,\r\n");
+  }
+  EXPECT_EQ(files["C/Data/AB Combine Order.dat"], "\"x y\",2\r\n\"abc\",1\r\n");
+  EXPECT_EQ(files.size(), 12U);
+  desk.Screen.AskLevels(), desk.Screen.ChooseLevel(0, 3), desk.Screen.Answer();
+  EXPECT_EQ(scratch.Get("D:\\B\\Sdata\\Unfinished\\AB Sub#x y.dat"), Bytes("x y", "1/1 |", 3));
+  EXPECT_EQ(RowsOf(desk.Screen),
+            "ab|removed|young|1|0||none\n"
+            "abc|complete|old|1|1||none\n"
+            "x y|complete, unfinished|oldest|2|1||2 differences\n");
+  kActs[2].Do(desk);  // no such subject: the one chosen goes
+  EXPECT_EQ(boxes.Texts.back(), "Do you wish to remove subject 'x y'?  The files are moved to 'Sdata\\Removed'.");
+  desk.Choose("AB Sub#ab.dat", true), desk.Screen.BringBack();
+  desk.Screen.Remove();
+  files = FilesOf(scratch);
+  EXPECT_TRUE(files.contains("C/Data/Sdata/Removed/AB Sub#ab.dat"));
+  EXPECT_EQ(files["D/B/Sdata/Removed/Second/AB Sub#x y.dat"], Bytes("x y", "1/1 2/2 | 3/1"));
+  EXPECT_EQ(files.size(), 12U);
+}
+
+TEST(SubjectsScreen, ARemovedNameGetsANumberAndComesBack) {
+  Scratch scratch;
+  PutSubjects(scratch);
+  YesBoxes boxes(BoxAnswer::Cancel);
+  Desk desk(scratch, boxes);
+  kActs[2].Do(desk);
+  EXPECT_EQ(scratch.Get("D:\\B\\Sdata\\Removed\\AB Sub#ab (2).dat"), Bytes("ab", "1/1 2/1 | 3/1"));
+  EXPECT_EQ(RowsOf(desk.Screen),
+            "ab|removed (2)|young|2|1||none\nab|removed|young|1|0||none\nabc|complete|old|1|1||none\n");
+  desk.Choose("AB Sub#ab (2).dat", true), desk.Screen.BringBack();
+  EXPECT_EQ(scratch.Get("C:\\Data\\Sdata\\Unfinished\\AB Sub#ab.dat"), Bytes("ab", "1/1 |"));
+  desk.Choose("AB Sub#ab.dat", true), desk.Screen.BringBack();
+  EXPECT_EQ(boxes.Texts.back(), "A subject 'ab' already exists.");
+}
+
+TEST(SubjectsScreen, RefusesWhatWouldLoseSomething) {
+  const std::pair<const char*, const char*> cases[] = {{"ABC", "A subject 'ABC' already exists."},
+                                                       {"a/b", "Invalid Format."},
+                                                       {" ", "Invalid Format."},
+                                                       {"z",
+                                                        "'AB Intrusions.csv' already has lines of a subject 'z'.  "
+                                                        "Please select another identifier."}};
+  Scratch scratch;
+  PutSubjects(scratch);
+  scratch.Put("D:\\B\\AB Intrusions.csv", "subject,test,place,response,minute,rating\r\nz,1,0,z,,\r\n");
+  const Tree before = FilesOf(scratch);
+  for (const auto& [id, message] : cases) {
+    YesBoxes boxes(BoxAnswer::Cancel);
+    Desk desk(scratch, boxes);
+    desk.Choose("AB Sub#ab.dat"), desk.Rename(id);
+    EXPECT_EQ(boxes.Texts, std::vector<std::string>{message});
+    EXPECT_EQ(desk.Screen.Asked(), SubjectsScreen::Question::Name);
+    EXPECT_EQ(FilesOf(scratch), before);
+  }
+}
+
+TEST(SubjectsScreen, ChangesAllOrNothingWhateverCallFails) {
+  for (const auto& [what, act] : kActs) {
+    Tree before, after;
+    for (const auto& [answer, isKilled] : {std::pair{BoxAnswer::Retry, false}, std::pair{BoxAnswer::Cancel, false},
+                                           std::pair{BoxAnswer::Cancel, true}}) {
+      const int step = kFailureStep * (isKilled && (what == kRename || what == kRemove) ? 1 : 7);
+      bool failed = false;
+      int changed = 0;
+      for (int n = 0; n <= step || failed; n += step) {
+        Scratch scratch;
+        PutSubjects(scratch);
+        if (n == 0) before = FilesOf(scratch);
+        YesBoxes boxes(answer);
+        Desk desk(scratch, boxes);
+        isKilled ? scratch.Faults.KillAt(n) : scratch.Faults.FailAt(n, std::errc::io_error);
+        act(desk);
+        failed = scratch.Faults.HasFailed();
+        const std::string call = what + ": " + scratch.Faults.FailedCall() + " " + std::to_string(n);
+        scratch.Faults.FailNever();
+        EXPECT_TRUE(FinishInterruptedChanges(desk.Of, desk.On)) << call;
+        const Tree files = FilesOf(scratch);
+        if (n == 0) after = files;
+        changed += files == after ? 1 : 0;
+        if (answer == BoxAnswer::Retry) {
+          EXPECT_EQ(files, after) << call;
+        } else if (what != kBringBack) {
+          EXPECT_TRUE(files == before || files == after) << call;
+        } else {
+          EXPECT_EQ(files.size(), before.size()) << call;
+        }
+      }
+      EXPECT_GT(changed, 1) << what;
+    }
+  }
+}
+
+// A journal that stayed, or came back, changes nothing that was changed since; one from elsewhere leaves the project's
+// directories alone.
+TEST(FileChanges, AnOldJournalOverwritesNothing) {
+  Scratch scratch;
+  scratch.Put("C:\\Data\\Sdata\\a", "new");
+  scratch.Put("C:\\Data\\b", "old");
+  const FileChanges changes{"A change",
+                            {{false, "Sdata/a", "old", "older"},
+                             {false, "b", "old\n", std::nullopt},
+                             {false, "c", std::nullopt, "c\r\n"},
+                             {false, "b", "old", std::nullopt}}};
+  scratch.Put("C:\\Data\\.zova-AB.journal", FormatJournal(changes));
+  EXPECT_EQ(ParseJournal(FormatJournal(changes)), changes);
+  FakePlatform fakes;
+  fakes.Boxes.Expect(
+      {.Text = "A change was interrupted.  It has been completed, but for files that have changed since.",
+       .Details = "'C:\\Data\\Sdata\\a'\n"});
+  EXPECT_TRUE(FinishInterruptedChanges(Project(), fakes.With(scratch.Files)));
+  EXPECT_EQ(FilesOf(scratch), (Tree{{"C/Data/Sdata/a", "new"}, {"C/Data/c", "c\r\n"}}));
+  for (const char* name : {"../x", "Sdata/../../x", "C:/x", "/x", "..\\x", ""}) {
+    EXPECT_FALSE(ParseJournal(FormatJournal({"", {{false, name, {}, "x"}}}))) << name;
+  }
+  const std::string whole = FormatJournal(changes);
+  for (std::size_t size = 0; size < whole.size(); ++size) EXPECT_FALSE(ParseJournal(whole.substr(0, size))) << size;
+}
+
+TEST(SubjectsScreen, FiltersAndSortsByEveryColumn) {
+  Scratch scratch;
+  const auto put = [&](const std::string& name, const std::string& bytes) {
+    scratch.Put("C:\\Data\\Sdata\\" + name, bytes);
+  };
+  put("AB Sub#a.dat", Bytes("a", "1/1 0/0 2/1 2/1 | 3/1 4/1 5/1 6/1 7/1 8/1 9/1 10/1 11/1 12/1", 2));
+  put("AB Sub#B.dat", Bytes("B", "3/2 1/1 | 1/1 2/1"));
+  put("AB Sub#c.dat", Bytes("c", "1/3 | 13/2", 9));
+  put("AB Sub#d.dat", "\"Subject#\",\"d\"\r\n\"Age\",1\r\n1,2,70000,0\r\n");
+  put("ABC Sub#e.dat", Bytes("e", "1/1 |"));
+  put("Unfinished\\AB Sub#f.dat", Bytes("f", "1/1 |", 3));
+  scratch.MakeDirectory("D:\\B");
+  scratch.Put("C:\\Data\\AB Second Sample.csv", "subject,percent,seed\r\nB,20,7\r\n");
+  YesBoxes boxes(BoxAnswer::Cancel);
+  Desk desk(scratch, boxes);
+  const std::string a = "a|complete|old|3|10|gaps, minutes, duplicates|none\n";
+  const std::string b = "B|complete|young|2|2|minutes|chosen\n";
+  const std::string c = "c|complete|9|1|1|numbers out of range|none\n";
+  const std::string d = "d|unreadable||||Line 3: number beyond the 16-bit range. Numerical result out of range|none\n";
+  const std::string e = "ABC Sub#e|another project's|||||none\n";
+  const std::string f = "f|unfinished|oldest|1|0||none\n";
+  const std::pair<const char*, std::string> filters[] = {{"", a + e + b + c + d + f}, {"OLD", a + f},
+                                                         {"age: old; state: com", a}, {"test 2: 1", a + c},
+                                                         {"identifier:b", e + b},     {"nothing", ""}};
+  for (const auto& [filter, rows] : filters) {
+    desk.Screen.SetFilter(filter);
+    EXPECT_EQ(RowsOf(desk.Screen), rows) << filter;
+  }
+  desk.Screen.SetFilter("");
+  const std::pair<std::size_t, std::string> orders[] = {
+      {0, f + d + c + b + e + a}, {4, d + e + f + c + b + a}, {4, a + b + c + f + d + e}, {5, e + f + a + d + b + c}};
+  for (const auto& [column, rows] : orders) {
+    desk.Screen.SortBy(column);
+    EXPECT_EQ(RowsOf(desk.Screen), rows) << column;
+  }
+  EXPECT_EQ(desk.Screen.StatusLine(), "6 subjects");
+}
+
+}  // namespace
+}  // namespace zova::testing
