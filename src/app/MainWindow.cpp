@@ -20,6 +20,7 @@
 #include "app/screens/MeansPanel.h"
 #include "app/screens/MeasurePanel.h"
 #include "app/screens/OrderPanel.h"
+#include "app/screens/SubjectsPanel.h"
 #include "app/screens/WizardPanel.h"
 #include "app/screens/WordsPanel.h"
 #include "app/widgets/Controls.h"
@@ -57,7 +58,8 @@ MainWindow::MainWindow(Session& session, QtProgress& progress)
       m_groups(Add(new GroupPanel(session.Masters()))),
       m_blank(Add(new BlankPanel)),
       m_means(Add(new MeansPanel(session))),
-      m_words(Add(new WordsPanel(session))) {
+      m_words(Add(new WordsPanel(session))),
+      m_subjects(Add(new SubjectsPanel(session))) {
   Add(new CopyingPanel(progress));
   setObjectName("frmZova");
   setCentralWidget(m_panels);
@@ -87,8 +89,8 @@ Panel* MainWindow::PanelOf(Screen screen) const {
     case Screen::Masters: return PanelOf(m_session.Masters().CurrentStage());
     case Screen::Means: return m_means;
     case Screen::Words: return m_words;
+    case Screen::Subjects: return m_subjects;
     case Screen::Import:
-    case Screen::Subjects:
     case Screen::Compare: break;
   }
   return m_main;

@@ -78,8 +78,8 @@ std::string HelpTopicFor(const HelpPlace& place) {
     case Screen::Masters: return TopicOfStage(place.Stage);
     case Screen::Means: return "means";
     case Screen::Words: return "words";
+    case Screen::Subjects: return "subjects";
     case Screen::Import:
-    case Screen::Subjects:
     case Screen::Compare: break;
   }
   return "main";

@@ -6,6 +6,7 @@
 
 #include "platform/desktop/FileErrorBoxes.h"
 #include "project/DirectoryRules.h"
+#include "project/FileChanges.h"
 #include "project/ProjectOpening.h"
 #include "session/ProgramDirectory.h"
 #include "subjects/SubjectFiles.h"
@@ -20,12 +21,16 @@ Session::Session(const Platform& platform, std::string programDir, std::string i
       m_location(m_param, m_programDir, platform),
       m_wizard(platform),
       m_subjects(m_preferences, platform),
+      m_subjectList(platform),
       m_masters(platform),
       m_means(platform),
       m_words(platform) {
   m_location.SetObserver([this](const LocationOutcome& outcome) { FollowLocation(outcome); });
   m_subjects.SetObserver([this] { FollowSubjects(); });
   m_masters.SetObserver([this] { FollowMasters(); });
+  m_subjectList.SetObserver([this] {
+    if (m_observer) m_observer();
+  });
   m_means.SetObserver([this] {
     if (m_observer) m_observer();
   });
@@ -122,6 +127,7 @@ void Session::SetProject(ProjectParameters project, std::string file) {
   m_project = std::move(project);
   m_saved = {std::move(file), m_project->BackupDir};
   m_facts.clear();
+  if (ViewOnlyReason(*m_project).empty()) FinishInterruptedChanges(*m_project, m_platform);
   LookForUnfinished();
 }
 
@@ -191,6 +197,7 @@ void Session::Opened(ChosenProject chosen) {
 }
 
 void Session::Identify(SubjectIdentification::Purpose purpose) {
+  m_isFromList = false;
   m_subjects.Identify(purpose, *m_project, m_param.Path());
 }
 
@@ -223,7 +230,7 @@ void Session::SaveIncompleteSubject() {
 
 void Session::FollowSubjects() {
   switch (m_subjects.CurrentStage()) {
-    case SubjectFlow::Stage::Closed: return Show(Screen::Main);
+    case SubjectFlow::Stage::Closed: return m_isFromList ? ShowSubjectList() : Show(Screen::Main);
     case SubjectFlow::Stage::Identification: return Show(Screen::Identification);
     case SubjectFlow::Stage::Entry: return Show(Screen::Entry);
   }
@@ -233,6 +240,7 @@ void Session::OfferRestore() {
   auto restored = m_subjects.OfferRestore(m_param.Path());
   if (!restored) return;
   SetProject(std::move(restored->Parameters), std::move(restored->Path));
+  m_isFromList = false;
   m_subjects.EnterRestored(*m_project, m_param.Path());
 }
 

@@ -15,6 +15,7 @@
 #include "session/MasterFlow.h"
 #include "session/MenuStates.h"
 #include "session/SubjectFlow.h"
+#include "session/SubjectsScreen.h"
 #include "words/WordListEditor.h"
 
 namespace zova {
@@ -77,6 +78,8 @@ class Session {
   void ReadOldData();
   void UnfinishedBusiness();
   void ViewParameters();
+  // Data
+  void ShowSubjects();
   // Preferences
   [[nodiscard]] const Preferences& Chosen() const noexcept { return m_preferences; }
   void ToggleSkipMinutes();
@@ -99,6 +102,12 @@ class Session {
 
   /// The screens of a subject, shown as Identification or Entry.
   SubjectFlow& Subjects() noexcept { return m_subjects; }
+
+  /// The table of all subjects, shown as Subjects.
+  SubjectsScreen& SubjectList() noexcept { return m_subjectList; }
+  void CloseSubjects();
+  /// Reads old data, or goes on with the unfinished subject; a save leads back to the table.
+  void OpenChosenSubject();
 
   /// The screens of a master, shown as Masters unless its stage is Closed.
   MasterFlow& Masters() noexcept { return m_masters; }
@@ -142,6 +151,7 @@ class Session {
   void OfferRestore();
   void Identify(SubjectIdentification::Purpose purpose);
   void FollowSubjects();
+  void ShowSubjectList();
 
   Platform m_platform;
   std::string m_programDir;
@@ -151,6 +161,7 @@ class Session {
   NewProjectWizard m_wizard;
   Preferences m_preferences;
   SubjectFlow m_subjects;
+  SubjectsScreen m_subjectList;
   MasterFlow m_masters;
   MeansExaminer m_means;
   WordListEditor m_words;
@@ -163,7 +174,8 @@ class Session {
   bool m_countsAreOld = true;
   SavedProject m_saved;  // of the open project
   bool m_hasUnfinished = false;
-  bool m_restoring = false;  // never reset
+  bool m_isFromList = false;  // the subject was opened from the table
+  bool m_restoring = false;   // never reset
   bool m_prepared = false;
   bool m_settingRead = false;
   bool m_savedInParam = false;  // the open project's parameter file, when the location screen came up

@@ -28,6 +28,15 @@ void SubjectFlow::Identify(SubjectIdentification::Purpose purpose, const Project
   Show(Stage::Identification);
 }
 
+void SubjectFlow::OpenListed(SubjectIdentification::Purpose purpose, const std::string& file,
+                             const ProjectParameters& project, const std::string& paramDir) {
+  m_project = &project;
+  m_paramDir = paramDir;
+  m_entersNewSubjects = false;
+  m_identification.Open(purpose, project, paramDir);
+  OpenEntry(m_identification.LoadListed(file));
+}
+
 void SubjectFlow::FinishIdentification() { OpenEntry(m_identification.Finish()); }
 
 void SubjectFlow::LoadTypedSubject() { OpenEntry(m_identification.LoadTyped()); }

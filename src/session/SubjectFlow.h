@@ -29,6 +29,10 @@ class SubjectFlow {
 
   /// Opens the identification. `project` must outlive the flow's screens, also below.
   void Identify(SubjectIdentification::Purpose purpose, const ProjectParameters& project, const std::string& paramDir);
+  /// Enters the subject of a listed file (OldData or Unfinished), without the identification. Stays closed when it
+  /// cannot be read.
+  void OpenListed(SubjectIdentification::Purpose purpose, const std::string& file, const ProjectParameters& project,
+                  const std::string& paramDir);
   void FinishIdentification();
   void LoadTypedSubject();
   void BrowseSubject();

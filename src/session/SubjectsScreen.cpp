@@ -43,7 +43,6 @@ void SubjectsScreen::Open(const ProjectParameters& project) {
   m_chosen.clear();
   m_done.clear();
   EndQuestion();
-  m_isOld = true;
 }
 
 void SubjectsScreen::Close() {
@@ -61,7 +60,6 @@ void SubjectsScreen::ShowProgress(const std::string& text) {
 void SubjectsScreen::Read() {
   if (m_project == nullptr) return;
   const BusyPointer busy(m_platform.Pointer);
-  m_isOld = false;
   std::vector<SubjectRow> rows;
   const bool isRead = WithRetry(m_platform.Boxes, [&] {
     const auto chosen = SampledIds(m_platform.Files, *m_project);

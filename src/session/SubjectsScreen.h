@@ -24,13 +24,10 @@ class SubjectsScreen {
   /// Called when the progress of a long run changes.
   void SetObserver(std::function<void()> observer) { m_observer = std::move(observer); }
 
-  /// `project` must outlive the screen. Read fills the table, when the screen is up.
+  /// `project` must outlive the screen. Read fills the table.
   void Open(const ProjectParameters& project);
   void Close();
   [[nodiscard]] bool IsOpen() const noexcept { return m_project != nullptr; }
-  /// True until the table was read after Open or MarkOld.
-  [[nodiscard]] bool IsOld() const noexcept { return m_isOld; }
-  void MarkOld() noexcept { m_isOld = true; }
   /// Reads all subjects. Filter, order and choice stay.
   void Read();
 
@@ -95,7 +92,6 @@ class SubjectsScreen {
   std::string m_progress;
   std::string m_done;  // what the last act did
   int m_revision = 0;
-  bool m_isOld = true;
 };
 
 }  // namespace zova

@@ -262,6 +262,13 @@ SubjectIdentification::Outcome SubjectIdentification::LoadTyped() {
   return Load(JoinPath(Directory(), name), identifier.empty() ? m_subjectText : identifier, endedEarly);
 }
 
+SubjectIdentification::Outcome SubjectIdentification::LoadListed(const std::string& file) {
+  const std::string identifier = IdentifierOfFile(*m_project, file);
+  if (identifier.empty()) return Refuse(kForeignFile);
+  bool endedEarly = false;
+  return Load(JoinPath(Directory(), file), identifier, endedEarly);
+}
+
 SubjectIdentification::Outcome SubjectIdentification::Browse() {
   if (!LooksForExisting()) return Outcome::Stay;
   const FileQuestion question = {.Title = "Select Data File",

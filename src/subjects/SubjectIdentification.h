@@ -55,6 +55,8 @@ class SubjectIdentification {
   /// Browse also takes the project's autosave files that were put aside in the Param directory.
   Outcome LoadTyped();
   Outcome Browse();
+  /// The subject of a file of the directory that LoadTyped looks in, by its name as listed.
+  Outcome LoadListed(const std::string& file);
 
   [[nodiscard]] Box Cursor() const noexcept { return m_step == 1 ? Box::Subject : Box::Level; }
   /// Increases when the cursor moves; the box's text is then selected.

@@ -90,7 +90,11 @@ struct Act {
   std::function<void(Desk&)> Do;
 };
 
-const Act kActs[] = {{"rename", [](Desk& desk) { desk.Choose("AB Sub#ab.dat"), desk.Rename("x y"); }},
+const std::string kRename = "rename";
+const std::string kRemove = "remove";
+const std::string kBringBack = "bring back";
+
+const Act kActs[] = {{kRename, [](Desk& desk) { desk.Choose("AB Sub#ab.dat"), desk.Rename("x y"); }},
                      {"respell", [](Desk& desk) { desk.Choose("AB Sub#ab.dat"), desk.Rename("AB"); }},
                      {kRemove, [](Desk& desk) { desk.Choose("AB Sub#ab.dat"), desk.Screen.Remove(); }},
                      {kBringBack,

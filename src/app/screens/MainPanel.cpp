@@ -21,8 +21,8 @@
 namespace zova {
 namespace {
 
-constexpr int kPicturesInRow = 3;
-constexpr int kPictureWidth = 220;
+constexpr int kPicturesInRow = 4;
+constexpr int kPictureWidth = 170;
 constexpr int kLinesInList = 6;
 
 struct Picture {
@@ -35,6 +35,7 @@ constexpr Picture kPictures[] = {
     {"cmdPicEnter", "&Enter Subjects", "enter", &Session::EnterSubjects},
     {"cmdPicMaster", "Create New &Master", "master", &Session::CreateNewMaster},
     {"cmdPicMeans", "E&xamine Means", "means", &Session::ExamineMeans},
+    {"cmdPicSubjects", "&Subjects", ":/icons/subjects.svg", &Session::ShowSubjects},
     {"cmdPicCreate", "Create &New Project", "create", &Session::CreateNewProject},
     {"cmdPicUnfinished", "&Unfinished Business", "unfinished", &Session::UnfinishedBusiness},
     {"cmdPicHelp", "He&lp", "help", &Session::ShowTopics},

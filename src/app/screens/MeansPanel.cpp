@@ -89,14 +89,8 @@ std::vector<std::size_t> ChosenRows(const QListWidget& list) {
 
 void Choose(QListWidget& list, const std::vector<std::size_t>& rows) {
   if (ChosenRows(list) == rows) return;
-  const auto indexOf = [&](std::size_t row) { return list.model()->index(static_cast<int>(row), 0); };
-  QItemSelection chosen;  // as ranges of rows: one by one, thousands would take seconds
-  for (std::size_t first = 0, next = 1; first < rows.size(); first = next++) {
-    while (next < rows.size() && rows[next] == rows[next - 1] + 1) ++next;
-    chosen.append({indexOf(rows[first]), indexOf(rows[next - 1])});
-  }
   const QSignalBlocker quiet(&list);
-  list.selectionModel()->select(chosen, QItemSelectionModel::ClearAndSelect);
+  SelectLines(list, rows);
 }
 
 // Home: the first line in sight; End: the last one.

@@ -5,6 +5,7 @@
 #include <QBoxLayout>
 #include <QEvent>
 #include <QFontInfo>
+#include <QItemSelectionModel>
 #include <QRegularExpression>
 #include <QScrollArea>
 #include <QStringList>
@@ -139,6 +140,16 @@ void KeepReadable(QWidget* control, bool isKept) {
 void ShowText(QLineEdit* box, const std::string& text) {
   const QString shown = ToQt(text);
   if (box->text() != shown) box->setText(shown);
+}
+
+void SelectLines(QAbstractItemView& view, const std::vector<std::size_t>& lines) {
+  const auto indexOf = [&](std::size_t row) { return view.model()->index(static_cast<int>(row), 0); };
+  QItemSelection chosen;  // as ranges of lines: one by one, thousands would take seconds
+  for (std::size_t first = 0, next = 1; first < lines.size(); first = next++) {
+    while (next < lines.size() && lines[next] == lines[next - 1] + 1) ++next;
+    chosen.append({indexOf(lines[first]), indexOf(lines[next - 1])});
+  }
+  view.selectionModel()->select(chosen, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
 }
 
 void PlaceCursorIn(QWidget* control) {

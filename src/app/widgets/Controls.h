@@ -5,9 +5,12 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QString>
+#include <cstddef>
 #include <string>
+#include <vector>
 
 class QAbstractButton;
+class QAbstractItemView;
 class QBoxLayout;
 class QScrollArea;
 
@@ -61,6 +64,8 @@ void LookReadOnly(QLineEdit* box, bool isReadOnly);
 void KeepReadable(QWidget* control, bool isKept);
 /// Sets the box's text only if it differs, so that the cursor stays.
 void ShowText(QLineEdit* box, const std::string& text);
+/// Selects these lines of a list or table, in ascending order, and no others.
+void SelectLines(QAbstractItemView& view, const std::vector<std::size_t>& lines);
 /// Focuses the control and selects all its text.
 void PlaceCursorIn(QWidget* control);
 

@@ -57,7 +57,7 @@ constexpr MenuEntry kEntries[] = {
     {"mnuWords", "&Word List", &States::Words, &Session::EditWordList},
     {"mnuImport", "&Import Recalls", &States::Import},
     kSeparator,
-    {"mnuSubjects", "&Subjects", &States::Subjects},
+    {"mnuSubjects", "&Subjects", &States::Subjects, &Session::ShowSubjects},
     {"mnuSecond", "Second &Entry", &States::SecondEntry},
 
     {"mnuHelp", "&Help"},

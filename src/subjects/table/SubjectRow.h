@@ -37,6 +37,7 @@ struct SubjectRow {
   std::string File;  ///< its file's name; for a removed one as it is among these
   SubjectState State = SubjectState::Complete;
   int RemovedNumber = 1;  ///< of a removed one: which of this identifier
+  bool HasUnfinished = false;
   std::string Reason;     ///< of an unreadable one
   std::array<std::int16_t, kMaxVariables> Levels{};
   std::vector<std::int16_t> Recalls;  ///< per test

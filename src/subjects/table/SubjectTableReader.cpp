@@ -87,7 +87,7 @@ class TableReader {
       return row;
     }
     const bool isComplete = At(SubjectPlace::Complete).Has(name);
-    const bool isUnfinished = At(SubjectPlace::Unfinished).Has(name);
+    const bool isUnfinished = row.HasUnfinished = At(SubjectPlace::Unfinished).Has(name);
     row.State = !isComplete ? SubjectState::Unfinished : isUnfinished ? SubjectState::Both : SubjectState::Complete;
     Fill(row, At(isComplete ? SubjectPlace::Complete : SubjectPlace::Unfinished).Directory);
     if (isComplete && row.HasData()) row.Second = SecondOf(name);
