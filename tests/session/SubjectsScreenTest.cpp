@@ -191,7 +191,7 @@ TEST(SubjectsScreen, ChangesAllOrNothingWhateverCallFails) {
     Tree before, after;
     for (const auto& [answer, isKilled] : {std::pair{BoxAnswer::Retry, false}, std::pair{BoxAnswer::Cancel, false},
                                            std::pair{BoxAnswer::Cancel, true}}) {
-      const int step = kFailureStep * (isKilled && (what == kRename || what == kRemove) ? 1 : 7);
+      const int step = kFailureStep * (!isKilled ? 11 : what == kRename ? 1 : 5);
       bool failed = false;
       int changed = 0;
       for (int n = 0; n <= step || failed; n += step) {
