@@ -19,6 +19,7 @@
 #include "means/MeansTable.h"
 #include "means/UncomputedValues.h"
 #include "platform/desktop/FileErrorBoxes.h"
+#include "project/FileChanges.h"
 #include "project/ProjectFile.h"
 #include "project/ProjectOpening.h"
 #include "project/ProtectedFiles.h"
@@ -46,6 +47,7 @@ class MasterCommand {
       Warn(m_terminal, reason);
       return kStopped;
     }
+    if (!FinishInterruptedChanges(m_project, m_platform)) return kStopped;
     CombinedRequest combined;
     if (m_arguments.GroupBy) combined.Separator = VariableByName(*m_arguments.GroupBy);
     MeansRequest means = FindMeansVariables();
