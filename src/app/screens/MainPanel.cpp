@@ -35,7 +35,7 @@ constexpr Picture kPictures[] = {
     {"cmdPicEnter", "&Enter Subjects", "enter", &Session::EnterSubjects},
     {"cmdPicMaster", "Create New &Master", "master", &Session::CreateNewMaster},
     {"cmdPicMeans", "E&xamine Means", "means", &Session::ExamineMeans},
-    {"cmdPicSubjects", "&Subjects", ":/icons/subjects.svg", &Session::ShowSubjects},
+    {"cmdPicSubjects", "&Subjects", "subjects", &Session::ShowSubjects},
     {"cmdPicCreate", "Create &New Project", "create", &Session::CreateNewProject},
     {"cmdPicUnfinished", "&Unfinished Business", "unfinished", &Session::UnfinishedBusiness},
     {"cmdPicHelp", "He&lp", "help", &Session::ShowTopics},
