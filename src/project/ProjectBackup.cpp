@@ -7,6 +7,7 @@
 
 #include "project/ProjectBackup.h"
 
+#include <array>
 #include <map>
 #include <utility>
 #include <vector>
@@ -58,10 +59,31 @@ std::optional<std::size_t> CopyDataFiles(const std::string& from, const std::str
   return outcome.IsComplete ? std::optional(outcome.Copied) : std::nullopt;
 }
 
+// All subjects but unfinished first entries and removed ones.
+constexpr std::array kCopiedPlaces = {SubjectPlace::Complete, SubjectPlace::Second, SubjectPlace::SecondUnfinished,
+                                      SubjectPlace::First};
+
+// Between a primary and a backup directory. Makes the directories of second entries if there are any.
+std::optional<std::size_t> CopySubjects(const std::string& from, const std::string& to, std::string_view prefix,
+                                        const Platform& platform) {
+  std::size_t total = 0;
+  for (const SubjectPlace place : kCopiedPlaces) {
+    const std::string source = PlaceDirectory(from, place);
+    const std::string target = PlaceDirectory(to, place);
+    const bool isReady = place == SubjectPlace::Complete || WithRetry(platform.Boxes, [&] {
+                           Disk& disk = platform.Files;
+                           if (!disk.ListFiles(source, prefix, kDataFileEnd).empty()) disk.CreateDirectories(target);
+                         });
+    const auto copied = isReady ? CopyDataFiles(source, target, prefix, platform) : std::nullopt;
+    if (!copied) return std::nullopt;
+    total += *copied;
+  }
+  return total;
+}
+
 // Data files and companion files. Returns how many; nullopt when that was given up.
 std::optional<std::size_t> CopyToBackup(const ProjectParameters& project, const Platform& platform) {
-  const auto data =
-      CopyDataFiles(SubjectDirectory(project.PrimaryDir), SubjectDirectory(project.BackupDir), "", platform);
+  const auto data = CopySubjects(project.PrimaryDir, project.BackupDir, "", platform);
   const auto companions = data ? BackUpCompanions(project, platform) : std::nullopt;
   return companions ? std::optional(*data + *companions) : std::nullopt;
 }
@@ -93,7 +115,13 @@ std::size_t CountNewer(const std::string& primary, const std::string& backup, st
 bool MayReplaceNewer(const std::string& primary, const std::string& backup, std::string_view prefix,
                      const Platform& platform) {
   std::size_t newer = 0;
-  if (!WithRetry(platform.Boxes, [&] { newer = CountNewer(primary, backup, prefix, platform); })) return false;
+  const auto count = [&] {
+    newer = 0;
+    for (const SubjectPlace place : kCopiedPlaces) {
+      newer += CountNewer(PlaceDirectory(primary, place), PlaceDirectory(backup, place), prefix, platform);
+    }
+  };
+  if (!WithRetry(platform.Boxes, count)) return false;
   return newer == 0 || Confirm(platform.Boxes, {.Text = std::to_string(newer) +
                                                         " data files in the primary directory are newer than their "
                                                         "backup copies.  Do you wish to replace them?",
@@ -284,12 +312,10 @@ std::optional<MessageBox> RestoreData(ProjectParameters& project, const std::str
       !WithRetry(platform.Boxes, [&] { source = FindBackup(chosen, path, platform.Files); })) {
     return std::nullopt;
   }
-  const std::string from = SubjectDirectory(source.Directory);
-  const std::string to = SubjectDirectory(chosen.PrimaryDir);
-  if (!MayReplaceNewer(to, from, SavedPrefix(chosen), platform)) return std::nullopt;
+  if (!MayReplaceNewer(chosen.PrimaryDir, source.Directory, SavedPrefix(chosen), platform)) return std::nullopt;
   const auto companions = ChooseCompanions(chosen, source.Directory, platform);
   if (!companions) return std::nullopt;
-  const auto copied = CopyDataFiles(from, to, SavedPrefix(chosen), platform);
+  const auto copied = CopySubjects(source.Directory, chosen.PrimaryDir, SavedPrefix(chosen), platform);
   if (!copied || !CopyFilesByName(source.Directory, chosen.PrimaryDir, *companions, platform).IsComplete) {
     return std::nullopt;
   }
@@ -300,7 +326,9 @@ std::optional<MessageBox> RestoreData(ProjectParameters& project, const std::str
                      .Icon = BoxIcon::Information,
                      .Title = "Restore",
                      .Details = CopiedText(*copied + companions->size())};
-  if (source.IsBesideChosenFile) message.Details += "  The data files were taken from '" + from + "'.";
+  if (source.IsBesideChosenFile) {
+    message.Details += "  The data files were taken from '" + SubjectDirectory(source.Directory) + "'.";
+  }
   return message;
 }
 

@@ -17,13 +17,14 @@ constexpr std::string_view kCombinedStem = " Combined Master";
 constexpr std::string_view kTextEnd = ".txt";
 constexpr std::string_view kSerialOrderEnd = " Serial Order.dat";
 constexpr std::string_view kGroupOrderEnd = " Combine Order.dat";
-constexpr std::string_view kAutosaveStem = "Temp";
 constexpr std::string_view kParam = "Param";
 constexpr std::string_view kSubjects = "Sdata";
 constexpr std::string_view kUnfinished = "Unfinished";
 
 constexpr std::array<std::string_view, kCompanionFileCount> kCompanionEnds = {
     " Words.csv", " Responses.csv", " Intrusions.csv", " Study Order.csv", " Subjects.csv", " Second Sample.csv"};
+
+std::string_view AutosaveStem(WhichEntry entry) { return entry == WhichEntry::First ? "Temp" : "Temp Second"; }
 
 struct ResultFileName {
   std::string_view Stem;
@@ -82,10 +83,12 @@ std::string BackupCopyPath(const ProjectParameters& project) {
   return JoinPath(project.BackupDir, ParameterFileName(ProjectTitle(project) + " Backup"));
 }
 
-std::string AutosavePath(std::string_view paramDir) { return JoinPath(paramDir, Joined(kAutosaveStem, "", kTextEnd)); }
+std::string AutosavePath(std::string_view paramDir, WhichEntry entry) {
+  return JoinPath(paramDir, Joined(AutosaveStem(entry), "", kTextEnd));
+}
 
-std::string KeptAutosavePath(std::string_view paramDir, int number) {
-  return JoinPath(paramDir, Joined(kAutosaveStem, " " + std::to_string(number), kTextEnd));
+std::string KeptAutosavePath(std::string_view paramDir, int number, WhichEntry entry) {
+  return JoinPath(paramDir, Joined(AutosaveStem(entry), " " + std::to_string(number), kTextEnd));
 }
 
 std::string SubjectDirectory(std::string_view directory) { return JoinPath(directory, kSubjects); }
@@ -112,6 +115,14 @@ std::string PathBelow(std::string_view directory, std::string_view names) {
     names.remove_prefix(std::min(end + 1, names.size()));
   }
   return path;
+}
+
+SubjectPlace CompletePlace(WhichEntry entry) noexcept {
+  return entry == WhichEntry::First ? SubjectPlace::Complete : SubjectPlace::Second;
+}
+
+SubjectPlace UnfinishedPlace(WhichEntry entry) noexcept {
+  return entry == WhichEntry::First ? SubjectPlace::Unfinished : SubjectPlace::SecondUnfinished;
 }
 
 std::string PlaceDirectory(std::string_view directory, SubjectPlace place) {
@@ -165,7 +176,13 @@ bool IsOrderName(std::string_view name) {
   return EndsIgnoringCase(name, kSerialOrderEnd) || EndsIgnoringCase(name, kGroupOrderEnd);
 }
 
-bool IsAutosaveName(std::string_view name) { return IsNumbered(name, kAutosaveStem, kDigitsAndBlank); }
+bool IsAutosaveName(std::string_view name) {
+  return IsNumbered(name, AutosaveStem(WhichEntry::First), kDigitsAndBlank) || IsSecondAutosaveName(name);
+}
+
+bool IsSecondAutosaveName(std::string_view name) {
+  return IsNumbered(name, AutosaveStem(WhichEntry::Second), kDigitsAndBlank);
+}
 
 bool IsParamName(std::string_view name) { return EqualsIgnoringCase(name, kParam); }
 

@@ -2,7 +2,9 @@
 //
 // The names and places of a project's files. "AB" is the project's abbreviation.
 //
-//   Param directory               <title>.prm for each project, Temp.txt, Temp 1.txt, Temp 2.txt, ...
+//   Param directory               <title>.prm for each project, Temp.txt, Temp 1.txt, Temp 2.txt, ..., and the same of
+//   second entries,
+//                                 Temp Second.txt, Temp Second 1.txt, ...
 //   primary directory             <title>.prm
 //                                 AB Serial Order.dat, AB Combine Order.dat
 //                                 AB Words.csv and the other companion files
@@ -43,9 +45,13 @@ std::string ParameterFilePath(std::string_view directory, const ProjectParameter
 /// The parameter file of a backup location chosen later.
 std::string BackupCopyPath(const ProjectParameters& project);
 
-std::string AutosavePath(std::string_view paramDir);
+/// Which of two entries of a subject is meant.
+enum class WhichEntry { First, Second };
+
+/// "Temp.txt", "Temp Second.txt"
+std::string AutosavePath(std::string_view paramDir, WhichEntry entry = WhichEntry::First);
 /// An autosave file put aside, `number` from 1.
-std::string KeptAutosavePath(std::string_view paramDir, int number);
+std::string KeptAutosavePath(std::string_view paramDir, int number, WhichEntry entry = WhichEntry::First);
 
 /// The directory of subject files in a primary or backup directory.
 std::string SubjectDirectory(std::string_view directory);
@@ -60,6 +66,8 @@ std::string PlaceName(SubjectPlace place);
 std::string RemovedPlaceName(SubjectPlace place);
 /// A path from names with "/" between them.
 std::string PathBelow(std::string_view directory, std::string_view names);
+SubjectPlace CompletePlace(WhichEntry entry) noexcept;
+SubjectPlace UnfinishedPlace(WhichEntry entry) noexcept;
 std::string PlaceDirectory(std::string_view directory, SubjectPlace place);
 std::string RemovedDirectory(std::string_view directory, SubjectPlace place);
 
@@ -88,6 +96,7 @@ std::string GroupOrderPath(const ProjectParameters& project);
 /// directories of subject files.
 bool IsOrderName(std::string_view name);
 bool IsAutosaveName(std::string_view name);
+bool IsSecondAutosaveName(std::string_view name);
 bool IsParamName(std::string_view name);
 bool IsSubjectDirectoryName(std::string_view name);
 

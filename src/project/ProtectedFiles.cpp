@@ -39,8 +39,10 @@ std::vector<ResolvedPath> SubjectDirectories(const ProjectParameters& project, D
   std::vector<ResolvedPath> directories;
   for (const std::string& directory : {project.PrimaryDir, project.BackupDir}) {
     if (IsNoDirectory(directory)) continue;
-    AddDirectory(SubjectDirectory(directory), disk, directories);
-    AddDirectory(UnfinishedDirectory(directory), disk, directories);
+    for (const SubjectPlace place : kSubjectPlaces) {
+      AddDirectory(PlaceDirectory(directory, place), disk, directories);
+      AddDirectory(RemovedDirectory(directory, place), disk, directories);
+    }
   }
   return directories;
 }

@@ -40,6 +40,7 @@ std::string TopicOfPurpose(SubjectIdentification::Purpose purpose) {
     case SubjectIdentification::Purpose::NewSubject: break;
     case SubjectIdentification::Purpose::OldData: return "olddata";
     case SubjectIdentification::Purpose::Unfinished: return "unfinished";
+    case SubjectIdentification::Purpose::SecondEntry: return "secondentry";
   }
   return "identification";
 }

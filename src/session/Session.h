@@ -80,6 +80,7 @@ class Session {
   void ViewParameters();
   // Data
   void ShowSubjects();
+  void EnterSecond();
   // Preferences
   [[nodiscard]] const Preferences& Chosen() const noexcept { return m_preferences; }
   void ToggleSkipMinutes();

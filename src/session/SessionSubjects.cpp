@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// The commands of the table of subjects.
+// The commands of the table of subjects, and the second entry.
 
 #include "session/Session.h"
 
@@ -10,6 +10,10 @@ void Session::ShowSubjects() {
   if (!OpenFirst()) return;
   m_subjectList.Open(*m_project);
   ShowSubjectList();
+}
+
+void Session::EnterSecond() {
+  if (OpenFirst()) Identify(SubjectIdentification::Purpose::SecondEntry);
 }
 
 // The screen is shown first, with the progress of reading.

@@ -23,7 +23,8 @@ void SubjectFlow::Identify(SubjectIdentification::Purpose purpose, const Project
                            const std::string& paramDir) {
   m_project = &project;
   m_paramDir = paramDir;
-  m_entersNewSubjects = purpose == SubjectIdentification::Purpose::NewSubject;
+  m_goesOn =
+      purpose == SubjectIdentification::Purpose::NewSubject || purpose == SubjectIdentification::Purpose::SecondEntry;
   m_identification.Open(purpose, project, paramDir);
   Show(Stage::Identification);
 }
@@ -32,10 +33,12 @@ void SubjectFlow::OpenListed(SubjectIdentification::Purpose purpose, const std::
                              const ProjectParameters& project, const std::string& paramDir) {
   m_project = &project;
   m_paramDir = paramDir;
-  m_entersNewSubjects = false;
+  m_goesOn = false;
   m_identification.Open(purpose, project, paramDir);
   OpenEntry(m_identification.LoadListed(file));
 }
+
+void SubjectFlow::NextStep() { OpenEntry(m_identification.Next()); }
 
 void SubjectFlow::FinishIdentification() { OpenEntry(m_identification.Finish()); }
 
@@ -51,8 +54,10 @@ void SubjectFlow::CancelIdentification() {
 void SubjectFlow::OpenEntry(SubjectIdentification::Outcome outcome) {
   if (outcome != SubjectIdentification::Outcome::OpenEntry) return;
   // Puts an interrupted subject aside, unless restored or put aside already, before the next autosave replaces it.
-  if (m_keepsAutosave && !WithRetry(m_platform.Boxes, [&] { KeepAutosaveFile(m_platform.Files, m_paramDir); })) return;
-  m_keepsAutosave = false;
+  const WhichEntry which = m_record.Which;
+  const auto keep = [&] { KeepAutosaveFile(m_platform.Files, m_paramDir, which); };
+  if (Keeps(which) && !WithRetry(m_platform.Boxes, keep)) return;
+  Keeps(which) = false;
   m_identification.Leave();
   m_entry.Open(*m_project, m_paramDir);
   Show(Stage::Entry);
@@ -60,8 +65,8 @@ void SubjectFlow::OpenEntry(SubjectIdentification::Outcome outcome) {
 
 void SubjectFlow::DoneWithAllTests() {
   if (!m_entry.DoneWithAllTests().Left) return;
-  if (m_entersNewSubjects) {
-    m_identification.Open(SubjectIdentification::Purpose::NewSubject, *m_project, m_paramDir);
+  if (m_goesOn) {
+    m_identification.Open(m_identification.CurrentPurpose(), *m_project, m_paramDir);
     Show(Stage::Identification);
   } else {
     Show(Stage::Closed);
@@ -74,36 +79,48 @@ void SubjectFlow::CancelEntry() {
 
 std::optional<ChosenProject> SubjectFlow::OfferRestore(const std::string& paramDir) {
   if (std::exchange(m_restoreOffered, true)) return std::nullopt;
-  bool isThere = false;
-  WithRetry(m_platform.Boxes, [&] { isThere = m_platform.Files.FileExists(AutosavePath(paramDir)); });
-  if (!isThere) return std::nullopt;
-  const BoxAnswer answer = m_platform.Boxes.Show(
-      {.Text = "The program was interrupted while entering a subject.  Would you like to restore from the autosave?",
-       .Icon = BoxIcon::Information,
-       .Buttons = BoxButtons::YesNoCancel,
-       .Default = BoxAnswer::Yes,
-       .Title = "Restore"});
-  if (answer == BoxAnswer::Yes) return Restore(paramDir);
-  PutAside(paramDir);
+  for (const WhichEntry entry : {WhichEntry::First, WhichEntry::Second}) {
+    bool isThere = false;
+    WithRetry(m_platform.Boxes, [&] { isThere = m_platform.Files.FileExists(AutosavePath(paramDir, entry)); });
+    if (!isThere) continue;
+    const BoxAnswer answer = m_platform.Boxes.Show(
+        {.Text = "The program was interrupted while entering a subject.  Would you like to restore from the autosave?",
+         .Icon = BoxIcon::Information,
+         .Buttons = BoxButtons::YesNoCancel,
+         .Default = BoxAnswer::Yes,
+         .Title = "Restore"});
+    if (answer != BoxAnswer::Yes) {
+      PutAside(paramDir, entry);
+    } else if (auto restored = Restore(paramDir, entry)) {
+      // The next start offers the second entry again, unless another one is entered before.
+      if (entry == WhichEntry::First) Keeps(WhichEntry::Second) = true;
+      return restored;
+    }
+  }
   return std::nullopt;
 }
 
-void SubjectFlow::PutAside(const std::string& paramDir) {
+void SubjectFlow::PutAside(const std::string& paramDir, WhichEntry entry) {
   std::string kept;
-  m_keepsAutosave = !WithRetry(m_platform.Boxes, [&] { kept = KeepAutosaveFile(m_platform.Files, paramDir); });
+  Keeps(entry) = !WithRetry(m_platform.Boxes, [&] { kept = KeepAutosaveFile(m_platform.Files, paramDir, entry); });
   if (kept.empty()) return;
-  m_platform.Boxes.Show({.Text = "The autosave was kept as '" + kept + "'.",
-                         .Icon = BoxIcon::Information,
-                         .Details = "To take the subject up later, open its project and select this file with the "
-                                    "'Browse' button of 'Read Old Data' or 'Unfinished Business'."});
+  m_platform.Boxes.Show(
+      {.Text = "The autosave was kept as '" + kept + "'.",
+       .Icon = BoxIcon::Information,
+       .Details = entry == WhichEntry::First
+                      ? "To take the subject up later, open its project and select this file with the 'Browse' button "
+                        "of 'Read Old Data' or 'Unfinished Business'."
+                      : "To take the second entry up later, name the file '" +
+                            std::string(LastPathComponent(AutosavePath(paramDir, entry))) +
+                            "' again and start ZOVA anew."});
 }
 
 // Keeps a file that cannot be restored: it may be the only copy of the subject.
-std::optional<ChosenProject> SubjectFlow::Restore(const std::string& paramDir) {
+std::optional<ChosenProject> SubjectFlow::Restore(const std::string& paramDir, WhichEntry entry) {
   Disk& disk = m_platform.Files;
   ChosenProject chosen;
   const auto readProject = [&] {
-    chosen.Path = JoinPath(paramDir, ReadAutosaveProject(disk, AutosavePath(paramDir)));
+    chosen.Path = JoinPath(paramDir, ReadAutosaveProject(disk, AutosavePath(paramDir, entry)));
     chosen.Parameters = ReadProjectFile(disk, chosen.Path);
   };
   const auto mayEnter = [&] {
@@ -111,21 +128,22 @@ std::optional<ChosenProject> SubjectFlow::Restore(const std::string& paramDir) {
     if (!reason.empty()) Warn(m_platform.Boxes, reason);
     return reason.empty();
   };
-  m_keepsAutosave = true;
+  Keeps(entry) = true;
   if (!WithRetry(m_platform.Boxes, readProject) || !MayOpenProject(chosen.Parameters, m_platform.Boxes) ||
       !mayEnter() || !WithRetry(m_platform.Boxes, [&] {
-        ReadAutosaveFile(disk, AutosavePath(paramDir), chosen.Parameters, m_record);
+        ReadAutosaveFile(disk, AutosavePath(paramDir, entry), chosen.Parameters, m_record);
       })) {
     return std::nullopt;
   }
-  m_keepsAutosave = false;
+  Keeps(entry) = false;
+  m_record.Which = entry;
   return chosen;
 }
 
 void SubjectFlow::EnterRestored(const ProjectParameters& project, const std::string& paramDir) {
   m_project = &project;
   m_paramDir = paramDir;
-  m_entersNewSubjects = false;
+  m_goesOn = false;
   m_entry.Open(project, paramDir, /*restored=*/true);
   Show(Stage::Entry);
 }

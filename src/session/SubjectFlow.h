@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <array>
 #include <functional>
 #include <optional>
 #include <string>
@@ -33,6 +34,7 @@ class SubjectFlow {
   /// cannot be read.
   void OpenListed(SubjectIdentification::Purpose purpose, const std::string& file, const ProjectParameters& project,
                   const std::string& paramDir);
+  void NextStep();
   void FinishIdentification();
   void LoadTypedSubject();
   void BrowseSubject();
@@ -50,8 +52,9 @@ class SubjectFlow {
  private:
   void Show(Stage stage);
   void OpenEntry(SubjectIdentification::Outcome outcome);
-  std::optional<ChosenProject> Restore(const std::string& paramDir);
-  void PutAside(const std::string& paramDir);
+  std::optional<ChosenProject> Restore(const std::string& paramDir, WhichEntry entry);
+  void PutAside(const std::string& paramDir, WhichEntry entry);
+  [[nodiscard]] bool& Keeps(WhichEntry entry) { return m_keepsAutosave[entry == WhichEntry::First ? 0 : 1]; }
 
   Platform m_platform;
   SubjectRecord m_record;
@@ -61,9 +64,9 @@ class SubjectFlow {
   Stage m_stage = Stage::Closed;
   const ProjectParameters* m_project = nullptr;
   std::string m_paramDir;
-  bool m_entersNewSubjects = false;  // after a complete save identify the next one
+  bool m_goesOn = false;  // after a complete save identify the next one
   bool m_restoreOffered = false;
-  bool m_keepsAutosave = false;  // the file was neither restored nor put aside
+  std::array<bool, 2> m_keepsAutosave{};  // the file of the entry was neither restored nor put aside
 };
 
 }  // namespace zova

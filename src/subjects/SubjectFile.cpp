@@ -165,7 +165,7 @@ void ParseAutosave(std::string_view bytes, const ProjectParameters& project, Sub
 
 void WriteAutosaveFile(Disk& disk, const std::string& paramDir, const SubjectRecord& record,
                        const ProjectParameters& project) {
-  disk.Write(AutosavePath(paramDir), FormatAutosave(record, project));
+  disk.Write(AutosavePath(paramDir, record.Which), FormatAutosave(record, project));
 }
 
 std::string ReadAutosaveProject(Disk& disk, const std::string& path) {
@@ -202,8 +202,8 @@ bool HaveSameContent(Disk& disk, const std::string& left, const std::string& rig
 }
 
 // Moves the files up until Temp 1.txt may be replaced. A move that was cut short has left two equal neighbours.
-void FreeFirstKept(Disk& disk, const std::string& paramDir) {
-  const auto kept = [&](int number) { return KeptAutosavePath(paramDir, number); };
+void FreeFirstKept(Disk& disk, const std::string& paramDir, WhichEntry entry) {
+  const auto kept = [&](int number) { return KeptAutosavePath(paramDir, number, entry); };
   int free = 1;
   while (disk.FileExists(kept(free)) && !HaveSameContent(disk, kept(free), kept(free + 1))) ++free;
   for (; free > 1; --free) disk.Copy(kept(free - 1), kept(free));
@@ -211,25 +211,25 @@ void FreeFirstKept(Disk& disk, const std::string& paramDir) {
 
 }  // namespace
 
-std::string KeepAutosaveFile(Disk& disk, const std::string& paramDir) {
+std::string KeepAutosaveFile(Disk& disk, const std::string& paramDir, WhichEntry entry) {
   constexpr int kKept = 3;
-  const std::string path = AutosavePath(paramDir);
-  std::string kept = KeptAutosavePath(paramDir, 1);
+  const std::string path = AutosavePath(paramDir, entry);
+  std::string kept = KeptAutosavePath(paramDir, 1, entry);
   if (!disk.FileExists(path)) return {};
   if (!HaveSameContent(disk, path, kept)) {
-    FreeFirstKept(disk, paramDir);
+    FreeFirstKept(disk, paramDir, entry);
     disk.Copy(path, kept);
   }
-  for (int number = kKept + 1; disk.FileExists(KeptAutosavePath(paramDir, number)); ++number) {
-    const std::string old = KeptAutosavePath(paramDir, number);
+  for (int number = kKept + 1; disk.FileExists(KeptAutosavePath(paramDir, number, entry)); ++number) {
+    const std::string old = KeptAutosavePath(paramDir, number, entry);
     if (CanBeRestored(disk, paramDir, old)) disk.Delete(old);
   }
   disk.Delete(path);
   return kept;
 }
 
-void DeleteAutosaveFile(Disk& disk, const std::string& paramDir) {
-  const std::string path = AutosavePath(paramDir);
+void DeleteAutosaveFile(Disk& disk, const std::string& paramDir, WhichEntry entry) {
+  const std::string path = AutosavePath(paramDir, entry);
   if (disk.FileExists(path)) disk.Delete(path);
 }
 

@@ -46,7 +46,7 @@ void ReadAutosaveFile(Disk& disk, const std::string& path, const ProjectParamete
 /// Puts it aside as "Temp 1.txt" and returns that path; files put aside earlier move up by one number. The third and
 /// later ones are deleted unless they cannot be restored. May be called again after a fault. No effect without an
 /// autosave file; likewise below.
-std::string KeepAutosaveFile(Disk& disk, const std::string& paramDir);
-void DeleteAutosaveFile(Disk& disk, const std::string& paramDir);
+std::string KeepAutosaveFile(Disk& disk, const std::string& paramDir, WhichEntry entry = WhichEntry::First);
+void DeleteAutosaveFile(Disk& disk, const std::string& paramDir, WhichEntry entry = WhichEntry::First);
 
 }  // namespace zova

@@ -81,7 +81,7 @@ SaveOutcome SaveSubject(SubjectRecord& record, const ProjectParameters& project,
     outcome.UnfinishedEmptied = store.HasEmptiedUnfinished();
     if (!isStored) return outcome;
     // A failure is reported, but the subject is saved.
-    WithRetry(platform.Boxes, [&] { DeleteAutosaveFile(platform.Files, paramDir); });
+    WithRetry(platform.Boxes, [&] { DeleteAutosaveFile(platform.Files, paramDir, record.Which); });
   }
   outcome.Saved = true;
   record.HasUnsavedChanges = false;

@@ -45,7 +45,7 @@ bool ReadFile(const Platform& platform, bool& endedEarly, Step&& step) {
 }
 
 // Heading and instruction by purpose.
-constexpr std::array<std::array<const char*, 2>, 3> kTexts = {{
+constexpr std::array<std::array<const char*, 2>, 4> kTexts = {{
     {"Subject Information", ""},
     {"Read Old Data",
      "If you enter the subject identifier, ZOVA will search the primary path for the data.  If you prefer to browse "
@@ -53,6 +53,9 @@ constexpr std::array<std::array<const char*, 2>, 3> kTexts = {{
     {"Unfinished Business",
      "Please enter in the subject identifier to be completed.  If you are not sure of the identifier, please select "
      "the 'Browse' button."},
+    {"Second Entry",
+     "Enter a complete subject again from its protocol, without a look at the first entry.  Both entries are then "
+     "compared."},
 }};
 
 }  // namespace
@@ -63,6 +66,7 @@ void SubjectIdentification::Open(Purpose purpose, const ProjectParameters& proje
   m_paramDir = paramDir;
   m_subjectText.clear();
   m_record = {};
+  m_record.Which = purpose == Purpose::SecondEntry ? WhichEntry::Second : WhichEntry::First;
   ResetLists(m_record, project);
   GoTo(1);
 }
@@ -141,8 +145,10 @@ bool SubjectIdentification::AcceptBox() {
   return false;
 }
 
-void SubjectIdentification::Next() {
-  if (CanGoNext() && AcceptBox()) GoTo(m_step + 1);
+SubjectIdentification::Outcome SubjectIdentification::Next() {
+  if (!CanGoNext() || !AcceptBox()) return Outcome::Stay;
+  const auto begun = BeginSecondEntry();
+  return begun ? *begun : GoTo(m_step + 1);
 }
 
 void SubjectIdentification::Back() {
@@ -156,9 +162,29 @@ std::string SubjectIdentification::Directory() const {
                                           : SubjectDirectory(m_project->PrimaryDir);
 }
 
+// A second entry needs a first one. nullopt when a new one is to be made, and for other purposes.
+std::optional<SubjectIdentification::Outcome> SubjectIdentification::BeginSecondEntry() {
+  if (m_purpose != Purpose::SecondEntry || m_step != 1) return std::nullopt;
+  const std::string directory = PlaceDirectory(m_project->PrimaryDir, SubjectPlace::SecondUnfinished);
+  std::string complete, begun;
+  const bool isListed = WithRetry(m_platform.Boxes, [&] {
+    complete = ListedName(SubjectDirectory(m_project->PrimaryDir));
+    begun = ListedName(directory);
+  });
+  if (!isListed) return StayInBox();
+  if (complete.empty()) {
+    return Refuse("There is no complete subject '" + m_subjectText + "'.  Only a complete subject is entered again.");
+  }
+  const std::string identifier = IdentifierOfFile(*m_project, complete);
+  if (!identifier.empty()) m_subjectText = identifier;
+  if (begun.empty()) return std::nullopt;
+  bool endedEarly = false;
+  return Load(JoinPath(directory, begun), m_subjectText, endedEarly);
+}
+
 // Also false when the search fails and the user cancels. Notes the accepted file in `record`.
 bool SubjectIdentification::MayReplaceComplete(const std::string& subjectId, SubjectRecord& record) {
-  const std::string path = JoinPath(SubjectDirectory(m_project->PrimaryDir),
+  const std::string path = JoinPath(PlaceDirectory(m_project->PrimaryDir, CompletePlace(m_record.Which)),
                                     ExpectedPrefix(*m_project).append(subjectId).append(kDataFileEnd));
   bool exists = false;
   std::string content;
@@ -182,6 +208,7 @@ bool SubjectIdentification::MayReplaceComplete(const std::string& subjectId, Sub
 
 SubjectIdentification::Outcome SubjectIdentification::Finish() {
   if (!CanFinish() || !AcceptBox()) return Outcome::Stay;
+  if (const auto begun = BeginSecondEntry()) return *begun;
   if (!MayReplaceComplete(m_subjectText, m_record)) return StayInBox();
   m_record.SubjectId = m_subjectText;
   return Outcome::OpenEntry;
@@ -191,7 +218,8 @@ SubjectIdentification::Outcome SubjectIdentification::Load(const std::string& pa
                                                            bool& endedEarly) {
   // An unfinished subject, once completed, replaces a complete one of the same identifier.
   SubjectRecord loaded;
-  if (m_purpose == Purpose::Unfinished && !MayReplaceComplete(subjectId, loaded)) return StayInBox();
+  loaded.Which = m_record.Which;
+  if (m_purpose != Purpose::OldData && !MayReplaceComplete(subjectId, loaded)) return StayInBox();
   const bool isRead =
       ReadFile(m_platform, endedEarly, [&] { LoadSubjectFile(m_platform.Files, path, *m_project, loaded); });
   if (!isRead) return StayInBox();
@@ -238,7 +266,9 @@ bool SubjectIdentification::IsUnfinished() const {
 
 bool SubjectIdentification::IsAutosave(const std::string& path) const {
   try {
-    return IsAutosaveName(LastPathComponent(path)) && m_platform.Files.IsSame(DirectoryOfPath(path), m_paramDir);
+    const std::string_view name = LastPathComponent(path);
+    return IsAutosaveName(name) && !IsSecondAutosaveName(name) &&
+           m_platform.Files.IsSame(DirectoryOfPath(path), m_paramDir);
   } catch (const FileError&) {
     return false;
   }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -9,11 +10,12 @@
 
 namespace zova {
 
-/// The screen that identifies a subject, for three purposes. It asks for a new subject's identifier (step 1) and level
-/// of each variable (steps 2 to V+1), and for an existing subject's identifier or file.
+/// The screen that identifies a subject. It asks for a new subject's identifier (step 1) and level of each variable
+/// (steps 2 to V+1), likewise for a complete subject that is entered a second time, and for an existing subject's
+/// identifier or file.
 class SubjectIdentification {
  public:
-  enum class Purpose { NewSubject, OldData, Unfinished };
+  enum class Purpose { NewSubject, OldData, Unfinished, SecondEntry };
   enum class Box { Subject, Level };
   enum class Outcome { Stay, OpenEntry };
 
@@ -38,7 +40,9 @@ class SubjectIdentification {
   [[nodiscard]] bool CanGoBack() const noexcept { return m_step > 1; }
   [[nodiscard]] bool CanGoNext() const noexcept { return m_step < Steps(); }
   [[nodiscard]] bool CanFinish() const noexcept { return !LooksForExisting() && m_step == Steps(); }
-  [[nodiscard]] bool LooksForExisting() const noexcept { return m_purpose != Purpose::NewSubject; }
+  [[nodiscard]] bool LooksForExisting() const noexcept {
+    return m_purpose == Purpose::OldData || m_purpose == Purpose::Unfinished;
+  }
 
   [[nodiscard]] const std::string& SubjectText() const noexcept { return m_subjectText; }
   /// Drops characters that an identifier cannot contain.
@@ -46,10 +50,11 @@ class SubjectIdentification {
   [[nodiscard]] const std::string& LevelText() const noexcept { return m_levelText; }
   void SetLevelText(const std::string& text) { m_levelText = text; }
 
-  /// No effect unless CanGoNext or CanGoBack. Back keeps a valid level, too.
-  void Next();
+  /// No effect unless CanGoNext or CanGoBack. Back keeps a valid level, too. Next opens a second entry that was put
+  /// aside.
+  Outcome Next();
   void Back();
-  /// "Done!" for a new subject: OpenEntry with an empty record.
+  /// "Done!" for a new subject or a second entry: OpenEntry with an empty record, or with a second entry put aside.
   Outcome Finish();
   /// "OK" and "Browse" for an existing one: OpenEntry with the record loaded, or Stay with the record still blank.
   /// Browse also takes the project's autosave files that were put aside in the Param directory.
@@ -67,6 +72,7 @@ class SubjectIdentification {
   bool StoreLevel();  // false when the box holds no level of the variable
   bool AcceptBox();
   Outcome GoTo(int step);
+  std::optional<Outcome> BeginSecondEntry();
   Outcome StayInBox();
   Outcome Refuse(const std::string& text, const std::string& details = {});
   [[nodiscard]] std::string Directory() const;

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "project/ProjectLayout.h"
 #include "project/ProjectParameters.h"
 #include "subjects/RecallLists.h"
 
@@ -24,6 +25,7 @@ struct SubjectRecord {
   std::string SubjectId;                             ///< 1 to 20 characters
   std::array<std::int16_t, kMaxVariables> Levels{};  ///< per variable: the level's number, from 1
   RecallLists Lists;
+  WhichEntry Which = WhichEntry::First;
   std::string UnfinishedNote;  ///< not empty for an incomplete subject
   bool HasUnsavedChanges = false;
   std::vector<KnownFile> KnownFiles;  ///< the files that a save replaces without a question unless they have changed

@@ -36,9 +36,11 @@ std::vector<SubjectCopy> CopiesOf(const SubjectRecord& record, const ProjectPara
   std::vector<SubjectCopy> copies;
   for (const std::string& destination : {project.PrimaryDir, project.BackupDir}) {
     if (!copies.empty() && IsNoDirectory(destination)) continue;
-    const std::string directory =
-        record.UnfinishedNote.empty() ? SubjectDirectory(destination) : UnfinishedDirectory(destination);
-    copies.push_back({destination, directory, JoinPath(directory, SubjectFileName(project, record.SubjectId))});
+    const SubjectPlace place =
+        record.UnfinishedNote.empty() ? CompletePlace(record.Which) : UnfinishedPlace(record.Which);
+    const std::string directory = PlaceDirectory(destination, place);
+    copies.push_back(
+        {destination, directory, JoinPath(directory, SubjectFileName(project, record.SubjectId)), record.Which});
   }
   return copies;
 }
@@ -49,6 +51,7 @@ SubjectStore::OpenDirectory& SubjectStore::Open(const SubjectCopy& copy) {
   if (known != m_directories.end()) return *known;
   RequireDirectory(m_disk, copy.Destination, FileOperation::Write, copy.Path);
   EnsureDirectory(m_disk, SubjectDirectory(copy.Destination));
+  if (copy.Which == WhichEntry::Second) EnsureDirectory(m_disk, PlaceDirectory(copy.Destination, SubjectPlace::Second));
   EnsureDirectory(m_disk, copy.Directory);
   m_disk.RemoveLeftovers(copy.Directory);
   OpenDirectory directory{copy.Directory, m_disk.Resolve(copy.Directory, FileOperation::Write), {}};
@@ -66,9 +69,10 @@ void SubjectStore::Write(const SubjectCopy& copy, const std::string& content) {
 }
 
 // Each step can be retried separately. The primary directory comes last, since it shows what is left to do.
-bool SubjectStore::RemoveUnfinishedCopies(const std::string& fileName, MessageBoxes& boxes) {
-  const std::string primary = UnfinishedDirectory(m_project.PrimaryDir);
-  const std::string backup = UnfinishedDirectory(m_project.BackupDir);
+bool SubjectStore::RemoveUnfinishedCopies(const SubjectRecord& record, MessageBoxes& boxes) {
+  const std::string fileName = SubjectFileName(m_project, record.SubjectId);
+  const std::string primary = PlaceDirectory(m_project.PrimaryDir, UnfinishedPlace(record.Which));
+  const std::string backup = PlaceDirectory(m_project.BackupDir, UnfinishedPlace(record.Which));
   const bool hasBackup = !IsNoDirectory(m_project.BackupDir);
   const auto list = [&] { m_unfinished = ListSubjectFiles(m_disk, m_project, primary); };
   if (!m_unfinished && !WithRetry(boxes, list)) return false;
@@ -105,7 +109,7 @@ bool SubjectStore::Save(SubjectRecord& record, MessageBoxes& boxes) {
   m_hasEmptied = false;
   if (!WriteCopies(record, boxes)) return false;
   // Not earlier: until both complete copies exist, the unfinished ones are the only ones.
-  return !record.UnfinishedNote.empty() || RemoveUnfinishedCopies(SubjectFileName(m_project, record.SubjectId), boxes);
+  return !record.UnfinishedNote.empty() || RemoveUnfinishedCopies(record, boxes);
 }
 
 }  // namespace zova

@@ -17,6 +17,7 @@ struct SubjectCopy {
   std::string Destination;  ///< the primary or the backup directory
   std::string Directory;    ///< below it: Sdata, or Unfinished for a record with a note
   std::string Path;
+  WhichEntry Which = WhichEntry::First;
 };
 
 /// The primary directory's copy, then the backup directory's if there is one.
@@ -24,7 +25,7 @@ std::vector<SubjectCopy> CopiesOf(const SubjectRecord& record, const ProjectPara
 
 /// The save of subjects, which asks nothing but Retry: both copies are written, each atomically; then a completed
 /// subject's unfinished copies are deleted. Directories are looked up and listed once for all subjects of a store, so
-/// that saving many takes time linear in their number.
+/// that saving many takes time linear in their number. They are all first entries, or all second ones.
 class SubjectStore {
  public:
   /// `project` and `disk` must outlive the store.
@@ -43,7 +44,7 @@ class SubjectStore {
   };
 
   bool WriteCopies(SubjectRecord& record, MessageBoxes& boxes);
-  bool RemoveUnfinishedCopies(const std::string& fileName, MessageBoxes& boxes);
+  bool RemoveUnfinishedCopies(const SubjectRecord& record, MessageBoxes& boxes);
   void Write(const SubjectCopy& copy, const std::string& content);
   OpenDirectory& Open(const SubjectCopy& copy);
 

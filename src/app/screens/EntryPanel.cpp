@@ -52,7 +52,7 @@ EntryPanel::EntryPanel(SubjectFlow& subjects)
       m_lblLimitNote(MakeLabel("lblLimitNote", {})),
       m_side(MakeSide()),
       m_tmrAutoSave(Named(new QTimer(this), "tmrAutoSave")) {
-  AddTitle("lblEntryTitle", "Enter Recalls");
+  m_lblEntryTitle = AddTitle("lblEntryTitle");
   m_grdInput->setAccessibleName("Recalls");
   AddProjectName();
   auto* content = new QWidget;
@@ -151,6 +151,7 @@ QScrollArea* EntryPanel::MakeSide() {
 void EntryPanel::ShowState() {
   FollowTimer();
   SubjectEntry& entry = m_subjects.Entry();
+  m_lblEntryTitle->setText(ToQt(entry.Title()));
   m_lblTUpdate->setText(ToQt(entry.TestCaption()));
   // The only free letter that "Done with Test 1" and "Review" share.
   QString done = ToQt(entry.DoneCaption());

@@ -41,6 +41,7 @@ class EntryPanel : public Panel {
   SubjectFlow& m_subjects;
   GridTable* m_grdInput;
   GridBox* m_txtInput;
+  QLabel* m_lblEntryTitle = nullptr;
   QLabel* m_lblTUpdate;
   QLabel* m_lblRecalls;
   QLabel* m_lblWhere;

@@ -42,7 +42,7 @@ IdentificationPanel::IdentificationPanel(SubjectFlow& subjects)
   m_cmdBrowse = AddButton("cmdBrowse", "B&rowse", [this] { m_subjects.BrowseSubject(); });
   m_cmdOK = AddButton("cmdOK", "O&K", [this] { m_subjects.LoadTypedSubject(); });
   m_cmdBack = AddButton("cmdBack", "<<&Back", [this] { m_rules.Back(); });
-  m_cmdNext = AddButton("cmdNext", "&Next >>", [this] { m_rules.Next(); });
+  m_cmdNext = AddButton("cmdNext", "&Next >>", [this] { m_subjects.NextStep(); });
   m_cmdEntered = AddButton("cmdEntered", "&Done!", [this] { m_subjects.FinishIdentification(); });
   m_cancel = AddButton("cmdCancel", "&Cancel", [this] { m_subjects.CancelIdentification(); });
   connect(m_txtSub, &QLineEdit::textEdited, this, [this](const QString& text) {

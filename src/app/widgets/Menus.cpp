@@ -58,7 +58,7 @@ constexpr MenuEntry kEntries[] = {
     {"mnuImport", "&Import Recalls", &States::Import},
     kSeparator,
     {"mnuSubjects", "&Subjects", &States::Subjects, &Session::ShowSubjects},
-    {"mnuSecond", "Second &Entry", &States::SecondEntry},
+    {"mnuSecond", "Second &Entry", &States::SecondEntry, &Session::EnterSecond},
 
     {"mnuHelp", "&Help"},
     {"mnuTopics", "&Topics", &States::Topics, &Session::ShowTopics},

@@ -32,12 +32,16 @@ void SubjectEntry::Open(const ProjectParameters& project, const std::string& par
   if (!restored) return;
   m_record.HasUnsavedChanges = true;
   // Replaces the autosave file atomically, so that there always is one.
-  m_preferences.Autosave ? WriteAutosave() : DeleteAutosave();
+  m_preferences.Autosave ? WriteAutosave() : DeleteAutosave(m_record.Which);
 }
 
 std::string SubjectEntry::SubjectCaption() const {
   if (!m_open) return {};
   return "Project: " + ProjectTitle(*m_project) + "\nSubject: " + m_record.SubjectId;
+}
+
+std::string SubjectEntry::Title() const {
+  return m_record.Which == WhichEntry::Second ? "Second Entry" : "Enter Recalls";
 }
 
 std::string SubjectEntry::RecallsCaption() const {
@@ -123,7 +127,9 @@ SubjectEntry::Ending SubjectEntry::DoneWithAllTests() {
 }
 
 std::size_t SubjectEntry::CountUnfinished() {
-  return ListSubjectFiles(m_platform.Files, *m_project, UnfinishedDirectory(m_project->PrimaryDir)).size();
+  return ListSubjectFiles(m_platform.Files, *m_project,
+                          PlaceDirectory(m_project->PrimaryDir, UnfinishedPlace(m_record.Which)))
+      .size();
 }
 
 void SubjectEntry::LookForLimit() {
@@ -165,10 +171,11 @@ SubjectEntry::Ending SubjectEntry::Cancel() {
 void SubjectEntry::Abandon() {
   if (!m_open) return;
   if (!m_record.UnfinishedNote.empty()) Inform(m_platform.Boxes, m_record.UnfinishedNote);
+  const WhichEntry which = m_record.Which;
   m_record = {};
   ResetLists(m_record, *m_project);
   Close();
-  DeleteAutosave();
+  DeleteAutosave(which);
 }
 
 void SubjectEntry::Close() {
@@ -197,8 +204,8 @@ void SubjectEntry::WriteAutosave() {
       !WithRetry(m_platform.Boxes, [&] { WriteAutosaveFile(m_platform.Files, m_paramDir, m_record, *m_project); });
 }
 
-void SubjectEntry::DeleteAutosave() {
-  WithRetry(m_platform.Boxes, [&] { DeleteAutosaveFile(m_platform.Files, m_paramDir); });
+void SubjectEntry::DeleteAutosave(WhichEntry which) {
+  WithRetry(m_platform.Boxes, [&] { DeleteAutosaveFile(m_platform.Files, m_paramDir, which); });
 }
 
 }  // namespace zova

@@ -24,6 +24,8 @@ class SubjectEntry {
 
   EntryGrid& Grid() noexcept { return m_grid; }
   [[nodiscard]] const AutosaveTimer& Timer() const noexcept { return m_timer; }
+  /// "Enter Recalls" or "Second Entry".
+  [[nodiscard]] std::string Title() const;
   [[nodiscard]] std::string TestCaption() const { return "Test " + std::to_string(m_grid.Test()); }
   [[nodiscard]] std::string DoneCaption() const { return IsInReview() ? "Review" : "Done with " + TestCaption(); }
   /// "Project: " title, and under it "Subject: " identifier; "" without a subject.
@@ -71,7 +73,7 @@ class SubjectEntry {
   SaveOutcome SaveWithNote(const std::string& note);
   void Close();
   void WriteAutosave();
-  void DeleteAutosave();
+  void DeleteAutosave(WhichEntry which);
 
   SubjectRecord& m_record;
   Preferences& m_preferences;
