@@ -1,0 +1,127 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "session/SessionFixture.h"
+#include "subjects/SubjectFile.h"
+#include "support/Study.h"
+
+namespace zova::testing {
+namespace {
+
+const std::string kFile = "AB Sub#a.dat";
+const char* const kAskBackup =
+    "This feature will create a new backup of all the entered data for the current project.  This project's data "
+    "already has a backup location at: 'D:\\B'.  To recreate or refresh the data at this location, select 'No'.  Do "
+    "you "
+    "want to specify a new backup location?";
+
+class SecondEntryTest : public SessionTest {
+ protected:
+  SecondEntryTest() {
+    m_project.LevelCounts[0] = 2;
+    m_project.LevelNames[0] = {"young", "old"};
+    m_project.BackupDir = "D:\\B";
+    m_project.ProjectFileName = "Example.prm";
+    m_scratch.MakeDirectory("D:\\B");
+    m_scratch.Put("C:\\Data\\Sdata\\" + kFile, Bytes("1 2", 1));
+  }
+  std::string Bytes(const std::string& lists, std::int16_t level) {
+    SubjectRecord record;
+    record.SubjectId = "a";
+    record.Levels[0] = level;
+    record.Lists = MakeLists(m_project, lists);
+    return FormatSubject(record, m_project);
+  }
+  void Identify(Session& session, const std::string& id) {
+    session.Subjects().Identification().SetSubjectText(id);
+    session.Subjects().NextStep();
+  }
+  void Type(Session& session, const char* item) {
+    session.Subjects().Entry().Grid().Cells().SetEntryText(item);
+    session.Subjects().Entry().Grid().Cells().Enter();
+  }
+
+  ProjectParameters m_project = MakeProject({.Tests = 1, .Items = 4, .Variables = {"Age"}});
+};
+
+TEST_F(SecondEntryTest, IsKeptBesideTheFirst) {
+  Session& session = OpenExample(m_project);
+  session.EnterSecond();
+  Boxes.Expect(Told("There is no complete subject 'b'.  Only a complete subject is entered again."));
+  Identify(session, "b");
+  Identify(session, "A");
+  SubjectIdentification& identification = session.Subjects().Identification();
+  EXPECT_EQ(identification.Counter(), "2 of 2") << "the levels are asked for again";
+  EXPECT_EQ(identification.LevelText(), "");
+  identification.SetLevelText("2");
+  session.Subjects().FinishIdentification();
+  ASSERT_EQ(session.Shown(), Screen::Entry);
+  SubjectEntry& entry = session.Subjects().Entry();
+  EXPECT_EQ(entry.Title(), "Second Entry");
+  EXPECT_EQ(entry.SubjectCaption(), "Project: Example\nSubject: a") << "as the first entry spells it";
+  Type(session, "2");
+  entry.SecureAutosave();
+  EXPECT_TRUE(m_scratch.Has("C:\\Param\\Temp Second.txt"));
+  EXPECT_FALSE(m_scratch.Has("C:\\Param\\Temp.txt"));
+  Boxes.Expect({"Incomplete subject saved."});
+  session.SaveIncompleteSubject();
+  EXPECT_EQ(m_scratch.Get("D:\\B\\Sdata\\Second\\Unfinished\\" + kFile), Bytes("2", 2));
+  EXPECT_FALSE(m_scratch.Has("C:\\Param\\Temp Second.txt"));
+  Boxes.Expect({"This is unfinished subject #1 for 'Example'.  NOTE: You cannot have more than 10."});
+  session.Subjects().CancelEntry();
+  EXPECT_FALSE(session.Menus().Unfinished) << "there is no unfinished first entry";
+
+  session.EnterSecond();
+  Identify(session, "a");
+  ASSERT_EQ(session.Shown(), Screen::Entry) << "it was put aside";
+  Boxes.Expect({"Completed subject saved."});
+  session.Subjects().DoneWithAllTests();
+  EXPECT_EQ(session.Shown(), Screen::Identification) << "for the next one";
+  session.Subjects().CancelIdentification();
+  for (const std::string sdata : {"C:\\Data\\Sdata\\", "D:\\B\\Sdata\\"}) {
+    EXPECT_EQ(m_scratch.Get(sdata + "Second\\" + kFile), Bytes("2", 2));
+    EXPECT_FALSE(m_scratch.Has(sdata + "Second\\Unfinished"));
+  }
+  EXPECT_EQ(m_scratch.Get("C:\\Data\\Sdata\\" + kFile), Bytes("1 2", 1));
+  session.ShowSubjects();
+  EXPECT_EQ(session.SubjectList().Table().Text(0, 5), "2 differences");
+
+  session.CloseSubjects();
+  m_scratch.Put("D:\\B\\Sdata\\Second\\" + kFile, "lost");
+  Boxes.Expect({.Text = kAskBackup, .Answer = BoxAnswer::No});
+  Boxes.Expect({.Text = "The backup data files were updated.", .Details = "2 files were copied."});
+  session.CreateNewBackup();
+  EXPECT_EQ(m_scratch.Get("D:\\B\\Sdata\\Second\\" + kFile), Bytes("2", 2));
+}
+
+// After an interrupted first entry; what is not restored is put aside beside the other.
+TEST_F(SecondEntryTest, IsRestoredAfterTheFirst) {
+  m_scratch.Put(kExample, FormatProject(m_project, kCurrentMarker));
+  SubjectRecord record;
+  record.SubjectId = "a";
+  record.Lists = MakeLists(m_project, "3");
+  m_scratch.Put("C:\\Param\\Temp.txt", FormatAutosave(record, m_project));
+  record.Lists = MakeLists(m_project, "4");
+  m_scratch.Put("C:\\Param\\Temp Second.txt", FormatAutosave(record, m_project));
+  const ExpectedBox asked = {
+      "The program was interrupted while entering a subject.  Would you like to restore from the autosave?"};
+  const auto answer = [&](BoxAnswer with) {
+    ExpectedBox box = asked;
+    box.Answer = with;
+    box.Title = "Restore";
+    Boxes.Expect(box);
+  };
+  answer(BoxAnswer::No);
+  Boxes.Expect({"The autosave was kept as 'C:\\Param\\Temp 1.txt'."});
+  answer(BoxAnswer::Yes);
+  Session& session = Started();
+  ASSERT_EQ(session.Shown(), Screen::Entry);
+  EXPECT_EQ(session.Subjects().Entry().Title(), "Second Entry");
+  EXPECT_EQ(session.Subjects().Entry().Grid().Cells().Text({1, 1}), "4");
+  Boxes.Expect({"You will lose all unsaved changes.  Are you sure that you want to do this?", BoxAnswer::Yes});
+  session.Subjects().CancelEntry();
+  EXPECT_FALSE(m_scratch.Has("C:\\Param\\Temp Second.txt"));
+  EXPECT_TRUE(m_scratch.Has("C:\\Param\\Temp 1.txt"));
+}
+
+}  // namespace
+}  // namespace zova::testing
