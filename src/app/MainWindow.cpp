@@ -10,6 +10,7 @@
 #include <QShortcut>
 #include <QStackedWidget>
 
+#include "app/screens/ComparePanel.h"
 #include "app/screens/CopyingPanel.h"
 #include "app/screens/EntryPanel.h"
 #include "app/screens/GroupPanel.h"
@@ -59,7 +60,8 @@ MainWindow::MainWindow(Session& session, QtProgress& progress)
       m_blank(Add(new BlankPanel)),
       m_means(Add(new MeansPanel(session))),
       m_words(Add(new WordsPanel(session))),
-      m_subjects(Add(new SubjectsPanel(session))) {
+      m_subjects(Add(new SubjectsPanel(session))),
+      m_compare(Add(new ComparePanel(session))) {
   Add(new CopyingPanel(progress));
   setObjectName("frmZova");
   setCentralWidget(m_panels);
@@ -90,8 +92,8 @@ Panel* MainWindow::PanelOf(Screen screen) const {
     case Screen::Means: return m_means;
     case Screen::Words: return m_words;
     case Screen::Subjects: return m_subjects;
-    case Screen::Import:
-    case Screen::Compare: break;
+    case Screen::Compare: return m_compare;
+    case Screen::Import: break;
   }
   return m_main;
 }

@@ -64,6 +64,7 @@ class MainWindow : public QMainWindow {
   Panel* m_means;
   Panel* m_words;
   Panel* m_subjects;
+  Panel* m_compare;
   bool m_running = false;
   std::string m_shownProject;  // in the headers of all panels
 };

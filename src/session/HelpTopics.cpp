@@ -80,8 +80,8 @@ std::string HelpTopicFor(const HelpPlace& place) {
     case Screen::Means: return "means";
     case Screen::Words: return "words";
     case Screen::Subjects: return "subjectlist";
-    case Screen::Import:
-    case Screen::Compare: break;
+    case Screen::Compare: return "differences";
+    case Screen::Import: break;
   }
   return "main";
 }

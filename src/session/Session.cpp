@@ -22,6 +22,7 @@ Session::Session(const Platform& platform, std::string programDir, std::string i
       m_wizard(platform),
       m_subjects(m_preferences, platform),
       m_subjectList(platform),
+      m_settlement(platform),
       m_masters(platform),
       m_means(platform),
       m_words(platform) {
@@ -230,6 +231,7 @@ void Session::SaveIncompleteSubject() {
 
 void Session::FollowSubjects() {
   switch (m_subjects.CurrentStage()) {
+    case SubjectFlow::Stage::Compare: return CompareEntered();
     case SubjectFlow::Stage::Closed: return m_isFromList ? ShowSubjectList() : Show(Screen::Main);
     case SubjectFlow::Stage::Identification: return Show(Screen::Identification);
     case SubjectFlow::Stage::Entry: return Show(Screen::Entry);

@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 
+#include "compare/EntrySettlement.h"
 #include "means/MeansExaminer.h"
 #include "platform/desktop/Platform.h"
 #include "project/ProjectOpening.h"
@@ -110,6 +111,13 @@ class Session {
   /// Reads old data, or goes on with the unfinished subject; a save leads back to the table.
   void OpenChosenSubject();
 
+  /// The differences between the entries of a subject, shown as Compare.
+  EntrySettlement& Settlement() noexcept { return m_settlement; }
+  /// Of the one chosen in the table.
+  void CompareChosenSubject();
+  void SettleComparison();
+  void CloseComparison();
+
   /// The screens of a master, shown as Masters unless its stage is Closed.
   MasterFlow& Masters() noexcept { return m_masters; }
   void ShowMeasuresHelp();
@@ -153,6 +161,8 @@ class Session {
   void Identify(SubjectIdentification::Purpose purpose);
   void FollowSubjects();
   void ShowSubjectList();
+  bool OpenComparison(const std::string& file);
+  void CompareEntered();
 
   Platform m_platform;
   std::string m_programDir;
@@ -163,6 +173,7 @@ class Session {
   Preferences m_preferences;
   SubjectFlow m_subjects;
   SubjectsScreen m_subjectList;
+  EntrySettlement m_settlement;
   MasterFlow m_masters;
   MeansExaminer m_means;
   WordListEditor m_words;

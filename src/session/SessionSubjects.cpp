@@ -37,4 +37,37 @@ void Session::OpenChosenSubject() {
   m_subjects.OpenListed(purpose, std::string(row->File), *m_project, m_param.Path());
 }
 
+bool Session::OpenComparison(const std::string& file) {
+  if (!m_settlement.Open(file, *m_project)) return false;
+  Show(Screen::Compare);
+  return true;
+}
+
+void Session::CompareChosenSubject() {
+  const SubjectRow* const row = m_screen == Screen::Subjects ? m_subjectList.ToCompare() : nullptr;
+  if (row == nullptr) return;
+  m_isFromList = true;
+  OpenComparison(std::string(row->File));
+}
+
+// Entries that agree need no screen.
+void Session::CompareEntered() {
+  if (!m_settlement.Open(m_subjects.EnteredFile(), *m_project) || m_settlement.OpenCount() == 0) {
+    m_settlement.Close();
+    return m_subjects.IdentifyNext();
+  }
+  m_isFromList = false;
+  Show(Screen::Compare);
+}
+
+void Session::SettleComparison() {
+  if (m_screen == Screen::Compare && m_settlement.Settle()) CloseComparison();
+}
+
+void Session::CloseComparison() {
+  if (m_screen != Screen::Compare) return;
+  m_settlement.Close();
+  m_isFromList ? ShowSubjectList() : m_subjects.IdentifyNext();
+}
+
 }  // namespace zova

@@ -65,6 +65,15 @@ void SubjectFlow::OpenEntry(SubjectIdentification::Outcome outcome) {
 
 void SubjectFlow::DoneWithAllTests() {
   if (!m_entry.DoneWithAllTests().Left) return;
+  if (m_record.Which == WhichEntry::Second) {
+    m_enteredFile = SubjectFileName(*m_project, m_record.SubjectId);
+    Show(Stage::Compare);
+  } else {
+    IdentifyNext();
+  }
+}
+
+void SubjectFlow::IdentifyNext() {
   if (m_goesOn) {
     m_identification.Open(m_identification.CurrentPurpose(), *m_project, m_paramDir);
     Show(Stage::Identification);

@@ -17,7 +17,8 @@ namespace zova {
 /// session shows the screen of the stage; the observer notifies it of changes.
 class SubjectFlow {
  public:
-  enum class Stage { Closed, Identification, Entry };
+  /// Compare: a second entry was completed, and differs from the first one or not.
+  enum class Stage { Closed, Identification, Entry, Compare };
 
   SubjectFlow(Preferences& preferences, const Platform& platform);
   /// Called when the stage changes during a command.
@@ -43,6 +44,10 @@ class SubjectFlow {
   /// After a complete save continues with the next new subject.
   void DoneWithAllTests();
   void CancelEntry();
+  /// The file's name of the second entry completed last.
+  [[nodiscard]] const std::string& EnteredFile() const noexcept { return m_enteredFile; }
+  /// Goes on after Compare.
+  void IdentifyNext();
 
   /// On the first call, offers to restore the autosave of an interrupted run. Returns the restored subject's project,
   /// to be shown by EnterRestored; nullopt without one.
@@ -64,6 +69,7 @@ class SubjectFlow {
   Stage m_stage = Stage::Closed;
   const ProjectParameters* m_project = nullptr;
   std::string m_paramDir;
+  std::string m_enteredFile;
   bool m_goesOn = false;  // after a complete save identify the next one
   bool m_restoreOffered = false;
   std::array<bool, 2> m_keepsAutosave{};  // the file of the entry was neither restored nor put aside

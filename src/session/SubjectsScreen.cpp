@@ -141,6 +141,13 @@ const SubjectRow* SubjectsScreen::ToOpen() const {
   return isOne && rows.front()->State != SubjectState::Foreign ? rows.front() : nullptr;
 }
 
+const SubjectRow* SubjectsScreen::ToCompare() const {
+  const SubjectRow* const row = ToOpen();
+  const bool isOpen =
+      row != nullptr && (row->Second.Is == SecondEntry::State::Differs || row->Second.Is == SecondEntry::State::Agrees);
+  return isOpen ? row : nullptr;
+}
+
 bool SubjectsScreen::MayChangeLevels() const {
   return m_project != nullptr && m_project->VariableCount > 0 &&
          AllChosen([](const SubjectRow& row) { return row.HasData() && row.State != SubjectState::Removed; });

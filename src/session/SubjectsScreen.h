@@ -43,6 +43,8 @@ class SubjectsScreen {
 
   /// The one subject that can be opened; nullptr when none or several are chosen.
   [[nodiscard]] const SubjectRow* ToOpen() const;
+  /// The one subject whose entries can be compared.
+  [[nodiscard]] const SubjectRow* ToCompare() const;
   [[nodiscard]] bool MayChangeLevels() const;
   [[nodiscard]] bool MayRename() const { return m_chosen.size() == 1 && MayRemove(); }
   [[nodiscard]] bool MayRemove() const;

@@ -75,6 +75,8 @@ TEST_F(SecondEntryTest, IsKeptBesideTheFirst) {
   ASSERT_EQ(session.Shown(), Screen::Entry) << "it was put aside";
   Boxes.Expect({"Completed subject saved."});
   session.Subjects().DoneWithAllTests();
+  EXPECT_EQ(session.Shown(), Screen::Compare);
+  session.CloseComparison();
   EXPECT_EQ(session.Shown(), Screen::Identification) << "for the next one";
   session.Subjects().CancelIdentification();
   for (const std::string sdata : {"C:\\Data\\Sdata\\", "D:\\B\\Sdata\\"}) {
@@ -85,10 +87,47 @@ TEST_F(SecondEntryTest, IsKeptBesideTheFirst) {
   session.ShowSubjects();
   EXPECT_EQ(session.SubjectList().Table().Text(0, 5), "2 differences");
 
+  session.CompareChosenSubject();
+  EntrySettlement& settlement = session.Settlement();
+  const auto shown = [&] {
+    std::string text;
+    for (std::size_t line = 0; line < settlement.LineCount(); ++line) {
+      for (const auto side :
+           {EntrySettlement::Side::First, EntrySettlement::Side::Second, EntrySettlement::Side::Result}) {
+        text += settlement.Text(line, side) + (side == EntrySettlement::Side::Result ? "; " : "|");
+      }
+    }
+    return text;
+  };
+  EXPECT_EQ(shown(), "young|old|; 1|(none)|; 2|2|2; ");
+  EXPECT_EQ(settlement.StatusLine(), "2 differences are left");
+  settlement.TakeSecond();
+  Boxes.Expect({"The differences that are left have to be settled first."});
+  session.SettleComparison();
+  settlement.TakeFirst();
+  settlement.Undo();
+  Boxes.Expect({"Invalid Format."});
+  EXPECT_FALSE(settlement.Type("5"));
+  EXPECT_TRUE(settlement.Type("2"));
+  EXPECT_EQ(shown(), "young|old|old; 1|(none)|2; 2|2|2; ");
+  Boxes.Expect(
+      {"Duplicate entry found! Item # 2 was located in positions 1 and 2 of test 1.  Item in position 2 has been "
+       "deleted.  Please edit the raw data.  You will be given a chance to review the data."});
+  session.SettleComparison();
+  settlement.GoTo(1);
+  EXPECT_TRUE(settlement.Type("4"));
+  Boxes.Expect({"Completed subject saved."});
+  session.SettleComparison();
+  EXPECT_EQ(session.Shown(), Screen::Subjects);
+  EXPECT_EQ(session.SubjectList().Table().Text(0, 5), "settled");
+  for (const std::string sdata : {"C:\\Data\\Sdata\\", "D:\\B\\Sdata\\"}) {
+    EXPECT_EQ(m_scratch.Get(sdata + kFile), Bytes("4", 2));
+    EXPECT_EQ(m_scratch.Get(sdata + "Second\\First\\" + kFile), Bytes("1 2", 1)) << "as typed";
+  }
   session.CloseSubjects();
   m_scratch.Put("D:\\B\\Sdata\\Second\\" + kFile, "lost");
   Boxes.Expect({.Text = kAskBackup, .Answer = BoxAnswer::No});
-  Boxes.Expect({.Text = "The backup data files were updated.", .Details = "2 files were copied."});
+  Boxes.Expect({.Text = "The backup data files were updated.", .Details = "3 files were copied."});
   session.CreateNewBackup();
   EXPECT_EQ(m_scratch.Get("D:\\B\\Sdata\\Second\\" + kFile), Bytes("2", 2));
 }

@@ -146,10 +146,9 @@ QWidget* SubjectsPanel::MakeTable() {
   header->setResizeContentsPrecision(100);
   connect(header, &QHeaderView::sectionClicked, this,
           [this](int column) { Act([&] { m_rules.SortBy(static_cast<std::size_t>(column)); }); });
-  connect(m_grdSubjects->selectionModel(), &QItemSelectionModel::selectionChanged, this,
-          [this] {
-            if (!m_isFilling) Act([this] { m_rules.Choose(ChosenLines(*m_grdSubjects)); });
-          });
+  connect(m_grdSubjects->selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
+    if (!m_isFilling) Act([this] { m_rules.Choose(ChosenLines(*m_grdSubjects)); });
+  });
   // Not within the table's own event: it is filled again before the command ends.
   connect(m_grdSubjects, &QTableView::activated, this, [this] { QTimer::singleShot(0, this, &SubjectsPanel::Open); });
   AddTableKeys();
@@ -187,6 +186,7 @@ QWidget* SubjectsPanel::MakeActs() {
   m_cmdSubjectRename = add("cmdSubjectRename", "&Rename", [this] { m_rules.AskName(); });
   m_cmdSubjectRemove = add("cmdSubjectRemove", "Re&move", [this] { m_rules.Remove(); });
   m_cmdSubjectBack = add("cmdSubjectBack", "&Bring Back", [this] { m_rules.BringBack(); });
+  m_cmdSubjectCompare = add("cmdSubjectCompare", "&Settle", [this] { m_session.CompareChosenSubject(); });
   rows->addStretch(1);
   return m_acts = acts;
 }
@@ -319,6 +319,7 @@ void SubjectsPanel::ShowState() {
   m_cmdSubjectRename->setEnabled(m_rules.MayRename());
   m_cmdSubjectRemove->setEnabled(m_rules.MayRemove());
   m_cmdSubjectBack->setEnabled(m_rules.MayBringBack());
+  m_cmdSubjectCompare->setEnabled(m_rules.ToCompare() != nullptr);
   ShowQuestion();
 }
 

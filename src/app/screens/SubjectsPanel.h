@@ -61,6 +61,7 @@ class SubjectsPanel : public Panel {
   QPushButton* m_cmdSubjectRename = nullptr;
   QPushButton* m_cmdSubjectRemove = nullptr;
   QPushButton* m_cmdSubjectBack = nullptr;
+  QPushButton* m_cmdSubjectCompare = nullptr;
   bool m_wasAsking = false;
   bool m_isFilling = false;  // the selection follows the rules
 };
