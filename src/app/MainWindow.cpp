@@ -14,6 +14,7 @@
 #include "app/screens/EntryPanel.h"
 #include "app/screens/GroupPanel.h"
 #include "app/screens/IdentificationPanel.h"
+#include "app/screens/ImportPanel.h"
 #include "app/screens/LocationPanel.h"
 #include "app/screens/MainPanel.h"
 #include "app/screens/MasterPanel.h"
@@ -57,7 +58,8 @@ MainWindow::MainWindow(Session& session, QtProgress& progress)
       m_groups(Add(new GroupPanel(session.Masters()))),
       m_blank(Add(new BlankPanel)),
       m_means(Add(new MeansPanel(session))),
-      m_words(Add(new WordsPanel(session))) {
+      m_words(Add(new WordsPanel(session))),
+      m_import(Add(new ImportPanel(session))) {
   Add(new CopyingPanel(progress));
   setObjectName("frmZova");
   setCentralWidget(m_panels);
@@ -87,7 +89,7 @@ Panel* MainWindow::PanelOf(Screen screen) const {
     case Screen::Masters: return PanelOf(m_session.Masters().CurrentStage());
     case Screen::Means: return m_means;
     case Screen::Words: return m_words;
-    case Screen::Import:
+    case Screen::Import: return m_import;
     case Screen::Subjects:
     case Screen::Compare: break;
   }

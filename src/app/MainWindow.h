@@ -63,6 +63,7 @@ class MainWindow : public QMainWindow {
   Panel* m_blank;
   Panel* m_means;
   Panel* m_words;
+  Panel* m_import;
   bool m_running = false;
   std::string m_shownProject;  // in the headers of all panels
 };

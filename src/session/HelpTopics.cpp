@@ -78,7 +78,7 @@ std::string HelpTopicFor(const HelpPlace& place) {
     case Screen::Masters: return TopicOfStage(place.Stage);
     case Screen::Means: return "means";
     case Screen::Words: return "words";
-    case Screen::Import:
+    case Screen::Import: return "import";
     case Screen::Subjects:
     case Screen::Compare: break;
   }

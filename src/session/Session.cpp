@@ -21,11 +21,13 @@ Session::Session(const Platform& platform, std::string programDir, std::string i
       m_wizard(platform),
       m_subjects(m_preferences, platform),
       m_masters(platform),
+      m_imports(platform),
       m_means(platform),
       m_words(platform) {
   m_location.SetObserver([this](const LocationOutcome& outcome) { FollowLocation(outcome); });
   m_subjects.SetObserver([this] { FollowSubjects(); });
   m_masters.SetObserver([this] { FollowMasters(); });
+  m_imports.SetObserver([this] { FollowImport(); });
   m_means.SetObserver([this] {
     if (m_observer) m_observer();
   });
@@ -259,7 +261,9 @@ void Session::ViewParameters() {
 }
 
 void Session::CancelWizard() {
-  if (m_wizard.Cancel()) Show(Screen::Main);
+  if (!m_wizard.Cancel()) return;
+  m_imports.Forget();
+  Show(Screen::Main);
 }
 
 void Session::FinishWizard() {
@@ -271,6 +275,7 @@ void Session::FinishWizard() {
   }
   Show(Screen::Main);
   if (viewing) return;
+  if (m_imports.IsWaiting()) return m_imports.Resume(*m_project);
   const BoxAnswer answer =
       m_platform.Boxes.Show({.Text = "Do you want to continue by entering data for this project now?",
                              .Icon = BoxIcon::Question,
@@ -282,6 +287,7 @@ void Session::FinishWizard() {
 void Session::Exit() {
   if (m_masters.CurrentStage() == MasterFlow::Stage::Writing) return;
   FinishMasters();
+  if (!LeavesImport()) return;
   if (m_screen == Screen::Entry &&
       !MayLeaveEntry(
           {.Text = "You will lose all unsaved changes.  Are you sure you want to do this?", .Title = "Warning"})) {
@@ -300,6 +306,7 @@ bool Session::Close() {
   if (m_ended) return true;
   if (m_masters.CurrentStage() == MasterFlow::Stage::Writing) return false;
   FinishMasters();
+  if (!LeavesImport()) return false;
   if (m_screen == Screen::Location) {
     m_ended = m_location.MayClose();
   } else if (m_screen == Screen::Words) {

@@ -11,6 +11,7 @@
 #include "project/ProjectOpening.h"
 #include "project/ProjectOverview.h"
 #include "project/wizard/NewProjectWizard.h"
+#include "session/ImportFlow.h"
 #include "session/LocationFlow.h"
 #include "session/MasterFlow.h"
 #include "session/MenuStates.h"
@@ -77,6 +78,11 @@ class Session {
   void ReadOldData();
   void UnfinishedBusiness();
   void ViewParameters();
+  // Data
+  void ImportRecalls();
+  /// Without a project: opens one for the import, or defines the proposed one in the wizard.
+  void ImportIntoExisting();
+  void DefineImported();
   // Preferences
   [[nodiscard]] const Preferences& Chosen() const noexcept { return m_preferences; }
   void ToggleSkipMinutes();
@@ -111,6 +117,9 @@ class Session {
   [[nodiscard]] const std::vector<std::string>& LastFiles() const noexcept { return m_masters.LastFiles(); }
   void OpenLastMasterFolder();
 
+  /// The screens of an import, shown as Import.
+  ImportFlow& Imports() noexcept { return m_imports; }
+
   MeansExaminer& Means() noexcept { return m_means; }
   void CloseMeans();
 
@@ -138,6 +147,8 @@ class Session {
   bool OpenFirst();
   bool MayLeaveEntry(const Question& question);
   void FollowMasters();
+  void FollowImport();
+  bool LeavesImport();
   void FinishMasters();
   void OfferRestore();
   void Identify(SubjectIdentification::Purpose purpose);
@@ -152,6 +163,7 @@ class Session {
   Preferences m_preferences;
   SubjectFlow m_subjects;
   MasterFlow m_masters;
+  ImportFlow m_imports;
   MeansExaminer m_means;
   WordListEditor m_words;
   std::function<void()> m_observer;
