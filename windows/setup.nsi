@@ -43,8 +43,7 @@ VIAddVersionKey "LegalCopyright" "GNU General Public License, version 3 or later
 Section "ZOVA"
   SetShellVarContext current
   SetOutPath "$INSTDIR"
-  File "${FOLDER}/zova.exe"
-  File "${FOLDER}/zova-master.exe"
+  File "${FOLDER}/*.exe"
   File "${FOLDER}/ZOVA2.hlp"
   File "${FOLDER}/LICENSE.txt"
   SetOutPath "$INSTDIR\Licences"
@@ -87,8 +86,7 @@ SectionEnd
 Section "Uninstall"
   SetShellVarContext current
 try:
-  Delete "$INSTDIR\zova.exe"
-  Delete "$INSTDIR\zova-master.exe"
+  Delete "$INSTDIR\zova*.exe"
   IfFileExists "$INSTDIR\zova*.exe" 0 gone
     MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION "ZOVA is still running. Close it, then select 'Retry'." /SD IDCANCEL IDRETRY try
     Abort

@@ -15,6 +15,7 @@
 #include "app/screens/EntryPanel.h"
 #include "app/screens/GroupPanel.h"
 #include "app/screens/IdentificationPanel.h"
+#include "app/screens/ImportPanel.h"
 #include "app/screens/LocationPanel.h"
 #include "app/screens/MainPanel.h"
 #include "app/screens/MasterPanel.h"
@@ -61,7 +62,8 @@ MainWindow::MainWindow(Session& session, QtProgress& progress)
       m_means(Add(new MeansPanel(session))),
       m_words(Add(new WordsPanel(session))),
       m_subjects(Add(new SubjectsPanel(session))),
-      m_compare(Add(new ComparePanel(session))) {
+      m_compare(Add(new ComparePanel(session))),
+      m_import(Add(new ImportPanel(session))) {
   Add(new CopyingPanel(progress));
   setObjectName("frmZova");
   setCentralWidget(m_panels);
@@ -93,7 +95,7 @@ Panel* MainWindow::PanelOf(Screen screen) const {
     case Screen::Words: return m_words;
     case Screen::Subjects: return m_subjects;
     case Screen::Compare: return m_compare;
-    case Screen::Import: break;
+    case Screen::Import: return m_import;
   }
   return m_main;
 }

@@ -65,6 +65,7 @@ class MainWindow : public QMainWindow {
   Panel* m_words;
   Panel* m_subjects;
   Panel* m_compare;
+  Panel* m_import;
   bool m_running = false;
   std::string m_shownProject;  // in the headers of all panels
 };

@@ -433,7 +433,7 @@ void MeansExaminer::Save(const std::string& path, const std::string& bytes) {
   });
   if (isDone && !isKept) m_status = "Saved: " + path;
   if (!isKept) return;
-  Warn(m_platform.Boxes, "A master or a data file of a project is never replaced.  Please select another name.", path);
+  Warn(m_platform.Boxes, kNeverReplaced, path);
 }
 
 }  // namespace zova

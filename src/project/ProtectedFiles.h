@@ -14,6 +14,9 @@ namespace zova {
 /// in the primary and backup directories. Throws FileError.
 bool IsProjectFile(const std::string& path, const ProjectParameters& project, Disk& disk);
 
+/// The message that refuses them.
+inline constexpr const char* kNeverReplaced =
+    "A master or a data file of a project is never replaced.  Please select another name.";
 /// Also true for a master of the project in its primary directory, and for any name with the extension of a data or
 /// parameter file: tables and plots must not overwrite these. Throws FileError.
 bool IsProtectedFile(const std::string& path, const ProjectParameters& project, Disk& disk);

@@ -81,7 +81,7 @@ std::string HelpTopicFor(const HelpPlace& place) {
     case Screen::Words: return "words";
     case Screen::Subjects: return "subjectlist";
     case Screen::Compare: return "differences";
-    case Screen::Import: break;
+    case Screen::Import: return "import";
   }
   return "main";
 }

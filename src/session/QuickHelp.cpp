@@ -11,11 +11,15 @@ namespace zova {
 
 namespace {
 
-std::string_view SentenceOf(std::string_view name, QuickHelpForm form) noexcept {
-  const auto sentences = SentencesOf(form);
+std::string_view FindIn(std::span<const Sentence> sentences, std::string_view name) noexcept {
   const auto found = std::lower_bound(sentences.begin(), sentences.end(), Sentence{name, {}}, IsBefore);
-  if (found != sentences.end() && found->Name == name) return found->Text;
+  return found != sentences.end() && found->Name == name ? found->Text : std::string_view();
+}
+
+std::string_view SentenceOf(std::string_view name, QuickHelpForm form) noexcept {
+  if (const std::string_view text = FindIn(SentencesOf(form), name); !text.empty()) return text;
   if (form != QuickHelpForm::Usual) return {};
+  if (const std::string_view text = FindIn(DataScreenSentences(), name); !text.empty()) return text;
   for (const MeasureBox& box : AllMeasureBoxes()) {
     if (box.Name == name) return box.QuickHelp;
     if (box.Frame->Name == name) return box.Frame->QuickHelp;

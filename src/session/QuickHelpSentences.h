@@ -18,5 +18,7 @@ constexpr bool IsBefore(const Sentence& left, const Sentence& right) { return le
 
 /// The sentences of this form, in the order of IsBefore. Those of the measures' boxes are in MeasureFamilies.
 std::span<const Sentence> SentencesOf(QuickHelpForm form) noexcept;
+/// Those of the screens of the menu Data, which have one form.
+std::span<const Sentence> DataScreenSentences() noexcept;
 
 }  // namespace zova

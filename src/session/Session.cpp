@@ -24,6 +24,7 @@ Session::Session(const Platform& platform, std::string programDir, std::string i
       m_subjectList(platform),
       m_settlement(platform),
       m_masters(platform),
+      m_imports(platform),
       m_means(platform),
       m_words(platform) {
   m_location.SetObserver([this](const LocationOutcome& outcome) { FollowLocation(outcome); });
@@ -32,6 +33,7 @@ Session::Session(const Platform& platform, std::string programDir, std::string i
   m_subjectList.SetObserver([this] {
     if (m_observer) m_observer();
   });
+  m_imports.SetObserver([this] { FollowImport(); });
   m_means.SetObserver([this] {
     if (m_observer) m_observer();
   });
@@ -197,19 +199,6 @@ void Session::Opened(ChosenProject chosen) {
     UnfinishedBusiness();
 }
 
-void Session::Identify(SubjectIdentification::Purpose purpose) {
-  m_isFromList = false;
-  m_subjects.Identify(purpose, *m_project, m_param.Path());
-}
-
-void Session::EnterSubjects() {
-  if (OpenFirst()) Identify(SubjectIdentification::Purpose::NewSubject);
-}
-
-void Session::ReadOldData() {
-  if (OpenFirst()) Identify(SubjectIdentification::Purpose::OldData);
-}
-
 void Session::UnfinishedBusiness() {
   if (!OpenFirst()) return;
   const bool isKnown = WithRetry(m_platform.Boxes, [&] {
@@ -227,15 +216,6 @@ void Session::UnfinishedBusiness() {
 
 void Session::SaveIncompleteSubject() {
   if (Menus().SaveIncomplete) m_subjects.Entry().SaveIncomplete();
-}
-
-void Session::FollowSubjects() {
-  switch (m_subjects.CurrentStage()) {
-    case SubjectFlow::Stage::Compare: return CompareEntered();
-    case SubjectFlow::Stage::Closed: return m_isFromList ? ShowSubjectList() : Show(Screen::Main);
-    case SubjectFlow::Stage::Identification: return Show(Screen::Identification);
-    case SubjectFlow::Stage::Entry: return Show(Screen::Entry);
-  }
 }
 
 void Session::OfferRestore() {
@@ -269,7 +249,9 @@ void Session::ViewParameters() {
 }
 
 void Session::CancelWizard() {
-  if (m_wizard.Cancel()) Show(Screen::Main);
+  if (!m_wizard.Cancel()) return;
+  m_imports.Forget();
+  Show(Screen::Main);
 }
 
 void Session::FinishWizard() {
@@ -281,6 +263,7 @@ void Session::FinishWizard() {
   }
   Show(Screen::Main);
   if (viewing) return;
+  if (m_imports.IsWaiting()) return m_imports.Resume(*m_project);
   const BoxAnswer answer =
       m_platform.Boxes.Show({.Text = "Do you want to continue by entering data for this project now?",
                              .Icon = BoxIcon::Question,
@@ -292,6 +275,7 @@ void Session::FinishWizard() {
 void Session::Exit() {
   if (m_masters.CurrentStage() == MasterFlow::Stage::Writing) return;
   FinishMasters();
+  if (!LeavesImport()) return;
   if (m_screen == Screen::Entry &&
       !MayLeaveEntry(
           {.Text = "You will lose all unsaved changes.  Are you sure you want to do this?", .Title = "Warning"})) {
@@ -310,6 +294,7 @@ bool Session::Close() {
   if (m_ended) return true;
   if (m_masters.CurrentStage() == MasterFlow::Stage::Writing) return false;
   FinishMasters();
+  if (!LeavesImport()) return false;
   if (m_screen == Screen::Location) {
     m_ended = m_location.MayClose();
   } else if (m_screen == Screen::Words) {

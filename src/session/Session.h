@@ -12,6 +12,7 @@
 #include "project/ProjectOpening.h"
 #include "project/ProjectOverview.h"
 #include "project/wizard/NewProjectWizard.h"
+#include "session/ImportFlow.h"
 #include "session/LocationFlow.h"
 #include "session/MasterFlow.h"
 #include "session/MenuStates.h"
@@ -80,6 +81,10 @@ class Session {
   void UnfinishedBusiness();
   void ViewParameters();
   // Data
+  void ImportRecalls();
+  /// Without a project: opens one for the import, or defines the proposed one in the wizard.
+  void ImportIntoExisting();
+  void DefineImported();
   void ShowSubjects();
   void EnterSecond();
   // Preferences
@@ -129,6 +134,9 @@ class Session {
   [[nodiscard]] const std::vector<std::string>& LastFiles() const noexcept { return m_masters.LastFiles(); }
   void OpenLastMasterFolder();
 
+  /// The screens of an import, shown as Import.
+  ImportFlow& Imports() noexcept { return m_imports; }
+
   MeansExaminer& Means() noexcept { return m_means; }
   void CloseMeans();
 
@@ -156,6 +164,8 @@ class Session {
   bool OpenFirst();
   bool MayLeaveEntry(const Question& question);
   void FollowMasters();
+  void FollowImport();
+  bool LeavesImport();
   void FinishMasters();
   void OfferRestore();
   void Identify(SubjectIdentification::Purpose purpose);
@@ -175,6 +185,7 @@ class Session {
   SubjectsScreen m_subjectList;
   EntrySettlement m_settlement;
   MasterFlow m_masters;
+  ImportFlow m_imports;
   MeansExaminer m_means;
   WordListEditor m_words;
   std::function<void()> m_observer;

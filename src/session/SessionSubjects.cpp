@@ -1,10 +1,32 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// The commands of the table of subjects, and the second entry.
+// The commands that enter subjects, the table of subjects, and the differences of two entries.
 
 #include "session/Session.h"
 
 namespace zova {
+
+void Session::Identify(SubjectIdentification::Purpose purpose) {
+  m_isFromList = false;
+  m_subjects.Identify(purpose, *m_project, m_param.Path());
+}
+
+void Session::EnterSubjects() {
+  if (OpenFirst()) Identify(SubjectIdentification::Purpose::NewSubject);
+}
+
+void Session::ReadOldData() {
+  if (OpenFirst()) Identify(SubjectIdentification::Purpose::OldData);
+}
+
+void Session::FollowSubjects() {
+  switch (m_subjects.CurrentStage()) {
+    case SubjectFlow::Stage::Compare: return CompareEntered();
+    case SubjectFlow::Stage::Closed: return m_isFromList ? ShowSubjectList() : Show(Screen::Main);
+    case SubjectFlow::Stage::Identification: return Show(Screen::Identification);
+    case SubjectFlow::Stage::Entry: return Show(Screen::Entry);
+  }
+}
 
 void Session::ShowSubjects() {
   if (!OpenFirst()) return;

@@ -52,10 +52,10 @@ struct ImportCounts {
 struct OpenResponse {
   std::string Response;
   std::size_t Count = 0;
-  std::vector<NearItem> Near;  ///< the nearest words: one is proposed, several are a tie
-  std::string Subject;         ///< of the first row with it
+  std::vector<NearItem> Near = {};  ///< the nearest words: one is proposed, several are a tie
+  std::string Subject = {};         ///< of the first row with it
   std::size_t Row = 0;
-  std::optional<Decision> Decided;
+  std::optional<Decision> Decided = {};
 };
 
 /// What the user has to know of a table's subjects.

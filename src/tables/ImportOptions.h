@@ -18,7 +18,7 @@ enum class TableShape { Long, Lists, Wide };
 /// A column of the table for a role ("subject", "word", ...) or for a variable of the project.
 struct ColumnChoice {
   std::string Role;
-  std::string Column;  ///< its name, or "#3"
+  std::string Column;  ///< its name, or "#3"; "" for none, whatever its name
 
   bool operator==(const ColumnChoice&) const = default;
 };

@@ -101,10 +101,15 @@ TableColumns FindTableColumns(const TableFormat& format, const std::vector<Colum
   columns.Roles.fill(kNoColumn);
   columns.Variables.fill(kNoColumn);
   std::vector<bool> isTaken(format.Names.size());
+  std::array<bool, kColumnRoleCount> hasChoice{};
+  std::array<bool, kMaxVariables> isChosen{};
   for (const ColumnChoice& choice : choices) {
     const int column = ColumnNamed(format, choice.Column);
     const auto role = RoleOf(PlainName(choice.Role));
     const int variable = VariableNamed(choice.Role, project);
+    if (role) hasChoice[*role] = true;
+    if (variable != kNoColumn) isChosen[static_cast<std::size_t>(variable)] = true;
+    if (choice.Column.empty() && (role || variable != kNoColumn)) continue;
     if (column == kNoColumn) {
       columns.Faults.push_back({choice.Column, "There is no column '" + choice.Column + "' in the table"});
     } else if (role) {
@@ -121,10 +126,10 @@ TableColumns FindTableColumns(const TableFormat& format, const std::vector<Colum
   plain.reserve(format.Names.size());
   for (const std::string& name : format.Names) plain.push_back(PlainName(WithoutOuterBlanks(name)));
   for (std::size_t role = 0; role < kRoles.size(); ++role) {
-    if (columns.Roles[role] == kNoColumn) FindRole(role, plain, format, isTaken, columns);
+    if (!hasChoice[role]) FindRole(role, plain, format, isTaken, columns);
   }
   for (std::size_t v = 0; v < static_cast<std::size_t>(project.VariableCount); ++v) {
-    if (columns.Variables[v] == kNoColumn) columns.Variables[v] = ColumnNamed(format, project.VariableNames[v]);
+    if (!isChosen[v]) columns.Variables[v] = ColumnNamed(format, project.VariableNames[v]);
   }
   return columns;
 }

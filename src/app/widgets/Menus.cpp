@@ -55,7 +55,7 @@ constexpr MenuEntry kEntries[] = {
 
     {"mnuData", "D&ata"},
     {"mnuWords", "&Word List", &States::Words, &Session::EditWordList},
-    {"mnuImport", "&Import Recalls", &States::Import},
+    {"mnuImport", "&Import Recalls", &States::Import, &Session::ImportRecalls},
     kSeparator,
     {"mnuSubjects", "&Subjects", &States::Subjects, &Session::ShowSubjects},
     {"mnuSecond", "Second &Entry", &States::SecondEntry, &Session::EnterSecond},

@@ -58,6 +58,13 @@ void NewProjectWizard::Start(const std::string& paramDir) {
   Arrive(1);
 }
 
+void NewProjectWizard::Start(const std::string& paramDir, const ProjectParameters& proposal) {
+  Reset();
+  m_state.ParamDir = paramDir;
+  FillEntries(m_state.Entries, proposal);
+  Arrive(1);
+}
+
 void NewProjectWizard::View(const ProjectParameters& project) {
   Reset();
   m_viewing = true;

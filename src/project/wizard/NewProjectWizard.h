@@ -20,6 +20,8 @@ class NewProjectWizard {
 
   /// Shows an empty page 1. `paramDir` is the directory of the parameter file.
   void Start(const std::string& paramDir);
+  /// Likewise with the answers of a proposed project, which has no title yet.
+  void Start(const std::string& paramDir, const ProjectParameters& proposal);
   /// Shows page 1 of `project`, read-only.
   void View(const ProjectParameters& project);
 

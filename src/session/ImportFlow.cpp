@@ -1,0 +1,375 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "session/ImportFlow.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "master/groups/SavedOrders.h"
+#include "platform/desktop/FileErrorBoxes.h"
+#include "platform/files/PathParts.h"
+#include "project/ProtectedFiles.h"
+#include "tables/ImportReport.h"
+#include "tables/ImportRun.h"
+#include "text/Counted.h"
+#include "words/CompanionCsv.h"
+
+namespace zova {
+
+namespace {
+
+constexpr std::size_t kSampleValues = 5;
+
+std::string NameOfQuestion(const ImportQuestion& question) {
+  return question.Variable.empty() ? question.Option : question.Option + " " + question.Variable;
+}
+
+std::vector<std::string> LevelsOf(const std::string& variable, const ProjectParameters& project) {
+  std::vector<std::string> levels;
+  for (std::size_t v = 0; v < static_cast<std::size_t>(project.VariableCount); ++v) {
+    if (project.VariableNames[v] != variable) continue;
+    for (int level = 1; level <= project.LevelCounts[v]; ++level) levels.push_back(LevelLabel(project, v, level));
+  }
+  return levels;
+}
+
+}  // namespace
+
+void ImportFlow::Show(Stage stage) {
+  m_stage = stage;
+  ++m_revision;
+  if (m_observer) m_observer();
+}
+
+void ImportFlow::Close() {
+  m_draft.reset();
+  m_hasDecisions = false;
+  m_asked.clear();
+  m_answers.clear();
+  m_choices.clear();
+  Show(Stage::Closed);
+}
+
+std::optional<std::string> ImportFlow::AskTable() {
+  return m_platform.Dialogs.ChooseFile(
+      {.Title = "Import Recalls",
+       .Directory = m_project != nullptr ? m_project->PrimaryDir : std::string(),
+       .Filters = {{"Tables (*.csv)", "*.csv"}, {"Tables (*.tsv)", "*.tsv"}, {"All files (*.*)", "*.*"}}});
+}
+
+bool ImportFlow::Draw(const std::string& table, const ImportOptions& options) {
+  const BusyPointer busy(m_platform.Pointer);
+  return WithRetry(m_platform.Boxes, [&] {
+    ImportContext context = ReadImportContext(m_platform.Files, *m_project);
+    context.SavedOrder = ReadSavedSerialOrder(m_platform.Files, *m_project);
+    m_draft = DraftImport(m_platform.Files, table, options, std::move(context));
+  });
+}
+
+void ImportFlow::Open(const ProjectParameters& project) {
+  m_project = &project;
+  m_asked.clear();
+  m_answers.clear();
+  const auto table = AskTable();
+  if (table && Draw(*table, {})) {
+    Show(Stage::Table);
+  } else if (m_stage != Stage::Closed) {
+    Close();
+  }
+}
+
+void ImportFlow::OpenWithoutProject() {
+  m_project = nullptr;
+  Show(Stage::Project);
+}
+
+void ImportFlow::ChooseNew() {
+  const auto table = AskTable();
+  if (!table) return;
+  const bool isRead = WithRetry(m_platform.Boxes, [&] {
+    const TableSetup setup = SetUpTable(m_platform.Files, *table, {}, {});
+    m_proposal = ProposeProject(m_platform.Files, setup, {}, {});
+  });
+  if (!isRead) return;
+  if (!m_proposal.Fault.empty()) return Warn(m_platform.Boxes, m_proposal.Fault);
+  m_table = *table;
+  m_offers.assign(m_proposal.Variables.size(), false);
+  Show(Stage::Proposal);
+}
+
+std::string ImportFlow::ProposalText() const {
+  const ProjectParameters& project = m_proposal.Project;
+  std::string text = std::string(LastPathComponent(m_table)) + ": " +
+                     Counted(static_cast<std::size_t>(project.TestCount), "test", "tests") + ", " +
+                     Counted(static_cast<std::size_t>(project.ItemCount), "item", "items");
+  if (project.Categorized == 1) {
+    text += " in " + Counted(static_cast<std::size_t>(project.CategoryCount), "category", "categories");
+  }
+  for (const std::string& note : m_proposal.Notes) text += "\n" + note;
+  return text;
+}
+
+ProjectParameters ImportFlow::TakeProposal() {
+  ProjectProposal proposal = m_proposal;
+  for (std::size_t offer = 0; offer < m_offers.size(); ++offer) {
+    if (m_offers[offer]) AddVariable(proposal, m_proposal.Variables[offer].Name);
+  }
+  m_isWaiting = true;
+  m_stage = Stage::Closed;
+  return proposal.Project;
+}
+
+// Another number of items than proposed has other words, which the user then opens as a word list.
+void ImportFlow::Resume(const ProjectParameters& project) {
+  m_isWaiting = false;
+  m_project = &project;
+  if (!m_proposal.Words.IsEmpty() && project.ItemCount == static_cast<int>(m_proposal.Words.Words.size())) {
+    WordList words = m_proposal.Words;
+    words.HasCategories = words.HasCategories && project.Categorized == 1 && FindWordFaults(words, project).empty();
+    const bool isSaved = WithRetry(m_platform.Boxes, [&] {
+      WriteCompanion(m_platform.Files, project, CompanionFile::Words, FormatWordList(words));
+    });
+    if (!isSaved) return Show(Stage::Closed);
+  }
+  Show(Draw(m_table, {}) ? Stage::Table : Stage::Closed);
+}
+
+std::string ImportFlow::TableLine() const {
+  const TableSurvey& survey = m_draft->Survey;
+  return std::string(LastPathComponent(m_draft->Setup.Path)) + ": " + Counted(survey.Rows, "row", "rows") + ", " +
+         Counted(survey.Subjects.size(), "subject", "subjects") + ", " + Counted(survey.Labels.size(), "test", "tests");
+}
+
+std::string ImportFlow::ColumnNotes() const {
+  std::string notes;
+  for (const auto* list : {&m_draft->Setup.Columns.Faults, &m_draft->Setup.Columns.Notes}) {
+    for (const ColumnNote& note : *list) notes += (notes.empty() ? "" : "\n") + note.Text;
+  }
+  return notes;
+}
+
+std::string ImportFlow::ColumnName(int column) const {
+  if (!m_draft || column >= ColumnCount()) return {};
+  return m_draft->Setup.Format.Names[static_cast<std::size_t>(column)];
+}
+
+std::string ImportFlow::ColumnSample(int column) const {
+  std::string sample;
+  std::vector<std::string_view> seen;
+  if (!m_draft) return sample;
+  for (const auto& row : m_draft->Setup.Format.Sample) {
+    if (static_cast<std::size_t>(column) >= row.size() || seen.size() == kSampleValues) continue;
+    const std::string& value = row[static_cast<std::size_t>(column)];
+    if (std::find(seen.begin(), seen.end(), value) != seen.end()) continue;
+    seen.push_back(value);
+    if (!sample.empty()) sample += ", ";
+    sample += value;
+  }
+  return sample;
+}
+
+int ImportFlow::ColumnUse(int column) const {
+  return m_draft ? UseOfColumn(m_draft->Setup.Columns, column, *m_project) : 0;
+}
+
+bool ImportFlow::Refresh() {
+  const BusyPointer busy(m_platform.Pointer);
+  ++m_revision;
+  return WithRetry(m_platform.Boxes, [&] { RefreshImport(m_platform.Files, *m_draft); });
+}
+
+// A change that makes the table unreadable is reported and taken back.
+bool ImportFlow::Change(const std::function<void(ImportOptions&)>& change) {
+  const ImportOptions before = m_draft->Options;
+  change(m_draft->Options);
+  if (m_draft->Options == before || Refresh()) return true;
+  m_draft->Options = before;
+  Refresh();
+  return false;
+}
+
+void ImportFlow::ChooseHowRead(const std::string& name, int answer) {
+  Change([&](ImportOptions& options) { ChooseForTable(options.Table, name, answer); });
+}
+
+void ImportFlow::ChooseUse(int column, int use) {
+  Change([&](ImportOptions& options) { UseColumn(options.Table, m_draft->Setup.Columns, column, use, *m_project); });
+}
+
+void ImportFlow::SetFilter(const std::string& column, const std::string& value) {
+  Change([&](ImportOptions& options) {
+    options.Table.Where.clear();
+    if (!column.empty()) options.Table.Where.push_back({column, value});
+  });
+}
+
+std::string ImportFlow::ReviewLine() const {
+  const auto rows = static_cast<std::size_t>(m_review.RowCount());
+  return Counted(rows, "response is no word of its list", "responses are no words of their lists") + "; " +
+         std::to_string(m_review.OpenCount()) + " still open";
+}
+
+void ImportFlow::ListChoices() {
+  for (const ImportQuestion& question : m_draft->Plan.Questions) {
+    const std::string name = NameOfQuestion(question);
+    const auto isKnown = [&](const ImportQuestion& other) { return NameOfQuestion(other) == name; };
+    if (std::none_of(m_asked.begin(), m_asked.end(), isKnown)) {
+      m_asked.push_back(question);
+      if (question.Answers.empty()) m_asked.back().Answers = LevelsOf(question.Variable, *m_project);
+    }
+  }
+  m_choices.clear();
+  for (const ImportQuestion& question : m_asked) {
+    ImportChoice choice{NameOfQuestion(question), question.Text, {}, -1};
+    const auto answer = m_answers.find(choice.Name);
+    for (std::size_t i = 0; i < question.Answers.size(); ++i) {
+      choice.Answers.push_back(AnswerText(question, question.Answers[i]));
+      if (answer != m_answers.end() && answer->second == question.Answers[i]) choice.Chosen = static_cast<int>(i);
+    }
+    m_choices.push_back(std::move(choice));
+  }
+  for (ImportChoice& choice : PlanChoices(m_draft->Options)) {
+    const auto isAsked = [&](const ImportQuestion& question) { return NameOfQuestion(question) == choice.Name; };
+    if (std::none_of(m_asked.begin(), m_asked.end(), isAsked)) m_choices.push_back(std::move(choice));
+  }
+}
+
+void ImportFlow::Choose(const std::string& name, int answer) {
+  const auto asked = std::find_if(m_asked.begin(), m_asked.end(),
+                                  [&](const ImportQuestion& question) { return NameOfQuestion(question) == name; });
+  if (asked == m_asked.end()) {
+    Change([&](ImportOptions& options) { ChooseForPlan(options, name, answer); });
+  } else if (answer >= 0 && static_cast<std::size_t>(answer) < asked->Answers.size()) {
+    const ImportQuestion question = *asked;
+    const std::string& text = question.Answers[static_cast<std::size_t>(answer)];
+    if (Change([&](ImportOptions& options) { AnswerQuestion(options, question, text); })) m_answers[name] = text;
+  }
+  ListChoices();
+}
+
+std::string ImportFlow::DryRunLine() const {
+  const ImportPlan& plan = m_draft->Plan;
+  const std::size_t written = plan.CountOf(SubjectAction::Write) + plan.CountOf(SubjectAction::Replace);
+  std::string line = Counted(written, "subject", "subjects") + " would be written";
+  if (!plan.Questions.empty()) line += "; " + Counted(plan.Questions.size(), "question is", "questions are") + " open";
+  if (plan.HasErrors()) line += "; the faults in the list have to be mended first";
+  return line;
+}
+
+int ImportFlow::DryRunRows() const noexcept {
+  return static_cast<int>(m_draft->Plan.Totals.size() + m_draft->Plan.Findings.Cases.size());
+}
+
+std::string ImportFlow::DryRunText(int row, int column) const {
+  const auto index = static_cast<std::size_t>(row);
+  if (!m_draft || row >= DryRunRows()) return {};
+  const std::vector<ImportTotal>& totals = m_draft->Plan.Totals;
+  if (index < totals.size()) {
+    const ImportTotal& total = totals[index];
+    const std::array<std::string, 7> texts = {total.What, std::to_string(total.Count), "", total.Column, "", total.Test,
+                                              total.Text};
+    return texts.at(static_cast<std::size_t>(column));
+  }
+  const ImportCase& found = m_draft->Plan.Findings.Cases[index - totals.size()];
+  const std::array<std::string, 7> texts = {std::string(CaseName(found.Kind)),
+                                            std::to_string(found.Count),
+                                            found.Row == 0 ? "" : std::to_string(found.Row),
+                                            found.Column,
+                                            found.Subject,
+                                            found.Test,
+                                            found.Text};
+  return texts.at(static_cast<std::size_t>(column));
+}
+
+bool ImportFlow::MayImport() const { return m_stage == Stage::DryRun && m_draft->Plan.MayBeWritten(); }
+
+void ImportFlow::SaveReport() {
+  const auto path = m_platform.Dialogs.ChooseNewFile({.Title = "Save Report",
+                                                      .Directory = m_project->PrimaryDir,
+                                                      .Filters = {{"CSV files (*.csv)", "*.csv"}},
+                                                      .Name = m_project->Abbreviation + " Import Report.csv"});
+  if (!path) return;
+  bool isKept = false;
+  WithRetry(m_platform.Boxes, [&] {
+    isKept = IsProtectedFile(*path, *m_project, m_platform.Files);
+    if (!isKept) m_platform.Files.Write(*path, FormatImportReport(m_draft->Plan));
+  });
+  if (isKept) Warn(m_platform.Boxes, kNeverReplaced, *path);
+}
+
+void ImportFlow::Import() {
+  if (!MayImport()) return;
+  Show(Stage::Writing);
+  ImportOutcome outcome;
+  try {
+    outcome = RunImport(*m_draft, m_platform);
+  } catch (...) {
+    Show(Stage::DryRun);
+    throw;
+  }
+  const std::string written = Counted(outcome.Written, "subject was", "subjects were");
+  Close();
+  Inform(m_platform.Boxes, outcome.Completed ? "The recalls were imported: " + written + " written."
+                                             : "The import was given up: " + written + " written.");
+}
+
+bool ImportFlow::CanGoBack() const { return m_stage == Stage::Review || m_stage == Stage::DryRun; }
+
+bool ImportFlow::CanGoNext() const {
+  return (m_stage == Stage::Table && m_draft->Setup.Columns.Faults.empty()) || m_stage == Stage::Review;
+}
+
+void ImportFlow::Next() {
+  if (!CanGoNext()) return;
+  if (m_stage == Stage::Table) {
+    if (OpenReview()) return Show(Stage::Review);
+  } else if (!TakeDecisions()) {
+    return;
+  }
+  ListChoices();
+  Show(Stage::DryRun);
+}
+
+void ImportFlow::Back() {
+  if (!CanGoBack()) return;
+  if (m_stage == Stage::Review) {
+    if (TakeDecisions()) Show(Stage::Table);
+  } else {
+    Show(OpenReview() ? Stage::Review : Stage::Table);
+  }
+}
+
+bool ImportFlow::OpenReview() {
+  m_review.Open(m_draft->Plan, m_draft->Context);
+  return m_review.RowCount() > 0;
+}
+
+bool ImportFlow::TakeDecisions() {
+  if (!m_review.HasChanges()) return true;
+  m_hasDecisions = true;
+  m_draft->Context.Decided = m_review.Decisions();
+  return Refresh();
+}
+
+bool ImportFlow::KeepDecisions() {
+  const bool inReview = m_stage == Stage::Review && m_review.HasChanges();
+  if (!m_draft || (!m_hasDecisions && !inReview)) return true;
+  const BoxAnswer answer = m_platform.Boxes.Show({.Text = "Do you wish to keep the decisions about the responses?",
+                                                  .Icon = BoxIcon::Question,
+                                                  .Buttons = BoxButtons::YesNoCancel,
+                                                  .Default = BoxAnswer::Yes,
+                                                  .Title = "Import Recalls"});
+  if (answer == BoxAnswer::No) return true;
+  return answer == BoxAnswer::Yes && WithRetry(m_platform.Boxes, [&] {
+           WriteCompanion(m_platform.Files, *m_project, CompanionFile::Responses,
+                          FormatResponses(inReview ? m_review.Decisions() : m_draft->Context.Decided));
+         });
+}
+
+void ImportFlow::Cancel() {
+  if (m_stage == Stage::Writing) return;
+  if (KeepDecisions()) Close();
+}
+
+}  // namespace zova

@@ -1,0 +1,148 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "session/ImportFlow.h"
+
+#include <gmock/gmock.h>
+
+#include "session/SessionFixture.h"
+
+namespace zova::testing {
+namespace {
+
+using Stage = ImportFlow::Stage;
+using ::testing::HasSubstr;
+
+// A project of two tests with four words in two categories, "AB", whose Sdata is empty.
+class ImportFlowTest : public SessionTest {
+ protected:
+  static constexpr const char* kSdata = "C:\\ZOVA\\Sample Data\\Sdata\\";
+
+  Session& OpenStudy() {
+    ProjectParameters project = ExampleProject("C:\\ZOVA");
+    project.TestCount = 2;
+    project.ItemCount = 4;
+    project.Categorized = 1;
+    project.CategoryCount = 2;
+    project.ItemsPerCategory = 2;
+    project.MinutesRecorded = project.Rated = project.FalseMemory = project.VariableCount = 0;
+    project.Abbreviation = "AB";
+    m_scratch.Put("C:\\ZOVA\\Sample Data\\AB Words.csv", "item,word\r\n1,rose\r\n2,tulip\r\n3,table\r\n4,chair\r\n");
+    return OpenExample(project);
+  }
+  void PutTable(const std::string& text) { m_scratch.Put("C:\\data.csv", text); }
+  ImportFlow& Import(Session& session) {
+    Dialogs.Answers.emplace_back("C:\\data.csv");
+    session.ImportRecalls();
+    return session.Imports();
+  }
+};
+
+TEST_F(ImportFlowTest, LeadsFromATableToSubjects) {
+  PutTable("ID,trial,recall\nS1,1,rose\nS1,1,tulipp\nS1,2,chair\nS1,2,lamp\nS2,1,table\nS2,2,rose\n");
+  Session& session = OpenStudy();
+  ImportFlow& flow = Import(session);
+  ASSERT_EQ(session.Shown(), Screen::Import);
+  EXPECT_EQ(flow.TableLine(), "data.csv: 6 rows, 2 subjects, 2 tests");
+  EXPECT_EQ(flow.ColumnSample(2), "rose, tulipp, chair, lamp, table");
+  flow.Next();
+  ASSERT_EQ(flow.CurrentStage(), Stage::Review);
+  EXPECT_EQ(flow.ReviewLine(), "2 responses are no words of their lists; 2 still open");
+  flow.Review().TakeNear();
+  flow.Next();
+  ASSERT_EQ(flow.CurrentStage(), Stage::DryRun);
+  EXPECT_FALSE(flow.MayImport()) << flow.DryRunLine();
+  ASSERT_EQ(flow.Choices().front().Name, "--others");
+  flow.Choose("--others", 0);
+  ASSERT_TRUE(flow.MayImport()) << flow.DryRunLine();
+  EXPECT_EQ(flow.DryRunLine(), "2 subjects would be written");
+  Boxes.Expect(Told("The recalls were imported: 2 subjects were written.", BoxIcon::Information));
+  flow.Import();
+  EXPECT_EQ(session.Shown(), Screen::Main);
+  EXPECT_THAT(m_scratch.Get(std::string(kSdata) + "AB Sub#S1.dat"),
+              HasSubstr("*\"\r\n1,1,0,0\r\n2,2,0,0\r\n3,0,0,0\r\n4,0,0,0\r\n1,4,0,0\r\n2,0,0,0\r\n"));
+  EXPECT_EQ(m_scratch.Get("C:\\ZOVA\\Sample Data\\AB Responses.csv"), "response,item\r\ntulipp,2\r\n");
+  EXPECT_EQ(m_scratch.Get("C:\\ZOVA\\Sample Data\\AB Intrusions.csv"),
+            "subject,test,place,response,minute,rating\r\nS1,2,1,lamp,,\r\n");
+}
+
+TEST_F(ImportFlowTest, TakesAChangeBackThatMakesTheTableUnreadable) {
+  PutTable("ID;trial;recall\nS1;1;rose, or \"so\nS1;2;chair\n");
+  ImportFlow& flow = Import(OpenStudy());
+  ASSERT_EQ(flow.CurrentStage(), Stage::Table);
+  flow.ChooseUse(0, 0);
+  EXPECT_EQ(flow.ColumnUse(0), 0);
+  flow.ChooseUse(0, 1);
+  EXPECT_EQ(flow.ColumnUse(0), 1);
+  flow.SetFilter("trial", "2");
+  EXPECT_EQ(flow.TableLine(), "data.csv: 1 row, 1 subject, 1 test");
+  flow.SetFilter("", "");
+  EXPECT_EQ(flow.TableLine(), "data.csv: 2 rows, 1 subject, 2 tests");
+}
+
+TEST_F(ImportFlowTest, AsksBeforeDecisionsAreLost) {
+  PutTable("ID,trial,recall\nS1,1,rosse\nS1,2,chair\n");
+  Session& session = OpenStudy();
+  ImportFlow& flow = Import(session);
+  flow.Next();
+  flow.Review().TakeNear();
+  const ExpectedBox asked = {"Do you wish to keep the decisions about the responses?",
+                             BoxAnswer::Cancel,
+                             "",
+                             BoxIcon::Question,
+                             BoxButtons::YesNoCancel,
+                             BoxAnswer::Yes,
+                             "Import Recalls"};
+  Boxes.Expect(asked);
+  flow.Cancel();
+  EXPECT_EQ(session.Shown(), Screen::Import);
+  flow.Back();
+  ExpectedBox kept = asked;
+  kept.Answer = BoxAnswer::Yes;
+  Boxes.Expect(kept);
+  EXPECT_TRUE(session.Close());
+  EXPECT_EQ(m_scratch.Get("C:\\ZOVA\\Sample Data\\AB Responses.csv"), "response,item\r\nrosse,1\r\n");
+}
+
+TEST_F(ImportFlowTest, DefinesAProjectForATable) {
+  PutTable(
+      "subject,list,trial_type,position,word,age\n"
+      "1,1,study,1,rose,old\n1,1,study,2,table,old\n1,1,recall,1,table,old\n"
+      "2,1,study,1,rose,young\n2,1,study,2,table,young\n2,1,recall,1,rose,young\n");
+  Session& session = Started();
+  session.ImportRecalls();
+  ASSERT_EQ(session.Imports().CurrentStage(), Stage::Project);
+  Dialogs.Answers.emplace_back("C:\\data.csv");
+  session.Imports().ChooseNew();
+  ASSERT_EQ(session.Imports().CurrentStage(), Stage::Proposal);
+  EXPECT_THAT(session.Imports().ProposalText(), HasSubstr("data.csv: 1 test, 2 items"));
+  ASSERT_EQ(session.Imports().Proposal().Variables.size(), 1U);
+  session.Imports().SetVariable(0, true);
+  session.DefineImported();
+  ASSERT_EQ(session.Shown(), Screen::Wizard);
+  NewProjectWizard& wizard = session.Wizard();
+  wizard.SetText(WizardBox::Title, "Roses");
+  wizard.Next();
+  m_scratch.MakeDirectory("C:\\Roses");
+  wizard.SetText(WizardBox::Primary, "C:\\Roses");
+  for (int page = 2; page < NewProjectWizard::kPages; ++page) wizard.Next();
+  ASSERT_TRUE(wizard.ShowsDone()) << wizard.Page();
+  Boxes.Expect(
+      {"ZOVA will not allow you to make changes to the parameters once they are completed.  If you are not sure "
+       "that the parameters are correct, please select the 'No' button and use the 'Back' button to verify all "
+       "of the parameters for your project.  If you are sure that the parameters are correct then select "
+       "'Yes'.  Are you sure these parameters are correct?",
+       BoxAnswer::Yes,
+       "",
+       {},
+       {},
+       {},
+       "Warning"});
+  session.FinishWizard();
+  ASSERT_EQ(session.Shown(), Screen::Import);
+  EXPECT_EQ(session.OpenedProject()->VariableNames[0], "age");
+  EXPECT_EQ(session.Imports().TableLine(), "data.csv: 6 rows, 2 subjects, 1 test");
+  EXPECT_EQ(m_scratch.Get("C:\\Roses\\Roses Words.csv"), "item,word\r\n1,rose\r\n2,table\r\n");
+}
+
+}  // namespace
+}  // namespace zova::testing
