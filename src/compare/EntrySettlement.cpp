@@ -65,6 +65,7 @@ bool EntrySettlement::Open(const std::string& file, const ProjectParameters& pro
   m_project = &project;
   m_file = file;
   MakeLines(Compare(m_first, m_second, project));
+  if (!m_lines.empty()) m_current = m_lines.size() - 1;  // before the first line
   GoToNext();
   return true;
 }

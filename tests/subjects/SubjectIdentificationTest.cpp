@@ -84,7 +84,7 @@ TEST(SubjectIdentification, WalksIdentifierAndLevelsBackAndForth) {
     if (key == "x") stage.Boxes.Expect(BoxOf('i', ""));
     screen.AsksIdentifier() ? screen.SetSubjectText(typed) : screen.SetLevelText(typed);
     const int moves = screen.CursorRevision();
-    key == "b" ? screen.Back() : screen.Next();
+    key == "b" ? screen.Back() : static_cast<void>(screen.Next());
     std::string now = screen.Counter() + "[" + (screen.AsksIdentifier() ? screen.SubjectText() : screen.LevelText());
     now += screen.CanGoBack() ? "]b" : "]";
     EXPECT_EQ(now + (screen.CanGoNext() ? "n" : "") + (screen.CanFinish() ? "d" : ""), shown);
