@@ -193,6 +193,7 @@ void Session::Opened(ChosenProject chosen) {
 }
 
 void Session::Identify(SubjectIdentification::Purpose purpose) {
+  UseWords();
   m_subjects.Identify(purpose, *m_project, m_param.Path());
 }
 
@@ -235,6 +236,7 @@ void Session::OfferRestore() {
   auto restored = m_subjects.OfferRestore(m_param.Path());
   if (!restored) return;
   SetProject(std::move(restored->Parameters), std::move(restored->Path));
+  UseWords();
   m_subjects.EnterRestored(*m_project, m_param.Path());
 }
 

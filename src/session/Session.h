@@ -152,6 +152,7 @@ class Session {
   void FinishMasters();
   void OfferRestore();
   void Identify(SubjectIdentification::Purpose purpose);
+  void UseWords();
   void FollowSubjects();
 
   Platform m_platform;
