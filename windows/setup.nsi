@@ -1,6 +1,7 @@
 ; The setup program: installs for one user, without an administrator. makensis gets VERSION, VERSION4 (with four numbers), FOLDER (what is to be
 ; installed) and OUTPUT. /S installs without a question, /D=C:\Path (the last argument) there.
 Unicode true
+Target amd64-unicode ; as the programs
 !include MUI2.nsh
 !include FileFunc.nsh
 

@@ -77,8 +77,8 @@ void MasterFlow::Continue() {
   // Reports a master that cannot be built before an order is typed and saved for it.
   if (!BuildHeader(*m_project, m_request.Selection, MasterKind::Individual, m_platform.Boxes, m_header)) return;
   if (m_options.ChkItemAnalysis) {
-    m_order.OpenSerial(
-        *m_project, SavedOrder(m_platform.Boxes, [&] { return ReadSavedSerialOrder(m_platform.Files, *m_project); }));
+    const auto saved = SavedOrder(m_platform.Boxes, [&] { return ReadSavedSerialOrder(m_platform.Files, *m_project); });
+    m_order.OpenSerial(*m_project, saved, WordListOf(*m_project, m_platform.Files, m_platform.Boxes));
     Show(Stage::OrderOfItems);
   } else if (m_options.ChkCombine) {
     AskForGroups();

@@ -270,6 +270,7 @@ constexpr auto kSentences = std::to_array<Sentence>({
     {"lstMeasures", "Select one or more measures; double-click one for its whole series over tests or minutes."},
     {"lstProjects", "The projects that were defined so far, the latest first; press <Enter> to open one."},
     {"lstVarName", "Select the variable whose levels are to be kept apart, or (none)."},
+    {"lstWords", "The words that fit what you type, the best first; <Enter> takes the one that is marked."},
     {"optCatNo", "Select this if the study list was not made of categories."},
     {"optFalsemem", "Adds one critical non-presented item to each category, as its last member."},
     {"optFalseno", "Select this if the list has only items that were presented."},

@@ -223,6 +223,7 @@ void Session::OfferRestore() {
   if (!restored) return;
   SetProject(std::move(restored->Parameters), std::move(restored->Path));
   m_isFromList = false;
+  UseWords();
   m_subjects.EnterRestored(*m_project, m_param.Path());
 }
 

@@ -169,6 +169,7 @@ class Session {
   void FinishMasters();
   void OfferRestore();
   void Identify(SubjectIdentification::Purpose purpose);
+  void UseWords();
   void FollowSubjects();
   void ShowSubjectList();
   bool OpenComparison(const std::string& file);

@@ -8,6 +8,7 @@ namespace zova {
 
 void Session::Identify(SubjectIdentification::Purpose purpose) {
   m_isFromList = false;
+  UseWords();
   m_subjects.Identify(purpose, *m_project, m_param.Path());
 }
 
@@ -56,6 +57,7 @@ void Session::OpenChosenSubject() {
   const auto purpose =
       row->HasUnfinished ? SubjectIdentification::Purpose::Unfinished : SubjectIdentification::Purpose::OldData;
   m_isFromList = true;
+  UseWords();
   m_subjects.OpenListed(purpose, std::string(row->File), *m_project, m_param.Path());
 }
 

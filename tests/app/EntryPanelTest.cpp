@@ -6,6 +6,7 @@
 #include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListView>
 #include <QPushButton>
 #include <QTableView>
 #include <QTest>
@@ -71,6 +72,39 @@ class EntryPanelTest : public SessionTest {
 
   std::unique_ptr<EntryPanel> m_panel;
 };
+
+TEST_F(EntryPanelTest, WordsAreListedWhileTheyAreTyped) {
+  Start(4);
+  WordList words;
+  for (const char* text : {"pear", "apple", "applet", "grape"}) words.Words.push_back({text, ""});
+  m_session->Subjects().Entry().Grid().SetWords(words);
+  m_panel->Refresh();
+  auto* list = Find<QListView>("lstWords");
+  const auto listed = [&] {
+    QString text = list->isVisible() ? "" : "closed";
+    for (int row = 0; list->isVisible() && row < list->model()->rowCount(); ++row) {
+      text += list->model()->index(row, 0).data().toString() + (row == list->currentIndex().row() ? "* " : " ");
+    }
+    return text.toStdString();
+  };
+  const int height = Find<QTableView>("grdInput")->height();
+  Type("AP");
+  EXPECT_EQ(listed(), "2 apple* 3 applet 4 grape ");
+  EXPECT_EQ(Find<QTableView>("grdInput")->height(), height) << "nothing moves";
+  Type("v");
+  EXPECT_EQ(listed(), "2 apple 3 applet* 4 grape ");
+  Press(Qt::Key_Escape);
+  EXPECT_EQ(listed() + Find()->text().toStdString(), "closedap");
+  Press(Qt::Key_Escape);
+  EXPECT_EQ(Find()->text(), "");
+  Type("AP ");
+  EXPECT_EQ(Shown(1), "2 apple/// at 1,2 ");
+  Grid().PlaceCursor({2, 1});
+  Type("PAER");
+  EXPECT_EQ(listed(), "1 pear ");
+  QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualRect(list->model()->index(0, 0)).center());
+  EXPECT_EQ(Grid().Text({2, 1}), "1");
+}
 
 TEST_F(EntryPanelTest, KeysReachTheRecordAndOnlyTheBoxesOwnStayInIt) {
   Start();

@@ -4,8 +4,10 @@
 
 #include <QAbstractButton>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMenuBar>
 #include <QRegularExpression>
+#include <QTableView>
 #include <QTest>
 #include <QTimer>
 #include <QTreeWidget>
@@ -162,6 +164,31 @@ TEST_F(MainWindowTest, ControlsHaveTheirSentenceAsWhatsThis) {
   Entry("mnuCreate")->trigger();
   EXPECT_FALSE(viewing.isEmpty());
   EXPECT_NE(sentence("cmdCancel1"), viewing);
+}
+
+TEST_F(MainWindowTest, AWordListIsTypedAndItsLossIsAskedFor) {
+  m_window.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&m_window));
+  Entry("mnuWords")->trigger();  // opens the project first
+  const auto* told = m_window.findChild<QLabel*>("lblWordsTold");
+  auto* box = m_window.findChild<QLineEdit*>("txtWords");
+  for (const char* word : {"7up", "ice cream"}) {
+    QTest::keyClicks(box, word);
+    QTest::keyClick(box, Qt::Key_Return);
+  }
+  EXPECT_EQ(told->text(), "2 of 66 items have a word.");
+  EXPECT_EQ(m_window.findChild<QTableView*>("grdWords")->model()->index(1, 1).data().toString(), "ice cream");
+  EXPECT_FALSE(Entry("mnuWords")->isEnabled());
+  const char* lost = "You will lose all unsaved changes.  Are you sure that you want to do this?";
+  Boxes.Expect({lost, BoxAnswer::No});
+  QTest::mouseClick(Button("cmdWordsCancel"), Qt::LeftButton);
+  Boxes.Expect({lost, BoxAnswer::No});
+  EXPECT_FALSE(m_window.close());
+  Boxes.Expect(Told("Item 3 has no word."));
+  QTest::mouseClick(Button("cmdWordsSave"), Qt::LeftButton);
+  Boxes.Expect({lost, BoxAnswer::Yes});
+  QTest::mouseClick(Button("cmdWordsCancel"), Qt::LeftButton);
+  EXPECT_TRUE(m_window.findChild<QWidget*>("fraMain")->isVisible());
 }
 
 TEST_F(MainWindowTest, ListsTheProjectsThatCanBeOpened) {

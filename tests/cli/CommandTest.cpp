@@ -42,8 +42,8 @@ class Command : public ::testing::Test, protected Study {
   void Expect(const std::string& arguments, int code, const std::vector<const char*>& written,
               const std::string& errors) {
     const std::string root = Files.Root().string();
-    const std::string command = "cd '" + root + "/C' && ZOVA_DRIVES='C=" + root + "/C;D=" + root + "/D' '" +
-                                ZOVA_MASTER_PROGRAM + "' </dev/null >../out 2>../err " + arguments;
+    const std::string command = "cd '" + root + "/C' && ZOVA_DRIVES='C=" + root + "/C;D=" + root + "/D' '" + Program +
+                                "' </dev/null >../out 2>../err " + arguments;
     const int status = std::system(command.c_str());
     EXPECT_EQ(WIFEXITED(status) ? WEXITSTATUS(status) : -1, code) << arguments;
     std::string lines;
@@ -51,6 +51,8 @@ class Command : public ::testing::Test, protected Study {
     EXPECT_EQ(ReadFile(Files.Root() / "out"), lines) << arguments;
     EXPECT_EQ(ReadFile(Files.Root() / "err"), errors) << arguments;
   }
+
+  std::string Program = ZOVA_MASTER_PROGRAM;
 };
 
 TEST_F(Command, WritesTheMasterWhereverItIsTold) {
@@ -116,15 +118,39 @@ TEST_F(Command, RefusesNamesThatLeadElsewhereAndEscapesThem) {
 }
 
 TEST_F(Command, ExplainsEveryOptionInUsageAndManual) {
-  Expect("-h >../usage", 0, {}, "");
-  const std::string usage = ReadFile(Files.Root() / "usage");
-  const std::string manual = ReadFile(std::filesystem::path(ZOVA_MANUAL) / "zova-master.1");
-  int options = 0;
-  for (std::size_t at = usage.find("\n  -"); at != std::string::npos; at = usage.find("\n  -", at + 1), ++options) {
-    const std::size_t name = usage.find("--", at) + 1;
-    EXPECT_THAT(manual, ::testing::HasSubstr("It Fl " + usage.substr(name, usage.find_first_of(" \n", name) - name)));
+  for (const auto& [program, name, count] :
+       {std::tuple(ZOVA_MASTER_PROGRAM, "zova-master.1", 18), {ZOVA_IMPORT_PROGRAM, "zova-import.1", 32}}) {
+    Program = program;
+    Expect("-h >../usage", 0, {}, "");
+    const std::string usage = ReadFile(Files.Root() / "usage");
+    const std::string manual = ReadFile(std::filesystem::path(ZOVA_MANUAL) / name);
+    int options = 0;
+    for (std::size_t at = usage.find("\n  -"); at != std::string::npos; at = usage.find("\n  -", at + 1), ++options) {
+      const std::size_t option = usage.find("--", at) + 1;
+      EXPECT_THAT(manual,
+                  ::testing::HasSubstr("It Fl " + usage.substr(option, usage.find_first_of(" \n", option) - option)));
+    }
+    EXPECT_EQ(options, count) << name;
   }
-  EXPECT_EQ(options, 18);
+}
+
+TEST_F(Command, ImportsATable) {
+  Program = ZOVA_IMPORT_PROGRAM;
+  Files.Put("C:\\t.csv", "subject,list,item\n9,1,2\n9,2,1\n8,1,1\n8,1,2\n8,2,2\n");
+  const char* stopped = "Something is undecided or wrong: see the report.  Nothing was written.\n";
+  for (const auto& [arguments, code, errors] :
+       {std::tuple("--dry-run t.csv Ab.prm >../report", 0, ""),
+        {"--where list=1 t.csv Ab.prm >../report", 1, stopped},
+        {"t.csv Ab.prm >../report", 0, "2 subjects were imported.\n"},
+        {"t.csv Ab.prm >../report", 0, "0 subjects were imported.\n"},
+        {"--shape square t.csv Ab.prm", 2,
+         "zova-import: --shape: 'square' is none of long, lists, wide\nTry 'zova-import --help'.\n"},
+        {"t.csv", 2, "zova-import: PROJECT.prm is required\nTry 'zova-import --help'.\n"},
+        {"--new-project X t.csv", 2, "zova-import: --new-project requires --directory\nTry 'zova-import --help'.\n"}}) {
+    Expect(arguments, code, {}, errors);
+  }
+  EXPECT_THAT(ReadFile(Files.Root() / "report"), ::testing::HasSubstr("\r\nsame,2,,,,,\r\n"));
+  EXPECT_TRUE(Files.Get("C:\\Data\\Sdata\\AB Sub#9.dat").ends_with("1,2,0,0\r\n2,0,0,0\r\n1,1,0,0\r\n2,0,0,0\r\n"));
 }
 
 #ifdef __linux__

@@ -182,3 +182,71 @@ TEST(EntryGrid, NamesWhatAnInsertionPushesOff) {
                   " data from the bottom of the list.  Do you wish to continue anyway?");
   }
 }
+
+// What the list shows for a text, which of its lines is marked, then what Enter leaves: the items, the cursor, the box.
+TEST(EntryGrid, TakesWordsInTheColumnOfItems) {
+  WordList words;
+  for (const char* text : {"pear", "apple", "applet", "grape", "4 corners"}) words.Words.push_back({text, ""});
+  const auto noWord = [](const char* text, const char* details) {
+    return ExpectedBox{std::string("'") + text + "' is not on the word list.", BoxAnswer::Ok, details,
+                       BoxIcon::Exclamation};
+  };
+  struct Case {
+    const char* Text;
+    const char* Keys;  // v down, ^ up, x Escape
+    const char* Listed;
+    const char* State;
+    std::vector<ExpectedBox> Boxes = {};
+  };
+  const Case kCases[] = {
+      {"apple", "", "2 3 @0", "2 @2,1*"},
+      {"APP", "", "2 3 @0", "2 @2,1*"},
+      {"APP", "v", "2 3 @1", "3 @2,1*"},
+      {"app", "vvv^^^", "2 3 @0", "2 @2,1*"},
+      {"rap", "", "4 @0", "4 @2,1*"},
+      {"ap", "", "2 3 4 @0", "2 @2,1*"},
+      {"p", "x", " @-1", "1 @2,1*"},
+      {"paer", "", "1 @-1", "@1,1 'paer' b", {noWord("paer", "Nearest: 1 pear.")}},
+      {"paer", "v", "1 @0", "1 @2,1*"},
+      {"ple", "", "2 3 @-1", "@1,1 'ple' b", {noWord("ple", "")}},
+      {"xyz", "", " @-1", "@1,1 'xyz' b", {noWord("xyz", "")}},
+      {"co", "", "5 @0", "5 @2,1*"},
+      {"4", "", " @-1", "4 @2,1*"},
+      {"4c", "", " @-1", "4 @2,1*"},  // as ever, a number drops what is no digit
+      {"-2", "", " @-1", "2 @2,1*"},  // likewise
+      {"9", "", " @-1", "@1,1 b", {Told("The entered number was out of item range.")}},
+  };
+  for (const Case& c : kCases) {
+    ScriptedBoxes boxes;
+    for (const ExpectedBox& box : c.Boxes) boxes.Expect(box);
+    EntryDesk desk(boxes, "1", "");
+    desk.Tools.SetWords(words);
+    desk.Grid.SetEntryText(c.Text);
+    for (const char* key = c.Keys; *key != '\0'; ++key)
+      *key == 'x' ? desk.Grid.Escape() : desk.Grid.Move(*key == 'v' ? 1 : -1, 0);
+    std::string listed;
+    for (const int item : desk.Tools.WordsForBox().Listed()) listed += std::to_string(item) + " ";
+    EXPECT_EQ(
+        (listed.empty() ? " " : listed) + "@" + std::to_string(listed.empty() ? -1 : desk.Tools.WordsForBox().Line()),
+        c.Listed)
+        << c.Text << c.Keys;
+    desk.Grid.Enter();
+    EXPECT_EQ((desk.Grid.Text({1, 1}).empty() ? "" : desk.Grid.Text({1, 1}) + " ") + desk.GridState(), c.State)
+        << c.Text << c.Keys;
+  }
+  ScriptedBoxes boxes{
+      {"'plum' is not on the word list.", BoxAnswer::Ok, "Line 2 of the pasted data."},
+      {"Duplicate entry found! Item # 2 was located in positions 2 and 3 of test 1.  Item in position 3 has "
+       "been deleted.  Please edit the raw data.  You will be given a chance to review the data.",
+       BoxAnswer::Ok, "2 apple."}};
+  EntryDesk desk(boxes, "11", "");
+  desk.Tools.SetWords(words);
+  desk.Grid.Paste("pear\nplum\n");
+  desk.Grid.Paste("Pear\nAPPLE\n2\n");
+  EXPECT_EQ(desk.Grid.ShownText({2, 1}), "2 apple");
+  EXPECT_EQ(desk.Grid.Copy(), "1\n");
+  desk.Grid.Click({1, 2});
+  desk.Grid.SetEntryText("pear");  // words only stand in the first column
+  EXPECT_EQ(desk.Grid.EntryText(), "");
+  desk.Press("F");
+}

@@ -300,7 +300,8 @@ TEST(Import, ReadsItsOwnLongCsv) {
   desk.Project.LevelCounts[0] = 2;
   desk.Project.LevelNames[0][0] = desk.Project.LevelNames[0][1] = "same";
   for (const auto& [id, lists, level] : {std::tuple("x 1", "3/1/2 1/2/4 5/3/1 | 6/2", 2), {"y", "| 1/2 3/3", 1}}) {
-    SubjectRecord record{.SubjectId = id};
+    SubjectRecord record;
+    record.SubjectId = id;
     record.Levels[0] = static_cast<std::int16_t>(level);
     record.Lists = MakeLists(desk.Project, lists);
     desk.PutFile("AB Sub#" + record.SubjectId + ".dat", FormatSubject(record, desk.Project));

@@ -53,13 +53,13 @@ class HeldKeysDiscarded final : public QObject {
  private:
   bool IsTypedBlind(const QKeyEvent& press) {
     constexpr int kTypingPause = 400;  // milliseconds
-    if (press.key() >= Qt::Key_0 && press.key() <= Qt::Key_9) m_sinceDigit.start();
+    if (!press.text().isEmpty() && press.text().front().isLetterOrNumber()) m_sinceTyped.start();
     const bool isEnter = press.key() == Qt::Key_Return || press.key() == Qt::Key_Enter;
-    return isEnter && m_sinceDigit.isValid() && m_sinceDigit.elapsed() < kTypingPause;
+    return isEnter && m_sinceTyped.isValid() && m_sinceTyped.elapsed() < kTypingPause;
   }
 
   bool m_pressed = false;
-  QElapsedTimer m_sinceDigit;
+  QElapsedTimer m_sinceTyped;
 };
 
 // A list of hundreds of subjects would make the box higher than the screen, so a scrolling text replaces Qt's label.

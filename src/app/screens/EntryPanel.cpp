@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/screens/EntryPanel.h"
 
+#include <QAbstractListModel>
 #include <QApplication>
 #include <QFontInfo>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QIcon>
 #include <QKeyEvent>
+#include <QListView>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QTimer>
@@ -36,13 +38,42 @@ QGroupBox* AddGroup(QLayout& rows, const char* name, const QString& title) {
   return group;
 }
 
+constexpr int kWordLines = 5;  // that show at once
+
 }  // namespace
+
+// The lines of the list of words, which the rules know.
+class WordsModel final : public QAbstractListModel {
+ public:
+  WordsModel(EntryGrid& grid, QObject* parent) : QAbstractListModel(parent), m_grid(grid) {}
+
+  [[nodiscard]] int rowCount(const QModelIndex& parent) const override {
+    return parent.isValid() ? 0 : static_cast<int>(m_items.size());
+  }
+  [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override {
+    if (role != Qt::DisplayRole) return {};
+    return ToQt(ItemName(m_grid.Words(), m_items[static_cast<std::size_t>(index.row())]));
+  }
+  void Follow() {
+    const std::vector<int>& items = m_grid.WordsForBox().Listed();
+    if (items == m_items) return;
+    beginResetModel();
+    m_items = items;
+    endResetModel();
+  }
+
+ private:
+  EntryGrid& m_grid;
+  std::vector<int> m_items;
+};
 
 EntryPanel::EntryPanel(SubjectFlow& subjects)
     : Panel("fraInput"),
       m_subjects(subjects),
       m_grdInput(new GridTable("grdInput", subjects.Entry().Grid().Cells())),
       m_txtInput(new GridBox("txtInput", subjects.Entry().Grid().Cells())),
+      m_words(new WordsModel(subjects.Entry().Grid(), this)),
+      m_lstWords(MakeWords()),
       m_lblTUpdate(MakeLabel("lblTUpdate", {})),
       m_lblRecalls(MakeLabel("lblRecalls", {})),
       m_lblWhere(MakeLabel("lblWhere", {})),
@@ -73,9 +104,12 @@ EntryPanel::EntryPanel(SubjectFlow& subjects)
   Enlarge(*m_txtInput, kInputSize);
   connect(m_txtInput, &GridBox::Acted, this, [this] { ActAndReturn([] {}); });
   connect(m_txtInput, &GridBox::textEdited, m_grdInput, &GridTable::ShowTyping);
-  connect(m_txtInput, &GridBox::textEdited, this, [this] { m_lblFastHelp->setText(kFastHelp); });
+  connect(m_txtInput, &GridBox::textEdited, this, [this] {
+    m_lblFastHelp->setText(kFastHelp);
+    ShowWords();
+  });
   connect(m_txtInput, &GridBox::Dropped, this, [this](const QString& character) {
-    m_lblFastHelp->setText(ToQt(EntryGrid::DroppedText(FromQt(character))));
+    m_lblFastHelp->setText(ToQt(m_subjects.Entry().Grid().DroppedText(FromQt(character))));
   });
   connect(m_grdInput, &GridTable::Acted, this, [this] { ActAndReturn([] {}); });
   m_side->widget()->installEventFilter(this);
@@ -99,7 +133,22 @@ QWidget* EntryPanel::MakeEntry() {
   rows->addLayout(row);
   row->addWidget(MakeLabel("lblInput", "&Entry:", m_txtInput));
   row->addWidget(m_txtInput, 1);
+  rows->addWidget(m_lstWords);
   return entry;
+}
+
+QListView* EntryPanel::MakeWords() {
+  auto* list = Named(new QListView, "lstWords");
+  list->setAccessibleName("Words");
+  list->setModel(m_words);
+  list->setUniformItemSizes(true);
+  list->setFocusPolicy(Qt::NoFocus);
+  list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  list->setFixedHeight(kWordLines * (list->fontMetrics().height() + 2) + 2 * list->frameWidth());
+  list->hide();
+  connect(list, &QListView::clicked, this,
+          [this](const QModelIndex& line) { ActAndReturn([&] { m_subjects.Entry().Grid().TakeWord(line.row()); }); });
+  return list;
 }
 
 QHBoxLayout* EntryPanel::MakeUndoButtons() {
@@ -165,6 +214,7 @@ void EntryPanel::ShowState() {
   m_grdInput->Refresh();
   m_entry->setMaximumWidth(m_grdInput->maximumWidth());
   m_txtInput->Refresh();
+  ShowWords();
   ShowPlace();
   m_framinbump->setVisible(entry.KeepsMinutes());
   m_framinbump->setEnabled(entry.KeepsMinutes());
@@ -184,6 +234,21 @@ void EntryPanel::ShowPlace() {
       QStringLiteral("%1, line %2, %3").arg(m_lblTUpdate->text()).arg(cells.Cursor().Line).arg(m_lblWhere->text()));
   m_cmdUndo->setEnabled(cells.CanUndo());
   m_cmdRedo->setEnabled(cells.CanRedo());
+}
+
+// In a project with a word list the list keeps its place while it is closed, so that nothing moves while one types.
+void EntryPanel::ShowWords() {
+  EntryGrid& grid = m_subjects.Entry().Grid();
+  m_words->Follow();
+  QSizePolicy policy = m_lstWords->sizePolicy();
+  if (policy.retainSizeWhenHidden() == grid.Words().IsEmpty()) {
+    policy.setRetainSizeWhenHidden(!grid.Words().IsEmpty());
+    m_lstWords->setSizePolicy(policy);
+  }
+  const EntryWords& words = grid.WordsForBox();
+  m_lstWords->setVisible(!words.Listed().empty());
+  const int line = words.Listed().empty() ? -1 : words.Line();
+  m_lstWords->setCurrentIndex(line < 0 ? QModelIndex() : m_words->index(line));
 }
 
 void EntryPanel::PlaceCursor() { m_txtInput->setFocus(); }
@@ -208,12 +273,14 @@ void EntryPanel::ActOnTicks() {
   });
 }
 
-// Keys that a button ignores: digits go to the box, and Escape returns the focus to it.
+// Keys that a button ignores: what can be typed goes to the box, and Escape returns the focus to it.
 void EntryPanel::keyPressEvent(QKeyEvent* event) {
-  const bool isDigit = event->key() >= Qt::Key_0 && event->key() <= Qt::Key_9;
-  if (!isDigit && event->key() != Qt::Key_Escape) return Panel::keyPressEvent(event);
+  const bool isPlain = (event->modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier)) == Qt::NoModifier;
+  const bool isTyped = isPlain && m_subjects.Entry().IsOpen() && !event->text().isEmpty() &&
+                       m_subjects.Entry().Grid().Cells().IsTyped(FromQt(event->text()));
+  if (!isTyped && event->key() != Qt::Key_Escape) return Panel::keyPressEvent(event);
   m_txtInput->setFocus();
-  if (isDigit) QCoreApplication::sendEvent(m_txtInput, event);
+  if (isTyped) QCoreApplication::sendEvent(m_txtInput, event);
 }
 
 // Fits the column of buttons to its texts after the layout.

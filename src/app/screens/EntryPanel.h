@@ -6,6 +6,7 @@
 class QGroupBox;
 class QHBoxLayout;
 class QLabel;
+class QListView;
 class QPushButton;
 class QScrollArea;
 class QTimer;
@@ -14,6 +15,7 @@ namespace zova {
 
 class GridBox;
 class GridTable;
+class WordsModel;
 class SubjectFlow;
 
 /// The screen for a subject's recalls. After every key and click the focus returns to the box.
@@ -34,6 +36,8 @@ class EntryPanel : public Panel {
   QWidget* MakeEntry();
   QHBoxLayout* MakeUndoButtons();
   void ShowPlace();
+  void ShowWords();
+  QListView* MakeWords();
   void FollowTimer();
   void FitSide();
   void ActOnTicks();
@@ -41,6 +45,8 @@ class EntryPanel : public Panel {
   SubjectFlow& m_subjects;
   GridTable* m_grdInput;
   GridBox* m_txtInput;
+  WordsModel* m_words;
+  QListView* m_lstWords;
   QLabel* m_lblEntryTitle = nullptr;
   QLabel* m_lblTUpdate;
   QLabel* m_lblRecalls;

@@ -18,15 +18,15 @@ WordsPanel::WordsPanel(Session& session)
       m_session(session),
       m_grdWords(new GridTable("grdWords", session.Words().Cells())),
       m_txtWords(new GridBox("txtWords", session.Words().Cells())),
-      m_lblWordsTold(MakeLabel("lblWordsTold", {})) {
+      m_lblWordsTold(MakeLabel("lblWordsTold", {})),
+      m_content(new QWidget) {
   AddTitle("lblWordsTitle", "Word List");
   AddProjectName();
   m_grdWords->setAccessibleName("Words");
   auto* middle = new QWidget;
   auto* columns = new QHBoxLayout(middle);
   columns->setContentsMargins({});
-  auto* content = new QWidget;
-  auto* rows = new QVBoxLayout(content);
+  auto* rows = new QVBoxLayout(m_content);
   rows->setContentsMargins({});
   rows->addWidget(m_grdWords, 1);
   auto* entry = new QHBoxLayout;
@@ -36,9 +36,8 @@ WordsPanel::WordsPanel(Session& session)
   rows->addWidget(m_lblWordsTold);
   constexpr int kFirst = 1000;  // in the middle of a wide window
   columns->addStretch(1);
-  columns->addWidget(content, kFirst);
+  columns->addWidget(m_content, kFirst);
   columns->addStretch(1);
-  content->setMaximumWidth(FormWidth(*content));
   AddContent(middle);
   AddButton("cmdWordsOpen", "Ope&n File...", [this] { m_session.Words().ChooseFile(); });
   AddButton("cmdWordsSave", "&Save", [this] { m_session.Words().Save(); });
@@ -54,6 +53,7 @@ WordsPanel::WordsPanel(Session& session)
 void WordsPanel::ShowState() {
   if (m_session.Shown() != Screen::Words) return;
   m_grdWords->Refresh();
+  m_content->setMaximumWidth(m_grdWords->maximumWidth());
   m_txtWords->Refresh();
   m_lblWordsTold->setText(ToQt(m_session.Words().Told()));
   m_cancel->setText(m_session.Words().HasUnsavedChanges() ? "&Cancel" : "&Close");

@@ -28,6 +28,7 @@ class WordsPanel : public Panel {
   GridTable* m_grdWords;
   GridBox* m_txtWords;
   QLabel* m_lblWordsTold;
+  QWidget* m_content;
 };
 
 }  // namespace zova

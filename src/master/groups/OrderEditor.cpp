@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "text/LeadingNumber.h"
+#include "words/WordCompletion.h"
 
 namespace zova {
 
@@ -23,11 +24,13 @@ GridRules OrderEditor::Rules() {
       .Pasted = [this](GridCell cell, std::string_view text) { return Pasted(cell, text); }};
 }
 
-void OrderEditor::OpenSerial(const ProjectParameters& project, const std::optional<SerialOrder>& saved) {
+void OrderEditor::OpenSerial(const ProjectParameters& project, const std::optional<SerialOrder>& saved,
+                             WordList words) {
   m_use = Use::SerialPositions;
   m_subjectIds.clear();
   m_names.clear();
-  for (int item = 1; item <= project.ItemCount; ++item) m_names.push_back(std::to_string(item));
+  m_words = std::move(words);
+  for (int item = 1; item <= project.ItemCount; ++item) m_names.push_back(ItemName(m_words, item));
   m_first = FirstSerialOrder(project);
   Begin(saved.value_or(m_first));
 }
@@ -36,6 +39,7 @@ void OrderEditor::OpenGroups(std::vector<std::string> subjectIds, std::vector<st
                              const std::optional<GroupOrder>& saved) {
   m_use = Use::GroupMembers;
   m_subjectIds = std::move(subjectIds);
+  m_words = {};
   m_names = std::move(names);
   m_first = FirstGroupOrder(m_subjectIds.size());
   Begin(saved.value_or(m_first));
@@ -94,7 +98,7 @@ bool OrderEditor::Check() {
   const auto fault = m_use == Use::SerialPositions ? SerialOrderFault(m_order) : GroupOrderFault(m_subjectIds, m_order);
   if (!fault) return true;
   m_cells.PlaceCursor({static_cast<int>(fault->Row) + 1, 1});
-  Warn(m_boxes, fault->Text);
+  Warn(m_boxes, fault->Text, ItemNote(m_words, static_cast<int>(fault->Row) + 1));
   return false;
 }
 

@@ -9,6 +9,7 @@
 
 #include "grid/TypedGrid.h"
 #include "master/groups/SavedOrders.h"
+#include "words/WordList.h"
 
 namespace zova {
 
@@ -21,8 +22,8 @@ class OrderEditor {
 
   OrderEditor(MessageBoxes& boxes, Desktop& desktop) : m_boxes(boxes), m_cells(boxes, desktop, Rules()) {}
 
-  /// Starts with the saved order, else with the default one.
-  void OpenSerial(const ProjectParameters& project, const std::optional<SerialOrder>& saved);
+  /// Starts with the saved order, else with the default one. Items are shown with their words.
+  void OpenSerial(const ProjectParameters& project, const std::optional<SerialOrder>& saved, WordList words = {});
   /// `names` are the row headings: identifier and level.
   void OpenGroups(std::vector<std::string> subjectIds, std::vector<std::string> names,
                   const std::optional<GroupOrder>& saved);
@@ -51,6 +52,7 @@ class OrderEditor {
   Use m_use = Use::SerialPositions;
   std::vector<std::string> m_subjectIds;
   std::vector<std::string> m_names;
+  WordList m_words;  // of the items
   Order m_order;
   Order m_first;
   TypedGrid m_cells;

@@ -150,7 +150,7 @@ std::optional<CheckFinding> RemoveFirstDuplicate(RecallLists& lists) {
       const int firstPosition = static_cast<int>(first - entries) + 1;
       DeleteLines(lists, test, position, position);
       lists.RecallCount(test) = static_cast<std::int16_t>(std::count_if(entries, end, HasItem));
-      return CheckFinding{test, position, kItemColumn, DuplicateMessage(item, firstPosition, position, test)};
+      return CheckFinding{test, position, kItemColumn, DuplicateMessage(item, firstPosition, position, test), item};
     }
   }
   return std::nullopt;

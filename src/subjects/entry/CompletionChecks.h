@@ -16,6 +16,7 @@ struct CheckFinding {
   int Position = 0;
   int Column = 1;       ///< 1 item, 2 minute, 3 rating
   std::string Message;  ///< the text of a fault or the question of a warning
+  int Item = 0;         ///< that the message names
 };
 
 struct CheckResult {

@@ -16,6 +16,8 @@ namespace {
 // A number beyond 16 bits is above every limit.
 int OrBeyondAnyRange(std::optional<std::int16_t> number) { return number ? *number : std::numeric_limits<int>::max(); }
 
+std::string NoWordText(std::string_view text) { return "'" + std::string(text) + "' is not on the word list."; }
+
 }  // namespace
 
 EntryGrid::EntryGrid(SubjectRecord& record, Preferences& preferences, MessageBoxes& boxes, Desktop& desktop)
@@ -27,6 +29,7 @@ GridRules EntryGrid::Rules() {
                 return NumberCell(cell.Column == 0 ? cell.Line
                                                    : CellValue(m_record.Lists.At(test, cell.Line), cell.Column));
               },
+          .Shown = [this](int test, GridCell cell) { return Shown(test, cell); },
           .SetText =
               [this](int test, GridCell cell, const std::string& text) {
                 SetCellValue(m_record.Lists.At(test, cell.Line), cell.Column, CellNumber(text));
@@ -36,6 +39,17 @@ GridRules EntryGrid::Rules() {
           .Pasted = [this](GridCell cell, std::string_view text) { return Pasted(cell, text); },
           .Next = [this](GridCell entered) { return Next(entered); },
           .IsUsed = [this](int column) { return IsColumnUsed(*m_project, Test(), column); },
+          .IsTyped = [this](std::string_view text) { return IsTyped(text); },
+          .MoveChoice =
+              [this](int lines) {
+                m_words.Follow(m_cells.EntryText());
+                return m_words.Move(lines);
+              },
+          .CloseChoices =
+              [this] {
+                m_words.Follow(m_cells.EntryText());
+                return m_words.Close();
+              },
           .TabStaysAtEnds = false,
           .DeleteBlanks = false,
           .CopiesFromOneCell = true,
@@ -45,7 +59,7 @@ GridRules EntryGrid::Rules() {
 void EntryGrid::Open(const ProjectParameters& project) {
   assert(m_record.Lists.TestCount() == project.TestCount && m_record.Lists.PositionCount() == project.ItemCount);
   m_project = &project;
-  m_cells.Open(project.ItemCount, {{"Item #"}, {"Recalled"}, {"Minute"}, {"Rating"}});
+  m_cells.Open(project.ItemCount, {{"Item #"}, {"Recalled", !m_words.IsEmpty()}, {"Minute"}, {"Rating"}});
 }
 
 std::string EntryGrid::WhereText() const {
@@ -53,23 +67,55 @@ std::string EntryGrid::WhereText() const {
   std::string text = m_cells.Columns()[static_cast<std::size_t>(column)].Heading;
   if (column == kItemColumn) text += ", line " + std::to_string(line);
   if (!m_cells.IsUsed(column)) return text;
-  return text + " (1 to " + std::to_string(ColumnLimit(*m_project, column)) + ")";
+  return text + " (1 to " + std::to_string(ColumnLimit(*m_project, column)) + (TakesWords() ? ", or a word)" : ")");
 }
 
-std::string EntryGrid::DroppedText(const std::string& character) {
-  return "'" + character + "' was not taken: only digits can be typed here.";
+std::string EntryGrid::DroppedText(const std::string& character) const {
+  const bool isNumber = !m_cells.EntryText().empty() && IsNumber(m_cells.EntryText());
+  return "'" + character + "' was not taken: " +
+         (TakesWords() && !isNumber ? "type a number or a word." : "only digits can be typed here.");
 }
 
-CellInput EntryGrid::Typed(GridCell cell, std::string_view text) const {
-  const int number = OrBeyondAnyRange(LeadingInteger16(text));
+std::string EntryGrid::Shown(int test, GridCell cell) const {
+  if (cell.Column == 0) return NumberCell(cell.Line);
+  const int value = CellValue(m_record.Lists.At(test, cell.Line), cell.Column);
+  return cell.Column == kItemColumn && value != 0 ? ItemName(m_words.List(), value) : NumberCell(value);
+}
+
+const EntryWords& EntryGrid::WordsForBox() {
+  m_words.Follow(m_cells.EntryText());
+  return m_words;
+}
+
+void EntryGrid::TakeWord(int line) {
+  m_words.Follow(m_cells.EntryText());
+  m_words.Choose(line);
+  m_cells.Enter();
+}
+
+bool EntryGrid::IsTyped(std::string_view text) const {
+  return IsNumber(text) || (TakesWords() && m_words.IsWord(text) && IsPrintable(text));
+}
+
+CellInput EntryGrid::Typed(GridCell cell, std::string_view text) {
+  int number = OrBeyondAnyRange(LeadingInteger16(text));
   const auto refusal = m_cells.Selection().IsOneCell() ? CellRefusal : BlockRefusal;
+  if (cell.Column == kItemColumn && m_cells.Selection().IsOneCell() && m_words.IsWord(text)) {
+    m_words.Follow(text);
+    number = m_words.Item();
+    if (number == 0) return {{}, NoWordText(text), m_words.NearestText(text), /*KeepsText=*/true};
+  }
   return {NumberCell(number), refusal(*m_project, Test(), cell.Column, number)};
 }
 
 CellInput EntryGrid::Pasted(GridCell cell, std::string_view text) const {
   if (cell.Line > m_cells.Lines() || cell.Column > kRatingColumn) return {{}, RangeRefusal(cell.Column)};
   if (text.empty()) return {};
-  const int number = OrBeyondAnyRange(DigitsInteger16(text));
+  int number = OrBeyondAnyRange(DigitsInteger16(text));
+  if (cell.Column == kItemColumn && m_words.IsWord(text)) {
+    number = m_words.ItemOf(text);
+    if (number == 0) return {{}, NoWordText(text)};
+  }
   // A pasted column of items has many numbers, not one number for all lines.
   const auto refusal = cell.Column == kItemColumn ? CellRefusal : BlockRefusal;
   return {NumberCell(number), refusal(*m_project, Test(), cell.Column, number)};

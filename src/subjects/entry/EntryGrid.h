@@ -3,12 +3,14 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "grid/TypedGrid.h"
 #include "subjects/SubjectRecord.h"
 #include "subjects/entry/EntryLists.h"
 #include "subjects/entry/EntryPreferences.h"
+#include "subjects/entry/EntryWords.h"
 
 namespace zova {
 
@@ -23,11 +25,19 @@ class EntryGrid {
   [[nodiscard]] int Test() const noexcept { return m_cells.Page(); }
   TypedGrid& Cells() noexcept { return m_cells; }
 
+  /// Lets recalls be typed and shown as words of the list, for all subjects from now on.
+  void SetWords(WordList list) { m_words.Set(std::move(list)); }
+  [[nodiscard]] const WordList& Words() const noexcept { return m_words.List(); }
+  /// The words for the text in the box.
+  const EntryWords& WordsForBox();
+  /// Enters a line of their list, from 0.
+  void TakeWord(int line);
+
   /// Where the cursor is: "Recalled, line 10 (1 to 60)", "Minute (1 to 7)"; without numbers in a column not in use.
   [[nodiscard]] std::string WhereText() const;
 
   /// Says that a typed character was not taken.
-  [[nodiscard]] static std::string DroppedText(const std::string& character);
+  [[nodiscard]] std::string DroppedText(const std::string& character) const;
 
   void InsertLine();
   void DeleteSelectedLines();
@@ -39,7 +49,12 @@ class EntryGrid {
 
  private:
   [[nodiscard]] GridRules Rules();
-  [[nodiscard]] CellInput Typed(GridCell cell, std::string_view text) const;
+  [[nodiscard]] std::string Shown(int test, GridCell cell) const;
+  [[nodiscard]] bool TakesWords() const noexcept {
+    return !m_words.IsEmpty() && m_cells.Cursor().Column == kItemColumn;
+  }
+  [[nodiscard]] bool IsTyped(std::string_view text) const;
+  [[nodiscard]] CellInput Typed(GridCell cell, std::string_view text);
   [[nodiscard]] CellInput Pasted(GridCell cell, std::string_view text) const;
   GridCell Next(GridCell entered);
   GridCell NextBlank(GridCell cell);
@@ -52,6 +67,7 @@ class EntryGrid {
   Preferences& m_preferences;
   MessageBoxes& m_boxes;
   const ProjectParameters* m_project = nullptr;
+  EntryWords m_words;
   TypedGrid m_cells;
 };
 

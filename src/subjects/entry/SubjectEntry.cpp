@@ -97,7 +97,7 @@ bool SubjectEntry::ListsPassTheChecks() {
   if (!result.Fault) return true;
   ShowFinding(*result.Fault);
   m_platform.Pointer.Beep();
-  Warn(m_platform.Boxes, result.Fault->Message);
+  Warn(m_platform.Boxes, result.Fault->Message, ItemNote(m_grid.Words(), result.Fault->Item));
   return false;
 }
 
