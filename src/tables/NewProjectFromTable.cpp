@@ -82,8 +82,7 @@ std::size_t FindItems(const ProposalSurvey& survey, const TableSurvey& table, co
 
 std::string FindTests(Disk& disk, const TableSetup& setup, const TableSurvey& table, const ImportOptions& options,
                       ProjectParameters& project) {
-  const int count =
-      options.Tests == TestsBy::Rank ? table.MostLabels : static_cast<int>(table.Labels.size());
+  const int count = options.Tests == TestsBy::Rank ? table.MostLabels : static_cast<int>(table.Labels.size());
   if (count < 1) return "The table has no rows of recalls.";
   if (count > kMaxTests) {
     return "The table has " + std::to_string(count) + " tests; a project has at most 15" + PartsText(disk, setup);

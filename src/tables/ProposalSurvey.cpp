@@ -39,7 +39,7 @@ class Surveyor {
     m_survey.HasCategories = setup.Columns.Has(ColumnRole::Category);
     for (std::size_t i = 0; i < table.Subjects.size(); ++i) m_subjects.emplace(table.Subjects[i].Text, i);
     for (int column = 0; column < static_cast<int>(setup.Format.Names.size()); ++column) {
-      if (HasRole(column)) continue;
+      if (HasRole(setup, column)) continue;
       m_candidates.push_back({column, false, {}, std::vector<int>(table.Subjects.size())});
     }
   }
@@ -64,14 +64,6 @@ class Surveyor {
   }
 
  private:
-  [[nodiscard]] bool HasRole(int column) const {
-    const auto& roles = m_setup.Columns.Roles;
-    const auto& responses = m_setup.Layout.Responses;
-    return std::find(roles.begin(), roles.end(), column) != roles.end() ||
-           std::any_of(responses.begin(), responses.end(),
-                       [&](const ResponseColumn& r) { return static_cast<int>(r.Column) == column; });
-  }
-
   // Numbers by value, so that level 2 is "2".
   static std::vector<std::string> SortedLevels(std::vector<std::string> levels) {
     const auto isNumber = [](const std::string& text) { return WholeNumber(text).has_value(); };

@@ -146,6 +146,14 @@ TableSetup SetUpTable(Disk& disk, const std::string& path, const TableOptions& o
   return setup;
 }
 
+bool HasRole(const TableSetup& setup, int column) {
+  const auto& roles = setup.Columns.Roles;
+  const auto& responses = setup.Layout.Responses;
+  return std::find(roles.begin(), roles.end(), column) != roles.end() ||
+         std::any_of(responses.begin(), responses.end(),
+                     [&](const ResponseColumn& r) { return static_cast<int>(r.Column) == column; });
+}
+
 TableReader::TableReader(Disk& disk, const TableSetup& setup)
     : m_setup(setup), m_reader(OpenTable(disk, setup.Path, setup.Format)) {
   for (const RowFilter& filter : setup.Options.Where) {

@@ -34,6 +34,9 @@ RowKind KindOfRow(std::string_view trialType);
 TableSetup SetUpTable(Disk& disk, const std::string& path, const TableOptions& options,
                       const ProjectParameters& project);
 
+/// True for a column that has a role or holds responses.
+bool HasRole(const TableSetup& setup, int column);
+
 /// Reads the rows of a table that its filters let through, without allocating per row.
 class TableReader {
  public:

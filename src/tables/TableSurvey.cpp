@@ -159,30 +159,38 @@ class Surveyor {
   std::size_t m_texts = 0;
 };
 
-// The parts into which one column divides a table.
+// The parts into which one column divides a table. Mostly a row is of the same part and subject as the one before.
 struct Parts {
   struct Part {
     TextMap<int> Labels;
     TextMap<int> Subjects;
     TextMap<int> Studied;
+    std::string LastSubject;
   };
   TextMap<Part> ByValue;
+  TextMap<Part>::value_type* Last = nullptr;
   bool IsOut = false;
 
   void Add(std::string_view value, std::string_view subject, const std::vector<std::string_view>& labels,
            std::string_view studied) {
     if (IsOut) return;
-    auto found = ByValue.find(value);
-    if (found == ByValue.end()) found = ByValue.emplace(value, Part{}).first;
-    Part& part = found->second;
+    if (Last == nullptr || Last->first != value) {
+      auto found = ByValue.find(value);
+      if (found == ByValue.end()) found = ByValue.emplace(value, Part{}).first;
+      Last = &*found;
+    }
+    Part& part = Last->second;
     for (const std::string_view label : labels) {
       if (part.Labels.find(label) == part.Labels.end()) part.Labels.emplace(label, 0);
     }
-    if (part.Subjects.find(subject) == part.Subjects.end()) part.Subjects.emplace(subject, 0);
+    if (part.LastSubject != subject || part.Subjects.empty()) {
+      part.LastSubject = subject;
+      if (part.Subjects.find(subject) == part.Subjects.end()) part.Subjects.emplace(subject, 0);
+    }
     if (!studied.empty() && part.Studied.find(studied) == part.Studied.end()) part.Studied.emplace(studied, 0);
     IsOut = ByValue.size() > kMaxPartValues || part.Studied.size() > static_cast<std::size_t>(kMaxItems) ||
             part.Labels.size() > kMaxTests || part.Subjects.size() > static_cast<std::size_t>(kMaxSubjects);
-    if (IsOut) ByValue.clear();
+    if (IsOut) ByValue = {};
   }
 };
 
@@ -198,6 +206,7 @@ TableSurvey SurveyTable(Disk& disk, const TableSetup& setup, bool hasWordList) {
 std::string PartsText(Disk& disk, const TableSetup& setup) {
   TableReader reader(disk, setup);
   std::vector<Parts> parts(setup.Format.Names.size());
+  for (std::size_t i = 0; i < parts.size(); ++i) parts[i].IsOut = HasRole(setup, static_cast<int>(i));
   std::vector<std::string_view> labels;
   while (reader.Next()) {
     labels.clear();
@@ -213,9 +222,7 @@ std::string PartsText(Disk& disk, const TableSetup& setup) {
   }
   std::string text;
   for (std::size_t i = 0; i < parts.size(); ++i) {
-    const int column = static_cast<int>(i);
-    const bool isOwn = column == setup.Columns.Of(ColumnRole::Test);
-    if (parts[i].IsOut || parts[i].ByValue.size() < 2 || isOwn) continue;
+    if (parts[i].IsOut || parts[i].ByValue.size() < 2) continue;
     text.append(text.empty() ? "; a part by --where would fit: " : ", ").append(setup.Format.Names[i]);
   }
   return text.empty() ? "; no column divides the table into parts that would fit" : text;

@@ -87,6 +87,7 @@ TEST_F(EntryPanelTest, WordsAreListedWhileTheyAreTyped) {
     }
     return text.toStdString();
   };
+  QCoreApplication::processEvents();  // lays out
   const int height = Find<QTableView>("grdInput")->height();
   Type("AP");
   EXPECT_EQ(listed(), "2 apple* 3 applet 4 grape ");
