@@ -7,6 +7,7 @@
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QRegularExpression>
+#include <QStackedWidget>
 #include <QTableView>
 #include <QTest>
 #include <QTimer>
@@ -92,6 +93,9 @@ TEST_F(MainWindowTest, NoAccessKeyStandsTwiceOnAScreen) {
       const auto* panel = qobject_cast<const Panel*>(child);
       if (!panel) continue;
       QList<QWidget*> pages = panel->findChildren<QWidget*>(QRegularExpression("^FraPrmScr"));
+      if (const auto* import = panel->findChild<QStackedWidget*>("staImport")) {
+        for (int page = 0; page < import->count(); ++page) pages.append(import->widget(page));
+      }
       if (pages.isEmpty()) pages.append(nullptr);
       for (const QWidget* page : pages) {
         auto keys = AccessKeys(*panel, page, pages);
@@ -106,7 +110,7 @@ TEST_F(MainWindowTest, NoAccessKeyStandsTwiceOnAScreen) {
         EXPECT_TRUE(name != "fraMain" || keys.size() == 15U) << "a picture has none";
       }
     }
-    EXPECT_EQ(screens, 20);
+    EXPECT_EQ(screens, 25);
   }
 }
 
@@ -120,7 +124,7 @@ TEST_F(MainWindowTest, EntriesAndPanelFollowTheSession) {
   QTest::mouseClick(Button("cmdOpen"), Qt::LeftButton);
   EXPECT_EQ(Button("cmdOpen")->text().remove('&'), "Change Project");
   const auto names = m_window.findChildren<QLabel*>("lblProjectName");
-  EXPECT_EQ(names.size(), 8);
+  EXPECT_EQ(names.size(), 11);
   for (const QLabel* name : names) EXPECT_EQ(name->text(), "Project: Example");
   EXPECT_TRUE(Entry("mnuSkip")->isEnabled());
   Entry("mnuautosave")->trigger();
