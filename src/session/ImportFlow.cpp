@@ -219,6 +219,8 @@ void ImportFlow::ListChoices() {
       if (question.Answers.empty()) m_asked.back().Answers = LevelsOf(question.Variable, *m_project);
     }
   }
+  m_totals = m_draft->Plan.Totals;
+  std::erase_if(m_totals, [](const ImportTotal& total) { return total.Count == 0; });
   m_choices.clear();
   for (const ImportQuestion& question : m_asked) {
     ImportChoice choice{NameOfQuestion(question), question.Text, {}, -1};
@@ -258,20 +260,19 @@ std::string ImportFlow::DryRunLine() const {
 }
 
 int ImportFlow::DryRunRows() const noexcept {
-  return static_cast<int>(m_draft->Plan.Totals.size() + m_draft->Plan.Findings.Cases.size());
+  return static_cast<int>(m_totals.size() + m_draft->Plan.Findings.Cases.size());
 }
 
 std::string ImportFlow::DryRunText(int row, int column) const {
   const auto index = static_cast<std::size_t>(row);
   if (!m_draft || row >= DryRunRows()) return {};
-  const std::vector<ImportTotal>& totals = m_draft->Plan.Totals;
-  if (index < totals.size()) {
-    const ImportTotal& total = totals[index];
+  if (index < m_totals.size()) {
+    const ImportTotal& total = m_totals[index];
     const std::array<std::string, 7> texts = {total.What, std::to_string(total.Count), "", total.Column, "", total.Test,
                                               total.Text};
     return texts.at(static_cast<std::size_t>(column));
   }
-  const ImportCase& found = m_draft->Plan.Findings.Cases[index - totals.size()];
+  const ImportCase& found = m_draft->Plan.Findings.Cases[index - m_totals.size()];
   const std::array<std::string, 7> texts = {std::string(CaseName(found.Kind)),
                                             std::to_string(found.Count),
                                             found.Row == 0 ? "" : std::to_string(found.Row),

@@ -74,7 +74,7 @@ class ImportFlow {
   [[nodiscard]] const std::vector<ImportChoice>& Choices() const noexcept { return m_choices; }
   void Choose(const std::string& name, int answer);
   [[nodiscard]] std::string DryRunLine() const;
-  /// Totals, then cases, as in the report; columns from 0.
+  /// Totals other than 0, then cases, as in the report; columns from 0.
   [[nodiscard]] int DryRunRows() const noexcept;
   [[nodiscard]] std::string DryRunText(int row, int column) const;
   [[nodiscard]] bool MayImport() const;
@@ -112,6 +112,7 @@ class ImportFlow {
   std::vector<ImportQuestion> m_asked;           // all that were raised
   std::map<std::string, std::string> m_answers;  // by the choice's name
   std::vector<ImportChoice> m_choices;
+  std::vector<ImportTotal> m_totals;  // other than 0
   ProjectProposal m_proposal;
   std::vector<bool> m_offers;
   std::string m_table;  // of a new project

@@ -174,7 +174,9 @@ QWidget* ImportPanel::MakeReviewPage() {
   acts->addStretch();
   rows->addLayout(acts);
   auto* other = new QHBoxLayout;
-  other->addWidget(MakeLabel("lblReviewItem", "Another it&em or word:", m_txtReviewItem));
+  QLabel* label = MakeLabel("lblReviewItem", "Another it&em or word:", m_txtReviewItem);
+  label->setWordWrap(false);
+  other->addWidget(label);
   other->addWidget(m_txtReviewItem, 1);
   rows->addLayout(other);
   m_grdReview->installEventFilter(this);
