@@ -96,7 +96,7 @@ QWidget* ImportPanel::MakeProjectPage() {
                             "Recalls go into a project.  Open the one to which they belong, or let a new one be made "
                             "from the table."));
   AddQuestionGap(*rows);
-  auto* open = MakeActButton("cmdImportOpen", "Open &Existing Project", [this] { m_session.ImportIntoExisting(); });
+  auto* open = MakeActButton("cmdImportOpen", "Open Existin&g Project", [this] { m_session.ImportIntoExisting(); });
   m_cmdImportNew = MakeActButton("cmdImportNew", "&New Project From a Table", [this] { m_flow.ChooseNew(); });
   rows->addWidget(open, 0, Qt::AlignLeft);
   AddQuestionGap(*rows);
@@ -129,7 +129,7 @@ QWidget* ImportPanel::MakeTablePage() {
   columnRows->addWidget(m_grdColumns, 1);
   m_grdColumns->setSelectionMode(QAbstractItemView::SingleSelection);
   auto* use = new QHBoxLayout;
-  use->addWidget(MakeLabel("lblColumnUse", "&Used as:", m_cboColumnUse));
+  use->addWidget(MakeLabel("lblColumnUse", "Us&ed as:", m_cboColumnUse));
   use->addWidget(m_cboColumnUse, 1);
   columnRows->addLayout(use);
   auto* filter = new QHBoxLayout;
@@ -174,7 +174,7 @@ QWidget* ImportPanel::MakeReviewPage() {
   acts->addStretch();
   rows->addLayout(acts);
   auto* other = new QHBoxLayout;
-  QLabel* label = MakeLabel("lblReviewItem", "Another it&em or word:", m_txtReviewItem);
+  QLabel* label = MakeLabel("lblReviewItem", "Another item or &word:", m_txtReviewItem);
   label->setWordWrap(false);
   other->addWidget(label);
   other->addWidget(m_txtReviewItem, 1);
@@ -188,7 +188,7 @@ QWidget* ImportPanel::MakeReviewPage() {
 QWidget* ImportPanel::MakeDryRunPage() {
   auto* table = new QWidget;
   QVBoxLayout* rows = RowsOf(table);
-  rows->addWidget(MakeLabel("lblDryRun", "What the import &would do:", m_grdDryRun));
+  rows->addWidget(MakeLabel("lblDryRun", "What the import would do:"));
   rows->addWidget(m_grdDryRun, 1);
   return MakeSides(m_choices, table);
 }
