@@ -5,8 +5,14 @@
 #include <QFileInfo>
 #include <QSettings>
 #include <QTimer>
+#include <algorithm>
+#include <cstdlib>
+#include <iostream>
+#include <optional>
+#include <string_view>
 
 #include "app/MainWindow.h"
+#include "app/ReportRun.h"
 #include "app/desktop/Application.h"
 #include "app/desktop/HelpWindow.h"
 #include "app/desktop/OpenRequests.h"
@@ -20,10 +26,13 @@
 #include "app/widgets/Controls.h"
 #include "platform/desktop/FileErrorBoxes.h"
 #include "platform/desktop/FileSettings.h"
+#include "platform/files/PathParts.h"
 #include "session/Version.h"
 
 namespace zova {
 namespace {
+
+constexpr const char* kReportOption = "report";
 
 // The directory of help and example: beside `bin` in an installation, beside the program in a build folder. macOS has
 // them in the bundle, and an installation on Windows in the program's directory, where they are used.
@@ -53,17 +62,45 @@ std::string SettingsFile() {
   return FromQt(QDir::toNativeSeparators(settings.fileName()));
 }
 
-// The project that the command line names, as a drive-letter path.
-std::string ProjectToOpen(const Disk& disk) {
+std::vector<std::string> NamesIn(const QString& list) {
+  std::vector<std::string> names;
+  for (const QString& name : list.split(',', Qt::SkipEmptyParts)) names.push_back(FromQt(name));
+  return names;
+}
+
+struct CommandLine {
+  std::string Project;                  ///< "" for none
+  std::optional<ReportOptions> Report;  ///< it ends without a window
+};
+
+// Paths become drive-letter paths.
+CommandLine ReadCommandLine(const Disk& disk) {
   QCommandLineParser parser;
   parser.setApplicationDescription("Recall experiments: define a project, enter its subjects, make their masters.");
   parser.addHelpOption();
   parser.addVersionOption();
   parser.addPositionalArgument("FILE.prm", "The project that is to be opened.", "[FILE.prm]");
+  const QCommandLineOption report(kReportOption, "Write a report of the project without a window.", "FILE.html");
+  const QCommandLineOption means("means", "With --report: the variables of its means, crossed.", "VARIABLE,...");
+  const QCommandLineOption measures("measures", "With --report: its measures, by their names in the master.",
+                                    "NAME,...");
+  parser.addOptions({report, means, measures});
   parser.process(*QCoreApplication::instance());
-  if (parser.positionalArguments().isEmpty()) return {};
-  const QString file = QFileInfo(parser.positionalArguments().front()).absoluteFilePath();
-  return disk.Drives().ToDrivePath(FromQt(QDir::toNativeSeparators(file)));
+  const auto drivePath = [&](const QString& path) {
+    const std::string text = FromQt(path);
+    if (HasDrive(text)) return text;
+    return disk.Drives().ToDrivePath(FromQt(QDir::toNativeSeparators(QFileInfo(path).absoluteFilePath())));
+  };
+  CommandLine line;
+  if (!parser.positionalArguments().isEmpty()) line.Project = drivePath(parser.positionalArguments().front());
+  if (!parser.isSet(report)) return line;
+  if (line.Project.empty()) {
+    std::cerr << "zova: --report needs a project's file\n";
+    std::exit(2);
+  }
+  line.Report = ReportOptions{drivePath(parser.value(report)), line.Project, NamesIn(parser.value(means)),
+                              NamesIn(parser.value(measures))};
+  return line;
 }
 
 void ComeUp(QWidget& window) {
@@ -76,7 +113,9 @@ void ComeUp(QWidget& window) {
 int RunApplication(Application& application, QtDesktop& desktop, QtMessageBoxes& boxes) {
   NativeFileLayer layer;
   Disk disk(layer, DriveMap::FromEnvironment());
-  const std::string project = ProjectToOpen(disk);
+  const CommandLine line = ReadCommandLine(disk);
+  if (line.Report) return RunReport(*line.Report, disk);
+  const std::string& project = line.Project;
   QtFileDialogs dialogs(disk, desktop);
   FileSettings settings(disk, SettingsFile());
   HelpWindow help(disk);
@@ -129,6 +168,11 @@ int main(int argc, char** argv) {
   QCoreApplication::setOrganizationName("ZOVA");
   QCoreApplication::setApplicationName("Dorvan's ZOVA");
   QCoreApplication::setApplicationVersion(zova::kVersion);
+  // A report is made without a display, too.
+  const bool isReport = std::any_of(argv, argv + argc, [](const char* text) {
+    return std::string_view(text).starts_with(std::string("--") + zova::kReportOption);
+  });
+  if (isReport && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
   zova::Application application(argc, argv);
   QApplication::setStyle(new zova::Style);
   QApplication::setDesktopFileName("zova");

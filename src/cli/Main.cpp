@@ -9,7 +9,7 @@
 
 #include "cli/Arguments.h"
 #include "cli/CommandLine.h"
-#include "cli/NoDesktop.h"
+#include "platform/desktop/NoDesktop.h"
 #include "cli/Terminal.h"
 #include "master/groups/SavedOrders.h"
 #include "master/run/CombinedMaster.h"

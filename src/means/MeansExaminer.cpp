@@ -413,6 +413,15 @@ std::optional<PlotTarget> MeansExaminer::AskPlotFile(const std::vector<PlotForma
 
 void MeansExaminer::SavePlot(const PlotTarget& target, const std::string& bytes) { Save(target.Path, bytes); }
 
+std::optional<std::string> MeansExaminer::AskReportFile() {
+  if (!CanReport()) return std::nullopt;
+  FileQuestion question = QuestionForSaving("Save Report", ResultFile::Report);
+  question.Filters = {{"HTML files (*.html)", "*.html"}, {"All files (*.*)", "*"}};
+  return m_platform.Dialogs.ChooseNewFile(question);
+}
+
+void MeansExaminer::SaveReport(const std::string& path, const std::string& bytes) { Save(path, bytes); }
+
 // A master can have any destination and name, so its content decides. Throws FileError.
 bool MeansExaminer::IsKept(const std::string& path) {
   if (IsProtectedFile(path, *m_project, m_platform.Files)) return true;

@@ -56,6 +56,13 @@ class MeansExaminer {
   /// Asks for the file of a plot in one of `formats`; nullopt when the user cancels.
   std::optional<PlotTarget> AskPlotFile(const std::vector<PlotFormat>& formats);
   void SavePlot(const PlotTarget& target, const std::string& bytes);
+  /// Asks for the file of a report; nullopt when the user cancels.
+  std::optional<std::string> AskReportFile();
+  void SaveReport(const std::string& path, const std::string& bytes);
+  /// With measures of an individual master of the open project.
+  [[nodiscard]] bool CanReport() const noexcept { return !m_furtherGroups.empty() && RowCount() > 0; }
+  [[nodiscard]] const MasterTable& Table() const noexcept { return m_table; }
+  [[nodiscard]] const MeansRequest& Request() const noexcept { return m_request; }
 
   [[nodiscard]] std::string FileLine() const;  ///< the master shown, or why there is none
   [[nodiscard]] std::string NoteLine() const;  ///< remarks on the numbers

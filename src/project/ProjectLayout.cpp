@@ -41,6 +41,7 @@ ResultFileName NameOfResult(ResultFile file) {
     case ResultFile::GroupsCsv: return {" Groups", ".csv"};
     case ResultFile::MeansTable: return {" Means", ".csv"};
     case ResultFile::MeansPlot: return {" Means", ".pdf"};
+    case ResultFile::Report: return {" Report", ".html"};
   }
   return {};
 }

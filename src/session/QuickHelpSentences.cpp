@@ -84,6 +84,8 @@ constexpr auto kSentences = std::to_array<Sentence>({
     {"cmdPicUnfinished", "Takes up a subject whose entry was put aside, so that you can complete it."},
     {"cmdPlotSave", "Saves the plot for print, as a PDF, SVG or PNG file."},
     {"cmdRedo", "Makes the change again that was taken back last; <Ctrl+Y> in the empty box does the same."},
+    {"cmdReport",
+     "Saves a page of the chosen measures and variables: design, definitions, means and plots, for any browser."},
     {"cmdReview", "Cycles through the variables entered so far, one after another."},
     {"cmdSetPath", "Accepts the directory that stands in the box."},
     {"cmdSubCancel", "Leaves this subject without saving what was changed since the last save; saved subjects stay."},

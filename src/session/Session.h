@@ -12,6 +12,7 @@
 #include "project/ProjectOpening.h"
 #include "project/ProjectOverview.h"
 #include "project/wizard/NewProjectWizard.h"
+#include "report/HtmlReport.h"
 #include "session/ImportFlow.h"
 #include "session/LocationFlow.h"
 #include "session/MasterFlow.h"
@@ -139,6 +140,9 @@ class Session {
 
   MeansExaminer& Means() noexcept { return m_means; }
   void CloseMeans();
+  /// Saves a report of the measures and variables chosen in Examine Means. What could not be computed is left out of
+  /// it.
+  void SaveReport(const std::string& path, const DrawSvg& draw);
 
   WordListEditor& Words() noexcept { return m_words; }
   /// Asks before unsaved changes are lost.

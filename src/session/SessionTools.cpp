@@ -8,6 +8,9 @@
 #include "session/Session.h"
 
 #include "platform/desktop/FileErrorBoxes.h"
+#include "project/ProjectLayout.h"
+#include "report/ReportData.h"
+#include "session/Version.h"
 
 namespace zova {
 
@@ -15,6 +18,21 @@ void Session::ExamineMeans() {
   if (!OpenFirst()) return;
   m_screen = Screen::Means;
   m_means.Open(*m_project, m_masters.LastHeader());
+}
+
+void Session::SaveReport(const std::string& path, const DrawSvg& draw) {
+  MeansRequest means = m_means.Request();
+  means.LeavesOutUncomputed = true;
+  means.More = {};
+  std::vector<std::string> measures, variables, notices;
+  for (const std::size_t measure : means.Measures) measures.push_back(m_means.Table().MeasureName(measure));
+  for (const std::size_t variable : means.Variables) variables.push_back(m_means.Table().Variables[variable]);
+  if (!m_means.NoteLine().empty()) notices.push_back(m_means.NoteLine());
+  if (!WithRetry(m_platform.Boxes, [&] { AddUnfinishedNotice(*m_project, m_platform.Files, notices); })) return;
+  const std::string project = ParameterFilePath(m_project->PrimaryDir, *m_project);
+  m_means.SaveReport(path, ReportHtml({*m_project, m_means.Table(), means, std::move(notices),
+                                       ReportCommand(path, project, variables, measures), kVersion},
+                                      draw));
 }
 
 void Session::CloseMeans() {

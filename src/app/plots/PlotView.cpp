@@ -365,4 +365,10 @@ QByteArray RenderPicture(const PlotPicture& picture, PlotFormat format) {
   return bytes;
 }
 
+std::string DrawnSvg(const PlotPicture& picture) {
+  const std::vector<PlotFormat> formats = PlotFormats();
+  if (std::find(formats.begin(), formats.end(), PlotFormat::Svg) == formats.end()) return {};
+  return RenderPicture(picture, PlotFormat::Svg).toStdString();
+}
+
 }  // namespace zova

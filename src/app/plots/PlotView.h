@@ -36,4 +36,7 @@ class PlotView : public QCustomPlot {
 /// stays text.
 QByteArray RenderPicture(const PlotPicture& picture, PlotFormat format);
 
+/// The picture as SVG; "" without Qt's SVG module.
+std::string DrawnSvg(const PlotPicture& picture);
+
 }  // namespace zova

@@ -176,7 +176,7 @@ QWidget* MeansPanel::MakeChoices() {
   m_txtFilter->setAccessibleName("Filter");
   m_txtFilter->setClearButtonEnabled(true);
   connect(m_txtFilter, &QLineEdit::textChanged, this, &MeansPanel::ShowFiltered);
-  m_cmdMeansFamily = MakeActButton("cmdMeansFamily", "Whole &Series", [this] { m_rules.ChooseWholeSeries(); });
+  m_cmdMeansFamily = MakeActButton("cmdMeansFamily", "&Whole Series", [this] { m_rules.ChooseWholeSeries(); });
   rows->addWidget(m_cmdMeansFamily);
   rows->addWidget(MakeLabel("lblMeansVariables", "&Variables:", m_lstMeansVariables));
   rows->addWidget(m_lstMeansVariables, 1);
@@ -236,6 +236,7 @@ void MeansPanel::AddButtons() {
   m_cmdMeansCopy = AddButton("cmdMeansCopy", "Cop&y Table", [this] { Copy(); });
   m_cmdMeansSave = AddButton("cmdMeansSave", "Save Ta&ble...", [this] { m_rules.SaveTable(); });
   m_cmdPlotSave = AddButton("cmdPlotSave", "Sav&e Plot...", [this] { SavePlot(); });
+  m_cmdReport = AddButton("cmdReport", "&Save Report...", [this] { SaveReport(); });
   m_cancel = AddButton("cmdMeansClose", "&Close", [this] { m_session.CloseMeans(); });
 }
 
@@ -247,6 +248,12 @@ void MeansPanel::SavePlot() {
   const auto target = m_rules.AskPlotFile(PlotFormats());
   if (!target) return;
   Act([&] { m_rules.SavePlot(*target, RenderPicture(m_rules.Picture(), target->Format).toStdString()); });
+}
+
+void MeansPanel::SaveReport() {
+  const auto path = m_rules.AskReportFile();
+  if (!path) return;
+  Act([&] { m_session.SaveReport(*path, DrawnSvg); });
 }
 
 void MeansPanel::FillLists() {
@@ -373,6 +380,7 @@ void MeansPanel::ShowState() {
   m_cmdMeansCopy->setEnabled(hasTable);
   m_cmdMeansSave->setEnabled(hasTable);
   m_cmdPlotSave->setEnabled(m_rules.HasPlot());
+  m_cmdReport->setEnabled(m_rules.CanReport());
   if (!m_model->Follow()) return;
   // What is hidden has no width.
   for (int column = 0; column < m_model->columnCount({}); ++column) m_grdMeans->setColumnHidden(column, false);

@@ -48,6 +48,7 @@ class MeansPanel : public Panel {
   void HideFiltered();
   void Copy();
   void SavePlot();
+  void SaveReport();
 
   Session& m_session;
   MeansExaminer& m_rules;
@@ -69,6 +70,7 @@ class MeansPanel : public Panel {
   QPushButton* m_cmdMeansCopy = nullptr;
   QPushButton* m_cmdMeansSave = nullptr;
   QPushButton* m_cmdPlotSave = nullptr;
+  QPushButton* m_cmdReport = nullptr;
   struct Heading {
     QListWidgetItem* Line;
     bool IsFolded;

@@ -8,7 +8,7 @@
 #include <utility>
 
 #include "cli/CommandLine.h"
-#include "cli/NoDesktop.h"
+#include "platform/desktop/NoDesktop.h"
 #include "cli/Terminal.h"
 #include "cli/import/ImportArguments.h"
 #include "master/groups/SavedOrders.h"

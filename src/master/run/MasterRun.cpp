@@ -110,7 +110,7 @@ class IndividualRun {
       m_rowCount = k;
       const std::string id = m_context.Subjects.SubjectId(k);
       if (!HandOn({id, m_context.Record, m_context.Scores, m_context.Row, m_furtherScores})) return false;
-      NoteSubject(id);
+      NoteSubject(id, m_context.Scores, m_context.Subjects.Oddities(), m_notices);
       if (m_request.Order) {
         AccumulateSerialPositions(ListsOfTrueItems(m_context.Record.Lists, m_context.Project, m_context.Scores),
                                   *m_request.Order, m_serialCounts);
@@ -140,24 +140,6 @@ class IndividualRun {
 
   bool HandOn(const ScoredSubject& subject) {
     return m_exports.WriteRows(subject) && (m_request.Sink == nullptr || m_request.Sink->Add(subject));
-  }
-
-  void NoteSubject(const std::string& id) {
-    if (m_context.Scores.Categories.AnyArcFailed) {
-      AddName(m_notices.ArcFailureList,
-              "For at least 1 test, the ARC score was unable to be calculated for subject(s): ", id);
-    }
-    if (m_context.Scores.Itr.AnyItrFailed) {
-      AddName(m_notices.BiItrFailureList,
-              "For at least 1 test, Bi-Directional ITR was unable to be calculated for subject(s): ", id);
-    }
-    const SubjectOddities& oddities = m_context.Subjects.Oddities();
-    if (oddities.TextReadAsZero) {
-      AddName(m_notices.TextReadAsZeroList, "Text stood where numbers belong, and was read as 0, for subject(s): ", id);
-    }
-    if (oddities.BlankInside) {
-      AddName(m_notices.BlankInsideList, "An item 0 stands inside a list of subject(s): ", id);
-    }
   }
 
   bool WriteSerialPositions() {
@@ -195,9 +177,26 @@ void AddOlderPieces(const MasterNotices& combined, MasterNotices& notices) {
   notices.OlderPieces.insert(notices.OlderPieces.end(), combined.OlderPieces.begin(), combined.OlderPieces.end());
 }
 
-void ShowMasterWarnings(const MasterNotices& notices, MessageBoxes& boxes) {
+void NoteSubject(const std::string& id, const ScoringArrays& scores, const SubjectOddities& oddities,
+                 MasterNotices& notices) {
+  if (scores.Categories.AnyArcFailed) {
+    AddName(notices.ArcFailureList,
+            "For at least 1 test, the ARC score was unable to be calculated for subject(s): ", id);
+  }
+  if (scores.Itr.AnyItrFailed) {
+    AddName(notices.BiItrFailureList,
+            "For at least 1 test, Bi-Directional ITR was unable to be calculated for subject(s): ", id);
+  }
+  if (oddities.TextReadAsZero) {
+    AddName(notices.TextReadAsZeroList, "Text stood where numbers belong, and was read as 0, for subject(s): ", id);
+  }
+  if (oddities.BlankInside) AddName(notices.BlankInsideList, "An item 0 stands inside a list of subject(s): ", id);
+}
+
+std::vector<std::string> MasterWarnings(const MasterNotices& notices) {
+  std::vector<std::string> warnings;
   for (const std::string& list : {notices.ArcFailureList, notices.BiItrFailureList}) {
-    if (!list.empty()) Warn(boxes, list + ".  You should delete these subjects before analysis.");
+    if (!list.empty()) warnings.push_back(list + ".  You should delete these subjects before analysis.");
   }
   std::string pieces, links;
   for (const std::string& name : notices.OlderPieces) {
@@ -206,8 +205,13 @@ void ShowMasterWarnings(const MasterNotices& notices, MessageBoxes& boxes) {
   for (const std::string& name : notices.DanglingLinks)
     AddName(links, "Links that lead to no file were left out: ", name);
   for (const std::string& list : {notices.TextReadAsZeroList, notices.BlankInsideList, pieces, links}) {
-    if (!list.empty()) Warn(boxes, list + ".");
+    if (!list.empty()) warnings.push_back(list + ".");
   }
+  return warnings;
+}
+
+void ShowMasterWarnings(const MasterNotices& notices, MessageBoxes& boxes) {
+  for (const std::string& warning : MasterWarnings(notices)) Warn(boxes, warning);
 }
 
 }  // namespace zova

@@ -11,6 +11,7 @@
 #include "master/groups/SerialPositions.h"
 #include "platform/desktop/Platform.h"
 #include "project/ProjectParameters.h"
+#include "subjects/SubjectFile.h"
 
 namespace zova {
 
@@ -64,7 +65,13 @@ std::string MissingOrderText(const MasterNotices& notices);
 /// Adds the pieces that a combined master's notices name to those of the individual one.
 void AddOlderPieces(const MasterNotices& combined, MasterNotices& notices);
 
-/// Shows what `notices` holds, in the order of its fields.
+/// Adds a subject to the lists that it belongs to.
+void NoteSubject(const std::string& id, const ScoringArrays& scores, const SubjectOddities& oddities,
+                 MasterNotices& notices);
+
+/// What `notices` holds as sentences, in the order of its fields.
+std::vector<std::string> MasterWarnings(const MasterNotices& notices);
+/// Shows each.
 void ShowMasterWarnings(const MasterNotices& notices, MessageBoxes& boxes);
 
 }  // namespace zova

@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/files/Disk.h"
+
+namespace zova {
+
+/// The options of `zova --report`; paths are drive-letter paths.
+struct ReportOptions {
+  std::string ReportFile;
+  std::string ProjectFile;
+  std::vector<std::string> Variables;
+  std::vector<std::string> Measures;  ///< none: those that a report has by default
+};
+
+/// Writes the report without a window; messages go to standard error. The exit code: 0, 1 if it is not written, 2 for
+/// an unknown variable or measure.
+int RunReport(const ReportOptions& options, Disk& disk);
+
+}  // namespace zova
