@@ -46,7 +46,7 @@ TEST_F(MeansPanelTest, KeysReachTheRulesAndWhatComesOfThemShows) {
   press(Qt::Key_Down, Qt::ShiftModifier);
   EXPECT_EQ(shown(), "Net(Test 1) 1; ArcScore(Test 1) 1; ");
   press(Qt::Key_A), press(Qt::Key_N);  // by its letter
-  press(Qt::Key_Home), press(Qt::Key_S, Qt::AltModifier);
+  press(Qt::Key_Home), press(Qt::Key_W, Qt::AltModifier);
   QTRY_COMPARE(shown(), "Net(Test 1) 1; Net(Test 2) 1; ");
   press(Qt::Key_V, Qt::AltModifier), press(Qt::Key_Space);
   EXPECT_EQ(shown(), "Net(Test 1) Joe; Net(Test 1) (all); Net(Test 2) Joe; Net(Test 2) (all); ");
