@@ -120,7 +120,17 @@ std::string CompanionPath(std::string_view directory, const ProjectParameters& p
 bool IsCompanionName(std::string_view name);
 
 /// Files computed from a project's subjects.
-enum class ResultFile { Master, CombinedMaster, SerialMaster, CleanCsv, LongCsv, GroupsCsv, MeansTable, MeansPlot, Report };
+enum class ResultFile {
+  Master,
+  CombinedMaster,
+  SerialMaster,
+  CleanCsv,
+  LongCsv,
+  GroupsCsv,
+  MeansTable,
+  MeansPlot,
+  Report
+};
 /// The default name of the file.
 std::string ResultName(const ProjectParameters& project, ResultFile file);
 /// A piece of a wide master (Master or CombinedMaster), `piece` from 1, in the primary directory.

@@ -10,11 +10,11 @@
 #include <vector>
 
 #include "cli/CommandLine.h"
-#include "cli/NoDesktop.h"
 #include "cli/Terminal.h"
 #include "compare/Agreement.h"
 #include "compare/EntryPairs.h"
 #include "platform/desktop/FileErrorBoxes.h"
+#include "platform/desktop/NoDesktop.h"
 #include "project/FileChanges.h"
 #include "project/ProjectFile.h"
 #include "project/ProjectOpening.h"
