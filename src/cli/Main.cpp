@@ -9,7 +9,6 @@
 
 #include "cli/Arguments.h"
 #include "cli/CommandLine.h"
-#include "platform/desktop/NoDesktop.h"
 #include "cli/Terminal.h"
 #include "master/groups/SavedOrders.h"
 #include "master/run/CombinedMaster.h"
@@ -19,6 +18,7 @@
 #include "means/MeansTable.h"
 #include "means/UncomputedValues.h"
 #include "platform/desktop/FileErrorBoxes.h"
+#include "platform/desktop/NoDesktop.h"
 #include "project/FileChanges.h"
 #include "project/ProjectFile.h"
 #include "project/ProjectOpening.h"

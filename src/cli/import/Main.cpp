@@ -8,11 +8,11 @@
 #include <utility>
 
 #include "cli/CommandLine.h"
-#include "platform/desktop/NoDesktop.h"
 #include "cli/Terminal.h"
 #include "cli/import/ImportArguments.h"
 #include "master/groups/SavedOrders.h"
 #include "platform/desktop/FileErrorBoxes.h"
+#include "platform/desktop/NoDesktop.h"
 #include "project/ProjectFile.h"
 #include "project/ProjectOpening.h"
 #include "session/Version.h"

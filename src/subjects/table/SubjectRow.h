@@ -38,7 +38,7 @@ struct SubjectRow {
   SubjectState State = SubjectState::Complete;
   int RemovedNumber = 1;  ///< of a removed one: which of this identifier
   bool HasUnfinished = false;
-  std::string Reason;     ///< of an unreadable one
+  std::string Reason;  ///< of an unreadable one
   std::array<std::int16_t, kMaxVariables> Levels{};
   std::vector<std::int16_t> Recalls;  ///< per test
   std::string FailedChecks;           ///< "gaps, duplicates"
