@@ -19,8 +19,6 @@ namespace zova {
 
 namespace {
 
-constexpr std::size_t kSampleValues = 5;
-
 std::string NameOfQuestion(const ImportQuestion& question) {
   return question.Variable.empty() ? question.Option : question.Option + " " + question.Variable;
 }
@@ -98,18 +96,6 @@ void ImportFlow::ChooseNew() {
   Show(Stage::Proposal);
 }
 
-std::string ImportFlow::ProposalText() const {
-  const ProjectParameters& project = m_proposal.Project;
-  std::string text = std::string(LastPathComponent(m_table)) + ": " +
-                     Counted(static_cast<std::size_t>(project.TestCount), "test", "tests") + ", " +
-                     Counted(static_cast<std::size_t>(project.ItemCount), "item", "items");
-  if (project.Categorized == 1) {
-    text += " in " + Counted(static_cast<std::size_t>(project.CategoryCount), "category", "categories");
-  }
-  for (const std::string& note : m_proposal.Notes) text += "\n" + note;
-  return text;
-}
-
 ProjectParameters ImportFlow::TakeProposal() {
   ProjectProposal proposal = m_proposal;
   for (std::size_t offer = 0; offer < m_offers.size(); ++offer) {
@@ -133,44 +119,6 @@ void ImportFlow::Resume(const ProjectParameters& project) {
     if (!isSaved) return Show(Stage::Closed);
   }
   Show(Draw(m_table, {}) ? Stage::Table : Stage::Closed);
-}
-
-std::string ImportFlow::TableLine() const {
-  const TableSurvey& survey = m_draft->Survey;
-  return std::string(LastPathComponent(m_draft->Setup.Path)) + ": " + Counted(survey.Rows, "row", "rows") + ", " +
-         Counted(survey.Subjects.size(), "subject", "subjects") + ", " + Counted(survey.Labels.size(), "test", "tests");
-}
-
-std::string ImportFlow::ColumnNotes() const {
-  std::string notes;
-  for (const auto* list : {&m_draft->Setup.Columns.Faults, &m_draft->Setup.Columns.Notes}) {
-    for (const ColumnNote& note : *list) notes += (notes.empty() ? "" : "\n") + note.Text;
-  }
-  return notes;
-}
-
-std::string ImportFlow::ColumnName(int column) const {
-  if (!m_draft || column >= ColumnCount()) return {};
-  return m_draft->Setup.Format.Names[static_cast<std::size_t>(column)];
-}
-
-std::string ImportFlow::ColumnSample(int column) const {
-  std::string sample;
-  std::vector<std::string_view> seen;
-  if (!m_draft) return sample;
-  for (const auto& row : m_draft->Setup.Format.Sample) {
-    if (static_cast<std::size_t>(column) >= row.size() || seen.size() == kSampleValues) continue;
-    const std::string& value = row[static_cast<std::size_t>(column)];
-    if (std::find(seen.begin(), seen.end(), value) != seen.end()) continue;
-    seen.push_back(value);
-    if (!sample.empty()) sample += ", ";
-    sample += value;
-  }
-  return sample;
-}
-
-int ImportFlow::ColumnUse(int column) const {
-  return m_draft ? UseOfColumn(m_draft->Setup.Columns, column, *m_project) : 0;
 }
 
 bool ImportFlow::Refresh() {
@@ -202,12 +150,6 @@ void ImportFlow::SetFilter(const std::string& column, const std::string& value) 
     options.Table.Where.clear();
     if (!column.empty()) options.Table.Where.push_back({column, value});
   });
-}
-
-std::string ImportFlow::ReviewLine() const {
-  const auto rows = static_cast<std::size_t>(m_review.RowCount());
-  return Counted(rows, "response is no word of its list", "responses are no words of their lists") + "; " +
-         std::to_string(m_review.OpenCount()) + " still open";
 }
 
 void ImportFlow::ListChoices() {
@@ -248,39 +190,6 @@ void ImportFlow::Choose(const std::string& name, int answer) {
     if (Change([&](ImportOptions& options) { AnswerQuestion(options, question, text); })) m_answers[name] = text;
   }
   ListChoices();
-}
-
-std::string ImportFlow::DryRunLine() const {
-  const ImportPlan& plan = m_draft->Plan;
-  const std::size_t written = plan.CountOf(SubjectAction::Write) + plan.CountOf(SubjectAction::Replace);
-  std::string line = Counted(written, "subject", "subjects") + " would be written";
-  if (!plan.Questions.empty()) line += "; " + Counted(plan.Questions.size(), "question is", "questions are") + " open";
-  if (plan.HasErrors()) line += "; the faults in the list have to be mended first";
-  return line;
-}
-
-int ImportFlow::DryRunRows() const noexcept {
-  return static_cast<int>(m_totals.size() + m_draft->Plan.Findings.Cases.size());
-}
-
-std::string ImportFlow::DryRunText(int row, int column) const {
-  const auto index = static_cast<std::size_t>(row);
-  if (!m_draft || row >= DryRunRows()) return {};
-  if (index < m_totals.size()) {
-    const ImportTotal& total = m_totals[index];
-    const std::array<std::string, 7> texts = {total.What, std::to_string(total.Count), "", total.Column, "", total.Test,
-                                              total.Text};
-    return texts.at(static_cast<std::size_t>(column));
-  }
-  const ImportCase& found = m_draft->Plan.Findings.Cases[index - m_totals.size()];
-  const std::array<std::string, 7> texts = {std::string(CaseName(found.Kind)),
-                                            std::to_string(found.Count),
-                                            found.Row == 0 ? "" : std::to_string(found.Row),
-                                            found.Column,
-                                            found.Subject,
-                                            found.Test,
-                                            found.Text};
-  return texts.at(static_cast<std::size_t>(column));
 }
 
 bool ImportFlow::MayImport() const { return m_stage == Stage::DryRun && m_draft->Plan.MayBeWritten(); }
