@@ -7,6 +7,7 @@
 #include "project/StudyItems.h"
 #include "scoring/ScoreSubject.h"
 #include "text/Encoding.h"
+#include "text/LeadingNumber.h"
 
 namespace zova {
 
@@ -28,6 +29,14 @@ std::set<int> LurePositions(const ProjectParameters& project, std::string_view m
     if (IsLure(item, project)) positions.insert(order[static_cast<std::size_t>(item) - 1]);
   }
   return positions;
+}
+
+void NameLures(std::vector<std::string>& ticks, const WordList& words, const ProjectParameters& project) {
+  for (std::string& tick : ticks) {
+    const int lure = LeadingInteger16(tick).value_or(0);
+    const std::string_view word = words.TextOf(lure * project.ItemsPerCategory);
+    if (!word.empty()) tick.append(" ").append(word);
+  }
 }
 
 }  // namespace zova

@@ -2,10 +2,13 @@
 #pragma once
 
 #include <set>
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/files/Disk.h"
 #include "project/ProjectParameters.h"
+#include "words/WordList.h"
 
 namespace zova {
 
@@ -13,5 +16,8 @@ namespace zova {
 /// project without lures, and for a serial-position master that has another name or length than the project's own.
 std::set<int> LurePositions(const ProjectParameters& project, std::string_view masterPath, int positionCount,
                             Disk& disk);
+
+/// Puts their words behind the numbers of lures, from 1: "2 animal".
+void NameLures(std::vector<std::string>& ticks, const WordList& words, const ProjectParameters& project);
 
 }  // namespace zova

@@ -128,6 +128,10 @@ void MeansExaminer::Show(const std::string& path) {
   m_lurePositions.clear();
   if (m_serial) m_lurePositions = LurePositions(*m_project, path, m_serial->PositionCount, m_platform.Files);
   m_isOwn = !m_serial && IsMasterOfProject(m_table, path, *m_project, m_platform.Files);
+  m_words = {};
+  if (m_isOwn && IsFalseMemoryInForce(*m_project)) {
+    m_words = WordListOf(*m_project, m_platform.Files, m_platform.Boxes);
+  }
   ListFurther();
   ++m_layoutRevision;
   Compute();
@@ -276,6 +280,7 @@ void MeansExaminer::Compute() {
     m_decimals.push_back(DecimalsOf(m_means, measure));
   }
   m_picture = PictureOf(m_means, m_bars);
+  if (m_picture.XLabel == TraitsOf(MeasureAxis::Lure).Label) NameLures(m_picture.Ticks, m_words, *m_project);
   if (m_uncomputed > 0 && !LeavesOut()) {
     m_picture.Footnote = Counted(m_uncomputed, "value that", "values that") + " could not be computed " +
                          (m_uncomputed == 1 ? "counts" : "count") + " as 0.";

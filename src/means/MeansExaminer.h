@@ -12,6 +12,7 @@
 #include "means/SerialPositionTable.h"
 #include "platform/desktop/Platform.h"
 #include "project/ProjectLayout.h"
+#include "words/WordList.h"
 
 namespace zova {
 
@@ -142,6 +143,7 @@ class MeansExaminer {
   std::size_t m_lacking = 0;     // among the chosen further measures
   PlotBars m_bars = PlotBars::Confidence;
   PlotPicture m_picture;
+  WordList m_words;  // names the lures of the project's own master
   std::string m_effects;
   std::string m_status;
   std::vector<int> m_decimals;  // one per chosen measure

@@ -84,6 +84,16 @@ TEST(MeansExaminer, TheTableFollowsWhatIsChosenAndLeavesOutWhatWasNotComputed) {
   EXPECT_EQ(means.Picture().Note, "Choose a measure.");
 }
 
+TEST(MeansExaminer, APlotOfLuresHasTheirWords) {
+  Desk desk;
+  desk.Project.FalseMemory = 1;
+  desk.Files.Put(kMaster, "Sub ID's, Sex, Lure(Test# 1 Lure# 1), Lure(Test# 1 Lure# 2)\r\n1,  1,  1,  0\r\n");
+  desk.Files.Put("C:\\Data\\AB Words.csv", "item,word\r\n1,a\r\n2,rose\r\n3,b\r\n4,tulip\r\n");
+  desk.Means.Open(desk.Project, "");
+  desk.Means.ChooseMeasures({0, 1});
+  EXPECT_EQ(desk.Means.Picture().Ticks, (std::vector<std::string>{"1 rose", "2 tulip"}));
+}
+
 TEST(MeansExaminer, TheFurtherMeasuresAreReadWhenTheFirstIsChosen) {
   Desk desk;
   MeansExaminer& means = desk.Means;
