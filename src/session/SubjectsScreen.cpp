@@ -7,7 +7,6 @@
 #include "compare/Differences.h"
 #include "master/groups/SavedOrders.h"
 #include "platform/desktop/FileErrorBoxes.h"
-#include "project/ProtectedFiles.h"
 #include "subjects/table/SubjectTableReader.h"
 #include "text/Counted.h"
 #include "text/TypedText.h"
@@ -166,6 +165,11 @@ std::string SubjectsScreen::QuestionText() const {
   switch (m_question) {
     case Question::None: break;
     case Question::Levels: return "The levels of " + Subjects(m_chosen.size()) + ":";
+    case Question::Sample:
+      return "How many percent of the complete subjects are to be entered a second time?  They are chosen by the "
+             "random "
+             "seed " +
+             std::to_string(m_seed) + ".";
     case Question::Name: return "The new identifier of subject '" + Chosen().front()->Id + "':";
   }
   return {};
@@ -243,6 +247,7 @@ void SubjectsScreen::Answer() {
   switch (m_question) {
     case Question::None: return;
     case Question::Name: return Rename();
+    case Question::Sample: return DrawSample();
     case Question::Levels: break;
   }
   const std::size_t count = m_chosen.size();
@@ -308,24 +313,6 @@ void SubjectsScreen::BringBack() {
 std::string SubjectsScreen::Copy() {
   m_done = "Copied " + Counted(m_table.LineCount(), "line", "lines") + ".";
   return m_table.TabText();
-}
-
-void SubjectsScreen::Export() {
-  if (m_project == nullptr) return;
-  const auto path =
-      m_platform.Dialogs.ChooseNewFile({.Title = "Export List",
-                                        .Directory = m_project->PrimaryDir,
-                                        .Filters = {{"CSV files (*.csv)", "*.csv"}, {"All files (*.*)", "*"}},
-                                        .Name = m_project->Abbreviation + " Subject List.csv"});
-  if (!path) return;
-  bool isKept = false;
-  const bool isDone = WithRetry(m_platform.Boxes, [&] {
-    isKept = IsProtectedFile(*path, *m_project, m_platform.Files);
-    if (!isKept) m_platform.Files.Write(*path, m_table.CsvText());
-  });
-  if (isDone && !isKept) m_done = "Saved: " + *path;
-  if (!isKept) return;
-  Warn(m_platform.Boxes, "A master or a data file of a project is never replaced.  Please select another name.", *path);
 }
 
 }  // namespace zova

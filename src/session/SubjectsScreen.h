@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <set>
@@ -18,7 +19,7 @@ namespace zova {
 class SubjectsScreen {
  public:
   /// What is asked for below the table.
-  enum class Question { None, Levels, Name };
+  enum class Question { None, Levels, Name, Sample };
 
   explicit SubjectsScreen(const Platform& platform) : m_platform(platform) {}
   /// Called when the progress of a long run changes.
@@ -54,6 +55,8 @@ class SubjectsScreen {
   [[nodiscard]] std::string QuestionText() const;
   void AskLevels();
   void AskName();
+  /// How many percent are to be entered a second time.
+  void AskSample();
   void CancelQuestion();
   /// Does what was asked for. The question stays after a refusal.
   void Answer();
@@ -61,6 +64,7 @@ class SubjectsScreen {
   [[nodiscard]] std::vector<std::string> LevelChoices(std::size_t variable) const;
   [[nodiscard]] int ChosenLevel(std::size_t variable) const { return m_levels[variable]; }
   void ChooseLevel(std::size_t variable, int level) { m_levels[variable] = static_cast<std::int16_t>(level); }
+  /// The text of the question's box: an identifier or a percentage.
   [[nodiscard]] const std::string& NewName() const noexcept { return m_newName; }
   void SetNewName(const std::string& text);
 
@@ -69,6 +73,8 @@ class SubjectsScreen {
   /// The text for the clipboard.
   std::string Copy();
   void Export();
+  /// Saves how far first and second entries agree.
+  void SaveReport();
 
  private:
   using Key = std::pair<bool, std::string>;  // removed or not, and the file's name
@@ -80,6 +86,8 @@ class SubjectsScreen {
   std::size_t ChangeEach(const char* doing, Plan&& plan);
   bool Change(const std::function<ChangePlan()>& plan);
   void Rename();
+  void DrawSample();
+  void Save(const char* title, const std::string& name, const std::function<std::string()>& text);
   void ShowProgress(const std::string& text);
   void EndQuestion();
 
@@ -90,7 +98,8 @@ class SubjectsScreen {
   std::set<Key> m_chosen;
   Question m_question = Question::None;
   NewLevels m_levels{};
-  std::string m_newName;
+  std::string m_newName;  // or the percentage
+  std::uint32_t m_seed = 0;
   std::string m_progress;
   std::string m_done;  // what the last act did
   int m_revision = 0;

@@ -286,5 +286,42 @@ TEST(SubjectsScreen, FiltersAndSortsByEveryColumn) {
   EXPECT_EQ(desk.Screen.StatusLine(), "6 subjects");
 }
 
+TEST(SubjectsScreen, ChoosesASampleAndSavesTheAgreement) {
+  FakePlatform platform;
+  Scratch scratch;
+  PutSubjects(scratch);
+  Disk disk = scratch.MakeDisk();
+  SubjectsScreen screen(platform.With(disk));
+  const ProjectParameters project = Project();
+  screen.Open(project);
+  screen.Read();
+  screen.AskSample();
+  for (const char* percent : {"", "0", "101", "5x"}) {
+    screen.SetNewName(percent);
+    platform.Boxes.Expect(Told("The percentage must be a number from 1 to 100."));
+    screen.Answer();
+  }
+  screen.SetNewName("50");
+  screen.Answer();
+  EXPECT_EQ(screen.Asked(), SubjectsScreen::Question::None);
+  const std::string sample = scratch.Get("C:\\Data\\AB Second Sample.csv");
+  EXPECT_TRUE(sample.starts_with("subject,percent,seed\r\nab,50,") ||
+              sample.starts_with("subject,percent,seed\r\nabc,50,"))
+      << sample;
+  EXPECT_EQ(scratch.Get("D:\\B\\AB Second Sample.csv"), sample);
+  screen.AskSample();
+  platform.Boxes.Expect(
+      Warned("Subjects were chosen for a second entry before.  Do you wish to replace that choice?", BoxAnswer::No));
+  screen.Answer();
+  EXPECT_EQ(scratch.Get("C:\\Data\\AB Second Sample.csv"), sample);
+  screen.CancelQuestion();
+  platform.Dialogs.Answers.emplace_back("C:\\agreement.csv");
+  screen.SaveReport();
+  EXPECT_NE(scratch.Get("C:\\agreement.csv").find("ab"), std::string::npos);
+  platform.Dialogs.Answers.emplace_back("C:\\Data\\AB Words.csv");
+  platform.Boxes.Expect(Told("A master or a data file of a project is never replaced.  Please select another name."));
+  screen.SaveReport();
+}
+
 }  // namespace
 }  // namespace zova::testing

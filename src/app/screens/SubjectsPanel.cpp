@@ -187,6 +187,8 @@ QWidget* SubjectsPanel::MakeActs() {
   m_cmdSubjectRemove = add("cmdSubjectRemove", "Re&move", [this] { m_rules.Remove(); });
   m_cmdSubjectBack = add("cmdSubjectBack", "&Bring Back", [this] { m_rules.BringBack(); });
   m_cmdSubjectCompare = add("cmdSubjectCompare", "&Settle", [this] { m_session.CompareChosenSubject(); });
+  add("cmdSubjectSample", "Dra&w Sample", [this] { m_rules.AskSample(); });
+  add("cmdCompareReport", "A&greement...", [this] { m_rules.SaveReport(); });
   rows->addStretch(1);
   return m_acts = acts;
 }
@@ -198,7 +200,7 @@ QWidget* SubjectsPanel::MakeQuestion() {
   rows->addWidget(m_lblSubjectQuestion = MakeLabel("lblSubjectQuestion", {}));
   m_txtSubjectName = Named(new QLineEdit, "txtSubjectName");
   FitBox(m_txtSubjectName, 20);
-  m_txtSubjectName->setAccessibleName("New identifier");
+  m_txtSubjectName->setAccessibleName("New identifier or percentage");
   connect(m_txtSubjectName, &QLineEdit::textEdited, this, [this](const QString& text) {
     m_rules.SetNewName(FromQt(text));
     ShowText(m_txtSubjectName, m_rules.NewName());
@@ -216,6 +218,10 @@ QWidget* SubjectsPanel::MakeQuestion() {
 
 bool SubjectsPanel::IsAsking() const { return m_rules.Asked() != SubjectsScreen::Question::None; }
 
+bool SubjectsPanel::IsAskingText() const {
+  return m_rules.Asked() == SubjectsScreen::Question::Name || m_rules.Asked() == SubjectsScreen::Question::Sample;
+}
+
 void SubjectsPanel::Open() {
   Act([this] { m_session.OpenChosenSubject(); });
 }
@@ -225,7 +231,7 @@ void SubjectsPanel::Copy() {
 }
 
 void SubjectsPanel::PlaceCursor() {
-  if (m_rules.Asked() == SubjectsScreen::Question::Name) {
+  if (IsAskingText()) {
     PlaceCursorIn(m_txtSubjectName);
   } else if (m_rules.Asked() == SubjectsScreen::Question::Levels && !m_cboLevels.empty()) {
     PlaceCursorIn(m_cboLevels.front());
@@ -298,7 +304,7 @@ void SubjectsPanel::ShowLevels() {
 void SubjectsPanel::ShowQuestion() {
   const bool isAsking = IsAsking();
   m_lblSubjectQuestion->setText(ToQt(m_rules.QuestionText()));
-  m_txtSubjectName->setVisible(m_rules.Asked() == SubjectsScreen::Question::Name);
+  m_txtSubjectName->setVisible(IsAskingText());
   ShowText(m_txtSubjectName, m_rules.NewName());
   if (isAsking != m_wasAsking) ShowLevels();
   m_fraSubjectQuestion->setVisible(isAsking);

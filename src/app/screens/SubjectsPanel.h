@@ -42,6 +42,7 @@ class SubjectsPanel : public Panel {
   void ShowQuestion();
   void ShowLevels();
   [[nodiscard]] bool IsAsking() const;
+  [[nodiscard]] bool IsAskingText() const;
 
   Session& m_session;
   SubjectsScreen& m_rules;

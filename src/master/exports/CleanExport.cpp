@@ -25,11 +25,11 @@ void AppendMeasured(std::string& row, double value) {
 }
 
 bool IsFirstSerial(const FurtherColumn& column) {
-  static const auto families = AllFurtherFamilies();
-  static const auto first = std::find_if(families.begin(), families.end(), [](const FurtherFamily& family) {
+  static const auto kFamilies = AllFurtherFamilies();
+  static const auto kFirst = std::find_if(kFamilies.begin(), kFamilies.end(), [](const FurtherFamily& family) {
     return (family.Rules & FurtherFamily::Serial) != 0;
   });
-  return column.Family == &*first;
+  return column.Family == &*kFirst;
 }
 
 class ValueSink final : public ColumnSink {
