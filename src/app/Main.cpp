@@ -87,7 +87,7 @@ CommandLine ReadCommandLine(const Disk& disk) {
   parser.addOptions({report, means, measures});
   parser.process(*QCoreApplication::instance());
   const auto drivePath = [&](const QString& path) {
-    const std::string text = FromQt(path);
+    std::string text = FromQt(path);
     if (HasDrive(text)) return text;
     return disk.Drives().ToDrivePath(FromQt(QDir::toNativeSeparators(QFileInfo(path).absoluteFilePath())));
   };
