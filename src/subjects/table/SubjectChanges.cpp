@@ -85,9 +85,9 @@ void AddMove(FileChanges& changes, bool inBackup, const std::string& from, const
              std::string after) {
   FileChange gone{.InBackup = inBackup, .Name = from, .Before = std::move(before), .After = {}};
   FileChange made{.InBackup = inBackup, .Name = to, .Before = {}, .After = std::move(after)};
-  const bool isRespelt = EqualsIgnoringCase(from, to);
-  changes.Files.push_back(isRespelt ? std::move(gone) : std::move(made));
-  changes.Files.push_back(isRespelt ? std::move(made) : std::move(gone));
+  if (EqualsIgnoringCase(from, to)) std::swap(gone, made);
+  changes.Files.push_back(std::move(made));
+  changes.Files.push_back(std::move(gone));
 }
 
 // The refusal, or "".
