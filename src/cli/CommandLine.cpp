@@ -3,6 +3,8 @@
 #include "cli/CommandLine.h"
 
 #include <algorithm>
+#include <exception>
+#include <iostream>
 
 #ifdef _WIN32
 #ifndef NOMINMAX
@@ -36,5 +38,17 @@ std::vector<std::string> CommandLineArguments(int /*argc*/, char** /*argv*/) {
 std::vector<std::string> CommandLineArguments(int argc, char** argv) { return {argv + std::min(argc, 1), argv + argc}; }
 
 #endif
+
+int RunProgram(const char* name, int argc, char** argv, int (*run)(const std::vector<std::string>& arguments)) {
+  try {
+    const int result = run(CommandLineArguments(argc, argv));
+    std::cout.flush();
+    if (std::cout) return result;
+    std::cerr << name << ": standard output cannot be written\n";
+  } catch (const std::exception& error) {  // out of memory, or a bug: never end silently
+    std::cerr << name << ": " << error.what() << '\n';
+  }
+  return 1;
+}
 
 }  // namespace zova

@@ -14,7 +14,6 @@
 #include "means/MasterOfProject.h"
 #include "means/UncomputedValues.h"
 #include "platform/desktop/FileErrorBoxes.h"
-#include "project/ProtectedFiles.h"
 #include "text/Counted.h"
 #include "text/Encoding.h"
 
@@ -28,22 +27,6 @@ constexpr const char* kNoHeader = "Its first line is no header: it has no name o
 constexpr std::size_t kMaxPositionValues = 20'000'000;
 
 constexpr const char* kNoRows = "None of its lines fits its header.";
-
-std::string_view FirstLine(std::string_view text) { return text.substr(0, text.find_first_of("\r\n")); }
-
-struct PlotFile {
-  std::string Ending;
-  FileFilter Filter;
-};
-
-PlotFile PlotFileOf(PlotFormat format) {
-  switch (format) {
-    case PlotFormat::Pdf: return {".pdf", {"PDF files (*.pdf)", "*.pdf"}};
-    case PlotFormat::Svg: return {".svg", {"SVG files (*.svg)", "*.svg"}};
-    case PlotFormat::Png: break;
-  }
-  return {".png", {"PNG files (*.png)", "*.png"}};
-}
 
 }  // namespace
 
@@ -290,164 +273,6 @@ void MeansExaminer::Compute() {
   if (!HasIntervals(m_picture)) return;
   m_picture.Note += m_picture.Note.empty() ? "" : "  ";
   m_picture.Note += BarsText(m_bars);
-}
-
-std::string MeansExaminer::FileLine() const {
-  if (m_path.empty()) return m_missing;
-  const std::string size = m_serial
-                               ? Counted(static_cast<std::size_t>(m_serial->PositionCount), "position", "positions")
-                               : Counted(m_table.RowCount(), "row", "rows");
-  return (m_serial ? "Serial-position master: " : "Master: ") + m_path + " (" + size + ")";
-}
-
-std::string MeansExaminer::NoteLine() const {
-  if (m_path.empty()) return "";
-  if (m_reading != nullptr) return std::string("Reading the subjects, for the ") + m_reading + " ...";
-  if (m_serial) return "A serial-position master is only plotted: the shares of the subjects, and smoothed ones.";
-  std::string note;
-  const auto add = [&note](const std::string& sentence) { note += (note.empty() ? "" : "  ") + sentence; };
-  if (m_uncomputed > 0) {
-    add(Counted(m_uncomputed, "value", "values") + " of the chosen measures could not be computed and " +
-        (LeavesOut() ? (m_uncomputed == 1 ? "is left out." : "are left out.")
-                     : std::string(m_uncomputed == 1 ? "counts" : "count") + " as 0 (*), as in the master."));
-  }
-  if (m_lacking > 0) {
-    add(Counted(m_lacking, "value", "values") + " of the chosen further measures could not be computed and " +
-        (m_lacking == 1 ? "is" : "are") + " left out.");
-  }
-  if (!m_table.HasSubjects) {
-    add("This piece of a wide master has no identifiers: values that could not be computed, which stand as 0, are not "
-        "known.  The whole master has them.");
-  } else if (!m_isOwn) {
-    add("This is no master of the open project: its levels are numbers, and values that could not be computed, which "
-        "stand as 0, are not known.");
-  }
-  if (m_unchecked > 0) {
-    add(Counted(static_cast<std::size_t>(m_unchecked), "row has no subject", "rows have no subject") +
-        " that could be scored again: values that could not be computed are not known there.");
-  }
-  if (m_table.SkippedLines > 0) {
-    add(Counted(static_cast<std::size_t>(m_table.SkippedLines), "line does", "lines do") + " not fit the header and " +
-        (m_table.SkippedLines == 1 ? "was" : "were") + " skipped.");
-  }
-  if (m_table.RepeatedSubjects > 0) {
-    add(Counted(static_cast<std::size_t>(m_table.RepeatedSubjects), "row repeats", "rows repeat") +
-        " a subject of an earlier row; each counts.");
-  }
-  return note;
-}
-
-std::vector<std::string> MeansExaminer::Headings() const {
-  return m_means.Measures.empty()
-             ? std::vector<std::string>()
-             : LinesOf({.Variables = m_means.Variables, .Measures = {}, .Cells = {}, .More = m_means.More}).Header;
-}
-
-std::string MeansExaminer::CellText(int row, int column) const {
-  const std::size_t cells = m_means.Cells.size();
-  const std::size_t measure = static_cast<std::size_t>(row) / cells;
-  const MeansCell& cell = m_means.Cells[static_cast<std::size_t>(row) % cells];
-  if (column == 0) return m_means.Measures[measure];
-  if (column < FirstNumber()) return cell.Levels.empty() ? "(all)" : cell.Levels[static_cast<std::size_t>(column) - 1];
-  const MeansColumn which = ColumnsOf(m_means.More)[static_cast<std::size_t>(column - FirstNumber())];
-  const auto number = NumberOf(cell, measure, which);
-  if (which == MeansColumn::NotComputed) return m_isOwn ? ShownNumber(number, 0) : "";
-  if (which == MeansColumn::N) return ShownNumber(number, 0);
-  const bool isMarked = which == MeansColumn::Mean && HasZeros(cell, measure);
-  return ShownNumber(number, m_decimals[measure]) + (isMarked ? "*" : "");
-}
-
-bool MeansExaminer::HasZeros(const MeansCell& cell, std::size_t measure) const {
-  return cell.Uncomputed[measure] > 0 && !LeavesOut() && !m_table.IsFurther(m_request.Measures[measure]);
-}
-
-bool MeansExaminer::IsTotal(int row) const {
-  return !m_means.Variables.empty() &&
-         m_means.Cells[static_cast<std::size_t>(row) % m_means.Cells.size()].Levels.empty();
-}
-
-std::string MeansExaminer::CopyTable() {
-  m_status = "Copied " + Counted(static_cast<std::size_t>(RowCount()), "line", "lines");
-  return TabText(Lines());
-}
-
-std::string MeansExaminer::RowTip(int row) const {
-  const std::size_t cells = m_means.Cells.size();
-  const MeansCell& cell = m_means.Cells[static_cast<std::size_t>(row) % cells];
-  const std::size_t measure = static_cast<std::size_t>(row) / cells;
-  const std::size_t uncomputed = cell.Uncomputed[measure];
-  if (uncomputed == 0) return "";
-  return Counted(uncomputed, "value", "values") + " could not be computed; " +
-         (HasZeros(cell, measure) ? "counted as 0 here, as in the master." : "left out here.");
-}
-
-// Leaves the field empty when the values were not checked: 0 would be wrong.
-MeansLines MeansExaminer::Lines() const {
-  MeansLines lines = LinesOf(m_means);
-  for (std::vector<std::string>& row : lines.Rows) row.back() = m_isOwn ? row.back() : "";
-  return lines;
-}
-
-FileQuestion MeansExaminer::QuestionForSaving(const char* title, ResultFile file) const {
-  return {.Title = title, .Directory = m_project->PrimaryDir, .Filters = {}, .Name = ResultName(*m_project, file)};
-}
-
-void MeansExaminer::SaveTable() {
-  if (RowCount() == 0) return;
-  FileQuestion question = QuestionForSaving("Save Table", ResultFile::MeansTable);
-  question.Filters = {{"CSV files (*.csv)", "*.csv"}, {"All files (*.*)", "*"}};
-  if (const auto path = m_platform.Dialogs.ChooseNewFile(question)) Save(*path, CsvText(Lines()));
-}
-
-std::optional<PlotTarget> MeansExaminer::AskPlotFile(const std::vector<PlotFormat>& formats) {
-  if (!HasPlot()) return std::nullopt;
-  FileQuestion question = QuestionForSaving("Save Plot", ResultFile::MeansPlot);
-  for (const PlotFormat format : formats) question.Filters.push_back(PlotFileOf(format).Filter);
-  const auto path = m_platform.Dialogs.ChooseNewFile(question);
-  if (!path) return std::nullopt;
-  std::string endings;
-  for (const PlotFormat format : formats) {
-    const std::string ending = PlotFileOf(format).Ending;
-    if (EndsIgnoringCase(*path, ending)) return PlotTarget{*path, format};
-    if (!endings.empty()) endings += format == formats.back() ? " or " : ", ";
-    endings += "'" + ending + "'";
-  }
-  Warn(m_platform.Boxes, "The name of a plot's file ends in " + endings + ".", *path);
-  return std::nullopt;
-}
-
-void MeansExaminer::SavePlot(const PlotTarget& target, const std::string& bytes) { Save(target.Path, bytes); }
-
-std::optional<std::string> MeansExaminer::AskReportFile() {
-  if (!CanReport()) return std::nullopt;
-  FileQuestion question = QuestionForSaving("Save Report", ResultFile::Report);
-  question.Filters = {{"HTML files (*.html)", "*.html"}, {"All files (*.*)", "*"}};
-  return m_platform.Dialogs.ChooseNewFile(question);
-}
-
-void MeansExaminer::SaveReport(const std::string& path, const std::string& bytes) { Save(path, bytes); }
-
-// A master can have any destination and name, so its content decides. Throws FileError.
-bool MeansExaminer::IsKept(const std::string& path) {
-  if (IsProtectedFile(path, *m_project, m_platform.Files)) return true;
-  if (!m_platform.Files.FileExists(path)) return false;
-  if (m_platform.Files.IsSame(path, m_path)) return true;  // its rows may have no header
-  std::string bytes;
-  m_platform.Files.Read(path, bytes);
-  const DataText text(bytes);
-  return IsMasterHeader(FirstLine(text.Content())) || ParseSerialPositionMaster(text.Content()).has_value();
-}
-
-void MeansExaminer::Save(const std::string& path, const std::string& bytes) {
-  const BusyPointer busy(m_platform.Pointer);
-  bool isKept = false;
-  const bool isDone = WithRetry(m_platform.Boxes, [&] {
-    isKept = IsKept(path);
-    if (!isKept) m_platform.Files.Write(path, bytes);
-  });
-  if (isDone && !isKept) m_status = "Saved: " + path;
-  if (!isKept) return;
-  Warn(m_platform.Boxes, kNeverReplaced, path);
 }
 
 }  // namespace zova

@@ -83,7 +83,7 @@ class CompareCommand {
   ProjectParameters m_project;
 };
 
-int RunCommand(std::vector<std::string> texts) {
+int RunCommand(const std::vector<std::string>& arguments) {
   CLI::App app(
       "How far the first and the second entries of a project's subjects agree, as a CSV on standard output:\n"
       "cells, items and Cohen's kappa with its 95 % interval, of all, by test, by level and by subject.",
@@ -98,7 +98,7 @@ int RunCommand(std::vector<std::string> texts) {
       ->option_text("DIR");
   app.set_help_flag("-h,--help", "print this text");
   app.set_version_flag("--version", std::string("zova-compare ") + kVersion, "print the version");
-  std::reverse(texts.begin(), texts.end());  // as the library takes them
+  std::vector<std::string> texts(arguments.rbegin(), arguments.rend());  // as the library takes them
   try {
     app.parse(texts);
   } catch (const CLI::ParseError& error) {
@@ -110,14 +110,4 @@ int RunCommand(std::vector<std::string> texts) {
 }  // namespace
 }  // namespace zova
 
-int main(int argc, char** argv) {
-  try {
-    const int result = zova::RunCommand(zova::CommandLineArguments(argc, argv));
-    std::cout.flush();
-    if (std::cout) return result;
-    std::cerr << "zova-compare: standard output cannot be written\n";
-  } catch (const std::exception& error) {  // out of memory, or a bug: never end silently
-    std::cerr << "zova-compare: " << error.what() << '\n';
-  }
-  return 1;
-}
+int main(int argc, char** argv) { return zova::RunProgram("zova-compare", argc, argv, zova::RunCommand); }

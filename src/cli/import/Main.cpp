@@ -147,14 +147,4 @@ int RunCommand(const std::vector<std::string>& texts) {
 }  // namespace
 }  // namespace zova
 
-int main(int argc, char** argv) {
-  try {
-    const int result = zova::RunCommand(zova::CommandLineArguments(argc, argv));
-    std::cout.flush();
-    if (std::cout) return result;
-    std::cerr << "zova-import: standard output cannot be written\n";
-  } catch (const std::exception& error) {  // out of memory, or a bug: never end silently
-    std::cerr << "zova-import: " << error.what() << '\n';
-  }
-  return 1;
-}
+int main(int argc, char** argv) { return zova::RunProgram("zova-import", argc, argv, zova::RunCommand); }

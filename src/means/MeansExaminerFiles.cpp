@@ -1,0 +1,94 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// What Examine Means saves: table, plot and report.
+
+#include "means/MeansExaminer.h"
+#include "platform/desktop/FileErrorBoxes.h"
+#include "project/ProtectedFiles.h"
+#include "text/Encoding.h"
+
+namespace zova {
+
+namespace {
+
+std::string_view FirstLine(std::string_view text) { return text.substr(0, text.find_first_of("\r\n")); }
+
+struct PlotFile {
+  std::string Ending;
+  FileFilter Filter;
+};
+
+PlotFile PlotFileOf(PlotFormat format) {
+  switch (format) {
+    case PlotFormat::Pdf: return {".pdf", {"PDF files (*.pdf)", "*.pdf"}};
+    case PlotFormat::Svg: return {".svg", {"SVG files (*.svg)", "*.svg"}};
+    case PlotFormat::Png: break;
+  }
+  return {".png", {"PNG files (*.png)", "*.png"}};
+}
+
+}  // namespace
+
+FileQuestion MeansExaminer::QuestionForSaving(const char* title, ResultFile file) const {
+  return {.Title = title, .Directory = m_project->PrimaryDir, .Filters = {}, .Name = ResultName(*m_project, file)};
+}
+
+void MeansExaminer::SaveTable() {
+  if (RowCount() == 0) return;
+  FileQuestion question = QuestionForSaving("Save Table", ResultFile::MeansTable);
+  question.Filters = {{"CSV files (*.csv)", "*.csv"}, {"All files (*.*)", "*"}};
+  if (const auto path = m_platform.Dialogs.ChooseNewFile(question)) Save(*path, CsvText(Lines()));
+}
+
+std::optional<PlotTarget> MeansExaminer::AskPlotFile(const std::vector<PlotFormat>& formats) {
+  if (!HasPlot()) return std::nullopt;
+  FileQuestion question = QuestionForSaving("Save Plot", ResultFile::MeansPlot);
+  for (const PlotFormat format : formats) question.Filters.push_back(PlotFileOf(format).Filter);
+  const auto path = m_platform.Dialogs.ChooseNewFile(question);
+  if (!path) return std::nullopt;
+  std::string endings;
+  for (const PlotFormat format : formats) {
+    const std::string ending = PlotFileOf(format).Ending;
+    if (EndsIgnoringCase(*path, ending)) return PlotTarget{*path, format};
+    if (!endings.empty()) endings += format == formats.back() ? " or " : ", ";
+    endings += "'" + ending + "'";
+  }
+  Warn(m_platform.Boxes, "The name of a plot's file ends in " + endings + ".", *path);
+  return std::nullopt;
+}
+
+void MeansExaminer::SavePlot(const PlotTarget& target, const std::string& bytes) { Save(target.Path, bytes); }
+
+std::optional<std::string> MeansExaminer::AskReportFile() {
+  if (!CanReport()) return std::nullopt;
+  FileQuestion question = QuestionForSaving("Save Report", ResultFile::Report);
+  question.Filters = {{"HTML files (*.html)", "*.html"}, {"All files (*.*)", "*"}};
+  return m_platform.Dialogs.ChooseNewFile(question);
+}
+
+void MeansExaminer::SaveReport(const std::string& path, const std::string& bytes) { Save(path, bytes); }
+
+// A master can have any destination and name, so its content decides. Throws FileError.
+bool MeansExaminer::IsKept(const std::string& path) {
+  if (IsProtectedFile(path, *m_project, m_platform.Files)) return true;
+  if (!m_platform.Files.FileExists(path)) return false;
+  if (m_platform.Files.IsSame(path, m_path)) return true;  // its rows may have no header
+  std::string bytes;
+  m_platform.Files.Read(path, bytes);
+  const DataText text(bytes);
+  return IsMasterHeader(FirstLine(text.Content())) || ParseSerialPositionMaster(text.Content()).has_value();
+}
+
+void MeansExaminer::Save(const std::string& path, const std::string& bytes) {
+  const BusyPointer busy(m_platform.Pointer);
+  bool isKept = false;
+  const bool isDone = WithRetry(m_platform.Boxes, [&] {
+    isKept = IsKept(path);
+    if (!isKept) m_platform.Files.Write(path, bytes);
+  });
+  if (isDone && !isKept) m_status = "Saved: " + path;
+  if (!isKept) return;
+  Warn(m_platform.Boxes, kNeverReplaced, path);
+}
+
+}  // namespace zova
