@@ -3,7 +3,6 @@
 // What Examine Means saves: table, plot and report.
 
 #include "means/MeansExaminer.h"
-#include "platform/desktop/FileErrorBoxes.h"
 #include "project/ProtectedFiles.h"
 #include "text/Encoding.h"
 
@@ -80,15 +79,10 @@ bool MeansExaminer::IsKept(const std::string& path) {
 }
 
 void MeansExaminer::Save(const std::string& path, const std::string& bytes) {
-  const BusyPointer busy(m_platform.Pointer);
-  bool isKept = false;
-  const bool isDone = WithRetry(m_platform.Boxes, [&] {
-    isKept = IsKept(path);
-    if (!isKept) m_platform.Files.Write(path, bytes);
-  });
-  if (isDone && !isKept) m_status = "Saved: " + path;
-  if (!isKept) return;
-  Warn(m_platform.Boxes, kNeverReplaced, path);
+  const auto isKept = [this](const std::string& named) { return IsKept(named); };
+  if (WriteNamedFile(
+          path, [&] { return bytes; }, isKept, m_platform))
+    m_status = "Saved: " + path;
 }
 
 }  // namespace zova

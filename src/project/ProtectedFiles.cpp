@@ -9,6 +9,7 @@
 #include <system_error>
 #include <vector>
 
+#include "platform/desktop/FileErrorBoxes.h"
 #include "project/ProjectLayout.h"
 #include "text/Encoding.h"
 
@@ -106,6 +107,26 @@ bool IsProjectFile(const std::string& path, const ProjectParameters& project, Di
 bool IsProtectedFile(const std::string& path, const ProjectParameters& project, Disk& disk) {
   return EndsIgnoringCase(path, kParameterFileEnd) || EndsIgnoringCase(path, kDataFileEnd) ||
          IsOwn(path, project, Masters::Kept, disk);
+}
+
+bool WriteNamedFile(const std::string& path, const std::function<std::string()>& content,
+                    const std::function<bool(const std::string& path)>& isKept, const Platform& platform) {
+  const BusyPointer busy(platform.Pointer);
+  bool kept = false;
+  const bool isDone = WithRetry(platform.Boxes, [&] {
+    kept = isKept(path);
+    if (!kept) platform.Files.Write(path, content());
+  });
+  if (kept) {
+    Warn(platform.Boxes, "A master or a data file of a project is never replaced.  Please select another name.", path);
+  }
+  return isDone && !kept;
+}
+
+bool WriteNamedFile(const std::string& path, const std::function<std::string()>& content,
+                    const ProjectParameters& project, const Platform& platform) {
+  const auto isKept = [&](const std::string& named) { return IsProtectedFile(named, project, platform.Files); };
+  return WriteNamedFile(path, content, isKept, platform);
 }
 
 }  // namespace zova

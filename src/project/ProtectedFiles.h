@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <functional>
 #include <string>
 
+#include "platform/desktop/Platform.h"
 #include "platform/files/Disk.h"
 #include "project/ProjectParameters.h"
 
@@ -14,11 +16,16 @@ namespace zova {
 /// in the primary and backup directories. Throws FileError.
 bool IsProjectFile(const std::string& path, const ProjectParameters& project, Disk& disk);
 
-/// The message that refuses them.
-inline constexpr const char* kNeverReplaced =
-    "A master or a data file of a project is never replaced.  Please select another name.";
 /// Also true for a master of the project in its primary directory, and for any name with the extension of a data or
 /// parameter file: tables and plots must not overwrite these. Throws FileError.
 bool IsProtectedFile(const std::string& path, const ProjectParameters& project, Disk& disk);
+
+/// Writes a file that the user named, with Retry; one for which `isKept` holds is refused with a message. True when it
+/// was written.
+bool WriteNamedFile(const std::string& path, const std::function<std::string()>& content,
+                    const std::function<bool(const std::string& path)>& isKept, const Platform& platform);
+/// Likewise, where protected files are kept.
+bool WriteNamedFile(const std::string& path, const std::function<std::string()>& content,
+                    const ProjectParameters& project, const Platform& platform);
 
 }  // namespace zova

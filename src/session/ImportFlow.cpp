@@ -200,12 +200,8 @@ void ImportFlow::SaveReport() {
                                                       .Filters = {{"CSV files (*.csv)", "*.csv"}},
                                                       .Name = m_project->Abbreviation + " Import Report.csv"});
   if (!path) return;
-  bool isKept = false;
-  WithRetry(m_platform.Boxes, [&] {
-    isKept = IsProtectedFile(*path, *m_project, m_platform.Files);
-    if (!isKept) m_platform.Files.Write(*path, FormatImportReport(m_draft->Plan));
-  });
-  if (isKept) Warn(m_platform.Boxes, kNeverReplaced, *path);
+  WriteNamedFile(
+      *path, [this] { return FormatImportReport(m_draft->Plan); }, *m_project, m_platform);
 }
 
 void ImportFlow::Import() {

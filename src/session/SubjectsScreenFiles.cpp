@@ -42,13 +42,7 @@ void SubjectsScreen::Save(const char* title, const std::string& name, const std:
                                         .Filters = {{"CSV files (*.csv)", "*.csv"}, {"All files (*.*)", "*"}},
                                         .Name = m_project->Abbreviation + name});
   if (!path) return;
-  bool isKept = false;
-  const bool isDone = WithRetry(m_platform.Boxes, [&] {
-    isKept = IsProtectedFile(*path, *m_project, m_platform.Files);
-    if (!isKept) m_platform.Files.Write(*path, text());
-  });
-  if (isDone && !isKept) m_done = "Saved: " + *path;
-  if (isKept) Warn(m_platform.Boxes, kNeverReplaced, *path);
+  if (WriteNamedFile(*path, text, *m_project, m_platform)) m_done = "Saved: " + *path;
 }
 
 void SubjectsScreen::Export() {
