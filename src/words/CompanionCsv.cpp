@@ -50,7 +50,7 @@ bool CompanionRows::Next() {
 int CompanionRows::Number(std::size_t column, int least, int most) const {
   const auto number = DigitsInteger16(Text(column));
   if (!number || *number < least || *number > most) {
-    Refuse("'" + std::string(Text(column)) + "' is no " + std::string(*(m_columns.begin() + column)) + " from " +
+    Refuse("'" + std::string(Text(column)) + "' is no " + std::string(m_columns[column]) + " from " +
            std::to_string(least) + " to " + std::to_string(most));
   }
   return *number;

@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/desktop/MessageBoxes.h"
 #include "platform/files/Disk.h"
@@ -35,7 +36,7 @@ class CompanionRows {
 
  private:
   DataText m_text;
-  std::initializer_list<std::string_view> m_columns;
+  std::vector<std::string_view> m_columns;
   CsvReader m_reader;
   std::size_t m_columnCount = 0;
 };
