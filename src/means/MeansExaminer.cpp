@@ -23,7 +23,7 @@ namespace {
 
 constexpr const char* kNoText = "It is no text.";
 constexpr const char* kNoHeader = "Its first line is no header: it has no name of a measure.";
-// Of rows and positions: what a recall of every position by every subject may take, 160 MB.
+// Of rows and positions: what the curves over the positions may take, 160 MB each.
 constexpr std::size_t kMaxPositionValues = 20'000'000;
 
 constexpr const char* kNoRows = "None of its lines fits its header.";
@@ -137,7 +137,7 @@ void MeansExaminer::ListFurther() {
   const std::size_t positions =
       static_cast<std::size_t>(m_project->TestCount) * static_cast<std::size_t>(m_project->ItemCount);
   const bool withPositions = m_table.RowCount() * positions <= kMaxPositionValues;
-  m_further = withPositions ? FurtherColumns::AllAndPositions : FurtherColumns::All;
+  m_further = withPositions ? FurtherColumns::AllAndCurves : FurtherColumns::All;
   m_table.Further.Names = FurtherColumnNames(*m_project, m_further);
   std::optional<FurtherGroup> last;
   for (const std::string& name : m_table.Further.Names) {

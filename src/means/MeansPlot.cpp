@@ -231,6 +231,12 @@ class FamilyAxis {
     return ticks;
   }
 
+  // No item follows itself: the curves of the two directions are separate.
+  [[nodiscard]] std::optional<double> Break() const {
+    const int first = m_texts.begin()->first[2];
+    return m_axis == MeasureAxis::Lag && first < 0 ? std::optional<double>(1 - first) : std::nullopt;
+  }
+
   // Lines connect successive points. The pair of first and last test does not follow the pair before it.
   [[nodiscard]] bool HasLines() const {
     const bool anyFarPair = m_texts.rbegin()->first[0] == 1;
@@ -285,6 +291,7 @@ PlotPicture AlongAxis(const MeansTable& means, std::vector<Drawn> family, PlotBa
   picture.XLabel = TraitsOf(family.front().Axis).Label;
   picture.Ticks = axis.Ticks();
   picture.HasLines = axis.HasLines();
+  picture.Break = axis.Break();
   for (const MeansCell* cell : DrawnCells(means)) AddSeries(means, *cell, family, axis, bars, picture.Series);
   for (const PlotSeries& series : picture.Series) empty += series.Points.empty() ? 1 : 0;
   return picture;

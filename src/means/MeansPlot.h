@@ -36,9 +36,10 @@ struct PlotPicture {
   std::string YLabel;              ///< measure and unit, "Net recall (items)"
   std::vector<std::string> Ticks;  ///< the text at x = 1, 2, ...
   std::vector<PlotSeries> Series;
-  bool HasLines = true;  ///< false: separate points
-  std::string Footnote;  ///< under the axes, on the screen and in a file; or ""
-  std::string Note;      ///< what the picture leaves out, or ""
+  bool HasLines = true;           ///< false: separate points
+  std::string Footnote;           ///< under the axes, on the screen and in a file; or ""
+  std::string Note;               ///< what the picture leaves out, or ""
+  std::optional<double> Break{};  ///< no line crosses this x: lag 0
 };
 
 /// The picture of a means table. One measure: the cells' means along the first variable's levels, one series per

@@ -186,7 +186,7 @@ int MarkUncomputed(MasterTable& table, const ProjectParameters& project, Disk& d
 
 void ComputeFurther(MasterTable& table, const ProjectParameters& project, const FurtherData& data,
                     FurtherColumns columns, Disk& disk, Progress& bar) {
-  FurtherScorer scorer(data, columns == FurtherColumns::AllAndPositions);
+  FurtherScorer scorer(data, columns);
   SubjectReader reader(project, disk, bar);
   const SubjectIndex index(ListedSubjects(reader));
   SubjectRecord record;

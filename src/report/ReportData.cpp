@@ -41,8 +41,8 @@ class Reading {
     };
     if (!WithRetry(m_platform.Boxes, open)) return false;
     WarnOfFaults(m_data, m_platform.Boxes);
-    FurtherScorer further(m_data, true);
-    ScoredTable table(m_project, m_selection, FurtherColumns::AllAndPositions);
+    FurtherScorer further(m_data, FurtherColumns::AllAndCurves);
+    ScoredTable table(m_project, m_selection, FurtherColumns::AllAndCurves);
     MasterNotices notices;
     for (int k = 1; k <= m_count; ++k) {
       bool isInOrder = true;

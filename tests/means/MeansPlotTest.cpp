@@ -17,6 +17,7 @@ std::string Described(const PlotPicture& picture) {
   text << picture.XLabel << "; " << picture.YLabel << ";";
   for (const std::string& tick : picture.Ticks) text << " " << tick;
   text << (picture.HasLines ? " |" : " .");
+  if (picture.Break) text << " break " << *picture.Break;
   for (const PlotSeries& series : picture.Series) {
     text << " [" << series.Name << (series.IsDashed ? " dashed" : "");
     for (const PlotPoint& point : series.Points)
@@ -80,6 +81,11 @@ TEST(MeansPlot, Pictures) {
        "Tests; Ratings raised between tests (share of items); 1-2 2-3 1-3 . [ 1=159.143 2=160.143 3=158.143]"},
       {"ItemsWithPattern(CC), ItemsWithPattern(NC)", 0,
        "Pattern of recall; Frequency of the recall pattern (items); NC CC . [ 1=159.143 2=158.143]"},
+      {"LagCrp(Test 2 Lag 1), LagCrp(Test 2 Lag -2), LagCrp(Test 2 Lag -1)", 0,
+       "Lag; Conditional response probability, test 2; -2 -1 0 1 | break 3 [ 1=159.143 2=160.143 4=158.143]"},
+      {"FirstRecall(Test 1 2), FirstRecall(Test 1 1)", 1,
+       "Serial position; Probability of first recall, test 1 (share of subjects); 1 2 | [young 1=117 2=116] "
+       "[old 1=215.333 2=214.333]"},
       {"Lure(Test# 1 Lure# 1), Lure(Test# 1 Lure# 3), Lure(Test# 2 Lure# 1)", 0,
        "Lure; Recall of the lure (share of subjects); 1 3 . [Test 1 1=158.143 2=159.143] [Test 2 1=160.143]"}};
   for (const Case& test : kCases) EXPECT_EQ(PictureOfMeasures(test.Measures, test.Variables), test.Picture);

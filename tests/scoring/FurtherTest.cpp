@@ -26,7 +26,7 @@ struct Subject {
     const StudyRanks ranks = RanksOf(positions, study);
     const std::vector<const StudyRanks*> orders(static_cast<std::size_t>(study.TestCount),
                                                 order.empty() ? nullptr : &ranks);
-    ScoreFurther({read, hasFile, intrusions, orders}, study, true, Scores, m_work);
+    ScoreFurther({read, hasFile, intrusions, orders}, study, FurtherColumns::AllAndCurves, Scores, m_work);
   }
   // The value of a column, or the reason why it has none.
   std::string operator[](const std::string& column) const {
@@ -135,11 +135,15 @@ TEST(FurtherMeasures, Serial) {
          {"LagCrp(Test 1 Lag -4)", "no transition at which an item was left at this lag"},
          {"Position(Test 1 1)", "1"},
          {"Position(Test 1 5)", "0"},
-         {"Position(Test 1 7)", "no such column"}});
+         {"Position(Test 1 7)", "no such column"},
+         {"FirstRecall(Test 1 3)", "1"},
+         {"FirstRecall(Test 1 1)", "0"}});
   Check({{.Tests = 1, .Items = 2}, "1 2", "1 2"},
         {{"TemporalFactor(Test 1)", "no transition at which several items were left"}});
   Check({{.Tests = 1}, "1"}, {{"FirstPosition(Test 1)", "no study order"}, {"Position(Test 1 1)", "no study order"}});
-  Check({{.Tests = 1}, "", "1 2 3"}, {{"FirstPosition(Test 1)", "nothing was recalled"}, {"Position(Test 1 1)", "0"}});
+  Check({{.Tests = 1}, "", "1 2 3"}, {{"FirstPosition(Test 1)", "nothing was recalled"},
+                                      {"Position(Test 1 1)", "0"},
+                                      {"FirstRecall(Test 1 1)", "nothing was recalled"}});
   // Positions are ranks of what was studied: 4 1 5 2, whatever stands between.
   Check({{.Tests = 1, .Items = 6, .PerCategory = 3, .Lures = true}, "6 5", "4 6 1 3 5 2"},
         {{"FirstPosition(Test 1)", "3"}, {"Position(Test 1 4)", "0"}});

@@ -111,15 +111,14 @@ QCPRange RangeOf(const PlotPicture& picture) {
 }
 
 // An arrow where the axis ends before an interval does.
-void AddArrows(QCustomPlot& plot, const QCPGraph& graph, const PlotSeries& series, const QCPRange& range,
+void AddArrows(QCustomPlot& plot, const QCPGraph& graph, const PlotSeries& series, double offset, const QCPRange& range,
                double fontSize) {
   for (const bool isUp : {true, false}) {
     QVector<double> places, ends;
-    for (qsizetype index = 0; index < static_cast<qsizetype>(series.Points.size()); ++index) {
-      const PlotPoint& point = series.Points[static_cast<std::size_t>(index)];
+    for (const PlotPoint& point : series.Points) {
       const double half = point.HalfWidth.value_or(0);
       if (isUp ? point.Y + half <= range.upper : point.Y - half >= range.lower) continue;
-      places << graph.data()->at(static_cast<int>(index))->key;
+      places << point.X + offset;
       ends << (isUp ? range.upper : range.lower);
     }
     if (places.isEmpty()) continue;
@@ -143,6 +142,11 @@ void AddSeries(QCustomPlot& plot, const PlotPicture& picture, const QFont& font,
     const PlotSeries& series = picture.Series[index];
     QVector<double> places, means, below, above;
     for (const PlotPoint& point : series.Points) {
+      const bool isBehind = picture.Break && point.X > *picture.Break;
+      if (isBehind && !places.isEmpty() && places.last() < *picture.Break) {  // a line ends where there is no number
+        places << *picture.Break;
+        for (QVector<double>* values : {&means, &below, &above}) *values << qQNaN();
+      }
       places << point.X + OffsetOf(picture, index, room);
       means << point.Y;
       const double half = point.HalfWidth.value_or(qQNaN());
@@ -159,7 +163,7 @@ void AddSeries(QCustomPlot& plot, const PlotPicture& picture, const QFont& font,
     intervals->setPen(QPen(graph->pen().color(), fontSize / 12));
     intervals->setWhiskerWidth(fontSize / 2);
     intervals->setSymbolGap(0);
-    AddArrows(plot, *graph, series, range, fontSize);
+    AddArrows(plot, *graph, series, OffsetOf(picture, index, room), range, fontSize);
   }
 }
 

@@ -35,8 +35,9 @@ std::span<const Measured> OfSubject(const FurtherScores& scores, ColumnPlace /*p
 std::span<const Measured> LagsOf(const FurtherScores& scores, ColumnPlace place) {
   return scores.Tests[place.Test].LagCrp;
 }
-std::span<const Measured> PositionsOf(const FurtherScores& scores, ColumnPlace place) {
-  return {scores.Positions.Test(place.Test), static_cast<std::size_t>(scores.Positions.RowCount())};
+template <TestTable<Measured> FurtherScores::*Table>
+std::span<const Measured> OfPositions(const FurtherScores& scores, ColumnPlace place) {
+  return {(scores.*Table).Test(place.Test), static_cast<std::size_t>((scores.*Table).RowCount())};
 }
 
 constexpr std::string_view kBecker =
@@ -135,8 +136,12 @@ constexpr FurtherFamily kFamilies[] = {
      kPolyn, FurtherFamily::Serial},
     {"LagCrp", kLagOfTest, FurtherGroup::Serial, Needs::Nothing, &LagsOf, "Conditional response probability", "",
      "Transitions of lag l / times an unrecalled item stood at lag l.", kKahana, FurtherFamily::Serial},
-    {"Position", kPositionOfTest, FurtherGroup::Serial, Needs::Nothing, &PositionsOf, "Recall by serial position",
-     "share of subjects", "1 if the item studied i-th was recalled, else 0.", "", FurtherFamily::Serial},
+    {"Position", kPositionOfTest, FurtherGroup::Serial, Needs::Nothing, &OfPositions<&FurtherScores::Positions>,
+     "Recall by serial position", "share of subjects", "1 if the item studied i-th was recalled, else 0.", "",
+     FurtherFamily::Serial},
+    {"FirstRecall", kPositionOfTest, FurtherGroup::Serial, Needs::Nothing, &OfPositions<&FurtherScores::FirstRecalls>,
+     "Probability of first recall", "share of subjects",
+     "1 if the item studied i-th was recalled first, else 0; not of an empty list.", kHogan, FurtherFamily::Serial},
     {"LureProportion", kTest, FurtherGroup::Lures, Needs::Lures, &OfTest<&FurtherTest::LureProportion>,
      "Proportion of lures recalled", "share of lures", "Lures recalled, each once, of all lures.", ""},
     {"LureOutput", kTest, FurtherGroup::Lures, Needs::Lures, &OfTest<&FurtherTest::LureOutput>,
@@ -236,7 +241,7 @@ std::vector<std::string> FurtherColumnNames(const ProjectParameters& project, Fu
   std::vector<std::string> names;
   if (columns == FurtherColumns::None) return names;
   FurtherScores empty;
-  ResetFurther(MakeStudyList(project), columns == FurtherColumns::AllAndPositions, empty);
+  ResetFurther(MakeStudyList(project), columns, empty);
   WalkFurtherColumns(project, empty, [&](const FurtherColumn& column, const Measured&) {
     AppendColumnName(names.emplace_back(), column);
   });

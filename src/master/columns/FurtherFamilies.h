@@ -62,13 +62,10 @@ std::optional<FurtherColumn> FurtherColumnByName(std::string_view name);
 /// The reason in words: "no study order". "" for None.
 std::string_view FurtherGapText(FurtherGap gap);
 
-/// Which further measures a run computes.
-enum class FurtherColumns { None, All, AllAndPositions };
-
 using FurtherVisit = std::function<void(const FurtherColumn& column, const Measured& value)>;
 
 /// The only definition of the columns of the further measures of a subject: passes each, with its value, to `visit`.
-/// Position(Test t i) is among them where `scores` has positions.
+/// Position(Test t i) and FirstRecall(Test t i) are among them where `scores` has them.
 void WalkFurtherColumns(const ProjectParameters& project, const FurtherScores& scores, const FurtherVisit& visit);
 
 /// The names of these columns.

@@ -74,7 +74,7 @@ void WarnOfFaults(const FurtherData& data, MessageBoxes& boxes) {
 const FurtherScores& FurtherScorer::Score(const std::string& subjectId, const RecallLists& lists) {
   m_orders.clear();
   for (int test = 1; test <= m_data.Study.TestCount; ++test) m_orders.push_back(OrderOf(m_data, subjectId, test).Ranks);
-  ScoreFurther({lists, m_data.HasIntrusions, IntrusionsOf(m_data, subjectId), m_orders}, m_data.Study, m_withPositions,
+  ScoreFurther({lists, m_data.HasIntrusions, IntrusionsOf(m_data, subjectId), m_orders}, m_data.Study, m_columns,
                m_scores, m_work);
   return m_scores;
 }

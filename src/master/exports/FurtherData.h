@@ -57,14 +57,14 @@ void WarnOfFaults(const FurtherData& data, MessageBoxes& boxes);
 /// Computes the further measures of one subject after the other. `data` must outlive it.
 class FurtherScorer {
  public:
-  FurtherScorer(const FurtherData& data, bool withPositions) : m_data(data), m_withPositions(withPositions) {}
+  FurtherScorer(const FurtherData& data, FurtherColumns columns) : m_data(data), m_columns(columns) {}
 
   /// Valid until the next call. Throws ScoringError.
   const FurtherScores& Score(const std::string& subjectId, const RecallLists& lists);
 
  private:
   const FurtherData& m_data;
-  bool m_withPositions;
+  FurtherColumns m_columns;
   FurtherScores m_scores;
   FurtherWork m_work;
   std::vector<const StudyRanks*> m_orders;

@@ -54,7 +54,7 @@ class IndividualRun {
     const auto readData = [&] { m_data = ReadFurtherData(m_context.Files, m_context.Project, m_request.Order); };
     if ((m_request.LongFile || hasFurther) && !WithRetry(m_context.Boxes, readData)) return false;
     WarnOfFaults(m_data, m_context.Boxes);
-    if (hasFurther) m_further.emplace(m_data, m_request.Further == FurtherColumns::AllAndPositions);
+    if (hasFurther) m_further.emplace(m_data, m_request.Further);
     m_paths =
         IndividualPaths(m_request, m_context.Header.MasterColumnCount, m_context.Project, m_context.Files.Drives());
     m_exports.Open(m_paths, m_request.Further, m_data);

@@ -53,6 +53,14 @@ constexpr int LagAt(std::size_t index) noexcept {
   return lag < 0 ? lag : lag + 1;
 }
 
+/// Which further measures are computed.
+enum class FurtherColumns {
+  None,
+  All,
+  AllAndPositions,  ///< and Position(Test t i)
+  AllAndCurves      ///< and FirstRecall(Test t i) behind it
+};
+
 /// The further measures of one test.
 struct FurtherTest {
   Measured Proportion;
@@ -88,8 +96,9 @@ struct FurtherScores {
   Measured NetChange;          ///< test 1 to T
   Measured Gains;
   Measured Losses;
-  Measured SubjectiveOrganization;  ///< over all tests
-  TestTable<Measured> Positions;    ///< row: the studied item's position; no rows unless they are asked for
+  Measured SubjectiveOrganization;   ///< over all tests
+  TestTable<Measured> Positions;     ///< row: the studied item's position; no rows unless they are asked for
+  TestTable<Measured> FirstRecalls;  ///< likewise: 1 at the position of the first recall
 };
 
 }  // namespace zova

@@ -46,6 +46,15 @@ void ScoreFirstToLast(const RecallSequence& first, const RecallSequence& last, F
   scores.Losses = Measured::Of(change.Losses);
 }
 
+// They lack what the position of the first recall lacks.
+void ScoreFirstRecalls(int test, FurtherScores& scores) {
+  const Measured& first = scores.Tests[test].FirstPosition;
+  for (int position = 1; position <= scores.FirstRecalls.RowCount(); ++position) {
+    scores.FirstRecalls.At(position, test) =
+        first.Gap == FurtherGap::None ? Measured::Of(first.Value == position ? 1 : 0) : first;
+  }
+}
+
 void ScoreSerialOf(int test, const StudyRanks* ranks, const StudyList& study, FurtherWork& work,
                    FurtherScores& scores) {
   const RecallSequence& sequence = work.Tests[static_cast<std::size_t>(test) - 1];
@@ -57,6 +66,7 @@ void ScoreSerialOf(int test, const StudyRanks* ranks, const StudyList& study, Fu
   } else {
     ScoreSerial(sequence, *ranks, study, work.Left, values);
   }
+  ScoreFirstRecalls(test, scores);
   if (scores.Positions.RowCount() == 0) return;
   for (std::size_t item = 1; item < study.LureAt.size(); ++item) {
     if (ranks != nullptr && (*ranks)[item] > 0) {
@@ -82,16 +92,18 @@ void ReadSequences(const RecallLists& lists, std::span<const IntrusionPlace> int
   }
 }
 
-void ResetFurther(const StudyList& study, bool withPositions, FurtherScores& scores) {
+void ResetFurther(const StudyList& study, FurtherColumns columns, FurtherScores& scores) {
   scores.Tests.Reset(study.TestCount);
   scores.Pairs.Reset(study.TestCount);
   scores.NetChange = scores.Gains = scores.Losses = scores.SubjectiveOrganization = {};
+  const bool withPositions = columns == FurtherColumns::AllAndPositions || columns == FurtherColumns::AllAndCurves;
   scores.Positions.Reset(withPositions ? study.TrueCount : 0, study.TestCount);
+  scores.FirstRecalls.Reset(columns == FurtherColumns::AllAndCurves ? study.TrueCount : 0, study.TestCount);
 }
 
-void ScoreFurther(const FurtherInput& input, const StudyList& study, bool withPositions, FurtherScores& scores,
+void ScoreFurther(const FurtherInput& input, const StudyList& study, FurtherColumns columns, FurtherScores& scores,
                   FurtherWork& work) {
-  ResetFurther(study, withPositions, scores);
+  ResetFurther(study, columns, scores);
   ReadSequences(input.Lists, input.Intrusions, study, work.Tests);
   work.Seen.assign(study.LureAt.size(), false);
   int seen = 0;

@@ -40,12 +40,12 @@ void ReadSequences(const RecallLists& lists, std::span<const IntrusionPlace> int
                    std::vector<RecallSequence>& tests);
 
 /// Resets `scores` and computes all further measures. Throws ScoringError (SubscriptOutOfRange) for an item beyond the
-/// study list. `withPositions`: also Position(Test t i).
-void ScoreFurther(const FurtherInput& input, const StudyList& study, bool withPositions, FurtherScores& scores,
+/// study list.
+void ScoreFurther(const FurtherInput& input, const StudyList& study, FurtherColumns columns, FurtherScores& scores,
                   FurtherWork& work);
 
 /// Sizes everything for the project, without values.
-void ResetFurther(const StudyList& study, bool withPositions, FurtherScores& scores);
+void ResetFurther(const StudyList& study, FurtherColumns columns, FurtherScores& scores);
 
 // The single families, called by ScoreFurther. Each sets its own fields.
 
