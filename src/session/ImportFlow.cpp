@@ -86,8 +86,7 @@ void ImportFlow::ChooseNew() {
   const auto table = AskTable();
   if (!table) return;
   const bool isRead = WithRetry(m_platform.Boxes, [&] {
-    const TableSetup setup = SetUpTable(m_platform.Files, *table, {}, {});
-    m_proposal = ProposeProject(m_platform.Files, setup, {}, {});
+    m_proposal = ProposeProject(m_platform.Files, DraftNewProject(m_platform.Files, *table, {}, {}));
   });
   if (!isRead) return;
   if (!m_proposal.Fault.empty()) return Warn(m_platform.Boxes, m_proposal.Fault);

@@ -18,13 +18,7 @@ constexpr std::size_t kSampleValues = 5;
 }  // namespace
 
 std::string ImportFlow::ProposalText() const {
-  const ProjectParameters& project = m_proposal.Project;
-  std::string text = std::string(LastPathComponent(m_table)) + ": " +
-                     Counted(static_cast<std::size_t>(project.TestCount), "test", "tests") + ", " +
-                     Counted(static_cast<std::size_t>(project.ItemCount), "item", "items");
-  if (project.Categorized == 1) {
-    text += " in " + Counted(static_cast<std::size_t>(project.CategoryCount), "category", "categories");
-  }
+  std::string text = std::string(LastPathComponent(m_table)) + ": " + ProjectSummary(m_proposal.Project);
   for (const std::string& note : m_proposal.Notes) text += "\n" + note;
   return text;
 }

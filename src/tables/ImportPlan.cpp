@@ -104,6 +104,8 @@ void MakePlan(Disk& disk, ImportDraft& draft) {
   AddTotals(draft);
 }
 
+}  // namespace
+
 void ReadTable(Disk& disk, ImportDraft& draft, const std::string& table) {
   draft.Setup = SetUpTable(disk, table, draft.Options.Table, draft.Context.Project);
   draft.Survey = {};
@@ -112,8 +114,6 @@ void ReadTable(Disk& disk, ImportDraft& draft, const std::string& table) {
   }
   draft.Matcher.reset();
 }
-
-}  // namespace
 
 bool ImportPlan::HasErrors() const noexcept {
   return std::any_of(Findings.Cases.begin(), Findings.Cases.end(),

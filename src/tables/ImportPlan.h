@@ -80,6 +80,9 @@ struct ImportDraft {
   std::shared_ptr<ResponseMatcher> Matcher = {};
 };
 
+/// Sets up and surveys the table anew. Throws FileError.
+void ReadTable(Disk& disk, ImportDraft& draft, const std::string& table);
+
 /// Reads and plans the import of a table into a project. Throws FileError.
 ImportDraft DraftImport(Disk& disk, const std::string& table, const ImportOptions& options, ImportContext context);
 

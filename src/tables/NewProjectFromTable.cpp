@@ -3,96 +3,39 @@
 #include "tables/NewProjectFromTable.h"
 
 #include <algorithm>
-#include <map>
-#include <set>
+#include <utility>
 
 #include "platform/desktop/FileErrorBoxes.h"
 #include "project/DirectoryRules.h"
 #include "project/ProjectFile.h"
 #include "project/ProjectLayout.h"
-#include "tables/ProposalSurvey.h"
+#include "tables/ProposalItems.h"
 #include "tables/SubjectBuilder.h"
-#include "text/Encoding.h"
+#include "text/Counted.h"
 #include "text/TypedText.h"
 #include "words/CompanionCsv.h"
-#include "words/WordKey.h"
+#include "words/ForeignWords.h"
 
 namespace zova {
 
 namespace {
 
-// Categories need equal sizes; the items of one stand together, in the order of their first rows.
-void OrderByCategory(const ProposalSurvey& survey, ProjectProposal& proposal) {
-  const auto hasNone = [](const StudiedWord& word) { return word.Category.empty(); };
-  if (std::all_of(survey.Words.begin(), survey.Words.end(), hasNone)) return;
-  std::vector<std::string> names;
-  std::map<std::string, std::vector<Word>> members;
-  for (const StudiedWord& word : survey.Words) {
-    if (hasNone(word)) {
-      proposal.Notes.push_back("made without categories: '" + word.Text + "' has none");
-      return;
-    }
-    std::vector<Word>& category = members[word.Category];
-    if (category.empty()) names.push_back(word.Category);
-    category.push_back({word.Text, word.Category});
-  }
-  const std::size_t size = members[names.front()].size();
-  for (const std::string& name : names) {
-    if (members[name].size() == size) continue;
-    proposal.Notes.push_back("made without categories: '" + names.front() + "' has " + std::to_string(size) +
-                             " items, '" + name + "' has " + std::to_string(members[name].size()));
-    return;
-  }
-  proposal.Words.Words.clear();
-  for (const std::string& name : names) {
-    for (Word& word : members[name]) proposal.Words.Words.push_back(std::move(word));
-  }
-  proposal.Words.HasCategories = true;
-}
-
-// The category column of the word list makes a categorised project.
-std::string Categorize(ProjectProposal& proposal) {
-  const std::vector<Word>& words = proposal.Words.Words;
-  const auto end = std::find_if(words.begin(), words.end(),
-                                [&](const Word& word) { return word.Category != words.front().Category; });
-  const auto size = static_cast<std::size_t>(end - words.begin());
-  if (words.size() % size != 0) return "All categories must have an equal number of items.";
-  proposal.Project.Categorized = 1;
-  proposal.Project.ItemsPerCategory = static_cast<std::int16_t>(size);
-  proposal.Project.CategoryCount = static_cast<std::int16_t>(words.size() / size);
-  const std::vector<WordFault> faults = FindWordFaults(proposal.Words, proposal.Project);
-  return faults.empty() ? std::string() : faults.front().Text;
-}
-
-// The number of items; 0 when nothing tells it.
-std::size_t FindItems(const ProposalSurvey& survey, const TableSurvey& table, const ImportOptions& options,
-                      ProjectProposal& proposal) {
-  if (options.Items == ItemsBy::Position) {
-    proposal.Words = {};
-    return survey.LongestStudy;
-  }
-  if (!proposal.Words.IsEmpty()) return proposal.Words.Words.size();
-  if (table.HasNumbers) {
-    return static_cast<std::size_t>(table.LargestNumber + (options.FirstItem.value_or(1) == 0 ? 1 : 0));
-  }
-  for (const StudiedWord& word : survey.Words) proposal.Words.Words.push_back({word.Text, {}});
-  if (survey.HasCategories && !survey.Words.empty()) OrderByCategory(survey, proposal);
-  return proposal.Words.Words.size();
-}
-
-std::string FindTests(Disk& disk, const TableSetup& setup, const TableSurvey& table, const ImportOptions& options,
-                      ProjectParameters& project) {
-  const int count = options.Tests == TestsBy::Rank ? table.MostLabels : static_cast<int>(table.Labels.size());
+std::string FindTests(Disk& disk, const ImportDraft& draft, ProjectParameters& project) {
+  const TableSurvey& table = draft.Survey;
+  const bool isByRank = draft.Options.Tests == TestsBy::Rank;
+  const int count = isByRank ? table.MostLabels : static_cast<int>(table.Labels.size());
   if (count < 1) return "The table has no rows of recalls.";
   if (count > kMaxTests) {
-    return "The table has " + std::to_string(count) + " tests; a project has at most 15" + PartsText(disk, setup);
+    const bool mayRank = !isByRank && table.MostLabels <= kMaxTests;
+    return "The table has " + std::to_string(count) + " tests; a project has at most 15" +
+           (mayRank ? "; --tests rank counts the " + std::to_string(table.MostLabels) + " of one subject" : "") +
+           PartsText(disk, draft.Setup);
   }
   project.TestCount = static_cast<std::int16_t>(count);
   return {};
 }
 
-void FindMinutesAndRatings(const ProposalSurvey& survey, const TableSurvey& table, const ImportOptions& options,
-                           ProjectParameters& project) {
+void FindMinutesAndRatings(const ProposalSurvey& survey, const ImportDraft& draft, ProjectParameters& project) {
   if (survey.LastMinute > 0) {
     project.MinutesRecorded = 1;
     project.MaxMinutes = static_cast<std::int16_t>(std::min(survey.LastMinute, kMaxMinutes));
@@ -101,9 +44,9 @@ void FindMinutesAndRatings(const ProposalSurvey& survey, const TableSurvey& tabl
   if (survey.LargestRating < 1 || survey.LargestRating > kMaxRating) return;
   project.Rated = 1;
   project.MaxRating = static_cast<std::int16_t>(survey.LargestRating);
-  const std::vector<int> tests = TestsOfLabels(table, project.TestCount);
+  const std::vector<int> tests = TestsOfLabels(draft.Survey, project.TestCount);
   for (int test = 1; test <= project.TestCount; ++test) {
-    bool isRated = options.Tests == TestsBy::Rank;
+    bool isRated = draft.Options.Tests == TestsBy::Rank;
     for (const std::size_t label : survey.RatedLabels) isRated = isRated || tests[label] == test;
     if (isRated) project.RatedTests[static_cast<std::size_t>(test) - 1] = "Y";
   }
@@ -111,34 +54,40 @@ void FindMinutesAndRatings(const ProposalSurvey& survey, const TableSurvey& tabl
 
 }  // namespace
 
-ProjectProposal ProposeProject(Disk& disk, const TableSetup& setup, const ImportOptions& options, WordList words) {
+ImportDraft DraftNewProject(Disk& disk, const std::string& table, const ImportOptions& options, WordList words) {
+  ImportDraft draft{
+      .Options = options, .Context = NewImportContext({}, std::move(words)), .Setup = {}, .Survey = {}, .Plan = {}};
+  ReadTable(disk, draft, table);
+  return draft;
+}
+
+ProjectProposal ProposeProject(Disk& disk, const ImportDraft& draft) {
   ProjectProposal proposal;
-  proposal.Words = std::move(words);
+  proposal.Words = draft.Context.Words;
   proposal.Project.FormatMarker = kCurrentMarker;
-  if (!setup.Columns.Faults.empty()) {
-    proposal.Fault = setup.Columns.Faults.front().Text;
+  if (!draft.Setup.Columns.Faults.empty()) {
+    proposal.Fault = draft.Setup.Columns.Faults.front().Text;
     return proposal;
   }
-  const TableSurvey table = SurveyTable(disk, setup, !proposal.Words.IsEmpty());
-  proposal.Fault = FindTests(disk, setup, table, options, proposal.Project);
+  proposal.Fault = FindTests(disk, draft, proposal.Project);
   if (!proposal.Fault.empty()) return proposal;
-  ProposalSurvey survey = SurveyForProject(disk, setup, table, options);
-  const std::size_t items = FindItems(survey, table, options, proposal);
-  if (items < 1) {
-    proposal.Fault = "The table has neither study rows nor item numbers; a new project needs one of them, or --words.";
-    return proposal;
-  }
-  if (items > static_cast<std::size_t>(kMaxItems)) {
-    proposal.Fault = "The table has " + std::to_string(items) +
-                     " items; a project has at most 999.  --items position counts those of one list" +
-                     PartsText(disk, setup);
-    return proposal;
-  }
-  proposal.Project.ItemCount = static_cast<std::int16_t>(items);
-  if (proposal.Words.HasCategories) proposal.Fault = Categorize(proposal);
-  FindMinutesAndRatings(survey, table, options, proposal.Project);
+  ProposalSurvey survey = SurveyForProject(disk, draft);
+  ProposeItems(disk, survey, draft, proposal);
+  if (proposal.Project.ItemCount < 1) return proposal;
+  FindMinutesAndRatings(survey, draft, proposal.Project);
   proposal.Variables = std::move(survey.Variables);
   return proposal;
+}
+
+std::string ProjectSummary(const ProjectParameters& project) {
+  const auto counted = [](int count, const char* one, const char* many) {
+    return Counted(static_cast<std::size_t>(count), one, many);
+  };
+  std::string text = counted(project.TestCount, "test", "tests") + ", " + counted(project.ItemCount, "item", "items");
+  if (project.Categorized == 1) text += " in " + counted(project.CategoryCount, "category", "categories");
+  if (project.MinutesRecorded == 1) text += ", " + counted(project.MaxMinutes, "minute", "minutes");
+  if (project.Rated == 1) text += ", ratings from 1 to " + std::to_string(project.MaxRating);
+  return text;
 }
 
 bool AddVariable(ProjectProposal& proposal, const std::string& name) {
@@ -158,36 +107,25 @@ bool AddVariable(ProjectProposal& proposal, const std::string& name) {
 WordList ReadNewWords(Disk& disk, const std::string& path) {
   std::string bytes;
   disk.Read(path, bytes);
-  const DataText text(bytes);
+  ProjectParameters unknown;
+  unknown.Categorized = 1;
+  WordList list;
+  std::vector<std::size_t> lines;
   try {
-    CsvReader reader(TextSource(text.Content()));
-    WordList list;
-    bool isFirst = true;
-    std::size_t wordColumn = 0;
-    std::size_t categoryColumn = 0;
-    while (reader.Next()) {
-      const auto fields = reader.Fields();
-      const bool isHeader = isFirst && fields.size() > 1 && PlainName(fields[0]) == "item";
-      isFirst = false;
-      if (isHeader) {
-        wordColumn = 1;
-        categoryColumn = fields.size() > 2 ? 2 : 0;
-        list.HasCategories = categoryColumn != 0;
-        continue;
-      }
-      if (fields.size() <= std::max(wordColumn, categoryColumn))
-        throw CsvError("There are too few fields", reader.Line());
-      const std::string_view word = WithoutOuterBlanks(fields[wordColumn]);
-      if (WordKey(word).empty()) throw CsvError("'" + std::string(word) + "' has no letter or digit", reader.Line());
-      list.Words.push_back(
-          {std::string(word), categoryColumn != 0 ? std::string(fields[categoryColumn]) : std::string()});
+    for (ForeignWord& word : ReadForeignWords(bytes, WordSource::File, 1, unknown)) {
+      const auto index = static_cast<std::size_t>(word.Item) - 1;
+      list.Words.resize(std::max(list.Words.size(), index + 1));
+      lines.resize(list.Words.size(), word.Line);
+      list.HasCategories = list.HasCategories || !word.Category.empty();
+      list.Words[index] = {std::move(word.Text), std::move(word.Category)};
+      lines[index] = word.Line;
     }
     const std::vector<WordFault> faults = FindWordFaults({list.Words, false}, {});
-    if (!faults.empty()) throw CsvError(faults.front().Text, static_cast<std::size_t>(faults.front().Item));
-    return list;
+    if (!faults.empty()) throw CsvError(faults.front().Text, lines[static_cast<std::size_t>(faults.front().Item) - 1]);
   } catch (const CsvError& fault) {
     throw CompanionError(fault, path);
   }
+  return list;
 }
 
 std::string PlaceProject(Disk& disk, ProjectParameters& project, const std::string& title, const std::string& directory,

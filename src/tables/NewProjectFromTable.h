@@ -7,7 +7,7 @@
 #include "platform/desktop/MessageBoxes.h"
 #include "platform/files/Disk.h"
 #include "project/ProjectParameters.h"
-#include "tables/TableReader.h"
+#include "tables/ImportPlan.h"
 #include "words/WordList.h"
 
 namespace zova {
@@ -21,21 +21,26 @@ struct VariableOffer {
 /// A project for a table, without title, directories and abbreviation.
 struct ProjectProposal {
   ProjectParameters Project;
-  WordList Words;                        ///< empty in a table of numbers, and with --items position
+  WordList Words;                        ///< empty where the table has none, and with --items position
   std::vector<VariableOffer> Variables;  ///< none is in `Project` yet
   std::vector<std::string> Notes;        ///< what was left out, and why
   std::string Fault;                     ///< why there can be no project; "" when there can
 };
 
-/// What a project for this table would be; `words` are its word list, or empty. `setup` may be that of an empty
-/// project. Throws FileError.
-ProjectProposal ProposeProject(Disk& disk, const TableSetup& setup, const ImportOptions& options, WordList words);
+/// The table of a project that is not there yet, set up and surveyed, without a plan; `words` are its word list, or
+/// empty. Throws FileError.
+ImportDraft DraftNewProject(Disk& disk, const std::string& table, const ImportOptions& options, WordList words);
+
+/// What a project for this table would be. Throws FileError.
+ProjectProposal ProposeProject(Disk& disk, const ImportDraft& draft);
+
+/// "6 tests, 24 items in 4 categories, 3 minutes, ratings from 1 to 5".
+std::string ProjectSummary(const ProjectParameters& project);
 
 /// Adds an offered variable to the project. False for a name that is not offered.
 bool AddVariable(ProjectProposal& proposal, const std::string& name);
 
-/// The words of a file for a new project: a word a line, or a CSV with the header item,word[,category]. Throws
-/// FileError.
+/// The words of a file for a new project, in the forms of ReadForeignWords. Throws FileError.
 WordList ReadNewWords(Disk& disk, const std::string& path);
 
 /// Sets title, directories and abbreviation as the wizard would. Returns why it cannot be so, or "". Throws FileError.

@@ -14,6 +14,8 @@ namespace zova {
 
 namespace {
 
+constexpr int kMaxNumbered = 32767;  // larger numbers are codes
+
 // A column that may be a variable, as long as no subject has two values in it.
 struct Candidate {
   int Column = 0;
@@ -34,13 +36,20 @@ struct Candidate {
 
 class Surveyor {
  public:
-  Surveyor(const TableSetup& setup, const TableReader& reader, const TableSurvey& table, const ImportOptions& options)
-      : m_setup(setup), m_reader(reader), m_table(table), m_options(options) {
-    m_survey.HasCategories = setup.Columns.Has(ColumnRole::Category);
-    for (std::size_t i = 0; i < table.Subjects.size(); ++i) m_subjects.emplace(table.Subjects[i].Text, i);
-    for (int column = 0; column < static_cast<int>(setup.Format.Names.size()); ++column) {
-      if (HasRole(setup, column)) continue;
-      m_candidates.push_back({column, false, {}, std::vector<int>(table.Subjects.size())});
+  Surveyor(const ImportDraft& draft, const TableReader& reader)
+      : m_setup(draft.Setup), m_reader(reader), m_table(draft.Survey), m_options(draft.Options) {
+    const TableColumns& columns = m_setup.Columns;
+    m_survey.HasCategories = columns.Has(ColumnRole::Category);
+    m_category = columns.Of(ColumnRole::Category);
+    const int name = m_setup.OrderColumn == kNoColumn ? kNoColumn : ColumnNamed(m_setup.Format, "category_name");
+    if (m_survey.HasCategories && name != kNoColumn) m_category = name;
+    m_isNumbered = m_table.HasNumbers && m_setup.Layout.Shape == TableShape::Long;
+    m_survey.HasNumberedWords = m_isNumbered && columns.Has(ColumnRole::Item) && columns.Has(ColumnRole::Word);
+    m_survey.LargestNumber = m_table.LargestNumber + Shift();
+    for (std::size_t i = 0; i < m_table.Subjects.size(); ++i) m_subjects.emplace(m_table.Subjects[i].Text, i);
+    for (int column = 0; column < static_cast<int>(m_setup.Format.Names.size()); ++column) {
+      if (HasRole(m_setup, column)) continue;
+      m_candidates.push_back({column, false, {}, std::vector<int>(m_table.Subjects.size())});
     }
   }
 
@@ -48,6 +57,8 @@ class Surveyor {
     const std::size_t subject = m_subjects.find(m_reader.Text(ColumnRole::Subject))->second;
     for (Candidate& candidate : m_candidates) candidate.Add(m_reader.Text(candidate.Column), subject);
     const RowKind kind = KindOfRow(m_reader.Text(ColumnRole::TrialType));
+    if (kind == RowKind::Other) return;
+    if (m_isNumbered) AddNumbered(kind);
     if (kind == RowKind::Study) AddStudied(subject);
     if (kind == RowKind::Recall) AddRecall();
   }
@@ -64,6 +75,34 @@ class Surveyor {
   }
 
  private:
+  [[nodiscard]] int Shift() const { return m_options.FirstItem.value_or(1) == 0 ? 1 : 0; }
+
+  void Note(SaidOfItem& said, std::string_view text) const {
+    if (IsNothing(text) || text == said.Text || said.OtherLine != 0) return;
+    if (said.Line == 0) {
+      said.Text = text;
+      said.Line = m_reader.Line();
+    } else if (WordKey(text) != WordKey(said.Text)) {
+      said.Other = text;
+      said.OtherLine = m_reader.Line();
+    }
+  }
+
+  void AddNumbered(RowKind kind) {
+    const std::string_view response = m_reader.Text(static_cast<int>(m_setup.Layout.Responses.front().Column));
+    const std::string_view number = m_reader.Text(ColumnRole::Item);
+    const auto given = WholeNumber(number.empty() ? response : number);
+    if (!given || *given > kMaxNumbered || *given + Shift() < 1) return;
+    NumberedItem& item = m_survey.Numbered[*given + Shift()];
+    if (item.Line == 0) item.Line = m_reader.Line();
+    item.IsStudied = item.IsStudied || kind == RowKind::Study;
+    Note(item.Category, m_reader.Text(m_category));
+    if (!m_survey.HasNumberedWords) return;
+    // What is recalled may be misspelled: a row of study has the last word.
+    if (kind == RowKind::Study && !std::exchange(item.HasStudiedWord, true)) item.Word = {};
+    if (kind == RowKind::Study || !item.HasStudiedWord) Note(item.Word, response);
+  }
+
   // Numbers by value, so that level 2 is "2".
   static std::vector<std::string> SortedLevels(std::vector<std::string> levels) {
     const auto isNumber = [](const std::string& text) { return WholeNumber(text).has_value(); };
@@ -82,7 +121,7 @@ class Surveyor {
       const std::string_view text = m_reader.Text(static_cast<int>(column.Column));
       if (IsNothing(text)) continue;
       if (!m_words.emplace(WordKey(text), 0).second) continue;
-      m_survey.Words.push_back({std::string(text), std::string(m_reader.Text(ColumnRole::Category))});
+      m_survey.Words.push_back({std::string(text), std::string(m_reader.Text(m_category))});
     }
   }
 
@@ -106,6 +145,8 @@ class Surveyor {
   const TableSurvey& m_table;
   const ImportOptions& m_options;
   ProposalSurvey m_survey;
+  int m_category = kNoColumn;  // our own tables have its name beside its number
+  bool m_isNumbered = false;
   TextMap<std::size_t> m_subjects;
   TextMap<int> m_words;  // by key
   std::vector<Candidate> m_candidates;
@@ -114,10 +155,9 @@ class Surveyor {
 
 }  // namespace
 
-ProposalSurvey SurveyForProject(Disk& disk, const TableSetup& setup, const TableSurvey& table,
-                                const ImportOptions& options) {
-  TableReader reader(disk, setup);
-  Surveyor surveyor(setup, reader, table, options);
+ProposalSurvey SurveyForProject(Disk& disk, const ImportDraft& draft) {
+  TableReader reader(disk, draft.Setup);
+  Surveyor surveyor(draft, reader);
   while (reader.Next()) surveyor.Add();
   return surveyor.Finish();
 }

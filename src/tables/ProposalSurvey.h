@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -15,10 +16,29 @@ struct StudiedWord {
   std::string Category;  ///< of its first row
 };
 
+/// A text that the rows give an item, and the first one that differs from it.
+struct SaidOfItem {
+  std::string Text;
+  std::string Other;
+  std::size_t Line = 0;  ///< of Text; 0 for none
+  std::size_t OtherLine = 0;
+};
+
+struct NumberedItem {
+  std::size_t Line = 0;  ///< its first row
+  SaidOfItem Word;       ///< that of study rows, if there are any
+  SaidOfItem Category;
+  bool IsStudied = false;
+  bool HasStudiedWord = false;
+};
+
 /// What a new project needs to know of a table beyond its survey.
 struct ProposalSurvey {
   std::vector<StudiedWord> Words;  ///< of study rows, by key, in the order of their first rows
   bool HasCategories = false;
+  std::map<int, NumberedItem> Numbered;  ///< in a table with a row per number, by number, from 1
+  bool HasNumberedWords = false;         ///< that table has a column of words, too
+  int LargestNumber = 0;
   std::size_t LongestStudy = 0;  ///< study rows of one subject and test
   int LastMinute = 0;            ///< 0 without minutes
   int LargestRating = 0;
@@ -26,8 +46,7 @@ struct ProposalSurvey {
   std::vector<VariableOffer> Variables;
 };
 
-/// Throws FileError.
-ProposalSurvey SurveyForProject(Disk& disk, const TableSetup& setup, const TableSurvey& table,
-                                const ImportOptions& options);
+/// Goes through the rows of a draft that is set up and surveyed. Throws FileError.
+ProposalSurvey SurveyForProject(Disk& disk, const ImportDraft& draft);
 
 }  // namespace zova

@@ -46,7 +46,7 @@ TableColumns FindTableColumns(const TableFormat& format, const std::vector<Colum
 /// The column named so, or numbered so ("#3"); kNoColumn if there is none.
 int ColumnNamed(const TableFormat& format, std::string_view name);
 
-/// A name as it is compared with others: lower case, without " ._-".
+/// A name as it is compared with others: lower case, without " ._-" and without what a variable's name cannot hold.
 std::string PlainName(std::string_view name);
 /// True when a column of this plain name could have the role.
 bool IsNameOfRole(std::string_view plainName, ColumnRole role);

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "text/Encoding.h"
+#include "text/TypedText.h"
 
 namespace zova {
 
@@ -76,8 +77,9 @@ std::optional<int> LastMinuteOf(std::string_view text, const std::optional<TimeU
   return std::max(1, static_cast<int>(std::ceil(*time / MinuteLength(*unit))));
 }
 
-int LevelOf(std::string_view text, const ProjectParameters& project, std::size_t variable) {
+int LevelOf(std::string_view given, const ProjectParameters& project, std::size_t variable) {
   const int count = project.LevelCounts[variable];
+  const std::string text = FieldText(given);  // as a level made of it is named
   const auto find = [&](auto&& fits) {
     for (int level = 1; level <= count; ++level) {
       if (fits(level)) return level;

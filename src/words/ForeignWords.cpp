@@ -6,6 +6,7 @@
 #include <optional>
 #include <unordered_map>
 
+#include "project/ProjectLimits.h"
 #include "text/CsvReader.h"
 #include "text/Encoding.h"
 #include "text/LeadingNumber.h"
@@ -34,11 +35,18 @@ std::vector<Row> ReadRows(std::string_view text, char delimiter) {
   return rows;
 }
 
-// All rows have two columns or all have three.
+std::optional<std::size_t> ColumnNamed(const Row& row, std::string_view name) {
+  for (std::size_t i = 0; i < row.Fields.size(); ++i) {
+    if (EqualsIgnoringCase(row.Fields[i], name)) return i;
+  }
+  return std::nullopt;
+}
+
+// All rows have two columns or all have three, or as many as a header that names the words.
 bool IsTable(const std::vector<Row>& rows) {
   if (rows.empty()) return false;
   const std::size_t columns = rows.front().Fields.size();
-  return columns >= 2 && columns <= kMostColumns &&
+  return columns >= 2 && (columns <= kMostColumns || ColumnNamed(rows.front(), "word")) &&
          std::all_of(rows.begin(), rows.end(), [&](const Row& row) { return row.Fields.size() == columns; });
 }
 
@@ -59,13 +67,6 @@ struct Columns {
   bool HasHeader = false;
 };
 
-std::optional<std::size_t> ColumnNamed(const Row& row, std::string_view name) {
-  for (std::size_t i = 0; i < row.Fields.size(); ++i) {
-    if (EqualsIgnoringCase(row.Fields[i], name)) return i;
-  }
-  return std::nullopt;
-}
-
 Columns ColumnsOf(const std::vector<Row>& rows, const ProjectParameters& project) {
   const Row& first = rows.front();
   const std::size_t count = first.Fields.size();
@@ -81,10 +82,10 @@ Columns ColumnsOf(const std::vector<Row>& rows, const ProjectParameters& project
   return isNumbered ? Columns{0, 1, std::nullopt} : Columns{std::nullopt, 0, 1};
 }
 
-int ItemOf(const Row& row, std::size_t column, const ProjectParameters& project) {
+int ItemOf(const Row& row, std::size_t column, int mostItems) {
   const auto item = DigitsInteger16(row.Fields[column]);
-  if (item && *item >= 1 && *item <= project.ItemCount) return *item;
-  throw CsvError("'" + row.Fields[column] + "' is no number of an item, from 1 to " + std::to_string(project.ItemCount),
+  if (item && *item >= 1 && *item <= mostItems) return *item;
+  throw CsvError("'" + row.Fields[column] + "' is no number of an item, from 1 to " + std::to_string(mostItems),
                  static_cast<std::size_t>(row.Line));
 }
 
@@ -108,6 +109,7 @@ std::vector<ForeignWord> ReadForeignWords(std::string_view text, WordSource sour
   std::vector<Row> rows = ReadTableOrLines(decoded.Content());
   if (rows.empty()) throw CsvError("There are no words", 1);
   const Columns columns = ColumnsOf(rows, project);
+  const int mostItems = project.ItemCount > 0 ? project.ItemCount : kMaxItems;
   const int firstRow = columns.HasHeader ? 1 : 0;
   std::vector<ForeignWord> words;
   words.reserve(rows.size());
@@ -115,10 +117,10 @@ std::vector<ForeignWord> ReadForeignWords(std::string_view text, WordSource sour
   for (int r = firstRow; r < static_cast<int>(rows.size()); ++r) {
     Row& row = rows[static_cast<std::size_t>(r)];
     const int place = source == WordSource::Pasted ? row.Line - 1 - firstRow : r - firstRow;
-    const int item = columns.Item ? ItemOf(row, *columns.Item, project) : firstItem + place;
+    const int item = columns.Item ? ItemOf(row, *columns.Item, mostItems) : firstItem + place;
     const auto line = static_cast<std::size_t>(row.Line);
-    if (item > project.ItemCount) {
-      throw CsvError("The project has no more than " + std::to_string(project.ItemCount) + " items", line);
+    if (item > mostItems) {
+      throw CsvError("The project has no more than " + std::to_string(mostItems) + " items", line);
     }
     if (const auto [known, isNew] = lines.emplace(item, row.Line); !isNew) {
       throw CsvError("Item " + std::to_string(item) + " is on line " + std::to_string(known->second) + " already",
@@ -126,6 +128,7 @@ std::vector<ForeignWord> ReadForeignWords(std::string_view text, WordSource sour
     }
     ForeignWord& word = words.emplace_back();
     word.Item = item;
+    word.Line = line;
     word.Text = std::move(row.Fields[columns.Word]);
     if (!columns.Category) continue;
     word.HasCategory = true;

@@ -137,6 +137,7 @@ TEST_F(Command, ExplainsEveryOptionInUsageAndManual) {
 TEST_F(Command, ImportsATable) {
   Program = ZOVA_IMPORT_PROGRAM;
   Files.Put("C:\\t.csv", "subject,list,item\n9,1,2\n9,2,1\n8,1,1\n8,1,2\n8,2,2\n");
+  Files.Put("C:\\w.csv", "subject,list,word\na,1,apple\n");
   const char* stopped = "Something is undecided or wrong: see the report.  Nothing was written.\n";
   for (const auto& [arguments, code, errors] :
        {std::tuple("--dry-run t.csv Ab.prm >../report", 0, ""),
@@ -145,11 +146,18 @@ TEST_F(Command, ImportsATable) {
         {"t.csv Ab.prm >../report", 0, "0 subjects were imported.\n"},
         {"--shape square t.csv Ab.prm", 2,
          "zova-import: --shape: 'square' is none of long, lists, wide\nTry 'zova-import --help'.\n"},
+        {"--new-project X --directory ../D w.csv >../refused", 1, stopped},
+        {"--new-project X --directory ../D --items position w.csv >../refused", 1, stopped},
         {"t.csv", 2, "zova-import: PROJECT.prm is required\nTry 'zova-import --help'.\n"},
         {"--new-project X t.csv", 2, "zova-import: --new-project requires --directory\nTry 'zova-import --help'.\n"}}) {
     Expect(arguments, code, {}, errors);
   }
   EXPECT_THAT(ReadFile(Files.Root() / "report"), ::testing::HasSubstr("\r\nsame,2,,,,,\r\n"));
+  const std::string refused = ReadFile(Files.Root() / "refused");
+  EXPECT_THAT(refused, ::testing::HasSubstr("\r\nrows,1,"));
+  EXPECT_TRUE(
+      refused.ends_with("test 1\r\nerror,1,,,,,\"There are no study rows, which --items position needs.\"\r\n"))
+      << refused;
   EXPECT_TRUE(Files.Get("C:\\Data\\Sdata\\AB Sub#9.dat").ends_with("1,2,0,0\r\n2,0,0,0\r\n1,1,0,0\r\n2,0,0,0\r\n"));
 }
 

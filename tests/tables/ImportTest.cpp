@@ -339,9 +339,9 @@ TEST(NewProject, IsThatOfTheTable) {
     for (const auto& [name, value] : given) EXPECT_EQ(SetImportOption(options, name, value), "");
     WordList list;
     if (!words.empty()) scratch.Put("C:\\w.txt", words), list = ReadNewWords(disk, "C:\\w.txt");
-    return ProposeProject(disk, SetUpTable(disk, "C:\\t.csv", options.Table, {}), options, list);
+    return ProposeProject(disk, DraftNewProject(disk, "C:\\t.csv", options, list));
   };
-  const std::string head = "subject,list,trial_type,word,category,group,day,minute,rating\n";
+  const std::string head = "subject,list,trial_type,word,category,\"my \"\"group\"\", a\",day,minute,rating\n";
   ProjectProposal found =
       propose(head +
                   "a,1,study,dog,animal,x,1,,\na,1,study,pear,fruit,x,1,,\na,1,study,cat,animal,x,1,,\n"
@@ -350,20 +350,61 @@ TEST(NewProject, IsThatOfTheTable) {
   EXPECT_EQ(found.Fault, "");
   EXPECT_EQ(FormatWordList(found.Words),
             "item,word,category\r\n1,dog,animal\r\n2,cat,animal\r\n3,pear,fruit\r\n4,plum,fruit\r\n");
-  EXPECT_TRUE(AddVariable(found, "Group"));
+  EXPECT_TRUE(AddVariable(found, "My \"Group\", a"));
+  EXPECT_EQ(SetUpTable(disk, "C:\\t.csv", {}, found.Project).Columns.Variables[0], 5);
   EXPECT_FALSE(AddVariable(found, "day")) << "changes within a subject";
   EXPECT_EQ(PlaceProject(disk, found.Project, "My Study", "C:\\Data", "C:\\Param"), "");
   EXPECT_EQ(FormatProject(found.Project, kCurrentMarker),
             "2,4,1,2,2,1,2,,,1,3,,1,\"My Study\",\"C:\\Data\",\"(none)\",\"My Study.prm\",0,,\"VB Version\"\r\n"
-            "2\r\n\"group\"\r\n\"x\"\r\n\"y\"\r\n\"N\"\r\n\"Y\"\r\n");
-  for (const auto& [table, words, fault] :
-       {std::tuple("subject,list,word\na,1,x\n", "",
-                   "The table has neither study rows nor item numbers; a new project needs "
-                   "one of them, or --words."),
-        {"subject,word\n", "x\n", "The table has no rows of recalls."},
-        {"subject,list,word\na,1,x\n", "item,word,category\n1,x,a\n2,y,a\n3,z,b\n",
-         "All categories must have an equal number of items."}}) {
-    EXPECT_EQ(propose(table, {}, words).Fault, fault);
+            "2\r\n\"my group a\"\r\n\"x\"\r\n\"y\"\r\n\"N\"\r\n\"Y\"\r\n");
+  // The summary, the items, the notes; or the fault.
+  const auto describe = [](const ProjectProposal& proposal) {
+    if (!proposal.Fault.empty()) return proposal.Fault;
+    std::string text = ProjectSummary(proposal.Project) + ":";
+    for (const Word& word : proposal.Words.Words)
+      text += " " + word.Text + (word.Category.empty() ? "" : "/" + word.Category);
+    for (const std::string& note : proposal.Notes) text += "; " + note;
+    return text;
+  };
+  const std::string numbers = "subject,list,trial_type,item,word,category\n";
+  const std::string own = "subject,list,trial_type,position,item,word,category,category_name,order\n";
+  const std::string recalled = "subject,list,word\na,1,x\n";
+  const std::tuple<std::string, Options, const char*, const char*> cases[] = {
+      {recalled,
+       {},
+       "",
+       "The table has neither study rows nor item numbers; a new project needs one of them, or --words."},
+      {recalled, {{"--items", "position"}}, "", "There are no study rows, which --items position needs."},
+      {"subject,word\n", {}, "x\n", "The table has no rows of recalls."},
+      {recalled, {}, "item,word,category\n1,x,a\n2,y,a\n3,z,b\n", "All categories must have an equal number of items."},
+      {recalled, {}, "item,word\n2,apple\n1,vase\n", "1 test, 2 items: vase apple"},
+      {recalled, {}, "Frequency;Length;Word\n3;4;rose, red\n1;5;vase\n", "1 test, 2 items: rose, red vase"},
+      {recalled, {}, "Word\n1 plum\n2 pear, green\n", "1 test, 2 items: 1 plum 2 pear, green"},
+      {numbers + "a,1,study,3,dog,x\na,1,study,2,cat,y\na,1,study,1,ant,y\na,1,study,4,eel,x\na,1,recall,2,kat,\n"
+                 "a,1,recall,99,bee,\n",
+       {},
+       "",
+       "1 test, 4 items in 2 categories: ant/y cat/y dog/x eel/x; the largest item is 4: 99 on line 7 is none"},
+      {numbers + "a,1,study,0,dog,x\na,1,study,1,cat,y\na,1,recall,1,,\n",
+       {{"--first-item", "0"}},
+       "",
+       "1 test, 2 items in 2 categories: dog/x cat/y"},
+      {numbers + "a,1,study,1,dog,x\na,1,study,2,cat,y\na,1,study,3,eel,x\na,1,study,4,ant,y\na,2,study,1,cow,x\na,1,"
+                 "recall,1,dog,\n",
+       {},
+       "",
+       "2 tests, 4 items:; made without a word list: item 1 is 'dog' on line 2 and 'cow' on line 6; made without "
+       "categories: Item 2 is in 'y', but category 1 of the project is 'x'"},
+      {own + "a,1,study,1,1,dog,1,animal,saved\na,1,study,2,2,pea,2,fruit,saved\na,1,recall,1,2,pea,2,fruit,saved\n",
+       {},
+       "",
+       "1 test, 2 items in 2 categories: dog/animal pea/fruit"},
+      {"subject,list,item,minute,rating\na,1,1,2,\na,1,2,3,4\na,1,9,3,\n",
+       {},
+       "",
+       "1 test, 9 items, 3 minutes, ratings from 1 to 4:; no row has the items from 3 to 8; 9 stands on line 4"}};
+  for (const auto& [table, given, words, expected] : cases) {
+    EXPECT_EQ(describe(propose(table, given, words)), expected) << table << words;
   }
   std::string many = "subject,list,item,session\n";
   for (int list = 1; list <= 16; ++list) many += "a," + std::to_string(list) + ",1," + std::to_string(list % 2) + "\n";

@@ -19,6 +19,7 @@
 #include "tables/ImportPlan.h"
 #include "tables/ImportReport.h"
 #include "tables/ImportRun.h"
+#include "tables/ImportTotals.h"
 #include "tables/NewProjectFromTable.h"
 #include "text/Counted.h"
 
@@ -28,6 +29,7 @@ namespace {
 constexpr int kDone = 0;
 constexpr int kStopped = 1;
 constexpr int kWrongUsage = 2;
+constexpr const char* kStoppedText = "Something is undecided or wrong: see the report.  Nothing was written.\n";
 
 class ImportCommand {
  public:
@@ -72,8 +74,8 @@ class ImportCommand {
   bool ProposeNew() {
     WordList words;
     if (m_arguments.WordsFile) words = ReadNewWords(m_disk, FilePath(*m_arguments.WordsFile));
-    const TableSetup setup = SetUpTable(m_disk, m_table, m_arguments.Options.Table, {});
-    ProjectProposal proposal = ProposeProject(m_disk, setup, m_arguments.Options, std::move(words));
+    ImportDraft draft = DraftNewProject(m_disk, m_table, m_arguments.Options, std::move(words));
+    ProjectProposal proposal = ProposeProject(m_disk, draft);
     for (const std::string& name : m_arguments.Variables) {
       if (!proposal.Fault.empty() || AddVariable(proposal, name)) continue;
       proposal.Fault = "'" + name + "' is no column with one value for each subject and 2 to 10 in all.";
@@ -82,16 +84,32 @@ class ImportCommand {
       proposal.Fault = PlaceProject(m_disk, proposal.Project, *m_arguments.NewProject, FilePath(*m_arguments.Directory),
                                     ParamDirectory());
     }
-    m_context = NewImportContext(proposal.Project, std::move(proposal.Words));
-    m_context.Notes = std::move(proposal.Notes);
-    if (!proposal.Fault.empty()) m_context.Faults.push_back({proposal.Fault});
-    const auto& names = m_context.Project.VariableNames;
+    draft.Context = NewImportContext(proposal.Project, std::move(proposal.Words));
+    draft.Context.Notes = std::move(proposal.Notes);
+    if (!proposal.Fault.empty()) return Refuse(draft, proposal.Fault);
+    draft.Context.Notes.insert(draft.Context.Notes.begin(), ProjectSummary(proposal.Project));
+    const auto& names = proposal.Project.VariableNames;
     for (const VariableOffer& offer : proposal.Variables) {
-      if (std::find(names.begin(), names.end(), offer.Name) != names.end()) continue;
-      m_context.Notes.push_back("'" + offer.Name +
-                                "' could be a variable: " + Counted(offer.Levels.size(), "level", "levels"));
+      const auto isNamed = [&](const std::string& name) { return PlainName(name) == PlainName(offer.Name); };
+      if (std::any_of(names.begin(), names.end(), isNamed)) continue;
+      draft.Context.Notes.push_back("'" + offer.Name +
+                                    "' could be a variable: " + Counted(offer.Levels.size(), "level", "levels"));
     }
+    m_context = std::move(draft.Context);
     return true;
+  }
+
+  // There is no project into which the table could be planned.
+  bool Refuse(ImportDraft& draft, const std::string& fault) {
+    AddTotals(draft);
+    const auto& columns = draft.Setup.Columns.Faults;
+    for (const ColumnNote& note : columns) {
+      draft.Plan.Findings.Add({.Kind = CaseKind::Error, .Column = note.Column, .Text = note.Text});
+    }
+    if (columns.empty()) draft.Plan.Findings.Add({.Kind = CaseKind::Error, .Text = fault});
+    Print(FormatImportReport(draft.Plan));
+    std::cerr << kStoppedText;
+    return false;
   }
 
   [[nodiscard]] std::string ParamDirectory() const {
@@ -103,7 +121,7 @@ class ImportCommand {
     Print(FormatImportReport(draft.Plan));
     if (m_arguments.UnmatchedFile) m_disk.Write(FilePath(*m_arguments.UnmatchedFile), FormatUnmatched(draft.Plan));
     if (!draft.Plan.MayBeWritten()) {
-      std::cerr << "Something is undecided or wrong: see the report.  Nothing was written.\n";
+      std::cerr << kStoppedText;
       return kStopped;
     }
     if (m_arguments.IsDryRun) return kDone;
