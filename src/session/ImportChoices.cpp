@@ -28,6 +28,7 @@ std::optional<Value> ValueAt(const std::array<Value, Count>& values, int answer)
 
 constexpr std::array kEncodings = {TableEncoding::Utf8, TableEncoding::Windows1252};
 constexpr std::array kDelimiters = {',', '\t', ';'};
+constexpr std::array kTimes = {TimeUnit::MinuteNumbers, TimeUnit::Seconds, TimeUnit::Milliseconds, TimeUnit::Minutes};
 constexpr std::array kShapes = {TableShape::Long, TableShape::Lists, TableShape::Wide};
 const std::array<std::string, 6>& Separators() {
   static const std::array<std::string, 6> kSeparators = {",", ";", "|", "/", " ", "\n"};
@@ -59,7 +60,7 @@ struct PlanSwitch {
   const char* Name;
   const char* Text;
   std::array<const char*, 2> Answers;
-  bool (*Get)(const ImportOptions& options);
+  bool (*Get)(const ImportDraft& draft);
   void (*Set)(ImportOptions& options, bool second);
 };
 
@@ -67,32 +68,32 @@ constexpr std::array<PlanSwitch, 6> kSwitches = {{
     {"--items",
      "Items are",
      {"the numbers of the word list", "positions in the study list"},
-     [](const ImportOptions& o) { return o.Items == ItemsBy::Position; },
+     [](const ImportDraft& d) { return d.Options.Items == ItemsBy::Position; },
      [](ImportOptions& o, bool second) { o.Items = second ? ItemsBy::Position : ItemsBy::Pool; }},
     {"--repeats",
      "Repeated recalls",
      {"First one only", "Keep all"},
-     [](const ImportOptions& o) { return o.Repeated == Repeats::Keep; },
+     [](const ImportDraft& d) { return KeptRepeats(d.Options, d.Setup) == Repeats::Keep; },
      [](ImportOptions& o, bool second) { o.Repeated = second ? Repeats::Keep : Repeats::First; }},
     {"--accents",
      "Accents",
      {"May be missing", "Have to be right"},
-     [](const ImportOptions& o) { return o.ExactAccents; },
+     [](const ImportDraft& d) { return d.Options.ExactAccents; },
      [](ImportOptions& o, bool second) { o.ExactAccents = second; }},
     {"--order",
      "Order of recall",
      {"By the position, if there is one", "That of the rows"},
-     [](const ImportOptions& o) { return o.OrderByRows; },
+     [](const ImportDraft& d) { return d.Options.OrderByRows; },
      [](ImportOptions& o, bool second) { o.OrderByRows = second; }},
     {"--ids",
      "Identifiers",
      {"Those of the table", "Number the subjects"},
-     [](const ImportOptions& o) { return o.NumberIds; },
+     [](const ImportDraft& d) { return d.Options.NumberIds; },
      [](ImportOptions& o, bool second) { o.NumberIds = second; }},
     {"--accept-incomplete",
      "Subjects that fail a check",
      {"Leave them out", "Save them as unfinished"},
-     [](const ImportOptions& o) { return o.AcceptIncomplete; },
+     [](const ImportDraft& d) { return d.Options.AcceptIncomplete; },
      [](ImportOptions& o, bool second) { o.AcceptIncomplete = second; }},
 }};
 
@@ -102,7 +103,7 @@ struct AnswerName {
   const char* Text;
 };
 
-constexpr std::array<AnswerName, 17> kAnswers = {{
+constexpr std::array<AnswerName, 18> kAnswers = {{
     {"--tests", "labels", "By their labels"},
     {"--tests", "rank", "Each subject's own, in order"},
     {"--first-item", "0", "The first item is 0"},
@@ -110,6 +111,7 @@ constexpr std::array<AnswerName, 17> kAnswers = {{
     {"--times", "s", "Seconds"},
     {"--times", "ms", "Milliseconds"},
     {"--times", "min", "Minutes"},
+    {"--times", "number", "Numbers of minutes"},
     {"--others", "intrusion", "Intrusions"},
     {"--others", "skip", "Leave them out"},
     {"--too-long", "cut", "Cut them"},
@@ -169,16 +171,23 @@ void ChooseForTable(TableOptions& options, const std::string& name, int answer) 
   if (name == "--separator") options.Separator = ValueAt(Separators(), answer);
 }
 
-std::vector<ImportChoice> PlanChoices(const ImportOptions& options) {
+std::vector<ImportChoice> PlanChoices(const ImportDraft& draft) {
   std::vector<ImportChoice> choices;
-  choices.reserve(kSwitches.size());
+  choices.reserve(kSwitches.size() + 1);
   for (const PlanSwitch& choice : kSwitches) {
-    choices.push_back({choice.Name, choice.Text, {choice.Answers[0], choice.Answers[1]}, choice.Get(options) ? 1 : 0});
+    choices.push_back({choice.Name, choice.Text, {choice.Answers[0], choice.Answers[1]}, choice.Get(draft) ? 1 : 0});
+  }
+  if (draft.Context.Project.MinutesRecorded == 1 && draft.Setup.Columns.Has(ColumnRole::Minute)) {
+    choices.push_back({"--times",
+                       "Minutes are",
+                       {"Numbers of minutes", "Times in seconds", "Times in milliseconds", "Times in minutes"},
+                       std::max(IndexOf(kTimes, draft.Options.Times) - 1, 0)});
   }
   return choices;
 }
 
 void ChooseForPlan(ImportOptions& options, const std::string& name, int answer) {
+  if (name == "--times") options.Times = ValueAt(kTimes, answer + 1);
   for (const PlanSwitch& choice : kSwitches) {
     if (choice.Name == name) choice.Set(options, answer == 1);
   }

@@ -22,7 +22,7 @@ std::vector<ImportChoice> TableChoices(const ImportDraft& draft);
 void ChooseForTable(TableOptions& options, const std::string& name, int answer);
 
 /// What the import does where the table leaves it open; each has a default.
-std::vector<ImportChoice> PlanChoices(const ImportOptions& options);
+std::vector<ImportChoice> PlanChoices(const ImportDraft& draft);
 void ChooseForPlan(ImportOptions& options, const std::string& name, int answer);
 
 /// An answer of zova-import's options as the screen shows it: "leave-out" with "--too-long" is "Leave them out".

@@ -172,7 +172,7 @@ void ImportFlow::ListChoices() {
     }
     m_choices.push_back(std::move(choice));
   }
-  for (ImportChoice& choice : PlanChoices(m_draft->Options)) {
+  for (ImportChoice& choice : PlanChoices(*m_draft)) {
     const auto isAsked = [&](const ImportQuestion& question) { return NameOfQuestion(question) == choice.Name; };
     if (std::none_of(m_asked.begin(), m_asked.end(), isAsked)) m_choices.push_back(std::move(choice));
   }
@@ -267,8 +267,9 @@ bool ImportFlow::KeepDecisions() {
                                                   .Title = "Import Recalls"});
   if (answer == BoxAnswer::No) return true;
   return answer == BoxAnswer::Yes && WithRetry(m_platform.Boxes, [&] {
-           WriteCompanion(m_platform.Files, *m_project, CompanionFile::Responses,
-                          FormatResponses(inReview ? m_review.Decisions() : m_draft->Context.Decided));
+           WriteCompanion(
+               m_platform.Files, *m_project, CompanionFile::Responses,
+               FormatResponses(DecisionsToKeep(inReview ? m_review.Decisions() : m_draft->Context.Decided, *m_draft)));
          });
 }
 

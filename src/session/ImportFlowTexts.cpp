@@ -93,8 +93,10 @@ std::string ImportFlow::DryRunText(int row, int column) const {
 
 std::string ImportFlow::DryRunLine() const {
   const ImportPlan& plan = m_draft->Plan;
-  const std::size_t written = plan.CountOf(SubjectAction::Write) + plan.CountOf(SubjectAction::Replace);
+  const std::size_t unfinished = plan.CountOf(SubjectAction::Unfinished);
+  const std::size_t written = plan.CountOf(SubjectAction::Write) + plan.CountOf(SubjectAction::Replace) + unfinished;
   std::string line = Counted(written, "subject", "subjects") + " would be written";
+  if (unfinished > 0) line += ", " + std::to_string(unfinished) + " of them as unfinished";
   if (!plan.Questions.empty()) line += "; " + Counted(plan.Questions.size(), "question is", "questions are") + " open";
   if (plan.HasErrors()) line += "; the faults in the list have to be mended first";
   return line;

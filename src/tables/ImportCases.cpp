@@ -28,9 +28,9 @@ void ImportFindings::Add(ImportCase found) {
   }
 }
 
-std::size_t ImportFindings::Note(std::string_view response, std::string_view key, std::string_view subject,
-                                 std::size_t row) {
-  const std::string_view place = key.empty() ? response : key;
+OpenResponse& ImportFindings::Note(std::string_view response, std::string_view scope, std::string_view subject,
+                                   std::size_t row) {
+  const std::string place = ResponsePlace(response, scope);
   auto found = m_places.find(place);
   if (found == m_places.end()) {
     found = m_places.emplace(place, Responses.size()).first;
@@ -38,9 +38,11 @@ std::size_t ImportFindings::Note(std::string_view response, std::string_view key
     added.Response = response;
     added.Subject = subject;
     added.Row = row;
+    added.Scope = scope;
   }
-  ++Responses[found->second].Count;
-  return found->second;
+  OpenResponse& open = Responses[found->second];
+  ++open.Count;
+  return open;
 }
 
 }  // namespace zova

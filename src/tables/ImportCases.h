@@ -48,14 +48,17 @@ struct ImportCounts {
   std::size_t EmptyTests = 0;
 };
 
-/// A response that is no word, and what becomes of it.
+/// A response that is no word of its list, and what becomes of it.
 struct OpenResponse {
   std::string Response;
   std::size_t Count = 0;
   std::vector<NearItem> Near = {};  ///< the nearest words: one is proposed, several are a tie
   std::string Subject = {};         ///< of the first row with it
   std::size_t Row = 0;
-  std::optional<Decision> Decided = {};
+  std::optional<Decision> Decided = {};  ///< nullopt as long as it is open in one list
+  std::size_t Open = 0;                  ///< how often it is
+  bool IsTaken = false;                  ///< by --accept-distance, as the same item in all lists
+  std::string Scope = {};                ///< of a decision about it (DecidedResponse)
 };
 
 /// What the user has to know of a table's subjects.
@@ -65,8 +68,8 @@ class ImportFindings {
   static constexpr std::size_t kMaxCases = 100000;
 
   void Add(ImportCase found);
-  /// Notes a response by its key. Returns the index of its entry in Responses.
-  std::size_t Note(std::string_view response, std::string_view key, std::string_view subject, std::size_t row);
+  /// Notes a response by its key, and in lists of positions by its scope. Returns its entry in Responses.
+  OpenResponse& Note(std::string_view response, std::string_view scope, std::string_view subject, std::size_t row);
 
   std::vector<ImportCase> Cases;
   std::size_t Uncounted = 0;  ///< cases beyond kMaxCases
@@ -74,7 +77,7 @@ class ImportFindings {
   std::vector<OpenResponse> Responses;  ///< in the order of their first rows
 
  private:
-  TextMap<std::size_t> m_places;  // of responses, by key
+  TextMap<std::size_t> m_places;  // of responses, by key and scope
 };
 
 }  // namespace zova

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "platform/desktop/FileErrorBoxes.h"
+#include "platform/files/PathParts.h"
 #include "project/DirectoryRules.h"
 #include "project/ProjectLayout.h"
 #include "text/CsvReader.h"
@@ -61,12 +62,15 @@ ImportContext ReadImportContext(Disk& disk, const ProjectParameters& project) {
   return context;
 }
 
-void AddDecisions(Disk& disk, const std::string& path, ImportContext& context) {
+void AddDecisions(Disk& disk, const std::string& path, ItemsBy items, ImportContext& context) {
   std::string bytes;
   disk.Read(path, bytes);
   try {
-    const Responses given = ParseProposedResponses(bytes, context.Project);
-    for (const DecidedResponse& decided : given.All()) context.Decided.Replace(decided);
+    const Responses given = ParseProposedResponses(bytes, context.Project, items == ItemsBy::Position);
+    for (DecidedResponse decided : given.All()) {
+      decided.File = LastPathComponent(path);
+      context.Decided.Replace(std::move(decided));
+    }
   } catch (const CsvError& fault) {
     throw CompanionError(fault, path);
   }

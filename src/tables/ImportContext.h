@@ -44,7 +44,8 @@ ImportContext ReadImportContext(Disk& disk, const ProjectParameters& project);
 /// For a project that is not written yet.
 ImportContext NewImportContext(const ProjectParameters& project, WordList words);
 
-/// Adds the lines of a file of decisions. Throws FileError.
-void AddDecisions(Disk& disk, const std::string& path, ImportContext& context);
+/// Adds the lines of a file of decisions. With items by position they are those of their subjects' lists. Throws
+/// FileError.
+void AddDecisions(Disk& disk, const std::string& path, ItemsBy items, ImportContext& context);
 
 }  // namespace zova

@@ -26,8 +26,10 @@ constexpr std::array<Named<TestsBy>, 2> kTests = {{{"labels", TestsBy::Labels}, 
 constexpr std::array<Named<ItemsBy>, 2> kItems = {{{"pool", ItemsBy::Pool}, {"position", ItemsBy::Position}}};
 constexpr std::array<Named<int>, 2> kFirstItems = {{{"0", 0}, {"1", 1}}};
 constexpr std::array<Named<int>, 3> kDistances = {{{"0", 0}, {"1", 1}, {"2", 2}}};
-constexpr std::array<Named<TimeUnit>, 3> kTimes = {
-    {{"s", TimeUnit::Seconds}, {"ms", TimeUnit::Milliseconds}, {"min", TimeUnit::Minutes}}};
+constexpr std::array<Named<TimeUnit>, 4> kTimes = {{{"s", TimeUnit::Seconds},
+                                                    {"ms", TimeUnit::Milliseconds},
+                                                    {"min", TimeUnit::Minutes},
+                                                    {"number", TimeUnit::MinuteNumbers}}};
 constexpr std::array<Named<Leftovers>, 2> kOthers = {{{"intrusion", Leftovers::Intrusion}, {"skip", Leftovers::Skip}}};
 constexpr std::array<Named<Repeats>, 2> kRepeats = {{{"first", Repeats::First}, {"keep", Repeats::Keep}}};
 constexpr std::array<Named<TooLong>, 2> kTooLong = {{{"cut", TooLong::Cut}, {"leave-out", TooLong::LeaveOut}}};

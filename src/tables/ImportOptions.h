@@ -46,7 +46,8 @@ struct TableOptions {
 
 enum class TestsBy { Labels, Rank };
 enum class ItemsBy { Pool, Position };
-enum class TimeUnit { Seconds, Milliseconds, Minutes };
+/// MinuteNumbers: the minutes of the test, from 1, and no times.
+enum class TimeUnit { Seconds, Milliseconds, Minutes, MinuteNumbers };
 enum class Leftovers { Intrusion, Skip };
 enum class Repeats { First, Keep };
 enum class TooLong { Cut, LeaveOut };
@@ -72,7 +73,7 @@ struct ImportOptions {
   bool ExactAccents = false;
   std::optional<Leftovers> Others;  ///< what responses count as that are no words and not decided
   int AcceptDistance = 0;           ///< takes the proposals of at most this distance
-  Repeats Repeated = Repeats::First;
+  std::optional<Repeats> Repeated;  ///< KeptRepeats
   std::optional<TooLong> Long;
   std::optional<MissingTests> Missing;
   std::optional<ExistingSubjects> Existing;

@@ -12,19 +12,26 @@
 #include "tables/ImportTotals.h"
 #include "tables/SubjectBuilder.h"
 #include "text/Encoding.h"
+#include "words/SubjectRows.h"
 #include "words/WordKey.h"
 
 namespace zova {
 
 namespace {
 
-// What a subject's file in Sdata holds; "" without one.
-std::string SavedContent(Disk& disk, const ImportContext& context, const std::string& fileName) {
+bool IsSaved(Disk& disk, const std::string& directory, const BuiltSubject& subject, const ProjectParameters& project) {
   std::string content;
-  if (context.Subjects.find(UpperCase(fileName)) != context.Subjects.end()) {
-    disk.Read(JoinPath(SubjectDirectory(context.Project.PrimaryDir), fileName), content);
-  }
-  return content;
+  disk.Read(JoinPath(directory, SubjectFileName(project, subject.Record.SubjectId)), content);
+  return content == FormatSubject(subject.Record, project);
+}
+
+// A table without an order of study does not speak against the one that is kept.
+bool HasSameRows(const ImportContext& context, const BuiltSubject& subject) {
+  const auto intrusions = RowsOf(context.Intrusions, subject.Record.SubjectId);
+  const auto orders = RowsOf(context.StudyOrders, subject.Record.SubjectId);
+  return std::equal(intrusions.begin(), intrusions.end(), subject.Intrusions.begin(), subject.Intrusions.end()) &&
+         (subject.StudyOrders.empty() ||
+          std::equal(orders.begin(), orders.end(), subject.StudyOrders.begin(), subject.StudyOrders.end()));
 }
 
 SubjectAction ActionFor(Disk& disk, const ImportDraft& draft, const BuiltSubject& subject) {
@@ -34,9 +41,11 @@ SubjectAction ActionFor(Disk& disk, const ImportDraft& draft, const BuiltSubject
   const std::string name = SubjectFileName(context.Project, subject.Record.SubjectId);
   const bool isComplete = context.Subjects.find(UpperCase(name)) != context.Subjects.end();
   const bool isUnfinished = context.Unfinished.find(UpperCase(name)) != context.Unfinished.end();
-  if (isComplete && SavedContent(disk, context, name) == FormatSubject(subject.Record, context.Project)) {
-    return SubjectAction::Same;
-  }
+  const std::string& primary = context.Project.PrimaryDir;
+  const bool isSame =
+      (isComplete && IsSaved(disk, SubjectDirectory(primary), subject, context.Project)) ||
+      (isUnfinished && subject.IsIncomplete && IsSaved(disk, UnfinishedDirectory(primary), subject, context.Project));
+  if (isSame && HasSameRows(context, subject)) return SubjectAction::Same;
   const bool isThere = isComplete || isUnfinished;
   if (isThere && draft.Options.Existing != ExistingSubjects::Replace) return SubjectAction::Skip;
   if (subject.IsIncomplete) return SubjectAction::Unfinished;
@@ -76,12 +85,16 @@ void PlanSubjects(Disk& disk, ImportDraft& draft, std::array<std::size_t, kMaxVa
   });
 }
 
-// Decisions on what has become a word are passed over.
 void NoteNeedlessDecisions(ImportDraft& draft) {
   for (const DecidedResponse& decided : draft.Context.Decided.All()) {
-    if (!draft.Matcher->IsWord(WordKey(decided.Response))) continue;
-    draft.Plan.Findings.Add({.Kind = CaseKind::Check,
-                             .Text = "'" + decided.Response + "' is a word; what was decided about it is passed over"});
+    if (!IsNeedless(decided, draft)) continue;
+    std::string text = "'" + decided.Response + "' is a word; what was decided about it is passed over";
+    if (decided.Line != 0) {
+      const std::string file =
+          decided.File.empty() ? CompanionName(draft.Context.Project, CompanionFile::Responses) : decided.File;
+      text.insert(0, "'" + file + "', line " + std::to_string(decided.Line) + ": ");
+    }
+    draft.Plan.Findings.Add({.Kind = CaseKind::Check, .Text = std::move(text)});
   }
 }
 
@@ -91,6 +104,7 @@ void MakePlan(Disk& disk, ImportDraft& draft) {
     draft.Matcher =
         std::make_shared<ResponseMatcher>(draft.Context.Words, draft.Survey.Studied, draft.Options.ExactAccents);
   }
+  draft.Matcher->ListDecisions().clear();
   NoteTableFaults(disk, draft);
   if (!draft.Setup.Columns.Faults.empty()) {
     AddTotals(draft);
@@ -110,7 +124,7 @@ void ReadTable(Disk& disk, ImportDraft& draft, const std::string& table) {
   draft.Setup = SetUpTable(disk, table, draft.Options.Table, draft.Context.Project);
   draft.Survey = {};
   if (draft.Setup.Columns.Faults.empty()) {
-    draft.Survey = SurveyTable(disk, draft.Setup, !draft.Context.Words.IsEmpty());
+    draft.Survey = SurveyTable(disk, draft.Setup, draft.Context.Words);
   }
   draft.Matcher.reset();
 }
@@ -133,11 +147,35 @@ void RefreshImport(Disk& disk, ImportDraft& draft) {
   MakePlan(disk, draft);
 }
 
+// A response in two pieces may be decided as the word that it is in one.
+bool IsNeedless(const DecidedResponse& decided, const ImportDraft& draft) {
+  const std::string key = WordKey(decided.Response);
+  const bool isItsWord = decided.What.Kind == Verdict::Item && draft.Matcher->ItemInPool(key) == decided.What.Item;
+  return draft.Matcher->IsWord(key) && !isItsWord;
+}
+
+Responses DecisionsToKeep(const Responses& decided, const ImportDraft& draft) {
+  const bool byPosition = draft.Options.Items == ItemsBy::Position;
+  Responses kept;
+  TextMap<int> items;  // responses that are items in some lists
+  const auto isKeptAlready = [](const DecidedResponse& d) { return d.Line != 0 && d.File.empty(); };
+  for (const DecidedResponse& decision : decided.All()) {
+    if (byPosition && decision.What.Kind == Verdict::Item) items.emplace(ResponsePlace(decision.Response, {}), 0);
+    if (isKeptAlready(decision)) kept.Add(decision);
+  }
+  for (const DecidedResponse& decision : decided.All()) {
+    if (byPosition && items.find(ResponsePlace(decision.Response, {})) != items.end()) continue;
+    if (isKeptAlready(decision) || (!decision.File.empty() && IsNeedless(decision, draft))) continue;
+    kept.Add({decision.Response, decision.What});
+  }
+  return kept;
+}
+
 std::size_t TakeProposals(const ImportPlan& plan, int distance, Responses& decided) {
   std::size_t taken = 0;
   for (const OpenResponse& open : plan.Findings.Responses) {
     if (open.Decided || open.Near.size() != 1 || open.Near.front().Distance > distance) continue;
-    decided.Replace({open.Response, {Verdict::Item, open.Near.front().Item}, 0});
+    decided.Replace({open.Response, {Verdict::Item, open.Near.front().Item}, 0, open.Scope});
     ++taken;
   }
   return taken;

@@ -90,6 +90,13 @@ ImportDraft DraftImport(Disk& disk, const std::string& table, const ImportOption
 /// Throws FileError.
 void RefreshImport(Disk& disk, ImportDraft& draft);
 
+/// True when a decision is about what is a word by now: it is reported and passed over.
+bool IsNeedless(const DecidedResponse& decided, const ImportDraft& draft);
+
+/// The decisions that the project keeps for later tables. Numbers for lists of positions mean other words in other
+/// tables.
+Responses DecisionsToKeep(const Responses& decided, const ImportDraft& draft);
+
 /// Decides all responses near one word at this distance or less, and undecided, for that word. Returns how many.
 std::size_t TakeProposals(const ImportPlan& plan, int distance, Responses& decided);
 

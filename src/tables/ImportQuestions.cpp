@@ -39,10 +39,17 @@ void AskNumbers(ImportDraft& draft) {
     Ask(draft, "--first-item", "There are items with the number 0.  Is the first item 0, or 1 and a 0 no recall?",
         {"0", "1"}, survey.ZeroLine);
   }
-  const bool keepsMinutes = draft.Context.Project.MinutesRecorded == 1;
-  if (keepsMinutes && survey.BrokenMinuteLine != 0 && !draft.Options.Times) {
+  const ProjectParameters& project = draft.Context.Project;
+  if (project.MinutesRecorded != 1 || draft.Options.Times) return;
+  if (survey.BrokenMinuteLine != 0) {
     Ask(draft, "--times", "The minutes are no whole numbers.  Are they times, in seconds, milliseconds or minutes?",
         {"s", "ms", "min"}, survey.BrokenMinuteLine);
+  } else if (survey.LargestMinute > project.MaxMinutes) {
+    Ask(draft, "--times",
+        "There are minutes up to " + std::to_string(survey.LargestMinute) + "; the project has " +
+            std::to_string(project.MaxMinutes) +
+            ".  Are they times, in seconds, milliseconds or minutes, or the numbers of minutes?",
+        {"s", "ms", "min", "number"}, survey.LargestMinuteLine);
   }
 }
 

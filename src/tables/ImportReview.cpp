@@ -19,7 +19,7 @@ const NearItem* ProposalOf(const OpenResponse& response) {
 
 bool IsTakenWithAll(const OpenResponse& response) {
   const NearItem* proposal = ProposalOf(response);
-  return proposal != nullptr && proposal->Distance == 1 && !response.Decided;
+  return proposal != nullptr && proposal->Distance <= 1 && !response.Decided;
 }
 
 template <typename TextOf>
@@ -163,7 +163,7 @@ Responses ImportReview::Decisions() const {
   Responses decided = m_decided;
   for (std::size_t row = 0; row < m_rows.size(); ++row) {
     if (m_rows[row].Decided && m_rows[row].Decided != m_first[row]) {
-      decided.Replace({m_rows[row].Response, *m_rows[row].Decided, 0});
+      decided.Replace({m_rows[row].Response, *m_rows[row].Decided, 0, m_rows[row].Scope});
     }
   }
   return decided;

@@ -38,7 +38,7 @@ class ImportReview {
   void Decide(const std::vector<int>& rows, const Decision& decision);
   /// Takes the proposals of these rows; rows without one stay. False when there was none.
   bool TakeProposals(const std::vector<int>& rows);
-  /// Takes all proposals of distance 1.
+  /// Takes all proposals of distance 1, and of words in two pieces.
   void TakeNear();
   /// Decides for the item with this number or this word. Returns what is wrong with the text, or "".
   std::string Assign(const std::vector<int>& rows, const std::string& text);

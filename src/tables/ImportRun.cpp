@@ -46,7 +46,7 @@ class Companions {
     ReplaceRows(intrusions, isReplaced, RowsFor(plan.Intrusions, subjects));
     std::vector<StudyOrder> orders = context.StudyOrders;
     ReplaceRows(orders, isReplaced, RowsFor(plan.StudyOrders, subjects));
-    const Responses decided = DecisionsToKeep();
+    const Responses decided = Decisions();
     return Store(CompanionFile::Responses, FormatResponses(decided), decided.All().empty()) &&
            Store(CompanionFile::Subjects, FormatOriginalIds(plan.OriginalIds), plan.OriginalIds.empty()) &&
            Store(CompanionFile::Intrusions, FormatIntrusions(intrusions), intrusions.empty()) &&
@@ -54,16 +54,11 @@ class Companions {
   }
 
  private:
-  // Numbers that were decided for lists of positions mean other words in other lists.
-  [[nodiscard]] Responses DecisionsToKeep() const {
-    Responses kept;
-    const bool byPosition = m_draft.Options.Items == ItemsBy::Position;
-    for (const DecidedResponse& decided : m_draft.Context.Decided.All()) {
-      if (!byPosition || decided.What.Kind != Verdict::Item) kept.Add(decided);
-    }
-    if (byPosition || m_draft.Options.AcceptDistance == 0) return kept;
+  [[nodiscard]] Responses Decisions() const {
+    Responses kept = DecisionsToKeep(m_draft.Context.Decided, m_draft);
+    if (m_draft.Options.Items == ItemsBy::Position) return kept;
     for (const OpenResponse& open : m_draft.Plan.Findings.Responses) {
-      if (open.Decided && open.Near.size() == 1) kept.Add({open.Response, *open.Decided, 0});
+      if (open.IsTaken) kept.Add({open.Response, *open.Decided});
     }
     return kept;
   }
@@ -95,7 +90,7 @@ class Import {
     Companions companions(m_draft, m_platform);
     Ids planned;
     for (const PlannedSubject& subject : m_draft.Plan.Subjects) {
-      if (Writes(subject.Action) || subject.Action == SubjectAction::Same) planned.insert(subject.SubjectId);
+      if (Writes(subject.Action)) planned.insert(subject.SubjectId);
     }
     if (!companions.Write(planned)) return m_outcome;
     WithRetryOnce([&] {
@@ -137,7 +132,6 @@ class Import {
       return false;
     }
     const PlannedSubject& planned = m_draft.Plan.Subjects[m_next++];
-    if (planned.Action == SubjectAction::Same) m_done.insert(planned.SubjectId);
     if (!Writes(planned.Action)) return true;
     if (!m_platform.Bar.ShowCopying(m_outcome.Written, m_total, true)) {
       m_isStopped = true;

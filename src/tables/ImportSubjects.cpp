@@ -3,12 +3,14 @@
 #include "tables/ImportSubjects.h"
 
 #include <algorithm>
+#include <functional>
 #include <set>
 
 #include "project/ProjectLayout.h"
 #include "subjects/SubjectFiles.h"
 #include "tables/SubjectBuilder.h"
 #include "tables/TableReader.h"
+#include "tables/TableValues.h"
 #include "text/Encoding.h"
 
 namespace zova {
@@ -19,31 +21,40 @@ void AddError(ImportDraft& draft, std::size_t row, const std::string& subject, s
   draft.Plan.Findings.Add({.Kind = CaseKind::Error, .Row = row, .Subject = subject, .Text = std::move(text)});
 }
 
+constexpr const char* kNoSubject = "the row has no subject";
+
 // Later imports keep the numbers of earlier ones; nobody gets the number of a subject that is there under its own name.
 void NumberSubjects(ImportDraft& draft) {
   ImportPlan& plan = draft.Plan;
   plan.OriginalIds = draft.Context.OriginalIds;
   TextMap<std::string> known;
-  std::set<std::string> taken;
+  std::set<std::string, std::less<>> taken;
   for (const OriginalId& id : plan.OriginalIds) {
     known.emplace(id.Original, id.Subject);
     taken.insert(id.Subject);
   }
-  int next = 1;
-  const auto isFree = [&](const std::string& number) {
-    const std::string name = UpperCase(SubjectFileName(draft.Context.Project, number));
-    return !taken.contains(number) && !draft.Context.Subjects.contains(name) &&
-           !draft.Context.Unfinished.contains(name);
+  const auto isThere = [&](const std::string& id) {
+    const std::string name = UpperCase(SubjectFileName(draft.Context.Project, id));
+    return draft.Context.Subjects.contains(name) || draft.Context.Unfinished.contains(name);
   };
+  int next = 1;
   for (PlannedSubject& subject : plan.Subjects) {
     if (const auto found = known.find(subject.Original); found != known.end()) {
       subject.SubjectId = found->second;
       continue;
     }
-    while (!isFree(std::to_string(next))) ++next;
+    if (subject.Original.empty()) {
+      AddError(draft, subject.Row, {}, kNoSubject);
+    } else if (IsSubjectId(subject.Original) && !taken.contains(subject.Original) && isThere(subject.Original)) {
+      AddError(draft, subject.Row, subject.Original,
+               "'" + subject.Original + "' is in the project under this name; with a number it would be there twice");
+    }
+    while (taken.contains(std::to_string(next)) || isThere(std::to_string(next))) ++next;
     subject.SubjectId = std::to_string(next++);
     plan.OriginalIds.push_back({subject.SubjectId, subject.Original});
   }
+  std::sort(plan.OriginalIds.begin(), plan.OriginalIds.end(),
+            [](const OriginalId& left, const OriginalId& right) { return StandsBefore(left, right); });
 }
 
 void KeepIdentifiers(ImportDraft& draft) {
@@ -53,7 +64,7 @@ void KeepIdentifiers(ImportDraft& draft) {
     subject.SubjectId = subject.Original;
     if (!IsSubjectId(subject.Original)) {
       AddError(draft, subject.Row, subject.Original,
-               subject.Original.empty() ? "the row has no subject"
+               subject.Original.empty() ? kNoSubject
                                         : "'" + subject.Original + "' cannot be a subject's identifier" + kNumberThem);
       continue;
     }
@@ -81,6 +92,24 @@ int TestsNeeded(const ImportDraft& draft) {
   return isBeyond ? static_cast<int>(survey.Labels.size()) : 0;
 }
 
+void NoteChoicesInVain(ImportDraft& draft) {
+  const ProjectParameters& project = draft.Context.Project;
+  for (const LevelChoice& choice : draft.Options.Levels) {
+    const int variable = VariableNamed(choice.Variable, project);
+    if (variable == kNoColumn) {
+      AddError(draft, 0, {}, "--level: '" + choice.Variable + "' is no variable of the project");
+    } else if (LevelOf(choice.Level, project, static_cast<std::size_t>(variable)) == 0) {
+      AddError(draft, 0, {}, "--level: '" + choice.Level + "' is no level of " + choice.Variable);
+    }
+  }
+  if (draft.Survey.Rows > 0 || draft.Options.Table.Where.empty()) return;
+  std::string text;
+  for (const RowFilter& filter : draft.Options.Table.Where) {
+    text += (text.empty() ? "no row has " : ", ") + filter.Column + "=" + filter.Value;
+  }
+  AddError(draft, 0, {}, text);
+}
+
 }  // namespace
 
 void AssignIdentifiers(ImportDraft& draft) {
@@ -99,6 +128,7 @@ void NoteTableFaults(Disk& disk, ImportDraft& draft) {
     findings.Add({.Kind = CaseKind::Error, .Column = fault.Column, .Text = fault.Text});
   }
   if (!draft.Setup.Columns.Faults.empty()) return;
+  NoteChoicesInVain(draft);
   const int tests = TestsNeeded(draft);
   const int allowed = draft.Context.Project.TestCount;
   if (tests > kMaxTests) {

@@ -3,6 +3,7 @@
 #include "tables/ImportTotals.h"
 
 #include "tables/SubjectBuilder.h"
+#include "text/Counted.h"
 
 namespace zova {
 
@@ -25,14 +26,31 @@ void AddColumns(const ImportDraft& draft, std::vector<ImportTotal>& totals) {
     if (columns.Variables[v] == kNoColumn) continue;
     totals.push_back({"column", 1, nameOf(columns.Variables[v]), {}, draft.Context.Project.VariableNames[v]});
   }
+  if (draft.Setup.Layout.Shape != TableShape::Long) {
+    for (const ResponseColumn& response : draft.Setup.Layout.Responses) {
+      totals.push_back({"column", 1, format.Names[response.Column], response.TestLabel,
+                        response.IsCell ? "responses in cells" : "responses"});
+    }
+  }
   for (const ColumnNote& note : columns.Notes) totals.push_back({"column", 0, note.Column, {}, note.Text});
+}
+
+// "test 1 of 12 subjects, test 2 of 1 subject"
+std::string RanksText(const std::vector<std::size_t>& ranks) {
+  std::string text;
+  for (std::size_t rank = 0; rank < ranks.size(); ++rank) {
+    if (ranks[rank] == 0) continue;
+    text += (text.empty() ? "test " : ", test ") + std::to_string(rank + 1) + " of " +
+            Counted(ranks[rank], "subject", "subjects");
+  }
+  return text;
 }
 
 void AddTests(const ImportDraft& draft, std::vector<ImportTotal>& totals) {
   const TableSurvey& survey = draft.Survey;
   const std::vector<int> tests = TestsOfLabels(survey, draft.Context.Project.TestCount);
   for (const std::size_t label : survey.ByPlace) {
-    const std::string test = draft.Options.Tests == TestsBy::Rank ? "by rank"
+    const std::string test = draft.Options.Tests == TestsBy::Rank ? RanksText(survey.LabelRanks[label])
                              : tests[label] == 0                  ? "none"
                                                                   : "test " + std::to_string(tests[label]);
     totals.push_back({"test", survey.Labels[label].Count, {}, survey.Labels[label].Text, test});

@@ -22,7 +22,8 @@ ListBuilder::ListBuilder(const TableSetup& setup, const TableSurvey& survey, con
       m_context(context),
       m_matcher(matcher),
       m_findings(findings),
-      m_byPosition(options.Items == ItemsBy::Position) {}
+      m_byPosition(options.Items == ItemsBy::Position),
+      m_hasItems(setup.Layout.Shape == TableShape::Long && setup.Columns.Has(ColumnRole::Item)) {}
 
 void ListBuilder::Report(CaseKind kind, const TableEntry& entry, int column, std::string text) {
   ImportCase found{.Kind = kind, .Row = entry.Line, .Subject = m_rows->Original, .Text = std::move(text)};
@@ -41,7 +42,8 @@ void ListBuilder::SortByPosition(std::vector<const TableEntry*>& entries, bool a
   for (const TableEntry* entry : entries) {
     const std::string_view text = m_rows->TextOf(entry->Position);
     const std::string_view response = m_rows->TextOf(entry->Response);
-    if (IsNothing(response) && !IsWordHere(response)) continue;
+    const bool hasNumber = m_survey.HasNumbers && !m_byPosition && !IsNothing(NumberOf(*entry));
+    if (IsNothing(response) && !hasNumber && !IsWordHere(response)) continue;
     const auto position = WholeNumber(text);
     if (!position || *position < 0) {
       Report(CaseKind::Error, *entry, column,
@@ -55,7 +57,7 @@ void ListBuilder::SortByPosition(std::vector<const TableEntry*>& entries, bool a
     std::stable_sort(m_ordered.begin(), m_ordered.end(), before);
   }
   entries.clear();
-  int expected = 1;
+  std::int64_t expected = 1;
   for (const auto& [position, entry] : m_ordered) {
     if (!entries.empty() && position < expected) {
       Report(CaseKind::Error, *entry, column, "position " + std::to_string(position) + " stands twice");
@@ -68,13 +70,15 @@ void ListBuilder::SortByPosition(std::vector<const TableEntry*>& entries, bool a
 
 void ListBuilder::AddStudied(const TableEntry& entry, int place) {
   const std::string text(m_rows->TextOf(entry.Response));
-  const std::string_view number = m_rows->TextOf(entry.Item);
   int item = 0;
   if (m_byPosition) {
     item = place;
     if (!m_own.Add(item, text)) Report(CaseKind::Error, entry, entry.Column, "'" + text + "' is studied twice");
-  } else if (m_survey.HasNumbers) {
-    item = WholeNumber(number.empty() ? text : number).value_or(-1) + (m_options.FirstItem.value_or(1) == 0 ? 1 : 0);
+  } else if (const std::string_view number = NumberOf(entry); m_survey.HasNumbers && !IsNothing(number)) {
+    item = WholeNumber(number).value_or(-1) + (m_options.FirstItem.value_or(1) == 0 ? 1 : 0);
+    if (number == "0" && !m_options.FirstItem) return;  // asked about
+    CheckWord(entry, item);
+    if (m_context.Words.IsEmpty()) m_own.Add(item, text);
   } else {
     item = m_matcher.ItemInPool(WordKey(text));
   }
@@ -94,8 +98,8 @@ void ListBuilder::AddStudied(const TableEntry& entry, int place) {
 void ListBuilder::StudyList(std::vector<const TableEntry*>& study) {
   m_hasStudy = !study.empty();
   m_studied.clear();
-  m_hasOwn = m_byPosition;
-  if (m_byPosition) m_own.Clear();
+  m_hasOwn = m_byPosition || m_context.Words.IsEmpty();
+  if (m_hasOwn) m_own.Clear();
   if (!m_hasStudy) return;
   m_isStudied.assign(static_cast<std::size_t>(m_context.Project.ItemCount) + 1, false);
   SortByPosition(study, false);
@@ -173,7 +177,7 @@ void ListBuilder::Place(const TableEntry& entry, std::string_view text, const In
   const auto item = static_cast<std::size_t>(what.Item);
   if (m_isRecalled[item]) {
     ++counts.Repeats;
-    if (m_options.Repeated == Repeats::First) return;
+    if (KeptRepeats(m_options, m_setup) == Repeats::First) return;
   }
   m_isRecalled[item] = true;
   ++sink.Length;
@@ -184,14 +188,14 @@ void ListBuilder::Place(const TableEntry& entry, std::string_view text, const In
   sink.Lists.At(m_test, sink.Length) = {static_cast<std::int16_t>(what.Item),
                                         static_cast<std::int16_t>(MinuteOfEntry(entry)),
                                         static_cast<std::int16_t>(RatingOfEntry(entry))};
-  m_lines.push_back(entry.Line);
+  sink.Listed.push_back(&entry);
 }
 
 bool ListBuilder::Build(const SubjectRows& rows, int test, TestEntries& entries, const std::string& subjectId,
                         RecallLists& lists, std::vector<Intrusion>& intrusions, std::vector<StudyOrder>& orders) {
   m_rows = &rows;
   m_test = test;
-  m_lines.clear();
+  entries.Listed.clear();
   m_isRecalled.assign(static_cast<std::size_t>(m_context.Project.ItemCount) + 1, false);
   StudyList(entries.Study);
   const auto isOrdered = [](const TableEntry* entry) { return entry->IsOrdered; };
@@ -202,7 +206,7 @@ bool ListBuilder::Build(const SubjectRows& rows, int test, TestEntries& entries,
     return true;
   }
   SortByPosition(entries.Recall, true);
-  Sink sink{subjectId, lists, intrusions};
+  Sink sink{subjectId, lists, intrusions, entries.Listed};
   for (const TableEntry* entry : entries.Recall) AddEntry(*entry, sink);
   lists.RecallCount(test) = static_cast<std::int16_t>(std::min(sink.Length, lists.PositionCount()));
   if (sink.Length == 0) ++m_findings.Counts.EmptyTests;

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -23,6 +24,7 @@ struct TestEntries {
   int Label = -1;  ///< index in the survey; -1 when the table has no rows
   std::vector<const TableEntry*> Study;
   std::vector<const TableEntry*> Recall;
+  std::vector<const TableEntry*> Listed;  ///< of the list's positions, once it is built
 };
 
 /// Makes recall lists of the rows of one subject and test.
@@ -36,10 +38,6 @@ class ListBuilder {
   /// list was too long.
   bool Build(const SubjectRows& rows, int test, TestEntries& entries, const std::string& subjectId, RecallLists& lists,
              std::vector<Intrusion>& intrusions, std::vector<StudyOrder>& orders);
-  /// The line of the table for a position, from 1, of the list built last; 0 for none.
-  [[nodiscard]] std::size_t LineOf(int position) const noexcept {
-    return static_cast<std::size_t>(position) <= m_lines.size() ? m_lines[static_cast<std::size_t>(position) - 1] : 0;
-  }
 
  private:
   enum class Outcome { Nothing, Item, Intrusion, Skip };
@@ -60,14 +58,19 @@ class ListBuilder {
   void AddEntry(const TableEntry& entry, Sink& sink);
   void AddCell(const TableEntry& entry, Sink& sink);
   void Place(const TableEntry& entry, std::string_view text, const Interpreted& what, Sink& sink);
-  Interpreted InterpretNumber(const TableEntry& entry, std::string_view text);
+  [[nodiscard]] std::string_view NumberOf(const TableEntry& entry) const;
+  [[nodiscard]] bool IsNoNumber(std::string_view number) const;
+  Interpreted InterpretNumber(std::string_view text);
+  void CheckWord(const TableEntry& entry, int item);
   Interpreted Interpret(const TableEntry& entry, std::string_view text);
   Interpreted InterpretUnmatched(const TableEntry& entry, std::string_view text, const ResponseMatch& match);
-  Interpreted Decide(std::string_view text, const Decision& decision);
+  Interpreted Decide(const ListDecision& decision);
+  [[nodiscard]] bool IsDecided(std::string_view text, const ResponseMatch& match) const;
+  ListDecision DecisionFor(std::string_view text, const ResponseMatch& match);
   const ResponseMatch& Match(std::string_view text);
   [[nodiscard]] bool IsWordHere(std::string_view text) const;
   [[nodiscard]] bool IsLoose(std::string_view text);
-  [[nodiscard]] bool AreOne(const std::string& joined);
+  [[nodiscard]] std::optional<ResponseMatch> MatchAsOne(const std::string& joined);
   int MinuteOfEntry(const TableEntry& entry);
   int RatingOfEntry(const TableEntry& entry);
   void Report(CaseKind kind, const TableEntry& entry, int column, std::string text);
@@ -79,20 +82,19 @@ class ListBuilder {
   ResponseMatcher& m_matcher;
   ImportFindings& m_findings;
   bool m_byPosition;
+  bool m_hasItems;  // the table has a column of item numbers
 
   const SubjectRows* m_rows = nullptr;
   int m_test = 0;
   bool m_hasStudy = false;
-  std::vector<int> m_studied;           // items in their order; the places in position mode
-  std::vector<bool> m_isStudied;        // by item
-  std::vector<bool> m_isRecalled;       // by item
-  std::vector<std::size_t> m_lines;     // of the list's positions
-  ListWords m_own;                      // words of m_studied
-  ResponseMatch m_match;                // in m_own
-  bool m_hasOwn = false;                // m_own is filled
-  TextMap<std::string> m_decidedWords;  // in position mode: the word that a decided number stands for
-  TextMap<int> m_unknownStudied;        // reported
-  std::vector<std::pair<int, const TableEntry*>> m_ordered;
+  std::vector<int> m_studied;      // items in their order; the places in position mode
+  std::vector<bool> m_isStudied;   // by item
+  std::vector<bool> m_isRecalled;  // by item
+  ListWords m_own;                 // words of m_studied
+  ResponseMatch m_match;           // in m_own
+  bool m_hasOwn = false;           // m_own is filled
+  TextMap<int> m_unknownStudied;   // reported
+  std::vector<std::pair<std::int64_t, const TableEntry*>> m_ordered;
 };
 
 }  // namespace zova

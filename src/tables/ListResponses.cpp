@@ -2,8 +2,9 @@
 //
 // What the responses of a test are: items, intrusions, or nothing.
 //
-// In position mode a decided number is an item of the list in which the response stands first; in other lists it means
-// the same word.
+// In position mode the same response may be near other words in other lists: each set of nearest words is a scope of
+// its own, with a row of its own in the review. What was decided for a scope goes before what was decided for the
+// subject in whose list it stands first, and that before what was decided for all lists.
 
 #include <algorithm>
 
@@ -14,6 +15,41 @@
 #include "words/WordKey.h"
 
 namespace zova {
+
+namespace {
+
+// In other lists the same response may be near other words: the nearest ones are shown, of one distance all.
+void AddNear(std::vector<NearItem>& shown, const std::vector<NearItem>& near) {
+  if (near.empty()) return;
+  if (shown.empty() || near.front().Distance < shown.front().Distance) {
+    shown = near;
+  } else if (near.front().Distance == shown.front().Distance) {
+    for (const NearItem& item : near) {
+      const auto isSame = [&](const NearItem& other) { return other.Item == item.Item; };
+      if (std::none_of(shown.begin(), shown.end(), isSame)) shown.push_back(item);
+    }
+  }
+}
+
+std::string ScopeOf(const ResponseMatch& match) {
+  std::string scope = "near";
+  for (const NearItem& near : match.Near) scope += ' ' + WordKey(near.Word);
+  return scope;
+}
+
+void NoteTaken(OpenResponse& open, int item) {
+  if (open.Open > 0) return;
+  open.IsTaken = !open.Decided || (open.IsTaken && open.Decided->Item == item);
+  if (!open.Decided) open.Decided = Decision{Verdict::Item, item};
+}
+
+void NoteOpen(OpenResponse& open) {
+  ++open.Open;
+  open.IsTaken = false;
+  open.Decided.reset();
+}
+
+}  // namespace
 
 // Lures are recalled without having been studied.
 bool ListBuilder::IsOnList(int item) const {
@@ -36,7 +72,7 @@ bool ListBuilder::IsWordHere(std::string_view text) const {
 }
 
 const ResponseMatch& ListBuilder::Match(std::string_view text) {
-  if (!m_byPosition) {
+  if (!m_byPosition && !m_context.Words.IsEmpty()) {
     const ResponseMatch& known = m_matcher.MatchInPool(text);
     if (!m_hasStudy || (known.Kind == MatchKind::Exact && IsOnList(known.Item))) return known;
     if (known.Kind == MatchKind::Exact || known.Kind == MatchKind::OtherList) {
@@ -48,14 +84,35 @@ const ResponseMatch& ListBuilder::Match(std::string_view text) {
   return m_match;
 }
 
+std::string_view ListBuilder::NumberOf(const TableEntry& entry) const {
+  return m_rows->TextOf(m_hasItems ? entry.Item : entry.Response);
+}
+
+bool ListBuilder::IsNoNumber(std::string_view number) const {
+  return IsNothing(number) || (m_options.FirstItem.value_or(1) == 1 && WholeNumber(number) == 0);
+}
+
+// Of a number and another word the number counts.
+void ListBuilder::CheckWord(const TableEntry& entry, int item) {
+  const std::string_view word = m_rows->TextOf(entry.Response);
+  if (!m_hasItems || entry.Column == m_setup.Columns.Of(ColumnRole::Item) || m_context.Words.IsEmpty()) return;
+  const int other = m_matcher.ItemInPool(WordKey(word));
+  if (other == 0 || other == item) return;
+  Report(CaseKind::Check, entry, entry.Column,
+         "'" + std::string(word) + "' is item " + std::to_string(other) + "; item " + std::to_string(item) +
+             " of the row is taken");
+}
+
 void ListBuilder::AddEntry(const TableEntry& entry, Sink& sink) {
   if (entry.IsCell) return AddCell(entry, sink);
   const std::string_view text = m_rows->TextOf(entry.Response);
-  if (m_survey.HasNumbers && !m_byPosition) {
-    const std::string_view number = m_rows->TextOf(entry.Item);
-    return Place(entry, IsNothing(text) ? number : text, InterpretNumber(entry, number.empty() ? text : number), sink);
-  }
-  Place(entry, text, Interpret(entry, text), sink);
+  const std::string_view number = NumberOf(entry);
+  // A row may have a word without a number.
+  const bool isWord = m_hasItems && entry.Column != m_setup.Columns.Of(ColumnRole::Item) && IsNoNumber(number);
+  if (!m_survey.HasNumbers || m_byPosition || isWord) return Place(entry, text, Interpret(entry, text), sink);
+  const Interpreted what = InterpretNumber(number);
+  if (what.What == Outcome::Item) CheckWord(entry, what.Item);
+  Place(entry, IsNothing(text) ? number : text, what, sink);
 }
 
 void ListBuilder::AddCell(const TableEntry& entry, Sink& sink) {
@@ -63,13 +120,14 @@ void ListBuilder::AddCell(const TableEntry& entry, Sink& sink) {
       SplitCell(m_rows->TextOf(entry.Response), m_setup.Layout.Separator, m_matcher);
   for (std::size_t i = 0; i < pieces.size(); ++i) {
     if (m_survey.HasNumbers && !m_byPosition) {
-      Place(entry, pieces[i], InterpretNumber(entry, pieces[i]), sink);
+      Place(entry, pieces[i], InterpretNumber(pieces[i]), sink);
       continue;
     }
     if (i + 1 < pieces.size() && IsLoose(pieces[i]) && IsLoose(pieces[i + 1])) {
       const std::string joined = pieces[i] + " " + pieces[i + 1];
-      if (AreOne(joined)) {
-        Place(entry, joined, Interpret(entry, joined), sink);
+      if (const auto match = MatchAsOne(joined)) {
+        ++m_findings.Counts.Recalls;
+        Place(entry, joined, InterpretUnmatched(entry, joined, *match), sink);
         ++i;
         continue;
       }
@@ -80,23 +138,31 @@ void ListBuilder::AddCell(const TableEntry& entry, Sink& sink) {
 
 // A piece of a cell that is no word and was not decided by itself.
 bool ListBuilder::IsLoose(std::string_view text) {
-  const MatchKind kind = Match(text).Kind;
-  return (kind == MatchKind::Near || kind == MatchKind::Unknown) && !IsNothing(text) &&
-         m_context.Decided.Find(text) == nullptr;
+  const ResponseMatch& match = Match(text);
+  return (match.Kind == MatchKind::Near || match.Kind == MatchKind::Unknown) && !IsNothing(text) &&
+         !IsDecided(text, match);
 }
 
-bool ListBuilder::AreOne(const std::string& joined) {
-  if (m_context.Decided.Find(joined) != nullptr) return true;
-  const ResponseMatch& match = Match(joined);
-  return match.Kind == MatchKind::Near && match.Near.size() == 1 && match.Near.front().Distance <= 1;
+// Two pieces whose joined key is a word's are offered as that word, like a near one: the separator says that they are
+// two.
+std::optional<ResponseMatch> ListBuilder::MatchAsOne(const std::string& joined) {
+  ResponseMatch match = Match(joined);
+  if (match.Kind == MatchKind::OtherList) return std::nullopt;
+  if (match.Kind == MatchKind::Exact) {
+    const std::string_view word = m_byPosition ? m_own.WordOf(match.Item) : m_context.Words.TextOf(match.Item);
+    return ResponseMatch{MatchKind::Near, 0, {{match.Item, std::string(word), 0}}};
+  }
+  const bool isNear = match.Near.size() == 1 && match.Near.front().Distance <= 1;
+  if (!isNear && !IsDecided(joined, match)) return std::nullopt;
+  return match;
 }
 
-ListBuilder::Interpreted ListBuilder::InterpretNumber(const TableEntry& /*entry*/, std::string_view text) {
+ListBuilder::Interpreted ListBuilder::InterpretNumber(std::string_view text) {
   const auto given = WholeNumber(text);
-  const bool fromZero = m_options.FirstItem.value_or(1) == 0;
-  if (!given || (*given == 0 && !fromZero)) return {};
+  if (!given || IsNoNumber(text)) return {};
   ImportCounts& counts = m_findings.Counts;
   ++counts.Recalls;
+  const bool fromZero = m_options.FirstItem.value_or(1) == 0;
   const int last = m_context.Project.ItemCount - (fromZero ? 1 : 0);
   if (*given < (fromZero ? 0 : 1) || *given > last) return {Outcome::Intrusion};
   const int item = *given + (fromZero ? 1 : 0);
@@ -124,45 +190,63 @@ ListBuilder::Interpreted ListBuilder::Interpret(const TableEntry& entry, std::st
   return InterpretUnmatched(entry, text, match);
 }
 
+bool ListBuilder::IsDecided(std::string_view text, const ResponseMatch& match) const {
+  const Responses& decided = m_context.Decided;
+  if (decided.Find(text) != nullptr) return true;
+  if (!m_byPosition) return false;
+  const std::string scope = ScopeOf(match);
+  const TextMap<ListDecision>& known = m_matcher.ListDecisions();
+  const auto found = known.find(ResponsePlace(text, scope));
+  if (found != known.end()) return found->second.What.has_value();
+  return decided.Find(text, scope) != nullptr || decided.Find(text, SubjectScope(m_rows->Original)) != nullptr;
+}
+
+// In position mode the first list with a response settles what its number means.
+ListDecision ListBuilder::DecisionFor(std::string_view text, const ResponseMatch& match) {
+  const Responses& decided = m_context.Decided;
+  const DecidedResponse* const forAll = decided.Find(text);
+  if (!m_byPosition) return forAll == nullptr ? ListDecision{} : ListDecision{forAll->What, {}};
+  const auto settle = [&](std::string_view scope, const DecidedResponse* given) {
+    const auto [place, isNew] = m_matcher.ListDecisions().try_emplace(ResponsePlace(text, scope));
+    if (isNew && given != nullptr) place->second = {given->What, WordKey(m_own.WordOf(given->What.Item))};
+    return place->second;
+  };
+  const std::string scope = ScopeOf(match);
+  const DecidedResponse* own = decided.Find(text, scope);
+  if (own == nullptr) own = decided.Find(text, SubjectScope(m_rows->Original));
+  ListDecision known = settle(scope, own);
+  return known.What || forAll == nullptr ? known : settle({}, forAll);
+}
+
 ListBuilder::Interpreted ListBuilder::InterpretUnmatched(const TableEntry& entry, std::string_view text,
                                                          const ResponseMatch& match) {
   ImportCounts& counts = m_findings.Counts;
-  const std::string key = WordKey(text);
-  OpenResponse& open = m_findings.Responses[m_findings.Note(text, key, m_rows->Original, entry.Line)];
-  // In other lists the same response may be near other words: the nearest ones are shown, of one distance all.
-  if (open.Near.empty() || (!match.Near.empty() && match.Near.front().Distance < open.Near.front().Distance)) {
-    open.Near = match.Near;
-  } else if (!match.Near.empty() && match.Near.front().Distance == open.Near.front().Distance && !m_byPosition) {
-    for (const NearItem& near : match.Near) {
-      const auto isSame = [&](const NearItem& other) { return other.Item == near.Item; };
-      if (std::none_of(open.Near.begin(), open.Near.end(), isSame)) open.Near.push_back(near);
-    }
-  }
-  if (const DecidedResponse* decided = m_context.Decided.Find(text); decided != nullptr) {
+  OpenResponse& open =
+      m_findings.Note(text, m_byPosition ? ScopeOf(match) : std::string(), m_rows->Original, entry.Line);
+  if (open.Near.empty() || !m_byPosition) AddNear(open.Near, match.Near);
+  if (const ListDecision decided = DecisionFor(text, match); decided.What) {
     ++counts.Decided;
-    open.Decided = decided->What;
-    return Decide(text, decided->What);
+    open.Decided = decided.What;
+    return Decide(decided);
   }
   if (match.Near.size() == 1) {
     ++counts.Proposed;
-    if (match.Near.front().Distance <= m_options.AcceptDistance) {
+    const NearItem& near = match.Near.front();
+    if (std::max(near.Distance, 1) <= m_options.AcceptDistance) {
       ++counts.Taken;
-      open.Decided = Decision{Verdict::Item, match.Near.front().Item};
-      return {Outcome::Item, match.Near.front().Item};
+      NoteTaken(open, near.Item);
+      return {Outcome::Item, near.Item};
     }
   }
   ++counts.Open;
+  NoteOpen(open);
   return {m_options.Others == Leftovers::Skip ? Outcome::Skip : Outcome::Intrusion};
 }
 
-ListBuilder::Interpreted ListBuilder::Decide(std::string_view text, const Decision& decision) {
-  if (decision.Kind == Verdict::Skip) return {Outcome::Skip};
-  if (decision.Kind == Verdict::Intrusion) return {Outcome::Intrusion};
-  int item = decision.Item;
-  if (m_byPosition) {
-    const auto [known, isNew] = m_decidedWords.try_emplace(WordKey(text), WordKey(m_own.WordOf(item)));
-    if (!isNew) item = m_own.FindExact(known->second);
-  }
+ListBuilder::Interpreted ListBuilder::Decide(const ListDecision& decision) {
+  if (decision.What->Kind == Verdict::Skip) return {Outcome::Skip};
+  if (decision.What->Kind == Verdict::Intrusion) return {Outcome::Intrusion};
+  const int item = m_byPosition ? m_own.FindExact(decision.Key) : decision.What->Item;
   if (item >= 1 && item <= m_context.Project.ItemCount && IsOnList(item)) return {Outcome::Item, item};
   ++m_findings.Counts.OtherList;
   return {Outcome::Intrusion};

@@ -13,6 +13,7 @@ struct ListBuilder::Sink {
   const std::string& SubjectId;
   RecallLists& Lists;
   std::vector<Intrusion>& Intrusions;
+  std::vector<const TableEntry*>& Listed;
   int Length = 0;                        ///< entries so far, also beyond the list's end
   const TableEntry* Overflow = nullptr;  ///< the first beyond it
 };

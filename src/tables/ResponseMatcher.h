@@ -12,6 +12,7 @@
 
 #include "tables/TableSurvey.h"
 #include "words/NearWords.h"
+#include "words/Responses.h"
 #include "words/WordList.h"
 
 namespace zova {
@@ -57,6 +58,13 @@ class ListWords {
   mutable std::optional<NearWords> m_near;
 };
 
+/// What was decided about a response in lists of positions. A number is an item of the first of these lists; in the
+/// others it means the same word.
+struct ListDecision {
+  std::optional<Decision> What;
+  std::string Key;  ///< of the word
+};
+
 /// Matches the responses of a table. Keeps what it found in the project's list, for each text.
 class ResponseMatcher {
  public:
@@ -73,6 +81,8 @@ class ResponseMatcher {
   [[nodiscard]] bool IsWord(std::string_view key) const { return FindIn(m_pool, key) > 0 || FindIn(m_others, key) > 0; }
   [[nodiscard]] const ListWords& Pool() const noexcept { return m_pool; }
   [[nodiscard]] bool HasExactAccents() const noexcept { return m_exactAccents; }
+  /// By ResponsePlace: filled by the dry run, so that the import reads numbers alike where it passes lists over.
+  TextMap<ListDecision>& ListDecisions() noexcept { return m_listDecisions; }
 
  private:
   [[nodiscard]] int FindIn(const ListWords& list, std::string_view key) const;
@@ -81,6 +91,7 @@ class ResponseMatcher {
   ListWords m_pool;
   ListWords m_others;              // words of study rows that are not in the pool
   TextMap<ResponseMatch> m_known;  // by response, in the pool
+  TextMap<ListDecision> m_listDecisions;
 };
 
 /// Splits a cell at its separator, without empty pieces. Where that is the blank, two or three neighbouring pieces are

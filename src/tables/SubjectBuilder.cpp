@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "subjects/entry/CompletionChecks.h"
+#include "subjects/entry/EntryLists.h"
 #include "tables/TableValues.h"
 
 namespace zova {
@@ -39,6 +40,7 @@ void SubjectBuilder::DivideByTests(const SubjectRows& rows) {
     test.Label = -1;
     test.Study.clear();
     test.Recall.clear();
+    test.Listed.clear();
   }
   std::vector<int> own;  // places of the subject's labels, with rank
   if (m_options.Tests == TestsBy::Rank) {
@@ -62,9 +64,9 @@ void SubjectBuilder::DivideByTests(const SubjectRows& rows) {
 }
 
 int SubjectBuilder::GivenLevel(std::size_t variable) const {
-  const std::string name = PlainName(m_context.Project.VariableNames[variable]);
   for (const LevelChoice& choice : m_options.Levels) {
-    if (PlainName(choice.Variable) == name) return LevelOf(choice.Level, m_context.Project, variable);
+    const bool isOfVariable = VariableNamed(choice.Variable, m_context.Project) == static_cast<int>(variable);
+    if (isOfVariable) return LevelOf(choice.Level, m_context.Project, variable);
   }
   return 0;
 }
@@ -110,10 +112,20 @@ void SubjectBuilder::NoteMissingTests(const SubjectRows& rows, BuiltSubject& sub
 void SubjectBuilder::Check(const SubjectRows& rows, BuiltSubject& subject) {
   const CheckResult result = CheckLists(subject.Record.Lists, m_context.Project);
   const auto report = [&](const CheckFinding& finding) {
-    const int label = m_tests[static_cast<std::size_t>(finding.Test) - 1].Label;
+    const TestEntries& test = m_tests[static_cast<std::size_t>(finding.Test) - 1];
+    const int label = test.Label;
     const std::string where = "test " + std::to_string(finding.Test) + ", line " + std::to_string(finding.Position);
+    const auto position = static_cast<std::size_t>(finding.Position);
+    const TableEntry* const entry = position <= test.Listed.size() ? test.Listed[position - 1]
+                                    : !test.Recall.empty()         ? test.Recall.front()
+                                                                   : nullptr;
+    const int column = finding.Column == kMinuteColumn   ? m_setup.Columns.Of(ColumnRole::Minute)
+                       : finding.Column == kRatingColumn ? m_setup.Columns.Of(ColumnRole::Rating)
+                       : entry == nullptr                ? kNoColumn
+                                                         : entry->Column;
     m_findings.Add({.Kind = CaseKind::Check,
-                    .Row = rows.Line,
+                    .Row = entry == nullptr ? rows.Line : entry->Line,
+                    .Column = column == kNoColumn ? "" : m_setup.Format.Names[static_cast<std::size_t>(column)],
                     .Subject = rows.Original,
                     .Test = label < 0 ? std::string() : m_survey.Labels[static_cast<std::size_t>(label)].Text,
                     .Text = where + ": " + finding.Message.substr(0, finding.Message.find("  "))});

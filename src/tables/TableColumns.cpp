@@ -38,14 +38,6 @@ std::optional<std::size_t> RoleOf(std::string_view plainName) {
   return std::nullopt;
 }
 
-// The variable of the project that is named so; kNoColumn if there is none.
-int VariableNamed(std::string_view name, const ProjectParameters& project) {
-  for (int v = 0; v < project.VariableCount; ++v) {
-    if (PlainName(project.VariableNames.at(static_cast<std::size_t>(v))) == PlainName(name)) return v;
-  }
-  return kNoColumn;
-}
-
 void FindRole(std::size_t role, const std::vector<std::string>& plain, const TableFormat& format,
               std::vector<bool>& isTaken, TableColumns& columns) {
   for (const std::string_view name : kRoles[role].Names) {
@@ -93,6 +85,13 @@ int ColumnNamed(const TableFormat& format, std::string_view name) {
   const auto found = std::find_if(format.Names.begin(), format.Names.end(),
                                   [&](const std::string& other) { return PlainName(other) == plain; });
   return found == format.Names.end() ? kNoColumn : static_cast<int>(found - format.Names.begin());
+}
+
+int VariableNamed(std::string_view name, const ProjectParameters& project) {
+  for (int v = 0; v < project.VariableCount; ++v) {
+    if (PlainName(project.VariableNames.at(static_cast<std::size_t>(v))) == PlainName(name)) return v;
+  }
+  return kNoColumn;
 }
 
 TableColumns FindTableColumns(const TableFormat& format, const std::vector<ColumnChoice>& choices,

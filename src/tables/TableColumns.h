@@ -46,6 +46,9 @@ TableColumns FindTableColumns(const TableFormat& format, const std::vector<Colum
 /// The column named so, or numbered so ("#3"); kNoColumn if there is none.
 int ColumnNamed(const TableFormat& format, std::string_view name);
 
+/// The variable of the project that is named so, from 0; kNoColumn if there is none.
+int VariableNamed(std::string_view name, const ProjectParameters& project);
+
 /// A name as it is compared with others: lower case, without " ._-" and without what a variable's name cannot hold.
 std::string PlainName(std::string_view name);
 /// True when a column of this plain name could have the role.

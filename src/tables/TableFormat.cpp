@@ -141,6 +141,18 @@ Rows FirstRows(const std::string& path, std::string_view head, char delimiter) {
   return rows;
 }
 
+// A first line "sep=;" tells spreadsheets the delimiter.
+std::optional<char> NamedDelimiter(std::string_view head) {
+  constexpr std::string_view kMark = "\xEF\xBB\xBF";
+  constexpr std::string_view kSign = "sep=";
+  if (head.starts_with(kMark)) head.remove_prefix(kMark.size());
+  if (head.size() < kSign.size() + 2 || !EqualsIgnoringCase(head.substr(0, kSign.size()), kSign)) return std::nullopt;
+  const char delimiter = head[kSign.size()];
+  const char end = head[kSign.size() + 1];
+  if (DelimiterName(delimiter).empty() || (end != '\r' && end != '\n')) return std::nullopt;
+  return delimiter;
+}
+
 // How well a delimiter fits: the rows with as many fields as the first, if those are several.
 std::size_t Fit(const Rows& rows) {
   if (rows.empty() || rows.front().size() < 2) return 0;
@@ -207,8 +219,13 @@ TableFormat FindTableFormat(Disk& disk, const std::string& path, const TableOpti
                     "The bytes are not UTF-8.  Choose the encoding Windows-1252, or save the table as CSV UTF-8.");
   }
   if (format.Encoding == TableEncoding::Windows1252) bytes.Head = FromWindows1252(bytes.Head);
-  format.Delimiter = options.Delimiter ? *options.Delimiter : FindDelimiter(path, bytes.Head);
+  const auto named = NamedDelimiter(bytes.Head);
+  format.Delimiter = options.Delimiter ? *options.Delimiter : named ? *named : FindDelimiter(path, bytes.Head);
   Rows rows = FirstRows(path, bytes.Head, format.Delimiter);
+  if (named) rows.erase(rows.begin());
+  const auto first = std::find_if(rows.begin(), rows.end(), HasText<Rows::value_type>);
+  format.RowsAbove = (named ? 1U : 0U) + static_cast<std::size_t>(first - rows.begin()) + (format.HasHeader ? 1U : 0U);
+  std::erase_if(rows, [](const auto& row) { return !HasText(row); });
   if (rows.empty()) {
     throw FileError(FileOperation::Read, path, FileCause::EndOfData, "The file is empty; a table has rows.");
   }

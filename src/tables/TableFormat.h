@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <string>
 #include <vector>
@@ -8,6 +9,7 @@
 #include "platform/files/Disk.h"
 #include "tables/ImportOptions.h"
 #include "text/CsvReader.h"
+#include "text/TypedText.h"
 
 namespace zova {
 
@@ -18,9 +20,17 @@ struct TableFormat {
   bool HasHeader = true;
   std::vector<std::string> Names;                ///< of the columns; "#1", "#2" without a header
   std::vector<std::vector<std::string>> Sample;  ///< the first rows below the header, at most kSampleRows
+  std::size_t RowsAbove = 0;                     ///< rows above the data: the header, and what stands before it
 
   static constexpr std::size_t kSampleRows = 200;
 };
+
+/// False for a row of empty cells, as spreadsheets leave them: it is none.
+template <typename Fields>
+bool HasText(const Fields& fields) noexcept {
+  return std::any_of(fields.begin(), fields.end(),
+                     [](const auto& field) { return !WithoutOuterBlanks(field).empty(); });
+}
 
 /// Finds out what `options` leave open. Throws FileError: EndOfData, with what the file is and what to do, for bytes
 /// that are no table of text.

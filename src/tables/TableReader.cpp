@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <deque>
 #include <functional>
+#include <span>
 
 #include "tables/TableSurvey.h"
 #include "tables/TableValues.h"
@@ -146,6 +147,10 @@ TableSetup SetUpTable(Disk& disk, const std::string& path, const TableOptions& o
   return setup;
 }
 
+Repeats KeptRepeats(const ImportOptions& options, const TableSetup& setup) noexcept {
+  return options.Repeated.value_or(setup.OrderColumn == kNoColumn ? Repeats::First : Repeats::Keep);
+}
+
 bool HasRole(const TableSetup& setup, int column) {
   const auto& roles = setup.Columns.Roles;
   const auto& responses = setup.Layout.Responses;
@@ -155,7 +160,7 @@ bool HasRole(const TableSetup& setup, int column) {
 }
 
 TableReader::TableReader(Disk& disk, const TableSetup& setup)
-    : m_setup(setup), m_reader(OpenTable(disk, setup.Path, setup.Format)) {
+    : m_setup(setup), m_reader(OpenTable(disk, setup.Path, setup.Format)), m_passedOver(setup.Format.RowsAbove) {
   for (const RowFilter& filter : setup.Options.Where) {
     m_where.emplace_back(ColumnNamed(setup.Format, filter.Column), filter.Value);
   }
@@ -178,17 +183,16 @@ bool TableReader::Next() {
   try {
     for (;;) {
       if (!m_reader.Next()) return false;
-      if (m_setup.Format.HasHeader && !m_isBehindHeader) {
-        m_isBehindHeader = true;
+      if (m_passedOver > 0) {
+        --m_passedOver;
         continue;
       }
+      if (!HasText(m_reader.Fields())) continue;
       const auto fields = m_reader.Fields();
       m_fields.clear();
       for (const std::string_view field : fields) m_fields.push_back(WithoutOuterBlanks(field));
       const std::size_t count = m_setup.Format.Names.size();
-      const auto isFilled = [](std::string_view field) { return !field.empty(); };
-      const bool hasMore = fields.size() > count &&
-                           std::any_of(m_fields.begin() + static_cast<std::ptrdiff_t>(count), m_fields.end(), isFilled);
+      const bool hasMore = fields.size() > count && HasText(std::span(m_fields).subspan(count));
       const bool hasLess = fields.size() < count && m_setup.Layout.Shape == TableShape::Long;
       if (hasMore || hasLess) {
         throw CsvError("There are " + std::to_string(fields.size()) + " fields instead of " + std::to_string(count),

@@ -34,6 +34,9 @@ RowKind KindOfRow(std::string_view trialType);
 TableSetup SetUpTable(Disk& disk, const std::string& path, const TableOptions& options,
                       const ProjectParameters& project);
 
+/// What becomes of repeats: this program's own tables keep them unless an option says otherwise.
+Repeats KeptRepeats(const ImportOptions& options, const TableSetup& setup) noexcept;
+
 /// True for a column that has a role or holds responses.
 bool HasRole(const TableSetup& setup, int column);
 
@@ -60,7 +63,7 @@ class TableReader {
   CsvReader m_reader;
   std::vector<std::string_view> m_fields;
   std::vector<std::pair<int, std::string_view>> m_where;  // by column
-  bool m_isBehindHeader = false;
+  std::size_t m_passedOver;                               // rows above the data that are still to come
 };
 
 /// A text of SubjectRows.

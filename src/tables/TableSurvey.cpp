@@ -18,7 +18,15 @@ constexpr std::size_t kMaxPartValues = 1000;
 
 class Surveyor {
  public:
-  Surveyor(const TableSetup& setup, const TableReader& reader) : m_setup(setup), m_reader(reader) {}
+  Surveyor(const TableSetup& setup, const TableReader& reader, const WordList& words)
+      : m_setup(setup),
+        m_reader(reader),
+        m_hasItems(setup.Columns.Has(ColumnRole::Item) && setup.Layout.Shape == TableShape::Long) {
+    for (const Word& word : words.Words) {
+      std::string key = WordKey(word.Text);
+      if (!m_hasItems && HasDigits(KeyPoints(key))) m_numberWords.emplace(std::move(key), 0);
+    }
+  }
 
   void Add() {
     ++m_survey.Rows;
@@ -37,9 +45,8 @@ class Surveyor {
     if (kind == RowKind::Recall) NoteMinute();
   }
 
-  TableSurvey Finish(bool hasWordList) {
-    const bool hasItems = m_setup.Columns.Has(ColumnRole::Item) && m_setup.Layout.Shape == TableShape::Long;
-    m_survey.HasNumbers = m_numbers > 0 && m_texts == 0 && (hasItems || !hasWordList);
+  TableSurvey Finish() {
+    m_survey.HasNumbers = m_numbers > 0 && m_texts == 0;
     OrderLabels();
     return std::move(m_survey);
   }
@@ -81,9 +88,9 @@ class Surveyor {
   }
 
   void NoteResponse(RowKind kind, const ResponseColumn& column) {
-    const bool isLong = m_setup.Layout.Shape == TableShape::Long;
     std::string_view text = m_reader.Text(static_cast<int>(column.Column));
     if (kind == RowKind::Study) {
+      if (const auto number = WholeNumber(m_hasItems ? m_reader.Text(ColumnRole::Item) : text)) NoteValue(*number);
       if (IsNothing(text) || text == m_lastStudied) return;
       m_lastStudied = text;
       if (m_studiedTexts.find(text) != m_studiedTexts.end()) return;
@@ -93,7 +100,7 @@ class Surveyor {
       if (m_survey.Studied.size() > before) m_survey.Studied.back().Text = text;
       return;
     }
-    if (isLong && m_setup.Columns.Has(ColumnRole::Item)) text = m_reader.Text(ColumnRole::Item);
+    if (m_hasItems) text = m_reader.Text(ColumnRole::Item);
     if (!column.IsCell) return NoteNumber(text);
     const std::string& separator = m_setup.Layout.Separator;
     while (!text.empty()) {
@@ -106,19 +113,28 @@ class Surveyor {
   void NoteNumber(std::string_view text) {
     if (m_texts > 0 || IsNothing(text)) return;
     const auto number = WholeNumber(text);
-    if (!number) {
+    if (!number || (!m_numberWords.empty() && m_numberWords.find(WordKey(text)) != m_numberWords.end())) {
       ++m_texts;
       return;
     }
     ++m_numbers;
-    m_survey.LargestNumber = std::max(m_survey.LargestNumber, *number);
-    if (*number == 0 && m_survey.ZeroLine == 0) m_survey.ZeroLine = m_reader.Line();
+    NoteValue(*number);
+  }
+
+  void NoteValue(int number) {
+    m_survey.LargestNumber = std::max(m_survey.LargestNumber, number);
+    if (number == 0 && m_survey.ZeroLine == 0) m_survey.ZeroLine = m_reader.Line();
   }
 
   void NoteMinute() {
     if (m_survey.BrokenMinuteLine != 0 || !m_setup.Columns.Has(ColumnRole::Minute)) return;
     const std::string_view text = m_reader.Text(ColumnRole::Minute);
-    if (!IsNothing(text) && !WholeNumber(text)) m_survey.BrokenMinuteLine = m_reader.Line();
+    if (IsNothing(text)) return;
+    const auto minute = WholeNumber(text);
+    if (!minute) m_survey.BrokenMinuteLine = m_reader.Line();
+    if (minute.value_or(0) <= m_survey.LargestMinute) return;
+    m_survey.LargestMinute = *minute;
+    m_survey.LargestMinuteLine = m_reader.Line();
   }
 
   void OrderLabels() {
@@ -136,21 +152,31 @@ class Surveyor {
     for (std::size_t place = 0; place < survey.ByPlace.size(); ++place) {
       survey.LabelPlaces[survey.ByPlace[place]] = static_cast<int>(place) + 1;
     }
-    for (const auto& own : m_labelsOf) {
-      int last = 0;
-      for (const std::uint32_t label : own) last = std::max(last, survey.LabelPlaces[label]);
-      if (last != static_cast<int>(own.size())) survey.RankDiffers = true;
+    survey.LabelRanks.resize(survey.Labels.size());
+    for (auto& own : m_labelsOf) {
+      if (own.empty()) continue;
+      std::sort(own.begin(), own.end(), [&](std::uint32_t left, std::uint32_t right) {
+        return survey.LabelPlaces[left] < survey.LabelPlaces[right];
+      });
+      if (survey.LabelPlaces[own.back()] != static_cast<int>(own.size())) survey.RankDiffers = true;
       survey.MostLabels = std::max(survey.MostLabels, static_cast<int>(own.size()));
+      for (std::size_t rank = 0; rank < std::min<std::size_t>(own.size(), kMaxTests); ++rank) {
+        std::vector<std::size_t>& ranks = survey.LabelRanks[own[rank]];
+        ranks.resize(std::max(ranks.size(), rank + 1));
+        ++ranks[rank];
+      }
     }
   }
 
   const TableSetup& m_setup;
   const TableReader& m_reader;
+  bool m_hasItems;  // a column of item numbers
   TableSurvey m_survey;
   TextMap<std::size_t> m_subjects;
   TextMap<std::size_t> m_trialTypes;
   TextMap<std::size_t> m_studied;  // by key
   TextMap<int> m_studiedTexts;
+  TextMap<int> m_numberWords;  // keys of words that could be read as numbers
   std::string m_lastStudied;
   std::vector<std::vector<std::uint32_t>> m_labelsOf;  // by subject
   std::size_t m_subject = 0;
@@ -196,17 +222,20 @@ struct Parts {
 
 }  // namespace
 
-TableSurvey SurveyTable(Disk& disk, const TableSetup& setup, bool hasWordList) {
+TableSurvey SurveyTable(Disk& disk, const TableSetup& setup, const WordList& words) {
   TableReader reader(disk, setup);
-  Surveyor surveyor(setup, reader);
+  Surveyor surveyor(setup, reader, words);
   while (reader.Next()) surveyor.Add();
-  return surveyor.Finish(hasWordList);
+  return surveyor.Finish();
 }
 
 std::string PartsText(Disk& disk, const TableSetup& setup) {
   TableReader reader(disk, setup);
   std::vector<Parts> parts(setup.Format.Names.size());
-  for (std::size_t i = 0; i < parts.size(); ++i) parts[i].IsOut = HasRole(setup, static_cast<int>(i));
+  for (std::size_t i = 0; i < parts.size(); ++i) {
+    const auto column = static_cast<int>(i);
+    parts[i].IsOut = HasRole(setup, column) && column != setup.Columns.Of(ColumnRole::Test);
+  }
   std::vector<std::string_view> labels;
   while (reader.Next()) {
     labels.clear();

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "tables/TableReader.h"
+#include "words/WordList.h"
 
 namespace zova {
 
@@ -39,18 +40,22 @@ struct TableSurvey {
   std::vector<std::size_t> ByPlace;  ///< indices of labels in that order
   bool RankDiffers = false;          ///< a subject's own labels in order have other places
   int MostLabels = 0;                ///< of one subject
+  /// By label and rank, from 0 to kMaxTests - 1: for how many subjects the label has the rank among their own.
+  std::vector<std::vector<std::size_t>> LabelRanks;
   std::vector<SeenText> TrialTypes;  ///< other than study and recall
   std::vector<SeenText> Studied;     ///< distinct words of study rows, by key
   bool HasNumbers = false;           ///< responses are numbers of items
-  std::size_t ZeroLine = 0;          ///< the first recall with number 0; 0 for none
+  std::size_t ZeroLine = 0;          ///< the first row with number 0; 0 for none
   int LargestNumber = 0;
   std::size_t BrokenMinuteLine = 0;  ///< the first minute that is no whole number; 0 for none
+  int LargestMinute = 0;
+  std::size_t LargestMinuteLine = 0;
 
   TextMap<std::size_t> LabelIndices;
 };
 
-/// Throws FileError.
-TableSurvey SurveyTable(Disk& disk, const TableSetup& setup, bool hasWordList);
+/// Numbers are items in a column of them, else where no response is one of the `words`. Throws FileError.
+TableSurvey SurveyTable(Disk& disk, const TableSetup& setup, const WordList& words);
 
 /// The columns by whose values the table falls into parts that each fit into a project, by tests, subjects and studied
 /// words, as the end of a sentence.

@@ -18,10 +18,13 @@ double MinuteLength(TimeUnit unit) noexcept {
   switch (unit) {
     case TimeUnit::Seconds: return 60;
     case TimeUnit::Milliseconds: return 60000;
-    case TimeUnit::Minutes: break;
+    case TimeUnit::Minutes:
+    case TimeUnit::MinuteNumbers: break;
   }
   return 1;
 }
+
+bool IsTime(const std::optional<TimeUnit>& unit) noexcept { return unit && *unit != TimeUnit::MinuteNumbers; }
 
 std::optional<double> DecimalNumber(std::string_view text, bool mayHaveComma) {
   std::string plain(text);
@@ -59,7 +62,7 @@ std::optional<int> WholeNumber(std::string_view text) noexcept {
 
 std::optional<int> MinuteOf(std::string_view text, const std::optional<TimeUnit>& unit, int maxMinutes,
                             char delimiter) {
-  if (!unit) {
+  if (!IsTime(unit)) {
     const auto minute = WholeNumber(text);
     return minute && *minute >= 1 && *minute <= maxMinutes ? minute : std::nullopt;
   }
@@ -71,7 +74,7 @@ std::optional<int> MinuteOf(std::string_view text, const std::optional<TimeUnit>
 }
 
 std::optional<int> LastMinuteOf(std::string_view text, const std::optional<TimeUnit>& unit, char delimiter) {
-  if (!unit) return WholeNumber(text);
+  if (!IsTime(unit)) return WholeNumber(text);
   const auto time = DecimalNumber(text, delimiter != ',');
   if (!time || *time < 0 || *time / MinuteLength(*unit) > kMaxMinutes) return std::nullopt;
   return std::max(1, static_cast<int>(std::ceil(*time / MinuteLength(*unit))));

@@ -18,9 +18,9 @@ bool IsNothing(std::string_view text) noexcept;
 /// A whole number with nothing behind it but ".0".
 std::optional<int> WholeNumber(std::string_view text) noexcept;
 
-/// The minute of a recall, from 1 to `maxMinutes`; nullopt for a text that gives none. With a unit the text is the time
-/// since the start of the test: floor(seconds / 60) + 1, and the last minute at the exact end. A decimal comma is
-/// allowed where it is not the delimiter.
+/// The minute of a recall, from 1 to `maxMinutes`; nullopt for a text that gives none. With a unit of time the text is
+/// the time since the start of the test: floor(seconds / 60) + 1, and the last minute at the exact end. A decimal comma
+/// is allowed where it is not the delimiter.
 std::optional<int> MinuteOf(std::string_view text, const std::optional<TimeUnit>& unit, int maxMinutes, char delimiter);
 
 /// The least number of minutes in which a recall at this time would lie; nullopt for a text that is no time.

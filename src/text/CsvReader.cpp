@@ -11,6 +11,7 @@ namespace zova {
 namespace {
 
 constexpr std::size_t kPiece = 256UL * 1024;
+constexpr const char* kLongRow = "A row is longer than 16 MiB";
 constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
 
 // The content of a quoted field, written over its beginning. Returns its length.
@@ -34,7 +35,7 @@ std::size_t Unquote(char* text, std::size_t length) {
 
 // Moves the row that is being read to the buffer's beginning and appends the next bytes.
 bool CsvReader::Fill() {
-  if (m_holdsNul) Fail("The bytes are no text: one of them is NUL");
+  if (m_holdsNul) Fail("The bytes are no text: one of them is NUL", "; save the file as CSV UTF-8");
   if (m_atEnd) return false;
   m_buffer.erase(0, m_rowStart);
   m_next -= m_rowStart;
@@ -67,7 +68,7 @@ void CsvReader::EndField() {
 
 void CsvReader::EndRow(char end) {
   EndField();
-  if (m_next - m_rowStart > kMaxRow) Fail("A row is longer than 16 MiB");
+  if (m_next - m_rowStart > kMaxRow) throw CsvError(kLongRow, m_rowLine);
   ++m_line;
   m_afterReturn = end == '\r';
 }
@@ -102,7 +103,7 @@ bool CsvReader::Take(char c) {
 bool CsvReader::ReadRow() {
   for (;; ++m_next) {
     if (m_next == m_buffer.size()) {
-      if (m_next - m_rowStart > kMaxRow) Fail("A row is longer than 16 MiB");
+      if (m_next - m_rowStart > kMaxRow) throw CsvError(kLongRow, m_rowLine);
       if (!Fill()) break;
       if (m_next == m_buffer.size()) Fill();
     }

@@ -57,7 +57,10 @@ class CsvReader {
   void EndField();
   void EndRow(char end);
   void Publish();
-  [[noreturn]] void Fail(const char* text) const { throw CsvError(text, m_rowLine); }
+  // In the field that is being read.
+  [[noreturn]] void Fail(const char* text, const char* advice = "") const {
+    throw CsvError(text + (" (column " + std::to_string(m_bounds.size() + 1) + ")") + advice, m_rowLine);
+  }
 
   Source m_source;
   char m_delimiter;

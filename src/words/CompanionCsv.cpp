@@ -27,8 +27,8 @@ std::string ExpectedHeader(std::initializer_list<std::string_view> columns) {
 }  // namespace
 
 CompanionRows::CompanionRows(std::string_view bytes, std::initializer_list<std::string_view> columns,
-                             std::size_t optional)
-    : m_text(bytes), m_columns(columns), m_reader(TextSource(m_text.Content())) {
+                             std::size_t optional, char delimiter)
+    : m_text(bytes), m_columns(columns), m_reader(TextSource(m_text.Content()), delimiter) {
   if (m_reader.Next()) {
     const auto fields = m_reader.Fields();
     const bool fits = fields.size() <= columns.size() && fields.size() + optional >= columns.size() &&

@@ -21,7 +21,8 @@ namespace zova {
 class CompanionRows {
  public:
   /// The header must be `columns`; the last `optional` of them may be missing. Throws CsvError.
-  CompanionRows(std::string_view bytes, std::initializer_list<std::string_view> columns, std::size_t optional = 0);
+  CompanionRows(std::string_view bytes, std::initializer_list<std::string_view> columns, std::size_t optional = 0,
+                char delimiter = ',');
 
   /// False at the end. Throws CsvError for a row with more or fewer fields than the header.
   bool Next();

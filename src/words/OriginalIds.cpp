@@ -11,6 +11,8 @@
 
 namespace zova {
 
+bool StandsBefore(const OriginalId& left, const OriginalId& right) { return ListsBefore(left.Subject, right.Subject); }
+
 std::vector<OriginalId> ParseOriginalIds(std::string_view bytes) {
   CompanionRows rows(bytes, {"subject", "original"});
   std::vector<OriginalId> ids;
@@ -22,8 +24,7 @@ std::vector<OriginalId> ParseOriginalIds(std::string_view bytes) {
     return known->first;
   };
   while (rows.Next()) ids.push_back({take(subjects, rows.Text(0)), take(originals, rows.Text(1))});
-  std::sort(ids.begin(), ids.end(),
-            [](const OriginalId& left, const OriginalId& right) { return ListsBefore(left.Subject, right.Subject); });
+  std::sort(ids.begin(), ids.end(), StandsBefore);
   return ids;
 }
 

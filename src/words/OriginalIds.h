@@ -17,6 +17,9 @@ struct OriginalId {
   bool operator==(const OriginalId&) const = default;
 };
 
+/// By subject in listing order.
+bool StandsBefore(const OriginalId& left, const OriginalId& right);
+
 /// In listing order of the subjects, each once, each original once. Throws CsvError.
 std::vector<OriginalId> ParseOriginalIds(std::string_view bytes);
 std::string FormatOriginalIds(const std::vector<OriginalId>& ids);

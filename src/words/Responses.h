@@ -27,17 +27,23 @@ struct Decision {
 struct DecidedResponse {
   std::string Response;
   Decision What;
-  std::size_t Line = 0;  ///< in the file it was read from
+  std::size_t Line = 0;    ///< in the file it was read from
+  std::string Scope = {};  ///< the lists for which it was decided; "" for all
+  std::string File = {};   ///< the user's file it was read from; "" for the project's
 };
 
-/// Decisions by the responses' keys.
+/// What responses of one key have in common, in lists of one scope.
+std::string ResponsePlace(std::string_view response, std::string_view scope);
+
+/// Decisions by the responses' keys and their scopes.
 class Responses {
  public:
   /// False, without effect, when the key has another decision. A response without a key is found by its text.
   bool Add(DecidedResponse decided);
   /// As Add, in place of an earlier decision.
   void Replace(DecidedResponse decided);
-  [[nodiscard]] const DecidedResponse* Find(std::string_view response) const;
+  /// The decision for exactly this scope.
+  [[nodiscard]] const DecidedResponse* Find(std::string_view response, std::string_view scope = {}) const;
   /// In the order in which they were added.
   [[nodiscard]] const std::vector<DecidedResponse>& All() const noexcept { return m_all; }
 
@@ -49,7 +55,10 @@ class Responses {
 /// Throws CsvError, also for one key with two decisions, naming both lines.
 Responses ParseResponses(std::string_view bytes, const ProjectParameters& project);
 /// Likewise a table of proposals: columns distance, count and subject may follow; rows without an item are passed over.
-Responses ParseProposedResponses(std::string_view bytes, const ProjectParameters& project);
+/// Columns may be separated by semicolons or tabs. `areBySubject`: a decision is for the lists of its subject alone.
+Responses ParseProposedResponses(std::string_view bytes, const ProjectParameters& project, bool areBySubject);
+/// The scope of a subject's lists.
+std::string SubjectScope(std::string_view subject);
 std::string FormatResponses(const Responses& responses);
 
 }  // namespace zova

@@ -138,12 +138,18 @@ TEST_F(Command, ImportsATable) {
   Program = ZOVA_IMPORT_PROGRAM;
   Files.Put("C:\\t.csv", "subject,list,item\n9,1,2\n9,2,1\n8,1,1\n8,1,2\n8,2,2\n");
   Files.Put("C:\\w.csv", "subject,list,word\na,1,apple\n");
+  const char* kept =
+      "A master or a data file of a project is never replaced.  Please select another name.\nC:\\Ab.prm\n";
+  const char* keptTable =
+      "A master or a data file of a project is never replaced.  Please select another name.\nC:\\T.csv\n";
   const char* stopped = "Something is undecided or wrong: see the report.  Nothing was written.\n";
   for (const auto& [arguments, code, errors] :
        {std::tuple("--dry-run t.csv Ab.prm >../report", 0, ""),
         {"--where list=1 t.csv Ab.prm >../report", 1, stopped},
         {"t.csv Ab.prm >../report", 0, "2 subjects were imported.\n"},
         {"t.csv Ab.prm >../report", 0, "0 subjects were imported.\n"},
+        {"--dry-run --unmatched Ab.prm t.csv Ab.prm >../report", 1, kept},
+        {"--dry-run --unmatched ../C/T.csv t.csv Ab.prm >../report", 1, keptTable},
         {"--shape square t.csv Ab.prm", 2,
          "zova-import: --shape: 'square' is none of long, lists, wide\nTry 'zova-import --help'.\n"},
         {"--new-project X --directory ../D w.csv >../refused", 1, stopped},

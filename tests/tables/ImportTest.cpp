@@ -40,6 +40,8 @@ TEST(Matching, GoesByWordAccentsDecisionAndNearness) {
       {"chilipwder|chilpwder", take, "0 0 2 1 1 1 0 0", "3"},
       {"chilli powder|chilli|powder", take, "0 0 2 2 0 0 0 0", "3"},  // both spellings are the same item
       {"zebra|ap|apple1|???", take, "0 0 0 0 4 4 0 0", ""},
+      {"yo|yo|apple", take, "1 0 1 1 0 0 0 0", "4 1"},  // two pieces may be one word, which is not taken unasked
+      {"yo|yo|apple", {{"--others", "intrusion"}}, "1 0 1 0 1 1 0 0", "1"},
       {"bad|skipped|=apple()|deci", take, "1 3 0 0 0 1 0 1", "1 2"},
       {"NA|N/A|nan|.| |apple", {}, "1 0 0 0 0 0 0 0", "1"}};
   for (const Case& c : cases) {
@@ -52,7 +54,8 @@ TEST(Matching, GoesByWordAccentsDecisionAndNearness) {
     std::string counts = c.Counts;
     counts[0] = static_cast<char>(counts[0] + 1);  // vase
     EXPECT_EQ(CountsOf(draft), counts) << c.Responses;
-    EXPECT_THAT(ImportDesk::CasesOf(draft), HasSubstr("'apple' is a word; what was decided about it is passed over"));
+    EXPECT_THAT(ImportDesk::CasesOf(draft),
+                HasSubstr("'AB Responses.csv', line 5: 'apple' is a word; what was decided about it is passed over"));
     if (!draft.Plan.MayBeWritten()) continue;
     desk.Run(draft);
     EXPECT_EQ(desk.Lists(), "a:" + (*c.List == 0 ? std::string() : " " + std::string(c.List)) + " | 5") << c.Responses;
@@ -70,9 +73,9 @@ TEST(Import, AsksAndReports) {
   };
   const Case cases[] = {
       {"a,1,1,apple,1,2,m\na,1,2,vase,2,9,m\na,1,3,yo-yo,9,1,m\na,2,1,vase,2,,m\n",
-       {},
+       {{"--times", "number"}},
        "rating 3 rating a 1 '9' is no rating from 1 to 3\nminute 4 minute a 1 '9' is in none of the minutes 1 to 2\n"
-       "check 2  a 1 test 1, line 2: There was a space detected in the data.\n",
+       "check 3 rating a 1 test 1, line 2: There was a space detected in the data.\n",
        ""},
       {"a,1,1,apple,1,2,m\na,1,x,vase,2,1,m\na,1,1,yo-yo,2,1,m\na,1,-2,table,2,1,m\na,2,1,vase,2,,m\n",
        {},
@@ -94,7 +97,7 @@ TEST(Import, AsksAndReports) {
       {"a,1,1,apple,1,2,m\n",
        {},
        "undecided --missing-tests\ncheck 2  a  the subject has no rows for test 2\n"
-       "check 2  a 1 test 1, line 1: The last item in Test 1 was during minute 1.\n"
+       "check 2 minute a 1 test 1, line 1: The last item in Test 1 was during minute 1.\n"
        "check 2  a  test 2, line 1: Test number 2 was blank.\n",
        ""},
       {"a,1,1,apple,0.5,2,m\na,2,1,vase,120,,m\n",
@@ -102,10 +105,26 @@ TEST(Import, AsksAndReports) {
        "undecided --times\n"
        "minute 2 minute a 1 '0.5' is in none of the minutes 1 to 2\nminute 3 minute a 2 '120' is in none of the "
        "minutes "
-       "1 to 2\ncheck 2  a 1 test 1, line 1: There was at least 1 blank space detected in the minute data for this "
+       "1 to 2\ncheck 2 minute a 1 test 1, line 1: There was at least 1 blank space detected in the minute data for "
+       "this "
        "test.\n",
        ""},
       {"a,1,1,apple,60,2,m\na,2,1,vase,120,,m\n", {{"--times", "s"}}, "", "a: 1/2/2 | 5/2"},
+      {"a,1,1,apple,2,2,m\na,2,1,vase,3,,m\n",
+       {},
+       "undecided --times\nminute 3 minute a 2 '3' is in none of the minutes 1 to 2\n"
+       "check 3 minute a 2 test 2, line 1: There was at least 1 blank space detected in the minute data for this "
+       "test.\n",
+       ""},
+      {"a,1,2147483647,apple,2,2,m\na,1,2147483647,vase,2,2,m\na,2,1,vase,2,,m\n",
+       {{"--level", "Foo=1"}, {"--level", "sex=x"}},
+       "error 0    --level: 'Foo' is no variable of the project\nerror 0    --level: 'x' is no level of sex\n"
+       "error 3 position a 1 position 2147483647 stands twice\n",
+       ""},
+      {"a,1,1,apple,2,2,m\n",
+       {{"--where", "sex=f"}, {"--where", "list=1"}},
+       "error 0    no row has sex=f, list=1\n",
+       ""},
       {"a,5,1,apple,2,2,m\na,9,1,vase,2,,m\nb,9,1,apple,2,2,m\n",
        {{"--missing-tests", "leave-out"}},
        "undecided --tests\ncheck 4  b  the subject has no rows for test 1\n"
@@ -168,15 +187,17 @@ TEST(Import, KnowsWhatWasStudied) {
   const std::string table =
       "subject,list,trial_type,position,item\n"
       "a,1,study,2,apple\na,1,study,1,vase\na,1,recall,1,aplpe\na,1,recall,2,table\na,1,recall,3,vase\n"
-      "b,1,study,1,table\nb,1,study,2,apple\nb,1,recall,1,apple\nb,1,recall,2,tabel\n";
+      "b,1,study,1,table\nb,1,study,2,apple\nb,1,recall,1,apple\nb,1,recall,2,tabel\n"
+      "c,1,study,1,vase\nc,1,study,2,apple\nc,1,recall,1,tabel\n";
   const Options given = {{"--accept-distance", "1"}, {"--others", "skip"}};
   ImportDesk pool({.Tests = 1, .Items = 3});
   pool.Words.Words = {{"apple", ""}, {"table", ""}, {"vase", ""}};
   pool.Run(pool.Draft(table, given));
-  EXPECT_EQ(pool.Lists(), "a: 1 3; b: 1 2");
+  EXPECT_EQ(pool.Lists(), "a: 1 3; b: 1 2; c:");
   EXPECT_EQ(pool.Files.Get("C:\\Data\\AB Intrusions.csv"),
             "subject,test,place,response,minute,rating\r\na,1,1,table,,\r\n");
-  EXPECT_EQ(pool.Files.Get("C:\\Data\\AB Responses.csv"), "response,item\r\naplpe,1\r\ntabel,2\r\n");
+  EXPECT_EQ(pool.Files.Get("C:\\Data\\AB Responses.csv"), "response,item\r\naplpe,1\r\n")
+      << "'tabel' is open in a list";
   EXPECT_FALSE(pool.Files.Has("C:\\Data\\AB Study Order.csv")) << "two of three items";
 
   ImportDesk position({.Tests = 1, .Items = 2});
@@ -184,21 +205,57 @@ TEST(Import, KnowsWhatWasStudied) {
   Options byPosition = given;
   byPosition.emplace_back("--items", "position");
   position.Run(position.Draft(table, byPosition));
-  EXPECT_EQ(position.Lists(), "a: 2 1; b: 2 1");
+  EXPECT_EQ(position.Lists(), "a: 2 1; b: 2 1; c:");
   EXPECT_EQ(position.Files.Get("C:\\Data\\AB Study Order.csv"),
-            "subject,test,position,item\r\na,1,1,1\r\na,1,2,2\r\nb,1,1,1\r\nb,1,2,2\r\n");
+            "subject,test,position,item\r\na,1,1,1\r\na,1,2,2\r\nb,1,1,1\r\nb,1,2,2\r\nc,1,1,1\r\nc,1,2,2\r\n");
+  EXPECT_EQ(ImportDesk::CasesOf(pool.Draft("subject,list,trial_type,item\na,1,study,0\na,1,study,2\na,1,recall,2\n",
+                                           {{"--existing", "skip"}})),
+            "undecided --first-item\n");
+}
 
-  // A number decided in position mode is the word at that place in the list where the response stands first.
-  const std::string decided =
-      "subject,list,trial_type,position,item\na,1,study,1,apple\na,1,study,2,vase\n"
-      "a,1,recall,1,pot\nb,1,study,1,vase\nb,1,study,2,apple\nb,1,recall,1,pot\n";
-  ImportDesk desk({.Tests = 1, .Items = 2});
+// A number decided in position mode is the word at that place in the list where the response stands first, also when
+// that list is imported already; a response near other words in other lists is decided for each.
+TEST(Import, ReadsNumbersByPositionInTheirLists) {
+  const std::string head = "subject,list,trial_type,position,item\n";
+  const std::string first = head + "a,1,study,1,apple\na,1,study,2,tree\na,1,recall,1,pot\na,1,recall,2,tre\n";
+  const std::string both = first + "b,1,study,1,tree\nb,1,study,2,apple\nb,1,recall,1,pot\nb,1,recall,2,tre\n" +
+                           "c,1,study,1,apple\nc,1,study,2,dog\nc,1,study,3,trey\nc,1,recall,1,tre\n";
+  ImportDesk desk({.Tests = 1, .Items = 3});
   desk.Words = {};
-  ImportDraft draft = desk.Draft(decided, byPosition);
-  draft.Context.Decided.Add({"pot", {Verdict::Item, 2}, 0});
-  RefreshImport(desk.OfFiles, draft);
+  const auto draw = [&](const std::string& table, const std::string& decided) {
+    ImportDraft draft = desk.Draft(table, {{"--items", "position"}, {"--others", "skip"}});
+    desk.Files.Put("C:\\d.csv", decided);
+    AddDecisions(desk.OfFiles, "C:\\d.csv", ItemsBy::Position, draft.Context);
+    RefreshImport(desk.OfFiles, draft);
+    return draft;
+  };
+  desk.Run(draw(first, "response,item\npot,1\n"));
+  const ImportDraft open = draw(both, "response,item\npot,1\n");
+  EXPECT_EQ(FormatUnmatched(open.Plan), "response,item,distance,count,subject\r\ntre,2,1,2,a\r\ntre,3,1,1,c\r\n");
+  desk.Run(open);
+  EXPECT_EQ(desk.Lists(), "a: 1; b: 2; c:");
+  const ImportDraft decided = draw(both, FormatUnmatched(open.Plan) + "pot,1,,2,a\r\n");
+  ImportDraft taken = desk.Draft(both, {{"--items", "position"}, {"--accept-distance", "1"}, {"--others", "skip"}});
+  EXPECT_EQ(CountsOf(decided), "0 5 0 0 0 0 0 0");
+  EXPECT_EQ(CountsOf(taken), "0 0 3 3 2 0 0 2");
+  taken = decided;
+  taken.Options.Existing = ExistingSubjects::Replace;
+  RefreshImport(desk.OfFiles, taken);
+  desk.Run(taken);
+  EXPECT_EQ(desk.Lists(), "a: 1 2; b: 2 1; c: 3");
+  EXPECT_FALSE(desk.Files.Has("C:\\Data\\AB Responses.csv")) << "numbers of lists mean nothing elsewhere";
+}
+
+// Of a number and a word the number counts; a word without a number is matched.
+TEST(Import, TakesWordsWhereNumbersLack) {
+  ImportDesk desk({.Tests = 1, .Items = 6});
+  const ImportDraft draft = desk.Draft(
+      "subject,list,position,item,word\na,1,1,2,\na,1,2,1,vase\na,1,3,NA,zebra\na,1,4,,yo-yo\na,1,5,3,chili\na,1,6,,\n",
+      {{"--others", "intrusion"}});
+  EXPECT_EQ(ImportDesk::CasesOf(draft), "check 3 word a 1 'vase' is item 5; item 1 of the row is taken\n");
   desk.Run(draft);
-  EXPECT_EQ(desk.Lists(), "a: 2; b: 1");
+  EXPECT_EQ(desk.Lists(), "a: 2 1 4 3");
+  EXPECT_THAT(desk.Files.Get("C:\\Data\\AB Intrusions.csv"), HasSubstr("\r\na,1,2,zebra,,\r\n"));
 }
 
 // The review's list goes out, comes back edited, and leaves nothing to be decided.
@@ -211,13 +268,17 @@ TEST(Import, TakesTheUnmatchedBack) {
             "response,item,distance,count,subject\r\naplpe,1,1,2,a\r\nzebra,,,1,a\r\nvaes,5,1,1,b\r\n"
             "\"the, dog\",,,1,b\r\n");
   desk.Files.Put("C:\\edited.csv",
-                 "response,item,distance,count,subject\r\naplpe,1,1,2,a\r\nzebra,skip,,1,a\r\n"
-                 "vaes,intrusion,1,1,b\r\n\"the, dog\",2,,1,b\r\n");
-  AddDecisions(desk.OfFiles, "C:\\edited.csv", draft.Context);
+                 "response;item;distance;count;subject\r\naplpe;1;1;2;a\r\nzebra;Skip;;1;a\r\n"
+                 "vaes;INTRUSION;1;1;b\r\nthe, dog;2;;1;b\r\nApple;2;;1;b\r\n");
+  AddDecisions(desk.OfFiles, "C:\\edited.csv", ItemsBy::Pool, draft.Context);
   RefreshImport(desk.OfFiles, draft);
   EXPECT_TRUE(draft.Plan.MayBeWritten());
+  EXPECT_EQ(ImportDesk::CasesOf(draft),
+            "check 0    'edited.csv', line 6: 'Apple' is a word; what was decided about it is passed over\n");
   desk.Run(draft);
   EXPECT_EQ(desk.Lists(), "a: 1; b: 1 2");
+  EXPECT_EQ(desk.Files.Get("C:\\Data\\AB Responses.csv"),
+            "response,item\r\naplpe,1\r\nzebra,skip\r\nvaes,intrusion\r\n\"the, dog\",2\r\n");
   EXPECT_EQ(TakeProposals(desk.Draft(table).Plan, 1, draft.Context.Decided), 0U) << "decided in the project now";
 
   desk.Files.Put("C:\\Data\\AB Intrusions.csv", "subject,test\r\n");
@@ -236,6 +297,13 @@ TEST(Import, LeavesExistingSubjectsAndChangedTablesAlone) {
   EXPECT_EQ(again.Plan.CountOf(SubjectAction::Same), 2U);
   EXPECT_EQ(desk.Run(again).Written, 0U);
   EXPECT_EQ(desk.Files.Snapshot(), once);
+  const std::string fewer = "subject,list,word\na,1,apple\nb,1,vase\n";
+  EXPECT_EQ(ImportDesk::CasesOf(desk.Draft(fewer)), "undecided --existing\n") << "without the intrusion";
+  desk.Run(desk.Draft(fewer, {{"--existing", "skip"}}));
+  EXPECT_EQ(desk.Files.Get("C:\\Data\\AB Intrusions.csv"), once.at("C/Data/AB Intrusions.csv"));
+  EXPECT_EQ(ImportDesk::CasesOf(desk.Draft("subject,list,word\na,1,apple\n,1,apple\n", {{"--ids", "number"}})),
+            "error 2  a  'a' is in the project under this name; with a number it would be there twice\n"
+            "error 3    the row has no subject\n");
   const std::string other = "subject,list,word\na,1,table\nc,1,vase\n";
   EXPECT_EQ(ImportDesk::CasesOf(desk.Draft(other)), "undecided --existing\n");
   desk.Run(desk.Draft(other, {{"--existing", "skip"}}));
@@ -248,6 +316,27 @@ TEST(Import, LeavesExistingSubjectsAndChangedTablesAlone) {
   ScriptedBoxes boxes = {Told("The table has changed since it was read.  Nothing more was imported.")};
   EXPECT_FALSE(desk.Run(planned, boxes).Completed);
   EXPECT_EQ(desk.Lists(), "a: 2; b: 5; c: 5; d: 2");
+}
+
+TEST(Import, KeepsUnfinishedSubjectsOrdersOfStudyAndNumbers) {
+  ImportDesk desk({.Tests = 1, .Items = 3, .Minutes = 2});
+  desk.Words.Words.resize(3);
+  const std::string rows = "a/1,recall,1,apple,\nb,recall,1,table,2\n";
+  const std::string head = "subject,trial_type,position,word,minute\n";
+  std::string table = head + "b,study,1,table,\nb,study,2,apple,\nb,study,3,chilipowder,\n" + rows;
+  for (int id = 3; id <= 10; ++id) table += "x" + std::to_string(id) + ",recall,1,apple,2\n";
+  const Options given = {{"--accept-incomplete", ""}, {"--ids", "number"}};
+  EXPECT_EQ(desk.Run(desk.Draft(table, given)).Written, 10U);
+  EXPECT_THAT(desk.Files.Get("C:\\Data\\AB Subjects.csv"), HasSubstr("original\r\n1,b\r\n10,x10\r\n2,a/1\r\n3,x3\r\n"));
+  const Tree once = desk.Files.Snapshot();
+  for (const std::string& again : {table, head + rows}) {
+    const ImportDraft draft = desk.Draft(again, given);
+    EXPECT_EQ(draft.Plan.CountOf(SubjectAction::Same), draft.Plan.Subjects.size());
+    desk.Run(draft);
+    Tree now = desk.Files.Snapshot();
+    now["C/t.csv"] = once.at("C/t.csv");
+    EXPECT_EQ(now, once);
+  }
 }
 
 // Whatever call fails or is the last one: each subject is whole or not there, and no old one is harmed.
@@ -299,7 +388,7 @@ TEST(Import, ReadsItsOwnLongCsv) {
   desk.Words = {};
   desk.Project.LevelCounts[0] = 2;
   desk.Project.LevelNames[0][0] = desk.Project.LevelNames[0][1] = "same";
-  for (const auto& [id, lists, level] : {std::tuple("x 1", "3/1/2 1/2/4 5/3/1 | 6/2", 2), {"y", "| 1/2 3/3", 1}}) {
+  for (const auto& [id, lists, level] : {std::tuple("x 1", "3/1/2 1/2/4 3/3/1 | 6/2", 2), {"y", "| 1/2 3/3", 1}}) {
     SubjectRecord record;
     record.SubjectId = id;
     record.Levels[0] = static_cast<std::int16_t>(level);
@@ -409,7 +498,7 @@ TEST(NewProject, IsThatOfTheTable) {
   std::string many = "subject,list,item,session\n";
   for (int list = 1; list <= 16; ++list) many += "a," + std::to_string(list) + ",1," + std::to_string(list % 2) + "\n";
   EXPECT_EQ(propose(many, {}).Fault,
-            "The table has 16 tests; a project has at most 15; a part by --where would fit: session");
+            "The table has 16 tests; a project has at most 15; a part by --where would fit: list, session");
   EXPECT_EQ(propose(many, {{"--where", "session=1"}}).Project.TestCount, 8);
 }
 

@@ -24,8 +24,8 @@ TEST(TableReader, ReadsAllShapesAlike) {
        "a\t2\t1\tvase\nb\t1\t1\tyoyo\nb\t2\t\t.\n",
        {}},
       {"semicolons, Windows-1252",
-       "\"id\";\"test\";\"response\"\r\na;1;apple\r\na;1;cr\xE8me\r\na;2;vase\r\n"
-       "b;1;yo-yo\r\nb;2;\r\n",
+       "sep=;\r\n\"id\";\"test\";\"response\"\r\na;1;apple\r\na;1;cr\xE8me\r\n;;\r\na;2;vase\r\n"
+       "b;1;yo-yo\r\nb;2;\r\n; ;\r\n;;;;\r\n",
        {}},
       {"mark, quotes, not sorted",
        "\xEF\xBB\xBFsubject,\"list\",word\nb,1,\"yo\nyo\"\na,2,vase\nb,2,n/a\na,1,apple\n"
@@ -43,6 +43,7 @@ TEST(TableReader, ReadsAllShapesAlike) {
       {"cells",
        "subject,list,response\na,1,\"apple, crème\"\na,2,\"vase,\"\nb,1,yo-yo\nb,2,\n",
        {{"--shape", "lists"}}},
+      {"numbers in cells", "subject,list,response\na,1,1;6\na,2,5\nb,1,4\nb,2,\n", {{"--shape", "lists"}}},
       {"columns", "subject,list,word1,word2\na,1,apple,crème\na,2,vase,\nb,1,yo-yo\nb,2,NA,NA\n", {}},
       {"wide cells", "id,List1,List2\na,apple creme,vase\nb,yo yo,\n", {}},
       {"wide columns", "id,Test1_2,Test1_1,Test2_1,Test2_2\na,crème,apple,vase,\nb,,yo-yo,.,\n", {}},
@@ -76,11 +77,12 @@ TEST(TableReader, SaysWhatCannotBeRead) {
       {"\xFF\xFEs\0u\0"s, "This is text in UTF-16" + rest},
       {"s\0u\0b\0,\0l\0i\0"s, "This is text in UTF-16" + rest},
       {"", "The file is empty; a table has rows."},
-      {header + "a,1,ap\0ple\n"s, "Line 2: The bytes are no text: one of them is NUL."},
+      {header + "a,1,ap\0ple\n"s,
+       "Line 2: The bytes are no text: one of them is NUL (column 3); save the file as CSV UTF-8."},
       {header + "a,1,apple\nb,1\n", "Line 3: There are 2 fields instead of 3."},
       {header + "a,1,apple,x\n", "Line 2: There are 4 fields instead of 3."},
-      {header + "a,1,apple\nb,1,\"vase\n", "Line 3: A quote is never closed."},
-      {header + "a,1," + std::string(1024 * 1024 + 1, 'x'), "Line 2: A field is longer than 1 MiB."}};
+      {header + "a,1,apple\nb,1,\"vase\n", "Line 3: A quote is never closed (column 3)."},
+      {header + "a,1," + std::string(1024 * 1024 + 1, 'x'), "Line 2: A field is longer than 1 MiB (column 3)."}};
   for (const auto& [bytes, text] : cases) {
     ImportDesk desk;
     try {
@@ -109,6 +111,11 @@ TEST(TableReader, ReportsColumnsThatAreMissingOrDoubtful) {
       ::testing::AllOf(::testing::HasSubstr("column,0,,participant,,,could be the subject as well; 'subject' is "
                                             "taken\r\ncolumn,0,,response,,,could be the word as well"),
                        ::testing::HasSubstr("\r\ntest,1,,,,2,test 2\r\n")));
+  EXPECT_THAT(FormatImportReport(desk.Draft("id,Test1_1,Test1_2,Test2_1\na,apple,vase,table\n").Plan),
+              ::testing::HasSubstr("\r\ncolumn,1,,Test1_2,,1,responses\r\ncolumn,1,,Test2_1,,2,responses\r\n"));
+  EXPECT_THAT(FormatImportReport(
+                  desk.Draft("id,list,word\na,3,apple\na,7,vase\nb,7,apple\nb,9,vase\n", {{"--tests", "rank"}}).Plan),
+              ::testing::HasSubstr("\r\ntest,2,,,,7,\"test 1 of 1 subject, test 2 of 1 subject\"\r\n"));
 }
 
 TEST(TableValues, AreNumbersTimesAndLevels) {

@@ -37,10 +37,10 @@ TEST(CsvReader, ReadsQuotesAndLineEndsInPiecesOfAnySize) {
        {{"a"}, {"b"}, {"c"}}},
       {"\"a,\"\"b\"\"\r\nc\",d\r\n", {{"a,\"b\"\r\nc", "d"}}},
       {",\n\"\"\n", {{"", ""}, {""}}},
-      {"a\"b,\"c\"d\"e\",\"f", {{"!1 A quote is never closed"}}},
+      {"a\"b,\"c\"d\"e\",\"f", {{"!1 A quote is never closed (column 3)"}}},
       {"a\"b,\"c\"d\"e\",f", {{"a\"b", "cd\"e\"", "f"}}},
-      {"a\n\n\"b\nc\n", {{"a"}, {"!3 A quote is never closed"}}},
-      {"a\nb\0"s, {{"a"}, {"!2 The bytes are no text: one of them is NUL"}}},
+      {"a\n\n\"b\nc\n", {{"a"}, {"!3 A quote is never closed (column 1)"}}},
+      {"a\nb\0"s, {{"a"}, {"!2 The bytes are no text: one of them is NUL (column 1); save the file as CSV UTF-8"}}},
       {"", {}},
   };
   for (const auto& [text, rows] : cases) {
@@ -54,7 +54,7 @@ TEST(CsvReader, RefusesFieldsAndRowsThatAreTooLong) {
   const std::string field(CsvReader::kMaxField, 'x');
   EXPECT_EQ(Read("a\n" + field + "\n", ',', kWhole).size(), 2U);
   EXPECT_EQ(Read("a\n" + field + "x\n", ',', kWhole).back(),
-            std::vector<std::string>{"!2 A field is longer than 1 MiB"});
+            std::vector<std::string>{"!2 A field is longer than 1 MiB (column 1)"});
   std::string row = "a\n";
   for (int i = 0; i < 17; ++i) row += field + ",";
   EXPECT_EQ(Read(row, ',', kWhole).back(), std::vector<std::string>{"!2 A row is longer than 16 MiB"});

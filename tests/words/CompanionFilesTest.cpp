@@ -86,7 +86,8 @@ TEST(CompanionFiles, AreReadAndWrittenOrRefusedWithTheirLine) {
   EXPECT_EQ(RoundTrip(decided + "ROSSE,1\r\n", responses, FormatResponses), decided);
   EXPECT_EQ(RoundTrip(decided + "Rosse,2\r\n", responses, FormatResponses),
             "5: 'Rosse' was decided otherwise on line 2");
-  EXPECT_EQ(RoundTrip("response,item\nx,Skip\n", responses, FormatResponses), "2: 'Skip' is no item from 1 to 6");
+  EXPECT_EQ(RoundTrip("response,item\nx,Skip\n", responses, FormatResponses), "response,item\r\nx,skip\r\n");
+  EXPECT_EQ(RoundTrip("response,item\nx,7\n", responses, FormatResponses), "2: '7' is no item from 1 to 6");
 
   const auto intrusions = [&](const std::string& bytes) { return ParseIntrusions(bytes, project); };
   const std::string header = "subject,test,place,response,minute,rating\r\n";

@@ -15,6 +15,7 @@
 #include "platform/desktop/NoDesktop.h"
 #include "project/ProjectFile.h"
 #include "project/ProjectOpening.h"
+#include "project/ProtectedFiles.h"
 #include "session/Version.h"
 #include "tables/ImportPlan.h"
 #include "tables/ImportReport.h"
@@ -40,7 +41,8 @@ class ImportCommand {
     m_table = FilePath(m_arguments.Table);
     try {
       if (!(m_arguments.NewProject ? ProposeNew() : OpenProject())) return kStopped;
-      if (m_arguments.ResponsesFile) AddDecisions(m_disk, FilePath(*m_arguments.ResponsesFile), m_context);
+      if (m_arguments.ResponsesFile)
+        AddDecisions(m_disk, FilePath(*m_arguments.ResponsesFile), m_arguments.Options.Items, m_context);
       return Import();
     } catch (const FileError& error) {
       Print(FormatImportReport(error));
@@ -116,10 +118,23 @@ class ImportCommand {
     return FilePath(m_arguments.ParamDirectory.value_or(*m_arguments.Directory));
   }
 
+  // Files of the project stay, and what the import reads.
+  bool WriteUnmatched(const ImportDraft& draft) {
+    const auto isKept = [&](const std::string& path) {
+      const std::string read[] = {m_table, FilePath(m_arguments.ResponsesFile.value_or(m_arguments.Table)),
+                                  FilePath(m_arguments.WordsFile.value_or(m_arguments.Table))};
+      return IsProtectedFile(path, draft.Context.Project, m_disk) ||
+             std::any_of(std::begin(read), std::end(read), [&](const auto& file) { return m_disk.IsSame(path, file); });
+    };
+    const std::string path = FilePath(*m_arguments.UnmatchedFile);
+    return WriteNamedFile(
+        path, [&] { return FormatUnmatched(draft.Plan); }, isKept, m_platform);
+  }
+
   int Import() {
     ImportDraft draft = DraftImport(m_disk, m_table, m_arguments.Options, std::move(m_context));
     Print(FormatImportReport(draft.Plan));
-    if (m_arguments.UnmatchedFile) m_disk.Write(FilePath(*m_arguments.UnmatchedFile), FormatUnmatched(draft.Plan));
+    if (m_arguments.UnmatchedFile && !WriteUnmatched(draft)) return kStopped;
     if (!draft.Plan.MayBeWritten()) {
       std::cerr << kStoppedText;
       return kStopped;
