@@ -85,6 +85,13 @@ CommandLine ReadCommandLine(const Disk& disk) {
   const QCommandLineOption measures("measures", "With --report: its measures, by their names in the master.",
                                     "NAME,...");
   parser.addOptions({report, means, measures});
+  const QCommandLineOption plotOptions[] = {
+      {"bars", "With --report: what the plots draw about a mean: ci, se, within or none.", "BARS"},
+      {"title", "With --report: the title of a plot. May be repeated, like those below.", "MEASURE=TEXT"},
+      {"axis", "With --report: the ends of a plot's value axis; one may be empty.", "MEASURE=MIN..MAX"},
+      {"order", "With --report: the levels of a variable in the order of the plots.", "VARIABLE=LEVEL,..."},
+      {"colours", "With --report: what the raster's colours show, position or category.", "COLOURS"}};
+  for (const QCommandLineOption& option : plotOptions) parser.addOption(option);
   parser.process(*QCoreApplication::instance());
   const auto drivePath = [&](const QString& path) {
     std::string text = FromQt(path);
@@ -100,6 +107,11 @@ CommandLine ReadCommandLine(const Disk& disk) {
   }
   line.Report = ReportOptions{drivePath(parser.value(report)), line.Project, NamesIn(parser.value(means)),
                               NamesIn(parser.value(measures))};
+  for (const QCommandLineOption& option : plotOptions) {
+    for (const QString& value : parser.values(option)) {
+      line.Report->Plots.emplace_back(FromQt(option.names().front()), FromQt(value));
+    }
+  }
   return line;
 }
 

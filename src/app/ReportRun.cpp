@@ -4,7 +4,7 @@
 
 #include <iostream>
 
-#include "app/plots/PlotView.h"
+#include "app/plots/PlotFile.h"
 #include "master/groups/NominalGroups.h"
 #include "means/MeansExaminer.h"
 #include "platform/desktop/FileErrorBoxes.h"
@@ -64,6 +64,13 @@ int RunReport(const ReportOptions& options, Disk& disk) {
     if (!variable) return Refuse("the project has no variable '" + name + "'");
     means.Variables.push_back(*variable);
   }
+  PlotOptions plots;
+  for (const auto& option : options.Plots) {
+    if (!SetPlotOption(option, plots)) return Refuse("--" + option.first + ": unknown '" + option.second + "'");
+  }
+  for (const LevelOrder& order : plots.Orders) {
+    if (!FindVariable(project, order.Variable)) return Refuse("the project has no variable '" + order.Variable + "'");
+  }
   auto data = ReadReportData(project, platform);
   if (!data) return kStopped;
   std::string unknown;
@@ -73,8 +80,9 @@ int RunReport(const ReportOptions& options, Disk& disk) {
       project,
       data->Table,
       means,
+      plots,
       std::move(data->Notices),
-      ReportCommand(options.ReportFile, options.ProjectFile, options.Variables, options.Measures),
+      ReportCommand(options.ReportFile, options.ProjectFile, options.Variables, options.Measures, plots),
       kVersion};
   const std::string html = ReportHtml(request, DrawnSvg);
   bool isKept = false;

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "means/PlotOptions.h"
 #include "platform/files/Disk.h"
 
 namespace zova {
@@ -15,10 +16,11 @@ struct ReportOptions {
   std::string ProjectFile;
   std::vector<std::string> Variables;
   std::vector<std::string> Measures;  ///< none: those that a report has by default
+  std::vector<PlotOption> Plots{};
 };
 
 /// Writes the report without a window; messages go to standard error. The exit code: 0, 1 if it is not written, 2 for
-/// an unknown variable or measure.
+/// an unknown variable or measure, or an option without meaning.
 int RunReport(const ReportOptions& options, Disk& disk);
 
 }  // namespace zova

@@ -9,13 +9,16 @@
 #include <vector>
 
 #include "project/ProjectParameters.h"
+#include "scoring/further/RecallMarks.h"
 
 namespace zova {
 
 /// The further measures of a master's rows. They stand in no master.
 struct FurtherValues {
   std::vector<std::string> Names;
-  std::vector<double> Values;  ///< row by row, one per name; not a number where there is no value
+  std::vector<double> Values;           ///< row by row, one per name; not a number where there is no value
+  RecallMarks Lists;                    ///< what each row's subject recalled
+  std::vector<std::string> Categories;  ///< their names, for a raster
 };
 
 /// A parsed master: one row per subject or nominal group. Rows, variables and measures count from 0.

@@ -35,6 +35,7 @@ void MeansExaminer::Open(const ProjectParameters& project, const std::string& he
   m_project = &project;
   m_header = header;
   const std::string path = DefaultMasterPath(project);
+  if (std::exchange(m_optionsOf, path) != path) m_options = {m_options.Bars, m_options.Colours, {}, {}};
   m_missing = "There is no master of this project yet.  Create one with 'Create New Master', or open another one here.";
   bool exists = false;
   if (!WithRetry(m_platform.Boxes, [&] { exists = m_platform.Files.FileExists(path); }) || !exists) return;
@@ -56,6 +57,7 @@ void MeansExaminer::Close() {
   m_serial.reset();
   m_measureNames.clear();
   m_furtherGroups.clear();
+  m_shown = PlotShown::Means;
   m_request = {};
   ++m_layoutRevision;
   Compute();
@@ -106,6 +108,7 @@ std::optional<std::string> MeansExaminer::ParseTable(const std::string& bytes, s
 void MeansExaminer::Show(const std::string& path) {
   m_path = path;
   m_request = {};
+  m_shown = PlotShown::Means;
   if (!m_measureNames.empty()) m_request.Measures = {0};
   m_unchecked = 0;
   m_lurePositions.clear();
@@ -227,34 +230,24 @@ void MeansExaminer::SetMore(bool hasMore) {
   Compute();
 }
 
-void MeansExaminer::SetBars(PlotBars bars) {
-  m_bars = bars;
-  Compute();
-}
-
 void MeansExaminer::Compute() {
   ++m_resultRevision;
   m_uncomputed = m_lacking = 0;
   m_means = {};
-  m_picture = {};
   m_status.clear();
   m_effects.clear();
   m_decimals.clear();
-  if (m_request.Measures.empty()) {
-    m_picture.Note = m_path.empty() ? "There is no master to show." : "Choose a measure.";
-    return;
-  }
-  if (m_serial) {
-    std::vector<int> tests;
-    for (const std::size_t measure : m_request.Measures) tests.push_back(static_cast<int>(measure) + 1);
-    m_picture = PictureOf(*m_serial, tests, m_lurePositions);
-    return;
-  }
+  if (!m_serial && !m_request.Measures.empty()) ComputeTable();
+  m_picture = Drawn();
+  ApplyFrame(m_options, m_picture);
+}
+
+void MeansExaminer::ComputeTable() {
   MeansRequest request = m_request;
-  if (m_bars == PlotBars::Within) request.More.Within = true;
-  const ProjectParameters* project = m_isOwn ? m_project : nullptr;
-  m_means = ComputeMeans(m_table, request, project);
-  TellEffects(project);
+  request.Orders = m_options.Orders;
+  if (m_options.Bars == PlotBars::Within) request.More.Within = true;
+  m_means = ComputeMeans(m_table, request, OwnProject());
+  TellEffects(OwnProject());
   const std::vector<std::size_t>& ofAll = m_means.Cells.back().Uncomputed;
   for (std::size_t measure = 0; measure < ofAll.size(); ++measure) {
     (m_table.IsFurther(m_request.Measures[measure]) ? m_lacking : m_uncomputed) += ofAll[measure];
@@ -262,17 +255,6 @@ void MeansExaminer::Compute() {
   for (std::size_t measure = 0; measure < m_means.Measures.size(); ++measure) {
     m_decimals.push_back(DecimalsOf(m_means, measure));
   }
-  m_picture = PictureOf(m_means, m_bars);
-  if (m_picture.XLabel == TraitsOf(MeasureAxis::Lure).Label) NameLures(m_picture.Ticks, m_words, *m_project);
-  if (m_uncomputed > 0 && !LeavesOut()) {
-    m_picture.Footnote = Counted(m_uncomputed, "value that", "values that") + " could not be computed " +
-                         (m_uncomputed == 1 ? "counts" : "count") + " as 0.";
-  }
-  std::erase_if(m_picture.Series, [](const PlotSeries& series) { return series.Points.empty(); });
-  if (m_picture.Series.empty()) m_picture.Note = "There is no value to show.";
-  if (!HasIntervals(m_picture)) return;
-  m_picture.Note += m_picture.Note.empty() ? "" : "  ";
-  m_picture.Note += BarsText(m_bars);
 }
 
 }  // namespace zova

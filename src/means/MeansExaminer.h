@@ -23,6 +23,25 @@ struct MeasureGroup {
   std::size_t Count = 0;
 };
 
+/// What is plotted: the means of the chosen measures, or the recalls themselves.
+enum class PlotShown { Means, Raster };
+
+/// A chosen variable and its levels, in the order of axis and legend.
+struct PlotFactor {
+  std::size_t Variable = 0;
+  std::string Name;
+  std::vector<std::string> Levels;
+};
+
+/// The answers of "Plot Options", for a plot of the kind that is shown.
+struct PlotAnswers {
+  std::string Title;
+  std::string Min;  ///< "" for automatic
+  std::string Max;
+  RasterColours Colours = RasterColours::StudyPosition;
+  std::vector<PlotFactor> Factors;
+};
+
 enum class PlotFormat { Pdf, Svg, Png };
 
 struct PlotTarget {
@@ -53,6 +72,13 @@ class MeansExaminer {
   /// Whether the table has more statistics, the means of each of several variables, and intervals within subjects.
   void SetMore(bool hasMore);
   void SetBars(PlotBars bars);
+  /// A raster is of the open project; it is computed when it is chosen for the first time.
+  void SetPlotShown(PlotShown shown);
+  [[nodiscard]] PlotShown Shown() const noexcept { return m_shown; }
+  [[nodiscard]] PlotAnswers Answers() const;
+  /// False for ends of the axis that make none; the user is told.
+  bool Answer(const PlotAnswers& answers);
+  [[nodiscard]] const PlotOptions& Options() const noexcept { return m_options; }
   void SaveTable();
   /// Asks for the file of a plot in one of `formats`; nullopt when the user cancels.
   std::optional<PlotTarget> AskPlotFile(const std::vector<PlotFormat>& formats);
@@ -61,7 +87,9 @@ class MeansExaminer {
   std::optional<std::string> AskReportFile();
   void SaveReport(const std::string& path, const std::string& bytes);
   /// With measures of an individual master of the open project.
-  [[nodiscard]] bool CanReport() const noexcept { return !m_furtherGroups.empty() && RowCount() > 0; }
+  [[nodiscard]] bool CanReport() const noexcept { return CanRaster() && RowCount() > 0; }
+  /// For an individual master of the open project.
+  [[nodiscard]] bool CanRaster() const noexcept { return !m_furtherGroups.empty(); }
   [[nodiscard]] const MasterTable& Table() const noexcept { return m_table; }
   [[nodiscard]] const MeansRequest& Request() const noexcept { return m_request; }
 
@@ -79,7 +107,7 @@ class MeansExaminer {
   [[nodiscard]] const std::vector<std::size_t>& ChosenVariables() const noexcept { return m_request.Variables; }
   [[nodiscard]] bool LeavesOut() const noexcept { return m_request.LeavesOutUncomputed; }
   [[nodiscard]] bool HasMore() const noexcept { return m_request.More.Se; }
-  [[nodiscard]] PlotBars Bars() const noexcept { return m_bars; }
+  [[nodiscard]] PlotBars Bars() const noexcept { return m_options.Bars; }
   /// The effect sizes of the chosen variables and tests, a line each; "" if there are none.
   [[nodiscard]] const std::string& EffectLines() const noexcept { return m_effects; }
   [[nodiscard]] bool CanLeaveOut() const noexcept { return m_uncomputed > 0; }
@@ -103,7 +131,7 @@ class MeansExaminer {
   /// The whole table for the clipboard, with all digits; the status line says so.
   std::string CopyTable();
   [[nodiscard]] const PlotPicture& Picture() const noexcept { return m_picture; }
-  [[nodiscard]] bool HasPlot() const noexcept { return !m_picture.Series.empty(); }
+  [[nodiscard]] bool HasPlot() const noexcept { return !m_picture.IsEmpty(); }
 
  private:
   bool Read(const std::string& path, std::string& bytes);
@@ -113,6 +141,10 @@ class MeansExaminer {
   void ListFurther();
   bool ComputeFurtherOnce();
   void Compute();
+  void ComputeTable();
+  [[nodiscard]] PlotPicture Drawn() const;
+  [[nodiscard]] PlotPicture DrawnMeans() const;
+  [[nodiscard]] const ProjectParameters* OwnProject() const noexcept { return m_isOwn ? m_project : nullptr; }
   void TellEffects(const ProjectParameters* project);
   /// Whether values that could not be computed count as 0 in the mean.
   [[nodiscard]] bool HasZeros(const MeansCell& cell, std::size_t measure) const;
@@ -141,7 +173,9 @@ class MeansExaminer {
   MeansTable m_means;
   std::size_t m_uncomputed = 0;  // among the chosen measures of the master
   std::size_t m_lacking = 0;     // among the chosen further measures
-  PlotBars m_bars = PlotBars::Confidence;
+  PlotShown m_shown = PlotShown::Means;
+  PlotOptions m_options;
+  std::string m_optionsOf;  // the master of the project for which they were chosen
   PlotPicture m_picture;
   WordList m_words;  // names the lures of the project's own master
   std::string m_effects;

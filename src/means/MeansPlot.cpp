@@ -104,12 +104,11 @@ bool IsNumber(const std::string& text) {
   return !text.empty() && text.find_first_not_of("0123456789") == std::string::npos;
 }
 
-// The levels of a cell from variable `first` on; "Sex 1" for a level without a name.
+// The levels of a cell from variable `first` on.
 Names LevelsFrom(const MeansTable& means, const MeansCell& cell, std::size_t first) {
   Names names;
   for (std::size_t variable = first; variable < cell.Levels.size(); ++variable) {
-    const std::string& level = cell.Levels[variable];
-    names.push_back(IsNumber(level) ? means.Variables[variable] + " " + level : level);
+    names.push_back(LevelName(means.Variables[variable], cell.Levels[variable]));
   }
   return names;
 }
@@ -319,6 +318,7 @@ PlotPicture PictureOf(const MeansTable& means, PlotBars bars) {
   std::size_t empty = 0;
   PlotPicture picture =
       family.size() == 1 ? ByLevels(means, family.front(), bars, empty) : AlongAxis(means, family, bars, empty);
+  picture.Kind = family.front().Family;
   std::erase_if(picture.Series, [](const PlotSeries& series) { return series.Points.empty(); });
   AddToNote(others, "chosen measure of another kind is not in the plot.",
             "chosen measures of other kinds are not in the plot.", picture.Note);
@@ -326,6 +326,16 @@ PlotPicture PictureOf(const MeansTable& means, PlotBars bars) {
   AddToNote(empty, "combination without values is not in the plot.", "combinations without values are not in the plot.",
             picture.Note);
   return picture;
+}
+
+std::string LevelName(const std::string& variable, const std::string& level) {
+  return IsNumber(level) ? variable + " " + level : level;
+}
+
+std::size_t Raster::RowCount() const {
+  std::size_t count = 0;
+  for (const Group& group : Groups) count += group.Rows.size();
+  return count;
 }
 
 bool HasIntervals(const PlotPicture& picture) {

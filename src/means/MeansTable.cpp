@@ -216,15 +216,25 @@ std::string TextOf(const MeansLines& lines, char separator, std::string_view lin
 
 }  // namespace
 
+std::vector<OccurringLevels> LevelsOf(const MasterTable& table, const MeansRequest& request,
+                                      const ProjectParameters* project) {
+  std::vector<OccurringLevels> variables;
+  variables.reserve(request.Variables.size());
+  for (const std::size_t variable : request.Variables) {
+    variables.push_back(LevelsOf(table, variable, project));
+    for (const LevelOrder& order : request.Orders) {
+      if (order.Variable == table.Variables[variable]) Arrange(order, variables.back());
+    }
+  }
+  return variables;
+}
+
 MeansTable ComputeMeans(const MasterTable& table, const MeansRequest& request, const ProjectParameters* project) {
   MeansTable means;
   for (const std::size_t measure : request.Measures) means.Measures.push_back(table.MeasureName(measure));
-  std::vector<OccurringLevels> variables;
-  for (const std::size_t variable : request.Variables) {
-    means.Variables.push_back(table.Variables[variable]);
-    variables.push_back(LevelsOf(table, variable, project));
-    means.LevelNames.push_back(variables.back().Names);
-  }
+  const std::vector<OccurringLevels> variables = LevelsOf(table, request, project);
+  for (const std::size_t variable : request.Variables) means.Variables.push_back(table.Variables[variable]);
+  for (const OccurringLevels& levels : variables) means.LevelNames.push_back(levels.Names);
   means.More = request.More;
   if (!variables.empty()) AppendCells(table, request, variables, means.Cells);
   if (request.More.Marginal && variables.size() > 1) AppendMarginals(table, request, variables, means.Cells);

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "means/MasterTable.h"
+#include "means/OccurringLevels.h"
 #include "means/Statistics.h"
 #include "project/ProjectParameters.h"
 
@@ -25,6 +26,7 @@ struct MeansRequest {
   std::vector<std::size_t> Variables;  ///< crossed; none: only the total
   bool LeavesOutUncomputed = false;    ///< excludes marked values
   MoreStatistics More = {};
+  std::vector<LevelOrder> Orders = {};
 };
 
 struct OrderStatistics {
@@ -53,12 +55,16 @@ struct MeansCell {
 struct MeansTable {
   std::vector<std::string> Variables;  ///< names of the requested ones
   std::vector<std::string> Measures;
-  /// Combinations in ascending order of the level numbers, the first variable slowest, then the marginal ones, then the
-  /// total. Only the total without variables, and, with n = 0, for a master without rows.
+  /// Combinations in ascending order of the level numbers, or that of the request, the first variable slowest, then the
+  /// marginal ones, then the total. Only the total without variables, and, with n = 0, for a master without rows.
   std::vector<MeansCell> Cells;
-  std::vector<std::vector<std::string>> LevelNames{};  ///< per variable: the levels that occur, ascending
+  std::vector<std::vector<std::string>> LevelNames{};  ///< per variable: the levels that occur, in that order
   MoreStatistics More{};
 };
+
+/// The levels of the requested variables, in the order of the request.
+std::vector<OccurringLevels> LevelsOf(const MasterTable& table, const MeansRequest& request,
+                                      const ProjectParameters* project);
 
 /// Makes one pass over the rows. `project`, the master's project or null, names the levels; levels without a name show
 /// their numbers.

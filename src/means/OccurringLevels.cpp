@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <numeric>
 #include <optional>
 #include <unordered_map>
 
@@ -74,6 +75,26 @@ OccurringLevels LevelsOf(const MasterTable& table, std::size_t variable, const P
   }
   NameLevels(levels, project, project != nullptr ? VariableOf(*project, table, variable) : std::nullopt);
   return levels;
+}
+
+void Arrange(const LevelOrder& order, OccurringLevels& levels) {
+  const std::size_t count = levels.Names.size();
+  const auto rankOf = [&](std::size_t level) {
+    return std::find(order.Levels.begin(), order.Levels.end(), levels.Names[level]) - order.Levels.begin();
+  };
+  std::vector<std::size_t> sorted(count);
+  std::iota(sorted.begin(), sorted.end(), std::size_t{0});
+  std::stable_sort(sorted.begin(), sorted.end(), [&](std::size_t a, std::size_t b) { return rankOf(a) < rankOf(b); });
+  std::vector<std::size_t> places(count);
+  OccurringLevels arranged;
+  for (std::size_t place = 0; place < count; ++place) {
+    places[sorted[place]] = place;
+    arranged.Texts.push_back(levels.Texts[sorted[place]]);
+    arranged.Names.push_back(std::move(levels.Names[sorted[place]]));
+  }
+  arranged.OfRow = std::move(levels.OfRow);
+  for (std::size_t& level : arranged.OfRow) level = places[level];
+  levels = std::move(arranged);
 }
 
 }  // namespace zova

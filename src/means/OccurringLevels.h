@@ -17,8 +17,19 @@ struct OccurringLevels {
   std::vector<std::size_t> OfRow;  ///< index into both lists
 };
 
-/// The levels of a variable of `table`, which must outlive them. `project`, the master's project or null, names them;
-/// levels without a name show their numbers.
+/// A variable whose levels stand in an order of the user's.
+struct LevelOrder {
+  std::string Variable;
+  std::vector<std::string> Levels;  ///< their names; others follow in ascending order
+
+  bool operator==(const LevelOrder&) const = default;
+};
+
+/// Puts the levels that `order` names first.
+void Arrange(const LevelOrder& order, OccurringLevels& levels);
+
+/// The levels of a variable of `table`, which must outlive them, in ascending order. `project`, the master's project or
+/// null, names them; levels without a name show their numbers.
 OccurringLevels LevelsOf(const MasterTable& table, std::size_t variable, const ProjectParameters* project);
 
 }  // namespace zova

@@ -70,6 +70,7 @@ std::optional<SerialPositionTable> ParseSerialPositionMaster(std::string_view te
 
 PlotPicture PictureOf(const SerialPositionTable& table, const std::vector<int>& tests, const std::set<int>& leftOut) {
   PlotPicture picture;
+  picture.Kind = "Serial positions";
   picture.XLabel = "Serial position";
   picture.YLabel = "Recall (share of subjects)";
   for (int position = 1; position <= table.PositionCount; ++position) {

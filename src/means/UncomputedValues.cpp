@@ -12,6 +12,7 @@
 #include "master/columns/MasterColumns.h"
 #include "master/groups/GroupLabel.h"
 #include "master/groups/NominalGroups.h"
+#include "means/RasterPlot.h"
 #include "platform/desktop/PercentProgress.h"
 #include "scoring/ScoreSubject.h"
 #include "subjects/SubjectReader.h"
@@ -192,6 +193,8 @@ void ComputeFurther(MasterTable& table, const ProjectParameters& project, const 
   SubjectRecord record;
   PercentProgress progress(bar, table.RowCount(), "Reading subjects: ", "%");
   table.Further.Values.clear();
+  table.Further.Lists = {};
+  table.Further.Categories = CategoryNames(data.Words, project);
   table.Further.Values.reserve(table.RowCount() * table.Further.Names.size());
   const auto score = [&](int number) -> const FurtherScores* {
     if (number == 0) return nullptr;
@@ -207,7 +210,9 @@ void ComputeFurther(MasterTable& table, const ProjectParameters& project, const 
   for (std::size_t row = 0; row < table.RowCount(); ++row) {
     if (const FurtherScores* scores = score(index.NumberOf(table.Subjects[row]))) {
       AppendFurther(*scores, project, table.Further);
+      scorer.AppendLists(table.Further.Lists);
     } else {
+      AppendUnread(data.Study, table.Further.Lists);
       table.Further.Values.resize(table.Further.Values.size() + table.Further.Names.size(), kNoValue);
     }
     progress.Show(row + 1);

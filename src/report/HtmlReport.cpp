@@ -151,6 +151,8 @@ class Page {
     if (!family.Source.empty()) Element("cite", family.Source);
     MeansRequest request = m_request.Means;
     request.Measures = family.Measures;
+    request.Orders = m_request.Plots.Orders;
+    if (m_request.Plots.Bars == PlotBars::Within) request.More.Within = true;
     const MeansTable means = ComputeMeans(m_request.Table, request, &m_request.Project);
     AddMeans(means);
     const std::vector<Effect> effects = ComputeEffects(m_request.Table, request, &m_request.Project);
@@ -159,7 +161,7 @@ class Page {
       for (const Effect& effect : effects) Element("li", effect.Measure + ": " + EffectText(effect));
       m_html += "</ul>\n";
     }
-    AddPlot(PictureOf(means), draw);
+    AddPlot(PictureOf(means, m_request.Plots.Bars), draw);
   }
 
   void AddMeans(const MeansTable& means) {
@@ -184,15 +186,15 @@ class Page {
 
   // Without the prolog, which may stand at the beginning of a document only.
   void AddPlot(PlotPicture picture, const DrawSvg& draw) {
-    std::erase_if(picture.Series, [](const PlotSeries& series) { return series.Points.empty(); });
-    if (picture.Series.empty()) return;
+    if (picture.IsEmpty()) return;
+    ApplyFrame(m_request.Plots, picture);
     const std::string svg = draw(picture);
     const std::size_t begin = svg.find("<svg");
     if (begin == std::string::npos) return;
     m_html.append("<figure>\n").append(svg, begin, std::string::npos);
     m_html += "\n<figcaption>";
     m_html += EscapedHtml(picture.YLabel +
-                          (HasIntervals(picture) ? ".  " + std::string(BarsText(PlotBars::Confidence)) : "."));
+                          (HasIntervals(picture) ? ".  " + std::string(BarsText(m_request.Plots.Bars)) : "."));
     if (!picture.Note.empty()) m_html += "  " + EscapedHtml(picture.Note);
     m_html += "</figcaption>\n</figure>\n";
   }

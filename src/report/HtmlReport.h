@@ -13,8 +13,9 @@ namespace zova {
 /// What a report is made of.
 struct ReportRequest {
   const ProjectParameters& Project;
-  const MasterTable& Table;          ///< an individual master of the project, with the further measures
-  MeansRequest Means;                ///< measures and variables of the tables and plots
+  const MasterTable& Table;  ///< an individual master of the project, with the further measures
+  MeansRequest Means;        ///< measures and variables of the tables and plots
+  PlotOptions Plots;
   std::vector<std::string> Notices;  ///< what was left out, and the notices of the run
   std::string CommandLine;           ///< that makes the same page again
   std::string Version;

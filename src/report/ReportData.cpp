@@ -10,6 +10,7 @@
 #include "master/run/MasterRun.h"
 #include "master/run/RunRetry.h"
 #include "master/run/RunStart.h"
+#include "means/RasterPlot.h"
 #include "means/UncomputedValues.h"
 #include "platform/desktop/PercentProgress.h"
 #include "project/ProjectLayout.h"
@@ -43,6 +44,7 @@ class Reading {
     WarnOfFaults(m_data, m_platform.Boxes);
     FurtherScorer further(m_data, FurtherColumns::AllAndCurves);
     ScoredTable table(m_project, m_selection, FurtherColumns::AllAndCurves);
+    RecallMarks lists;
     MasterNotices notices;
     for (int k = 1; k <= m_count; ++k) {
       bool isInOrder = true;
@@ -55,6 +57,7 @@ class Reading {
       if (!WithRunRetry(m_platform.Boxes, read, [&] { return m_reader.Where(k); })) return false;
       if (!isInOrder) {
         table.Restart();
+        lists = {};
         notices = {};
         k = 0;
         continue;
@@ -62,10 +65,13 @@ class Reading {
       const std::string id = m_reader.SubjectId(k);
       BuildMasterRow(id, m_record.Levels, m_project, m_selection, m_scores, m_row);
       table.Add({id, m_record, m_scores, m_row, m_further});
+      further.AppendLists(lists);
       NoteSubject(id, m_scores, m_reader.Oddities(), notices);
       m_bar.Show(static_cast<std::size_t>(k));
     }
     report.Table = table.Table();
+    report.Table.Further.Lists = std::move(lists);
+    report.Table.Further.Categories = CategoryNames(m_data.Words, m_project);
     report.Notices = MasterWarnings(notices);
     return true;
   }
@@ -134,10 +140,12 @@ std::vector<std::size_t> MeasuresOfReport(const MasterTable& table, const std::v
 }
 
 std::string ReportCommand(const std::string& reportFile, const std::string& projectFile,
-                          const std::vector<std::string>& variables, const std::vector<std::string>& measures) {
+                          const std::vector<std::string>& variables, const std::vector<std::string>& measures,
+                          const PlotOptions& plots) {
   std::string command = "zova --report " + Quoted(reportFile);
   if (!variables.empty()) command += " --means " + Quoted(Joined(variables));
   if (!measures.empty()) command += " --measures " + Quoted(Joined(measures));
+  for (const auto& [option, value] : CommandOptions(plots)) command += " --" + option + " " + Quoted(value);
   return command + " " + Quoted(projectFile);
 }
 

@@ -7,6 +7,7 @@
 
 #include "master/columns/FurtherFamilies.h"
 #include "means/MasterTable.h"
+#include "means/PlotOptions.h"
 #include "platform/desktop/Platform.h"
 
 namespace zova {
@@ -30,6 +31,7 @@ std::vector<std::size_t> MeasuresOfReport(const MasterTable& table, const std::v
 
 /// The command that makes the report again.
 std::string ReportCommand(const std::string& reportFile, const std::string& projectFile,
-                          const std::vector<std::string>& variables, const std::vector<std::string>& measures);
+                          const std::vector<std::string>& variables, const std::vector<std::string>& measures,
+                          const PlotOptions& plots);
 
 }  // namespace zova

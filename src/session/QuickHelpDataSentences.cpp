@@ -102,6 +102,7 @@ constexpr auto kSentences = std::to_array<Sentence>({
     {"txtReviewItem", "Type the number or the word of an item here and press <Enter>."},
     {"txtSubjectFilter", "Type a text to see only the subjects with it, or a column's name, a colon and the text."},
     {"txtSubjectName", "Type the subject's new identifier here, up to 20 characters, and press <Enter>."},
+    {"txtWords", "Type the text of the cell that is highlighted, and press <Enter>."},
 });
 static_assert(std::is_sorted(kSentences.begin(), kSentences.end(), IsBefore));
 

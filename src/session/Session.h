@@ -127,6 +127,7 @@ class Session {
   /// The screens of a master, shown as Masters unless its stage is Closed.
   MasterFlow& Masters() noexcept { return m_masters; }
   void ShowMeasuresHelp();
+  void ShowPlotHelp();
   /// The quick help for a control of the screen that is up.
   [[nodiscard]] std::string_view QuickHelpOf(std::string_view control) const;
   /// The last master written since the program started, or "".

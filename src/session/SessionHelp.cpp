@@ -28,6 +28,8 @@ std::string_view Session::QuickHelpOf(std::string_view control) const {
 
 void Session::ShowMeasuresHelp() { m_platform.Help.ShowHelp(HelpFile(m_programDir), "measures"); }
 
+void Session::ShowPlotHelp() { m_platform.Help.ShowHelp(HelpFile(m_programDir), "plotoptions"); }
+
 void Session::ShowAbout() {
   m_location.NoteOtherAct();
   m_platform.Boxes.Show(

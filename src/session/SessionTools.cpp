@@ -30,8 +30,9 @@ void Session::SaveReport(const std::string& path, const DrawSvg& draw) {
   if (!m_means.NoteLine().empty()) notices.push_back(m_means.NoteLine());
   if (!WithRetry(m_platform.Boxes, [&] { AddUnfinishedNotice(*m_project, m_platform.Files, notices); })) return;
   const std::string project = ParameterFilePath(m_project->PrimaryDir, *m_project);
-  m_means.SaveReport(path, ReportHtml({*m_project, m_means.Table(), means, std::move(notices),
-                                       ReportCommand(path, project, variables, measures), kVersion},
+  const PlotOptions& plots = m_means.Options();
+  m_means.SaveReport(path, ReportHtml({*m_project, m_means.Table(), means, plots, std::move(notices),
+                                       ReportCommand(path, project, variables, measures, plots), kVersion},
                                       draw));
 }
 

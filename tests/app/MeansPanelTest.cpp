@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/screens/MeansPanel.h"
 
+#include <QAbstractButton>
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QLabel>
@@ -9,9 +10,13 @@
 #include <QTableView>
 #include <QTest>
 #include <QWindow>
+#include <cmath>
 #include <set>
 
+#include "app/plots/PlotFile.h"
 #include "app/plots/PlotView.h"
+#include "app/screens/PlotOptionsDialog.h"
+#include "session/QuickHelp.h"
 #include "session/SessionFixture.h"
 
 namespace zova::testing {
@@ -94,6 +99,90 @@ TEST(PlotView, EachPictureIsDrawnInEachFormat) {
     EXPECT_LT(inked, 100000) << what;
   }
   QLocale::setDefault(QLocale::c());
+}
+
+TEST(PlotView, TheChosenFrameIsDrawnAndLinesDoNotCrossABreak) {
+  PlotPicture picture{"Lag", "CRP", {"-1", "0", "1"}, {{"", false, {{1, 3, {}}, {3, 4, {}}}}}, true, "", ""};
+  picture.Break = 2;
+  picture.Frame = {"By sex & a name that is longer than what fits above the axes of a plot of these few centimetres", 0,
+                   10};
+  const QByteArray svg = RenderPicture(picture, PlotFormat::Svg);
+  EXPECT_TRUE(svg.contains(">By sex &amp; a name"));
+  EXPECT_TRUE(svg.contains(">10<"));
+  PlotView view("plotMeans");
+  view.ShowPicture(picture);
+  EXPECT_EQ(view.yAxis->range(), QCPRange(0, 10));
+  EXPECT_TRUE(std::isnan(view.graph(0)->data()->at(1)->value));
+  picture.Frame = {};
+  view.ShowPicture(picture);
+  EXPECT_LT(view.yAxis->range().upper, 5);
+  EXPECT_EQ(view.plotLayout()->rowCount(), 2) << "without the title's";
+}
+
+TEST(PlotView, ARasterHasAMarkPerRecallAndRowsThatCanBeToldApart) {
+  PlotPicture picture{"Output position", "Lists", {"1", "2"}, {}, true, "", ""};
+  for (const std::size_t rows : {std::size_t{3}, std::size_t{500}}) {
+    picture.Lists = {{{"Test 1, <young>", {}}},
+                     {{"Study position 1", RasterLook::Graded, 0, {}}, {"Intrusion", RasterLook::Intrusion, 0, {}}}};
+    for (std::size_t row = 0; row < rows; ++row) {
+      picture.Lists.Groups[0].Rows.push_back("S" + std::to_string(row));
+      picture.Lists.Marks[row % 2].Places.push_back({static_cast<int>(row % 2) + 1, row});
+    }
+    const QByteArray svg = RenderPicture(picture, PlotFormat::Svg);
+    EXPECT_TRUE(svg.contains(">Test 1, &lt;young&gt;<"));
+    EXPECT_EQ(svg.contains(">S2<"), rows == 3);
+    EXPECT_TRUE(svg.contains(">Study position 1<"));
+    PlotView view("plotMeans");
+    view.resize(600, 300);
+    view.ShowPicture(picture);
+    EXPECT_EQ(view.minimumHeight() > 2500, rows == 500);
+    int drawn = view.graph(0)->dataCount() + view.graph(1)->dataCount();
+    for (int i = 0; i < view.plottableCount(); ++i) {
+      const auto* dashes = qobject_cast<const QCPCurve*>(view.plottable(i));
+      drawn += dashes ? dashes->dataCount() / 3 : 0;
+    }
+    EXPECT_EQ(drawn, static_cast<int>(rows));
+  }
+}
+
+TEST(PlotOptionsDialog, KeysReachEveryAnswer) {
+  PlotAnswers given{"", "", "", RasterColours::StudyPosition, {{1, "Age", {"young", "old"}}, {0, "Sex", {"M", "W"}}}};
+  PlotAnswers taken;
+  int helped = 0;
+  bool isFit = false;
+  PlotOptionsDialog dialog(
+      given, PlotShown::Means, [&](const auto& answers) { return taken = answers, isFit; }, [&] { ++helped; }, nullptr);
+  dialog.show();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+  const auto press = [&](int key, Qt::KeyboardModifiers held = {}) {
+    QTest::keyClick(dialog.windowHandle(), static_cast<Qt::Key>(key), held);
+  };
+  QTest::keyClicks(dialog.focusWidget(), "Title");
+  press(Qt::Key_A, Qt::AltModifier), QTest::keyClicks(dialog.focusWidget(), "9");
+  press(Qt::Key_F, Qt::AltModifier), QTest::keyClicks(dialog.focusWidget(), "-1");
+  press(Qt::Key_R, Qt::AltModifier), press(Qt::Key_Down, Qt::ControlModifier);  // Age below Sex
+  press(Qt::Key_Down), press(Qt::Key_U, Qt::AltModifier);                       // young is first already
+  press(Qt::Key_Down), press(Qt::Key_U, Qt::AltModifier);
+  press(Qt::Key_F1), press(Qt::Key_Return);
+  EXPECT_TRUE(dialog.isVisible()) << "the answers do not do";
+  isFit = true;
+  press(Qt::Key_O, Qt::AltModifier);
+  QTRY_VERIFY(!dialog.isVisible());
+  EXPECT_EQ(taken.Title + taken.Min + taken.Max, "Title-19");
+  ASSERT_EQ(taken.Factors.size(), 2U);
+  EXPECT_EQ(taken.Factors[0].Name + taken.Factors[1].Name, "SexAge");
+  EXPECT_EQ(taken.Factors[1].Levels, (std::vector<std::string>{"old", "young"}));
+  EXPECT_EQ(helped, 1);
+  std::multiset<QString> keys;
+  for (const QWidget* widget : dialog.findChildren<QWidget*>()) {
+    const auto* label = qobject_cast<const QLabel*>(widget);
+    const auto* button = qobject_cast<const QAbstractButton*>(widget);
+    if (label) keys.insert(QKeySequence::mnemonic(label->text()).toString());
+    if (button && !button->text().isEmpty()) keys.insert(button->shortcut().toString());
+    if (!label && !button && !qobject_cast<const QLineEdit*>(widget)) continue;
+    EXPECT_FALSE(QuickHelp(widget->objectName().toStdString()).empty()) << widget->objectName().toStdString();
+  }
+  EXPECT_EQ(std::set<QString>(keys.begin(), keys.end()).size(), keys.size());
 }
 
 TEST(PlotView, ManyNamesStandBelowTheAxesAndLeaveThemTheirRoom) {

@@ -126,6 +126,95 @@ TEST(MeansExaminer, TheFurtherMeasuresAreReadWhenTheFirstIsChosen) {
   EXPECT_TRUE(means.FurtherGroups().empty()) << "groups have none";
 }
 
+// A row per list, a letter per recall: G3 is shade 3 of 0 to 9, C1 the category.
+std::string Lists(const PlotPicture& picture) {
+  std::vector<std::string> rows;
+  for (const Raster::Group& group : picture.Lists.Groups) {
+    for (const std::string& row : group.Rows) rows.push_back("[" + group.Name + "] " + row);
+  }
+  for (std::size_t place = 1; place <= picture.Ticks.size(); ++place) {
+    for (const RasterMarks& marks : picture.Lists.Marks) {
+      for (const auto& [output, row] : marks.Places) {
+        if (static_cast<std::size_t>(output) != place) continue;
+        const bool isGraded = marks.Look == RasterLook::Graded;
+        rows[row] += std::string(" ") + "GCPRLI"[static_cast<int>(marks.Look)];
+        if (marks.Look <= RasterLook::Category)
+          rows[row] += std::to_string(std::lround(marks.Shade * (isGraded ? 9 : 1)));
+      }
+    }
+  }
+  std::string text;
+  for (const std::string& row : rows) text += row + "; ";
+  return text + picture.Note;
+}
+
+TEST(MeansExaminer, ARasterShowsTheListsOfTheChosenTests) {
+  Desk desk;
+  MeansExaminer& means = desk.Means;
+  desk.Put("2", "1 3 3 | 1 3 2", 2);
+  desk.Files.Put("C:\\Data\\AB Intrusions.csv", "subject,test,place,response,minute,rating\r\n2,1,1,pear,,\r\n");
+  means.Open(desk.Project, "");
+  means.SetPlotShown(PlotShown::Raster);
+  EXPECT_EQ(Lists(means.Picture()),
+            "[Test 1] 1 C0 C0 C1; [Test 1] 2 C0 I C1 R; [Test 1] 9; The order of study is not known.");
+  desk.Files.Put("C:\\Data\\AB Study Order.csv",
+                 "subject,test,position,item\r\n1,1,1,3\r\n1,1,2,1\r\n1,1,3,2\r\n1,1,4,4\r\n");
+  means.Open(desk.Project, "");
+  means.ChooseMeasures({0, 1});
+  means.ChooseVariables({0});
+  means.SetPlotShown(PlotShown::Raster);
+  EXPECT_EQ(Lists(means.Picture()),
+            "[Test 1, Man] 1 G3 G6 G0; [Test 1, Woman] 2 P I P R; [Test 1, Woman] 9; "
+            "[Test 2, Man] 1 P P; [Test 2, Woman] 2 P P P; [Test 2, Woman] 9 P; ");
+  EXPECT_TRUE(means.HasPlot());
+  means.Close();
+  EXPECT_FALSE(means.HasPlot());
+}
+
+TEST(MeansExaminer, WhatIsChosenForPlotsHoldsForTheirKind) {
+  Desk desk;
+  MeansExaminer& means = desk.Means;
+  means.Open(desk.Project, "");
+  means.ChooseVariables({0});
+  PlotAnswers answers = means.Answers();
+  answers.Title = "By sex";
+  answers.Min = "5";
+  answers.Max = "2.5";
+  desk.Boxes.Expect({"The value axis goes from one number to a larger one.", BoxAnswer::Ok, "Leave a box empty"});
+  EXPECT_FALSE(means.Answer(answers));
+  answers.Min = "-1";
+  std::swap(answers.Factors[0].Levels[0], answers.Factors[0].Levels[1]);
+  EXPECT_TRUE(means.Answer(answers));
+  EXPECT_EQ(means.Picture().Frame, (PlotFrame{"By sex", -1, 2.5}));
+  EXPECT_EQ(means.Picture().Ticks, (std::vector<std::string>{"Woman", "Man"}));
+  EXPECT_TRUE(means.Picture().Note.ends_with("1 mean lies beyond the axis that you chose.")) << means.Picture().Note;
+  EXPECT_EQ(desk.Table().substr(0, 8), "N1 Woman");
+  means.ChooseMeasures({2});
+  EXPECT_EQ(means.Picture().Frame, PlotFrame{}) << "of another measure";
+  means.Open(desk.Project, "");
+  EXPECT_EQ(means.Picture().Frame.Title, "By sex") << "while the project is open";
+
+  const PlotOptions& options = means.Options();
+  PlotOptions read;
+  for (const PlotOption& option : CommandOptions(options)) EXPECT_TRUE(SetPlotOption(option, read)) << option.second;
+  EXPECT_EQ(read, options);
+  EXPECT_EQ(CommandOptions(options),
+            (std::vector<PlotOption>{{"title", "Net=By sex"}, {"axis", "Net=-1..2.5"}, {"order", "Sex=Woman,Man"}}));
+  for (const auto& [option, value] : {PlotOption{"bars", "no"},
+                                      {"axis", "Net=1"},
+                                      {"axis", "Net=2..1"},
+                                      {"order", "Sex="},
+                                      {"title", "By sex"},
+                                      {"colours", "red"},
+                                      {"other", "a=b"}}) {
+    EXPECT_FALSE(SetPlotOption({option, value}, read)) << option << " " << value;
+  }
+  ProjectParameters other = desk.Project;
+  other.Abbreviation = "CD";
+  means.Open(other, "");
+  EXPECT_EQ(means.Options(), PlotOptions{});
+}
+
 TEST(MeansExaminer, VariablesKeepTheOrderInWhichTheyWereChosen) {
   Desk desk;
   desk.Files.Put("D:\\Two.txt", "ID, Age, Sex, Net(Test 1)\r\n1, 1, 2, 5\r\n");

@@ -34,7 +34,7 @@ TEST(HtmlReport, AProjectReadAndShownWithoutAMaster) {
   EXPECT_EQ(unknown, "");
   std::vector<std::string> drawn;
   const std::string html =
-      ReportHtml({study.Project, data->Table, means, data->Notices, "zova --report \"<a>\"", "2.0"},
+      ReportHtml({study.Project, data->Table, means, {}, data->Notices, "zova --report \"<a>\"", "2.0"},
                  [&](const PlotPicture& picture) { return drawn.push_back(picture.YLabel), "<?xml?><svg>plot</svg>"; });
   for (const char* part :
        {"<h1>Study</h1>", "&lt;b&gt;Sex", "&lt;script&gt;alert(&#39;1&#39;)&lt;/script&gt;", "&quot;f&quot; &amp; m",

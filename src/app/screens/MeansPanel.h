@@ -36,17 +36,20 @@ class MeansPanel : public Panel {
  private:
   [[nodiscard]] QWidget* MakeChoices();
   [[nodiscard]] QWidget* MakeResults();
+  [[nodiscard]] QWidget* MakePlot();
   void AddButtons();
   void FillLists();
   void AddHeadings();
   [[nodiscard]] int RowOf(std::size_t measure) const;
   [[nodiscard]] std::vector<std::size_t> ChosenMeasures() const;
+  [[nodiscard]] std::vector<std::size_t> ChosenVariables() const;
   /// Folds or unfolds the group; false for a line that is no heading.
   bool Fold(const QListWidgetItem* line);
   void ShowChosen();
   void ShowFiltered();
   void HideFiltered();
   void Copy();
+  void AskPlotOptions();
   void SavePlot();
   void SaveReport();
 
@@ -61,7 +64,9 @@ class MeansPanel : public Panel {
   QPushButton* m_cmdMeansFamily = nullptr;
   QCheckBox* m_chkMeansLeaveOut;
   QCheckBox* m_chkMeansMore;
+  QComboBox* m_cboPlot;
   QComboBox* m_cboBars;
+  QPushButton* m_cmdPlotOptions = nullptr;
   QTableView* m_grdMeans;
   MeansModel* m_model;
   PlotView* m_plotMeans;

@@ -11,6 +11,7 @@
 #include "master/groups/SerialPositions.h"
 #include "platform/desktop/MessageBoxes.h"
 #include "platform/files/Disk.h"
+#include "scoring/further/RecallMarks.h"
 #include "scoring/further/ScoreFurther.h"
 #include "words/WordList.h"
 
@@ -61,6 +62,8 @@ class FurtherScorer {
 
   /// Valid until the next call. Throws ScoringError.
   const FurtherScores& Score(const std::string& subjectId, const RecallLists& lists);
+  /// Adds the lists of the subject scored last.
+  void AppendLists(RecallMarks& marks) const { AppendMarks(m_work.Tests, m_orders, m_data.Study, marks); }
 
  private:
   const FurtherData& m_data;

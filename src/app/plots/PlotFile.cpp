@@ -1,0 +1,109 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "app/plots/PlotFile.h"
+
+#include <QBuffer>
+#include <QPdfWriter>
+#include <algorithm>
+#include <cmath>
+#ifdef ZOVA_SVG
+#include <QSvgGenerator>
+#endif
+
+#include "app/plots/PlotDrawing.h"
+#include "app/plots/RasterDrawing.h"
+#include "app/widgets/Controls.h"
+#include "means/MeansExaminer.h"
+
+namespace zova {
+
+namespace {
+
+constexpr double kWidthInCm = 16;
+constexpr double kHeightInCm = 11;
+constexpr double kMostHeightInCm = 24;  // of a raster
+constexpr double kCmPerInch = 2.54;
+constexpr int kDotsPerInch = 96;  // of the layout; formats scale it
+constexpr int kPixelsPerInch = 300;
+constexpr int kFontPixels = 12;
+
+void Paint(QCustomPlot& plot, QPaintDevice& device, double scale) {
+  QCPPainter painter;
+  painter.begin(&device);
+  painter.setMode(QCPPainter::pmVectorized);
+  painter.setMode(QCPPainter::pmNoCaching);
+  painter.setMode(QCPPainter::pmNonCosmetic);
+  painter.scale(scale, scale);
+  plot.toPainter(&painter, plot.viewport().width(), plot.viewport().height());
+  painter.end();
+}
+
+double HeightOf(const PlotPicture& picture) {
+  if (picture.Lists.Groups.empty()) return kHeightInCm;
+  const double most = kMostHeightInCm / kCmPerInch * kDotsPerInch;
+  return std::max(RasterHeight(picture.Lists, kFontPixels, most) * kCmPerInch / kDotsPerInch, kHeightInCm / 2);
+}
+
+}  // namespace
+
+std::vector<PlotFormat> PlotFormats() {
+#ifdef ZOVA_SVG
+  return {PlotFormat::Pdf, PlotFormat::Svg, PlotFormat::Png};
+#else
+  return {PlotFormat::Pdf, PlotFormat::Png};
+#endif
+}
+
+QByteArray RenderPicture(const PlotPicture& picture, PlotFormat format) {
+  const auto dots = [](double cm, int perInch) { return static_cast<int>(std::lround(cm / kCmPerInch * perInch)); };
+  QCustomPlot plot;
+  PreparePlot(plot);
+  PlotLegend legend(plot);
+  const double heightInCm = HeightOf(picture);
+  plot.setViewport(QRect(0, 0, dots(kWidthInCm, kDotsPerInch), dots(heightInCm, kDotsPerInch)));
+  QFont font(plot.font());
+  font.setPixelSize(kFontPixels);  // the same on every device
+  DrawPicture(plot, legend, picture, font, kFontPixels, PlotPage::Figure);
+  const QSize size = plot.viewport().size();
+  const double grownCm = legend.Height() * kCmPerInch / kDotsPerInch;
+  QByteArray bytes;
+  QBuffer buffer(&bytes);
+  buffer.open(QIODevice::WriteOnly);
+  switch (format) {
+    case PlotFormat::Pdf: {
+      QPdfWriter device(&buffer);
+      device.setPageSize(QPageSize(QSizeF(kWidthInCm, heightInCm + grownCm) * 10, QPageSize::Millimeter));
+      device.setPageMargins({});
+      Paint(plot, device, static_cast<double>(device.logicalDpiX()) / kDotsPerInch);
+      break;
+    }
+    case PlotFormat::Svg: {
+#ifdef ZOVA_SVG
+      QSvgGenerator device;
+      device.setOutputDevice(&buffer);
+      device.setTitle(ToQt(picture.YLabel));
+      device.setResolution(kDotsPerInch);
+      device.setSize(size);
+      device.setViewBox(QRect(QPoint(), size));
+      Paint(plot, device, 1);
+#endif
+      break;
+    }
+    case PlotFormat::Png: {
+      QImage image = plot.toPixmap(size.width(), size.height(), double{kPixelsPerInch} / kDotsPerInch).toImage();
+      image.setDotsPerMeterX(dots(100, kPixelsPerInch));
+      image.setDotsPerMeterY(dots(100, kPixelsPerInch));
+      image.save(&buffer, "PNG");
+      break;
+    }
+  }
+  return bytes;
+}
+
+std::string DrawnSvg(const PlotPicture& picture) {
+  const std::vector<PlotFormat> formats = PlotFormats();
+  if (std::find(formats.begin(), formats.end(), PlotFormat::Svg) == formats.end()) return {};
+  return RenderPicture(picture, PlotFormat::Svg).toStdString();
+}
+
+}  // namespace zova
