@@ -66,21 +66,23 @@ int RunReport(const ReportOptions& options, Disk& disk) {
   }
   PlotOptions plots;
   for (const auto& option : options.Plots) {
-    if (!SetPlotOption(option, plots)) return Refuse("--" + option.first + ": unknown '" + option.second + "'");
+    if (!SetPlotOption(option, plots)) return Refuse("--" + option.first + " does not take '" + option.second + "'");
   }
   for (const LevelOrder& order : plots.Orders) {
     if (!FindVariable(project, order.Variable)) return Refuse("the project has no variable '" + order.Variable + "'");
   }
   auto data = ReadReportData(project, platform);
   if (!data) return kStopped;
-  std::string unknown;
-  means.Measures = MeasuresOfReport(data->Table, options.Measures, unknown);
-  if (!unknown.empty()) return Refuse("unknown measure '" + unknown + "'");
+  const ReportChoice choice = ChooseMeasures(data->Table, options.Measures);
+  if (!choice.Unknown.empty()) return Refuse("unknown measure '" + choice.Unknown + "'");
+  means.Measures = choice.Measures;
+  if (!choice.Notice.empty()) data->Notices.push_back(choice.Notice);
   const ReportRequest request{
       project,
       data->Table,
       means,
       plots,
+      choice.IsUsual,
       std::move(data->Notices),
       ReportCommand(options.ReportFile, options.ProjectFile, options.Variables, options.Measures, plots),
       kVersion};

@@ -9,12 +9,16 @@
 #include "master/columns/FurtherFamilies.h"
 #include "means/EffectSizes.h"
 #include "means/OccurringLevels.h"
+#include "means/RasterPlot.h"
 #include "project/ProjectLayout.h"
 #include "report/ReportStyle.h"
 
 namespace zova {
 
 namespace {
+
+constexpr std::size_t kMostLines = 150;  // of a table that nobody asked for
+constexpr std::size_t kMostLists = 300;  // some 300 kB
 
 // The measures of one family among those of the request.
 struct FamilyOfReport {
@@ -65,6 +69,15 @@ std::string WithoutVerb(std::string_view definition) {
          std::string(definition.substr(1));
 }
 
+// Where no measure was named, and with those of the serial position.
+bool ShowsLists(const ReportRequest& request) {
+  const std::vector<std::size_t>& measures = request.Means.Measures;
+  return request.IsUsual || std::any_of(measures.begin(), measures.end(), [&](std::size_t measure) {
+           const auto further = FurtherColumnByName(request.Table.MeasureName(measure));
+           return further && request.Table.IsFurther(measure) && further->Family->Group == FurtherGroup::Serial;
+         });
+}
+
 class Page {
  public:
   explicit Page(const ReportRequest& request) : m_request(request) {}
@@ -78,6 +91,7 @@ class Page {
     AddSubjects();
     AddNotices();
     for (const FamilyOfReport& family : FamiliesOf(m_request)) AddFamily(family, draw);
+    if (ShowsLists(m_request)) AddLists(draw);
     m_html += "<footer>\n";
     Element("p", "Made by ZOVA " + m_request.Version + ". The same page again:");
     Element("pre", m_request.CommandLine);
@@ -154,6 +168,11 @@ class Page {
     request.Orders = m_request.Plots.Orders;
     if (m_request.Plots.Bars == PlotBars::Within) request.More.Within = true;
     const MeansTable means = ComputeMeans(m_request.Table, request, &m_request.Project);
+    if (const std::size_t lines = means.Measures.size() * means.Cells.size(); m_request.IsUsual && lines > kMostLines) {
+      Element("p", "The table has " + std::to_string(lines) +
+                       " lines. Examine Means has it, and a report of these measures.");
+      return AddPlot(PictureOf(means, m_request.Plots.Bars), draw);
+    }
     AddMeans(means);
     const std::vector<Effect> effects = ComputeEffects(m_request.Table, request, &m_request.Project);
     if (!effects.empty()) {
@@ -162,6 +181,19 @@ class Page {
       m_html += "</ul>\n";
     }
     AddPlot(PictureOf(means, m_request.Plots.Bars), draw);
+  }
+
+  void AddLists(const DrawSvg& draw) {
+    MeansRequest request = m_request.Means;
+    request.Orders = m_request.Plots.Orders;
+    PlotPicture picture = RasterOf(m_request.Table, request, m_request.Plots.Colours, m_request.Project);
+    const std::size_t rows = picture.Lists.RowCount();
+    Element("h2", "Recall lists");
+    if (rows > kMostLists) {
+      return Element("p", "Examine Means draws the lists of so many subjects.");
+    }
+    Element("p", "A row for each subject and test, a mark for each recall, from the first to the last.");
+    AddPlot(std::move(picture), draw);
   }
 
   void AddMeans(const MeansTable& means) {

@@ -16,6 +16,7 @@ struct ReportRequest {
   const MasterTable& Table;  ///< an individual master of the project, with the further measures
   MeansRequest Means;        ///< measures and variables of the tables and plots
   PlotOptions Plots;
+  bool IsUsual = false;              ///< no measure was named: long tables are left to other programs
   std::vector<std::string> Notices;  ///< what was left out, and the notices of the run
   std::string CommandLine;           ///< that makes the same page again
   std::string Version;

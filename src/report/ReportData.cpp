@@ -3,8 +3,8 @@
 #include "report/ReportData.h"
 
 #include <algorithm>
+#include <map>
 
-#include "master/columns/ColumnName.h"
 #include "master/columns/MasterLines.h"
 #include "master/exports/FurtherData.h"
 #include "master/run/MasterRun.h"
@@ -90,7 +90,52 @@ class Reading {
   std::string m_row;
 };
 
-bool IsShownByDefault(MeasureAxis axis) { return axis != MeasureAxis::Pattern && axis != MeasureAxis::Lure; }
+constexpr std::string_view kUsual[] = {
+    "Net", "Losses", "Gains", "CumulativeRecall", "ArcScore", "Bi-ITR", "#OfCategoriesUsed", "RatingAvg", "FalseNet"};
+constexpr std::string_view kUsualFurther[] = {
+    "Cumulative",  "Repeats",        "Intrusions", "LBC",     "CategoryCRP", "SubjectiveOrganization",
+    "FirstRecall", "TemporalFactor", "LagCrp",     "Position"};
+
+bool IsUsual(const MasterTable& table, std::size_t measure) {
+  const std::string& name = table.MeasureName(measure);
+  const std::string_view stem = std::string_view(name).substr(0, name.find('('));
+  const auto isIn = [&](const auto& stems) {
+    return std::find(std::begin(stems), std::end(stems), stem) != std::end(stems);
+  };
+  return table.IsFurther(measure) ? isIn(kUsualFurther) : isIn(kUsual);
+}
+
+bool HasValue(const MasterTable& table, std::size_t measure) {
+  for (std::size_t row = 0; row < table.RowCount(); ++row) {
+    if (!table.IsUncomputed(row, measure)) return true;
+  }
+  return false;
+}
+
+// A family is left out if none of its measures has a value.
+ReportChoice UsualMeasures(const MasterTable& table) {
+  ReportChoice choice;
+  choice.IsUsual = true;
+  std::map<std::string, bool> hasValues;
+  const auto stemOf = [&](std::size_t measure) {
+    const std::string& name = table.MeasureName(measure);
+    return (table.IsFurther(measure) ? "+" : "") + name.substr(0, name.find('('));
+  };
+  for (std::size_t measure = 0; measure < table.MeasureCount(); ++measure) {
+    if (!IsUsual(table, measure)) continue;
+    bool& hasValue = hasValues[stemOf(measure)];
+    hasValue = hasValue || HasValue(table, measure);
+    choice.Measures.push_back(measure);
+  }
+  std::erase_if(choice.Measures, [&](std::size_t measure) { return !hasValues[stemOf(measure)]; });
+  for (const auto& [stem, hasValue] : hasValues) {
+    if (hasValue) continue;
+    choice.Notice += choice.Notice.empty() ? "Left out, since no subject has a value: " : ", ";
+    choice.Notice += stem.substr(stem.starts_with('+') ? 1 : 0);
+  }
+  if (!choice.Notice.empty()) choice.Notice += ".";
+  return choice;
+}
 
 std::string Quoted(const std::string& text) { return "\"" + text + "\""; }
 
@@ -118,25 +163,19 @@ void AddUnfinishedNotice(const ProjectParameters& project, Disk& disk, std::vect
   notices.push_back(Counted(names.size(), "unfinished subject is", "unfinished subjects are") + " left out.");
 }
 
-std::vector<std::size_t> MeasuresOfReport(const MasterTable& table, const std::vector<std::string>& names,
-                                          std::string& unknown) {
-  std::vector<std::size_t> measures;
+ReportChoice ChooseMeasures(const MasterTable& table, const std::vector<std::string>& names) {
+  if (names.empty()) return UsualMeasures(table);
+  ReportChoice choice;
   for (const std::string& name : names) {
     std::size_t measure = 0;
     while (measure < table.MeasureCount() && table.MeasureName(measure) != name) ++measure;
     if (measure == table.MeasureCount()) {
-      unknown = name;
-      return measures;
+      choice.Unknown = name;
+      return choice;
     }
-    measures.push_back(measure);
+    choice.Measures.push_back(measure);
   }
-  if (!names.empty()) return measures;
-  for (std::size_t measure = 0; measure < table.MeasureCount(); ++measure) {
-    const std::string& name = table.MeasureName(measure);
-    const auto known = table.IsFurther(measure) ? std::nullopt : ColumnByName(name);
-    if (table.IsFurther(measure) || (known && IsShownByDefault(known->Family->Shape.Axis))) measures.push_back(measure);
-  }
-  return measures;
+  return choice;
 }
 
 std::string ReportCommand(const std::string& reportFile, const std::string& projectFile,

@@ -24,10 +24,17 @@ std::optional<ReportData> ReadReportData(const ProjectParameters& project, const
 /// The subjects that are put aside unfinished, as a sentence; nothing when there is none. Throws FileError.
 void AddUnfinishedNotice(const ProjectParameters& project, Disk& disk, std::vector<std::string>& notices);
 
-/// The measures with these names, of a table with further measures; those of each test, pair of tests, lag and position
-/// if there are none. An unknown name goes to `unknown`.
-std::vector<std::size_t> MeasuresOfReport(const MasterTable& table, const std::vector<std::string>& names,
-                                          std::string& unknown);
+/// What a report is about.
+struct ReportChoice {
+  std::vector<std::size_t> Measures;
+  bool IsUsual = false;  ///< no measure was named
+  std::string Unknown;   ///< a name that is no measure's; "" for none
+  std::string Notice;    ///< of usual measures without a value for any subject, which are left out; or ""
+};
+
+/// The measures with these names, of a table with further measures. Without names the usual ones: recall, its change
+/// and accumulation, repeats and intrusions, clustering, organization, serial position, average ratings, false recall.
+ReportChoice ChooseMeasures(const MasterTable& table, const std::vector<std::string>& names);
 
 /// The command that makes the report again.
 std::string ReportCommand(const std::string& reportFile, const std::string& projectFile,

@@ -31,7 +31,7 @@ void Session::SaveReport(const std::string& path, const DrawSvg& draw) {
   if (!WithRetry(m_platform.Boxes, [&] { AddUnfinishedNotice(*m_project, m_platform.Files, notices); })) return;
   const std::string project = ParameterFilePath(m_project->PrimaryDir, *m_project);
   const PlotOptions& plots = m_means.Options();
-  m_means.SaveReport(path, ReportHtml({*m_project, m_means.Table(), means, plots, std::move(notices),
+  m_means.SaveReport(path, ReportHtml({*m_project, m_means.Table(), means, plots, false, std::move(notices),
                                        ReportCommand(path, project, variables, measures, plots), kVersion},
                                       draw));
 }

@@ -26,15 +26,12 @@ TEST(HtmlReport, AProjectReadAndShownWithoutAMaster) {
   const auto data = ReadReportData(study.Project, FakePlatform().With(study.OfFiles));
   ASSERT_TRUE(data);
   EXPECT_FALSE(study.Files.Has("C:\\Data\\AB Master.txt"));
-  std::string unknown;
-  (void)MeasuresOfReport(data->Table, {"Net(Test 1)", "no such"}, unknown);
-  EXPECT_EQ(std::exchange(unknown, ""), "no such");
+  EXPECT_EQ(ChooseMeasures(data->Table, {"Net(Test 1)", "no such"}).Unknown, "no such");
   const MeansRequest means{
-      MeasuresOfReport(data->Table, {"RR(Test 1)", "Net(Test 1)", "Net(Test 2)"}, unknown), {0}, true};
-  EXPECT_EQ(unknown, "");
+      ChooseMeasures(data->Table, {"RR(Test 1)", "Net(Test 1)", "Net(Test 2)"}).Measures, {0}, true};
   std::vector<std::string> drawn;
   const std::string html =
-      ReportHtml({study.Project, data->Table, means, {}, data->Notices, "zova --report \"<a>\"", "2.0"},
+      ReportHtml({study.Project, data->Table, means, {}, false, data->Notices, "zova --report \"<a>\"", "2.0"},
                  [&](const PlotPicture& picture) { return drawn.push_back(picture.YLabel), "<?xml?><svg>plot</svg>"; });
   for (const char* part :
        {"<h1>Study</h1>", "&lt;b&gt;Sex", "&lt;script&gt;alert(&#39;1&#39;)&lt;/script&gt;", "&quot;f&quot; &amp; m",
@@ -45,7 +42,21 @@ TEST(HtmlReport, AProjectReadAndShownWithoutAMaster) {
     EXPECT_THAT(html, HasSubstr(part));
   EXPECT_THAT(html, Not(HasSubstr("<script")));
   EXPECT_THAT(html, Not(HasSubstr("<?xml")));
-  EXPECT_EQ(drawn, (std::vector<std::string>{"Repetition ratio, test 1", "Net recall (items)"}));
+  EXPECT_EQ(std::exchange(drawn, {}), (std::vector<std::string>{"Repetition ratio, test 1", "Net recall (items)"}));
+
+  const ReportChoice usual = ChooseMeasures(data->Table, {});
+  EXPECT_EQ(usual.Notice,
+            "Left out, since no subject has a value: FirstRecall, Intrusions, LagCrp, Position, TemporalFactor.");
+  PlotOptions plots;
+  plots.Bars = PlotBars::StandardError;
+  plots.Frames["Net"] = {"<Net>", 0, 9};
+  std::vector<PlotPicture> pictures;
+  const std::string whole =
+      ReportHtml({study.Project, data->Table, {usual.Measures, {}, true}, plots, true, {}, "", "2.0"},
+                 [&](const PlotPicture& picture) { return pictures.push_back(picture), "<svg>plot</svg>"; });
+  EXPECT_EQ(pictures.front().Frame.Title, "<Net>");
+  EXPECT_THAT(whole, HasSubstr("Net recall (items).  Bars are standard errors."));
+  EXPECT_EQ(pictures.back().Lists.RowCount(), 4U);
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 
 #include <QBuffer>
 #include <QPdfWriter>
+#include <QRegularExpression>
 #include <algorithm>
 #include <cmath>
 #ifdef ZOVA_SVG
@@ -37,6 +38,22 @@ void Paint(QCustomPlot& plot, QPaintDevice& device, double scale) {
   plot.toPainter(&painter, plot.viewport().width(), plot.viewport().height());
   painter.end();
 }
+
+#ifdef ZOVA_SVG
+// Half of what Qt writes are groups without content, and attributes that have their default.
+QByteArray Compact(const QByteArray& svg) {
+  QString text = QString::fromUtf8(svg);
+  static const QRegularExpression kFontOfGroup("(<g [^>]*?)\\s*font-family=[^>]*>");
+  static const QRegularExpression kEmptyGroup("<g [^>]*>\\s*</g>\\s*");
+  text.replace(kFontOfGroup, "\\1>");
+  text.remove(kEmptyGroup);
+  for (const char* byDefault : {" stroke-opacity=\"1\"", " fill-opacity=\"1\"", " vector-effect=\"none\"",
+                                " transform=\"matrix(1,0,0,1,0,0)\""}) {
+    text.remove(byDefault);
+  }
+  return text.toUtf8();
+}
+#endif
 
 double HeightOf(const PlotPicture& picture) {
   if (picture.Lists.Groups.empty()) return kHeightInCm;
@@ -86,6 +103,7 @@ QByteArray RenderPicture(const PlotPicture& picture, PlotFormat format) {
       device.setSize(size);
       device.setViewBox(QRect(QPoint(), size));
       Paint(plot, device, 1);
+      bytes = Compact(bytes);
 #endif
       break;
     }
