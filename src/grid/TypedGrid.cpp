@@ -15,9 +15,7 @@ std::string NumberCell(int number) { return number == 0 ? std::string() : std::t
 
 std::int16_t CellNumber(const std::string& text) { return LeadingInteger16(text).value_or(0); }
 
-bool IsNumber(std::string_view text) {
-  return std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
-}
+bool IsNumber(std::string_view text) { return std::all_of(text.begin(), text.end(), IsDigit); }
 
 bool IsPrintable(std::string_view text) {
   return std::none_of(text.begin(), text.end(),

@@ -124,12 +124,6 @@ void AddTests(const MasterTable& table, const MeansRequest& request, const TestS
                      .High = {}});
 }
 
-std::string PlainText(const std::optional<double>& value) {
-  std::string text;
-  if (value) AppendPlainNumber(text, *value);
-  return text;
-}
-
 }  // namespace
 
 std::vector<Effect> ComputeEffects(const MasterTable& table, const MeansRequest& request,
@@ -148,7 +142,7 @@ MeansLines LinesOf(const std::vector<Effect>& effects) {
   lines.Rows.reserve(effects.size());
   for (const Effect& effect : effects) {
     lines.Rows.push_back({effect.Measure, effect.Kind, effect.Factor, effect.Contrast, std::to_string(effect.N),
-                          PlainText(effect.Value), PlainText(effect.Low), PlainText(effect.High)});
+                          PlainNumberText(effect.Value), PlainNumberText(effect.Low), PlainNumberText(effect.High)});
   }
   return lines;
 }

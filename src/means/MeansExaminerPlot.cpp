@@ -12,16 +12,6 @@
 
 namespace zova {
 
-namespace {
-
-std::string NumberText(const std::optional<double>& number) {
-  std::string text;
-  if (number) AppendPlainNumber(text, *number);
-  return text;
-}
-
-}  // namespace
-
 void MeansExaminer::SetBars(PlotBars bars) {
   m_options.Bars = bars;
   Compute();
@@ -72,8 +62,8 @@ PlotAnswers MeansExaminer::Answers() const {
   if (const auto known = m_options.Frames.find(m_picture.Kind); known != m_options.Frames.end()) {
     const PlotFrame& frame = known->second;
     answers.Title = frame.Title;
-    answers.Min = NumberText(frame.Min);
-    answers.Max = NumberText(frame.Max);
+    answers.Min = PlainNumberText(frame.Min);
+    answers.Max = PlainNumberText(frame.Max);
   }
   MeansRequest request = m_request;
   request.Orders = m_options.Orders;

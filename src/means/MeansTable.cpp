@@ -164,12 +164,6 @@ void AppendMarginals(const MasterTable& table, const MeansRequest& request,
   }
 }
 
-std::string NumberText(const std::optional<double>& value) {
-  std::string text;
-  if (value) AppendPlainNumber(text, *value);
-  return text;
-}
-
 std::vector<std::string> LineOf(const MeansTable& means, const MeansCell& cell, std::size_t measure) {
   std::vector<std::string> line = {means.Measures[measure]};
   if (cell.Levels.empty()) {
@@ -177,7 +171,8 @@ std::vector<std::string> LineOf(const MeansTable& means, const MeansCell& cell, 
   } else {
     line.insert(line.end(), cell.Levels.begin(), cell.Levels.end());
   }
-  for (const MeansColumn column : ColumnsOf(means.More)) line.push_back(NumberText(NumberOf(cell, measure, column)));
+  for (const MeansColumn column : ColumnsOf(means.More))
+    line.push_back(PlainNumberText(NumberOf(cell, measure, column)));
   return line;
 }
 

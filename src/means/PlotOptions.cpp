@@ -64,12 +64,6 @@ std::string NamesAsList(const std::vector<std::string>& names) {
   return list;
 }
 
-std::string NumberText(const std::optional<double>& number) {
-  std::string text;
-  if (number) AppendPlainNumber(text, *number);
-  return text;
-}
-
 bool SetAxis(std::string_view ends, PlotFrame& frame) {
   const std::size_t at = ends.find(kToMaximum);
   if (at == std::string_view::npos) return false;
@@ -122,7 +116,8 @@ std::vector<PlotOption> CommandOptions(const PlotOptions& options) {
   for (const auto& [kind, frame] : options.Frames) {
     if (!frame.Title.empty()) all.emplace_back("title", kind + "=" + frame.Title);
     if (!frame.Min && !frame.Max) continue;
-    all.emplace_back("axis", kind + "=" + NumberText(frame.Min) + std::string(kToMaximum) + NumberText(frame.Max));
+    all.emplace_back("axis",
+                     kind + "=" + PlainNumberText(frame.Min) + std::string(kToMaximum) + PlainNumberText(frame.Max));
   }
   for (const LevelOrder& order : options.Orders) {
     all.emplace_back("order", order.Variable + "=" + NamesAsList(order.Levels));

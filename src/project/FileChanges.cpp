@@ -16,13 +16,13 @@ namespace {
 constexpr std::string_view kHeading = "ZOVA changes";
 constexpr std::string_view kPrimary = "primary/";
 constexpr std::string_view kBackup = "backup/";
-constexpr std::string_view kNone = "none";
+constexpr std::string_view kNoContent = "none";
 constexpr std::string_view kEnd = "end";
 
 using Content = std::optional<std::string>;
 
 void AppendContent(std::string& text, const Content& content) {
-  text.append(content ? std::to_string(content->size()) : std::string(kNone)).append("\n");
+  text.append(content ? std::to_string(content->size()) : std::string(kNoContent)).append("\n");
   if (content) text.append(*content).append("\n");
 }
 
@@ -38,7 +38,7 @@ class JournalReader {
   }
   Content NextContent() {
     const std::string length = Line();
-    if (length == kNone) return std::nullopt;
+    if (length == kNoContent) return std::nullopt;
     std::size_t size = 0;
     IsWhole = IsWhole && !length.empty() && length.size() < 10 && IsDigits(length);
     if (IsWhole) size = std::stoul(length);

@@ -6,6 +6,7 @@
 
 #include "master/columns/MeasureFamilies.h"
 #include "session/QuickHelpSentences.h"
+#include "text/LeadingNumber.h"
 
 namespace zova {
 
@@ -29,7 +30,7 @@ std::string_view SentenceOf(std::string_view name, QuickHelpForm form) noexcept 
 
 // For a member of an array, the name without its number.
 std::string_view WithoutNumber(std::string_view name) noexcept {
-  while (!name.empty() && name.back() >= '0' && name.back() <= '9') name.remove_suffix(1);
+  while (!name.empty() && IsDigit(name.back())) name.remove_suffix(1);
   return name;
 }
 

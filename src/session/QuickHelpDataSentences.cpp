@@ -9,7 +9,7 @@ namespace zova {
 
 namespace {
 
-constexpr auto kSentences = std::to_array<Sentence>({
+constexpr auto kDataSentences = std::to_array<Sentence>({
     {"cboColumnUse", "What the column that is highlighted above holds; each use belongs to one column."},
     {"cboFilter", "Choose a column here to take only the rows that have a certain value in it."},
     {"cboSubjectLevel", "Choose the level that the selected subjects get, or leave it as it is."},
@@ -104,10 +104,10 @@ constexpr auto kSentences = std::to_array<Sentence>({
     {"txtSubjectName", "Type the subject's new identifier here, up to 20 characters, and press <Enter>."},
     {"txtWords", "Type the text of the cell that is highlighted, and press <Enter>."},
 });
-static_assert(std::is_sorted(kSentences.begin(), kSentences.end(), IsBefore));
+static_assert(std::is_sorted(kDataSentences.begin(), kDataSentences.end(), IsBefore));
 
 }  // namespace
 
-std::span<const Sentence> DataScreenSentences() noexcept { return kSentences; }
+std::span<const Sentence> DataScreenSentences() noexcept { return kDataSentences; }
 
 }  // namespace zova

@@ -34,9 +34,9 @@ struct Candidate {
   }
 };
 
-class Surveyor {
+class ProposalSurveyor {
  public:
-  Surveyor(const ImportDraft& draft, const TableReader& reader)
+  ProposalSurveyor(const ImportDraft& draft, const TableReader& reader)
       : m_setup(draft.Setup), m_reader(reader), m_table(draft.Survey), m_options(draft.Options) {
     const TableColumns& columns = m_setup.Columns;
     m_survey.HasCategories = columns.Has(ColumnRole::Category);
@@ -157,7 +157,7 @@ class Surveyor {
 
 ProposalSurvey SurveyForProject(Disk& disk, const ImportDraft& draft) {
   TableReader reader(disk, draft.Setup);
-  Surveyor surveyor(draft, reader);
+  ProposalSurveyor surveyor(draft, reader);
   while (reader.Next()) surveyor.Add();
   return surveyor.Finish();
 }

@@ -63,7 +63,7 @@ std::string_view RoleName(ColumnRole role) noexcept { return NamesOf(role).Role;
 std::string PlainName(std::string_view name) {
   std::string plain;
   for (const char c : name) {
-    if (c == ' ' || c == '.' || c == '_' || c == '-' || c == ',' || BreaksField(c)) continue;
+    if (IsJoint(c) || c == ',' || BreaksField(c)) continue;
     plain += c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
   }
   return plain;

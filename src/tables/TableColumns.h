@@ -46,6 +46,8 @@ TableColumns FindTableColumns(const TableFormat& format, const std::vector<Colum
 /// The column named so, or numbered so ("#3"); kNoColumn if there is none.
 int ColumnNamed(const TableFormat& format, std::string_view name);
 
+constexpr bool IsJoint(char c) noexcept { return c == ' ' || c == '.' || c == '_' || c == '-'; }
+
 /// The variable of the project that is named so, from 0; kNoColumn if there is none.
 int VariableNamed(std::string_view name, const ProjectParameters& project);
 

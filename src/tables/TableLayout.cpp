@@ -21,9 +21,6 @@ namespace {
 
 constexpr std::array<std::string_view, 6> kSeparators = {"\n", ";", "|", ",", "/", "\t"};
 
-bool IsDigit(char c) noexcept { return c >= '0' && c <= '9'; }
-bool IsJoint(char c) noexcept { return c == ' ' || c == '.' || c == '_' || c == '-'; }
-
 // A column's name with one or two numbers, "List2_Word3".
 struct NumberedName {
   std::string Stem;  // plain: "list"

@@ -4,11 +4,11 @@
 
 #include <unordered_set>
 
+#include "text/TypedText.h"
+
 namespace zova {
 
 namespace {
-
-bool IsBlank(char c) { return c == ' ' || c == '\t'; }
 
 bool NeedsQuotes(std::string_view text) {
   return !text.empty() &&

@@ -6,13 +6,14 @@
 #include <cstring>
 #include <utility>
 
+#include "text/Encoding.h"
+
 namespace zova {
 
 namespace {
 
 constexpr std::size_t kPiece = 256UL * 1024;
 constexpr const char* kLongRow = "A row is longer than 16 MiB";
-constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
 
 // The content of a quoted field, written over its beginning. Returns its length.
 std::size_t Unquote(char* text, std::size_t length) {

@@ -13,7 +13,6 @@ namespace zova {
 namespace {
 
 constexpr char32_t kBadSequence = 0xFFFFFFFF;
-constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
 constexpr char kEndOfFile = '\x1A';
 
 // Bytes 80 to 9F of Windows-1252.

@@ -46,7 +46,10 @@ class DataText {
 /// UTF-16. They would be read as zeros and later saved over a subject.
 bool LooksLikeDataText(std::string_view bytes) noexcept;
 
-/// `bytes` without the byte-order mark and without what follows the end-of-file byte.
+/// The byte-order mark of UTF-8.
+inline constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
+
+/// `bytes` without that mark and without what follows the end-of-file byte.
 std::string_view WithoutMarks(std::string_view bytes) noexcept;
 
 }  // namespace zova

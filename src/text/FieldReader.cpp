@@ -18,12 +18,12 @@
 
 #include "text/Encoding.h"
 #include "text/LeadingNumber.h"
+#include "text/TypedText.h"
 
 namespace zova {
 
 namespace {
 
-bool IsBlank(char c) noexcept { return c == ' ' || c == '\t'; }
 bool IsLineEnd(char c) noexcept { return c == '\r' || c == '\n'; }
 
 const char* FaultText(FieldFault fault) {

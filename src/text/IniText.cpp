@@ -10,6 +10,7 @@
 #include <array>
 #include <charconv>
 
+#include "text/LeadingNumber.h"
 #include "text/TypedText.h"
 
 namespace zova {
@@ -26,7 +27,7 @@ std::string EscapedName(std::string_view name) {
   std::string escaped;
   for (const char c : name) {
     const bool isPlain =
-        (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') || c == '_' || c == '-' || c == '.';
+        (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || IsDigit(c) || c == '_' || c == '-' || c == '.';
     if (isPlain) {
       escaped += c;
     } else {

@@ -2,6 +2,8 @@
 
 #include "text/LeadingNumber.h"
 
+#include "text/TypedText.h"
+
 namespace zova {
 
 namespace {
@@ -13,8 +15,6 @@ struct NumberParts {
   std::string_view Rest;      // what follows the number
 };
 
-bool IsDigit(char c) noexcept { return c >= '0' && c <= '9'; }
-
 std::size_t CountDigits(std::string_view text) noexcept {
   std::size_t count = 0;
   while (count < text.size() && IsDigit(text[count])) ++count;
@@ -22,7 +22,7 @@ std::size_t CountDigits(std::string_view text) noexcept {
 }
 
 std::string_view WithoutLeadingBlanks(std::string_view text) noexcept {
-  while (!text.empty() && (text.front() == ' ' || text.front() == '\t')) text.remove_prefix(1);
+  while (!text.empty() && IsBlank(text.front())) text.remove_prefix(1);
   return text;
 }
 

@@ -10,6 +10,8 @@ namespace zova {
 // A leading decimal number: blanks and tabs, a sign, digits, at most one point, digits. No exponent, no hexadecimal, no
 // decimal comma, no locale: "12abc" is 12, "1e3" is 1.
 
+constexpr bool IsDigit(char c) noexcept { return c >= '0' && c <= '9'; }
+
 /// True when `text` begins with such a number (at least one digit).
 bool HasLeadingNumber(std::string_view text) noexcept;
 

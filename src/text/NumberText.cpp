@@ -92,4 +92,10 @@ void AppendPlainNumber(std::string& out, double value) {
   out += text;
 }
 
+std::string PlainNumberText(std::optional<double> value) {
+  std::string text;
+  if (value) AppendPlainNumber(text, *value);
+  return text;
+}
+
 }  // namespace zova

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <optional>
 #include <string>
 
 namespace zova {
@@ -18,6 +19,8 @@ void AppendExactNumber(std::string& out, float value);
 /// At most 15 significant digits, of which every double keeps its own; also with a zero before the point and without an
 /// exponent.
 void AppendPlainNumber(std::string& out, double value);
+/// That number's text; empty for nullopt.
+std::string PlainNumberText(std::optional<double> value);
 
 /// AppendNumber with one blank before a number that is not negative, as in the rows of a master.
 template <typename Number>

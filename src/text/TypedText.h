@@ -6,11 +6,12 @@
 
 namespace zova {
 
+constexpr bool IsBlank(char c) noexcept { return c == ' ' || c == '\t'; }
+
 /// `text` without spaces and tabs at both ends. Inline: a large master has millions of fields.
 inline std::string_view WithoutOuterBlanks(std::string_view text) noexcept {
-  const auto isBlank = [](char c) { return c == ' ' || c == '\t'; };
-  while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
-  while (!text.empty() && isBlank(text.back())) text.remove_suffix(1);
+  while (!text.empty() && IsBlank(text.front())) text.remove_prefix(1);
+  while (!text.empty() && IsBlank(text.back())) text.remove_suffix(1);
   return text;
 }
 

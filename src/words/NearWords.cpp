@@ -34,14 +34,14 @@ bool HasMoreThan(std::uint64_t letters, std::size_t count) noexcept {
 // Of the table of distances only the band of 2 * limit + 1 cells along the diagonal can hold values up to the limit;
 // cell e of row i stands for the first i points of `left` and the first i + e - limit of `right`.
 std::size_t Distance(std::u32string_view left, std::u32string_view right, std::size_t limit) noexcept {
-  using Row = std::array<std::size_t, 2 * kMaxDistance + 1>;
+  using Band = std::array<std::size_t, 2 * kMaxDistance + 1>;
   const std::size_t beyond = limit + 1;
   const std::size_t width = 2 * limit + 1;
-  Row before{};  // row i - 2
-  Row above{};   // row i - 1
+  Band before{};  // row i - 2
+  Band above{};   // row i - 1
   for (std::size_t e = 0; e < width; ++e) above[e] = e < limit ? beyond : e - limit;
   for (std::size_t i = 1; i <= left.size(); ++i) {
-    Row row{};
+    Band row{};
     std::size_t least = beyond;
     for (std::size_t e = 0; e < width; ++e) {
       row[e] = beyond;

@@ -24,7 +24,8 @@ std::vector<OriginalId> ParseOriginalIds(std::string_view bytes) {
     return known->first;
   };
   while (rows.Next()) ids.push_back({take(subjects, rows.Text(0)), take(originals, rows.Text(1))});
-  std::sort(ids.begin(), ids.end(), StandsBefore);
+  std::sort(ids.begin(), ids.end(),
+            [](const OriginalId& one, const OriginalId& other) { return StandsBefore(one, other); });
   return ids;
 }
 

@@ -39,7 +39,8 @@ std::vector<SampledSubject> ParseSecondSample(std::string_view bytes) {
     sample.push_back({std::string(rows.Text(0)), rows.Number(1, 1, 100), SeedIn(rows)});
     if (!seen.insert(sample.back().Subject).second) rows.Refuse("'" + sample.back().Subject + "' stands twice");
   }
-  std::sort(sample.begin(), sample.end(), StandsBefore);
+  std::sort(sample.begin(), sample.end(),
+            [](const SampledSubject& left, const SampledSubject& right) { return StandsBefore(left, right); });
   return sample;
 }
 
@@ -71,7 +72,8 @@ std::vector<SampledSubject> DrawSecondSample(const std::vector<std::string>& sub
     std::swap(left[drawn], left[drawn + number % range]);
     sample.push_back({left[drawn], percent, seed});
   }
-  std::sort(sample.begin(), sample.end(), StandsBefore);
+  std::sort(sample.begin(), sample.end(),
+            [](const SampledSubject& one, const SampledSubject& other) { return StandsBefore(one, other); });
   return sample;
 }
 

@@ -66,7 +66,8 @@ std::vector<StudyOrder> ParseStudyOrders(std::string_view bytes, const ProjectPa
                        OrderName(orders[known.Index]) + " is missing",
                    known.Line);
   }
-  std::sort(orders.begin(), orders.end(), StandsBefore);
+  std::sort(orders.begin(), orders.end(),
+            [](const StudyOrder& left, const StudyOrder& right) { return StandsBefore(left, right); });
   return orders;
 }
 

@@ -8,6 +8,8 @@
 #include <cstdlib>
 #include <memory>
 
+#include "text/LeadingNumber.h"
+
 namespace zova {
 
 namespace {
@@ -63,7 +65,7 @@ void AppendAsciiKey(std::string& key, std::string_view text) {
   for (const char c : text) {
     if (c >= 'A' && c <= 'Z') {
       key += static_cast<char>(c - 'A' + 'a');
-    } else if ((c >= 'a' && c <= 'z') || (c >= '0' && c <= '9')) {
+    } else if ((c >= 'a' && c <= 'z') || IsDigit(c)) {
       key += c;
     }
   }

@@ -89,8 +89,8 @@ TEST(NominalGroups, AMemberThatCannotBeScoredAddsNothing) {
 }
 
 // Groups of two within each sex; Sex is 1 for subjects up to 5, then 2.
-struct Lab : Study {
-  explicit Lab(Shape shape) : Study((shape.Variables = {"Age", "Sex"}, shape)) {
+struct GroupLab : Study {
+  explicit GroupLab(Shape shape) : Study((shape.Variables = {"Age", "Sex"}, shape)) {
     Files.MakeDirectory("D:\\Out");
     Request.Selection.SetDefaultMeasures(Project);
     Request.Destination = "D:\\Out\\Mine.txt";
@@ -117,7 +117,7 @@ struct Lab : Study {
 };
 
 TEST(CombinedMaster, ListsSubjectsThatAreBackInTheirPlace) {
-  Lab lab({.Items = 4});
+  GroupLab lab({.Items = 4});
   for (const int id : {1, 3}) lab.Put(id, "1 | 2");
   AnsweringBoxes retry(BoxAnswer::Retry);
   retry.Meanwhile = [&] { lab.Put(2, "1 | 2"); };
@@ -126,7 +126,7 @@ TEST(CombinedMaster, ListsSubjectsThatAreBackInTheirPlace) {
 }
 
 TEST(CombinedMaster, TwoGroupsByHand) {
-  Lab lab({.Items = 4, .PerCategory = 2});
+  GroupLab lab({.Items = 4, .PerCategory = 2});
   lab.Request.Selection = Only(lab.Project, {Measure::Basic, Measure::Bi, Measure::Cat});
   for (const auto& [id, lists] : {std::pair(2, "1 2 | 1"), {4, "4 | 2 3"}, {5, "1 | 1"}, {6, "3 | 3"}, {7, "3 | 4 1"}})
     lab.Put(id, lists);
@@ -150,7 +150,7 @@ TEST(CombinedMaster, TwoGroupsByHand) {
 }
 
 TEST(CombinedMaster, AWideOneHasPiecesInThePrimaryDirectory) {
-  Lab lab({.Items = 2, .Minutes = 130});
+  GroupLab lab({.Items = 2, .Minutes = 130});
   lab.Put(1, "1/1 2/130 | 2/7");
   lab.Put(2, "2/2 | 1/1 2/2");
   lab.Plan(2);
@@ -167,7 +167,7 @@ TEST(CombinedMaster, AWideOneHasPiecesInThePrimaryDirectory) {
 }
 
 TEST(CombinedMaster, AFailingMemberIsRetriedOrEndsTheRun) {
-  Lab lab({.Tests = 1, .Items = 3});
+  GroupLab lab({.Tests = 1, .Items = 3});
   for (const int id : {1, 2, 3, 4}) lab.Put(id, std::to_string(id % 3 + 1));
   lab.Plan(4);
   lab.Put(4, "2 9");
@@ -198,7 +198,7 @@ TEST(CombinedMaster, AFailingMemberIsRetriedOrEndsTheRun) {
 }
 
 TEST(CombinedMaster, AnOverflowIsTheGroups) {
-  Lab lab({.Tests = 1, .Items = 300, .PerCategory = 300});
+  GroupLab lab({.Tests = 1, .Items = 300, .PerCategory = 300});
   lab.Put(1, Sequence(150));
   lab.Put(2, Sequence(150, 0, 151));
   lab.Plan(2);
@@ -209,7 +209,7 @@ TEST(CombinedMaster, AnOverflowIsTheGroups) {
 }
 
 TEST(SavedOrders, FitOrAreIgnored) {
-  Lab lab({.Items = 4, .PerCategory = 2, .Lures = true});
+  GroupLab lab({.Items = 4, .PerCategory = 2, .Lures = true});
   Disk& disk = lab.OfFiles;
   const std::string items = "C:\\Data\\AB Serial Order.dat";
   EXPECT_EQ(FirstSerialOrder(lab.Project), (SerialOrder{1, 3, 2, 4})) << "lures last";

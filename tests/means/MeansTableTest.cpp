@@ -119,13 +119,13 @@ TEST(MasterTable, TheProjectsVariablesAreKnownWhateverTheirNames) {
   EXPECT_FALSE(ParseMaster(" Lure(Test# 1 Lure# 1), Lure(Test# 1 Lure# 2)\n", "", &project)->HasSubjects);
 }
 
-constexpr const char* kMaster =
+constexpr const char* kMasterText =
     "Sub ID's, Dose, Sex, Net(Test 1), ArcScore(Test 1)\r\n"
     "1,  10,  2,  1,  0\r\n2,  2,  1,  5,  .5\r\n3,  10,  2,  3,  .25\r\n4,  2,  3,  5,  0\r\n5,  XXXXXXX,  1,  5,  "
     "0\r\n";
 
 TEST(MeansTable, ARowPerCombinationAndTheTotal) {
-  auto table = ParseMaster(kMaster, "").value_or(MasterTable{});
+  auto table = ParseMaster(kMasterText, "").value_or(MasterTable{});
   ASSERT_EQ(table.RowCount(), 5U);
   table.Uncomputed[1] = table.Uncomputed[7] = true;  // ArcScore of subjects 1 and 4
   ProjectParameters project = MakeProject({.Variables = {"Sex", "Dose"}});

@@ -14,7 +14,7 @@ namespace {
 
 const std::string kOld = "C:\\Old\\Param";  // registered in every case but the first run
 const std::string kMoved = "'Param' directory successfully moved!";
-const std::string kCreated = "'Param' directory successfully created.";
+const std::string kParamCreated = "'Param' directory successfully created.";
 const std::string kUndeleted = "ZOVA could not delete the old directory.";
 
 const ExpectedBox kNotFound = Told("Path not found.  Please verify that the correct disk is in the drive.");
@@ -89,8 +89,8 @@ TEST(ParamLocation, Accepts) {
       {lost, "", "D:\\F", {Restore(BoxAnswer::No)}, "'Param' directory successfully registered.", lost},
       {lost, "", "D:\\F", {Restore(BoxAnswer::Yes)}, kMoved, kOld},
       {lost, "D:\\Used\\Param\\x", "D:\\Used", {Restore(BoxAnswer::Yes), inUse}, "", "", true},
-      {lost, "", "C:\\Old", {}, kCreated, kOld},
-      {"", "", "C:\\", {}, kCreated, "C:\\Param"},
+      {lost, "", "C:\\Old", {}, kParamCreated, kOld},
+      {"", "", "C:\\", {}, kParamCreated, "C:\\Param"},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.Text + " with " + c.Extra);
@@ -112,11 +112,11 @@ TEST(ParamLocation, Accepts) {
     EXPECT_TRUE(!c.Place.empty() || rig.Snapshot() == before);
     if (!outcome.Message) continue;
     EXPECT_EQ(outcome.Message->Icon, c.Message == kUndeleted ? BoxIcon::Exclamation : BoxIcon::Information);
-    EXPECT_EQ(rig.IsWhole(c.Place), c.Message != kCreated);
+    EXPECT_EQ(rig.IsWhole(c.Place), c.Message != kParamCreated);
     if (c.Message == kMoved) {
       EXPECT_FALSE(rig.Has(c.From));
     }
-    EXPECT_EQ(rig.Has(c.Place + "\\Example.prm"), c.Message == kCreated);
+    EXPECT_EQ(rig.Has(c.Place + "\\Example.prm"), c.Message == kParamCreated);
     EXPECT_EQ(other.Acquire(rig.Native(c.Place)), DirectoryLock::Outcome::InUse);
   }
 }

@@ -9,7 +9,7 @@ using namespace zova::testing;
 
 namespace {
 
-const BoxTable kBoxes = {
+const BoxTable kGridBoxes = {
     {"item", Told("The entered number was out of item range.")},
     {"minute", Told("The entered number was out of minute range.")},
     {"rating", Told("The entered number was out of the rating range.")},
@@ -32,7 +32,7 @@ const BoxTable kBoxes = {
 }  // namespace
 
 TEST(EntryGrid, TakesOneCell) {
-  ExpectAll(kBoxes,
+  ExpectAll(kGridBoxes,
             {"mr1; ; 3e4e5e; 3/4/5; @2,1*", "mr1; ; 5e; 5; @1,2*", "mr1; 2; 6e; 2; @1,1 b; item",
              "mr1; 2; 65537e; 2; @1,1 b; item", "mr1; 2; 99999999999999999999e; 2; @1,1 b; item", "mr1; 2; e; 2; @1,1",
              "mr1; ; a3.,e; 3; @1,2*", "mr1; 2/4; 2e; 2/4; @1,2", "mr1; 2/4; 00e; 0/4; @1,2*", "mr1; ; r9e; 0/9; @1,3*",
@@ -42,24 +42,25 @@ TEST(EntryGrid, TakesOneCell) {
 }
 
 TEST(EntryGrid, MovesOn) {
-  ExpectAll(kBoxes, {"mrS1; ; 3e; 3; @1,3*", "mrS2; ; 3e; 3; @2,1*", "mrS3; ; 3e; 3; @2,1*", "mS1; ; 3e; 3; @2,1*",
-                     "r1; ; 3e; 3; @1,3*", "1; ; 3e; 3; @2,1*", "mr2; ; r3e; 0/3; @2,1*", "mr3; ; r3e; 0/3; @1,3*",
-                     "1; ; dddd3e; 0 0 0 0 3; @5,1*", "m1; ; ddddr3e; 0 0 0 0 0/3; @5,1*",
-                     "mr1; ; ddddrr3e; 0 0 0 0 0/0/3; @5,3*", "mr1; ; 3e; 3; @1,2*"});
+  ExpectAll(kGridBoxes, {"mrS1; ; 3e; 3; @1,3*", "mrS2; ; 3e; 3; @2,1*", "mrS3; ; 3e; 3; @2,1*", "mS1; ; 3e; 3; @2,1*",
+                         "r1; ; 3e; 3; @1,3*", "1; ; 3e; 3; @2,1*", "mr2; ; r3e; 0/3; @2,1*", "mr3; ; r3e; 0/3; @1,3*",
+                         "1; ; dddd3e; 0 0 0 0 3; @5,1*", "m1; ; ddddr3e; 0 0 0 0 0/3; @5,1*",
+                         "mr1; ; ddddrr3e; 0 0 0 0 0/0/3; @5,3*", "mr1; ; 3e; 3; @1,2*"});
 }
 
 TEST(EntryGrid, LooksForTheNextBlank) {
-  ExpectAll(kBoxes, {"mrB1; ; 3e; 3; @1,2*", "mrB1; 0/0/5; 3e4e; 3/4/5; @2,1*",
-                     "mrB1; 0/4/5 1/1/1 1/1; 3e; 3/4/5 1/1/1 1/1; @3,3*", "mrB2; 0/4 1/1 1/1; 3e; 3/4 1/1 1/1; @4,1*",
-                     "mrB3; 0/4; 3e; 3/4; @1,3*", "rB1; 0/0/5 1; 3e; 3/0/5 1; @2,3*", "mrBS1; ; 3e; 3; @1,2*",
-                     "mrB1; ; d1e; 0 1; @2,2*", "B1; 0 1 1 1; 3e2e; 3 1 1 1 2; @5,1*; last line",
-                     "mrB1; 0/4/5 1/1/1 1/1/1 1/1/1; 3e2e; 3/4/5 1/1/1 1/1/1 1/1/1 2; @5,2*; last line",
-                     "mrB1; ; dddd2e; 0 0 0 0 2; @5,1*; last line", "mrB1; ; 6e; ; @1,1 b; item"});
+  ExpectAll(
+      kGridBoxes,
+      {"mrB1; ; 3e; 3; @1,2*", "mrB1; 0/0/5; 3e4e; 3/4/5; @2,1*", "mrB1; 0/4/5 1/1/1 1/1; 3e; 3/4/5 1/1/1 1/1; @3,3*",
+       "mrB2; 0/4 1/1 1/1; 3e; 3/4 1/1 1/1; @4,1*", "mrB3; 0/4; 3e; 3/4; @1,3*", "rB1; 0/0/5 1; 3e; 3/0/5 1; @2,3*",
+       "mrBS1; ; 3e; 3; @1,2*", "mrB1; ; d1e; 0 1; @2,2*", "B1; 0 1 1 1; 3e2e; 3 1 1 1 2; @5,1*; last line",
+       "mrB1; 0/4/5 1/1/1 1/1/1 1/1/1; 3e2e; 3/4/5 1/1/1 1/1/1 1/1/1 2; @5,2*; last line",
+       "mrB1; ; dddd2e; 0 0 0 0 2; @5,1*; last line", "mrB1; ; 6e; ; @1,1 b; item"});
 }
 
 TEST(EntryGrid, MovesAndSelects) {
   ExpectAll(
-      kBoxes,
+      kGridBoxes,
       {"mr1; ; ul; ; @1,1",     "1; ; ddddddrrr; ; @5,3", "1; ; rrddlu; ; @2,2",      "1; ; 5dr; ; @1,1 '5'",
        "1; ; 5t3T; 5 3; @1,1*", "mr1; ; 4c; 4; @5,3*",    "1; ; DD; ; @3,1-1,1",      "1; ; ddrrUUULLLL; ; @1,1-3,3",
        "1; ; DDDU; ; @3,1-1,1", "1; ; DDd; ; @4,1",       "1; ; drDRl; ; @3,2",       "mr1; ; tttt; ; @2,2",
@@ -68,44 +69,44 @@ TEST(EntryGrid, MovesAndSelects) {
 }
 
 TEST(EntryGrid, FillsABlockOfOneColumn) {
-  ExpectAll(kBoxes, {"mr1; 1/1 2 3 4; rDD4e; 1/4 2/4 3/4 4; @3,2-1,2*", "mr1; 1/1 2/2; rD0e; 1 2; @2,2-1,2*",
-                     "mr1; 1/4 2/4; rD4e; 1/4 2/4; @2,2-1,2", "mrB1; ; ddrrU7e; 0 0/0/7 0/0/7; @2,3-3,3*",
-                     "mr2; ; rrD1e; ; @2,3-1,3 b; block", "mr3; ; rrD1e; ; @2,3-1,3 b; block",
-                     "r1; ; rD1e; ; @2,2-1,2 b; no minutes", "m1; ; rrD8e; ; @2,3-1,3 b; no block",
-                     "mr1; ; rD10e; ; @2,2-1,2 b; minute", "mr1; ; rrD8e; ; @2,3-1,3 b; rating",
-                     "mr1; ; D1e; ; @2,1-1,1 b; fill", "mr1; ; De; ; @2,1-1,1", "mr1; ; Re; ; @1,2-1,1 b",
-                     "mr1; ; RD4e; ; @2,2-1,1 '4' b"});
+  ExpectAll(kGridBoxes, {"mr1; 1/1 2 3 4; rDD4e; 1/4 2/4 3/4 4; @3,2-1,2*", "mr1; 1/1 2/2; rD0e; 1 2; @2,2-1,2*",
+                         "mr1; 1/4 2/4; rD4e; 1/4 2/4; @2,2-1,2", "mrB1; ; ddrrU7e; 0 0/0/7 0/0/7; @2,3-3,3*",
+                         "mr2; ; rrD1e; ; @2,3-1,3 b; block", "mr3; ; rrD1e; ; @2,3-1,3 b; block",
+                         "r1; ; rD1e; ; @2,2-1,2 b; no minutes", "m1; ; rrD8e; ; @2,3-1,3 b; no block",
+                         "mr1; ; rD10e; ; @2,2-1,2 b; minute", "mr1; ; rrD8e; ; @2,3-1,3 b; rating",
+                         "mr1; ; D1e; ; @2,1-1,1 b; fill", "mr1; ; De; ; @2,1-1,1", "mr1; ; Re; ; @1,2-1,1 b",
+                         "mr1; ; RD4e; ; @2,2-1,1 '4' b"});
 }
 
 TEST(EntryGrid, InsertsDeletesAndBumps) {
-  ExpectAll(kBoxes, {"mr1; 1/1/1 2/2 3; dri; 1/1/1 0 2/2 3; @2,2*",
-                     "mr1; 1 2 3; dDDi; 1 0 2 3; @2,1*",
-                     "mr1; 1 2; ddi; 1 2; @3,1",
-                     "mr1; 1 2 3 4 5/1; i; 1 2 3 4 5/1; @1,1; loss?N",
-                     "mr1; 1 2 3 4 5/1; ddddi; 1 2 3 4; @5,1*; loss?Y",
-                     "mr1; 1/1 2 3/3 4; drx; 1/1 3/3 4; @2,2*",
-                     "mr1; 1 2 3 4 5; ddUUx; 4 5; @1,1*",
-                     "mr1; 1; ddDx; 1; @3,1",
-                     "l1; 1; DDDDDDDDDx; ; @1,1*",
-                     "l1; 1; DDDDDDDDDDx; 1; @11,1-1,1; over 10?N",
-                     "l1; 1; DDDDDDDDDDx; ; @1,1*; over 10?Y",
-                     "m1; 1/9 2/1 3; rDD+; 1/9 2/2 3/1; @3,2-1,2*",
-                     "m1; 1/9 2/1 3; rDD-; 1/8 2 3; @3,2-1,2*",
-                     "m1; 1; r-; 1; @1,2*",
-                     "m1; 1/32767 2; rD+; 1/32767 2/1; @2,2-1,2*",
-                     "m1; 1/32767; r-; 1/32766; @1,2*",
-                     "m1; 1 2 3 4 5; ddddx; 1 2 3 4; @5,1*",
-                     "m1; 1/1; +; 1/1; @1,1 b; only minutes.",
-                     "m1; 1/1; -; 1/1; @1,1 b; only minutes",
-                     "m1; 1/1; R+; 1/1; @1,2-1,1 b; only minutes.",
-                     "r1; 1; r+; 1; @1,2"});
+  ExpectAll(kGridBoxes, {"mr1; 1/1/1 2/2 3; dri; 1/1/1 0 2/2 3; @2,2*",
+                         "mr1; 1 2 3; dDDi; 1 0 2 3; @2,1*",
+                         "mr1; 1 2; ddi; 1 2; @3,1",
+                         "mr1; 1 2 3 4 5/1; i; 1 2 3 4 5/1; @1,1; loss?N",
+                         "mr1; 1 2 3 4 5/1; ddddi; 1 2 3 4; @5,1*; loss?Y",
+                         "mr1; 1/1 2 3/3 4; drx; 1/1 3/3 4; @2,2*",
+                         "mr1; 1 2 3 4 5; ddUUx; 4 5; @1,1*",
+                         "mr1; 1; ddDx; 1; @3,1",
+                         "l1; 1; DDDDDDDDDx; ; @1,1*",
+                         "l1; 1; DDDDDDDDDDx; 1; @11,1-1,1; over 10?N",
+                         "l1; 1; DDDDDDDDDDx; ; @1,1*; over 10?Y",
+                         "m1; 1/9 2/1 3; rDD+; 1/9 2/2 3/1; @3,2-1,2*",
+                         "m1; 1/9 2/1 3; rDD-; 1/8 2 3; @3,2-1,2*",
+                         "m1; 1; r-; 1; @1,2*",
+                         "m1; 1/32767 2; rD+; 1/32767 2/1; @2,2-1,2*",
+                         "m1; 1/32767; r-; 1/32766; @1,2*",
+                         "m1; 1 2 3 4 5; ddddx; 1 2 3 4; @5,1*",
+                         "m1; 1/1; +; 1/1; @1,1 b; only minutes.",
+                         "m1; 1/1; -; 1/1; @1,1 b; only minutes",
+                         "m1; 1/1; R+; 1/1; @1,2-1,1 b; only minutes.",
+                         "r1; 1; r+; 1; @1,2"});
 }
 
 TEST(EntryGrid, UndoesAndRedoesWhereItHappened) {
-  ExpectAll(kBoxes, {"mr1; ; 3e4ez; 3; @1,2*", "mr1; ; 3e4ezz; ; @1,1*", "mr1; ; 3e4ezzyyy; 3/4; @1,2*",
-                     "mr1; ; 3ez5ey; 5; @1,2*", "mr1; 3; zy; 3; @1,1", "mr1; ; 3ez0ey; 3; @1,1*",
-                     "mr1; 1/2; 2ez2e3ez; 2/2; @1,2*", "mr1; 1 2 3 4 5; dDxz; 1 2 3 4 5; @2,1*",
-                     "mr1; ; 3en4ezz; ; @1,1*", "mr1; ; 3en4ezzyy; 4; @1,1*"});
+  ExpectAll(kGridBoxes, {"mr1; ; 3e4ez; 3; @1,2*", "mr1; ; 3e4ezz; ; @1,1*", "mr1; ; 3e4ezzyyy; 3/4; @1,2*",
+                         "mr1; ; 3ez5ey; 5; @1,2*", "mr1; 3; zy; 3; @1,1", "mr1; ; 3ez0ey; 3; @1,1*",
+                         "mr1; 1/2; 2ez2e3ez; 2/2; @1,2*", "mr1; 1 2 3 4 5; dDxz; 1 2 3 4 5; @2,1*",
+                         "mr1; ; 3en4ezz; ; @1,1*", "mr1; ; 3en4ezzyy; 4; @1,1*"});
 }
 
 TEST(EntryGrid, CopiesAndPastesWhole) {
@@ -149,7 +150,7 @@ TEST(EntryGrid, TakesAPasteWholeOrNamesItsFirstFault) {
     ScriptedBoxes boxes;
     const bool isFault = !expected.ends_with(' ');
     if (isFault) {
-      ExpectedBox box = kBoxes.at(expected.substr(2));
+      ExpectedBox box = kGridBoxes.at(expected.substr(2));
       box.Details = "Line " + expected.substr(0, 1) + " of the pasted data.";
       boxes.Expect(box);
     }

@@ -16,9 +16,8 @@ namespace zova {
 
 namespace {
 
-constexpr int kLegendPages = 4;    // maximum height of the legend in figure heights
-constexpr double kLongWord = 10;   // in letters: what is not parted
-constexpr double kLittle = 0.001;  // stretch of a row that stays at its minimum
+constexpr int kLegendPages = 4;   // maximum height of the legend in figure heights
+constexpr double kLongWord = 10;  // in letters: what is not parted
 
 // Adds half a step at both ends of the axis, or the width of a symbol if steps are small.
 void FitRange(QCustomPlot& plot, const PlotPicture& picture, double fontSize) {

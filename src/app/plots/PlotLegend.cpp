@@ -9,8 +9,6 @@ namespace zova {
 
 namespace {
 
-constexpr double kLittle = 0.001;  // stretch of a cell that stays at its minimum
-
 // Over all items, since all columns are as wide as the widest item.
 QSize LargestItem(const QCPLegend& legend) {
   QSize largest(1, 1);

@@ -5,6 +5,9 @@
 
 namespace zova {
 
+/// The stretch of a row or column that stays at its minimum.
+inline constexpr double kLittle = 0.001;
+
 /// The names of the lines of a plot: beside the axes, at the top, if they fit in one column and leave two thirds of the
 /// width, else below the axes in as many columns as fit. Sizes are in layout pixels.
 class PlotLegend {

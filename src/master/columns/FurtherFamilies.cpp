@@ -11,9 +11,6 @@ namespace zova {
 
 namespace {
 
-constexpr MeasureShape kTest = {"(Test %)", MeasureAxis::Test};
-constexpr MeasureShape kTestPair = {"(Test % to %)", MeasureAxis::TestPair, 2};
-constexpr MeasureShape kBothTests = {"(Tests % and %)", MeasureAxis::TestPair, 2};
 constexpr MeasureShape kFirstToLast = {"(Test % to %)", MeasureAxis::TestPair, 2, false, true};
 constexpr MeasureShape kFirstToLaterLast = {"(Test % to %)", MeasureAxis::TestPair, 3, false, true};
 constexpr MeasureShape kAllTests = {"(Tests % to %)", MeasureAxis::TestPair, 2, false, true};
@@ -78,14 +75,14 @@ constexpr std::string_view kHogan =
 constexpr std::string_view kKahana =
     "Kahana, M. J. (1996). Associative retrieval processes in free recall. Memory & Cognition, 24, 103-109.";
 
-constexpr FurtherFamily kFamilies[] = {
-    {"Proportion", kTest, FurtherGroup::Amount, Needs::Nothing, &OfTest<&FurtherTest::Proportion>,
+constexpr FurtherFamily kFurtherFamilies[] = {
+    {"Proportion", kTestShape, FurtherGroup::Amount, Needs::Nothing, &OfTest<&FurtherTest::Proportion>,
      "Proportion recalled", "share of items", "r / N: items recalled, each once, of the items studied.", ""},
-    {"Repeats", kTest, FurtherGroup::Amount, Needs::Nothing, &OfTest<&FurtherTest::Repeats>, "Repeats", "entries",
+    {"Repeats", kTestShape, FurtherGroup::Amount, Needs::Nothing, &OfTest<&FurtherTest::Repeats>, "Repeats", "entries",
      "Entries of studied items beyond an item's first.", ""},
-    {"Intrusions", kTest, FurtherGroup::Amount, Needs::Nothing, &OfTest<&FurtherTest::Intrusions>, "Intrusions",
+    {"Intrusions", kTestShape, FurtherGroup::Amount, Needs::Nothing, &OfTest<&FurtherTest::Intrusions>, "Intrusions",
      "responses", "Responses that are no item of the list.", ""},
-    {"Cumulative", kTest, FurtherGroup::Amount, Needs::Nothing, &OfTest<&FurtherTest::Cumulative>,
+    {"Cumulative", kTestShape, FurtherGroup::Amount, Needs::Nothing, &OfTest<&FurtherTest::Cumulative>,
      "Cumulative recall over tests", "items", "Items recalled on at least one of the tests 1 to t.", kBecker},
     {"NetChange", kFirstToLast, FurtherGroup::Amount, Needs::SeveralTests, &OfSubject<&FurtherScores::NetChange>,
      "Change from the first test to the last", "items", "r on test T - r on test 1.", kBecker},
@@ -93,43 +90,44 @@ constexpr FurtherFamily kFamilies[] = {
      "Gains between tests", "items", "Items recalled on test T and not on test 1.", kBecker},
     {"Losses", kFirstToLaterLast, FurtherGroup::Amount, Needs::SeveralTests, &OfSubject<&FurtherScores::Losses>,
      "Losses between tests", "items", "Items recalled on test 1 and not on test T.", kBecker},
-    {"GainRate", kTestPair, FurtherGroup::Amount, Needs::SeveralTests, &OfPair<&FurtherPair::GainRate>, "Rate of gains",
-     "share of items", "Gains / items not recalled on the test before.", ""},
-    {"LossRate", kTestPair, FurtherGroup::Amount, Needs::SeveralTests, &OfPair<&FurtherPair::LossRate>,
+    {"GainRate", kTestPairShape, FurtherGroup::Amount, Needs::SeveralTests, &OfPair<&FurtherPair::GainRate>,
+     "Rate of gains", "share of items", "Gains / items not recalled on the test before.", ""},
+    {"LossRate", kTestPairShape, FurtherGroup::Amount, Needs::SeveralTests, &OfPair<&FurtherPair::LossRate>,
      "Rate of losses", "share of items", "Losses / items recalled on the test before.", ""},
-    {"RR", kTest, FurtherGroup::Clustering, Needs::Categories, &OfTest<&FurtherTest::RepetitionRatio>,
+    {"RR", kTestShape, FurtherGroup::Clustering, Needs::Categories, &OfTest<&FurtherTest::RepetitionRatio>,
      "Repetition ratio", "", "R / (r - 1).", kCohen},
-    {"MRR", kTest, FurtherGroup::Clustering, Needs::Categories, &OfTest<&FurtherTest::ModifiedRatio>,
+    {"MRR", kTestShape, FurtherGroup::Clustering, Needs::Categories, &OfTest<&FurtherTest::ModifiedRatio>,
      "Modified repetition ratio", "", "R / (r - k).", kBower},
-    {"Deviation", kTest, FurtherGroup::Clustering, Needs::Categories, &OfTest<&FurtherTest::Deviation>,
+    {"Deviation", kTestShape, FurtherGroup::Clustering, Needs::Categories, &OfTest<&FurtherTest::Deviation>,
      "Deviation of repetitions from chance", "pairs", "R - E, with E = sum of n_c squared / r - 1.", kBousfield},
-    {"Z", kTest, FurtherGroup::Clustering, Needs::Categories, &OfTest<&FurtherTest::ZScore>, "Z of clustering", "",
+    {"Z", kTestShape, FurtherGroup::Clustering, Needs::Categories, &OfTest<&FurtherTest::ZScore>, "Z of clustering", "",
      "(R - E) / sqrt V, with V = [S2 (S2 + r(r+1)) - 2 r S3 - r^3] / [r^2 (r-1)], S2 and S3 the sums of n_c squared "
      "and cubed.",
      kFrankel},
-    {"LBC", kTest, FurtherGroup::Clustering, Needs::Categories, &OfTest<&FurtherTest::ListBased>,
+    {"LBC", kTestShape, FurtherGroup::Clustering, Needs::Categories, &OfTest<&FurtherTest::ListBased>,
      "List-based clustering", "pairs", "R - (r - 1)(m - 1) / (N - 1).", kStricker},
-    {"CategoryCRP", kTest, FurtherGroup::Clustering, Needs::Categories, &OfTest<&FurtherTest::CategoryCrp>,
+    {"CategoryCRP", kTestShape, FurtherGroup::Clustering, Needs::Categories, &OfTest<&FurtherTest::CategoryCrp>,
      "Conditional probability of staying in the category", "",
      "Transitions within a category / transitions at which an unrecalled item of that category was left.", kPolyn},
-    {"ForwardItr", kBothTests, FurtherGroup::Organization, Needs::SeveralTests, &OfPair<&FurtherPair::ForwardItr>,
+    {"ForwardItr", kBothTestsShape, FurtherGroup::Organization, Needs::SeveralTests, &OfPair<&FurtherPair::ForwardItr>,
      "Inter-test repetition in the same order", "pairs",
      "Ordered pairs repeated - c(c-1) / (hq), for lists of h and q items, c of them common.", kBousfield},
-    {"PairsRepeated", kBothTests, FurtherGroup::Organization, Needs::SeveralTests, &OfPair<&FurtherPair::PairsRepeated>,
-     "Pairs repeated", "pairs", "O, pairs of neighbours repeated in either order.", kSternberg},
-    {"PairsExpected", kBothTests, FurtherGroup::Organization, Needs::SeveralTests, &OfPair<&FurtherPair::PairsExpected>,
-     "Pairs repeated by chance", "pairs", "2c(c-1) / (hq); PairsRepeated - PairsExpected is the pair frequency.",
-     kSternberg},
+    {"PairsRepeated", kBothTestsShape, FurtherGroup::Organization, Needs::SeveralTests,
+     &OfPair<&FurtherPair::PairsRepeated>, "Pairs repeated", "pairs",
+     "O, pairs of neighbours repeated in either order.", kSternberg},
+    {"PairsExpected", kBothTestsShape, FurtherGroup::Organization, Needs::SeveralTests,
+     &OfPair<&FurtherPair::PairsExpected>, "Pairs repeated by chance", "pairs",
+     "2c(c-1) / (hq); PairsRepeated - PairsExpected is the pair frequency.", kSternberg},
     {"SubjectiveOrganization", kAllTests, FurtherGroup::Organization, Needs::SeveralTests,
      &OfSubject<&FurtherScores::SubjectiveOrganization>, "Subjective organization", "",
      "Sum of n_ij log n_ij / sum of n_i log n_i over the successive pairs of all tests; n_i is the sum of n_ij.",
      kTulving},
-    {"SharedOrganization", kTest, FurtherGroup::Organization, Needs::Nothing, nullptr, "Shared organization", "pairs",
-     "Mean pair frequency over all pairs of a group's members.", kCongleton, FurtherFamily::OfGroups},
-    {"FirstPosition", kTest, FurtherGroup::Serial, Needs::Nothing, &OfTest<&FurtherTest::FirstPosition>,
+    {"SharedOrganization", kTestShape, FurtherGroup::Organization, Needs::Nothing, nullptr, "Shared organization",
+     "pairs", "Mean pair frequency over all pairs of a group's members.", kCongleton, FurtherFamily::OfGroups},
+    {"FirstPosition", kTestShape, FurtherGroup::Serial, Needs::Nothing, &OfTest<&FurtherTest::FirstPosition>,
      "Study position of the first recall", "", "Study position of the first item recalled.", kHogan,
      FurtherFamily::Serial},
-    {"TemporalFactor", kTest, FurtherGroup::Serial, Needs::Nothing, &OfTest<&FurtherTest::TemporalFactor>,
+    {"TemporalFactor", kTestShape, FurtherGroup::Serial, Needs::Nothing, &OfTest<&FurtherTest::TemporalFactor>,
      "Temporal factor", "",
      "Mean percentile rank of -|lag| of each transition among those still possible, ties averaged, (rank - 1) / (n - "
      "1); .5 is chance.",
@@ -142,9 +140,9 @@ constexpr FurtherFamily kFamilies[] = {
     {"FirstRecall", kPositionOfTest, FurtherGroup::Serial, Needs::Nothing, &OfPositions<&FurtherScores::FirstRecalls>,
      "Probability of first recall", "share of subjects",
      "1 if the item studied i-th was recalled first, else 0; not of an empty list.", kHogan, FurtherFamily::Serial},
-    {"LureProportion", kTest, FurtherGroup::Lures, Needs::Lures, &OfTest<&FurtherTest::LureProportion>,
+    {"LureProportion", kTestShape, FurtherGroup::Lures, Needs::Lures, &OfTest<&FurtherTest::LureProportion>,
      "Proportion of lures recalled", "share of lures", "Lures recalled, each once, of all lures.", ""},
-    {"LureOutput", kTest, FurtherGroup::Lures, Needs::Lures, &OfTest<&FurtherTest::LureOutput>,
+    {"LureOutput", kTestShape, FurtherGroup::Lures, Needs::Lures, &OfTest<&FurtherTest::LureOutput>,
      "Output position of lures", "",
      "Mean of (place - 1) / (length - 1) of the lures recalled, in the list of first entries without intrusions.", ""},
 };
@@ -174,7 +172,7 @@ std::string_view FurtherGroupText(FurtherGroup group) {
   return "";
 }
 
-std::span<const FurtherFamily> AllFurtherFamilies() { return kFamilies; }
+std::span<const FurtherFamily> AllFurtherFamilies() { return kFurtherFamilies; }
 
 void AppendColumnName(std::string& out, const FurtherColumn& column) {
   out += column.Family->Stem;

@@ -88,6 +88,10 @@ struct MeasureShape {
   bool IsFirstToLast = false;   ///< that pair alone, of at least `FirstTest` tests
 };
 
+inline constexpr MeasureShape kTestShape = {"(Test %)", MeasureAxis::Test};
+inline constexpr MeasureShape kTestPairShape = {"(Test % to %)", MeasureAxis::TestPair, 2};
+inline constexpr MeasureShape kBothTestsShape = {"(Tests % and %)", MeasureAxis::TestPair, 2};
+
 /// The values of a family from `place` on: one value, all minutes or lures of a test, or all running minutes or
 /// patterns.
 using CountsAt = std::span<const std::int16_t> (*)(const ScoringArrays& scores, ColumnPlace place);

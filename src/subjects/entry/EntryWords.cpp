@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "text/Encoding.h"
+#include "text/LeadingNumber.h"
 #include "words/WordKey.h"
 
 namespace zova {
@@ -19,7 +20,7 @@ void EntryWords::Set(WordList list) {
 }
 
 bool EntryWords::IsWord(std::string_view text) const {
-  if (IsEmpty() || text.empty() || (text.front() >= '0' && text.front() <= '9')) return false;
+  if (IsEmpty() || text.empty() || IsDigit(text.front())) return false;
   return !WordKey(FirstCharacters(text, 1)).empty();
 }
 
