@@ -41,16 +41,14 @@ void AskNumbers(ImportDraft& draft) {
   }
   const ProjectParameters& project = draft.Context.Project;
   if (project.MinutesRecorded != 1 || draft.Options.Times) return;
-  if (survey.BrokenMinuteLine != 0) {
-    Ask(draft, "--times", "The minutes are no whole numbers.  Are they times, in seconds, milliseconds or minutes?",
-        {"s", "ms", "min"}, survey.BrokenMinuteLine);
-  } else if (survey.LargestMinute > project.MaxMinutes) {
-    Ask(draft, "--times",
-        "There are minutes up to " + std::to_string(survey.LargestMinute) + "; the project has " +
-            std::to_string(project.MaxMinutes) +
-            ".  Are they times, in seconds, milliseconds or minutes, or the numbers of minutes?",
-        {"s", "ms", "min", "number"}, survey.LargestMinuteLine);
-  }
+  const bool areBroken = survey.BrokenMinuteLine != 0;
+  if (!areBroken && survey.LargestMinute <= project.MaxMinutes) return;
+  const std::string found = areBroken ? "The minutes are no whole numbers."
+                                      : "There are minutes up to " + std::to_string(survey.LargestMinute) +
+                                            "; the project has " + std::to_string(project.MaxMinutes) + ".";
+  Ask(draft, "--times",
+      found + "  Are they times, in seconds, milliseconds or minutes, or numbers of minutes, of which some are wrong?",
+      {"s", "ms", "min", "number"}, areBroken ? survey.BrokenMinuteLine : survey.LargestMinuteLine);
 }
 
 std::size_t RowOfCase(const ImportPlan& plan, CaseKind kind) {

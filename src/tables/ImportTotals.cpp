@@ -2,6 +2,8 @@
 
 #include "tables/ImportTotals.h"
 
+#include <algorithm>
+
 #include "tables/SubjectBuilder.h"
 #include "text/Counted.h"
 
@@ -28,6 +30,9 @@ void AddColumns(const ImportDraft& draft, std::vector<ImportTotal>& totals) {
   }
   if (draft.Setup.Layout.Shape != TableShape::Long) {
     for (const ResponseColumn& response : draft.Setup.Layout.Responses) {
+      const bool hasRole =
+          std::count(columns.Roles.begin(), columns.Roles.end(), static_cast<int>(response.Column)) > 0;
+      if (hasRole) continue;
       totals.push_back({"column", 1, format.Names[response.Column], response.TestLabel,
                         response.IsCell ? "responses in cells" : "responses"});
     }

@@ -23,6 +23,7 @@ ListBuilder::ListBuilder(const TableSetup& setup, const TableSurvey& survey, con
       m_matcher(matcher),
       m_findings(findings),
       m_byPosition(options.Items == ItemsBy::Position),
+      m_repeats(KeptRepeats(options, setup)),
       m_hasItems(setup.Layout.Shape == TableShape::Long && setup.Columns.Has(ColumnRole::Item)) {}
 
 void ListBuilder::Report(CaseKind kind, const TableEntry& entry, int column, std::string text) {
@@ -177,7 +178,7 @@ void ListBuilder::Place(const TableEntry& entry, std::string_view text, const In
   const auto item = static_cast<std::size_t>(what.Item);
   if (m_isRecalled[item]) {
     ++counts.Repeats;
-    if (KeptRepeats(m_options, m_setup) == Repeats::First) return;
+    if (m_repeats == Repeats::First) return;
   }
   m_isRecalled[item] = true;
   ++sink.Length;

@@ -65,6 +65,7 @@ class ListBuilder {
   Interpreted Interpret(const TableEntry& entry, std::string_view text);
   Interpreted InterpretUnmatched(const TableEntry& entry, std::string_view text, const ResponseMatch& match);
   Interpreted Decide(const ListDecision& decision);
+  [[nodiscard]] const DecidedResponse* DecidedForAll(std::string_view text) const;
   [[nodiscard]] bool IsDecided(std::string_view text, const ResponseMatch& match) const;
   ListDecision DecisionFor(std::string_view text, const ResponseMatch& match);
   const ResponseMatch& Match(std::string_view text);
@@ -82,6 +83,7 @@ class ListBuilder {
   ResponseMatcher& m_matcher;
   ImportFindings& m_findings;
   bool m_byPosition;
+  Repeats m_repeats;
   bool m_hasItems;  // the table has a column of item numbers
 
   const SubjectRows* m_rows = nullptr;

@@ -159,10 +159,10 @@ std::optional<ResponseMatch> ListBuilder::MatchAsOne(const std::string& joined) 
 
 ListBuilder::Interpreted ListBuilder::InterpretNumber(std::string_view text) {
   const auto given = WholeNumber(text);
-  if (!given || IsNoNumber(text)) return {};
+  const bool fromZero = m_options.FirstItem.value_or(1) == 0;
+  if (!given || (*given == 0 && !fromZero)) return {};
   ImportCounts& counts = m_findings.Counts;
   ++counts.Recalls;
-  const bool fromZero = m_options.FirstItem.value_or(1) == 0;
   const int last = m_context.Project.ItemCount - (fromZero ? 1 : 0);
   if (*given < (fromZero ? 0 : 1) || *given > last) return {Outcome::Intrusion};
   const int item = *given + (fromZero ? 1 : 0);
@@ -190,9 +190,16 @@ ListBuilder::Interpreted ListBuilder::Interpret(const TableEntry& entry, std::st
   return InterpretUnmatched(entry, text, match);
 }
 
+// The project's numbers are those of its word list: they mean nothing by position.
+const DecidedResponse* ListBuilder::DecidedForAll(std::string_view text) const {
+  const DecidedResponse* const decided = m_context.Decided.Find(text);
+  const bool isOfWordList = decided != nullptr && decided->What.Kind == Verdict::Item && decided->File.empty();
+  return m_byPosition && isOfWordList ? nullptr : decided;
+}
+
 bool ListBuilder::IsDecided(std::string_view text, const ResponseMatch& match) const {
   const Responses& decided = m_context.Decided;
-  if (decided.Find(text) != nullptr) return true;
+  if (DecidedForAll(text) != nullptr) return true;
   if (!m_byPosition) return false;
   const std::string scope = ScopeOf(match);
   const TextMap<ListDecision>& known = m_matcher.ListDecisions();
@@ -204,7 +211,7 @@ bool ListBuilder::IsDecided(std::string_view text, const ResponseMatch& match) c
 // In position mode the first list with a response settles what its number means.
 ListDecision ListBuilder::DecisionFor(std::string_view text, const ResponseMatch& match) {
   const Responses& decided = m_context.Decided;
-  const DecidedResponse* const forAll = decided.Find(text);
+  const DecidedResponse* const forAll = DecidedForAll(text);
   if (!m_byPosition) return forAll == nullptr ? ListDecision{} : ListDecision{forAll->What, {}};
   const auto settle = [&](std::string_view scope, const DecidedResponse* given) {
     const auto [place, isNew] = m_matcher.ListDecisions().try_emplace(ResponsePlace(text, scope));

@@ -222,6 +222,8 @@ TEST(Import, ReadsNumbersByPositionInTheirLists) {
                            "c,1,study,1,apple\nc,1,study,2,dog\nc,1,study,3,trey\nc,1,recall,1,tre\n";
   ImportDesk desk({.Tests = 1, .Items = 3});
   desk.Words = {};
+  const std::string ofWordList = "response,item\r\ntre,1\r\n";
+  desk.Files.Put("C:\\Data\\AB Responses.csv", ofWordList);
   const auto draw = [&](const std::string& table, const std::string& decided) {
     ImportDraft draft = desk.Draft(table, {{"--items", "position"}, {"--others", "skip"}});
     desk.Files.Put("C:\\d.csv", decided);
@@ -243,7 +245,7 @@ TEST(Import, ReadsNumbersByPositionInTheirLists) {
   RefreshImport(desk.OfFiles, taken);
   desk.Run(taken);
   EXPECT_EQ(desk.Lists(), "a: 1 2; b: 2 1; c: 3");
-  EXPECT_FALSE(desk.Files.Has("C:\\Data\\AB Responses.csv")) << "numbers of lists mean nothing elsewhere";
+  EXPECT_EQ(desk.Files.Get("C:\\Data\\AB Responses.csv"), ofWordList) << "numbers of lists mean nothing elsewhere";
 }
 
 // Of a number and a word the number counts; a word without a number is matched.
