@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <string_view>
 #include <utility>
 
 namespace zova {
@@ -64,8 +65,10 @@ struct PlanSwitch {
   void (*Set)(ImportOptions& options, bool second);
 };
 
+constexpr std::string_view kItems = "--items";
+
 constexpr std::array<PlanSwitch, 6> kSwitches = {{
-    {"--items",
+    {kItems.data(),
      "Items are",
      {"the numbers of the word list", "positions in the study list"},
      [](const ImportDraft& d) { return d.Options.Items == ItemsBy::Position; },
@@ -124,6 +127,21 @@ constexpr std::array<AnswerName, 18> kAnswers = {{
     {"--ids", "number", "Number all subjects"},
 }};
 
+// The longer ones first.
+constexpr std::array<std::pair<std::string_view, std::string_view>, 9> kControls = {{
+    {"name one by --columns word=NAME, or the shape by --shape",
+     "highlight one and choose 'Word' under 'Used as', or choose another shape"},
+    {"name one by --columns subject=NAME", "highlight one and choose 'Subject' under 'Used as'"},
+    {"one of them, or --words", "one of them, or a word list (Open Words)"},
+    {"no word list; --items position needs none",
+     "no word list: 'Word List' in the menu Data makes one; 'Items are positions in the study list' needs none"},
+    {"--items position", "'Items are positions in the study list'"},
+    {"--order rows", "'Order of recall: That of the rows'"},
+    {"--ids number", "'Identifiers: Number the subjects'"},
+    {"--tests rank", "'Each subject's own, in order'"},
+    {"a part by --where", "a part by 'Only rows with'"},
+}};
+
 constexpr const char* kNoUse = "(none)";
 
 std::string ShownRole(ColumnRole role) {
@@ -171,10 +189,11 @@ void ChooseForTable(TableOptions& options, const std::string& name, int answer) 
   if (name == "--separator") options.Separator = ValueAt(Separators(), answer);
 }
 
-std::vector<ImportChoice> PlanChoices(const ImportDraft& draft) {
+std::vector<ImportChoice> PlanChoices(const ImportDraft& draft, bool isNew) {
   std::vector<ImportChoice> choices;
   choices.reserve(kSwitches.size() + 1);
   for (const PlanSwitch& choice : kSwitches) {
+    if (isNew && choice.Name != kItems) continue;
     choices.push_back({choice.Name, choice.Text, {choice.Answers[0], choice.Answers[1]}, choice.Get(draft) ? 1 : 0});
   }
   if (draft.Context.Project.MinutesRecorded == 1 && draft.Setup.Columns.Has(ColumnRole::Minute)) {
@@ -191,6 +210,15 @@ void ChooseForPlan(ImportOptions& options, const std::string& name, int answer) 
   for (const PlanSwitch& choice : kSwitches) {
     if (choice.Name == name) choice.Set(options, answer == 1);
   }
+}
+
+std::string OnScreen(std::string text) {
+  for (const auto& [option, control] : kControls) {
+    for (std::size_t at = text.find(option); at != std::string::npos; at = text.find(option, at + control.size())) {
+      text.replace(at, option.size(), control);
+    }
+  }
+  return text;
 }
 
 std::string AnswerText(const ImportQuestion& question, const std::string& answer) {

@@ -21,12 +21,16 @@ struct ImportChoice {
 std::vector<ImportChoice> TableChoices(const ImportDraft& draft);
 void ChooseForTable(TableOptions& options, const std::string& name, int answer);
 
-/// What the import does where the table leaves it open; each has a default.
-std::vector<ImportChoice> PlanChoices(const ImportDraft& draft);
+/// What the import does where the table leaves it open; each has a default. In a new project those alone that concern
+/// its items and minutes.
+std::vector<ImportChoice> PlanChoices(const ImportDraft& draft, bool isNew);
 void ChooseForPlan(ImportOptions& options, const std::string& name, int answer);
 
 /// An answer of zova-import's options as the screen shows it: "leave-out" with "--too-long" is "Leave them out".
 std::string AnswerText(const ImportQuestion& question, const std::string& answer);
+
+/// A text about a table with the controls of the screen in place of zova-import's options.
+std::string OnScreen(std::string text);
 
 /// The uses of a column: "(none)", the roles, the project's variables.
 std::vector<std::string> ColumnUses(const ProjectParameters& project);

@@ -3,12 +3,10 @@
 #include "session/ImportFlow.h"
 
 #include <algorithm>
-#include <array>
 #include <utility>
 
 #include "master/groups/SavedOrders.h"
 #include "platform/desktop/FileErrorBoxes.h"
-#include "platform/files/PathParts.h"
 #include "project/ProtectedFiles.h"
 #include "tables/ImportReport.h"
 #include "tables/ImportRun.h"
@@ -40,12 +38,20 @@ void ImportFlow::Show(Stage stage) {
   if (m_observer) m_observer();
 }
 
-void ImportFlow::Close() {
-  m_draft.reset();
+void ImportFlow::ForgetAnswers() {
   m_hasDecisions = false;
   m_asked.clear();
   m_answers.clear();
   m_choices.clear();
+  m_wordsFile.clear();
+  m_offers.clear();
+  m_review.Clear();
+  m_isNew = false;
+}
+
+void ImportFlow::Close() {
+  m_draft.reset();
+  ForgetAnswers();
   Show(Stage::Closed);
 }
 
@@ -67,8 +73,7 @@ bool ImportFlow::Draw(const std::string& table, const ImportOptions& options) {
 
 void ImportFlow::Open(const ProjectParameters& project) {
   m_project = &project;
-  m_asked.clear();
-  m_answers.clear();
+  ForgetAnswers();
   const auto table = AskTable();
   if (table && Draw(*table, {})) {
     Show(Stage::Table);
@@ -77,67 +82,29 @@ void ImportFlow::Open(const ProjectParameters& project) {
   }
 }
 
-void ImportFlow::OpenWithoutProject() {
-  m_project = nullptr;
-  Show(Stage::Project);
-}
-
-void ImportFlow::ChooseNew() {
-  const auto table = AskTable();
-  if (!table) return;
-  const bool isRead = WithRetry(m_platform.Boxes, [&] {
-    m_proposal = ProposeProject(m_platform.Files, DraftNewProject(m_platform.Files, *table, {}, {}));
-  });
-  if (!isRead) return;
-  if (!m_proposal.Fault.empty()) return Warn(m_platform.Boxes, m_proposal.Fault);
-  m_table = *table;
-  m_offers.assign(m_proposal.Variables.size(), false);
-  Show(Stage::Proposal);
-}
-
-ProjectParameters ImportFlow::TakeProposal() {
-  ProjectProposal proposal = m_proposal;
-  for (std::size_t offer = 0; offer < m_offers.size(); ++offer) {
-    if (m_offers[offer]) AddVariable(proposal, m_proposal.Variables[offer].Name);
-  }
-  m_isWaiting = true;
-  m_stage = Stage::Closed;
-  return proposal.Project;
-}
-
-// Another number of items than proposed has other words, which the user then opens as a word list.
-void ImportFlow::Resume(const ProjectParameters& project) {
-  m_isWaiting = false;
-  m_project = &project;
-  if (!m_proposal.Words.IsEmpty() && project.ItemCount == static_cast<int>(m_proposal.Words.Words.size())) {
-    WordList words = m_proposal.Words;
-    words.HasCategories = words.HasCategories && project.Categorized == 1 && FindWordFaults(words, project).empty();
-    const bool isSaved = WithRetry(m_platform.Boxes, [&] {
-      WriteCompanion(m_platform.Files, project, CompanionFile::Words, FormatWordList(words));
-    });
-    if (!isSaved) return Show(Stage::Closed);
-  }
-  Show(Draw(m_table, {}) ? Stage::Table : Stage::Closed);
-}
-
 bool ImportFlow::Refresh() {
   const BusyPointer busy(m_platform.Pointer);
   ++m_revision;
-  return WithRetry(m_platform.Boxes, [&] { RefreshImport(m_platform.Files, *m_draft); });
+  const auto refresh = m_isNew ? RefreshNewProject : RefreshImport;
+  return WithRetry(m_platform.Boxes, [&] { refresh(m_platform.Files, *m_draft); });
 }
 
 // A change that makes the table unreadable is reported and taken back.
 bool ImportFlow::Change(const std::function<void(ImportOptions&)>& change) {
   const ImportOptions before = m_draft->Options;
   change(m_draft->Options);
-  if (m_draft->Options == before || Refresh()) return true;
-  m_draft->Options = before;
-  Refresh();
-  return false;
+  const bool isRead = m_draft->Options == before || Refresh();
+  if (!isRead) {
+    m_draft->Options = before;
+    Refresh();
+  }
+  if (m_isNew) ListChoices();
+  return isRead;
 }
 
 void ImportFlow::ChooseHowRead(const std::string& name, int answer) {
   Change([&](ImportOptions& options) { ChooseForTable(options.Table, name, answer); });
+  if (m_isNew) Choose(name, answer);
 }
 
 void ImportFlow::ChooseUse(int column, int use) {
@@ -172,7 +139,7 @@ void ImportFlow::ListChoices() {
     }
     m_choices.push_back(std::move(choice));
   }
-  for (ImportChoice& choice : PlanChoices(*m_draft)) {
+  for (ImportChoice& choice : PlanChoices(*m_draft, m_isNew)) {
     const auto isAsked = [&](const ImportQuestion& question) { return NameOfQuestion(question) == choice.Name; };
     if (std::none_of(m_asked.begin(), m_asked.end(), isAsked)) m_choices.push_back(std::move(choice));
   }
@@ -219,14 +186,22 @@ void ImportFlow::Import() {
                                              : "The import was given up: " + written + " written.");
 }
 
-bool ImportFlow::CanGoBack() const { return m_stage == Stage::Review || m_stage == Stage::DryRun; }
+bool ImportFlow::CanGoBack() const {
+  return m_stage == Stage::Review || m_stage == Stage::DryRun || m_stage == Stage::Proposal ||
+         (m_stage == Stage::Table && m_isNew);
+}
 
 bool ImportFlow::CanGoNext() const {
-  return (m_stage == Stage::Table && m_draft->Setup.Columns.Faults.empty()) || m_stage == Stage::Review;
+  if (m_stage != Stage::Table) return m_stage == Stage::Review;
+  return m_draft->Setup.Columns.Faults.empty() && (!m_isNew || m_draft->Plan.Questions.empty());
 }
 
 void ImportFlow::Next() {
   if (!CanGoNext()) return;
+  if (m_isNew) {
+    if (Propose()) Show(Stage::Proposal);
+    return;
+  }
   if (m_stage == Stage::Table) {
     if (OpenReview()) return Show(Stage::Review);
   } else if (!TakeDecisions()) {
@@ -238,6 +213,11 @@ void ImportFlow::Next() {
 
 void ImportFlow::Back() {
   if (!CanGoBack()) return;
+  if (m_stage == Stage::Proposal) return Show(Stage::Table);
+  if (m_stage == Stage::Table) {
+    ForgetAnswers();
+    return OpenWithoutProject();
+  }
   if (m_stage == Stage::Review) {
     if (TakeDecisions()) Show(Stage::Table);
   } else {

@@ -16,8 +16,8 @@
 namespace zova {
 
 /// The screens of an import: which table and how it is read, the review of responses that are no words, the dry run,
-/// the writing; without an open project first which project. The session shows the screen; the observer notifies it of
-/// changes.
+/// the writing; without an open project first which project. A new one is proposed from the table's page, and defined
+/// in the wizard. The session shows the screen; the observer notifies it of changes.
 class ImportFlow {
  public:
   /// Project: an existing or a new one? Proposal: what a new one would be; the session then defines it in the wizard.
@@ -33,8 +33,10 @@ class ImportFlow {
   void OpenWithoutProject();
 
   // Project and Proposal
-  /// Asks for the table of a new project.
+  /// Asks for the table of a new project, and shows its page.
   void ChooseNew();
+  /// The table is that of a project that is not there yet.
+  [[nodiscard]] bool IsNew() const noexcept { return m_isNew; }
   [[nodiscard]] const ProjectProposal& Proposal() const noexcept { return m_proposal; }
   /// "6 tests, 24 items in 4 categories", and the notes.
   [[nodiscard]] std::string ProposalText() const;
@@ -44,7 +46,7 @@ class ImportFlow {
   ProjectParameters TakeProposal();
   [[nodiscard]] bool IsWaiting() const noexcept { return m_isWaiting; }
   /// The wizard was cancelled.
-  void Forget() noexcept { m_isWaiting = false; }
+  void Forget();
   /// Goes on with the table in the project that was defined: saves its word list first.
   void Resume(const ProjectParameters& project);
 
@@ -54,16 +56,23 @@ class ImportFlow {
   [[nodiscard]] std::string TableLine() const;
   /// Remarks on its columns, a line each.
   [[nodiscard]] std::string ColumnNotes() const;
-  [[nodiscard]] std::vector<ImportChoice> HowRead() const { return TableChoices(*m_draft); }
+  /// How it is read; for a new project also what that depends on.
+  [[nodiscard]] std::vector<ImportChoice> HowRead() const;
   void ChooseHowRead(const std::string& name, int answer);
   [[nodiscard]] int ColumnCount() const { return static_cast<int>(m_draft->Setup.Format.Names.size()); }
   [[nodiscard]] std::string ColumnName(int column) const;
   /// Its first values.
   [[nodiscard]] std::string ColumnSample(int column) const;
+  [[nodiscard]] std::vector<std::string> Uses() const;
   [[nodiscard]] int ColumnUse(int column) const;
   void ChooseUse(int column, int use);
   /// Only rows with this value in this column; an empty name takes all rows.
   void SetFilter(const std::string& column, const std::string& value);
+  /// Asks for the file with the words of a new project.
+  void ChooseWords();
+  [[nodiscard]] std::string WordsLine() const;
+  /// Why Next is off, or "".
+  [[nodiscard]] std::string TableTold() const;
 
   // Review
   ImportReview& Review() noexcept { return m_review; }
@@ -101,6 +110,8 @@ class ImportFlow {
   bool TakeDecisions();
   bool KeepDecisions();
   void Close();
+  void ForgetAnswers();
+  bool Propose();
 
   Platform m_platform;
   std::function<void()> m_observer;
@@ -115,7 +126,9 @@ class ImportFlow {
   std::vector<ImportTotal> m_totals;  // other than 0
   ProjectProposal m_proposal;
   std::vector<bool> m_offers;
-  std::string m_table;  // of a new project
+  ProjectParameters m_unmade;  // stands for a new project on the table's page
+  std::string m_wordsFile;     // of a new project
+  bool m_isNew = false;
   bool m_isWaiting = false;
   int m_revision = 0;
 };

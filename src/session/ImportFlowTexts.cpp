@@ -18,8 +18,8 @@ constexpr std::size_t kSampleValues = 5;
 }  // namespace
 
 std::string ImportFlow::ProposalText() const {
-  std::string text = std::string(LastPathComponent(m_table)) + ": " + ProjectSummary(m_proposal.Project);
-  for (const std::string& note : m_proposal.Notes) text += "\n" + note;
+  std::string text = std::string(LastPathComponent(m_draft->Setup.Path)) + ": " + ProjectSummary(m_proposal.Project);
+  for (const std::string& note : m_proposal.Notes) text += "\n" + OnScreen(note);
   return text;
 }
 
@@ -32,9 +32,27 @@ std::string ImportFlow::TableLine() const {
 std::string ImportFlow::ColumnNotes() const {
   std::string notes;
   for (const auto* list : {&m_draft->Setup.Columns.Faults, &m_draft->Setup.Columns.Notes}) {
-    for (const ColumnNote& note : *list) notes += (notes.empty() ? "" : "\n") + note.Text;
+    for (const ColumnNote& note : *list) notes += (notes.empty() ? "" : "\n") + OnScreen(note.Text);
   }
   return notes;
+}
+
+std::vector<ImportChoice> ImportFlow::HowRead() const {
+  std::vector<ImportChoice> choices = TableChoices(*m_draft);
+  if (m_isNew) choices.insert(choices.end(), m_choices.begin(), m_choices.end());
+  return choices;
+}
+
+std::string ImportFlow::WordsLine() const {
+  if (m_wordsFile.empty()) return "A table without study rows and item numbers needs the list of words:";
+  return "Word list: " + std::string(LastPathComponent(m_wordsFile)) + ", " +
+         Counted(m_draft->Context.Words.Words.size(), "word", "words");
+}
+
+std::string ImportFlow::TableTold() const {
+  if (m_stage != Stage::Table || !m_isNew || m_draft->Plan.Questions.empty()) return {};
+  const std::size_t open = m_draft->Plan.Questions.size();
+  return Counted(open, "question is", "questions are") + " open: please choose on the left";
 }
 
 std::string ImportFlow::ColumnName(int column) const {
@@ -57,6 +75,8 @@ std::string ImportFlow::ColumnSample(int column) const {
   return sample;
 }
 
+std::vector<std::string> ImportFlow::Uses() const { return ColumnUses(*m_project); }
+
 int ImportFlow::ColumnUse(int column) const {
   return m_draft ? UseOfColumn(m_draft->Setup.Columns, column, *m_project) : 0;
 }
@@ -76,8 +96,8 @@ std::string ImportFlow::DryRunText(int row, int column) const {
   if (!m_draft || row >= DryRunRows()) return {};
   if (index < m_totals.size()) {
     const ImportTotal& total = m_totals[index];
-    const std::array<std::string, 7> texts = {total.What, std::to_string(total.Count), "", total.Column, "", total.Test,
-                                              total.Text};
+    const std::array<std::string, 7> texts = {total.What, std::to_string(total.Count), "", total.Column, "",
+                                              total.Test, OnScreen(total.Text)};
     return texts.at(static_cast<std::size_t>(column));
   }
   const ImportCase& found = m_draft->Plan.Findings.Cases[index - m_totals.size()];
@@ -87,7 +107,7 @@ std::string ImportFlow::DryRunText(int row, int column) const {
                                             found.Column,
                                             found.Subject,
                                             found.Test,
-                                            found.Text};
+                                            OnScreen(found.Text)};
   return texts.at(static_cast<std::size_t>(column));
 }
 

@@ -100,9 +100,13 @@ void AskLevels(ImportDraft& draft, const std::array<std::size_t, kMaxVariables>&
 
 }  // namespace
 
-void AskQuestions(ImportDraft& draft, const std::array<std::size_t, kMaxVariables>& withoutLevel) {
+void AskAboutTable(ImportDraft& draft) {
   AskTests(draft);
   AskNumbers(draft);
+}
+
+void AskQuestions(ImportDraft& draft, const std::array<std::size_t, kMaxVariables>& withoutLevel) {
+  AskAboutTable(draft);
   AskLists(draft);
   AskLevels(draft, withoutLevel);
   const std::size_t unfinished = draft.Plan.CountOf(SubjectAction::Unfinished);

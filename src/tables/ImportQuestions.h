@@ -9,6 +9,10 @@
 
 namespace zova {
 
+/// Asks what the table leaves open before it is known which words its responses are: the tests, the first number, the
+/// unit of its minutes.
+void AskAboutTable(ImportDraft& draft);
+
 /// Asks what the table leaves undecided and no option answers. `withoutLevel` has the number of subjects without a
 /// level that fits, by variable.
 void AskQuestions(ImportDraft& draft, const std::array<std::size_t, kMaxVariables>& withoutLevel);

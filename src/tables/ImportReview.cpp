@@ -12,6 +12,8 @@ namespace zova {
 
 namespace {
 
+std::string PlaceOf(const OpenResponse& response) { return ResponsePlace(response.Response, response.Scope); }
+
 // Several nearest words are a tie, of which none is proposed.
 const NearItem* ProposalOf(const OpenResponse& response) {
   return response.Near.size() == 1 ? &response.Near.front() : nullptr;
@@ -42,6 +44,15 @@ void ImportReview::Open(const ImportPlan& plan, const ImportContext& context) {
   m_decided = context.Decided;
   m_words = context.Words;
   m_itemCount = context.Project.ItemCount;
+  m_places.clear();
+  for (std::size_t row = 0; row < m_rows.size(); ++row) m_places.emplace(PlaceOf(m_rows[row]), row);
+  ++m_revision;
+}
+
+void ImportReview::Clear() {
+  m_rows.clear();
+  m_places.clear();
+  m_first.clear();
   m_history.Clear();
   ++m_revision;
 }
@@ -86,10 +97,22 @@ std::size_t ImportReview::NearCount() const {
   return static_cast<std::size_t>(std::count_if(m_rows.begin(), m_rows.end(), IsTakenWithAll));
 }
 
+ImportReview::Change ImportReview::ChangeOf(std::size_t row, const Decision& decision) const {
+  return {PlaceOf(m_rows[row]), m_rows[row].Decided, decision};
+}
+
+// False when the response is in no row.
+bool ImportReview::SetDecision(const std::string& place, const std::optional<Decision>& decision) {
+  const auto row = m_places.find(place);
+  if (row == m_places.end()) return false;
+  m_rows[row->second].Decided = decision;
+  return true;
+}
+
 void ImportReview::Apply(std::vector<Change> changes) {
   std::erase_if(changes, [](const Change& change) { return change.Before == change.After; });
   if (changes.empty()) return;
-  for (const Change& change : changes) m_rows[change.Row].Decided = change.After;
+  for (const Change& change : changes) SetDecision(change.Place, change.After);
   m_history.Push(std::move(changes));
   ++m_revision;
 }
@@ -97,10 +120,7 @@ void ImportReview::Apply(std::vector<Change> changes) {
 void ImportReview::Decide(const std::vector<int>& rows, const Decision& decision) {
   std::vector<Change> changes;
   changes.reserve(rows.size());
-  for (const int row : rows) {
-    const auto index = static_cast<std::size_t>(row);
-    changes.push_back({index, m_rows[index].Decided, decision});
-  }
+  for (const int row : rows) changes.push_back(ChangeOf(static_cast<std::size_t>(row), decision));
   Apply(std::move(changes));
 }
 
@@ -110,8 +130,7 @@ bool ImportReview::TakeProposals(const std::vector<int>& rows) {
   for (const int row : rows) {
     const auto index = static_cast<std::size_t>(row);
     const NearItem* proposal = ProposalOf(m_rows[index]);
-    if (proposal == nullptr) continue;
-    changes.push_back({index, m_rows[index].Decided, Decision{Verdict::Item, proposal->Item}});
+    if (proposal != nullptr) changes.push_back(ChangeOf(index, {Verdict::Item, proposal->Item}));
   }
   const bool hasAny = !changes.empty();
   Apply(std::move(changes));
@@ -123,7 +142,7 @@ void ImportReview::TakeNear() {
   changes.reserve(m_rows.size());
   for (std::size_t row = 0; row < m_rows.size(); ++row) {
     if (!IsTakenWithAll(m_rows[row])) continue;
-    changes.push_back({row, std::nullopt, Decision{Verdict::Item, ProposalOf(m_rows[row])->Item}});
+    changes.push_back(ChangeOf(row, {Verdict::Item, ProposalOf(m_rows[row])->Item}));
   }
   Apply(std::move(changes));
 }
@@ -146,9 +165,10 @@ std::string ImportReview::Assign(const std::vector<int>& rows, const std::string
 }
 
 void ImportReview::Undo() {
-  const auto* step = m_history.Undo();
-  if (step == nullptr) return;
-  for (const Change& change : *step) m_rows[change.Row].Decided = change.Before;
+  bool hasChanged = false;
+  while (const auto* step = hasChanged ? nullptr : m_history.Undo()) {
+    for (const Change& change : *step) hasChanged = SetDecision(change.Place, change.Before) || hasChanged;
+  }
   ++m_revision;
 }
 
@@ -160,11 +180,20 @@ bool ImportReview::HasChanges() const {
 }
 
 Responses ImportReview::Decisions() const {
-  Responses decided = m_decided;
+  const auto decisionOn = [](const OpenResponse& row, const Decision& decision) {
+    return DecidedResponse{row.Response, decision, 0, row.Scope};
+  };
+  Responses reopened;
   for (std::size_t row = 0; row < m_rows.size(); ++row) {
-    if (m_rows[row].Decided && m_rows[row].Decided != m_first[row]) {
-      decided.Replace({m_rows[row].Response, *m_rows[row].Decided, 0, m_rows[row].Scope});
-    }
+    if (!m_rows[row].Decided && m_first[row]) reopened.Replace(decisionOn(m_rows[row], *m_first[row]));
+  }
+  Responses decided;
+  for (const DecidedResponse& known : m_decided.All()) {
+    if (reopened.Find(known.Response, known.Scope) == nullptr) decided.Replace(known);
+  }
+  for (std::size_t row = 0; row < m_rows.size(); ++row) {
+    const std::optional<Decision>& decision = m_rows[row].Decided;
+    if (decision && decision != m_first[row]) decided.Replace(decisionOn(m_rows[row], *decision));
   }
   return decided;
 }

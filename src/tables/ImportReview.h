@@ -20,8 +20,11 @@ class ImportReview {
   enum Column { ResponseColumn, CountColumn, ItemColumn, WordColumn, DistanceColumn, SubjectColumn };
   static constexpr int kColumns = 6;
 
-  /// Decisions of the project are those of `context`; the project's words give the words of items.
+  /// Decisions of the project are those of `context`; the project's words give the words of items. What was done since
+  /// Clear can still be undone.
   void Open(const ImportPlan& plan, const ImportContext& context);
+
+  void Clear();
 
   [[nodiscard]] int RowCount() const noexcept { return static_cast<int>(m_rows.size()); }
   [[nodiscard]] std::string Text(int row, int column) const;
@@ -53,15 +56,18 @@ class ImportReview {
 
  private:
   struct Change {
-    std::size_t Row;
+    std::string Place;  // ResponsePlace: planned again, the response may stand in another row
     std::optional<Decision> Before;
     std::optional<Decision> After;
   };
 
+  [[nodiscard]] Change ChangeOf(std::size_t row, const Decision& decision) const;
+  bool SetDecision(const std::string& place, const std::optional<Decision>& decision);
   void Apply(std::vector<Change> changes);
   [[nodiscard]] std::string WordOf(int item) const;
 
   std::vector<OpenResponse> m_rows;
+  TextMap<std::size_t> m_places;                 // of the rows, by ResponsePlace
   std::vector<std::optional<Decision>> m_first;  // when the review was opened
   Responses m_decided;
   WordList m_words;

@@ -3,12 +3,14 @@
 #include "tables/NewProjectFromTable.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <utility>
 
 #include "platform/desktop/FileErrorBoxes.h"
 #include "project/DirectoryRules.h"
 #include "project/ProjectFile.h"
 #include "project/ProjectLayout.h"
+#include "tables/ImportQuestions.h"
 #include "tables/ProposalItems.h"
 #include "tables/SubjectBuilder.h"
 #include "text/Counted.h"
@@ -52,13 +54,29 @@ void FindMinutesAndRatings(const ProposalSurvey& survey, const ImportDraft& draf
   }
 }
 
+// As of a project with as many tests as the table needs.
+void AskBeforeProposal(ImportDraft& draft) {
+  ProjectParameters& project = draft.Context.Project;
+  project.TestCount = static_cast<std::int16_t>(std::min<std::size_t>(draft.Survey.Labels.size(), kMaxTests));
+  project.MinutesRecorded = draft.Setup.Columns.Has(ColumnRole::Minute) ? 1 : 0;
+  project.MaxMinutes = kMaxMinutes;
+  draft.Plan = {};
+  if (draft.Setup.Columns.Faults.empty()) AskAboutTable(draft);
+}
+
 }  // namespace
 
 ImportDraft DraftNewProject(Disk& disk, const std::string& table, const ImportOptions& options, WordList words) {
   ImportDraft draft{
       .Options = options, .Context = NewImportContext({}, std::move(words)), .Setup = {}, .Survey = {}, .Plan = {}};
   ReadTable(disk, draft, table);
+  AskBeforeProposal(draft);
   return draft;
+}
+
+void RefreshNewProject(Disk& disk, ImportDraft& draft) {
+  if (draft.Setup.Options != draft.Options.Table) ReadTable(disk, draft, draft.Setup.Path);
+  AskBeforeProposal(draft);
 }
 
 ProjectProposal ProposeProject(Disk& disk, const ImportDraft& draft) {

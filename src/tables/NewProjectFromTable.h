@@ -27,9 +27,11 @@ struct ProjectProposal {
   std::string Fault;                     ///< why there can be no project; "" when there can
 };
 
-/// The table of a project that is not there yet, set up and surveyed, without a plan; `words` are its word list, or
-/// empty. Throws FileError.
+/// The table of a project that is not there yet, set up and surveyed; `words` are its word list, or empty. The plan has
+/// but the questions whose answers a proposal needs. Throws FileError.
 ImportDraft DraftNewProject(Disk& disk, const std::string& table, const ImportOptions& options, WordList words);
+/// As RefreshImport.
+void RefreshNewProject(Disk& disk, ImportDraft& draft);
 
 /// What a project for this table would be. Throws FileError.
 ProjectProposal ProposeProject(Disk& disk, const ImportDraft& draft);

@@ -113,6 +113,8 @@ TEST_F(ImportFlowTest, DefinesAProjectForATable) {
   ASSERT_EQ(session.Imports().CurrentStage(), Stage::Project);
   Dialogs.Answers.emplace_back("C:\\data.csv");
   session.Imports().ChooseNew();
+  ASSERT_EQ(session.Imports().CurrentStage(), Stage::Table);
+  session.Imports().Next();
   ASSERT_EQ(session.Imports().CurrentStage(), Stage::Proposal);
   EXPECT_THAT(session.Imports().ProposalText(), HasSubstr("data.csv: 1 test, 2 items"));
   ASSERT_EQ(session.Imports().Proposal().Variables.size(), 1U);
@@ -142,6 +144,68 @@ TEST_F(ImportFlowTest, DefinesAProjectForATable) {
   EXPECT_EQ(session.OpenedProject()->VariableNames[0], "age");
   EXPECT_EQ(session.Imports().TableLine(), "data.csv: 6 rows, 2 subjects, 1 test");
   EXPECT_EQ(m_scratch.Get("C:\\Roses\\Roses Words.csv"), "item,word\r\n1,rose\r\n2,table\r\n");
+}
+
+// What stops a new project can be mended on the table's page, and is said in words of the screen.
+TEST_F(ImportFlowTest, LeavesNoTableOfANewProjectWithoutAWayOn) {
+  struct Case {
+    const char* Table;
+    const char* Said;  ///< the notes of the page, the line beside Next, or the box that Next shows
+    std::function<void(ImportFlow&)> Mend;
+    const char* Proposal;
+  };
+  std::string lists = "subject,list,trial_type,word\na,1,recall,w1\n";
+  for (int word = 1; word <= 1000; ++word) {
+    lists += "a," + std::to_string(word % 2 + 1) + ",study,w" + std::to_string(word) + "\n";
+  }
+  const Case cases[] = {
+      {"who,list,kind,answer\na,1,study,rose\na,1,recall,rose\n",
+       "No column of responses was found; highlight one and choose 'Word' under 'Used as', or choose another shape\n"
+       "No column of subjects was found; highlight one and choose 'Subject' under 'Used as'",
+       [](ImportFlow& flow) { flow.ChooseUse(0, 1), flow.ChooseUse(3, 5), flow.ChooseUse(2, 8); }, "1 test, 1 item"},
+      {lists.c_str(),
+       "The table has 1000 items; a project has at most 999; 'Items are positions in the study list' counts the 500 of "
+       "one list; a part by 'Only rows with' would fit: list",
+       [](ImportFlow& flow) { flow.ChooseHowRead("--items", 1); }, "2 tests, 500 items"},
+      {"subject,list,word\na,1,rose\n",
+       "The table has neither study rows nor item numbers; a new project needs one of them, or a word list (Open "
+       "Words).",
+       [&](ImportFlow& flow) {
+         m_scratch.Put("C:\\words.txt", "Word\nnose\nrose\n");
+         Dialogs.Answers.emplace_back("C:\\words.txt");
+         flow.ChooseWords();
+         EXPECT_EQ(flow.WordsLine(), "Word list: words.txt, 2 words");
+       },
+       "1 test, 2 items"},
+      {"subject,list,word,minute\na,x,1,\na,y,2,0.5\nb,y,0,70\n", "3 questions are open: please choose on the left",
+       [](ImportFlow& flow) {
+         for (const auto& [name, answer] : {std::pair("--tests", 1), {"--first-item", 0}, {"--times", 0}}) {
+           EXPECT_FALSE(flow.CanGoNext());
+           flow.ChooseHowRead(name, answer);
+         }
+       },
+       "2 tests, 3 items, 2 minutes"}};
+  for (const Case& c : cases) {
+    PutTable(c.Table);
+    const Platform platform = With(m_disk);
+    ImportFlow flow(platform);
+    flow.OpenWithoutProject();
+    Dialogs.Answers.emplace_back("C:\\data.csv");
+    flow.ChooseNew();
+    ASSERT_EQ(flow.CurrentStage(), Stage::Table) << c.Table;
+    const std::string told = flow.ColumnNotes() + flow.TableTold();
+    if (told.empty()) Boxes.Expect(Told(c.Said));
+    EXPECT_TRUE(told.empty() || told == c.Said) << told;
+    flow.Next();
+    EXPECT_EQ(flow.CurrentStage(), Stage::Table) << c.Table;
+    c.Mend(flow);
+    flow.Next();
+    ASSERT_EQ(flow.CurrentStage(), Stage::Proposal) << c.Table << flow.ColumnNotes() << flow.TableTold();
+    EXPECT_EQ(flow.ProposalText(), "data.csv: " + std::string(c.Proposal));
+    flow.Back();
+    flow.Back();
+    EXPECT_EQ(flow.CurrentStage(), Stage::Project);
+  }
 }
 
 }  // namespace

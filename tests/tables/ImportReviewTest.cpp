@@ -78,6 +78,19 @@ TEST_F(ImportReviewTest, AddsItsDecisionsToThoseOfTheProject) {
   m_review.Assign({0}, "1");
   m_review.Decide({2}, {Verdict::Intrusion});
   EXPECT_EQ(FormatResponses(m_review.Decisions()), "response,item\r\nhm,intrusion\r\ntulipp,1\r\n");
+  // The next page and back: the table is planned again, and rows stand elsewhere.
+  m_context.Decided = m_review.Decisions();
+  std::swap(m_plan.Findings.Responses[0], m_plan.Findings.Responses[2]);
+  m_plan.Findings.Responses[0].Decided = Decision{Verdict::Intrusion};
+  m_plan.Findings.Responses[2].Decided = Decision{Verdict::Item, 1};
+  m_review.Open(m_plan, m_context);
+  EXPECT_FALSE(m_review.HasChanges());
+  m_review.Undo();
+  m_review.Undo();
+  EXPECT_EQ(Items(), "skip; 1?, 2?; 3?; 3?; ");
+  EXPECT_EQ(FormatResponses(m_review.Decisions()), "response,item\r\nhm,skip\r\n");
+  m_review.Clear();
+  EXPECT_FALSE(m_review.CanUndo());
 }
 
 }  // namespace

@@ -93,6 +93,11 @@ QWidget* ImportPanel::MakeTablePage() {
   m_txtFilterValue->setAccessibleName("Value of the rows");
   columnRows->addLayout(filter);
   columnRows->addWidget(m_lblColumnNotes);
+  auto* words = new QHBoxLayout;
+  words->addWidget(m_lblImportWords, 1);
+  m_cmdImportWords = MakeActButton("cmdImportWords", "Open &Words...", [this] { m_flow.ChooseWords(); });
+  words->addWidget(m_cmdImportWords);
+  columnRows->addLayout(words);
   rows->addWidget(MakeSides(m_howRead, columns), 1);
   connect(m_grdColumns, &TextTable::RowChosen, this, &ImportPanel::ShowUse);
   connect(m_cboColumnUse, &QComboBox::activated, this,

@@ -47,6 +47,7 @@ ImportPanel::ImportPanel(Session& session)
       m_cboFilter(Named(new QComboBox, "cboFilter")),
       m_txtFilterValue(Named(new QLineEdit, "txtFilterValue")),
       m_lblColumnNotes(MakeLabel("lblColumnNotes", {})),
+      m_lblImportWords(MakeLabel("lblImportWords", {})),
       m_lblReview(MakeLabel("lblReview", {})),
       m_grdReview(new TextTable("grdReview",
                                 {{"Response"}, {"Count", true}, {"Item"}, {"Word"}, {"Distance", true}, {"Subject"}},
@@ -162,7 +163,7 @@ void ImportPanel::ShowUse() {
 void ImportPanel::ShowTable() {
   m_lblTable->setText(ToQt(m_flow.TableLine()));
   m_howRead->Show(m_flow.HowRead());
-  const std::vector<std::string> uses = ColumnUses(*m_session.OpenedProject());
+  const std::vector<std::string> uses = m_flow.Uses();
   if (uses != m_uses) {
     m_uses = uses;
     m_cboColumnUse->clear();
@@ -172,6 +173,10 @@ void ImportPanel::ShowTable() {
   const QString notes = ToQt(m_flow.ColumnNotes());
   m_lblColumnNotes->setText(notes);
   m_lblColumnNotes->setVisible(!notes.isEmpty());
+  m_lblImportWords->setText(ToQt(m_flow.WordsLine()));
+  for (QWidget* control : {static_cast<QWidget*>(m_lblImportWords), static_cast<QWidget*>(m_cmdImportWords)}) {
+    control->setVisible(m_flow.IsNew());
+  }
   FillFilter();
   ShowUse();
 }
@@ -200,7 +205,7 @@ void ImportPanel::ShowState() {
   }
   if (stage == Stage::Closed || stage == Stage::Writing) return;
   m_pages->setCurrentIndex(static_cast<int>(stage) - static_cast<int>(Stage::Project));
-  m_lblImportTold->setText(stage == Stage::DryRun ? ToQt(m_flow.DryRunLine()) : QString());
+  m_lblImportTold->setText(ToQt(stage == Stage::DryRun ? m_flow.DryRunLine() : m_flow.TableTold()));
   m_cmdImportReport->setVisible(stage == Stage::DryRun);
   m_cmdImportRun->setVisible(stage == Stage::DryRun);
   m_cmdImportRun->setEnabled(m_flow.MayImport());

@@ -62,6 +62,8 @@ class ImportPanel : public Panel {
   QComboBox* m_cboFilter;
   QLineEdit* m_txtFilterValue;
   QLabel* m_lblColumnNotes;
+  QLabel* m_lblImportWords;
+  QPushButton* m_cmdImportWords = nullptr;
   QLabel* m_lblReview;
   TextTable* m_grdReview;
   QLineEdit* m_txtReviewItem;
