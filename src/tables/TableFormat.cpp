@@ -143,9 +143,8 @@ Rows FirstRows(const std::string& path, std::string_view head, char delimiter) {
 
 // A first line "sep=;" tells spreadsheets the delimiter.
 std::optional<char> NamedDelimiter(std::string_view head) {
-  constexpr std::string_view kMark = "\xEF\xBB\xBF";
   constexpr std::string_view kSign = "sep=";
-  if (head.starts_with(kMark)) head.remove_prefix(kMark.size());
+  if (head.starts_with(kUtf8Mark)) head.remove_prefix(kUtf8Mark.size());
   if (head.size() < kSign.size() + 2 || !EqualsIgnoringCase(head.substr(0, kSign.size()), kSign)) return std::nullopt;
   const char delimiter = head[kSign.size()];
   const char end = head[kSign.size() + 1];
