@@ -19,13 +19,13 @@ PlotView::PlotView(const char* name) : m_legend(*this) {
   PreparePlot(*this);
   setObjectName(QString::fromLatin1(name));
   setAccessibleName("Plot of Means");
-  setMinimumSize(fontMetrics().averageCharWidth() * 40, fontMetrics().height() * 12);
+  setMinimumSize(fontMetrics().averageCharWidth() * 40, fontMetrics().height() * 8);
 }
 
 // A raster with many rows is higher than its place, which scrolls.
 void PlotView::ShowPicture(const PlotPicture& picture) {
   m_picture = picture;
-  const int lowest = fontMetrics().height() * 12;
+  const int lowest = fontMetrics().height() * 8;
   setMinimumHeight(picture.Lists.Groups.empty()
                        ? lowest
                        : std::max(lowest, static_cast<int>(RasterHeight(picture.Lists, FontSize(), kMostHeight))));

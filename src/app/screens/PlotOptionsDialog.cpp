@@ -33,6 +33,7 @@ PlotOptionsDialog::PlotOptionsDialog(PlotAnswers answers, PlotShown shown,
   auto* rows = new QVBoxLayout(this);
   rows->setSpacing(kLabelGap);
   rows->addWidget(MakeFrame(shown));
+  AddQuestionGap(*rows);
   if (!m_answers.Factors.empty()) rows->addWidget(MakeOrder(), 1);
   AddQuestionGap(*rows);
   auto* buttons = new QDialogButtonBox;
@@ -86,7 +87,6 @@ QWidget* PlotOptionsDialog::MakeOrder() {
   auto* rows = new QVBoxLayout(order);
   rows->setContentsMargins({});
   rows->setSpacing(kLabelGap);
-  AddQuestionGap(*rows);
   rows->addWidget(MakeLabel("lblPlotOrder", "O&rder of Variables and Levels:", m_lstPlotOrder));
   auto* columns = new QHBoxLayout;
   columns->addWidget(m_lstPlotOrder, 1);
