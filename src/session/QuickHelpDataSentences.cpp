@@ -83,6 +83,7 @@ constexpr auto kDataSentences = std::to_array<Sentence>({
     {"lblImportTitle", "The name of these screens: recalls are read from a table."},
     {"lblImportTold", "What would be written, and what is in its way."},
     {"lblImportVariables", "Check each column that tells your groups of subjects apart; its values become levels."},
+    {"lblImportWords", "Where the words of the new project come from."},
     {"lblProposal", "The project that the table would make."},
     {"lblReview", "How many responses are to be decided about."},
     {"lblReviewItem", "Type the number or the word of another item for the selected responses, and press <Enter>."},
