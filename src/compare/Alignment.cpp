@@ -13,7 +13,9 @@ namespace zova {
 
 namespace {
 
-constexpr std::int32_t kGain = 8192;
+constexpr std::int32_t kGain = 16384;
+constexpr std::int32_t kDifference = 2;
+constexpr std::int32_t kHalf = 1;
 
 int LengthOf(const RecallLists& lists, int test) {
   int length = lists.PositionCount();
@@ -23,7 +25,7 @@ int LengthOf(const RecallLists& lists, int test) {
 
 // Differing minutes and ratings.
 std::int32_t FurtherCost(const Recall& left, const Recall& right) {
-  return (left.Minute != right.Minute ? 1 : 0) + (left.Rating != right.Rating ? 1 : 0);
+  return (left.Minute != right.Minute ? kDifference : 0) + (left.Rating != right.Rating ? kDifference : 0);
 }
 
 class Aligner {
@@ -43,7 +45,7 @@ class Aligner {
         lines.push_back({place(i), place(j), AlignedLine::Kind::SwappedFirst});
         lines.push_back({place(i + 1), place(j + 1), AlignedLine::Kind::SwappedSecond});
         i += 2, j += 2;
-      } else if (i < m_rows && cost == 1 + At(i + 1, j)) {
+      } else if (i < m_rows && cost == kDifference + At(i + 1, j)) {
         lines.push_back({place(i++), 0});
       } else {
         lines.push_back({0, place(j++)});
@@ -57,9 +59,11 @@ class Aligner {
                    static_cast<std::size_t>(j)];
   }
 
+  // Two different lines cost less than two gaps, so that whole lines that are exchanged stay side by side.
   [[nodiscard]] std::int32_t PairCost(int i, int j) const {
+    const std::int32_t further = FurtherCost(m_first[i], m_second[j]);
     const bool isSame = m_first[i].Item == m_second[j].Item;
-    return FurtherCost(m_first[i], m_second[j]) + (isSame ? -kGain : 1);
+    return isSame ? further - kGain : kDifference + std::min(further, kHalf);
   }
 
   [[nodiscard]] bool IsSwap(int i, int j) const {
@@ -67,11 +71,12 @@ class Aligner {
            m_first[i + 1].Item == m_second[j].Item && m_first[i].Item != m_first[i + 1].Item;
   }
 
-  // The items alone may be exchanged, or whole lines.
+  // The items alone may be exchanged, or whole lines. It gains no more than the one line that the longest common
+  // subsequence keeps of the two; else it would beat two items that are exchanged across a line in common.
   [[nodiscard]] std::int32_t SwapCost(int i, int j) const {
     const std::int32_t items = FurtherCost(m_first[i], m_second[j]) + FurtherCost(m_first[i + 1], m_second[j + 1]);
     const std::int32_t lines = FurtherCost(m_first[i], m_second[j + 1]) + FurtherCost(m_first[i + 1], m_second[j]);
-    return 1 + std::min(items, lines) - 2 * kGain;
+    return kDifference + std::min(items, lines) - kGain;
   }
 
   void Fill() {
@@ -80,8 +85,8 @@ class Aligner {
       for (int j = m_columns; j >= 0; --j) {
         if (i == m_rows && j == m_columns) continue;
         std::int32_t best = INT32_MAX;
-        if (i < m_rows) best = std::min(best, 1 + At(i + 1, j));
-        if (j < m_columns) best = std::min(best, 1 + At(i, j + 1));
+        if (i < m_rows) best = std::min(best, kDifference + At(i + 1, j));
+        if (j < m_columns) best = std::min(best, kDifference + At(i, j + 1));
         if (i < m_rows && j < m_columns) best = std::min(best, PairCost(i, j) + At(i + 1, j + 1));
         if (IsSwap(i, j)) best = std::min(best, SwapCost(i, j) + At(i + 2, j + 2));
         At(i, j) = best;

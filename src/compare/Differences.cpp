@@ -38,11 +38,11 @@ class TestComparer {
 
   void CompareLine(std::size_t line) {
     const AlignedLine& aligned = m_lines[line];
-    if (aligned.Is == AlignedLine::Kind::SwappedFirst) return CompareSwap(line);
+    if (aligned.Is == AlignedLine::Kind::SwappedFirst) return CompareSwap(line, line + 1);
     if (aligned.First == 0 || aligned.Second == 0) return CompareGap(line);
     const Recall& first = First(line);
     const Recall& second = Second(line);
-    if (first.Item != second.Item) CompareItems(line);
+    if (first.Item != second.Item) return CompareItems(line);
     CompareFurther(line, first, second);
   }
 
@@ -57,14 +57,14 @@ class TestComparer {
   }
 
   // Minutes and ratings stayed on their lines, or went with the items.
-  void CompareSwap(std::size_t line) {
-    Add(Kind::Swapped, line, line + 1);
-    m_isPaired[line + 1] = true;
-    const int stayed = FurtherCost(First(line), Second(line)) + FurtherCost(First(line + 1), Second(line + 1));
-    const int went = FurtherCost(First(line), Second(line + 1)) + FurtherCost(First(line + 1), Second(line));
+  void CompareSwap(std::size_t line, std::size_t other) {
+    Add(Kind::Swapped, line, other);
+    m_isPaired[other] = true;
+    const int stayed = FurtherCost(First(line), Second(line)) + FurtherCost(First(other), Second(other));
+    const int went = FurtherCost(First(line), Second(other)) + FurtherCost(First(other), Second(line));
     const bool isWithItems = went < stayed;
-    CompareFurther(line, First(line), Second(isWithItems ? line + 1 : line));
-    CompareFurther(line + 1, First(line + 1), Second(isWithItems ? line : line + 1));
+    CompareFurther(line, First(line), Second(isWithItems ? other : line));
+    CompareFurther(other, First(other), Second(isWithItems ? line : other));
   }
 
   // Two items that are exchanged over a distance are one error.
@@ -73,11 +73,10 @@ class TestComparer {
       const AlignedLine& aligned = m_lines[other];
       if (m_isPaired[other] || aligned.First == 0 || aligned.Second == 0) continue;
       if (First(other).Item != Second(line).Item || Second(other).Item != First(line).Item) continue;
-      m_isPaired[other] = true;
-      Add(Kind::Swapped, line, other);
-      return CompareFurther(other, First(other), Second(other));
+      return CompareSwap(line, other);
     }
     Add(Kind::Item, line);
+    CompareFurther(line, First(line), Second(line));
   }
 
   // An item that stands alone in both entries was moved.

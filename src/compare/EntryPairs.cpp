@@ -4,12 +4,17 @@
 
 #include <algorithm>
 #include <iterator>
+#include <map>
+#include <set>
+#include <utility>
 
+#include "platform/desktop/FileErrorBoxes.h"
 #include "platform/desktop/PercentProgress.h"
 #include "platform/files/DataFileError.h"
 #include "platform/files/EntryNames.h"
 #include "project/ProjectLayout.h"
 #include "subjects/SubjectFile.h"
+#include "text/Encoding.h"
 
 namespace zova {
 
@@ -17,12 +22,18 @@ namespace {
 
 class PairReader {
  public:
-  PairReader(const ProjectParameters& project, Disk& disk) : m_project(project), m_disk(disk) {}
+  PairReader(const ProjectParameters& project, Disk& disk, const PairSink& add)
+      : m_project(project), m_disk(disk), m_add(add) {}
 
-  void Read(const ResolvedPath& first, const ResolvedPath& second, const std::string& name, const PairSink& add) {
-    ReadOne(Below(first, name), m_first);
-    ReadOne(Below(second, name), m_second);
-    add(SubjectIdFromFileName(m_project, name), m_first, m_second);
+  void Read(const ResolvedPath& first, const ResolvedPath& second, PassedOver& passedOver) {
+    try {
+      ReadOne(first, m_first);
+      ReadOne(second, m_second);
+    } catch (const FileError& fault) {
+      passedOver.Faults.push_back(FaultText(fault));
+      return;
+    }
+    m_add(SubjectIdFromFileName(m_project, first.Shown), m_first, m_second);
   }
 
  private:
@@ -33,10 +44,63 @@ class PairReader {
 
   const ProjectParameters& m_project;
   Disk& m_disk;
+  const PairSink& m_add;
   SubjectRecord m_first;
   SubjectRecord m_second;
   std::string m_bytes;
 };
+
+std::vector<std::string> OwnFiles(Disk& disk, const ProjectParameters& project, const std::string& directory) {
+  std::vector<std::string> names = ListSubjectFiles(disk, project, directory);
+  std::erase_if(names, [&](const std::string& name) { return !IsOwnSubjectFile(project, name); });
+  return names;
+}
+
+// A directory of subjects with their first entries as they were typed.
+class TypedEntries {
+ public:
+  TypedEntries(Disk& disk, const ProjectParameters& project, const std::string& directory,
+               const std::string& firstDirectory)
+      : m_complete(disk.Resolve(directory, FileOperation::Read)),
+        m_first(disk.Resolve(firstDirectory, FileOperation::Read)),
+        m_names(OwnFiles(disk, project, directory)) {
+    for (std::string& name : OwnFiles(disk, project, firstDirectory)) m_settled.insert(std::move(name));
+  }
+
+  [[nodiscard]] const std::vector<std::string>& Names() const noexcept { return m_names; }
+  [[nodiscard]] bool IsSettled(const std::string& name) const { return m_settled.contains(name); }
+  [[nodiscard]] ResolvedPath File(const std::string& name) const {
+    return Below(IsSettled(name) ? m_first : m_complete, name);
+  }
+
+ private:
+  ResolvedPath m_complete;
+  ResolvedPath m_first;
+  std::vector<std::string> m_names;
+  std::set<std::string> m_settled;
+};
+
+// Which of the names have one in the other list: an exactly equal one, or else one that differs in case alone.
+std::map<std::string, std::string> Paired(const std::vector<std::string>& names,
+                                          const std::vector<std::string>& others) {
+  std::map<std::string, std::string> pairs;
+  const std::set<std::string_view> exact(others.begin(), others.end());
+  for (const std::string& name : names) {
+    if (exact.contains(name)) pairs.emplace(name, name);
+  }
+  std::multimap<std::string, std::string> left;  // by the upper-cased name
+  for (const std::string& other : others) {
+    if (!pairs.contains(other)) left.emplace(UpperCase(other), other);
+  }
+  for (const std::string& name : names) {
+    if (pairs.contains(name)) continue;
+    const auto found = left.find(UpperCase(name));
+    if (found == left.end()) continue;
+    pairs.emplace(name, found->second);
+    left.erase(found);
+  }
+  return pairs;
+}
 
 template <typename Act>
 void ForEachName(const std::vector<std::string>& names, Progress& bar, Act&& act) {
@@ -50,37 +114,45 @@ void ForEachName(const std::vector<std::string>& names, Progress& bar, Act&& act
 
 }  // namespace
 
-void ReadSecondEntries(const ProjectParameters& project, Disk& disk, Progress& bar, const PairSink& add) {
-  const auto place = [&](SubjectPlace kind) {
-    return disk.Resolve(PlaceDirectory(project.PrimaryDir, kind), FileOperation::Read);
-  };
+PassedOver ReadSecondEntries(const ProjectParameters& project, Disk& disk, Progress& bar, const PairSink& add) {
   RequireDirectory(disk, project.PrimaryDir, FileOperation::List);
-  const ResolvedPath complete = place(SubjectPlace::Complete);
-  const ResolvedPath second = place(SubjectPlace::Second);
-  const ResolvedPath typed = place(SubjectPlace::First);
-  PairReader reader(project, disk);
-  ForEachName(ListSubjectFiles(disk, project, second.Shown), bar, [&](const std::string& name) {
-    const bool isSettled = disk.Kind(Below(typed, name), FileOperation::Read) != EntryKind::Missing;
-    reader.Read(isSettled ? typed : complete, second, name, add);
+  const auto directory = [&](SubjectPlace place) { return PlaceDirectory(project.PrimaryDir, place); };
+  const TypedEntries firsts(disk, project, directory(SubjectPlace::Complete), directory(SubjectPlace::First));
+  const std::set<std::string_view> complete(firsts.Names().begin(), firsts.Names().end());
+  const ResolvedPath seconds = disk.Resolve(directory(SubjectPlace::Second), FileOperation::Read);
+  PassedOver passedOver;
+  PairReader reader(project, disk, add);
+  ForEachName(OwnFiles(disk, project, seconds.Shown), bar, [&](const std::string& name) {
+    if (!firsts.IsSettled(name) && !complete.contains(name)) {
+      passedOver.Alone.push_back(name);
+    } else {
+      reader.Read(firsts.File(name), Below(seconds, name), passedOver);
+    }
   });
+  return passedOver;
 }
 
-std::vector<std::string> ReadPairsWith(const std::string& directory, const ProjectParameters& project, Disk& disk,
-                                       Progress& bar, const PairSink& add) {
+PassedOver ReadPairsWith(const std::string& directory, const ProjectParameters& project, Disk& disk, Progress& bar,
+                         const PairSink& add) {
   const std::string sdata = SubjectDirectory(project.PrimaryDir);
   RequireDirectory(disk, sdata, FileOperation::List);
   RequireDirectory(disk, directory, FileOperation::List);
-  const std::vector<std::string> own = ListSubjectFiles(disk, project, sdata);
-  const std::vector<std::string> other = ListSubjectFiles(disk, project, directory);
-  std::vector<std::string> both, alone;
-  std::set_intersection(own.begin(), own.end(), other.begin(), other.end(), std::back_inserter(both), ListsBefore);
-  std::set_symmetric_difference(own.begin(), own.end(), other.begin(), other.end(), std::back_inserter(alone),
-                                ListsBefore);
-  const ResolvedPath first = disk.Resolve(sdata, FileOperation::Read);
-  const ResolvedPath second = disk.Resolve(directory, FileOperation::Read);
-  PairReader reader(project, disk);
-  ForEachName(both, bar, [&](const std::string& name) { reader.Read(first, second, name, add); });
-  return alone;
+  const TypedEntries own(disk, project, sdata, PlaceDirectory(project.PrimaryDir, SubjectPlace::First));
+  const TypedEntries other(disk, project, directory, FirstEntriesBelow(directory));
+  const std::map<std::string, std::string> pairs = Paired(own.Names(), other.Names());
+  PassedOver passedOver;
+  PairReader reader(project, disk, add);
+  std::set<std::string_view> met;
+  ForEachName(own.Names(), bar, [&](const std::string& name) {
+    const auto pair = pairs.find(name);
+    if (pair == pairs.end()) return passedOver.Alone.push_back(name);
+    met.insert(pair->second);
+    reader.Read(own.File(name), other.File(pair->second), passedOver);
+  });
+  std::copy_if(other.Names().begin(), other.Names().end(), std::back_inserter(passedOver.Alone),
+               [&](const std::string& name) { return !met.contains(name); });
+  passedOver.Alone = InListingOrder(std::move(passedOver.Alone));
+  return passedOver;
 }
 
 }  // namespace zova

@@ -15,13 +15,22 @@ namespace zova {
 using PairSink =
     std::function<void(std::string_view subjectId, const SubjectRecord& first, const SubjectRecord& second)>;
 
-/// Reads both entries of every subject that was entered twice, as they were typed: the first one of a settled subject
-/// is the one that was put aside. Both throw FileError.
-void ReadSecondEntries(const ProjectParameters& project, Disk& disk, Progress& bar, const PairSink& add);
+/// Told of a file that cannot be read.
+inline constexpr const char* kPassedOver = "The report leaves out what cannot be compared.";
 
-/// Reads the project's subjects and those of the same file names in another directory. Returns the names that stand in
-/// one of the two alone.
-std::vector<std::string> ReadPairsWith(const std::string& directory, const ProjectParameters& project, Disk& disk,
-                                       Progress& bar, const PairSink& add);
+/// What no pair could be made of.
+struct PassedOver {
+  std::vector<std::string> Faults;  ///< of files that cannot be read, as FaultText
+  std::vector<std::string> Alone;   ///< the names of files that have no other entry
+};
+
+/// Reads both entries of every subject that was entered twice, as they were typed: the first one of a settled subject
+/// is the one that was put aside. Both throw FileError for a directory that cannot be listed.
+PassedOver ReadSecondEntries(const ProjectParameters& project, Disk& disk, Progress& bar, const PairSink& add);
+
+/// Likewise the project's subjects and those of the same names in another directory of subject files; a name that is
+/// spelt differently is the same where there is no other.
+PassedOver ReadPairsWith(const std::string& directory, const ProjectParameters& project, Disk& disk, Progress& bar,
+                         const PairSink& add);
 
 }  // namespace zova

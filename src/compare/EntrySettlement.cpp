@@ -3,13 +3,13 @@
 #include "compare/EntrySettlement.h"
 
 #include <algorithm>
+#include <array>
+#include <iterator>
 
 #include "platform/desktop/FileErrorBoxes.h"
 #include "platform/files/DataFileError.h"
-#include "project/FileChanges.h"
 #include "project/ProjectLayout.h"
 #include "subjects/SubjectFile.h"
-#include "subjects/entry/CompletionChecks.h"
 #include "subjects/entry/EntryLists.h"
 #include "text/Counted.h"
 #include "text/LeadingNumber.h"
@@ -36,29 +36,22 @@ std::vector<std::string_view> NumbersIn(std::string_view text) {
   return numbers;
 }
 
-// nullopt for a file that is missing.
-std::optional<std::string> ContentOf(Disk& disk, const std::string& path) {
-  if (!disk.FileExists(path)) return std::nullopt;
-  std::string content;
-  disk.Read(path, content);
-  return content;
-}
-
 }  // namespace
 
 bool EntrySettlement::Open(const std::string& file, const ProjectParameters& project) {
   Close();
   const std::string id = SubjectIdFromFileName(project, file);
+  const auto pathIn = [&](SubjectPlace place) { return JoinPath(PlaceDirectory(project.PrimaryDir, place), file); };
   const auto read = [&](SubjectPlace place, SubjectRecord& record, std::string& bytes) {
-    const std::string path = JoinPath(PlaceDirectory(project.PrimaryDir, place), file);
-    m_platform.Files.Read(path, bytes);
-    ParsingFile(path, [&] { ParseSubject(bytes, project, record); });
+    m_platform.Files.Read(pathIn(place), bytes);
+    ParsingFile(pathIn(place), [&] { ParseSubject(bytes, project, record); });
     record.SubjectId = id;
   };
-  std::string secondBytes;
   if (!WithRetry(m_platform.Boxes, [&] {
-        read(SubjectPlace::Complete, m_first, m_firstBytes);
-        read(SubjectPlace::Second, m_second, secondBytes);
+        m_platform.Files.Read(pathIn(SubjectPlace::Complete), m_presentBytes);
+        const bool isKept = m_platform.Files.FileExists(pathIn(SubjectPlace::First));
+        read(isKept ? SubjectPlace::First : SubjectPlace::Complete, m_first, m_firstBytes);
+        read(SubjectPlace::Second, m_second, m_secondBytes);
       })) {
     return false;
   }
@@ -73,18 +66,21 @@ bool EntrySettlement::Open(const std::string& file, const ProjectParameters& pro
 void EntrySettlement::Close() {
   m_project = nullptr;
   m_lines.clear();
+  m_differences.clear();
   m_history.Clear();
   m_current = 0;
   ++m_revision;
 }
 
-void EntrySettlement::MarkDifferent(std::size_t line, std::size_t partner) {
-  m_lines[line].IsDifferent = true;
-  m_lines[line].IsDecided = false;
-  if (partner != line) m_lines[line].Partner = partner;
+bool EntrySettlement::MayLeave() const {
+  return !CanUndo() || Confirm(m_platform.Boxes, {.Text = "You will lose all unsaved changes.  Are you sure that you "
+                                                          "want to do this?"});
 }
 
 void EntrySettlement::MakeLines(const Comparison& comparison) {
+  std::size_t count = static_cast<std::size_t>(m_project->VariableCount);
+  for (const auto& test : comparison.Tests) count += test.size();
+  m_lines.reserve(count);
   for (std::size_t v = 0; v < static_cast<std::size_t>(m_project->VariableCount); ++v) {
     Line line;
     line.Variable = v;
@@ -93,6 +89,7 @@ void EntrySettlement::MakeLines(const Comparison& comparison) {
     m_lines.push_back(line);
   }
   std::vector<std::size_t> starts;  // of the tests
+  starts.reserve(comparison.Tests.size());
   for (int test = 1; test <= m_project->TestCount; ++test) {
     starts.push_back(m_lines.size());
     for (const AlignedLine& aligned : comparison.Tests[static_cast<std::size_t>(test) - 1]) {
@@ -106,15 +103,20 @@ void EntrySettlement::MakeLines(const Comparison& comparison) {
   }
   for (std::size_t i = 0; i < m_lines.size(); ++i) {
     m_lines[i].Partner = i;
-    m_lines[i].Result = m_lines[i].First;
+    if (m_lines[i].First) m_lines[i].Result = {*m_lines[i].First};
   }
+  m_differences.reserve(comparison.Differences.size());
   for (const Difference& difference : comparison.Differences) {
     const std::size_t start = difference.Test == 0 ? 0 : starts[static_cast<std::size_t>(difference.Test) - 1];
     const bool isPair = difference.Is == Difference::Kind::Moved || difference.Is == Difference::Kind::Swapped;
     const std::size_t line = start + difference.Line;
     const std::size_t other = isPair ? start + difference.OtherLine : line;
-    MarkDifferent(line, other);
-    MarkDifferent(other, line);
+    m_differences.push_back(line);
+    for (const std::size_t marked : {line, other}) {
+      m_lines[marked].IsDifferent = true;
+      m_lines[marked].IsDecided = false;
+      if (isPair) m_lines[marked].Partner = marked == line ? other : line;
+    }
   }
 }
 
@@ -129,18 +131,44 @@ std::string EntrySettlement::Place(std::size_t line) const {
   return at.FirstPosition == 0 ? test : test + ", line " + std::to_string(at.FirstPosition);
 }
 
-std::string EntrySettlement::Text(std::size_t line, Side side) const {
-  const Line& at = m_lines[line];
-  if (side == Side::Result && !at.IsDecided) return {};
-  const std::optional<Recall>& entry = side == Side::First ? at.First : side == Side::Second ? at.Second : at.Result;
-  if (!entry) return "(none)";
-  if (at.Test == 0) return LevelLabel(*m_project, at.Variable, entry->Item);
+std::vector<int> EntrySettlement::ColumnsOf(const Line& line) const {
+  if (line.Test == 0) return {kItemColumn};
+  std::vector<int> columns;
+  std::copy_if(kColumns.begin(), kColumns.end(), std::back_inserter(columns),
+               [&](int column) { return IsColumnUsed(*m_project, line.Test, column); });
+  return columns;
+}
+
+// In brackets what differs from `other`.
+std::string EntrySettlement::TextOf(const Line& line, const Recall& recall, const Recall* other) const {
   std::string text;
-  for (const int column : kColumns) {
-    if (!IsColumnUsed(*m_project, at.Test, column)) continue;
-    text.append(text.empty() ? "" : ", ").append(std::to_string(CellValue(*entry, column)));
+  for (const int column : ColumnsOf(line)) {
+    const int value = CellValue(recall, column);
+    const std::string cell = line.Test == 0 ? LevelLabel(*m_project, line.Variable, value) : std::to_string(value);
+    const bool isMarked = other != nullptr && CellValue(*other, column) != value;
+    text.append(text.empty() ? "" : ", ").append(isMarked ? "[" + cell + "]" : cell);
   }
   return text;
+}
+
+std::string EntrySettlement::Text(std::size_t line, Side side) const {
+  const Line& at = m_lines[line];
+  if (side == Side::Result) {
+    if (!at.IsDecided) return {};
+    std::string text;
+    for (const Recall& recall : at.Result) text.append(text.empty() ? "" : "; ").append(TextOf(at, recall, nullptr));
+    return text.empty() ? "(none)" : text;
+  }
+  const auto& entry = side == Side::First ? at.First : at.Second;
+  const auto& other = side == Side::First ? at.Second : at.First;
+  return entry ? TextOf(at, *entry, other && at.IsDifferent ? &*other : nullptr) : "(none)";
+}
+
+std::string EntrySettlement::TypedText(std::size_t line) const {
+  const Line& at = m_lines[line];
+  if (at.Test == 0) return std::to_string((at.IsDecided ? at.Result.front() : *at.First).Item);
+  if (!at.IsDecided) return at.First ? TextOf(at, *at.First, nullptr) : std::string();
+  return at.Result.empty() ? std::string() : Text(line, Side::Result);
 }
 
 void EntrySettlement::GoTo(std::size_t line) {
@@ -152,7 +180,9 @@ void EntrySettlement::GoTo(std::size_t line) {
 void EntrySettlement::GoToNext() {
   for (std::size_t step = 1; step <= m_lines.size(); ++step) {
     const std::size_t line = (m_current + step) % m_lines.size();
-    if (!m_lines[line].IsDecided) return GoTo(line);
+    const std::size_t partner = m_lines[line].Partner;
+    const bool isFollower = partner < line && !m_lines[partner].IsDecided;
+    if (!m_lines[line].IsDecided && !isFollower) return GoTo(line);
   }
 }
 
@@ -169,8 +199,13 @@ void EntrySettlement::Take(Side side) {
   const std::size_t partner = m_lines[m_current].Partner;
   Keep({m_current, partner});
   for (const std::size_t line : {m_current, partner}) {
-    m_lines[line].Result = side == Side::First ? m_lines[line].First : m_lines[line].Second;
-    m_lines[line].IsDecided = true;
+    Line& at = m_lines[line];
+    if (at.IsTyped && line != m_current) continue;
+    const auto& entry = side == Side::First ? at.First : at.Second;
+    at.Result.clear();
+    if (entry) at.Result = {*entry};
+    at.IsDecided = true;
+    at.IsTyped = false;
   }
   GoToNext();
 }
@@ -180,35 +215,37 @@ bool EntrySettlement::IsInRange(const Line& line, int column, int value) const {
   return value >= 1 && value <= ColumnLimit(*m_project, column);
 }
 
+// nullopt for numbers that do not fill whole lines, or are out of range.
+std::optional<std::vector<Recall>> EntrySettlement::Parse(const Line& line, const std::string& text) const {
+  const std::vector<int> columns = ColumnsOf(line);
+  const std::vector<std::string_view> numbers = NumbersIn(text);
+  if (numbers.size() % columns.size() != 0) return std::nullopt;
+  std::vector<Recall> typed(numbers.size() / columns.size());
+  if (line.Test == 0 && typed.size() != 1) return std::nullopt;
+  for (std::size_t i = 0; i < numbers.size(); ++i) {
+    const int column = columns[i % columns.size()];
+    const std::int16_t value = DigitsInteger16(numbers[i]).value_or(0);
+    if (!IsInRange(line, column, value)) return std::nullopt;
+    SetCellValue(typed[i / columns.size()], column, value);
+  }
+  return typed;
+}
+
 bool EntrySettlement::Type(const std::string& text) {
   if (!IsOpen() || m_lines.empty()) return false;
   Line& line = m_lines[m_current];
-  std::vector<int> columns = {kItemColumn};
-  if (line.Test > 0) {
-    std::erase_if(columns, [](int) { return true; });
-    std::copy_if(kColumns.begin(), kColumns.end(), std::back_inserter(columns),
-                 [&](int column) { return IsColumnUsed(*m_project, line.Test, column); });
-  }
-  const std::vector<std::string_view> numbers = NumbersIn(text);
-  const bool isNone = numbers.empty() && line.Test > 0;
-  bool isValid = isNone || numbers.size() == columns.size();
-  Recall typed;
-  for (std::size_t i = 0; isValid && i < numbers.size(); ++i) {
-    const std::int16_t value = DigitsInteger16(numbers[i]).value_or(0);
-    isValid = IsInRange(line, columns[i], value);
-    SetCellValue(typed, columns[i], value);
-  }
-  if (!isValid) {
+  auto typed = Parse(line, text);
+  if (!typed) {
     m_platform.Pointer.Beep();
     Warn(m_platform.Boxes, "Invalid Format.",
          line.Test == 0
              ? "Type the number of a level."
-             : "Type " + Counted(columns.size(), "number", "numbers") + " within the limits of the project.");
+             : "Type " + Counted(ColumnsOf(line).size(), "number", "numbers") + " within the limits of the project.");
     return false;
   }
   Keep({m_current});
-  line.Result = isNone ? std::nullopt : std::optional(typed);
-  line.IsDecided = true;
+  line.Result = std::move(*typed);
+  line.IsDecided = line.IsTyped = true;
   GoToNext();
   return true;
 }
@@ -221,104 +258,12 @@ void EntrySettlement::Undo() {
 }
 
 std::size_t EntrySettlement::OpenCount() const {
-  std::size_t count = 0;
-  for (std::size_t line = 0; line < m_lines.size(); ++line) {
-    if (!m_lines[line].IsDecided && m_lines[line].Partner >= line) ++count;
-  }
-  return count;
+  return static_cast<std::size_t>(
+      std::count_if(m_differences.begin(), m_differences.end(), [&](std::size_t line) { return IsOpenPair(line); }));
 }
 
 std::string EntrySettlement::StatusLine() const {
   return IsOpen() ? Counted(OpenCount(), "difference is left", "differences are left") : std::string();
-}
-
-SubjectRecord EntrySettlement::Result() const {
-  SubjectRecord result;
-  result.SubjectId = m_first.SubjectId;
-  ResetLists(result, *m_project);
-  int test = 0;
-  int position = 0;
-  for (const Line& line : m_lines) {
-    if (line.Test == 0) {
-      result.Levels[line.Variable] = line.Result->Item;
-      continue;
-    }
-    if (std::exchange(test, line.Test) != line.Test) position = 0;
-    if (!line.Result || position == m_project->ItemCount) continue;
-    result.Lists.At(test, ++position) = *line.Result;
-    if (line.Result->Item >= 1) ++result.Lists.RecallCount(test);
-  }
-  return result;
-}
-
-std::size_t EntrySettlement::LineAt(int test, int position) const {
-  for (std::size_t line = 0; line < m_lines.size(); ++line) {
-    if (m_lines[line].Test == test && m_lines[line].Result && --position == 0) return line;
-  }
-  return m_current;
-}
-
-// What the checks find is corrected here, in the result.
-bool EntrySettlement::PassesTheChecks(const SubjectRecord& result) {
-  RecallLists lists = result.Lists;
-  CheckResult checked = CheckLists(lists, *m_project);
-  for (const CheckFinding& warning : checked.Warnings) {
-    const MessageBox box{warning.Message, BoxIcon::Exclamation, BoxButtons::YesNo, BoxAnswer::Yes, "Warning"};
-    if (m_platform.Boxes.Show(box) != BoxAnswer::Yes) continue;
-    GoTo(LineAt(warning.Test, warning.Position));
-    return false;
-  }
-  if (!checked.Fault) {
-    checked.Fault = RemoveFirstDuplicate(lists);
-    if (checked.Fault) {
-      const std::size_t line = LineAt(checked.Fault->Test, checked.Fault->Position);
-      Keep({line});
-      m_lines[line].Result = std::nullopt;
-    }
-  }
-  if (checked.Fault) {
-    GoTo(LineAt(checked.Fault->Test, checked.Fault->Position));
-    m_platform.Pointer.Beep();
-    Warn(m_platform.Boxes, checked.Fault->Message);
-    return false;
-  }
-  const auto finding = FindOutOfRange(result, *m_project);
-  return !finding ||
-         Confirm(m_platform.Boxes, {.Text = finding->Message, .Buttons = BoxButtons::YesNo, .Title = "Warning"});
-}
-
-bool EntrySettlement::Settle() {
-  if (!IsOpen()) return false;
-  if (OpenCount() > 0) {
-    GoToNext();
-    Warn(m_platform.Boxes, "The differences that are left have to be settled first.", StatusLine() + ".");
-    return false;
-  }
-  const SubjectRecord result = Result();
-  if (!PassesTheChecks(result) || !FinishInterruptedChanges(*m_project, m_platform)) return false;
-  const std::string content = FormatSubject(result, *m_project);
-  const std::string file = PlaceName(SubjectPlace::Complete) + "/" + m_file;
-  const std::string first = PlaceName(SubjectPlace::First) + "/" + m_file;
-  FileChanges changes{"Settling subject '" + result.SubjectId + "'", {}};
-  const bool isPlanned = WithRetry(m_platform.Boxes, [&] {
-    changes.Files.clear();
-    for (const std::string& root : {m_project->PrimaryDir, m_project->BackupDir}) {
-      const bool inBackup = !changes.Files.empty();
-      if (inBackup && IsNoDirectory(root)) continue;
-      auto present = ContentOf(m_platform.Files, PathBelow(root, file));
-      auto aside = ContentOf(m_platform.Files, PathBelow(root, first));
-      changes.Files.push_back({.InBackup = inBackup, .Name = first, .Before = aside, .After = m_firstBytes});
-      changes.Files.push_back({.InBackup = inBackup, .Name = file, .Before = std::move(present), .After = content});
-    }
-  });
-  if (!isPlanned) return false;
-  if (changes.Files[1].Before != m_firstBytes) {
-    Warn(m_platform.Boxes, "The data have changed on the disk since they were read.  Please try again.");
-    return false;
-  }
-  if (!MakeChanges(changes, *m_project, m_platform)) return false;
-  Inform(m_platform.Boxes, "Completed subject saved.");
-  return true;
 }
 
 }  // namespace zova

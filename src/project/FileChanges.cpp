@@ -82,11 +82,7 @@ class ChangeMaker {
   bool Bring(const FileChange& change, const Content& wanted) {
     const std::string path = PathOf(change, m_project);
     const Content current = Read(path);
-    // Two spellings of one name are one file where case makes no difference.
-    const bool isKnown = std::any_of(m_changes.Files.begin(), m_changes.Files.end(), [&](const FileChange& other) {
-      return IsSameFile(other, change) && (other.Before == current || other.After == current);
-    });
-    if (!isKnown) return false;
+    if (!IsKnown(change, current)) return false;
     if (current == wanted) return true;
     if (wanted) {
       Write(change, path, *wanted);
@@ -96,7 +92,22 @@ class ChangeMaker {
     return true;
   }
 
+  // False when a file that is to be made is there already, with a content that is not of these changes. What would be
+  // deleted in exchange may then be the only copy.
+  bool CanMakeAll() {
+    return std::all_of(m_changes.Files.begin(), m_changes.Files.end(), [&](const FileChange& change) {
+      return change.Before || !change.After || IsKnown(change, Read(PathOf(change, m_project)));
+    });
+  }
+
  private:
+  // Two spellings of one name are one file where case makes no difference.
+  [[nodiscard]] bool IsKnown(const FileChange& change, const Content& current) const {
+    return std::any_of(m_changes.Files.begin(), m_changes.Files.end(), [&](const FileChange& other) {
+      return IsSameFile(other, change) && (other.Before == current || other.After == current);
+    });
+  }
+
   Content Read(const std::string& path) {
     const ResolvedPath file = m_disk.Resolve(path, FileOperation::Read);
     if (m_disk.Kind(file, FileOperation::Read) == EntryKind::Missing) return std::nullopt;
@@ -217,8 +228,10 @@ bool FinishInterruptedChanges(const ProjectParameters& project, const Platform& 
                       "It should hold an interrupted change of subjects.  Nothing is changed until it is deleted.");
     }
     ChangeMaker maker(*changes, project, disk);
+    const bool mayDelete = maker.CanMakeAll();
     for (const FileChange& change : changes->Files) {
-      if (!maker.Bring(change, change.After)) changed += "'" + PathOf(change, project) + "'\n";
+      const bool isAllowed = change.After || mayDelete;
+      if (!isAllowed || !maker.Bring(change, change.After)) changed += "'" + PathOf(change, project) + "'\n";
     }
     DeleteJournal(disk, project);
   });

@@ -61,7 +61,7 @@ std::optional<std::size_t> CopyDataFiles(const std::string& from, const std::str
 
 // All subjects but unfinished first entries and removed ones.
 constexpr std::array kCopiedPlaces = {SubjectPlace::Complete, SubjectPlace::Second, SubjectPlace::SecondUnfinished,
-                                      SubjectPlace::First};
+                                      SubjectPlace::First, SubjectPlace::Settled};
 
 // Between a primary and a backup directory. Makes the directories of second entries if there are any.
 std::optional<std::size_t> CopySubjects(const std::string& from, const std::string& to, std::string_view prefix,

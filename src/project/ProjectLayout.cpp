@@ -98,14 +98,15 @@ std::string UnfinishedDirectory(std::string_view directory) {
   return PlaceDirectory(directory, SubjectPlace::Unfinished);
 }
 
-std::string PlaceName(SubjectPlace place) {
-  constexpr std::array<std::string_view, kSubjectPlaces.size()> kBelow = {"", "/Unfinished", "/Second",
-                                                                          "/Second/Unfinished", "/Second/First"};
-  return Joined(kSubjects, kBelow[static_cast<std::size_t>(place)], "");
+std::string PlaceName(SubjectPlace place, std::string_view file) {
+  constexpr std::array<std::string_view, kSubjectPlaces.size()> kBelow = {
+      "", "/Unfinished", "/Second", "/Second/Unfinished", "/Second/First", "/Second/Settled"};
+  std::string name = Joined(kSubjects, kBelow[static_cast<std::size_t>(place)], "");
+  return file.empty() ? name : Joined(name, "/", file);
 }
 
-std::string RemovedPlaceName(SubjectPlace place) {
-  return Joined(kSubjects, "/Removed", PlaceName(place).substr(kSubjects.size()));
+std::string RemovedPlaceName(SubjectPlace place, std::string_view file) {
+  return Joined(kSubjects, "/Removed", PlaceName(place, file).substr(kSubjects.size()));
 }
 
 std::string PathBelow(std::string_view directory, std::string_view names) {
@@ -128,6 +129,10 @@ SubjectPlace UnfinishedPlace(WhichEntry entry) noexcept {
 
 std::string PlaceDirectory(std::string_view directory, SubjectPlace place) {
   return PathBelow(directory, PlaceName(place));
+}
+
+std::string FirstEntriesBelow(std::string_view subjectDirectory) {
+  return PathBelow(subjectDirectory, PlaceName(SubjectPlace::First).substr(kSubjects.size() + 1));
 }
 
 std::string RemovedDirectory(std::string_view directory, SubjectPlace place) {
@@ -155,6 +160,10 @@ std::string SubjectIdFromFileName(const ProjectParameters& project, std::string_
   // "Exp.dat" in a project "Exp" of the oldest layout has an empty identifier; it is listed and scored.
   if (BeginsIgnoringCase(name, prefix)) name.remove_prefix(prefix.size());
   return std::string(name);
+}
+
+bool IsOwnSubjectFile(const ProjectParameters& project, std::string_view name) {
+  return BeginsIgnoringCase(name, ExpectedPrefix(project));
 }
 
 std::vector<std::string> ListDataFiles(Disk& disk, std::string_view prefix, const std::string& directory) {

@@ -12,7 +12,8 @@
 //     Sdata                       AB Sub#<identifier>.dat
 //       Unfinished                AB Sub#<identifier>.dat
 //       Second, Second\Unfinished  AB Sub#<identifier>.dat, the second entries
-//       Second\First              AB Sub#<identifier>.dat, the first entries of settled subjects
+//       Second\First              AB Sub#<identifier>.dat, the first entries of settled subjects as they were typed
+//       Second\Settled            AB Sub#<identifier>.dat, the second entries that they were settled with
 //       Removed                   removed subjects, in the directories from Sdata on as above
 //   backup directory              the companion files, <title>.prm or "<title> Backup.prm", Sdata as above
 //
@@ -58,17 +59,21 @@ std::string SubjectDirectory(std::string_view directory);
 std::string UnfinishedDirectory(std::string_view directory);
 
 /// The kinds of subject files. Only complete subjects are read by a master.
-enum class SubjectPlace { Complete, Unfinished, Second, SecondUnfinished, First };
-inline constexpr std::array kSubjectPlaces = {SubjectPlace::Complete, SubjectPlace::Unfinished, SubjectPlace::Second,
-                                              SubjectPlace::SecondUnfinished, SubjectPlace::First};
-/// The names of its directories below a primary or backup directory, with "/" between them; and of removed subjects.
-std::string PlaceName(SubjectPlace place);
-std::string RemovedPlaceName(SubjectPlace place);
+enum class SubjectPlace { Complete, Unfinished, Second, SecondUnfinished, First, Settled };
+inline constexpr std::array kSubjectPlaces = {SubjectPlace::Complete, SubjectPlace::Unfinished,
+                                              SubjectPlace::Second,   SubjectPlace::SecondUnfinished,
+                                              SubjectPlace::First,    SubjectPlace::Settled};
+/// The names of its directories below a primary or backup directory, and of `file` in them if it is not empty, with "/"
+/// between them; and of removed subjects.
+std::string PlaceName(SubjectPlace place, std::string_view file = {});
+std::string RemovedPlaceName(SubjectPlace place, std::string_view file = {});
 /// A path from names with "/" between them.
 std::string PathBelow(std::string_view directory, std::string_view names);
 SubjectPlace CompletePlace(WhichEntry entry) noexcept;
 SubjectPlace UnfinishedPlace(WhichEntry entry) noexcept;
 std::string PlaceDirectory(std::string_view directory, SubjectPlace place);
+/// The place First below a directory of subject files, of this project's or another one's data.
+std::string FirstEntriesBelow(std::string_view subjectDirectory);
 std::string RemovedDirectory(std::string_view directory, SubjectPlace place);
 
 /// The name of a subject's file: abbreviation + " Sub#" + identifier + ".dat" when the project's marker begins with
@@ -83,6 +88,8 @@ std::string ExpectedPrefix(const ProjectParameters& project);
 /// The identifier in a listed file's name: without the expected prefix (in any case) and ".dat". For a name without
 /// that prefix, which belongs to another project, the whole name without ".dat".
 std::string SubjectIdFromFileName(const ProjectParameters& project, std::string_view path);
+/// False for a listed file's name that has not the expected prefix: another project's, whose abbreviation is longer.
+bool IsOwnSubjectFile(const ProjectParameters& project, std::string_view name);
 
 /// The names of the files in a directory that begin with `prefix` and end with ".dat", and those of a project
 /// (abbreviation + anything + ".dat"), in the order of a master's rows. Throw FileError.

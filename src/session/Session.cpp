@@ -125,13 +125,18 @@ void Session::Show(Screen screen) {
   if (m_observer) m_observer();
 }
 
-void Session::SetProject(ProjectParameters project, std::string file) {
+// A change that is half made would be made worse by any other.
+bool Session::SetProject(ProjectParameters project, std::string file) {
   m_masters.ForgetHeader();
   m_project = std::move(project);
   m_saved = {std::move(file), m_project->BackupDir};
   m_facts.clear();
-  if (ViewOnlyReason(*m_project).empty()) FinishInterruptedChanges(*m_project, m_platform);
+  if (ViewOnlyReason(*m_project).empty() && !FinishInterruptedChanges(*m_project, m_platform)) {
+    CloseProject();
+    return false;
+  }
   LookForUnfinished();
+  return true;
 }
 
 void Session::CloseProject() {
@@ -221,7 +226,7 @@ void Session::SaveIncompleteSubject() {
 void Session::OfferRestore() {
   auto restored = m_subjects.OfferRestore(m_param.Path());
   if (!restored) return;
-  SetProject(std::move(restored->Parameters), std::move(restored->Path));
+  if (!SetProject(std::move(restored->Parameters), std::move(restored->Path))) return m_subjects.KeepRestored();
   m_isFromList = false;
   UseWords();
   m_subjects.EnterRestored(*m_project, m_param.Path());
@@ -260,10 +265,10 @@ void Session::FinishWizard() {
   if (!m_wizard.Done(m_restoring)) return;
   if (!viewing) {
     const ProjectParameters& project = m_wizard.Project();
-    SetProject(project, ParameterFilePath(m_param.Path(), project));
+    if (!SetProject(project, ParameterFilePath(m_param.Path(), project))) m_imports.Forget();
   }
   Show(Screen::Main);
-  if (viewing) return;
+  if (viewing || !m_project) return;
   if (m_imports.IsWaiting()) return m_imports.Resume(*m_project);
   const BoxAnswer answer =
       m_platform.Boxes.Show({.Text = "Do you want to continue by entering data for this project now?",
@@ -283,6 +288,7 @@ void Session::Exit() {
     return;
   }
   if (m_screen == Screen::Words && !m_words.MayLeave()) return;
+  if (m_screen == Screen::Compare && !m_settlement.MayLeave()) return;
   m_ended = true;
 }
 
@@ -300,6 +306,8 @@ bool Session::Close() {
     m_ended = m_location.MayClose();
   } else if (m_screen == Screen::Words) {
     m_ended = m_words.MayLeave();
+  } else if (m_screen == Screen::Compare) {
+    m_ended = m_settlement.MayLeave();
   } else {
     m_ended = m_screen != Screen::Entry || MayLeaveEntry({.Text = "Are you sure that you would like to exit ZOVA?",
                                                           .Icon = BoxIcon::Question,

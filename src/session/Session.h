@@ -161,7 +161,7 @@ class Session {
   void StartWithParam();
   bool LockParam();
   void Opened(ChosenProject chosen);
-  void SetProject(ProjectParameters project, std::string file);
+  bool SetProject(ProjectParameters project, std::string file);  // false: no project is open
   void CloseProject();
   [[nodiscard]] bool HasUnfinishedFiles();
   void LookForUnfinished();
@@ -179,6 +179,7 @@ class Session {
   void ShowSubjectList();
   bool OpenComparison(const std::string& file);
   void CompareEntered();
+  void LeaveComparison();
 
   Platform m_platform;
   std::string m_programDir;

@@ -74,10 +74,12 @@ void Session::CompareChosenSubject() {
   OpenComparison(std::string(row->File));
 }
 
-// Entries that agree need no screen.
+// Entries that agree need no screen, unless something else was settled before.
 void Session::CompareEntered() {
-  if (!m_settlement.Open(m_subjects.EnteredFile(), *m_project) || m_settlement.OpenCount() == 0) {
+  const bool isRead = m_settlement.Open(m_subjects.EnteredFile(), *m_project);
+  if (!isRead || (m_settlement.OpenCount() == 0 && !m_settlement.WasSettled())) {
     m_settlement.Close();
+    if (isRead) Inform(m_platform.Boxes, "Both entries agree.");
     return m_subjects.IdentifyNext();
   }
   m_isFromList = false;
@@ -85,11 +87,14 @@ void Session::CompareEntered() {
 }
 
 void Session::SettleComparison() {
-  if (m_screen == Screen::Compare && m_settlement.Settle()) CloseComparison();
+  if (m_screen == Screen::Compare && m_settlement.Settle()) LeaveComparison();
 }
 
 void Session::CloseComparison() {
-  if (m_screen != Screen::Compare) return;
+  if (m_screen == Screen::Compare && m_settlement.MayLeave()) LeaveComparison();
+}
+
+void Session::LeaveComparison() {
   m_settlement.Close();
   m_isFromList ? ShowSubjectList() : m_subjects.IdentifyNext();
 }

@@ -146,6 +146,7 @@ std::optional<ChosenProject> SubjectFlow::Restore(const std::string& paramDir, W
   }
   Keeps(entry) = false;
   m_record.Which = entry;
+  m_record.IsCorrection = true;  // perhaps; what cannot be typed again is not deleted
   return chosen;
 }
 

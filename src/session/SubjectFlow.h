@@ -52,6 +52,8 @@ class SubjectFlow {
   /// On the first call, offers to restore the autosave of an interrupted run. Returns the restored subject's project,
   /// to be shown by EnterRestored; nullopt without one.
   std::optional<ChosenProject> OfferRestore(const std::string& paramDir);
+  /// Instead of it, when the project cannot be opened: the autosave stays, and is put aside before another subject's.
+  void KeepRestored() { Keeps(m_record.Which) = true; }
   void EnterRestored(const ProjectParameters& project, const std::string& paramDir);
 
  private:

@@ -42,6 +42,7 @@ void SubjectsScreen::Open(const ProjectParameters& project) {
   m_chosen.clear();
   m_done.clear();
   EndQuestion();
+  ++m_revision;
 }
 
 void SubjectsScreen::Close() {
@@ -49,6 +50,7 @@ void SubjectsScreen::Close() {
   m_table = {};
   m_chosen.clear();
   EndQuestion();
+  ++m_revision;
 }
 
 void SubjectsScreen::ShowProgress(const std::string& text) {
@@ -136,8 +138,13 @@ bool SubjectsScreen::AllChosen(Fits&& fits) const {
 
 const SubjectRow* SubjectsScreen::ToOpen() const {
   const auto rows = Chosen();
-  const bool isOne = rows.size() == 1 && rows.front()->State != SubjectState::Removed;
-  return isOne && rows.front()->State != SubjectState::Foreign ? rows.front() : nullptr;
+  if (rows.size() != 1) return nullptr;
+  switch (rows.front()->State) {
+    case SubjectState::Removed:
+    case SubjectState::Foreign:
+    case SubjectState::SecondAlone: return nullptr;
+    default: return rows.front();
+  }
 }
 
 const SubjectRow* SubjectsScreen::ToCompare() const {

@@ -25,9 +25,8 @@ constexpr const char* kUsualPercent = "20";
 
 std::vector<std::string> CompleteIds(const ProjectParameters& project, Disk& disk) {
   std::vector<std::string> ids;
-  const std::string prefix = ExpectedPrefix(project);
   for (const std::string& name : ListSubjectFiles(disk, project, SubjectDirectory(project.PrimaryDir))) {
-    if (BeginsIgnoringCase(name, prefix)) ids.push_back(SubjectIdFromFileName(project, name));
+    if (IsOwnSubjectFile(project, name)) ids.push_back(SubjectIdFromFileName(project, name));
   }
   return ids;
 }
@@ -52,15 +51,20 @@ void SubjectsScreen::Export() {
 void SubjectsScreen::SaveReport() {
   if (m_project == nullptr) return;
   std::optional<AgreementReport> report;
+  PassedOver passedOver;
   const BusyPointer busy(m_platform.Pointer);
   const bool isRead = WithRetry(m_platform.Boxes, [&] {
     report.emplace(*m_project);
-    ReadSecondEntries(*m_project, m_platform.Files, m_platform.Bar,
-                      [&](std::string_view id, const SubjectRecord& first, const SubjectRecord& second) {
-                        report->Add(id, first, second);
-                      });
+    passedOver = ReadSecondEntries(*m_project, m_platform.Files, m_platform.Bar,
+                                   [&](std::string_view id, const SubjectRecord& first, const SubjectRecord& second) {
+                                     report->Add(id, first, second);
+                                   });
   });
   if (!isRead) return;
+  std::string missing;
+  for (const std::string& name : passedOver.Alone) missing += "There is no first entry of '" + name + "'.\n";
+  for (const std::string& fault : passedOver.Faults) missing += fault + "\n";
+  if (!missing.empty()) Warn(m_platform.Boxes, kPassedOver, missing);
   if (report->SubjectCount() == 0) return Warn(m_platform.Boxes, "No subject was entered a second time yet.");
   Save("Save Report", " Agreement.csv", [&] { return report->CsvText(); });
 }

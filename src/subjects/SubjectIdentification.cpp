@@ -21,8 +21,8 @@ namespace {
 // the identifier, since they are part of the file's name.
 std::string IdentifierOfFile(const ProjectParameters& project, std::string_view path) {
   const std::string_view name = LastPathComponent(path);
-  const std::string prefix = ExpectedPrefix(project);
-  if (!BeginsIgnoringCase(name, prefix) || name.size() - prefix.size() <= kDataFileEnd.size()) return {};
+  if (!IsOwnSubjectFile(project, name)) return {};
+  if (name.size() - ExpectedPrefix(project).size() <= kDataFileEnd.size()) return {};
   const bool canBeStored = std::none_of(name.begin(), name.end(), BreaksField) && IsValidUtf8(name);
   return canBeStored ? SubjectIdFromFileName(project, path) : std::string();
 }
@@ -225,6 +225,7 @@ SubjectIdentification::Outcome SubjectIdentification::Load(const std::string& pa
   if (!isRead) return StayInBox();
   m_record = std::move(loaded);
   m_record.SubjectId = subjectId;
+  m_record.IsCorrection = m_purpose == Purpose::OldData;
   return Outcome::OpenEntry;
 }
 
@@ -239,6 +240,7 @@ SubjectIdentification::Outcome SubjectIdentification::LoadAutosave(const std::st
   if (!isOurs) return Refuse(kForeignFile);
   if (m_purpose == Purpose::Unfinished && !MayReplaceComplete(restored.SubjectId, restored)) return StayInBox();
   m_record = std::move(restored);
+  m_record.IsCorrection = true;  // perhaps; what cannot be typed again is not deleted
   m_record.HasUnsavedChanges = true;
   return Outcome::OpenEntry;
 }

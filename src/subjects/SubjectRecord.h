@@ -28,6 +28,8 @@ struct SubjectRecord {
   WhichEntry Which = WhichEntry::First;
   std::string UnfinishedNote;  ///< not empty for an incomplete subject
   bool HasUnsavedChanges = false;
+  /// Corrects a complete subject. Else the subject is entered anew: what it was settled from no longer holds.
+  bool IsCorrection = false;
   std::vector<KnownFile> KnownFiles;  ///< the files that a save replaces without a question unless they have changed
 
   bool operator==(const SubjectRecord&) const = default;

@@ -90,6 +90,26 @@ bool SubjectStore::RemoveUnfinishedCopies(const SubjectRecord& record, MessageBo
   return WithRetry(boxes, [&] { RemoveIfEmpty(m_disk, primary); });
 }
 
+// The primary directory's first entry comes last, since it shows what is left to do.
+bool SubjectStore::RemoveSettlement(const SubjectRecord& record, MessageBoxes& boxes) {
+  const std::string fileName = SubjectFileName(m_project, record.SubjectId);
+  const auto list = [&] {
+    const auto names = ListSubjectFiles(m_disk, m_project, PlaceDirectory(m_project.PrimaryDir, SubjectPlace::First));
+    m_settled.emplace(names.begin(), names.end());
+  };
+  if (!m_settled && !WithRetry(boxes, list)) return false;
+  if (!m_settled->contains(fileName)) return true;
+  for (const std::string& destination : {m_project.BackupDir, m_project.PrimaryDir}) {
+    if (IsNoDirectory(destination)) continue;
+    for (const SubjectPlace place : {SubjectPlace::Settled, SubjectPlace::First}) {
+      const std::string directory = PlaceDirectory(destination, place);
+      if (!WithRetry(boxes, [&] { DeleteExactly(m_disk, m_project, directory, fileName); })) return false;
+    }
+  }
+  m_settled->erase(fileName);
+  return true;
+}
+
 bool SubjectStore::WriteCopies(SubjectRecord& record, MessageBoxes& boxes) {
   const std::string content = FormatSubject(record, m_project);
   const std::vector<SubjectCopy> copies = CopiesOf(record, m_project);
@@ -109,7 +129,9 @@ bool SubjectStore::Save(SubjectRecord& record, MessageBoxes& boxes) {
   m_hasEmptied = false;
   if (!WriteCopies(record, boxes)) return false;
   // Not earlier: until both complete copies exist, the unfinished ones are the only ones.
-  return !record.UnfinishedNote.empty() || RemoveUnfinishedCopies(record, boxes);
+  if (!record.UnfinishedNote.empty()) return true;
+  const bool isAnew = record.Which == WhichEntry::First && !record.IsCorrection;
+  return (!isAnew || RemoveSettlement(record, boxes)) && RemoveUnfinishedCopies(record, boxes);
 }
 
 }  // namespace zova

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <optional>
+#include <set>
 #include <string>
 #include <unordered_set>
 #include <vector>
@@ -24,8 +25,9 @@ struct SubjectCopy {
 std::vector<SubjectCopy> CopiesOf(const SubjectRecord& record, const ProjectParameters& project);
 
 /// The save of subjects, which asks nothing but Retry: both copies are written, each atomically; then a completed
-/// subject's unfinished copies are deleted. Directories are looked up and listed once for all subjects of a store, so
-/// that saving many takes time linear in their number. They are all first entries, or all second ones.
+/// subject's unfinished copies are deleted, and what it was settled from when it was entered anew. Directories are
+/// looked up and listed once for all subjects of a store, so that saving many takes time linear in their number. They
+/// are all first entries, or all second ones.
 class SubjectStore {
  public:
   /// `project` and `disk` must outlive the store.
@@ -45,6 +47,7 @@ class SubjectStore {
 
   bool WriteCopies(SubjectRecord& record, MessageBoxes& boxes);
   bool RemoveUnfinishedCopies(const SubjectRecord& record, MessageBoxes& boxes);
+  bool RemoveSettlement(const SubjectRecord& record, MessageBoxes& boxes);
   void Write(const SubjectCopy& copy, const std::string& content);
   OpenDirectory& Open(const SubjectCopy& copy);
 
@@ -52,6 +55,7 @@ class SubjectStore {
   Disk& m_disk;
   std::vector<OpenDirectory> m_directories;              // that were written to
   std::optional<std::vector<std::string>> m_unfinished;  // in the primary directory
+  std::optional<std::set<std::string>> m_settled;        // the first entries of settled subjects, likewise
   bool m_hasEmptied = false;
 };
 

@@ -164,7 +164,39 @@ TEST_F(Command, ImportsATable) {
   EXPECT_TRUE(
       refused.ends_with("test 1\r\nerror,1,,,,,\"There are no study rows, which --items position needs.\"\r\n"))
       << refused;
+  Files.Put("C:\\Data\\.zova-AB.journal", "ZOVA changes\n");
+  Expect("t.csv Ab.prm >../report", 1, {},
+         "This is not a valid file format.  Please select a different file.\nReading 'C:\\Data\\.zova-AB.journal'\n"
+         "It should hold an interrupted change of subjects.  Nothing is changed until it is deleted.\n");
   EXPECT_TRUE(Files.Get("C:\\Data\\Sdata\\AB Sub#9.dat").ends_with("1,2,0,0\r\n2,0,0,0\r\n1,1,0,0\r\n2,0,0,0\r\n"));
+}
+
+TEST_F(Command, ComparesTwoEntries) {
+  Program = ZOVA_COMPARE_PROGRAM;
+  const auto put = [&](const std::string& directory, const std::string& name) {
+    Files.Put(directory + "\\" + name, Files.Get("C:\\Data\\Sdata\\AB Sub#1.dat"));
+  };
+  const char* none = "zova-compare: no subject was entered twice\n";
+  Expect("Ab.prm >../report", 1, {}, none);
+  put("C:\\Data\\Sdata\\Second", "AB Sub#1.dat");
+  put("C:\\Data\\Sdata\\Second", "ABC Sub#1.dat");  // another project's
+  Expect("Ab.prm >../report", 0, {}, "");
+  EXPECT_THAT(ReadFile(Files.Root() / "report"), ::testing::HasSubstr("\r\nall,,1,0,3,3,100,3,0,0,1,100,1,1,1\r\n"));
+  EXPECT_THAT(ReadFile(Files.Root() / "report"), ::testing::Not(::testing::HasSubstr("ABC")));
+  Files.Put("C:\\Data\\Sdata\\Second\\AB Sub#2.dat", "");
+  Files.Put("C:\\Data\\Sdata\\AB Sub#2.dat", "");
+  put("C:\\Data\\Sdata\\Second", "AB Sub#3.dat");
+  Expect("Ab.prm >../report", 1, {},
+         "zova-compare: there is no first entry of 'AB Sub#3.dat'\nThe report leaves out what cannot be compared.\n"
+         "Reading 'C:\\Data\\Sdata\\AB Sub#2.dat'\nLine 1: input past end of file.\n");
+  EXPECT_THAT(ReadFile(Files.Root() / "report"), ::testing::HasSubstr("\r\nall,,1,0,"));
+  put("D:\\Out", "ab sub#1.DAT");
+  put("D:\\Out", "AB Sub#4.dat");
+  put("C:\\Data\\Sdata\\Second\\First", "AB Sub#1.dat");
+  Files.Put("C:\\Data\\Sdata\\AB Sub#1.dat", "");  // not as typed
+  Expect("--with ../D/Out Ab.prm >../report", 0, {},
+         "zova-compare: only one directory has 'AB Sub#2.dat'\nzova-compare: only one directory has 'AB Sub#4.dat'\n");
+  Expect("--with Ab.prm", 2, {}, "PROJECT.prm is required\nRun with --help for more information.\n");
 }
 
 #ifdef __linux__

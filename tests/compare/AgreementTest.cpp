@@ -63,12 +63,16 @@ TEST(AgreementReport, CountsTheEntriesAsTyped) {
   EXPECT_NE(text.find(s), std::string::npos) << text;
   study.Files.Put("D:\\Other\\AB Sub#a.dat", study.Subject("1/1", 1));
   study.Files.Put("D:\\Other\\AB Sub#b.dat", "");
+  study.Files.Put("D:\\Other\\ab sub#ALONE.dat", "");
   AgreementReport with(study.Project);
-  EXPECT_EQ(ReadPairsWith("D:\\Other", study.Project, study.OfFiles, bar,
-                          [&](std::string_view id, const SubjectRecord& first, const SubjectRecord& second) {
-                            with.Add(id, first, second);
-                          }),
-            (std::vector<std::string>{"AB Sub#alone.dat", "AB Sub#b.dat", "AB Sub#s.dat"}));
+  const PassedOver passedOver =
+      ReadPairsWith("D:\\Other", study.Project, study.OfFiles, bar,
+                    [&](std::string_view id, const SubjectRecord& first, const SubjectRecord& second) {
+                      with.Add(id, first, second);
+                    });
+  EXPECT_EQ(passedOver.Alone, (std::vector<std::string>{"AB Sub#b.dat", "AB Sub#s.dat"}));
+  EXPECT_EQ(passedOver.Faults,
+            std::vector<std::string>{"Reading 'D:\\Other\\ab sub#ALONE.dat'\nLine 1: input past end of file."});
   EXPECT_NE(with.CsvText().find("\nsubject,a,1,2,7,3,"), std::string::npos) << with.CsvText();
 }
 

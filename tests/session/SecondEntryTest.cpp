@@ -99,7 +99,7 @@ TEST_F(SecondEntryTest, IsKeptBesideTheFirst) {
     }
     return text;
   };
-  EXPECT_EQ(shown(), "young|old|; 1|(none)|; 2|2|2; ");
+  EXPECT_EQ(shown(), "[young]|[old]|; 1|(none)|; 2|2|2; ");
   EXPECT_EQ(settlement.StatusLine(), "2 differences are left");
   settlement.TakeSecond();
   Boxes.Expect({"The differences that are left have to be settled first."});
@@ -109,12 +109,16 @@ TEST_F(SecondEntryTest, IsKeptBesideTheFirst) {
   Boxes.Expect({"Invalid Format."});
   EXPECT_FALSE(settlement.Type("5"));
   EXPECT_TRUE(settlement.Type("2"));
-  EXPECT_EQ(shown(), "young|old|old; 1|(none)|2; 2|2|2; ");
+  EXPECT_EQ(shown(), "[young]|[old]|old; 1|(none)|2; 2|2|2; ");
+  Boxes.Expect({"You will lose all unsaved changes.  Are you sure that you want to do this?", BoxAnswer::No});
+  session.CloseComparison();
   Boxes.Expect(
       {"Duplicate entry found! Item # 2 was located in positions 1 and 2 of test 1.  Item in position 2 has been "
        "deleted.  Please edit the raw data.  You will be given a chance to review the data."});
   session.SettleComparison();
   settlement.GoTo(1);
+  EXPECT_TRUE(settlement.Type("2; 4"));
+  EXPECT_EQ(settlement.TypedText(1), "2; 4") << "a line that both left out";
   EXPECT_TRUE(settlement.Type("4"));
   Boxes.Expect({"Completed subject saved."});
   session.SettleComparison();
@@ -127,9 +131,95 @@ TEST_F(SecondEntryTest, IsKeptBesideTheFirst) {
   session.CloseSubjects();
   m_scratch.Put("D:\\B\\Sdata\\Second\\" + kFile, "lost");
   Boxes.Expect({.Text = kAskBackup, .Answer = BoxAnswer::No});
-  Boxes.Expect({.Text = "The backup data files were updated.", .Details = "3 files were copied."});
+  Boxes.Expect({.Text = "The backup data files were updated.", .Details = "4 files were copied."});
   session.CreateNewBackup();
   EXPECT_EQ(m_scratch.Get("D:\\B\\Sdata\\Second\\" + kFile), Bytes("2", 2));
+}
+
+TEST_F(SecondEntryTest, ALineTypedDoesNotDecideTheOtherOneOfItsPair) {
+  m_scratch.Put("C:\\Data\\Sdata\\" + kFile, Bytes("1 2 3 4", 1));
+  for (const char* second : {"2 1 3 4", "2 3 4 1"}) {  // exchanged, moved
+    m_scratch.Put("C:\\Data\\Sdata\\Second\\" + kFile, Bytes(second, 1));
+    Session& session = OpenExample(m_project);
+    session.ShowSubjects();
+    EXPECT_EQ(session.SubjectList().Table().Text(0, 5), "1 difference");
+    session.CompareChosenSubject();
+    EntrySettlement& settlement = session.Settlement();
+    const std::size_t line = settlement.Current();
+    EXPECT_TRUE(settlement.Type(""));
+    EXPECT_EQ(settlement.StatusLine(), "1 difference is left") << second;
+    EXPECT_NE(settlement.Current(), line) << "the other line";
+    settlement.TakeSecond();
+    EXPECT_EQ(settlement.OpenCount(), 0U);
+    EXPECT_EQ(settlement.Text(line, EntrySettlement::Side::Result), "(none)") << "what was typed stays";
+    EXPECT_EQ(settlement.Text(settlement.Current(), EntrySettlement::Side::Result), "1") << second;
+  }
+}
+
+TEST_F(SecondEntryTest, ASettlementHoldsForItsEntriesAlone) {
+  for (const std::string sdata : {"C:\\Data\\Sdata\\", "D:\\B\\Sdata\\"}) {
+    m_scratch.Put(sdata + kFile, Bytes("4", 2));
+    m_scratch.Put(sdata + "Second\\First\\" + kFile, Bytes("1 2", 1));
+    m_scratch.Put(sdata + "Second\\Settled\\" + kFile, Bytes("2", 2));
+    m_scratch.Put(sdata + "Second\\" + kFile, Bytes("2", 2));
+  }
+  Session& session = OpenExample(m_project);
+  const auto second = [&] {
+    session.ShowSubjects();
+    return session.SubjectList().Table().Text(0, 5);
+  };
+  EXPECT_EQ(second(), "settled");
+  session.OpenChosenSubject();  // a correction
+  Type(session, "3");
+  Boxes.Expect({"Completed subject saved."});
+  session.Subjects().DoneWithAllTests();
+  EXPECT_EQ(session.SubjectList().Table().Text(0, 5), "settled");
+  session.CloseSubjects();
+
+  const auto enter = [&](const char* item, const char* level) {
+    session.Subjects().Identification().SetSubjectText("a");
+    session.Subjects().NextStep();
+    session.Subjects().Identification().SetLevelText(level);
+    Boxes.Expect(
+        {"Subject ID 'a' already exists!  When this subject is saved it will delete the old data.  Are you "
+         "sure you want to do this?",
+         BoxAnswer::Yes});
+    session.Subjects().FinishIdentification();
+    Type(session, item);
+    Boxes.Expect({"Completed subject saved."});
+    session.Subjects().DoneWithAllTests();
+  };
+  session.EnterSecond();
+  enter("2", "1");
+  ASSERT_EQ(session.Shown(), Screen::Compare);
+  EXPECT_EQ(session.Settlement().StatusLine(), "1 difference is left") << "from the first entry as it was typed";
+  session.Settlement().TakeSecond();
+  Boxes.Expect(Warned("This subject was settled before.  Do you wish to replace the settled data?", BoxAnswer::Yes));
+  Boxes.Expect({"Completed subject saved."});
+  session.SettleComparison();
+  session.Subjects().CancelIdentification();
+  EXPECT_EQ(second(), "settled");
+  for (const std::string sdata : {"C:\\Data\\Sdata\\", "D:\\B\\Sdata\\"}) {
+    EXPECT_EQ(m_scratch.Get(sdata + kFile), Bytes("2", 1));
+    EXPECT_EQ(m_scratch.Get(sdata + "Second\\First\\" + kFile), Bytes("1 2", 1));
+  }
+  session.CloseSubjects();
+
+  session.EnterSubjects();
+  enter("2", "2");
+  session.Subjects().CancelIdentification();
+  EXPECT_EQ(second(), "1 difference");
+  for (const std::string sdata : {"C:\\Data\\Sdata\\", "D:\\B\\Sdata\\"}) {
+    EXPECT_FALSE(m_scratch.Has(sdata + "Second\\First\\" + kFile));
+    EXPECT_FALSE(m_scratch.Has(sdata + "Second\\Settled\\" + kFile));
+  }
+}
+
+// What cannot be finished or undone must not be made worse.
+TEST_F(SecondEntryTest, AnInterruptedChangeThatCannotBeFinishedKeepsTheProjectClosed) {
+  m_scratch.Put("C:\\Data\\.zova-AB.journal", "ZOVA changes\n");
+  Boxes.Expect({.Text = "This is not a valid file format.  Please select a different file."});
+  EXPECT_EQ(OpenExample(m_project).OpenedProject(), nullptr);
 }
 
 // After an interrupted first entry; what is not restored is put aside beside the other.

@@ -158,7 +158,7 @@ TEST(SubjectsScreen, ARemovedNameGetsANumberAndComesBack) {
   kActs[2].Do(desk);
   EXPECT_EQ(scratch.Get("D:\\B\\Sdata\\Removed\\AB Sub#ab (2).dat"), Bytes("ab", "1/1 2/1 | 3/1"));
   EXPECT_EQ(RowsOf(desk.Screen),
-            "ab|removed (2)|young|2|1||none\nab|removed|young|1|0||none\nabc|complete|old|1|1||none\n");
+            "ab|removed (2)|young|2|1||1 difference\nab|removed|young|1|0||none\nabc|complete|old|1|1||none\n");
   desk.Choose("AB Sub#ab (2).dat", true), desk.Screen.BringBack();
   EXPECT_EQ(scratch.Get("C:\\Data\\Sdata\\Unfinished\\AB Sub#ab.dat"), Bytes("ab", "1/1 |"));
   desk.Choose("AB Sub#ab.dat", true), desk.Screen.BringBack();
@@ -233,9 +233,28 @@ TEST(FileChanges, AnOldJournalOverwritesNothing) {
                              {false, "b", "old\n", std::nullopt},
                              {false, "c", std::nullopt, "c\r\n"},
                              {false, "b", "old", std::nullopt}}};
-  scratch.Put("C:\\Data\\.zova-AB.journal", FormatJournal(changes));
+  const FileChanges rename{"A rename",
+                           {{false, "new", std::nullopt, "n"},
+                            {false, "b", "old", std::nullopt},
+                            {true, "new", std::nullopt, "n"},
+                            {true, "b", "old", std::nullopt}}};
   EXPECT_EQ(ParseJournal(FormatJournal(changes)), changes);
   FakePlatform fakes;
+  // Another file has the new name meanwhile: the old one is the only copy.
+  scratch.Put("C:\\Data\\new", "another");
+  scratch.Put("D:\\B\\b", "old");
+  scratch.Put("C:\\Data\\.zova-AB.journal", FormatJournal(rename));
+  fakes.Boxes.Expect(
+      {.Text = "A rename was interrupted.  It has been completed, but for files that have changed since.",
+       .Details = "'C:\\Data\\new'\n'C:\\Data\\b'\n'D:\\B\\b'\n"});
+  EXPECT_TRUE(FinishInterruptedChanges(Project(), fakes.With(scratch.Files)));
+  EXPECT_EQ(FilesOf(scratch), (Tree{{"C/Data/Sdata/a", "new"},
+                                    {"C/Data/b", "old"},
+                                    {"C/Data/new", "another"},
+                                    {"D/B/b", "old"},
+                                    {"D/B/new", "n"}}));
+  for (const char* file : {"C:\\Data\\new", "D:\\B\\b", "D:\\B\\new"}) scratch.Files.Delete(file);
+  scratch.Put("C:\\Data\\.zova-AB.journal", FormatJournal(changes));
   fakes.Boxes.Expect(
       {.Text = "A change was interrupted.  It has been completed, but for files that have changed since.",
        .Details = "'C:\\Data\\Sdata\\a'\n"});
@@ -259,31 +278,38 @@ TEST(SubjectsScreen, FiltersAndSortsByEveryColumn) {
   put("AB Sub#d.dat", "\"Subject#\",\"d\"\r\n\"Age\",1\r\n1,2,70000,0\r\n");
   put("ABC Sub#e.dat", Bytes("e", "1/1 |"));
   put("Unfinished\\AB Sub#f.dat", Bytes("f", "1/1 |", 3));
+  put("Second\\AB Sub#B.dat", Bytes("B", "3/2 1/1 | 1/1 2/1"));
+  put("Second\\AB Sub#a.dat", "\"Subject#\"");
+  put("Second\\AB Sub#g.dat", Bytes("g", "1/1 |"));
+  put("Second\\ABC Sub#e.dat", Bytes("e", "1/1 |"));
   scratch.MakeDirectory("D:\\B");
   scratch.Put("C:\\Data\\AB Second Sample.csv", "subject,percent,seed\r\nB,20,7\r\n");
   YesBoxes boxes(BoxAnswer::Cancel);
   Desk desk(scratch, boxes);
-  const std::string a = "a|complete|old|3|10|gaps, minutes, duplicates|none\n";
-  const std::string b = "B|complete|young|2|2|minutes|chosen\n";
+  const std::string a = "a|complete|old|3|10|gaps, minutes, duplicates|unreadable: Line 1: input past end of file.\n";
+  const std::string b = "B|complete|young|2|2|minutes|agrees, chosen\n";
   const std::string c = "c|complete|9|1|1|numbers out of range|none\n";
   const std::string d = "d|unreadable||||Line 3: number beyond the 16-bit range. Numerical result out of range|none\n";
   const std::string e = "ABC Sub#e|another project's|||||none\n";
   const std::string f = "f|unfinished|oldest|1|0||none\n";
-  const std::pair<const char*, std::string> filters[] = {{"", a + e + b + c + d + f}, {"OLD", a + f},
-                                                         {"age: old; state: com", a}, {"test 2: 1", a + c},
-                                                         {"identifier:b", e + b},     {"nothing", ""}};
+  const std::string g = "g|second entry alone|||||no first entry\n";
+  const std::pair<const char*, std::string> filters[] = {{"", a + e + b + c + d + f + g}, {"OLD", a + f},
+                                                         {"age: old; state: com", a},     {"test 2: 1", a + c},
+                                                         {"identifier:b", e + b},         {"nothing", ""}};
   for (const auto& [filter, rows] : filters) {
     desk.Screen.SetFilter(filter);
     EXPECT_EQ(RowsOf(desk.Screen), rows) << filter;
   }
   desk.Screen.SetFilter("");
-  const std::pair<std::size_t, std::string> orders[] = {
-      {0, f + d + c + b + e + a}, {4, d + e + f + c + b + a}, {4, a + b + c + f + d + e}, {5, e + f + a + d + b + c}};
+  const std::pair<std::size_t, std::string> orders[] = {{0, g + f + d + c + b + e + a},
+                                                        {4, d + e + g + f + c + b + a},
+                                                        {4, a + b + c + f + d + e + g},
+                                                        {5, e + f + g + a + d + b + c}};
   for (const auto& [column, rows] : orders) {
     desk.Screen.SortBy(column);
     EXPECT_EQ(RowsOf(desk.Screen), rows) << column;
   }
-  EXPECT_EQ(desk.Screen.StatusLine(), "6 subjects");
+  EXPECT_EQ(desk.Screen.StatusLine(), "7 subjects");
 }
 
 TEST(SubjectsScreen, ChoosesASampleAndSavesTheAgreement) {

@@ -31,10 +31,10 @@ class SubjectsModel final : public QAbstractTableModel {
   [[nodiscard]] int rowCount(const QModelIndex& parent) const override { return parent.isValid() ? 0 : m_rows; }
   [[nodiscard]] int columnCount(const QModelIndex& parent) const override { return parent.isValid() ? 0 : m_columns; }
   [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override {
-    if (m_revision != m_rules.Revision()) return {};
     const auto line = static_cast<std::size_t>(index.row());
     const auto column = static_cast<std::size_t>(index.column());
     const SubjectTable& table = m_rules.Table();
+    if (m_revision != m_rules.Revision() || line >= table.LineCount()) return {};
     switch (role) {
       case Qt::DisplayRole:
       case Qt::ToolTipRole: return ToQt(table.Text(line, column));

@@ -43,29 +43,34 @@ class CompareCommand {
     }
     if (!FinishInterruptedChanges(m_project, m_platform)) return kStopped;
     std::optional<AgreementReport> report;
-    std::vector<std::string> alone;
+    PassedOver passedOver;
     const bool isRead = WithRetry(m_terminal, [&] {
       report.emplace(m_project);
       const PairSink add = [&](std::string_view id, const SubjectRecord& first, const SubjectRecord& second) {
         report->Add(id, first, second);
       };
       if (m_with.empty()) {
-        ReadSecondEntries(m_project, m_disk, m_terminal, add);
+        passedOver = ReadSecondEntries(m_project, m_disk, m_terminal, add);
       } else {
-        alone = ReadPairsWith(StoredPath(m_with), m_project, m_disk, m_terminal, add);
+        passedOver = ReadPairsWith(StoredPath(m_with), m_project, m_disk, m_terminal, add);
       }
     });
     if (!isRead) return kStopped;
-    for (const std::string& name : alone) {
-      std::cerr << "zova-compare: only one directory has '" << Printable(name) << "'\n";
+    for (const std::string& name : passedOver.Alone) {
+      std::cerr << "zova-compare: " << (m_with.empty() ? "there is no first entry of" : "only one directory has") << " '"
+                << Printable(name) << "'\n";
     }
+    std::string faults;
+    for (const std::string& fault : passedOver.Faults) faults += (faults.empty() ? "" : "\n") + fault;
+    if (!faults.empty()) Warn(m_terminal, kPassedOver, faults);
     if (report->SubjectCount() == 0) {
       std::cerr << "zova-compare: no subject was entered twice\n";
       return kStopped;
     }
     SetStandardOutputBinary();
     std::cout << report->CsvText();
-    return kDone;
+    // Two computers need not have all the same subjects.
+    return passedOver.Faults.empty() && (passedOver.Alone.empty() || !m_with.empty()) ? kDone : kStopped;
   }
 
  private:

@@ -13,6 +13,7 @@
 #include "master/groups/SavedOrders.h"
 #include "platform/desktop/FileErrorBoxes.h"
 #include "platform/desktop/NoDesktop.h"
+#include "project/FileChanges.h"
 #include "project/ProjectFile.h"
 #include "project/ProjectOpening.h"
 #include "project/ProtectedFiles.h"
@@ -68,6 +69,8 @@ class ImportCommand {
       Warn(m_terminal, reason);
       return false;
     }
+    // A dry run writes nothing.
+    if (!m_arguments.IsDryRun && !FinishInterruptedChanges(project, m_platform)) return false;
     m_context = ReadImportContext(m_disk, project);
     m_context.SavedOrder = ReadSavedSerialOrder(m_disk, project);
     return true;

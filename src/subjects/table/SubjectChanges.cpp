@@ -73,10 +73,6 @@ std::optional<std::string> WithLevels(std::string_view bytes, const ProjectParam
   return before == after ? std::optional(std::move(text)) : std::nullopt;
 }
 
-std::string FileBelow(const std::string& place, std::string_view file) {
-  return std::string(place).append("/").append(file);
-}
-
 std::string Existing(std::string_view id) { return "A subject '" + std::string(id) + "' already exists."; }
 
 // Adds that a file gets another name, first the new one, so that no moment is without it. Spellings of one name are one
@@ -186,7 +182,7 @@ ChangePlan PlanLevels(const SubjectPlaces& places, const SubjectRow& row, const 
       }
       if (before != after) {
         plan.Changes.Files.push_back({.InBackup = root > 0,
-                                      .Name = FileBelow(PlaceName(place), row.File),
+                                      .Name = PlaceName(place, row.File),
                                       .Before = std::move(before),
                                       .After = std::move(after)});
       }
@@ -211,8 +207,8 @@ ChangePlan PlanRename(const SubjectPlaces& places, const SubjectRow& row, const 
       auto content = places.Read(root > 0, place, row.File);
       if (!content) continue;
       std::string renamed = WithIdentifier(*content, newId);
-      AddMove(plan.Changes, root > 0, FileBelow(PlaceName(place), row.File), FileBelow(PlaceName(place), newFile),
-              std::move(*content), std::move(renamed));
+      AddMove(plan.Changes, root > 0, PlaceName(place, row.File), PlaceName(place, newFile), std::move(*content),
+              std::move(renamed));
     }
   }
   plan.Refusal = AddCompanions(plan.Changes, places, row.Id, newId);
@@ -230,8 +226,7 @@ ChangePlan PlanRemoval(const SubjectPlaces& places, const SubjectRow& row) {
     for (const SubjectPlace place : kSubjectPlaces) {
       const auto content = places.Read(root > 0, place, row.File);
       if (!content) continue;
-      AddMove(plan.Changes, root > 0, FileBelow(PlaceName(place), row.File), FileBelow(RemovedPlaceName(place), file),
-              *content, *content);
+      AddMove(plan.Changes, root > 0, PlaceName(place, row.File), RemovedPlaceName(place, file), *content, *content);
     }
   }
   return plan;
@@ -248,8 +243,7 @@ ChangePlan PlanReturn(const SubjectPlaces& places, const SubjectRow& row) {
     for (const SubjectPlace place : kSubjectPlaces) {
       const auto content = places.ReadRemoved(root > 0, place, row.File);
       if (!content) continue;
-      AddMove(plan.Changes, root > 0, FileBelow(RemovedPlaceName(place), row.File), FileBelow(PlaceName(place), file),
-              *content, *content);
+      AddMove(plan.Changes, root > 0, RemovedPlaceName(place, row.File), PlaceName(place, file), *content, *content);
     }
   }
   return plan;

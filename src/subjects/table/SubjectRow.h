@@ -15,17 +15,27 @@ namespace zova {
 enum class SubjectState {
   Complete,
   Unfinished,
-  Both,        ///< complete, and an unfinished entry beside it
-  Unreadable,  ///< the complete file, or the unfinished one when there is no other
-  Foreign,     ///< another project's file, whose name begins like this project's
+  Both,         ///< complete, and an unfinished entry beside it
+  Unreadable,   ///< the complete file, or the unfinished one when there is no other
+  SecondAlone,  ///< a second entry whose first one is gone
+  Foreign,      ///< another project's file, whose name begins like this project's
   Removed
 };
 
 /// What there is of a second entry.
 struct SecondEntry {
-  enum class State { None, Unfinished, Agrees, Differs, Settled, Unreadable };
+  enum class State {
+    None,
+    Unfinished,
+    Agrees,
+    Differs,
+    Settled,  ///< with this second entry, not with an earlier one
+    Alone,    ///< there is no complete first entry
+    Unreadable
+  };
   State Is = State::None;
   int Differences = 0;
+  std::string Reason = {};  ///< of an unreadable one
 };
 
 /// Counts the differences of a first and a second entry.
@@ -47,7 +57,7 @@ struct SubjectRow {
   std::int64_t SavedAt = 0;  ///< nanoseconds since 1970
 
   [[nodiscard]] bool HasData() const noexcept {
-    return State != SubjectState::Unreadable && State != SubjectState::Foreign;
+    return State != SubjectState::Unreadable && State != SubjectState::Foreign && State != SubjectState::SecondAlone;
   }
 };
 

@@ -23,22 +23,30 @@ std::string StateText(const SubjectRow& row) {
     case SubjectState::Unfinished: return "unfinished";
     case SubjectState::Both: return "complete, unfinished";
     case SubjectState::Unreadable: return "unreadable";
+    case SubjectState::SecondAlone: return "second entry alone";
     case SubjectState::Foreign: return "another project's";
     case SubjectState::Removed: break;
   }
   return row.RemovedNumber == 1 ? "removed" : "removed (" + std::to_string(row.RemovedNumber) + ")";
 }
 
-std::string SecondText(const SubjectRow& row) {
-  switch (row.Second.Is) {
-    case SecondEntry::State::None: return row.IsInSample ? "chosen" : "none";
+std::string SecondStateText(const SecondEntry& second) {
+  switch (second.Is) {
+    case SecondEntry::State::None: return "none";
     case SecondEntry::State::Unfinished: return "unfinished";
     case SecondEntry::State::Agrees: return "agrees";
     case SecondEntry::State::Settled: return "settled";
-    case SecondEntry::State::Unreadable: return "unreadable";
+    case SecondEntry::State::Alone: return "no first entry";
+    case SecondEntry::State::Unreadable: return "unreadable: " + second.Reason;
     case SecondEntry::State::Differs: break;
   }
-  return Counted(static_cast<std::size_t>(row.Second.Differences), "difference", "differences");
+  return Counted(static_cast<std::size_t>(second.Differences), "difference", "differences");
+}
+
+// The sample can be told from the others, and filtered, also when it is entered.
+std::string SecondText(const SubjectRow& row) {
+  if (!row.IsInSample) return SecondStateText(row.Second);
+  return row.Second.Is == SecondEntry::State::None ? "chosen" : SecondStateText(row.Second) + ", chosen";
 }
 
 // In local time, which can be sorted as text.

@@ -45,20 +45,14 @@ class TableReader {
 
   void List() {
     RequireDirectory(m_disk, m_project.PrimaryDir, FileOperation::List);
-    for (const SubjectPlace place : kSubjectPlaces) m_places[Index(place)] = ListIn(PlaceDirectory(Primary(), place));
-    for (const SubjectPlace place : {SubjectPlace::Complete, SubjectPlace::Unfinished}) {
-      m_removed[Index(place)] = ListIn(RemovedDirectory(Primary(), place));
+    for (const SubjectPlace place : kSubjectPlaces) {
+      m_places[Index(place)] = ListIn(PlaceDirectory(Primary(), place));
+      Place removed = ListIn(RemovedDirectory(Primary(), place));
+      std::erase_if(removed.Names, [&](const std::string& name) { return !IsOwnSubjectFile(m_project, name); });
+      m_removed[Index(place)] = std::move(removed);
     }
-    const auto& complete = At(SubjectPlace::Complete).Names;
-    const auto& unfinished = At(SubjectPlace::Unfinished).Names;
-    m_names = complete;
-    std::copy_if(unfinished.begin(), unfinished.end(), std::back_inserter(m_names),
-                 [&](const std::string& name) { return !At(SubjectPlace::Complete).Has(name); });
-    const auto& removed = m_removed[Index(SubjectPlace::Complete)].Names;
-    const auto& removedUnfinished = m_removed[Index(SubjectPlace::Unfinished)].Names;
-    m_removedNames = removed;
-    std::copy_if(removedUnfinished.begin(), removedUnfinished.end(), std::back_inserter(m_removedNames),
-                 [&](const std::string& name) { return !m_removed[Index(SubjectPlace::Complete)].Has(name); });
+    m_names = NamesIn(m_places);
+    m_removedNames = NamesIn(m_removed);
   }
 
   [[nodiscard]] std::size_t Count() const { return m_names.size() + m_removedNames.size(); }
@@ -68,6 +62,20 @@ class TableReader {
   }
 
  private:
+  using Places = std::array<Place, kSubjectPlaces.size()>;
+  // Of complete subjects, of unfinished ones, and of second entries that stand alone.
+  [[nodiscard]] std::vector<std::string> NamesIn(const Places& places) const {
+    const Place& complete = places[Index(SubjectPlace::Complete)];
+    const Place& unfinished = places[Index(SubjectPlace::Unfinished)];
+    std::vector<std::string> names = complete.Names;
+    std::copy_if(unfinished.Names.begin(), unfinished.Names.end(), std::back_inserter(names),
+                 [&](const std::string& name) { return !complete.Has(name); });
+    const auto& seconds = places[Index(SubjectPlace::Second)].Names;
+    std::copy_if(seconds.begin(), seconds.end(), std::back_inserter(names), [&](const std::string& name) {
+      return !complete.Has(name) && !unfinished.Has(name) && IsOwnSubjectFile(m_project, name);
+    });
+    return names;
+  }
   static std::size_t Index(SubjectPlace place) { return static_cast<std::size_t>(place); }
   [[nodiscard]] const std::string& Primary() const { return m_project.PrimaryDir; }
   [[nodiscard]] const Place& At(SubjectPlace place) const { return m_places[Index(place)]; }
@@ -82,26 +90,31 @@ class TableReader {
     SubjectRow row;
     row.Id = SubjectIdFromFileName(m_project, name);
     row.File = name;
-    if (!BeginsIgnoringCase(name, ExpectedPrefix(m_project))) {
+    if (!IsOwnSubjectFile(m_project, name)) {
       row.State = SubjectState::Foreign;
       return row;
     }
     const bool isComplete = At(SubjectPlace::Complete).Has(name);
     const bool isUnfinished = row.HasUnfinished = At(SubjectPlace::Unfinished).Has(name);
     row.State = !isComplete ? SubjectState::Unfinished : isUnfinished ? SubjectState::Both : SubjectState::Complete;
-    Fill(row, At(isComplete ? SubjectPlace::Complete : SubjectPlace::Unfinished).Directory);
-    if (isComplete && row.HasData()) row.Second = SecondOf(name);
+    if (isComplete || isUnfinished) {
+      Fill(row, At(isComplete ? SubjectPlace::Complete : SubjectPlace::Unfinished).Directory);
+    } else {
+      row.State = SubjectState::SecondAlone;
+    }
+    row.Second = SecondOf(m_places, row);
     return row;
   }
 
   SubjectRow ReadRemoved(const std::string& name) {
     SubjectRow row;
     row.File = name;
-    const bool isComplete = m_removed[Index(SubjectPlace::Complete)].Has(name);
-    Fill(row, m_removed[Index(isComplete ? SubjectPlace::Complete : SubjectPlace::Unfinished)].Directory);
+    const auto place = std::find_if(m_removed.begin(), m_removed.end(), [&](const Place& at) { return at.Has(name); });
+    Fill(row, place->Directory);
     const RemovedName removed = RemovedNameOf(m_project, name, m_bytes);
     row.Id = removed.Id;
     row.RemovedNumber = removed.Number;
+    row.Second = SecondOf(m_removed, row);
     row.State = SubjectState::Removed;
     return row;
   }
@@ -129,31 +142,46 @@ class TableReader {
     ParsingFile(file.Shown, [&] { ParseSubject(m_bytes, m_project, record); });
   }
 
-  SecondEntry SecondOf(const std::string& name) {
-    if (At(SubjectPlace::First).Has(name)) return {SecondEntry::State::Settled};
-    if (!At(SubjectPlace::Second).Has(name)) {
-      const bool isBegun = At(SubjectPlace::SecondUnfinished).Has(name);
-      return {isBegun ? SecondEntry::State::Unfinished : SecondEntry::State::None};
+  SecondEntry SecondOf(const Places& places, const SubjectRow& row) {
+    const auto has = [&](SubjectPlace place) { return places[Index(place)].Has(row.File); };
+    const auto fileIn = [&](SubjectPlace place) { return Below(places[Index(place)].Directory, row.File); };
+    if (!has(SubjectPlace::Second)) {
+      return {has(SubjectPlace::SecondUnfinished) ? SecondEntry::State::Unfinished : SecondEntry::State::None};
     }
+    if (!has(SubjectPlace::Complete)) return {SecondEntry::State::Alone};
+    if (!row.HasData()) return {};
     try {
-      ReadRecord(Below(At(SubjectPlace::Second).Directory, name), m_second);
-    } catch (const FileError&) {
-      return {SecondEntry::State::Unreadable};
+      ReadRecord(fileIn(SubjectPlace::Second), m_second);
+      if (has(SubjectPlace::First)) {
+        if (IsSettled(has, fileIn)) return {SecondEntry::State::Settled};
+        ReadRecord(fileIn(SubjectPlace::First), m_first);
+      }
+    } catch (const FileError& error) {
+      return {SecondEntry::State::Unreadable, 0, ReasonOf(error)};
     }
     const int differences = m_count(m_first, m_second);
     return {differences == 0 ? SecondEntry::State::Agrees : SecondEntry::State::Differs, differences};
   }
 
+  // The second entry, read last, is the one that the subject was settled with.
+  template <typename Has, typename FileIn>
+  bool IsSettled(Has&& has, FileIn&& fileIn) {
+    if (!has(SubjectPlace::Settled)) return false;
+    m_disk.Read(fileIn(SubjectPlace::Settled), m_settledBytes);
+    return m_settledBytes == m_bytes;
+  }
+
   const ProjectParameters& m_project;
   Disk& m_disk;
   const CountDifferences& m_count;
-  std::array<Place, kSubjectPlaces.size()> m_places;
-  std::array<Place, kSubjectPlaces.size()> m_removed;
+  Places m_places;
+  Places m_removed;
   std::vector<std::string> m_names;
   std::vector<std::string> m_removedNames;
-  SubjectRecord m_first;  // the next three are kept between subjects, so that memory is allocated once
+  SubjectRecord m_first;  // the next four are kept between subjects, so that memory is allocated once
   SubjectRecord m_second;
   std::string m_bytes;
+  std::string m_settledBytes;
 };
 
 }  // namespace
