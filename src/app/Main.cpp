@@ -62,16 +62,15 @@ std::string SettingsFile() {
   return FromQt(QDir::toNativeSeparators(settings.fileName()));
 }
 
-std::vector<std::string> NamesIn(const QString& list) {
-  std::vector<std::string> names;
-  for (const QString& name : list.split(',', Qt::SkipEmptyParts)) names.push_back(FromQt(name));
-  return names;
-}
-
 struct CommandLine {
   std::string Project;                  ///< "" for none
   std::optional<ReportOptions> Report;  ///< it ends without a window
 };
+
+[[noreturn]] void RefuseUsage(const std::string& fault) {
+  std::cerr << "zova: " << fault << "\nTry 'zova --help'.\n";
+  std::exit(2);
+}
 
 // Paths become drive-letter paths.
 CommandLine ReadCommandLine(const Disk& disk) {
@@ -84,35 +83,65 @@ CommandLine ReadCommandLine(const Disk& disk) {
   const QCommandLineOption means("means", "With --report: the variables of its means, crossed.", "VARIABLE,...");
   const QCommandLineOption measures("measures", "With --report: its measures, by their names in the master.",
                                     "NAME,...");
-  parser.addOptions({report, means, measures});
-  const QCommandLineOption plotOptions[] = {
+  const QCommandLineOption groupSize("group-size", "With --report: also what nominal groups of N subjects share.", "N");
+  const QCommandLineOption groupBy("group-by", "Only subjects of one level of this variable form a group.", "VARIABLE");
+  const QCommandLineOption groupOrder("group-order", "The order in which groups are formed, as for zova-master.",
+                                      "FILE");
+  const QList<QCommandLineOption> ofReport = {means, measures, groupSize, groupBy, groupOrder};
+  parser.addOptions(QList{report} + ofReport);
+  const QList<QCommandLineOption> ofPlots = {
       {"bars", "With --report: what the plots draw about a mean: ci, se, within or none.", "BARS"},
       {"title", "With --report: the title of a plot. May be repeated, like those below.", "MEASURE=TEXT"},
       {"axis", "With --report: the ends of a plot's value axis; one may be empty.", "MEASURE=MIN..MAX"},
       {"order", "With --report: the levels of a variable in the order of the plots.", "VARIABLE=LEVEL,..."},
       {"colours", "With --report: what the raster's colours show, position or category.", "COLOURS"}};
-  for (const QCommandLineOption& option : plotOptions) parser.addOption(option);
-  parser.process(*QCoreApplication::instance());
+  parser.addOptions(ofPlots);
+  if (!parser.parse(QCoreApplication::arguments())) RefuseUsage(FromQt(parser.errorText()));
+  parser.process(*QCoreApplication::instance());  // prints help and version
   const auto drivePath = [&](const QString& path) {
     std::string text = FromQt(path);
     if (HasDrive(text)) return text;
     return disk.Drives().ToDrivePath(FromQt(QDir::toNativeSeparators(QFileInfo(path).absoluteFilePath())));
   };
+  const auto need = [&](const QCommandLineOption& option, const QCommandLineOption& other) {
+    if (!parser.isSet(option) || parser.isSet(other)) return;
+    RefuseUsage("--" + FromQt(option.names().front()) + " requires --" + FromQt(other.names().front()));
+  };
+  for (const QCommandLineOption& option : ofReport + ofPlots) need(option, report);
+  need(groupBy, groupSize);
+  need(groupOrder, groupSize);
   CommandLine line;
   if (!parser.positionalArguments().isEmpty()) line.Project = drivePath(parser.positionalArguments().front());
   if (!parser.isSet(report)) return line;
-  if (line.Project.empty()) {
-    std::cerr << "zova: --report needs a project's file\n";
-    std::exit(2);
-  }
-  line.Report = ReportOptions{drivePath(parser.value(report)), line.Project, NamesIn(parser.value(means)),
-                              NamesIn(parser.value(measures))};
-  for (const QCommandLineOption& option : plotOptions) {
+  if (line.Project.empty()) RefuseUsage("--report needs a project's file");
+  if (parser.value(report).isEmpty()) RefuseUsage("--report: a file needs a name");
+  line.Report = ReportOptions{drivePath(parser.value(report)),
+                              line.Project,
+                              FromQt(parser.value(means)),
+                              FromQt(parser.value(measures)),
+                              std::nullopt,
+                              std::nullopt,
+                              {},
+                              {}};
+  if (parser.isSet(groupSize)) line.Report->GroupSize = FromQt(parser.value(groupSize));
+  if (parser.isSet(groupBy)) line.Report->GroupBy = FromQt(parser.value(groupBy));
+  if (parser.isSet(groupOrder)) line.Report->GroupOrderFile = drivePath(parser.value(groupOrder));
+  for (const QCommandLineOption& option : ofPlots) {
     for (const QString& value : parser.values(option)) {
       line.Report->Plots.emplace_back(FromQt(option.names().front()), FromQt(value));
     }
   }
   return line;
+}
+
+// A report is made without a display, too, and nobody needs one to read the help. On Windows that comes in a box.
+bool NeedsNoWindow(std::string_view argument) {
+#ifndef Q_OS_WIN
+  for (const std::string_view text : {"-h", "--help", "--help-all", "-v", "--version"}) {
+    if (argument == text) return true;
+  }
+#endif
+  return argument.starts_with(std::string("--") + kReportOption);
 }
 
 void ComeUp(QWidget& window) {
@@ -180,11 +209,8 @@ int main(int argc, char** argv) {
   QCoreApplication::setOrganizationName("ZOVA");
   QCoreApplication::setApplicationName("Dorvan's ZOVA");
   QCoreApplication::setApplicationVersion(zova::kVersion);
-  // A report is made without a display, too.
-  const bool isReport = std::any_of(argv, argv + argc, [](const char* text) {
-    return std::string_view(text).starts_with(std::string("--") + zova::kReportOption);
-  });
-  if (isReport && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  const bool isHeadless = std::any_of(argv, argv + argc, zova::NeedsNoWindow);
+  if (isHeadless && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
   zova::Application application(argc, argv);
   QApplication::setStyle(new zova::Style);
   QApplication::setDesktopFileName("zova");

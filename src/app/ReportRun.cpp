@@ -5,16 +5,12 @@
 #include <iostream>
 
 #include "app/plots/PlotFile.h"
-#include "master/groups/NominalGroups.h"
-#include "means/MeansExaminer.h"
-#include "platform/desktop/FileErrorBoxes.h"
+#include "means/ResultFiles.h"
 #include "platform/desktop/NoDesktop.h"
-#include "project/ProjectFile.h"
 #include "project/ProjectOpening.h"
-#include "project/ProtectedFiles.h"
-#include "report/HtmlReport.h"
-#include "report/ReportData.h"
+#include "report/MakeReport.h"
 #include "session/Version.h"
+#include "text/Cells.h"
 
 namespace zova {
 
@@ -40,6 +36,28 @@ class ErrorLines final : public MessageBoxes, public Progress {
   void ProcessEvents() override {}
 };
 
+// What the options name; "" or why they do not name it.
+std::string ReadChoice(const ReportOptions& options, const ProjectParameters& project, ReportChoice& choice) {
+  const auto noVariable = [](const std::string& name) { return "the project has no variable '" + name + "'"; };
+  std::string unknown;
+  choice = {options.ReportFile, options.ProjectFile, {}, SplitNames(options.Measures), std::nullopt, {}};
+  choice.Variables = FindVariables(project, SplitNames(options.Variables), unknown);
+  if (!unknown.empty()) return noVariable(unknown);
+  for (const PlotOption& option : options.Plots) {
+    if (!SetPlotOption(option, choice.Plots)) return "--" + option.first + " does not take '" + option.second + "'";
+  }
+  for (const LevelOrder& order : choice.Plots.Orders) {
+    if (!FindVariable(project, order.Variable)) return noVariable(order.Variable);
+  }
+  if (!options.GroupSize) return "";
+  const auto size = ParseGroupSize(*options.GroupSize);
+  if (!size) return std::string("--group-size: ") + kGroupSizeFault;
+  choice.Groups = GroupChoice{*size, std::nullopt, options.GroupOrderFile};
+  if (!options.GroupBy) return "";
+  choice.Groups->Separator = FindVariable(project, *options.GroupBy);
+  return choice.Groups->Separator ? "" : noVariable(*options.GroupBy);
+}
+
 int Refuse(const std::string& fault) {
   std::cerr << "zova: " << fault << '\n';
   return kWrongUsage;
@@ -51,49 +69,16 @@ int RunReport(const ReportOptions& options, Disk& disk) {
   ErrorLines lines;
   NoDesktop none;
   const Platform platform{disk, lines, none, none, none, none, lines};
-  ProjectParameters project;
-  if (!WithRetry(lines, [&] { project = ReadProjectFile(disk, options.ProjectFile); })) return kStopped;
-  if (!MayOpenProject(project, lines)) return kStopped;
-  if (const std::string reason = ViewOnlyReason(project); !reason.empty()) {
-    Warn(lines, reason);
-    return kStopped;
-  }
-  MeansRequest means{.Measures = {}, .Variables = {}, .LeavesOutUncomputed = true};
-  for (const std::string& name : options.Variables) {
-    const auto variable = FindVariable(project, name);
-    if (!variable) return Refuse("the project has no variable '" + name + "'");
-    means.Variables.push_back(*variable);
-  }
-  PlotOptions plots;
-  for (const auto& option : options.Plots) {
-    if (!SetPlotOption(option, plots)) return Refuse("--" + option.first + " does not take '" + option.second + "'");
-  }
-  for (const LevelOrder& order : plots.Orders) {
-    if (!FindVariable(project, order.Variable)) return Refuse("the project has no variable '" + order.Variable + "'");
-  }
-  auto data = ReadReportData(project, platform);
-  if (!data) return kStopped;
-  const ReportChoice choice = ChooseMeasures(data->Table, options.Measures);
-  if (!choice.Unknown.empty()) return Refuse("unknown measure '" + choice.Unknown + "'");
-  means.Measures = choice.Measures;
-  if (!choice.Notice.empty()) data->Notices.push_back(choice.Notice);
-  const ReportRequest request{
-      project,
-      data->Table,
-      means,
-      plots,
-      choice.IsUsual,
-      std::move(data->Notices),
-      ReportCommand(options.ReportFile, options.ProjectFile, options.Variables, options.Measures, plots),
-      kVersion};
-  const std::string html = ReportHtml(request, DrawnSvg);
-  bool isKept = false;
-  const bool isDone = WithRetry(lines, [&] {
-    isKept = IsProtectedFile(options.ReportFile, project, disk);
-    if (!isKept) disk.Write(options.ReportFile, html);
-  });
-  if (isKept) Warn(lines, "A master or a data file of a project is never replaced.", options.ReportFile);
-  return isDone && !isKept ? kDone : kStopped;
+  const auto project = OpenForCommand(options.ProjectFile, platform);
+  if (!project) return kStopped;
+  ReportChoice choice;
+  if (const std::string fault = ReadChoice(options, *project, choice); !fault.empty()) return Refuse(fault);
+  std::string unknown;
+  const auto html = MakeReport(*project, choice, kVersion, DrawnSvg, platform, unknown);
+  if (!unknown.empty()) return Refuse("unknown measure '" + unknown + "'");
+  const bool isDone = html && WriteResultFile(
+                                  options.ReportFile, [&] { return *html; }, *project, platform);
+  return isDone ? kDone : kStopped;
 }
 
 }  // namespace zova

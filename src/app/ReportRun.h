@@ -10,13 +10,16 @@
 
 namespace zova {
 
-/// The options of `zova --report`; paths are drive-letter paths.
+/// The options of `zova --report`; paths are drive-letter paths, lists are as typed.
 struct ReportOptions {
   std::string ReportFile;
   std::string ProjectFile;
-  std::vector<std::string> Variables;
-  std::vector<std::string> Measures;  ///< none: those that a report has by default
-  std::vector<PlotOption> Plots{};
+  std::string Variables;
+  std::string Measures;  ///< "": those that a report has by default
+  std::optional<std::string> GroupSize;
+  std::optional<std::string> GroupBy;
+  std::string GroupOrderFile;
+  std::vector<PlotOption> Plots;
 };
 
 /// Writes the report without a window; messages go to standard error. The exit code: 0, 1 if it is not written, 2 for

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "master/groups/NominalGroups.h"
+#include "text/Cells.h"
 
 namespace zova {
 

@@ -5,24 +5,22 @@
 #include <exception>
 #include <iostream>
 #include <numeric>
-#include <set>
 
 #include "cli/Arguments.h"
 #include "cli/CommandLine.h"
 #include "cli/Terminal.h"
+#include "master/groups/GroupChoice.h"
 #include "master/groups/SavedOrders.h"
 #include "master/run/CombinedMaster.h"
 #include "master/run/MasterRun.h"
 #include "master/run/RunStart.h"
 #include "means/EffectSizes.h"
 #include "means/MeansTable.h"
+#include "means/ResultFiles.h"
 #include "means/UncomputedValues.h"
 #include "platform/desktop/FileErrorBoxes.h"
 #include "platform/desktop/NoDesktop.h"
-#include "project/FileChanges.h"
-#include "project/ProjectFile.h"
 #include "project/ProjectOpening.h"
-#include "project/ProtectedFiles.h"
 #include "session/Version.h"
 #include "subjects/SubjectFiles.h"
 #include "text/Counted.h"
@@ -41,13 +39,9 @@ class MasterCommand {
 
   int Run() {
     const std::string projectFile = FilePath(m_arguments.ProjectFile);
-    if (!WithRetry(m_terminal, [&] { m_project = ReadProjectFile(m_disk, projectFile); })) return kStopped;
-    if (!MayOpenProject(m_project, m_terminal)) return kStopped;
-    if (const std::string reason = ViewOnlyReason(m_project); !reason.empty()) {
-      Warn(m_terminal, reason);
-      return kStopped;
-    }
-    if (!FinishInterruptedChanges(m_project, m_platform)) return kStopped;
+    auto project = OpenForCommand(projectFile, m_platform);
+    if (!project) return kStopped;
+    m_project = std::move(*project);
     CombinedRequest combined;
     if (m_arguments.GroupBy) combined.Separator = VariableByName(*m_arguments.GroupBy);
     MeansRequest means = FindMeansVariables();
@@ -85,16 +79,9 @@ class MasterCommand {
                          .LeavesOutUncomputed = m_arguments.ComputedOnly,
                          .More = m_arguments.Statistics};
     if (!m_arguments.Means) return request;
-    const std::vector<std::string>& names = *m_arguments.Means;
-    for (std::size_t first = 0; first < names.size(); ++first) {
-      // In an older file the name of a variable may contain commas.
-      std::string name = names[first];
-      std::size_t last = first;
-      while (!FindVariable(m_project, name) && last + 1 < names.size()) name += "," + names[++last];
-      const bool isKnown = FindVariable(m_project, name).has_value();
-      request.Variables.push_back(VariableByName(isKnown ? name : names[first]));
-      first = last;
-    }
+    std::string unknown;
+    request.Variables = FindVariables(m_project, *m_arguments.Means, unknown);
+    if (!unknown.empty()) throw UsageError("the project has no variable '" + unknown + "'");
     return request;
   }
 
@@ -107,14 +94,8 @@ class MasterCommand {
   }
 
   bool WriteEffects(const std::string& text) {
-    const std::string path = FilePath(*m_arguments.EffectsFile);
-    bool isKept = false;
-    const bool isDone = WithRetry(m_terminal, [&] {
-      isKept = IsProtectedFile(path, m_project, m_disk);
-      if (!isKept) m_disk.Write(path, text);
-    });
-    if (isKept) Warn(m_terminal, "A master or a data file of a project is never replaced.", path);
-    return isDone && !isKept;
+    return WriteResultFile(
+        FilePath(*m_arguments.EffectsFile), [&] { return text; }, m_project, m_platform);
   }
 
   [[nodiscard]] std::string FilePath(const std::string& text) const {
@@ -170,33 +151,19 @@ class MasterCommand {
     combined.Selection = request.Selection;
     combined.Destination = request.Destination;
     combined.GroupsFile = request.GroupsFile;
-    auto subjects = ReadGroupSubjects(m_project, request.SubjectFileCount, combined.Separator.has_value(), m_platform);
-    if (!subjects) return false;
-    combined.Subjects = std::move(*subjects);
-    const std::vector<std::string>& ids = combined.Subjects.SubjectIds;
-    GroupOrder order = FirstGroupOrder(ids.size());
-    if (m_arguments.GroupOrderFile && !ReadGroupOrderFor(ids, order)) return false;
-    combined.Plan = FormGroups(combined.Subjects.LevelsOf(combined.Separator), order, *m_arguments.GroupSize);
-    const std::string text = GroupPlanText(combined.Plan, ids, m_project, combined.Separator);
-    if (combined.Plan.Groups.empty()) {
-      Warn(m_terminal, kTooFewSubjects, text);
-      return false;
+    const std::string orderFile = m_arguments.GroupOrderFile ? FilePath(*m_arguments.GroupOrderFile) : std::string();
+    const GroupChoice choice{*m_arguments.GroupSize, combined.Separator, orderFile};
+    auto groups = ReadChosenGroups(m_project, request.SubjectFileCount, choice, m_platform);
+    if (!groups) return false;
+    combined.Subjects = std::move(groups->Subjects);
+    combined.Plan = std::move(groups->Plan);
+    for (const std::string& id : groups->NotInOrder) {
+      std::cerr << "Subject " << Printable(id) << " is not in '" << Printable(orderFile) << "' and comes last.\n";
     }
-    if (combined.Plan.HasLeftOver()) std::cerr << Printable(text, Lines::Several) << '\n';
-    return true;
-  }
-
-  bool ReadGroupOrderFor(const std::vector<std::string>& subjectIds, GroupOrder& order) {
-    const std::string path = FilePath(*m_arguments.GroupOrderFile);
-    GroupOrderLines lines;
-    if (!WithRetry(m_terminal, [&] { lines = ReadGroupOrder(m_disk, path); })) return false;
-    if (!IsFaultless(GroupFileFault(lines, subjectIds), path)) return false;
-    order = FitGroupOrder(lines, subjectIds);
-    // No one reviews the order before it is used, so a misspelt identifier must be reported.
-    const std::set<std::string_view> known(lines.SubjectIds.begin(), lines.SubjectIds.end());
-    for (const std::string& id : subjectIds) {
-      if (!known.contains(id))
-        std::cerr << "Subject " << Printable(id) << " is not in '" << Printable(path) << "' and comes last.\n";
+    if (combined.Plan.HasLeftOver()) {
+      const std::string text =
+          GroupPlanText(combined.Plan, combined.Subjects.SubjectIds, m_project, combined.Separator);
+      std::cerr << Printable(text, Lines::Several) << '\n';
     }
     return true;
   }

@@ -98,15 +98,4 @@ ParsedLine ParseLine(CLI::App& app, const std::vector<std::string>& arguments,
   return ParsedLine::Work;
 }
 
-std::vector<std::string> SplitNames(std::string_view list) {
-  std::vector<std::string> names;
-  if (list.empty()) return names;
-  for (;;) {
-    const std::size_t end = std::min(list.find(','), list.size());
-    names.emplace_back(list.substr(0, end));
-    if (end == list.size()) return names;
-    list.remove_prefix(end + 1);
-  }
-}
-
 }  // namespace zova

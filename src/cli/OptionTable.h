@@ -8,7 +8,6 @@
 #include <optional>
 #include <stdexcept>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace CLI {
@@ -58,8 +57,5 @@ enum class ParsedLine { Work, Help, Version };
 /// Throws UsageError.
 ParsedLine ParseLine(CLI::App& app, const std::vector<std::string>& arguments,
                      const std::vector<const std::string*>& files);
-
-/// Splits at commas; no names for "".
-std::vector<std::string> SplitNames(std::string_view list);
 
 }  // namespace zova

@@ -147,6 +147,16 @@ MeansLines LinesOf(const std::vector<Effect>& effects) {
   return lines;
 }
 
+std::string_view EffectDefinition(std::string_view kind) {
+  if (kind == "d") return "d: the difference of the two means / the pooled SD";
+  if (kind == "difference") {
+    return "difference: the mean of the differences of the subjects with a value on both tests, with its 95 % CI";
+  }
+  if (kind == "d_z") return "d_z: the mean of these differences / their SD";
+  return "eta squared: sum of squares between the levels, or the tests, / sum of squares of all values; of tests only "
+         "subjects with a value on each count";
+}
+
 std::string EffectText(const Effect& effect) {
   constexpr int kDecimals = 2;
   std::string text = effect.Factor + (effect.Contrast.empty() ? "" : ", " + effect.Contrast) + ": " + effect.Kind;

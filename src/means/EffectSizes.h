@@ -9,6 +9,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "means/MeansTable.h"
@@ -33,6 +34,9 @@ std::vector<Effect> ComputeEffects(const MasterTable& table, const MeansRequest&
 
 /// As a CSV: Measure, Effect, Factor, Contrast, n, Value, 95% CI Low, 95% CI High.
 MeansLines LinesOf(const std::vector<Effect>& effects);
+
+/// What the effects of a kind are: "d_z: the mean of the subjects' differences / their SD".
+std::string_view EffectDefinition(std::string_view kind);
 
 /// "Sex, Woman - Man: d = 0.53 (n = 24)".
 std::string EffectText(const Effect& effect);

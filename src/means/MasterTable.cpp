@@ -38,7 +38,7 @@ void AddFields(std::string_view subject, LineCells& fields, MasterTable& table) 
   const std::size_t rows = table.RowCount();
   if (AppendFields(fields, table)) {
     table.Subjects.emplace_back(subject);
-    table.Uncomputed.resize(table.Values.size(), false);
+    table.Gaps.resize(table.Values.size(), ScoreGap::None);
   } else {
     table.Levels.resize(rows * table.Variables.size());
     table.Values.resize(rows * table.Measures.size());
@@ -55,7 +55,7 @@ void Reserve(std::string_view text, MasterTable& table) {
   table.Subjects.reserve(rows);
   table.Levels.reserve(rows * table.Variables.size());
   table.Values.reserve(rows * columns);
-  table.Uncomputed.reserve(rows * columns);
+  table.Gaps.reserve(rows * columns);
 }
 
 bool BeginsWithMeasure(std::string_view line) { return ColumnByName(*LineCells(line).Next()).has_value(); }

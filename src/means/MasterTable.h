@@ -9,6 +9,8 @@
 #include <vector>
 
 #include "project/ProjectParameters.h"
+#include "scoring/Score.h"
+#include "scoring/further/FurtherScores.h"
 #include "scoring/further/RecallMarks.h"
 
 namespace zova {
@@ -17,6 +19,7 @@ namespace zova {
 struct FurtherValues {
   std::vector<std::string> Names;
   std::vector<double> Values;           ///< row by row, one per name; not a number where there is no value
+  std::vector<FurtherGap> Gaps;         ///< parallel to Values: why there is none
   RecallMarks Lists;                    ///< what each row's subject recalled
   std::vector<std::string> Categories;  ///< their names, for a raster
 };
@@ -28,7 +31,7 @@ struct MasterTable {
   std::vector<std::string> Subjects;   ///< identifier or group label of each row; "" in a later piece of a wide master
   std::vector<std::string> Levels;     ///< row by row, one per variable: the level's number or XXXXXXX
   std::vector<double> Values;          ///< row by row, one per measure
-  std::vector<bool> Uncomputed;        ///< parallel to Values: true for a 0 that could not be computed
+  std::vector<ScoreGap> Gaps;          ///< parallel to Values: why a 0 could not be computed
   FurtherValues Further;               ///< counted on behind the measures of the master
   bool HasSubjects = true;             ///< false: a later piece of a wide master, which begins with a measure
   int SkippedLines = 0;                ///< lines that do not fit the header
@@ -48,7 +51,8 @@ struct MasterTable {
     return Values[row * Measures.size() + measure];
   }
   [[nodiscard]] bool IsUncomputed(std::size_t row, std::size_t measure) const {
-    return IsFurther(measure) ? std::isnan(Value(row, measure)) : Uncomputed[row * Measures.size() + measure];
+    return IsFurther(measure) ? std::isnan(Value(row, measure))
+                              : Gaps[row * Measures.size() + measure] != ScoreGap::None;
   }
 };
 

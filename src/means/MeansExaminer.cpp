@@ -23,9 +23,6 @@ namespace {
 
 constexpr const char* kNoText = "It is no text.";
 constexpr const char* kNoHeader = "Its first line is no header: it has no name of a measure.";
-// Of rows and positions: what the curves over the positions may take, 160 MB each.
-constexpr std::size_t kMaxPositionValues = 20'000'000;
-
 constexpr const char* kNoRows = "None of its lines fits its header.";
 
 }  // namespace
@@ -137,10 +134,7 @@ void MeansExaminer::ListFurther() {
   m_furtherGroups.clear();
   m_hasFurther = false;
   if (!m_isOwn || m_table.RowCount() == 0 || !m_table.HasSubjects || IsGroupLabel(m_table.Subjects.front())) return;
-  const std::size_t positions =
-      static_cast<std::size_t>(m_project->TestCount) * static_cast<std::size_t>(m_project->ItemCount);
-  const bool withPositions = m_table.RowCount() * positions <= kMaxPositionValues;
-  m_further = withPositions ? FurtherColumns::AllAndCurves : FurtherColumns::All;
+  m_further = CurvesFor(*m_project, m_table.RowCount());
   m_table.Further.Names = FurtherColumnNames(*m_project, m_further);
   std::optional<FurtherGroup> last;
   for (const std::string& name : m_table.Further.Names) {

@@ -3,14 +3,13 @@
 // What Examine Means saves: table, plot and report.
 
 #include "means/MeansExaminer.h"
+#include "means/ResultFiles.h"
 #include "project/ProtectedFiles.h"
 #include "text/Encoding.h"
 
 namespace zova {
 
 namespace {
-
-std::string_view FirstLine(std::string_view text) { return text.substr(0, text.find_first_of("\r\n")); }
 
 struct PlotFile {
   std::string Ending;
@@ -67,15 +66,10 @@ std::optional<std::string> MeansExaminer::AskReportFile() {
 
 void MeansExaminer::SaveReport(const std::string& path, const std::string& bytes) { Save(path, bytes); }
 
-// A master can have any destination and name, so its content decides. Throws FileError.
+// The master that is shown may have no header. Throws FileError.
 bool MeansExaminer::IsKept(const std::string& path) {
-  if (IsProtectedFile(path, *m_project, m_platform.Files)) return true;
-  if (!m_platform.Files.FileExists(path)) return false;
-  if (m_platform.Files.IsSame(path, m_path)) return true;  // its rows may have no header
-  std::string bytes;
-  m_platform.Files.Read(path, bytes);
-  const DataText text(bytes);
-  return IsMasterHeader(FirstLine(text.Content())) || ParseSerialPositionMaster(text.Content()).has_value();
+  return IsKeptFile(path, *m_project, m_platform.Files) ||
+         (m_platform.Files.FileExists(path) && m_platform.Files.IsSame(path, m_path));
 }
 
 void MeansExaminer::Save(const std::string& path, const std::string& bytes) {

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "means/MeansExaminer.h"
+#include "means/UncomputedValues.h"
 #include "text/Counted.h"
 
 namespace zova {
@@ -39,6 +40,7 @@ std::string MeansExaminer::NoteLine() const {
     add("This is no master of the open project: its levels are numbers, and values that could not be computed, which "
         "stand as 0, are not known.");
   }
+  if (!m_furtherGroups.empty() && m_further == FurtherColumns::All) add(kCurvesLeftOut);
   if (m_unchecked > 0) {
     add(Counted(static_cast<std::size_t>(m_unchecked), "row has no subject", "rows have no subject") +
         " that could be scored again: values that could not be computed are not known there.");

@@ -10,6 +10,7 @@
 #include <unordered_map>
 
 #include "master/columns/MasterColumns.h"
+#include "master/exports/ScoreGapText.h"
 #include "master/groups/GroupLabel.h"
 #include "master/groups/NominalGroups.h"
 #include "means/RasterPlot.h"
@@ -86,7 +87,7 @@ class GapMarker final : public ColumnSink {
   void Share(const MasterColumn&, const Ratio& value) override {
     const std::size_t measure = m_shares[m_next++];
     if (measure == kNone || value.Gap == ScoreGap::None || m_table.Value(m_row, measure) != 0) return;
-    m_table.Uncomputed[m_row * m_table.Measures.size() + measure] = true;
+    m_table.Gaps[m_row * m_table.Measures.size() + measure] = value.Gap;
   }
 
  private:
@@ -109,6 +110,7 @@ std::vector<std::string> ListedSubjects(SubjectReader& reader) {
 void AppendFurther(const FurtherScores& scores, const ProjectParameters& project, FurtherValues& further) {
   WalkFurtherColumns(project, scores, [&](const FurtherColumn&, const Measured& value) {
     further.Values.push_back(value.Gap == FurtherGap::None ? value.Value : kNoValue);
+    further.Gaps.push_back(value.Gap);
   });
 }
 
@@ -185,6 +187,13 @@ int MarkUncomputed(MasterTable& table, const ProjectParameters& project, Disk& d
   return failures;
 }
 
+FurtherColumns CurvesFor(const ProjectParameters& project, std::size_t rows) {
+  constexpr std::size_t kMostValues = 20'000'000;
+  const std::size_t positions =
+      static_cast<std::size_t>(project.TestCount) * static_cast<std::size_t>(project.ItemCount);
+  return rows * positions <= kMostValues ? FurtherColumns::AllAndCurves : FurtherColumns::All;
+}
+
 void ComputeFurther(MasterTable& table, const ProjectParameters& project, const FurtherData& data,
                     FurtherColumns columns, Disk& disk, Progress& bar) {
   FurtherScorer scorer(data, columns);
@@ -193,9 +202,11 @@ void ComputeFurther(MasterTable& table, const ProjectParameters& project, const 
   SubjectRecord record;
   PercentProgress progress(bar, table.RowCount(), "Reading subjects: ", "%");
   table.Further.Values.clear();
+  table.Further.Gaps.clear();
   table.Further.Lists = {};
   table.Further.Categories = CategoryNames(data.Words, project);
   table.Further.Values.reserve(table.RowCount() * table.Further.Names.size());
+  table.Further.Gaps.reserve(table.RowCount() * table.Further.Names.size());
   const auto score = [&](int number) -> const FurtherScores* {
     if (number == 0) return nullptr;
     try {
@@ -214,9 +225,29 @@ void ComputeFurther(MasterTable& table, const ProjectParameters& project, const 
     } else {
       AppendUnread(data.Study, table.Further.Lists);
       table.Further.Values.resize(table.Further.Values.size() + table.Further.Names.size(), kNoValue);
+      table.Further.Gaps.resize(table.Further.Values.size(), FurtherGap::NotScored);
     }
     progress.Show(row + 1);
   }
+}
+
+std::vector<GapCount> CountGaps(const MasterTable& table, std::size_t measure) {
+  std::vector<GapCount> counts;
+  const bool isFurther = table.IsFurther(measure);
+  const std::size_t width = isFurther ? table.Further.Names.size() : table.Measures.size();
+  const std::size_t column = isFurther ? measure - table.Measures.size() : measure;
+  for (std::size_t row = 0; row < table.RowCount(); ++row) {
+    const std::size_t at = row * width + column;
+    const std::string_view reason = isFurther ? FurtherGapText(table.Further.Gaps[at]) : ScoreGapText(table.Gaps[at]);
+    if (reason.empty()) continue;
+    const auto known = std::find_if(counts.begin(), counts.end(), [&](const auto& c) { return c.Reason == reason; });
+    if (known == counts.end()) {
+      counts.push_back({reason, 1});
+    } else {
+      ++known->Count;
+    }
+  }
+  return counts;
 }
 
 ScoredTable::ScoredTable(const ProjectParameters& project, const MeasureSelection& selection, FurtherColumns further)

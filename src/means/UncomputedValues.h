@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <string_view>
+#include <vector>
+
 #include "master/columns/FurtherFamilies.h"
 #include "master/columns/MeasureSelection.h"
 #include "master/exports/FurtherData.h"
@@ -17,11 +20,27 @@ namespace zova {
 /// message except the progress on `bar`.
 int MarkUncomputed(MasterTable& table, const ProjectParameters& project, Disk& disk, Progress& bar);
 
+/// The further measures of a table of `rows` subjects: without the curves over the serial positions where these would
+/// take more than 160 MB each.
+FurtherColumns CurvesFor(const ProjectParameters& project, std::size_t rows);
+inline constexpr const char* kCurvesLeftOut =
+    "Position and FirstRecall are left out: subjects, tests and items make more than 20,000,000 values of each.";
+
 /// Computes the further measures of the rows of `table`, an individual master of `project`, by reading each subject
 /// again; `table.Further.Names` are those of FurtherColumnNames. A row whose subject cannot be read has no values.
 /// Shows no message except the progress on `bar`.
 void ComputeFurther(MasterTable& table, const ProjectParameters& project, const FurtherData& data,
                     FurtherColumns columns, Disk& disk, Progress& bar);
+
+/// Why values of a measure could not be computed, and how many.
+struct GapCount {
+  std::string_view Reason;
+  std::size_t Count = 0;
+
+  bool operator==(const GapCount&) const = default;
+};
+/// In the order of the rows. The further measures must be computed.
+std::vector<GapCount> CountGaps(const MasterTable& table, std::size_t measure);
 
 /// The master of a run, with its further measures, as a marked table, without parsing its file: names and identifiers
 /// may contain commas or the name of a measure.

@@ -2,8 +2,11 @@
 
 #include "project/ProjectOpening.h"
 
+#include <utility>
+
 #include "platform/desktop/FileErrorBoxes.h"
 #include "project/DirectoryRules.h"
+#include "project/FileChanges.h"
 #include "project/ProjectFile.h"
 #include "project/ProjectLayout.h"
 #include "text/Encoding.h"
@@ -46,6 +49,17 @@ std::optional<ChosenProject> ReadProject(const std::string& path, const Platform
   if (!WithRetry(platform.Boxes, [&] { chosen.Parameters = ReadProjectFile(platform.Files, path); }))
     return std::nullopt;
   return chosen;
+}
+
+std::optional<ProjectParameters> OpenForCommand(const std::string& path, const Platform& platform) {
+  auto chosen = ReadProject(path, platform);
+  if (!chosen || !MayOpenProject(chosen->Parameters, platform.Boxes)) return std::nullopt;
+  if (const std::string reason = ViewOnlyReason(chosen->Parameters); !reason.empty()) {
+    Warn(platform.Boxes, reason);
+    return std::nullopt;
+  }
+  if (!FinishInterruptedChanges(chosen->Parameters, platform)) return std::nullopt;
+  return std::move(chosen->Parameters);
 }
 
 std::optional<ChosenProject> ChooseProject(const std::string& title, const std::string& paramDir,

@@ -32,6 +32,10 @@ struct ChosenProject {
 /// Reads a parameter file that is known by its path; reports a failure.
 std::optional<ChosenProject> ReadProject(const std::string& path, const Platform& platform);
 
+/// The project that a command works on: may be opened, can be more than viewed, and has no interrupted changes left.
+/// nullopt after a message.
+std::optional<ProjectParameters> OpenForCommand(const std::string& path, const Platform& platform);
+
 /// Calls ChooseProjectFile and reads the file. Reports a file that is not a parameter file and shows the dialog again.
 /// nullopt when the user cancels the dialog or a failed read.
 std::optional<ChosenProject> ChooseProject(const std::string& title, const std::string& paramDir,

@@ -123,10 +123,4 @@ bool WriteNamedFile(const std::string& path, const std::function<std::string()>&
   return isDone && !kept;
 }
 
-bool WriteNamedFile(const std::string& path, const std::function<std::string()>& content,
-                    const ProjectParameters& project, const Platform& platform) {
-  const auto isKept = [&](const std::string& named) { return IsProtectedFile(named, project, platform.Files); };
-  return WriteNamedFile(path, content, isKept, platform);
-}
-
 }  // namespace zova

@@ -24,8 +24,5 @@ bool IsProtectedFile(const std::string& path, const ProjectParameters& project, 
 /// was written.
 bool WriteNamedFile(const std::string& path, const std::function<std::string()>& content,
                     const std::function<bool(const std::string& path)>& isKept, const Platform& platform);
-/// Likewise, where protected files are kept.
-bool WriteNamedFile(const std::string& path, const std::function<std::string()>& content,
-                    const ProjectParameters& project, const Platform& platform);
 
 }  // namespace zova

@@ -3,15 +3,18 @@
 #include "report/HtmlReport.h"
 
 #include <algorithm>
-#include <cctype>
+#include <optional>
+#include <set>
+#include <utility>
 
-#include "master/columns/ColumnName.h"
-#include "master/columns/FurtherFamilies.h"
 #include "means/EffectSizes.h"
 #include "means/OccurringLevels.h"
 #include "means/RasterPlot.h"
+#include "means/UncomputedValues.h"
 #include "project/ProjectLayout.h"
+#include "report/ReportFamilies.h"
 #include "report/ReportStyle.h"
+#include "text/Counted.h"
 
 namespace zova {
 
@@ -20,67 +23,24 @@ namespace {
 constexpr std::size_t kMostLines = 150;  // of a table that nobody asked for
 constexpr std::size_t kMostLists = 300;  // some 300 kB
 
-// The measures of one family among those of the request.
-struct FamilyOfReport {
-  std::string_view Stem;
-  std::string_view Label;
-  std::string_view Definition;
-  std::string_view Source;
-  std::vector<std::size_t> Measures;
-};
-
-FamilyOfReport FamilyOf(const MasterTable& table, std::size_t measure) {
-  const std::string& name = table.MeasureName(measure);
-  if (const auto further = FurtherColumnByName(name); further && table.IsFurther(measure)) {
-    const FurtherFamily& family = *further->Family;
-    return {family.Stem, family.Label, family.Definition, family.Source, {measure}};
-  }
-  if (const auto known = ColumnByName(name)) {
-    const MeasureFamily& family = *known->Family;
-    const MeasureBox& box = AllMeasureBoxes()[static_cast<std::size_t>(family.Box)];
-    return {family.Stem, family.Label, box.QuickHelp, "", {measure}};
-  }
-  return {name, name, "", "", {measure}};
-}
-
-// A master's and a further family may have one name, Gains.
-std::vector<FamilyOfReport> FamiliesOf(const ReportRequest& request) {
-  std::vector<FamilyOfReport> families;
-  for (const std::size_t measure : request.Means.Measures) {
-    const FamilyOfReport family = FamilyOf(request.Table, measure);
-    const auto known = std::find_if(families.begin(), families.end(), [&](const FamilyOfReport& other) {
-      return other.Stem == family.Stem && other.Definition == family.Definition;
-    });
-    if (known == families.end()) {
-      families.push_back(family);
-    } else {
-      known->Measures.push_back(measure);
-    }
-  }
-  return families;
-}
-
-// A box's quick help says what it adds: "Adds the number of items recalled."
-std::string WithoutVerb(std::string_view definition) {
-  constexpr std::string_view kVerb = "Adds ";
-  if (!definition.starts_with(kVerb)) return std::string(definition);
-  definition.remove_prefix(kVerb.size());
-  return std::string(1, static_cast<char>(std::toupper(static_cast<unsigned char>(definition.front())))) +
-         std::string(definition.substr(1));
-}
-
 // Where no measure was named, and with those of the serial position.
-bool ShowsLists(const ReportRequest& request) {
-  const std::vector<std::size_t>& measures = request.Means.Measures;
-  return request.IsUsual || std::any_of(measures.begin(), measures.end(), [&](std::size_t measure) {
-           const auto further = FurtherColumnByName(request.Table.MeasureName(measure));
-           return further && request.Table.IsFurther(measure) && further->Family->Group == FurtherGroup::Serial;
+bool ShowsLists(const ReportRequest& request, const std::vector<ReportFamily>& families) {
+  return request.IsUsual || std::any_of(families.begin(), families.end(), [](const ReportFamily& family) {
+           return family.Further != nullptr && family.Further->Group == FurtherGroup::Serial;
          });
 }
 
 class Page {
  public:
-  explicit Page(const ReportRequest& request) : m_request(request) {}
+  explicit Page(const ReportRequest& request)
+      : m_request(request),
+        m_data(request.Data),
+        m_families(FamiliesOf(m_data.Table, request.Means.Measures, m_data.Groups.has_value())) {
+    m_effects.reserve(m_families.size());
+    for (const ReportFamily& family : m_families) {
+      m_effects.push_back(ComputeEffects(m_data.Table, MeansOf(family), &request.Project));
+    }
+  }
 
   std::string Build(const DrawSvg& draw) {
     const std::string title = EscapedHtml(ProjectTitle(m_request.Project));
@@ -89,9 +49,11 @@ class Page {
     Element("h1", ProjectTitle(m_request.Project));
     AddDesign();
     AddSubjects();
-    AddNotices();
-    for (const FamilyOfReport& family : FamiliesOf(m_request)) AddFamily(family, draw);
-    if (ShowsLists(m_request)) AddLists(draw);
+    AddLeftOut();
+    AddList("Notices", m_data.Notices);
+    AddConventions();
+    for (std::size_t k = 0; k < m_families.size(); ++k) AddFamily(m_families[k], m_effects[k], draw);
+    if (ShowsLists(m_request, m_families)) AddLists(draw);
     m_html += "<footer>\n";
     Element("p", "Made by ZOVA " + m_request.Version + ". The same page again:");
     Element("pre", m_request.CommandLine);
@@ -113,11 +75,27 @@ class Page {
   }
 
   void Table(const std::vector<std::string>& header, const std::vector<std::vector<std::string>>& rows) {
-    m_html += "<table>\n<thead>\n";
-    Row("th", header);
-    m_html += "</thead>\n<tbody>\n";
+    m_html += "<table>\n";
+    if (!header.empty()) {
+      m_html += "<thead>\n";
+      Row("th", header);
+      m_html += "</thead>\n";
+    }
+    m_html += "<tbody>\n";
     for (const std::vector<std::string>& row : rows) Row("td", row);
     m_html += "</tbody>\n</table>\n";
+  }
+
+  void List(const std::vector<std::string>& lines) {
+    if (lines.empty()) return;
+    m_html += "<ul>\n";
+    for (const std::string& line : lines) Element("li", line);
+    m_html += "</ul>\n";
+  }
+
+  void AddList(std::string_view heading, const std::vector<std::string>& lines) {
+    if (!lines.empty()) Element("h2", heading);
+    List(lines);
   }
 
   void AddDesign() {
@@ -131,15 +109,36 @@ class Page {
     }
     if (IsFalseMemoryInForce(project)) rows.push_back({"Lures", "the last item of each category"});
     if (project.MinutesRecorded == 1) rows.push_back({"Minutes per test", std::to_string(project.MaxMinutes)});
-    if (project.Rated == 1) rows.push_back({"Ratings", "1 to " + std::to_string(project.MaxRating)});
-    Table({"", ""}, rows);
+    if (project.Rated == 1) rows.push_back({"Ratings", "1 to " + std::to_string(project.MaxRating) + RatedTests()});
+    rows.push_back({"Order of study", OrderText()});
+    Table({}, rows);
+  }
+
+  // ", of tests 1 and 3".
+  [[nodiscard]] std::string RatedTests() const {
+    std::string tests;
+    for (int test = 1; test <= m_request.Project.TestCount; ++test) {
+      if (IsTestRated(m_request.Project, test)) tests += (tests.empty() ? "" : ", ") + std::to_string(test);
+    }
+    return tests.empty() ? ", of no test" : ", of test " + tests;
+  }
+
+  [[nodiscard]] std::string OrderText() const {
+    constexpr std::string_view kTexts[] = {"the subject's own", "the saved serial order", "not known"};
+    std::string text;
+    for (std::size_t origin = 0; origin < m_data.Orders.size(); ++origin) {
+      if (m_data.Orders[origin] == 0) continue;
+      text.append(text.empty() ? "" : "; ").append(kTexts[origin]);
+      text += " (" + Counted(m_data.Orders[origin], "list", "lists") + ")";
+    }
+    return text;
   }
 
   void AddSubjects() {
     Element("h2", "Subjects");
-    Element("p", "n = " + std::to_string(m_request.Table.RowCount()));
-    for (std::size_t variable = 0; variable < m_request.Table.Variables.size(); ++variable) {
-      const OccurringLevels levels = LevelsOf(m_request.Table, variable, &m_request.Project);
+    Element("p", "n = " + std::to_string(m_data.Table.RowCount()));
+    for (std::size_t variable = 0; variable < m_data.Table.Variables.size(); ++variable) {
+      const OccurringLevels levels = LevelsOf(m_data.Table, variable, &m_request.Project);
       std::vector<std::size_t> counts(levels.Names.size(), 0);
       for (const std::size_t level : levels.OfRow) ++counts[level];
       std::vector<std::vector<std::string>> rows;
@@ -147,46 +146,78 @@ class Page {
       for (std::size_t level = 0; level < counts.size(); ++level) {
         rows.push_back({levels.Names[level], std::to_string(counts[level])});
       }
-      Table({m_request.Table.Variables[variable], "n"}, rows);
+      Table({m_data.Table.Variables[variable], "n"}, rows);
     }
   }
 
-  void AddNotices() {
-    if (m_request.Notices.empty()) return;
-    Element("h2", "Notices");
-    m_html += "<ul>\n";
-    for (const std::string& notice : m_request.Notices) Element("li", notice);
-    m_html += "</ul>\n";
-  }
-
-  void AddFamily(const FamilyOfReport& family, const DrawSvg& draw) {
-    Element("h2", std::string(family.Stem) + ": " + std::string(family.Label));
-    if (!family.Definition.empty()) Element("p", WithoutVerb(family.Definition));
-    if (!family.Source.empty()) Element("cite", family.Source);
+  [[nodiscard]] MeansRequest MeansOf(const ReportFamily& family) const {
     MeansRequest request = m_request.Means;
     request.Measures = family.Measures;
     request.Orders = m_request.Plots.Orders;
     if (m_request.Plots.Bars == PlotBars::Within) request.More.Within = true;
-    const MeansTable means = ComputeMeans(m_request.Table, request, &m_request.Project);
+    return request;
+  }
+
+  void AddLeftOut() {
+    std::vector<std::string> lines;
+    for (const ReportFamily& family : m_families) {
+      std::vector<GapCount> all;
+      for (const std::size_t measure : family.Measures) {
+        for (const GapCount& gap : CountGaps(m_data.Table, measure)) {
+          const auto known =
+              std::find_if(all.begin(), all.end(), [&](const GapCount& other) { return other.Reason == gap.Reason; });
+          if (known == all.end()) {
+            all.push_back(gap);
+          } else {
+            known->Count += gap.Count;
+          }
+        }
+      }
+      for (const GapCount& gap : all) {
+        lines.push_back(std::string(family.Stem) + ": " + Counted(gap.Count, "value", "values") + ", " +
+                        std::string(gap.Reason) + ".");
+      }
+    }
+    if (lines.empty()) lines.emplace_back("Every value of these measures could be computed.");
+    AddList("What was left out, and why", lines);
+  }
+
+  void AddConventions() {
+    std::vector<std::string> lines = ConventionsOf(m_families);
+    std::set<std::string_view> kinds;
+    for (const std::vector<Effect>& effects : m_effects) {
+      for (const Effect& effect : effects) kinds.insert(effect.Kind);
+    }
+    for (const std::string_view kind : {"d", "difference", "d_z", "eta squared"}) {
+      if (kinds.contains(kind)) lines.push_back(std::string(EffectDefinition(kind)) + ".");
+    }
+    AddList("Symbols and conventions", lines);
+  }
+
+  void AddFamily(const ReportFamily& family, const std::vector<Effect>& effects, const DrawSvg& draw) {
+    Element("h2", std::string(family.Stem) + ": " + std::string(family.Label));
+    if (!family.Definition.empty()) Element("p", family.Definition);
+    if (!family.Source.empty()) Element("cite", family.Source);
+    if (family.Measures.empty()) return AddGroups(*m_data.Groups);
+    const MeansTable means = ComputeMeans(m_data.Table, MeansOf(family), &m_request.Project);
     if (const std::size_t lines = means.Measures.size() * means.Cells.size(); m_request.IsUsual && lines > kMostLines) {
       Element("p", "The table has " + std::to_string(lines) +
                        " lines. Examine Means has it, and a report of these measures.");
       return AddPlot(PictureOf(means, m_request.Plots.Bars), draw);
     }
     AddMeans(means);
-    const std::vector<Effect> effects = ComputeEffects(m_request.Table, request, &m_request.Project);
-    if (!effects.empty()) {
-      m_html += "<ul class=\"effects\">\n";
-      for (const Effect& effect : effects) Element("li", effect.Measure + ": " + EffectText(effect));
-      m_html += "</ul>\n";
-    }
+    List(GapTexts(m_data.Table, family.Measures));
+    std::vector<std::string> lines;
+    lines.reserve(effects.size());
+    for (const Effect& effect : effects) lines.push_back(effect.Measure + ": " + EffectText(effect));
+    List(lines);
     AddPlot(PictureOf(means, m_request.Plots.Bars), draw);
   }
 
   void AddLists(const DrawSvg& draw) {
     MeansRequest request = m_request.Means;
     request.Orders = m_request.Plots.Orders;
-    PlotPicture picture = RasterOf(m_request.Table, request, m_request.Plots.Colours, m_request.Project);
+    PlotPicture picture = RasterOf(m_data.Table, request, m_request.Plots.Colours, m_request.Project);
     const std::size_t rows = picture.Lists.RowCount();
     Element("h2", "Recall lists");
     if (rows > kMostLists) {
@@ -194,6 +225,43 @@ class Page {
     }
     Element("p", "A row for each subject and test, a mark for each recall, from the first to the last.");
     AddPlot(std::move(picture), draw);
+  }
+
+  // A row per group, below them the means of the groups with a value.
+  void AddGroups(const GroupTable& groups) {
+    std::vector<std::string> header = {"Group"};
+    if (!groups.Separator.empty()) header.push_back(groups.Separator);
+    header.insert(header.end(), groups.Names.begin(), groups.Names.end());
+    std::vector<Sample> samples(groups.Names.size());
+    std::vector<std::vector<std::string>> rows;
+    rows.reserve(groups.Lines.size() + 1);
+    constexpr int kDecimals = 3;
+    for (const GroupTable::Line& line : groups.Lines) {
+      std::vector<std::string>& row = rows.emplace_back(std::vector<std::string>{line.Label});
+      if (!groups.Separator.empty()) row.push_back(line.Level);
+      for (std::size_t i = 0; i < line.Values.size(); ++i) {
+        const bool isComputed = line.Values[i].Gap == FurtherGap::None;
+        if (isComputed) samples[i].Add(line.Values[i].Value);
+        row.push_back(isComputed ? ShownNumber(line.Values[i].Value, kDecimals) : "");
+      }
+    }
+    CriticalValues critical;
+    for (const auto& [text, statistic] : {std::pair{"n", 0}, {"Mean", 1}, {"95% CI Low", 2}, {"95% CI High", 3}}) {
+      std::vector<std::string>& row = rows.emplace_back(std::vector<std::string>{text});
+      if (!groups.Separator.empty()) row.emplace_back();
+      for (const Sample& sample : samples) {
+        const SampleStatistics all = sample.Statistics(critical);
+        const std::optional<double> values[] = {static_cast<double>(all.N), all.Mean, all.Low(), all.High()};
+        row.push_back(ShownNumber(values[statistic], statistic == 0 ? 0 : kDecimals));
+      }
+    }
+    Table(header, rows);
+    if (std::any_of(groups.Lines.begin(), groups.Lines.end(), [](const GroupTable::Line& line) {
+          return std::any_of(line.Values.begin(), line.Values.end(),
+                             [](const Measured& value) { return value.Gap != FurtherGap::None; });
+        })) {
+      Element("p", "A field is empty where a member recalled nothing.");
+    }
   }
 
   void AddMeans(const MeansTable& means) {
@@ -232,6 +300,9 @@ class Page {
   }
 
   const ReportRequest& m_request;
+  const ReportData& m_data;
+  std::vector<ReportFamily> m_families;
+  std::vector<std::vector<Effect>> m_effects;  // by family
   std::string m_html;
 };
 

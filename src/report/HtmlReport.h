@@ -4,30 +4,29 @@
 #include <functional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "means/MeansPlot.h"
+#include "report/ReportData.h"
 
 namespace zova {
 
 /// What a report is made of.
 struct ReportRequest {
   const ProjectParameters& Project;
-  const MasterTable& Table;  ///< an individual master of the project, with the further measures
-  MeansRequest Means;        ///< measures and variables of the tables and plots
+  const ReportData& Data;
+  MeansRequest Means;  ///< measures and variables of the tables and plots
   PlotOptions Plots;
-  bool IsUsual = false;              ///< no measure was named: long tables are left to other programs
-  std::vector<std::string> Notices;  ///< what was left out, and the notices of the run
-  std::string CommandLine;           ///< that makes the same page again
+  bool IsUsual = false;     ///< no measure was named: long tables are left to other programs
+  std::string CommandLine;  ///< that makes the same page again
   std::string Version;
 };
 
 /// Draws a picture as SVG; "" if it cannot.
 using DrawSvg = std::function<std::string(const PlotPicture& picture)>;
 
-/// One HTML page without scripts or anything that is loaded: design, subjects by level, what was left out, and for each
-/// family of measures its definition and source, means with intervals, effect sizes, and a plot; version and command
-/// line. All names are escaped.
+/// One HTML page without scripts or anything that is loaded: design, subjects by level, what was left out and why, the
+/// meaning of symbols, and for each family of measures its definition and source, means with intervals, effect sizes, a
+/// plot, and why values are missing; the measures of groups; version and command line. All names are escaped.
 std::string ReportHtml(const ReportRequest& request, const DrawSvg& draw);
 
 /// `text` between tags, or in quotes within one.

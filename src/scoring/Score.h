@@ -2,11 +2,12 @@
 #pragma once
 
 #include <cmath>
+#include <cstdint>
 
 namespace zova {
 
 /// Why a ratio has no value. The master shows 0 for every reason.
-enum class ScoreGap {
+enum class ScoreGap : std::uint8_t {
   None,             ///< the ratio has a value
   TooFewRecalls,    ///< ARC: fewer than 2 categories or fewer than 3 recalls
   NoRoom,           ///< ARC: the maximum equals the chance value

@@ -6,8 +6,8 @@
 #include <utility>
 
 #include "master/groups/SavedOrders.h"
+#include "means/ResultFiles.h"
 #include "platform/desktop/FileErrorBoxes.h"
-#include "project/ProtectedFiles.h"
 #include "tables/ImportReport.h"
 #include "tables/ImportRun.h"
 #include "text/Counted.h"
@@ -166,7 +166,7 @@ void ImportFlow::SaveReport() {
                                                       .Filters = {{"CSV files (*.csv)", "*.csv"}},
                                                       .Name = m_project->Abbreviation + " Import Report.csv"});
   if (!path) return;
-  WriteNamedFile(
+  WriteResultFile(
       *path, [this] { return FormatImportReport(m_draft->Plan); }, *m_project, m_platform);
 }
 

@@ -9,7 +9,7 @@
 
 #include "platform/desktop/FileErrorBoxes.h"
 #include "project/ProjectLayout.h"
-#include "report/ReportData.h"
+#include "report/MakeReport.h"
 #include "session/Version.h"
 
 namespace zova {
@@ -21,19 +21,21 @@ void Session::ExamineMeans() {
 }
 
 void Session::SaveReport(const std::string& path, const DrawSvg& draw) {
-  MeansRequest means = m_means.Request();
-  means.LeavesOutUncomputed = true;
-  means.More = {};
-  std::vector<std::string> measures, variables, notices;
-  for (const std::size_t measure : means.Measures) measures.push_back(m_means.Table().MeasureName(measure));
-  for (const std::size_t variable : means.Variables) variables.push_back(m_means.Table().Variables[variable]);
-  if (!m_means.NoteLine().empty()) notices.push_back(m_means.NoteLine());
-  if (!WithRetry(m_platform.Boxes, [&] { AddUnfinishedNotice(*m_project, m_platform.Files, notices); })) return;
-  const std::string project = ParameterFilePath(m_project->PrimaryDir, *m_project);
-  const PlotOptions& plots = m_means.Options();
-  m_means.SaveReport(path, ReportHtml({*m_project, m_means.Table(), means, plots, false, std::move(notices),
-                                       ReportCommand(path, project, variables, measures, plots), kVersion},
-                                      draw));
+  ReportChoice choice{path,
+                      ParameterFilePath(m_project->PrimaryDir, *m_project),
+                      m_means.Request().Variables,
+                      {},
+                      std::nullopt,
+                      m_means.Options()};
+  for (const std::size_t measure : m_means.Request().Measures) {
+    choice.Measures.push_back(m_means.Table().MeasureName(measure));
+  }
+  const BusyPointer busy(m_platform.Pointer);
+  std::string unknown;
+  const auto html = MakeReport(*m_project, choice, kVersion, draw, m_platform, unknown);
+  if (html) return m_means.SaveReport(path, *html);
+  if (unknown.empty()) return;
+  Warn(m_platform.Boxes, "The subjects have no measure '" + unknown + "' any more.  Create the master again.");
 }
 
 void Session::CloseMeans() {

@@ -8,8 +8,8 @@
 
 #include "compare/Agreement.h"
 #include "compare/EntryPairs.h"
+#include "means/ResultFiles.h"
 #include "platform/desktop/FileErrorBoxes.h"
-#include "project/ProtectedFiles.h"
 #include "session/SubjectsScreen.h"
 #include "text/Counted.h"
 #include "text/Encoding.h"
@@ -41,7 +41,7 @@ void SubjectsScreen::Save(const char* title, const std::string& name, const std:
                                         .Filters = {{"CSV files (*.csv)", "*.csv"}, {"All files (*.*)", "*"}},
                                         .Name = m_project->Abbreviation + name});
   if (!path) return;
-  if (WriteNamedFile(*path, text, *m_project, m_platform)) m_done = "Saved: " + *path;
+  if (WriteResultFile(*path, text, *m_project, m_platform)) m_done = "Saved: " + *path;
 }
 
 void SubjectsScreen::Export() {

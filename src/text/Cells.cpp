@@ -32,6 +32,17 @@ std::vector<std::string_view> CellsOf(std::string_view line) {
   return cells;
 }
 
+std::vector<std::string> SplitNames(std::string_view list) {
+  std::vector<std::string> names;
+  if (list.empty()) return names;
+  for (;;) {
+    const std::size_t end = std::min(list.find(','), list.size());
+    names.emplace_back(list.substr(0, end));
+    if (end == list.size()) return names;
+    list.remove_prefix(end + 1);
+  }
+}
+
 char CellSeparator(std::string_view text) noexcept {
   for (const char separator : {'\t', ';'}) {
     if (text.find(separator) != std::string_view::npos) return separator;

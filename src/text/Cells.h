@@ -4,6 +4,7 @@
 #pragma once
 
 #include <optional>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -26,6 +27,9 @@ class LineCells {
 
 /// All cells of a line separated by commas.
 std::vector<std::string_view> CellsOf(std::string_view line);
+
+/// The names of a list as typed, split at commas; none for "".
+std::vector<std::string> SplitNames(std::string_view list);
 
 /// The separator of a pasted block: tab if there is one, else semicolon if there is one, else comma.
 char CellSeparator(std::string_view text) noexcept;

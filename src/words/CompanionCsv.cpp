@@ -112,9 +112,12 @@ FileError CompanionError(const CsvError& fault, const std::string& path) {
           "Line " + std::to_string(fault.Line()) + ": " + fault.what() + "."};
 }
 
+std::string PassedOverText(const FileError& fault) {
+  return "'" + std::string(LastPathComponent(fault.Path())) + "' is passed over: a line does not fit.";
+}
+
 void WarnPassedOver(MessageBoxes& boxes, const FileError& fault) {
-  Warn(boxes, "'" + std::string(LastPathComponent(fault.Path())) + "' is passed over: a line does not fit.",
-       FaultText(fault));
+  Warn(boxes, PassedOverText(fault), FaultText(fault));
 }
 
 }  // namespace zova

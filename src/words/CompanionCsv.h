@@ -61,6 +61,8 @@ RenamedRows RenameSubjectRows(std::string_view bytes, std::string_view from, std
 
 /// A fault in a companion file as a FileError that names the line: end of data.
 FileError CompanionError(const CsvError& fault, const std::string& path);
+/// "'AB Intrusions.csv' is passed over: a line does not fit."
+std::string PassedOverText(const FileError& fault);
 /// Tells of a file that is not used because of such a fault.
 void WarnPassedOver(MessageBoxes& boxes, const FileError& fault);
 

@@ -101,7 +101,7 @@ TEST(MeansPlot, SeriesKeepTheirNamesAndTheOrderOfTheLevels) {
   const auto pictureOf = [](const std::string& rows, const MeansRequest& request,
                             const std::vector<std::size_t>& uncomputed) {
     auto table = *ParseMaster("Sub ID's, Age, Sex, ArcScore(Test 1), ArcScore(Test 2)\r\n" + rows, "");
-    for (const std::size_t row : uncomputed) table.Uncomputed[2 * row] = table.Uncomputed[2 * row + 1] = true;
+    for (const std::size_t row : uncomputed) table.Gaps[2 * row] = table.Gaps[2 * row + 1] = ScoreGap::EmptyList;
     return Described(PictureOf(ComputeMeans(table, request, nullptr)));
   };
   const std::string rows = "1, 1, 2, 5, 6\r\n2, 2, 10, 7, 8\r\n3, 2, 1, 3, 4\r\n";

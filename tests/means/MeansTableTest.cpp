@@ -127,7 +127,7 @@ constexpr const char* kMasterText =
 TEST(MeansTable, ARowPerCombinationAndTheTotal) {
   auto table = ParseMaster(kMasterText, "").value_or(MasterTable{});
   ASSERT_EQ(table.RowCount(), 5U);
-  table.Uncomputed[1] = table.Uncomputed[7] = true;  // ArcScore of subjects 1 and 4
+  table.Gaps[1] = table.Gaps[7] = ScoreGap::TooFewRecalls;  // ArcScore of subjects 1 and 4
   ProjectParameters project = MakeProject({.Variables = {"Sex", "Dose"}});
   project.LevelCounts = {2, 2};
   project.LevelNames = {{{"Woman, or girl", "Woman, or girl"}, {"none", "low"}}};

@@ -15,8 +15,6 @@
 #include "compare/EntryPairs.h"
 #include "platform/desktop/FileErrorBoxes.h"
 #include "platform/desktop/NoDesktop.h"
-#include "project/FileChanges.h"
-#include "project/ProjectFile.h"
 #include "project/ProjectOpening.h"
 #include "session/Version.h"
 
@@ -33,15 +31,9 @@ class CompareCommand {
       : m_projectFile(std::move(projectFile)), m_with(std::move(with)), m_disk(m_layer, DriveMap::FromEnvironment()) {}
 
   int Run() {
-    if (!WithRetry(m_terminal, [&] { m_project = ReadProjectFile(m_disk, StoredPath(m_projectFile)); })) {
-      return kStopped;
-    }
-    if (!MayOpenProject(m_project, m_terminal)) return kStopped;
-    if (const std::string reason = ViewOnlyReason(m_project); !reason.empty()) {
-      Warn(m_terminal, reason);
-      return kStopped;
-    }
-    if (!FinishInterruptedChanges(m_project, m_platform)) return kStopped;
+    auto project = OpenForCommand(StoredPath(m_projectFile), m_platform);
+    if (!project) return kStopped;
+    m_project = std::move(*project);
     std::optional<AgreementReport> report;
     PassedOver passedOver;
     const bool isRead = WithRetry(m_terminal, [&] {

@@ -5,6 +5,8 @@
 #include <CLI/CLI.hpp>
 #include <array>
 
+#include "text/Cells.h"
+
 namespace zova {
 
 namespace {

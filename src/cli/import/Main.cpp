@@ -11,6 +11,7 @@
 #include "cli/Terminal.h"
 #include "cli/import/ImportArguments.h"
 #include "master/groups/SavedOrders.h"
+#include "means/ResultFiles.h"
 #include "platform/desktop/FileErrorBoxes.h"
 #include "platform/desktop/NoDesktop.h"
 #include "project/FileChanges.h"
@@ -126,7 +127,7 @@ class ImportCommand {
     const auto isKept = [&](const std::string& path) {
       const std::string read[] = {m_table, FilePath(m_arguments.ResponsesFile.value_or(m_arguments.Table)),
                                   FilePath(m_arguments.WordsFile.value_or(m_arguments.Table))};
-      return IsProtectedFile(path, draft.Context.Project, m_disk) ||
+      return IsKeptFile(path, draft.Context.Project, m_disk) ||
              std::any_of(std::begin(read), std::end(read), [&](const auto& file) { return m_disk.IsSame(path, file); });
     };
     const std::string path = FilePath(*m_arguments.UnmatchedFile);

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "master/columns/Publications.h"
 #include "scoring/further/ScoreFurther.h"
 #include "text/NumberedText.h"
 
@@ -37,44 +38,6 @@ std::span<const Measured> OfPositions(const FurtherScores& scores, ColumnPlace p
   return {(scores.*Table).Test(place.Test), static_cast<std::size_t>((scores.*Table).RowCount())};
 }
 
-constexpr std::string_view kBecker =
-    "Erdelyi, M. H., & Becker, J. (1974). Hypermnesia for pictures: Incremental memory for pictures but not words in "
-    "multiple recall trials. Cognitive Psychology, 6, 159-171.";
-constexpr std::string_view kCohen =
-    "Cohen, B. H., Sakoda, J. M., & Bousfield, W. A. (1954). The statistical analysis of the incidence of clustering "
-    "in the recall of randomly arranged associates (Technical Report No. 10). University of Connecticut.";
-constexpr std::string_view kBower =
-    "Bower, G. H., Lesgold, A. M., & Tieman, D. (1969). Grouping operations in free recall. Journal of Verbal Learning "
-    "and Verbal Behavior, 8, 481-493.";
-constexpr std::string_view kBousfield =
-    "Bousfield, A. K., & Bousfield, W. A. (1966). Measurement of clustering and of sequential constancies in repeated "
-    "free recall. Psychological Reports, 19, 935-942.";
-constexpr std::string_view kFrankel =
-    "Frankel, F., & Cole, M. (1971). Measures of category clustering in free recall. Psychological Bulletin, 76, "
-    "39-44.";
-constexpr std::string_view kStricker =
-    "Stricker, J. L., Brown, G. G., Wixted, J., Baldo, J. V., & Delis, D. C. (2002). New semantic and serial "
-    "clustering indices for the California Verbal Learning Test-Second Edition: Background, rationale, and formulae. "
-    "Journal of the International Neuropsychological Society, 8, 425-435.";
-constexpr std::string_view kPolyn =
-    "Polyn, S. M., Norman, K. A., & Kahana, M. J. (2009). A context maintenance and retrieval model of organizational "
-    "processes in free recall. Psychological Review, 116, 129-156.";
-constexpr std::string_view kSternberg =
-    "Bousfield, A. K., & Bousfield, W. A. (1966). Measurement of clustering and of sequential constancies in repeated "
-    "free recall. Psychological Reports, 19, 935-942. Sternberg, R. J., & Tulving, E. (1977). The measurement of "
-    "subjective organization in free recall. Psychological Bulletin, 84, 539-556.";
-constexpr std::string_view kTulving =
-    "Tulving, E. (1962). Subjective organization in free recall of \"unrelated\" words. Psychological Review, 69, "
-    "344-354.";
-constexpr std::string_view kCongleton =
-    "Congleton, A. R., & Rajaram, S. (2014). Collaboration changes both the content and the structure of memory: "
-    "Building the architecture of shared representations. Journal of Experimental Psychology: General, 143, "
-    "1570-1584.";
-constexpr std::string_view kHogan =
-    "Hogan, R. M. (1975). Interitem encoding and directed search in free recall. Memory & Cognition, 3, 197-209.";
-constexpr std::string_view kKahana =
-    "Kahana, M. J. (1996). Associative retrieval processes in free recall. Memory & Cognition, 24, 103-109.";
-
 constexpr FurtherFamily kFurtherFamilies[] = {
     {"Proportion", kTestShape, FurtherGroup::Amount, Needs::Nothing, &OfTest<&FurtherTest::Proportion>,
      "Proportion recalled", "share of items", "r / N: items recalled, each once, of the items studied.", ""},
@@ -95,45 +58,49 @@ constexpr FurtherFamily kFurtherFamilies[] = {
     {"LossRate", kTestPairShape, FurtherGroup::Amount, Needs::SeveralTests, &OfPair<&FurtherPair::LossRate>,
      "Rate of losses", "share of items", "Losses / items recalled on the test before.", ""},
     {"RR", kTestShape, FurtherGroup::Clustering, Needs::Categories, &OfTest<&FurtherTest::RepetitionRatio>,
-     "Repetition ratio", "", "R / (r - 1).", kCohen},
+     "Repetition ratio", "", "R / (r - 1).", kCohen, FurtherFamily::Breaks},
     {"MRR", kTestShape, FurtherGroup::Clustering, Needs::Categories, &OfTest<&FurtherTest::ModifiedRatio>,
-     "Modified repetition ratio", "", "R / (r - k).", kBower},
+     "Modified repetition ratio", "", "R / (r - k).", kBower, FurtherFamily::Breaks},
     {"Deviation", kTestShape, FurtherGroup::Clustering, Needs::Categories, &OfTest<&FurtherTest::Deviation>,
-     "Deviation of repetitions from chance", "pairs", "R - E, with E = sum of n_c squared / r - 1.", kBousfield},
+     "Deviation of repetitions from chance", "pairs", "R - E.", kBousfield, FurtherFamily::Breaks},
     {"Z", kTestShape, FurtherGroup::Clustering, Needs::Categories, &OfTest<&FurtherTest::ZScore>, "Z of clustering", "",
      "(R - E) / sqrt V, with V = [S2 (S2 + r(r+1)) - 2 r S3 - r^3] / [r^2 (r-1)], S2 and S3 the sums of n_c squared "
      "and cubed.",
-     kFrankel},
+     kFrankel, FurtherFamily::Breaks},
     {"LBC", kTestShape, FurtherGroup::Clustering, Needs::Categories, &OfTest<&FurtherTest::ListBased>,
-     "List-based clustering", "pairs", "R - (r - 1)(m - 1) / (N - 1).", kStricker},
+     "List-based clustering", "pairs", "R - (r - 1)(m - 1) / (N - 1).", kStricker, FurtherFamily::Breaks},
     {"CategoryCRP", kTestShape, FurtherGroup::Clustering, Needs::Categories, &OfTest<&FurtherTest::CategoryCrp>,
      "Conditional probability of staying in the category", "",
-     "Transitions within a category / transitions at which an unrecalled item of that category was left.", kPolyn},
+     "Transitions within a category / transitions at which an unrecalled item of that category was left.", kPolyn,
+     FurtherFamily::Transitions},
     {"ForwardItr", kBothTestsShape, FurtherGroup::Organization, Needs::SeveralTests, &OfPair<&FurtherPair::ForwardItr>,
-     "Inter-test repetition in the same order", "pairs",
-     "Ordered pairs repeated - c(c-1) / (hq), for lists of h and q items, c of them common.", kBousfield},
+     "Inter-test repetition in the same order", "pairs", "Ordered pairs repeated - c(c - 1) / (hq).", kBousfield,
+     FurtherFamily::Breaks},
     {"PairsRepeated", kBothTestsShape, FurtherGroup::Organization, Needs::SeveralTests,
      &OfPair<&FurtherPair::PairsRepeated>, "Pairs repeated", "pairs",
-     "O, pairs of neighbours repeated in either order.", kSternberg},
+     "O, pairs of neighbours repeated in either order.", kSternberg, FurtherFamily::Breaks},
     {"PairsExpected", kBothTestsShape, FurtherGroup::Organization, Needs::SeveralTests,
      &OfPair<&FurtherPair::PairsExpected>, "Pairs repeated by chance", "pairs",
-     "2c(c-1) / (hq); PairsRepeated - PairsExpected is the pair frequency.", kSternberg},
+     "2c(c - 1) / (hq); PairsRepeated - PairsExpected is the pair frequency.", kSternberg, FurtherFamily::Breaks},
     {"SubjectiveOrganization", kAllTests, FurtherGroup::Organization, Needs::SeveralTests,
      &OfSubject<&FurtherScores::SubjectiveOrganization>, "Subjective organization", "",
-     "Sum of n_ij log n_ij / sum of n_i log n_i over the successive pairs of all tests; n_i is the sum of n_ij.",
+     "Sum of n_ij log n_ij / sum of n_i log n_i over the successive pairs of all tests; the list closes up over "
+     "repeats, lures and intrusions.",
      kTulving},
     {"SharedOrganization", kTestShape, FurtherGroup::Organization, Needs::Nothing, nullptr, "Shared organization",
-     "pairs", "Mean pair frequency over all pairs of a group's members.", kCongleton, FurtherFamily::OfGroups},
+     "pairs", "Mean pair frequency over all pairs of a group's members.", kCongleton,
+     FurtherFamily::OfGroups | FurtherFamily::Breaks},
     {"FirstPosition", kTestShape, FurtherGroup::Serial, Needs::Nothing, &OfTest<&FurtherTest::FirstPosition>,
      "Study position of the first recall", "", "Study position of the first item recalled.", kHogan,
      FurtherFamily::Serial},
     {"TemporalFactor", kTestShape, FurtherGroup::Serial, Needs::Nothing, &OfTest<&FurtherTest::TemporalFactor>,
      "Temporal factor", "",
-     "Mean percentile rank of -|lag| of each transition among those still possible, ties averaged, (rank - 1) / (n - "
-     "1); .5 is chance.",
-     kPolyn, FurtherFamily::Serial},
+     "Mean percentile rank of -|lag| of each transition among those to the n items still possible, ties averaged, "
+     "(rank - 1) / (n - 1); .5 is chance.",
+     kPolyn, FurtherFamily::Serial | FurtherFamily::Transitions},
     {"LagCrp", kLagOfTest, FurtherGroup::Serial, Needs::Nothing, &LagsOf, "Conditional response probability", "",
-     "Transitions of lag l / times an unrecalled item stood at lag l.", kKahana, FurtherFamily::Serial},
+     "Transitions of lag l / times an unrecalled item stood at lag l.", kKahana,
+     FurtherFamily::Serial | FurtherFamily::Transitions},
     {"Position", kPositionOfTest, FurtherGroup::Serial, Needs::Nothing, &OfPositions<&FurtherScores::Positions>,
      "Recall by serial position", "share of subjects", "1 if the item studied i-th was recalled, else 0.", "",
      FurtherFamily::Serial},
@@ -200,7 +167,9 @@ std::string_view FurtherGapText(FurtherGap gap) {
     case FurtherGap::None: return "";
     case FurtherGap::NotScored: return "not scored";
     case FurtherGap::NoIntrusionsFile: return "no file of intrusions";
+    case FurtherGap::IntrusionsUnfit: return "the file of intrusions does not fit";
     case FurtherGap::NoStudyOrder: return "no study order";
+    case FurtherGap::StudyOrdersUnfit: return "the file of study orders does not fit";
     case FurtherGap::NothingRecalled: return "nothing was recalled";
     case FurtherGap::FewerThanTwo: return "fewer than 2 recalls";
     case FurtherGap::NoRoom: return "every recall is of another category";

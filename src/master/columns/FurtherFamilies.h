@@ -28,8 +28,10 @@ std::string_view FurtherGroupText(FurtherGroup group);
 /// The columns of one further measure.
 struct FurtherFamily {
   enum Rule : unsigned {
-    Serial = 1,   ///< needs the order of study
-    OfGroups = 2  ///< has a value per group, none per subject
+    Serial = 1,      ///< needs the order of study
+    OfGroups = 2,    ///< has a value per group, none per subject
+    Breaks = 4,      ///< an intrusion or a lure stands between its neighbours
+    Transitions = 8  ///< counts no transition from or to a repeat, an intrusion or a lure
   };
 
   std::string_view Stem;  ///< the column name up to the bracket, "RR"

@@ -111,6 +111,8 @@ struct MeasureFamily {
   std::variant<CountsAt, SharesAt> Values;
   std::string_view Label;               ///< for a plot: "Net recall"
   std::string_view Unit;                ///< "items", "rating points", "share of items"; "" for an index without one
+  std::string_view Definition;          ///< "Entries on the list of the test."
+  std::string_view Source;              ///< the publication, or ""
   unsigned MoreNeeds = Needs::Nothing;  ///< in addition to the box's. With Ratings only rated tests have columns
   unsigned Rules = 0;
 };

@@ -51,7 +51,7 @@ class ValueSink final : public ColumnSink {
     m_row += ',';
     if (value.Gap == FurtherGap::None) {
       AppendMeasured(m_row, value.Value);
-    } else if (value.Gap != FurtherGap::NoStudyOrder) {
+    } else if (value.Gap != FurtherGap::NoStudyOrder && value.Gap != FurtherGap::StudyOrdersUnfit) {
       AddReason([&] { AppendColumnName(m_reasons, column); }, FurtherGapText(value.Gap));
     } else if (IsFirstSerial(column)) {  // all serial measures of the test lack it
       AddReason([&] { AppendNumbered(m_reasons, "Serial(Test %)", column.Place.Test); }, FurtherGapText(value.Gap));

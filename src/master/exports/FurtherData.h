@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <optional>
 #include <span>
 #include <string>
@@ -30,7 +32,8 @@ std::string_view OrderOriginText(OrderOrigin origin);
 /// What the further measures and the long CSV need beside the subjects' files.
 struct FurtherData {
   StudyList Study;
-  bool HasIntrusions = false;                                               ///< intrusions were kept
+  FurtherGap NoIntrusions = FurtherGap::NoIntrusionsFile;                   ///< None if intrusions were kept
+  FurtherGap NoOrder = FurtherGap::NoStudyOrder;                            ///< why orders are not known that are not
   std::unordered_map<std::string, std::vector<IntrusionPlace>> Intrusions;  ///< by subject: by test, then place
   std::unordered_map<std::string, std::vector<StudyRanks>> Orders;  ///< by subject and test; empty where not known
   StudyRanks Common;                                                ///< of all others; empty if not known
@@ -51,6 +54,10 @@ std::span<const IntrusionPlace> IntrusionsOf(const FurtherData& data, const std:
 
 /// Reads the companion files. The common order is `named`, else the saved serial order. Throws FileError.
 FurtherData ReadFurtherData(Disk& disk, const ProjectParameters& project, const std::optional<SerialOrder>& named);
+
+/// Whose orders the lists of a subject have, counted.
+using OrderCounts = std::array<std::size_t, 3>;  ///< by OrderOrigin
+void CountOrders(const FurtherData& data, const std::string& subjectId, OrderCounts& counts);
 
 /// Tells of each file that is passed over.
 void WarnOfFaults(const FurtherData& data, MessageBoxes& boxes);

@@ -13,18 +13,22 @@ namespace zova {
 GroupsExport::GroupsExport(const FurtherData& data)
     : m_data(data), m_members(static_cast<std::size_t>(data.Study.TestCount)) {}
 
+std::vector<std::string> GroupsExport::Names() const {
+  std::vector<std::string> names;
+  for (const FurtherFamily& family : AllFurtherFamilies()) {
+    if ((family.Rules & FurtherFamily::OfGroups) == 0) continue;
+    for (int test = 1; test <= m_data.Study.TestCount; ++test) {
+      AppendColumnName(names.emplace_back(), FurtherColumn{&family, {test, test}});
+    }
+  }
+  return names;
+}
+
 std::string GroupsExport::Header() const {
   CsvHeader header;
   header.Add("Group");
   header.Add("Size");
-  for (const FurtherFamily& family : AllFurtherFamilies()) {
-    if ((family.Rules & FurtherFamily::OfGroups) == 0) continue;
-    for (int test = 1; test <= m_data.Study.TestCount; ++test) {
-      std::string name;
-      AppendColumnName(name, FurtherColumn{&family, {test, test}});
-      header.Add(name);
-    }
-  }
+  for (const std::string& name : Names()) header.Add(name);
   return header.Line();
 }
 
@@ -40,13 +44,21 @@ void GroupsExport::KeepRead() {
   ++m_memberCount;
 }
 
+std::vector<Measured> GroupsExport::Values() {
+  std::vector<Measured> values;
+  values.reserve(m_members.size());
+  for (const std::vector<RecallSequence>& test : m_members) {
+    values.push_back(SharedOrganization(std::span(test).first(m_memberCount), m_next));
+  }
+  return values;
+}
+
 void GroupsExport::Build(const std::string& label, std::string& row) {
   row.clear();
   AppendCsvField(row, label);
   row += ',';
   AppendNumber(row, static_cast<int>(m_memberCount));
-  for (const std::vector<RecallSequence>& test : m_members) {
-    const Measured shared = SharedOrganization(std::span(test).first(m_memberCount), m_next);
+  for (const Measured& shared : Values()) {
     row += ',';
     if (shared.Gap == FurtherGap::None) AppendPlainNumber(row, shared.Value);
   }

@@ -15,6 +15,8 @@ class GroupsExport {
   /// `data` must outlive this.
   explicit GroupsExport(const FurtherData& data);
 
+  /// "SharedOrganization(Test 1)".
+  [[nodiscard]] std::vector<std::string> Names() const;
   /// Without its line end.
   [[nodiscard]] std::string Header() const;
   /// Begins the next group.
@@ -22,6 +24,8 @@ class GroupsExport {
   /// Reads a member's lists; KeepRead makes it one of the group. Throws ScoringError.
   void Read(const std::string& subjectId, const RecallLists& lists);
   void KeepRead();
+  /// The group's measures, in the order of the header.
+  [[nodiscard]] std::vector<Measured> Values();
   /// Replaces `row` by the group's line, without its line end.
   void Build(const std::string& label, std::string& row);
 

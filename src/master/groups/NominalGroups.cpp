@@ -53,6 +53,29 @@ std::optional<std::size_t> FindVariable(const ProjectParameters& project, std::s
   return static_cast<std::size_t>(found - begin);
 }
 
+std::vector<std::size_t> FindVariables(const ProjectParameters& project, const std::vector<std::string>& names,
+                                       std::string& unknown) {
+  const auto find = [&](const std::string& name) {
+    const auto exact = FindVariable(project, name);
+    return exact ? exact : FindVariable(project, WithoutOuterBlanks(name));
+  };
+  std::vector<std::size_t> variables;
+  variables.reserve(names.size());
+  for (std::size_t first = 0; first < names.size(); ++first) {
+    std::string name = names[first];
+    std::size_t last = first;
+    auto variable = find(name);
+    while (!variable && last + 1 < names.size()) variable = find(name += "," + names[++last]);
+    if (!variable) {
+      unknown = names[first];
+      return variables;
+    }
+    variables.push_back(*variable);
+    first = last;
+  }
+  return variables;
+}
+
 bool GroupPlan::HasLeftOver() const {
   return std::any_of(Levels.begin(), Levels.end(), [](const LevelPlan& level) { return !level.LeftOver.empty(); });
 }

@@ -56,6 +56,11 @@ std::optional<int> ParseGroupSize(std::string_view text);
 /// The index of the variable with this name: exact, else without regard to case.
 std::optional<std::size_t> FindVariable(const ProjectParameters& project, std::string_view name);
 
+/// The variables with these names, as a command has them between commas: in an older file a name may contain commas
+/// itself. Blanks around a name do not count. The first name that no variable has goes to `unknown`.
+std::vector<std::size_t> FindVariables(const ProjectParameters& project, const std::vector<std::string>& names,
+                                       std::string& unknown);
+
 /// Divides the subjects of each level, sorted by `order`, into consecutive groups; a remainder forms no group. `levels`
 /// has one entry per subject of the listing. `order` must be valid.
 GroupPlan FormGroups(const std::vector<std::int16_t>& levels, const GroupOrder& order, int subjectsPerGroup);

@@ -3,17 +3,20 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 
 #include "scoring/ScoringArrays.h"
 
 namespace zova {
 
 /// Why a further measure has no value.
-enum class FurtherGap {
+enum class FurtherGap : std::uint8_t {
   None,              ///< there is a value
   NotScored,         ///< the project has no data for it
   NoIntrusionsFile,  ///< intrusions were not kept
+  IntrusionsUnfit,   ///< the file of intrusions has a line that does not fit
   NoStudyOrder,      ///< the order of study is not known
+  StudyOrdersUnfit,  ///< nor can it be: the file of study orders has a line that does not fit
   NothingRecalled,   ///< the list is empty
   FewerThanTwo,      ///< the list has fewer than two items
   NoRoom,            ///< every recall is of another category

@@ -25,11 +25,11 @@ Measured Share(int part, int whole, FurtherGap gap) {
   return whole == 0 ? Measured::Lacking(gap) : Measured::Of(static_cast<double>(part) / whole);
 }
 
-void ScoreCounts(const RecallSequence& sequence, bool hasIntrusions, const StudyList& study, FurtherTest& scores) {
+void ScoreCounts(const RecallSequence& sequence, FurtherGap noIntrusions, const StudyList& study, FurtherTest& scores) {
   scores.Proportion = Share(sequence.Count(), study.TrueCount, FurtherGap::NotScored);
   scores.Repeats = Measured::Of(sequence.Repeats);
   scores.Intrusions =
-      hasIntrusions ? Measured::Of(sequence.Intrusions) : Measured::Lacking(FurtherGap::NoIntrusionsFile);
+      noIntrusions == FurtherGap::None ? Measured::Of(sequence.Intrusions) : Measured::Lacking(noIntrusions);
 }
 
 void ScoreChanges(const RecallSequence& earlier, const RecallSequence& later, const StudyList& study,
@@ -55,12 +55,13 @@ void ScoreFirstRecalls(int test, FurtherScores& scores) {
   }
 }
 
-void ScoreSerialOf(int test, const StudyRanks* ranks, const StudyList& study, FurtherWork& work,
+void ScoreSerialOf(int test, const FurtherInput& input, const StudyList& study, FurtherWork& work,
                    FurtherScores& scores) {
+  const StudyRanks* ranks = input.Orders[static_cast<std::size_t>(test) - 1];
   const RecallSequence& sequence = work.Tests[static_cast<std::size_t>(test) - 1];
   FurtherTest& values = scores.Tests[test];
   if (ranks == nullptr) {
-    const Measured unknown = Measured::Lacking(FurtherGap::NoStudyOrder);
+    const Measured unknown = Measured::Lacking(input.NoOrder);
     values.FirstPosition = values.TemporalFactor = unknown;
     values.LagCrp.fill(unknown);
   } else {
@@ -74,7 +75,7 @@ void ScoreSerialOf(int test, const StudyRanks* ranks, const StudyList& study, Fu
     }
   }
   for (int position = 1; ranks == nullptr && position <= study.TrueCount; ++position) {
-    scores.Positions.At(position, test) = Measured::Lacking(FurtherGap::NoStudyOrder);
+    scores.Positions.At(position, test) = Measured::Lacking(input.NoOrder);
   }
 }
 
@@ -110,7 +111,7 @@ void ScoreFurther(const FurtherInput& input, const StudyList& study, FurtherColu
   for (int test = 1; test <= study.TestCount; ++test) {
     const RecallSequence& sequence = work.Tests[static_cast<std::size_t>(test) - 1];
     FurtherTest& values = scores.Tests[test];
-    ScoreCounts(sequence, input.HasIntrusions, study, values);
+    ScoreCounts(sequence, input.NoIntrusions, study, values);
     for (const std::int16_t item : sequence.Items) {
       if (!work.Seen[static_cast<std::size_t>(item)]) ++seen;
       work.Seen[static_cast<std::size_t>(item)] = true;
@@ -120,7 +121,7 @@ void ScoreFurther(const FurtherInput& input, const StudyList& study, FurtherColu
       ScoreClustering(sequence, study, work.Counts, values);
       values.CategoryCrp = CategoryCrp(sequence, study, work.Counts);
     }
-    ScoreSerialOf(test, input.Orders[static_cast<std::size_t>(test) - 1], study, work, scores);
+    ScoreSerialOf(test, input, study, work, scores);
     if (study.LureCount > 0) ScoreLureOutput(sequence, study, values);
     if (test == 1) continue;
     const RecallSequence& earlier = work.Tests[static_cast<std::size_t>(test) - 2];

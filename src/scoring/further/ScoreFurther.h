@@ -20,9 +20,11 @@ namespace zova {
 /// What the further measures of a subject are computed from.
 struct FurtherInput {
   const RecallLists& Lists;
-  bool HasIntrusions = false;                  ///< intrusions were kept, though this subject may have none
-  std::span<const IntrusionPlace> Intrusions;  ///< by test, then place
-  std::span<const StudyRanks* const> Orders;   ///< per test; null where the order of study is not known
+  /// Why intrusions are not known; None where they were kept, though this subject may have none.
+  FurtherGap NoIntrusions = FurtherGap::NoIntrusionsFile;
+  std::span<const IntrusionPlace> Intrusions;     ///< by test, then place
+  std::span<const StudyRanks* const> Orders;      ///< per test; null where the order of study is not known
+  FurtherGap NoOrder = FurtherGap::NoStudyOrder;  ///< why it is not
 };
 
 /// The sequences of a subject, and working space. A run reuses one instance.
