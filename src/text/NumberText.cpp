@@ -77,19 +77,34 @@ void AppendPlainNumber(std::string& out, double value) {
     out += '0';
     return;
   }
-  char buffer[400];  // the smallest double's 15 digits end at the 338th place
+  if (value < 0) out += '-';
+  value = std::abs(value);
+  char buffer[400];  // the largest double has 309 digits
   const auto scientific =
       std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::scientific, kDigits - 1);
-  const std::string_view digits(buffer, static_cast<std::size_t>(scientific.ptr - buffer));
-  const bool isSmall = digits.find("e-") != std::string_view::npos;
+  const std::string_view text(buffer, static_cast<std::size_t>(scientific.ptr - buffer));
+  const std::size_t mark = text.find('e');
   int exponent = 0;
-  std::from_chars(buffer + digits.find('e') + 2, scientific.ptr, exponent);
-  const int places = isSmall ? kDigits - 1 + exponent : std::max(0, kDigits - 1 - exponent);
-  const auto fixed = std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::fixed, places);
-  std::string_view text(buffer, static_cast<std::size_t>(fixed.ptr - buffer));
-  if (places > 0) text = text.substr(0, text.find_last_not_of('0') + 1);
-  if (text.ends_with('.')) text.remove_suffix(1);
-  out += text;
+  std::from_chars(buffer + mark + 2, scientific.ptr, exponent);
+  if (text[mark + 1] == '-') exponent = -exponent;
+  if (exponent >= kDigits) {
+    out.append(buffer, std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::fixed, 0).ptr);
+    return;
+  }
+  // From here on only the point moves: to write the digits again would take as long.
+  std::string_view digits = text.substr(2, mark - 2);
+  if (exponent < 0) {
+    out += "0.";
+    out.append(static_cast<std::size_t>(-exponent - 1), '0');
+  }
+  out += text.front();
+  if (exponent > 0) {
+    out += digits.substr(0, static_cast<std::size_t>(exponent));
+    digits.remove_prefix(static_cast<std::size_t>(exponent));
+  }
+  digits = digits.substr(0, digits.find_last_not_of('0') + 1);
+  if (exponent >= 0 && !digits.empty()) out += '.';
+  out += digits;
 }
 
 std::string PlainNumberText(std::optional<double> value) {

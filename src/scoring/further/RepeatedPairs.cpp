@@ -17,6 +17,7 @@ double ExpectedInOneOrder(const RepeatedPairs& pairs, const RecallSequence& firs
 }
 
 double TimesLog(std::size_t count) {
+  if (count == 1) return 0;  // most pairs come once
   const auto n = static_cast<double>(count);
   return n * std::log(n);
 }

@@ -2,6 +2,7 @@
 //
 // The studied positions that are left are bits, so that those within a distance are counted word by word.
 
+#include <algorithm>
 #include <bit>
 #include <cstdlib>
 
@@ -13,22 +14,30 @@ namespace {
 
 constexpr int kWordBits = 64;
 
+// Position p is bit p + kMaxLag, and a word more than the list needs follows, so that all lags of a position are bits.
 class PositionsLeft {
  public:
-  PositionsLeft(std::vector<std::uint64_t>& words, int count) : m_words(words), m_count(count) {
-    m_words.assign(static_cast<std::size_t>(count / kWordBits) + 1, ~std::uint64_t{0});
-    m_words.front() &= ~std::uint64_t{1};  // positions count from 1
-    m_words.back() &= Below(count % kWordBits + 1);
+  PositionsLeft(std::vector<std::uint64_t>& words, int count) : m_words(words), m_count(count), m_left(count) {
+    const int last = count + kMaxLag;
+    m_words.assign(static_cast<std::size_t>(last / kWordBits) + 2, 0);
+    std::fill_n(m_words.begin(), last / kWordBits + 1, ~std::uint64_t{0});
+    m_words.front() &= ~Below(kMaxLag + 1);  // positions count from 1
+    m_words[static_cast<std::size_t>(last / kWordBits)] &= Below(last % kWordBits + 1);
   }
 
-  void Take(int position) noexcept { Word(position) &= ~Bit(position); }
+  void Take(int position) noexcept {
+    const int bit = position + kMaxLag;
+    m_words[static_cast<std::size_t>(bit / kWordBits)] &= ~Bit(bit);
+    --m_left;
+  }
   [[nodiscard]] bool Has(int position) const noexcept {
-    return position >= 1 && position <= m_count && (Word(position) & Bit(position)) != 0;
+    const int bit = position + kMaxLag;
+    return position >= 1 && position <= m_count && (m_words[static_cast<std::size_t>(bit / kWordBits)] & Bit(bit)) != 0;
   }
   /// From `first` to `last`, as far as they lie on the list.
   [[nodiscard]] int CountFrom(int first, int last) const noexcept {
-    first = first < 1 ? 1 : first;
-    last = last > m_count ? m_count : last;
+    first = (first < 1 ? 1 : first) + kMaxLag;
+    last = (last > m_count ? m_count : last) + kMaxLag;
     int count = 0;
     for (int word = first / kWordBits; word <= last / kWordBits; ++word) {
       std::uint64_t bits = m_words[static_cast<std::size_t>(word)];
@@ -38,22 +47,25 @@ class PositionsLeft {
     }
     return count;
   }
-  [[nodiscard]] int Count() const noexcept { return CountFrom(1, m_count); }
+  [[nodiscard]] int Count() const noexcept { return m_left; }
+  /// The positions from `position` - kMaxLag on as bits from 0 on.
+  [[nodiscard]] std::uint64_t Around(int position) const noexcept {
+    const auto word = static_cast<std::size_t>(position / kWordBits);
+    const auto shift = static_cast<unsigned>(position % kWordBits);
+    const std::uint64_t low = m_words[word] >> shift;
+    return shift == 0 ? low : low | m_words[word + 1] << (kWordBits - shift);
+  }
 
  private:
-  static std::uint64_t Bit(int position) noexcept {
-    return std::uint64_t{1} << static_cast<unsigned>(position % kWordBits);
-  }
+  static std::uint64_t Bit(int bit) noexcept { return std::uint64_t{1} << static_cast<unsigned>(bit % kWordBits); }
   // The lowest `bits`, at most all of them.
   static std::uint64_t Below(int bits) noexcept {
     return bits == kWordBits ? ~std::uint64_t{0} : (std::uint64_t{1} << static_cast<unsigned>(bits)) - 1;
   }
-  [[nodiscard]] std::uint64_t& Word(int position) const noexcept {
-    return m_words[static_cast<std::size_t>(position / kWordBits)];
-  }
 
   std::vector<std::uint64_t>& m_words;
   int m_count;
+  int m_left;
 };
 
 // What is collected over the transitions of a test.
@@ -76,7 +88,10 @@ void AddRank(int from, int to, const PositionsLeft& left, Transitions& all) {
 }
 
 void AddLags(int from, int to, const PositionsLeft& left, Transitions& all) {
-  for (std::size_t i = 0; i < kLagCount; ++i) all.Possible[i] += left.Has(from + LagAt(i)) ? 1 : 0;
+  const std::uint64_t around = left.Around(from);
+  for (std::size_t i = 0; i < kLagCount; ++i) {
+    all.Possible[i] += static_cast<int>(around >> static_cast<unsigned>(LagAt(i) + kMaxLag) & 1U);
+  }
   if (std::abs(to - from) <= kMaxLag) ++all.Actual[LagIndex(to - from)];
 }
 
