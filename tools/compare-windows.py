@@ -129,7 +129,7 @@ def tree(top):
 def run(command, environment, arguments):
     for _ in range(3):
         done = subprocess.run(command + arguments, env=os.environ | environment, stdin=subprocess.DEVNULL,
-                              capture_output=True, timeout=120)
+                              capture_output=True, timeout=600)
         if b"wine client error" not in done.stderr:  # the emulator lost its own server; the program did not end
             break
     return done.returncode, done.stdout, done.stderr
