@@ -128,7 +128,7 @@ constexpr std::array<AnswerName, 18> kAnswers = {{
 }};
 
 // The longer ones first.
-constexpr std::array<std::pair<std::string_view, std::string_view>, 9> kControls = {{
+constexpr std::array<std::pair<std::string_view, std::string_view>, 10> kControls = {{
     {"name one by --columns word=NAME, or the shape by --shape",
      "highlight one and choose 'Word' under 'Used as', or choose another shape"},
     {"name one by --columns subject=NAME", "highlight one and choose 'Subject' under 'Used as'"},
@@ -140,6 +140,7 @@ constexpr std::array<std::pair<std::string_view, std::string_view>, 9> kControls
     {"--ids number", "'Identifiers: Number the subjects'"},
     {"--tests rank", "'Each subject's own, in order'"},
     {"a part by --where", "a part by 'Only rows with'"},
+    {"say so by --times", "choose so under 'Minutes are'"},
 }};
 
 constexpr const char* kNoUse = "(none)";

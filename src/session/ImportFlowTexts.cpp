@@ -117,6 +117,9 @@ std::string ImportFlow::DryRunLine() const {
   const std::size_t written = plan.CountOf(SubjectAction::Write) + plan.CountOf(SubjectAction::Replace) + unfinished;
   std::string line = Counted(written, "subject", "subjects") + " would be written";
   if (unfinished > 0) line += ", " + std::to_string(unfinished) + " of them as unfinished";
+  if (const std::size_t refused = plan.CountOf(SubjectAction::Refuse); refused > 0) {
+    line += ", " + std::to_string(refused) + " refused by the checks";
+  }
   if (!plan.Questions.empty()) line += "; " + Counted(plan.Questions.size(), "question is", "questions are") + " open";
   if (plan.HasErrors()) line += "; the faults in the list have to be mended first";
   return line;

@@ -22,6 +22,8 @@ namespace zova {
 
 namespace {
 
+constexpr int kManyMinutes = 30;  // few tests last longer
+
 std::string FindTests(Disk& disk, const ImportDraft& draft, ProjectParameters& project) {
   const TableSurvey& table = draft.Survey;
   const bool isByRank = draft.Options.Tests == TestsBy::Rank;
@@ -37,7 +39,12 @@ std::string FindTests(Disk& disk, const ImportDraft& draft, ProjectParameters& p
   return {};
 }
 
-void FindMinutesAndRatings(const ProposalSurvey& survey, const ImportDraft& draft, ProjectParameters& project) {
+void FindMinutesAndRatings(const ProposalSurvey& survey, const ImportDraft& draft, ProjectProposal& proposal) {
+  ProjectParameters& project = proposal.Project;
+  if (survey.LastMinute > kManyMinutes && !draft.Options.Times) {
+    proposal.Notes.push_back("the largest minute is " + std::to_string(survey.LastMinute) +
+                             "; if these are times, say so by --times");
+  }
   if (survey.LastMinute > 0) {
     project.MinutesRecorded = 1;
     project.MaxMinutes = static_cast<std::int16_t>(std::min(survey.LastMinute, kMaxMinutes));
@@ -92,7 +99,7 @@ ProjectProposal ProposeProject(Disk& disk, const ImportDraft& draft) {
   ProposalSurvey survey = SurveyForProject(disk, draft);
   ProposeItems(disk, survey, draft, proposal);
   if (proposal.Project.ItemCount < 1) return proposal;
-  FindMinutesAndRatings(survey, draft, proposal.Project);
+  FindMinutesAndRatings(survey, draft, proposal);
   proposal.Variables = std::move(survey.Variables);
   return proposal;
 }

@@ -490,10 +490,11 @@ TEST(NewProject, IsThatOfTheTable) {
        {},
        "",
        "1 test, 2 items in 2 categories: dog/animal pea/fruit"},
-      {"subject,list,item,minute,rating\na,1,1,2,\na,1,2,3,4\na,1,9,3,\n",
+      {"subject,list,item,minute,rating\na,1,1,2,\na,1,2,3,4\na,1,9,100,\n",
        {},
        "",
-       "1 test, 9 items, 3 minutes, ratings from 1 to 4:; no row has the items from 3 to 8; 9 stands on line 4"}};
+       "1 test, 9 items, 100 minutes, ratings from 1 to 4:; no row has the items from 3 to 8; 9 stands on line 4; "
+       "the largest minute is 100; if these are times, say so by --times"}};
   for (const auto& [table, given, words, expected] : cases) {
     EXPECT_EQ(describe(propose(table, given, words)), expected) << table << words;
   }

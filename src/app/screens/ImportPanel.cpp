@@ -129,6 +129,7 @@ void ImportPanel::ShowProposal() {
     item->setFlags(item->flags() | Qt::ItemIsUserCheckable);
     item->setCheckState(m_flow.IsVariable(offer) ? Qt::Checked : Qt::Unchecked);
   }
+  m_lstImportVariables->setCurrentRow(0);  // which Space then ticks
 }
 
 void ImportPanel::FillFilter() {

@@ -150,6 +150,9 @@ class ImportCommand {
     }
     const ImportOutcome outcome = RunImport(draft, m_platform);
     std::cerr << Counted(outcome.Written, "subject was", "subjects were") << " imported.\n";
+    if (const std::size_t refused = draft.Plan.CountOf(SubjectAction::Refuse); refused > 0) {
+      std::cerr << Counted(refused, "subject was", "subjects were") << " refused by the checks: see the report.\n";
+    }
     return outcome.Completed ? kDone : kStopped;
   }
 
