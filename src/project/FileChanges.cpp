@@ -80,14 +80,14 @@ class ChangeMaker {
 
   // Gives the file the wanted content. False, without a change, when it has one that is not of these changes.
   bool Bring(const FileChange& change, const Content& wanted) {
-    const std::string path = PathOf(change, m_project);
-    const Content current = Read(path);
+    const ResolvedPath file = Find(change);
+    const Content current = Read(file);
     if (!IsKnown(change, current)) return false;
     if (current == wanted) return true;
     if (wanted) {
-      Write(change, path, *wanted);
+      Write(change, file, *wanted);
     } else {
-      m_disk.Delete(path);
+      m_disk.Delete(file.Shown);
     }
     return true;
   }
@@ -96,7 +96,7 @@ class ChangeMaker {
   // deleted in exchange may then be the only copy.
   bool CanMakeAll() {
     return std::all_of(m_changes.Files.begin(), m_changes.Files.end(), [&](const FileChange& change) {
-      return change.Before || !change.After || IsKnown(change, Read(PathOf(change, m_project)));
+      return change.Before || !change.After || IsKnown(change, Read(Find(change)));
     });
   }
 
@@ -108,22 +108,24 @@ class ChangeMaker {
     });
   }
 
-  Content Read(const std::string& path) {
-    const ResolvedPath file = m_disk.Resolve(path, FileOperation::Read);
+  // Once for each file, since looking up one that is missing lists its directory, which may hold thousands of subjects.
+  ResolvedPath Find(const FileChange& change) { return m_disk.Resolve(PathOf(change, m_project), FileOperation::Read); }
+
+  Content Read(const ResolvedPath& file) {
     if (m_disk.Kind(file, FileOperation::Read) == EntryKind::Missing) return std::nullopt;
     Content content(std::in_place);
     m_disk.Read(file, *content);
     return content;
   }
 
-  void Write(const FileChange& change, const std::string& path, const std::string& content) {
+  void Write(const FileChange& change, const ResolvedPath& file, const std::string& content) {
     const std::string& root = change.InBackup ? m_project.BackupDir : m_project.PrimaryDir;
-    RequireDirectory(m_disk, root, FileOperation::Write, path);
+    RequireDirectory(m_disk, root, FileOperation::Write, file.Shown);
     for (std::size_t end = change.Name.find('/'); end != std::string::npos; end = change.Name.find('/', end + 1)) {
       const std::string directory = PathBelow(root, std::string_view(change.Name).substr(0, end));
       if (!m_disk.DirectoryExists(directory)) m_disk.CreateDirectory(directory);
     }
-    m_disk.Write(path, content);
+    m_disk.WriteOneOfMany(file, content);
   }
 
   const FileChanges& m_changes;

@@ -20,6 +20,7 @@ constexpr std::string_view kGroupOrderEnd = " Combine Order.dat";
 constexpr std::string_view kParam = "Param";
 constexpr std::string_view kSubjects = "Sdata";
 constexpr std::string_view kUnfinished = "Unfinished";
+constexpr std::string_view kRemoved = "/Removed";
 
 constexpr std::array<std::string_view, kCompanionFileCount> kCompanionEnds = {
     " Words.csv", " Responses.csv", " Intrusions.csv", " Study Order.csv", " Subjects.csv", " Second Sample.csv"};
@@ -106,8 +107,12 @@ std::string PlaceName(SubjectPlace place, std::string_view file) {
 }
 
 std::string RemovedPlaceName(SubjectPlace place, std::string_view file) {
-  return Joined(kSubjects, "/Removed", PlaceName(place, file).substr(kSubjects.size()));
+  return Joined(kSubjects, kRemoved, PlaceName(place, file).substr(kSubjects.size()));
 }
+
+bool IsSubjectFileBelow(std::string_view names) { return names.starts_with(Joined(kSubjects, "/", "")); }
+
+bool IsRemovedBelow(std::string_view names) { return names.starts_with(Joined(kSubjects, kRemoved, "/")); }
 
 std::string PathBelow(std::string_view directory, std::string_view names) {
   std::string path(directory);

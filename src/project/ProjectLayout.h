@@ -67,6 +67,9 @@ inline constexpr std::array kSubjectPlaces = {SubjectPlace::Complete, SubjectPla
 /// between them; and of removed subjects.
 std::string PlaceName(SubjectPlace place, std::string_view file = {});
 std::string RemovedPlaceName(SubjectPlace place, std::string_view file = {});
+/// True for names with "/" between them that lead below the directories of subject files, or of removed ones.
+bool IsSubjectFileBelow(std::string_view names);
+bool IsRemovedBelow(std::string_view names);
 /// A path from names with "/" between them.
 std::string PathBelow(std::string_view directory, std::string_view names);
 SubjectPlace CompletePlace(WhichEntry entry) noexcept;

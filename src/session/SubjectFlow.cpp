@@ -116,12 +116,9 @@ void SubjectFlow::PutAside(const std::string& paramDir, WhichEntry entry) {
   m_platform.Boxes.Show(
       {.Text = "The autosave was kept as '" + kept + "'.",
        .Icon = BoxIcon::Information,
-       .Details = entry == WhichEntry::First
-                      ? "To take the subject up later, open its project and select this file with the 'Browse' button "
-                        "of 'Read Old Data' or 'Unfinished Business'."
-                      : "To take the second entry up later, name the file '" +
-                            std::string(LastPathComponent(AutosavePath(paramDir, entry))) +
-                            "' again and start ZOVA anew."});
+       .Details = std::string("To take the ") + (entry == WhichEntry::First ? "subject" : "second entry") +
+                  " up later, open its project and select this file with the 'Browse' button of 'Read Old Data' or "
+                  "'Unfinished Business'."});
 }
 
 // Keeps a file that cannot be restored: it may be the only copy of the subject.

@@ -19,17 +19,6 @@ namespace {
 
 std::string Subjects(std::size_t count) { return Counted(count, "subject", "subjects"); }
 
-// A sample that cannot be read is reported where it is drawn.
-std::set<std::string, std::less<>> SampledIds(Disk& disk, const ProjectParameters& project) {
-  std::set<std::string, std::less<>> ids;
-  try {
-    const auto sample = LoadCompanion(disk, project, CompanionFile::SecondSample, ParseSecondSample);
-    for (const SampledSubject& subject : sample.value_or(std::vector<SampledSubject>())) ids.insert(subject.Subject);
-  } catch (const FileError&) {
-  }
-  return ids;
-}
-
 }  // namespace
 
 SubjectsScreen::Key SubjectsScreen::KeyOf(const SubjectRow& row) {
@@ -41,6 +30,7 @@ void SubjectsScreen::Open(const ProjectParameters& project) {
   m_table = SubjectTable(project, {});
   m_chosen.clear();
   m_done.clear();
+  m_sampleIsTold = false;
   EndQuestion();
   ++m_revision;
 }
@@ -58,12 +48,24 @@ void SubjectsScreen::ShowProgress(const std::string& text) {
   if (m_observer) m_observer();
 }
 
+// A sample that cannot be read is told of once.
+std::set<std::string, std::less<>> SubjectsScreen::SampledIds() {
+  std::set<std::string, std::less<>> ids;
+  try {
+    const auto sample = LoadCompanion(m_platform.Files, *m_project, CompanionFile::SecondSample, ParseSecondSample);
+    for (const SampledSubject& subject : sample.value_or(std::vector<SampledSubject>())) ids.insert(subject.Subject);
+  } catch (const FileError& fault) {
+    if (!std::exchange(m_sampleIsTold, true)) WarnPassedOver(m_platform.Boxes, fault);
+  }
+  return ids;
+}
+
 void SubjectsScreen::Read() {
   if (m_project == nullptr) return;
   const BusyPointer busy(m_platform.Pointer);
   std::vector<SubjectRow> rows;
   const bool isRead = WithRetry(m_platform.Boxes, [&] {
-    const auto chosen = SampledIds(m_platform.Files, *m_project);
+    const auto chosen = SampledIds();
     rows = ReadSubjectRows(
         *m_project, m_platform.Files, m_platform.Bar,
         [&](const SubjectRecord& first, const SubjectRecord& second) {
@@ -176,7 +178,7 @@ std::string SubjectsScreen::QuestionText() const {
       return "How many percent of the complete subjects are to be entered a second time?  They are chosen by the "
              "random "
              "seed " +
-             std::to_string(m_seed) + ".";
+             std::to_string(m_seed) + "; another seed can be typed behind the percentage.";
     case Question::Name: return "The new identifier of subject '" + Chosen().front()->Id + "':";
   }
   return {};
@@ -221,14 +223,17 @@ std::vector<std::string> SubjectsScreen::LevelChoices(std::size_t variable) cons
 void SubjectsScreen::SetNewName(const std::string& text) { m_newName = ColumnText(text); }
 
 // Plans and makes one change. False when it was refused or given up.
-bool SubjectsScreen::Change(const std::function<ChangePlan()>& plan) {
+bool SubjectsScreen::Change(SubjectPlaces& places, const std::function<ChangePlan()>& plan) {
   ChangePlan planned;
   if (!WithRetry(m_platform.Boxes, [&] { planned = plan(); })) return false;
   if (!planned.Refusal.empty()) {
     Warn(m_platform.Boxes, planned.Refusal);
     return false;
   }
-  return planned.Changes.Files.empty() || MakeChanges(planned.Changes, *m_project, m_platform);
+  if (planned.Changes.Files.empty()) return true;
+  if (!MakeChanges(planned.Changes, *m_project, m_platform)) return false;
+  places.Follow(planned.Changes);
+  return true;
 }
 
 // Changes the chosen subjects one by one, up to the first that is refused or given up. Returns how many were changed.
@@ -243,7 +248,7 @@ std::size_t SubjectsScreen::ChangeEach(const char* doing, Plan&& plan) {
   for (const SubjectRow* row : rows) {
     if (rows.size() > 1) ShowProgress(doing + std::to_string(changed + 1) + " of " + std::to_string(rows.size()));
     m_platform.Bar.ProcessEvents();
-    if (!Change([&] { return plan(*places, *row); })) break;
+    if (!Change(*places, [&] { return plan(*places, *row); })) break;
     ++changed;
   }
   m_progress.clear();

@@ -64,7 +64,7 @@ class SubjectsScreen {
   [[nodiscard]] std::vector<std::string> LevelChoices(std::size_t variable) const;
   [[nodiscard]] int ChosenLevel(std::size_t variable) const { return m_levels[variable]; }
   void ChooseLevel(std::size_t variable, int level) { m_levels[variable] = static_cast<std::int16_t>(level); }
-  /// The text of the question's box: an identifier or a percentage.
+  /// The text of the question's box: an identifier, or a percentage and perhaps a seed.
   [[nodiscard]] const std::string& NewName() const noexcept { return m_newName; }
   void SetNewName(const std::string& text);
 
@@ -84,7 +84,8 @@ class SubjectsScreen {
   [[nodiscard]] bool AllChosen(Fits&& fits) const;
   template <typename Plan>
   std::size_t ChangeEach(const char* doing, Plan&& plan);
-  bool Change(const std::function<ChangePlan()>& plan);
+  bool Change(SubjectPlaces& places, const std::function<ChangePlan()>& plan);
+  [[nodiscard]] std::set<std::string, std::less<>> SampledIds();
   void Rename();
   void DrawSample();
   void Save(const char* title, const std::string& name, const std::function<std::string()>& text);
@@ -98,7 +99,8 @@ class SubjectsScreen {
   std::set<Key> m_chosen;
   Question m_question = Question::None;
   NewLevels m_levels{};
-  std::string m_newName;  // or the percentage
+  std::string m_newName;  // or the percentage, and a seed
+  bool m_sampleIsTold = false;
   std::uint32_t m_seed = 0;
   std::string m_progress;
   std::string m_done;  // what the last act did

@@ -3,6 +3,7 @@
 // What the table of subjects writes beside the subjects themselves: its list, the report of agreement, and the sample
 // for a second entry.
 
+#include <algorithm>
 #include <optional>
 #include <random>
 
@@ -14,6 +15,7 @@
 #include "text/Counted.h"
 #include "text/Encoding.h"
 #include "text/LeadingNumber.h"
+#include "text/TypedText.h"
 #include "words/CompanionCsv.h"
 #include "words/SecondSample.h"
 
@@ -78,10 +80,17 @@ void SubjectsScreen::AskSample() {
 
 // The earlier sample may have been entered in part.
 void SubjectsScreen::DrawSample() {
-  const auto percent = DigitsInteger16(m_newName);
+  const std::string_view typed = WithoutOuterBlanks(m_newName);
+  const std::size_t between = std::min(typed.find(' '), typed.size());
+  const auto percent = DigitsInteger16(typed.substr(0, between));
   if (!percent || *percent < 1 || *percent > 100) {
     return Warn(m_platform.Boxes, "The percentage must be a number from 1 to 100.");
   }
+  const std::string seed(WithoutOuterBlanks(typed.substr(between)));
+  if (!seed.empty() && (!IsDigits(seed) || seed.size() > 9)) {
+    return Warn(m_platform.Boxes, "The seed must be a number of up to 9 digits.");
+  }
+  if (!seed.empty()) m_seed = static_cast<std::uint32_t>(std::stoul(seed));
   std::vector<std::string> ids;
   bool hasSample = false;
   const bool isListed = WithRetry(m_platform.Boxes, [&] {

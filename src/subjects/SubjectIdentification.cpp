@@ -184,7 +184,7 @@ std::optional<SubjectIdentification::Outcome> SubjectIdentification::BeginSecond
 
 // Also false when the search fails and the user cancels. Notes the accepted file in `record`.
 bool SubjectIdentification::MayReplaceComplete(const std::string& subjectId, SubjectRecord& record) {
-  const std::string path = JoinPath(PlaceDirectory(m_project->PrimaryDir, CompletePlace(m_record.Which)),
+  const std::string path = JoinPath(PlaceDirectory(m_project->PrimaryDir, CompletePlace(record.Which)),
                                     ExpectedPrefix(*m_project).append(subjectId).append(kDataFileEnd));
   bool exists = false;
   std::string content;
@@ -238,6 +238,7 @@ SubjectIdentification::Outcome SubjectIdentification::LoadAutosave(const std::st
   });
   if (!isRead) return StayInBox();
   if (!isOurs) return Refuse(kForeignFile);
+  restored.Which = IsSecondAutosaveName(LastPathComponent(path)) ? WhichEntry::Second : WhichEntry::First;
   if (m_purpose == Purpose::Unfinished && !MayReplaceComplete(restored.SubjectId, restored)) return StayInBox();
   m_record = std::move(restored);
   m_record.IsCorrection = true;  // perhaps; what cannot be typed again is not deleted
@@ -269,8 +270,7 @@ bool SubjectIdentification::IsUnfinished() const {
 bool SubjectIdentification::IsAutosave(const std::string& path) const {
   try {
     const std::string_view name = LastPathComponent(path);
-    return IsAutosaveName(name) && !IsSecondAutosaveName(name) &&
-           m_platform.Files.IsSame(DirectoryOfPath(path), m_paramDir);
+    return IsAutosaveName(name) && m_platform.Files.IsSame(DirectoryOfPath(path), m_paramDir);
   } catch (const FileError&) {
     return false;
   }

@@ -250,6 +250,13 @@ TEST_F(SecondEntryTest, IsRestoredAfterTheFirst) {
   session.Subjects().CancelEntry();
   EXPECT_FALSE(m_scratch.Has("C:\\Param\\Temp Second.txt"));
   EXPECT_TRUE(m_scratch.Has("C:\\Param\\Temp 1.txt"));
+  // One that was put aside.
+  m_scratch.Put("C:\\Param\\Temp Second 1.txt", FormatAutosave(record, m_project));
+  session.ReadOldData();
+  Dialogs.Answers.emplace_back("C:\\Param\\Temp Second 1.txt");
+  session.Subjects().BrowseSubject();
+  ASSERT_EQ(session.Shown(), Screen::Entry);
+  EXPECT_EQ(session.Subjects().Entry().Title(), "Second Entry");
 }
 
 }  // namespace

@@ -10,6 +10,7 @@
 #include "project/FileChanges.h"
 #include "support/FakePlatform.h"
 #include "support/Study.h"
+#include "words/SecondSample.h"
 
 namespace zova::testing {
 namespace {
@@ -159,7 +160,12 @@ TEST(SubjectsScreen, ARemovedNameGetsANumberAndComesBack) {
   EXPECT_EQ(scratch.Get("D:\\B\\Sdata\\Removed\\AB Sub#ab (2).dat"), Bytes("ab", "1/1 2/1 | 3/1"));
   EXPECT_EQ(RowsOf(desk.Screen),
             "ab|removed (2)|young|2|1||1 difference\nab|removed|young|1|0||none\nabc|complete|old|1|1||none\n");
-  desk.Choose("AB Sub#ab (2).dat", true), desk.Screen.BringBack();
+  scratch.Put("C:\\Data\\Sdata\\Removed\\AB Sub#AB (3).dat", Bytes("AB", "6/1 |"));
+  desk.Screen.Read();
+  const auto both = {*desk.Screen.Table().LineOf("AB Sub#ab (2).dat", true),
+                     *desk.Screen.Table().LineOf("AB Sub#AB (3).dat", true)};
+  desk.Screen.Choose(both), desk.Screen.BringBack();
+  EXPECT_EQ(boxes.Texts.back().substr(0, 11), "A subject '") << "the one brought back before has the name";
   EXPECT_EQ(scratch.Get("C:\\Data\\Sdata\\Unfinished\\AB Sub#ab.dat"), Bytes("ab", "1/1 |"));
   desk.Choose("AB Sub#ab.dat", true), desk.Screen.BringBack();
   EXPECT_EQ(boxes.Texts.back(), "A subject 'ab' already exists.");
@@ -301,6 +307,10 @@ TEST(SubjectsScreen, FiltersAndSortsByEveryColumn) {
     EXPECT_EQ(RowsOf(desk.Screen), rows) << filter;
   }
   desk.Screen.SetFilter("");
+  for (const auto& [typed, line] : {std::pair("AB", 1), {"b", 2}, {"A", 0}}) {
+    EXPECT_EQ(desk.Screen.Table().LineOfId(typed), static_cast<std::size_t>(line)) << typed;
+  }
+  EXPECT_FALSE(desk.Screen.Table().LineOfId("h"));
   const std::pair<std::size_t, std::string> orders[] = {{0, g + f + d + c + b + e + a},
                                                         {4, d + e + g + f + c + b + a},
                                                         {4, a + b + c + f + d + e + g},
@@ -310,6 +320,12 @@ TEST(SubjectsScreen, FiltersAndSortsByEveryColumn) {
     EXPECT_EQ(RowsOf(desk.Screen), rows) << column;
   }
   EXPECT_EQ(desk.Screen.StatusLine(), "7 subjects");
+  scratch.Put("C:\\Data\\AB Second Sample.csv", "subject,seed\r\n");
+  const int before = desk.Screen.Revision();
+  desk.Screen.Open(desk.Of);
+  EXPECT_NE(desk.Screen.Revision(), before) << "the lines are gone until they are read";
+  desk.Screen.Read(), desk.Screen.Read();
+  EXPECT_EQ(boxes.Texts.size(), 1U) << "a sample that cannot be read is told of once";
 }
 
 TEST(SubjectsScreen, ChoosesASampleAndSavesTheAgreement) {
@@ -322,18 +338,19 @@ TEST(SubjectsScreen, ChoosesASampleAndSavesTheAgreement) {
   screen.Open(project);
   screen.Read();
   screen.AskSample();
-  for (const char* percent : {"", "0", "101", "5x"}) {
+  for (const char* percent : {"", "0", "101", "5x", "x 5"}) {
     screen.SetNewName(percent);
     platform.Boxes.Expect(Told("The percentage must be a number from 1 to 100."));
     screen.Answer();
   }
-  screen.SetNewName("50");
+  screen.SetNewName("50 7x");
+  platform.Boxes.Expect(Told("The seed must be a number of up to 9 digits."));
+  screen.Answer();
+  screen.SetNewName("50 7");
   screen.Answer();
   EXPECT_EQ(screen.Asked(), SubjectsScreen::Question::None);
   const std::string sample = scratch.Get("C:\\Data\\AB Second Sample.csv");
-  EXPECT_TRUE(sample.starts_with("subject,percent,seed\r\nab,50,") ||
-              sample.starts_with("subject,percent,seed\r\nabc,50,"))
-      << sample;
+  EXPECT_EQ(sample, FormatSecondSample(DrawSecondSample({"ab", "abc"}, 50, 7)));
   EXPECT_EQ(scratch.Get("D:\\B\\AB Second Sample.csv"), sample);
   screen.AskSample();
   platform.Boxes.Expect(

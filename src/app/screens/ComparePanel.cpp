@@ -19,7 +19,7 @@
 
 namespace zova {
 
-// A difference is bold and has a sign of its own, so that it does not depend on colours.
+// A difference is bold and has signs of its own, so that it does not depend on colours.
 class CompareModel final : public QAbstractTableModel {
  public:
   CompareModel(const EntrySettlement& rules, QObject* parent) : QAbstractTableModel(parent), m_rules(rules) {}
@@ -155,7 +155,7 @@ void ComparePanel::ShowState() {
   m_grdCompare->selectRow(line);
   m_grdCompare->scrollTo(m_model->index(line, 0), QAbstractItemView::PositionAtCenter);
   const bool hasLine = m_rules.Current() < m_rules.LineCount();
-  m_txtCompare->setText(hasLine ? ToQt(m_rules.Text(m_rules.Current(), EntrySettlement::Side::First)) : QString());
+  m_txtCompare->setText(hasLine ? ToQt(m_rules.TypedText(m_rules.Current())) : QString());
 }
 
 }  // namespace zova

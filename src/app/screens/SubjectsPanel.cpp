@@ -3,8 +3,10 @@
 
 #include <QAbstractTableModel>
 #include <QAction>
+#include <QApplication>
 #include <QClipboard>
 #include <QComboBox>
+#include <QElapsedTimer>
 #include <QGridLayout>
 #include <QGuiApplication>
 #include <QHeaderView>
@@ -70,15 +72,26 @@ class SubjectsModel final : public QAbstractTableModel {
 
 namespace {
 
-// Typed letters look for an identifier, whatever column the cursor is in.
+// Typed letters look for an identifier, whatever column the cursor is in; an equal one comes before those that begin
+// so.
 class SubjectsView final : public QTableView {
  public:
+  explicit SubjectsView(const SubjectsScreen& rules) : m_rules(rules) {}
+
   void keyboardSearch(const QString& text) override {
-    const QModelIndex current = currentIndex();
-    if (current.column() > 0)
-      selectionModel()->setCurrentIndex(current.siblingAtColumn(0), QItemSelectionModel::NoUpdate);
-    QTableView::keyboardSearch(text);
+    const bool goesOn = m_sinceKey.isValid() && m_sinceKey.elapsed() <= QApplication::keyboardInputInterval();
+    m_typed = goesOn ? m_typed + text : text;
+    m_sinceKey.start();
+    const auto line = m_rules.Table().LineOfId(FromQt(m_typed));
+    if (!line) return;
+    const QModelIndex found = model()->index(static_cast<int>(*line), std::max(0, currentIndex().column()));
+    selectionModel()->setCurrentIndex(found, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
   }
+
+ private:
+  const SubjectsScreen& m_rules;
+  QString m_typed;
+  QElapsedTimer m_sinceKey;
 };
 
 std::vector<std::size_t> ChosenLines(const QTableView& table) {
@@ -96,7 +109,7 @@ SubjectsPanel::SubjectsPanel(Session& session)
       m_session(session),
       m_rules(session.SubjectList()),
       m_txtSubjectFilter(Named(new QLineEdit, "txtSubjectFilter")),
-      m_grdSubjects(Named<QTableView>(new SubjectsView, "grdSubjects")),
+      m_grdSubjects(Named<QTableView>(new SubjectsView(m_rules), "grdSubjects")),
       m_model(new SubjectsModel(m_rules, this)),
       m_lblSubjectsStatus(MakeLabel("lblSubjectsStatus", {})) {
   AddTitle("lblSubjectsTitle", "Subjects");

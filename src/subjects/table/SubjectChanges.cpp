@@ -117,17 +117,25 @@ std::string AddCompanions(FileChanges& changes, const SubjectPlaces& places, con
 
 }  // namespace
 
+void SubjectPlaces::TakeOver(ListedPlaces listed, std::array<ResolvedPath, kSubjectPlaces.size()>& directories,
+                             Names& names) {
+  for (std::size_t at = 0; at < listed.size(); ++at) {
+    directories[at] = std::move(listed[at].Directory);
+    for (std::string& name : listed[at].Names) {
+      std::string key = UpperCase(name);
+      names.emplace(std::move(key), std::move(name));
+    }
+  }
+}
+
 SubjectPlaces::SubjectPlaces(const ProjectParameters& project, Disk& disk)
     : m_project(project), m_disk(disk), m_rootCount(IsNoDirectory(project.BackupDir) ? 1 : 2) {
   for (int root = 0; root < m_rootCount; ++root) {
     const std::string& directory = root == 0 ? project.PrimaryDir : project.BackupDir;
     RequireDirectory(disk, directory, FileOperation::List);
-    for (const SubjectPlace place : kSubjectPlaces) {
-      const auto at = static_cast<std::size_t>(place);
-      const auto in = static_cast<std::size_t>(root);
-      m_present[in][at] = disk.Resolve(PlaceDirectory(directory, place), FileOperation::Read);
-      m_removed[in][at] = disk.Resolve(RemovedDirectory(directory, place), FileOperation::Read);
-    }
+    const auto in = static_cast<std::size_t>(root);
+    TakeOver(ListSubjectPlaces(disk, project, directory, false), m_present[in], m_presentNames);
+    TakeOver(ListSubjectPlaces(disk, project, directory, true), m_removed[in], m_removedNames);
   }
 }
 
@@ -147,24 +155,28 @@ std::optional<std::string> SubjectPlaces::ReadRemoved(bool inBackup, SubjectPlac
   return ReadIn(m_removed[inBackup ? 1 : 0][static_cast<std::size_t>(place)], file);
 }
 
-bool SubjectPlaces::HasIn(const Directories& directories, std::string_view file, std::string_view except) const {
-  for (int root = 0; root < m_rootCount; ++root) {
-    for (const ResolvedPath& directory : directories[static_cast<std::size_t>(root)]) {
-      const auto names = ListSubjectFiles(m_disk, m_project, directory.Shown);
-      const bool isThere = std::any_of(names.begin(), names.end(), [&](const std::string& name) {
-        return name != except && EqualsIgnoringCase(name, file);
-      });
-      if (isThere) return true;
-    }
-  }
-  return false;
-}
-
 bool SubjectPlaces::HasAny(std::string_view file, std::string_view except) const {
-  return HasIn(m_present, file, except);
+  const auto [begin, end] = m_presentNames.equal_range(UpperCase(file));
+  return std::any_of(begin, end, [&](const auto& name) { return name.second != except; });
 }
 
-bool SubjectPlaces::HasRemoved(std::string_view file) const { return HasIn(m_removed, file, {}); }
+bool SubjectPlaces::HasRemoved(std::string_view file) const { return m_removedNames.contains(UpperCase(file)); }
+
+void SubjectPlaces::Follow(const FileChanges& changes) {
+  for (const FileChange& change : changes.Files) {
+    if (change.Before.has_value() == change.After.has_value() || !IsSubjectFileBelow(change.Name)) continue;
+    Names& names = IsRemovedBelow(change.Name) ? m_removedNames : m_presentNames;
+    std::string name = change.Name.substr(change.Name.rfind('/') + 1);
+    std::string key = UpperCase(name);
+    if (change.After) {
+      names.emplace(std::move(key), std::move(name));
+      continue;
+    }
+    const auto [begin, end] = names.equal_range(key);
+    const auto gone = std::find_if(begin, end, [&](const auto& known) { return known.second == name; });
+    if (gone != end) names.erase(gone);
+  }
+}
 
 ChangePlan PlanLevels(const SubjectPlaces& places, const SubjectRow& row, const NewLevels& levels) {
   ChangePlan plan{{"Changing the levels of subject '" + row.Id + "'", {}}};

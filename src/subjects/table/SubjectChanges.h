@@ -8,9 +8,11 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 
 #include "project/FileChanges.h"
 #include "project/ProjectLayout.h"
+#include "subjects/table/SubjectPlacesListing.h"
 #include "subjects/table/SubjectRow.h"
 
 namespace zova {
@@ -21,7 +23,7 @@ struct ChangePlan {
   std::string Refusal = {};
 };
 
-/// The directories of subject files, looked up once for the changes of many subjects.
+/// The directories of subject files, looked up and listed once for the changes of many subjects.
 class SubjectPlaces {
  public:
   SubjectPlaces(const ProjectParameters& project, Disk& disk);
@@ -34,19 +36,24 @@ class SubjectPlaces {
   /// A file of that name in any case, but for `except`, among the subjects or the removed ones.
   [[nodiscard]] bool HasAny(std::string_view file, std::string_view except = {}) const;
   [[nodiscard]] bool HasRemoved(std::string_view file) const;
+  /// Takes over the names that changes, which were made, added and deleted.
+  void Follow(const FileChanges& changes);
   [[nodiscard]] const ProjectParameters& Project() const noexcept { return m_project; }
   [[nodiscard]] Disk& Files() const noexcept { return m_disk; }
 
  private:
   using Directories = std::array<std::array<ResolvedPath, kSubjectPlaces.size()>, 2>;
   [[nodiscard]] std::optional<std::string> ReadIn(const ResolvedPath& directory, std::string_view file) const;
-  [[nodiscard]] bool HasIn(const Directories& directories, std::string_view file, std::string_view except) const;
+  using Names = std::unordered_multimap<std::string, std::string>;  // by the upper-cased name
+  static void TakeOver(ListedPlaces listed, std::array<ResolvedPath, kSubjectPlaces.size()>& directories, Names& names);
 
   const ProjectParameters& m_project;
   Disk& m_disk;
   int m_rootCount = 1;
   Directories m_present;
   Directories m_removed;
+  Names m_presentNames;  // of all directories
+  Names m_removedNames;
 };
 
 /// The levels by variable; 0 leaves one as it is. The lists stay byte for byte.

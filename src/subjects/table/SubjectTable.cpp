@@ -123,6 +123,17 @@ bool SubjectTable::IsNumber(std::size_t column) const {
   return column >= m_firstTest && column < m_firstTest + m_tests;
 }
 
+std::optional<std::size_t> SubjectTable::LineOfId(std::string_view typed) const {
+  std::optional<std::size_t> first;
+  for (std::size_t line = 0; line < m_lines.size(); ++line) {
+    const std::string& id = At(line).Id;
+    if (!BeginsIgnoringCase(id, typed)) continue;
+    if (id.size() == typed.size()) return line;
+    if (!first) first = line;
+  }
+  return first;
+}
+
 std::optional<std::size_t> SubjectTable::LineOf(std::string_view file, bool isRemoved) const {
   for (std::size_t line = 0; line < m_lines.size(); ++line) {
     if (At(line).File == file && (At(line).State == SubjectState::Removed) == isRemoved) return line;

@@ -29,6 +29,8 @@ class SubjectTable {
     return m_texts[m_lines[line]][column];
   }
   [[nodiscard]] bool IsNumber(std::size_t column) const;
+  /// The identifier that a text is, or else the first one that it begins; case makes no difference.
+  [[nodiscard]] std::optional<std::size_t> LineOfId(std::string_view typed) const;
   [[nodiscard]] std::optional<std::size_t> LineOf(std::string_view file, bool isRemoved) const;
 
   /// Conditions, separated by ";", that all hold: a text that stands in any cell of the row, or, after the beginning of

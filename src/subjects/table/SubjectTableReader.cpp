@@ -4,7 +4,7 @@
 
 #include <algorithm>
 #include <iterator>
-#include <set>
+#include <unordered_set>
 #include <utility>
 
 #include "platform/desktop/FileErrorBoxes.h"
@@ -12,6 +12,7 @@
 #include "project/ProjectLayout.h"
 #include "subjects/SubjectFile.h"
 #include "subjects/entry/CompletionChecks.h"
+#include "subjects/table/SubjectPlacesListing.h"
 #include "text/Encoding.h"
 #include "text/FieldReader.h"
 #include "text/LeadingNumber.h"
@@ -29,11 +30,10 @@ std::string ReasonOf(const FileError& error) {
   return reason;
 }
 
-// The files of one directory.
 struct Place {
   ResolvedPath Directory;
   std::vector<std::string> Names;
-  std::set<std::string, std::less<>> Known;
+  std::unordered_set<std::string> Known;
 
   [[nodiscard]] bool Has(const std::string& name) const { return Known.contains(name); }
 };
@@ -45,11 +45,10 @@ class TableReader {
 
   void List() {
     RequireDirectory(m_disk, m_project.PrimaryDir, FileOperation::List);
-    for (const SubjectPlace place : kSubjectPlaces) {
-      m_places[Index(place)] = ListIn(PlaceDirectory(Primary(), place));
-      Place removed = ListIn(RemovedDirectory(Primary(), place));
-      std::erase_if(removed.Names, [&](const std::string& name) { return !IsOwnSubjectFile(m_project, name); });
-      m_removed[Index(place)] = std::move(removed);
+    m_places = ListIn(false);
+    m_removed = ListIn(true);
+    for (Place& place : m_removed) {
+      std::erase_if(place.Names, [&](const std::string& name) { return !IsOwnSubjectFile(m_project, name); });
     }
     m_names = NamesIn(m_places);
     m_removedNames = NamesIn(m_removed);
@@ -77,13 +76,17 @@ class TableReader {
     return names;
   }
   static std::size_t Index(SubjectPlace place) { return static_cast<std::size_t>(place); }
-  [[nodiscard]] const std::string& Primary() const { return m_project.PrimaryDir; }
   [[nodiscard]] const Place& At(SubjectPlace place) const { return m_places[Index(place)]; }
 
-  Place ListIn(const std::string& directory) {
-    Place place{m_disk.Resolve(directory, FileOperation::List), ListSubjectFiles(m_disk, m_project, directory), {}};
-    place.Known.insert(place.Names.begin(), place.Names.end());
-    return place;
+  Places ListIn(bool areRemoved) {
+    Places places;
+    ListedPlaces listed = ListSubjectPlaces(m_disk, m_project, m_project.PrimaryDir, areRemoved);
+    for (std::size_t at = 0; at < places.size(); ++at) {
+      places[at].Known.insert(listed[at].Names.begin(), listed[at].Names.end());
+      places[at].Directory = std::move(listed[at].Directory);
+      places[at].Names = std::move(listed[at].Names);
+    }
+    return places;
   }
 
   SubjectRow ReadPresent(const std::string& name) {
