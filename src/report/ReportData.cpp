@@ -83,7 +83,7 @@ class Reading {
       const std::string id = m_reader.SubjectId(k);
       BuildMasterRow(id, m_record.Levels, m_project, m_selection, m_scores, m_row);
       table.Add({id, m_record, m_scores, m_row, m_further});
-      further.AppendLists(lists);
+      if (table.Table().RowCount() > lists.IsRead.size()) further.AppendLists(lists);
       CountOrders(m_data, id, report.Orders);
       NoteSubject(id, m_scores, m_reader.Oddities(), m_notices);
       m_bar.Show(static_cast<std::size_t>(k));
