@@ -54,6 +54,7 @@ struct OpenResponse {
   std::size_t Count = 0;
   std::vector<NearItem> Near = {};  ///< the nearest words: one is proposed, several are a tie
   std::string Subject = {};         ///< of the first row with it
+  std::string Test = {};            ///< likewise, as the table labels it
   std::size_t Row = 0;
   std::optional<Decision> Decided = {};  ///< nullopt as long as it is open in one list
   std::size_t Open = 0;                  ///< how often it is

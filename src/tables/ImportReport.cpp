@@ -38,6 +38,15 @@ std::string Listed(const std::vector<std::string>& texts) {
   return list;
 }
 
+// By position a response may stand first in two lists of one subject, near other words in each.
+bool HaveSeveralLists(const std::vector<OpenResponse>& responses) {
+  TextMap<int> seen;
+  return std::any_of(responses.begin(), responses.end(), [&](const OpenResponse& open) {
+    const std::string place = ResponsePlace(open.Response, SubjectScope(open.Subject, {}));
+    return !open.Scope.empty() && !seen.emplace(place, 0).second;
+  });
+}
+
 std::string NearText(const OpenResponse& open) {
   std::string text = "'" + open.Response + "'";
   if (open.Near.empty()) return text + " is near no word";
@@ -94,7 +103,9 @@ std::string FormatImportReport(const FileError& error) {
 }
 
 std::string FormatUnmatched(const ImportPlan& plan) {
+  const bool hasTests = HaveSeveralLists(plan.Findings.Responses);
   std::string text = "response,item,distance,count,subject";
+  if (hasTests) text += ",test";
   text += kCsvLineEnd;
   for (const OpenResponse& open : plan.Findings.Responses) {
     if (open.Decided) continue;
@@ -105,6 +116,7 @@ std::string FormatUnmatched(const ImportPlan& plan) {
     if (!open.Near.empty()) text += std::to_string(open.Near.front().Distance);
     text += ',' + std::to_string(open.Count) + ',';
     AppendCsvField(text, open.Subject);
+    if (hasTests) AppendCsvField(text += ',', open.Test);
     text += kCsvLineEnd;
   }
   return text;

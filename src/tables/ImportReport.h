@@ -15,6 +15,7 @@ std::string FormatImportReport(const ImportPlan& plan);
 std::string FormatImportReport(const FileError& error);
 
 /// The undecided responses as a CSV with the header response,item,distance,count,subject; the item is the proposed one.
+/// A column test follows when lists of one subject need decisions of their own.
 /// ParseProposedResponses reads it back.
 std::string FormatUnmatched(const ImportPlan& plan);
 

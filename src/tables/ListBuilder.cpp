@@ -196,6 +196,7 @@ bool ListBuilder::Build(const SubjectRows& rows, int test, TestEntries& entries,
                         RecallLists& lists, std::vector<Intrusion>& intrusions, std::vector<StudyOrder>& orders) {
   m_rows = &rows;
   m_test = test;
+  m_label = m_survey.Labels[static_cast<std::size_t>(entries.Label)].Text;
   entries.Listed.clear();
   m_isRecalled.assign(static_cast<std::size_t>(m_context.Project.ItemCount) + 1, false);
   StudyList(entries.Study);

@@ -66,6 +66,7 @@ class ListBuilder {
   Interpreted InterpretUnmatched(const TableEntry& entry, std::string_view text, const ResponseMatch& match);
   Interpreted Decide(const ListDecision& decision);
   [[nodiscard]] const DecidedResponse* DecidedForAll(std::string_view text) const;
+  [[nodiscard]] const DecidedResponse* DecidedForList(std::string_view text, std::string_view scope) const;
   [[nodiscard]] bool IsDecided(std::string_view text, const ResponseMatch& match) const;
   ListDecision DecisionFor(std::string_view text, const ResponseMatch& match);
   const ResponseMatch& Match(std::string_view text);
@@ -88,6 +89,7 @@ class ListBuilder {
 
   const SubjectRows* m_rows = nullptr;
   int m_test = 0;
+  std::string_view m_label;  // of the test
   bool m_hasStudy = false;
   std::vector<int> m_studied;      // items in their order; the places in position mode
   std::vector<bool> m_isStudied;   // by item

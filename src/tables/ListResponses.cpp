@@ -197,20 +197,26 @@ const DecidedResponse* ListBuilder::DecidedForAll(std::string_view text) const {
   return m_byPosition && isOfWordList ? nullptr : decided;
 }
 
-bool ListBuilder::IsDecided(std::string_view text, const ResponseMatch& match) const {
+const DecidedResponse* ListBuilder::DecidedForList(std::string_view text, std::string_view scope) const {
   const Responses& decided = m_context.Decided;
+  const std::string& subject = m_rows->Original;
+  const DecidedResponse* found = decided.Find(text, scope);
+  if (found == nullptr) found = decided.Find(text, SubjectScope(subject, m_label));
+  return found != nullptr ? found : decided.Find(text, SubjectScope(subject, {}));
+}
+
+bool ListBuilder::IsDecided(std::string_view text, const ResponseMatch& match) const {
   if (DecidedForAll(text) != nullptr) return true;
   if (!m_byPosition) return false;
   const std::string scope = ScopeOf(match);
   const TextMap<ListDecision>& known = m_matcher.ListDecisions();
   const auto found = known.find(ResponsePlace(text, scope));
   if (found != known.end()) return found->second.What.has_value();
-  return decided.Find(text, scope) != nullptr || decided.Find(text, SubjectScope(m_rows->Original)) != nullptr;
+  return DecidedForList(text, scope) != nullptr;
 }
 
 // In position mode the first list with a response settles what its number means.
 ListDecision ListBuilder::DecisionFor(std::string_view text, const ResponseMatch& match) {
-  const Responses& decided = m_context.Decided;
   const DecidedResponse* const forAll = DecidedForAll(text);
   if (!m_byPosition) return forAll == nullptr ? ListDecision{} : ListDecision{forAll->What, {}};
   const auto settle = [&](std::string_view scope, const DecidedResponse* given) {
@@ -219,9 +225,7 @@ ListDecision ListBuilder::DecisionFor(std::string_view text, const ResponseMatch
     return place->second;
   };
   const std::string scope = ScopeOf(match);
-  const DecidedResponse* own = decided.Find(text, scope);
-  if (own == nullptr) own = decided.Find(text, SubjectScope(m_rows->Original));
-  ListDecision known = settle(scope, own);
+  ListDecision known = settle(scope, DecidedForList(text, scope));
   return known.What || forAll == nullptr ? known : settle({}, forAll);
 }
 
@@ -230,6 +234,7 @@ ListBuilder::Interpreted ListBuilder::InterpretUnmatched(const TableEntry& entry
   ImportCounts& counts = m_findings.Counts;
   OpenResponse& open =
       m_findings.Note(text, m_byPosition ? ScopeOf(match) : std::string(), m_rows->Original, entry.Line);
+  if (open.Count == 1) open.Test = m_label;
   if (open.Near.empty() || !m_byPosition) AddNear(open.Near, match.Near);
   if (const ListDecision decided = DecisionFor(text, match); decided.What) {
     ++counts.Decided;

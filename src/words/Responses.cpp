@@ -83,19 +83,27 @@ Responses ParseResponses(std::string_view bytes, const ProjectParameters& projec
 
 Responses ParseProposedResponses(std::string_view bytes, const ProjectParameters& project, bool areBySubject) {
   constexpr std::size_t kSubject = 4;
-  CompanionRows rows(bytes, {"response", "item", "distance", "count", "subject"}, 3, DelimiterOf(bytes));
+  constexpr std::size_t kTest = 5;
+  CompanionRows rows(bytes, {"response", "item", "distance", "count", "subject", "test"}, 4, DelimiterOf(bytes));
   Responses responses;
   while (rows.Next()) {
     if (rows.Text(1).empty()) continue;
     DecidedResponse decided{std::string(rows.Text(0)), DecisionOf(rows, project), rows.Line()};
     const bool hasSubject = rows.ColumnCount() > kSubject && !rows.Text(kSubject).empty();
-    if (areBySubject && hasSubject) decided.Scope = SubjectScope(rows.Text(kSubject));
+    if (areBySubject && hasSubject) {
+      decided.Scope = SubjectScope(rows.Text(kSubject), rows.ColumnCount() > kTest ? rows.Text(kTest) : "");
+    }
     AddOrRefuse(responses, decided, rows);
   }
   return responses;
 }
 
-std::string SubjectScope(std::string_view subject) { return "subject " + std::string(subject); }
+std::string SubjectScope(std::string_view subject, std::string_view test) {
+  std::string scope = "subject ";
+  scope += subject;
+  if (!test.empty()) scope.append("\n").append(test);
+  return scope;
+}
 
 std::string FormatResponses(const Responses& responses) {
   std::string text = "response,item";

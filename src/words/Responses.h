@@ -54,11 +54,12 @@ class Responses {
 
 /// Throws CsvError, also for one key with two decisions, naming both lines.
 Responses ParseResponses(std::string_view bytes, const ProjectParameters& project);
-/// Likewise a table of proposals: columns distance, count and subject may follow; rows without an item are passed over.
-/// Columns may be separated by semicolons or tabs. `areBySubject`: a decision is for the lists of its subject alone.
+/// Likewise a table of proposals: columns distance, count, subject and test may follow; rows without an item are passed
+/// over. Columns may be separated by semicolons or tabs. `areBySubject`: a decision is for the lists of its subject
+/// alone, with a test for that of this test.
 Responses ParseProposedResponses(std::string_view bytes, const ProjectParameters& project, bool areBySubject);
-/// The scope of a subject's lists.
-std::string SubjectScope(std::string_view subject);
+/// The scope of a subject's list on a test, as the table labels it; "" for all of them.
+std::string SubjectScope(std::string_view subject, std::string_view test);
 std::string FormatResponses(const Responses& responses);
 
 }  // namespace zova

@@ -224,19 +224,19 @@ TEST(Import, ReadsNumbersByPositionInTheirLists) {
   desk.Words = {};
   const std::string ofWordList = "response,item\r\ntre,1\r\n";
   desk.Files.Put("C:\\Data\\AB Responses.csv", ofWordList);
-  const auto draw = [&](const std::string& table, const std::string& decided) {
-    ImportDraft draft = desk.Draft(table, {{"--items", "position"}, {"--others", "skip"}});
-    desk.Files.Put("C:\\d.csv", decided);
-    AddDecisions(desk.OfFiles, "C:\\d.csv", ItemsBy::Position, draft.Context);
-    RefreshImport(desk.OfFiles, draft);
+  const auto draw = [](ImportDesk& used, const std::string& table, const std::string& decided) {
+    ImportDraft draft = used.Draft(table, {{"--items", "position"}, {"--others", "skip"}});
+    used.Files.Put("C:\\d.csv", decided);
+    AddDecisions(used.OfFiles, "C:\\d.csv", ItemsBy::Position, draft.Context);
+    RefreshImport(used.OfFiles, draft);
     return draft;
   };
-  desk.Run(draw(first, "response,item\npot,1\n"));
-  const ImportDraft open = draw(both, "response,item\npot,1\n");
+  desk.Run(draw(desk, first, "response,item\npot,1\n"));
+  const ImportDraft open = draw(desk, both, "response,item\npot,1\n");
   EXPECT_EQ(FormatUnmatched(open.Plan), "response,item,distance,count,subject\r\ntre,2,1,2,a\r\ntre,3,1,1,c\r\n");
   desk.Run(open);
   EXPECT_EQ(desk.Lists(), "a: 1; b: 2; c:");
-  const ImportDraft decided = draw(both, FormatUnmatched(open.Plan) + "pot,1,,2,a\r\n");
+  const ImportDraft decided = draw(desk, both, FormatUnmatched(open.Plan) + "pot,1,,2,a\r\n");
   ImportDraft taken = desk.Draft(both, {{"--items", "position"}, {"--accept-distance", "1"}, {"--others", "skip"}});
   EXPECT_EQ(CountsOf(decided), "0 5 0 0 0 0 0 0");
   EXPECT_EQ(CountsOf(taken), "0 0 3 3 2 0 0 2");
@@ -246,6 +246,15 @@ TEST(Import, ReadsNumbersByPositionInTheirLists) {
   desk.Run(taken);
   EXPECT_EQ(desk.Lists(), "a: 1 2; b: 2 1; c: 3");
   EXPECT_EQ(desk.Files.Get("C:\\Data\\AB Responses.csv"), ofWordList) << "numbers of lists mean nothing elsewhere";
+
+  ImportDesk lists({.Tests = 2, .Items = 2});
+  lists.Words = {};
+  const std::string two = head + "a,1,study,1,dog\na,1,study,2,tree\na,1,recall,1,tre\n" +
+                          "a,2,study,1,trey\na,2,study,2,pot\na,2,recall,1,tre\n";
+  const std::string unmatched = FormatUnmatched(draw(lists, two, "response,item\n").Plan);
+  EXPECT_EQ(unmatched, "response,item,distance,count,subject,test\r\ntre,2,1,1,a,1\r\ntre,1,1,1,a,2\r\n");
+  lists.Run(draw(lists, two, unmatched));
+  EXPECT_EQ(lists.Lists(), "a: 2 | 1");
 }
 
 // Of a number and a word the number counts; a word without a number is matched.
