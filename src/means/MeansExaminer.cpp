@@ -207,7 +207,7 @@ void MeansExaminer::SetLeavesOut(bool leavesOut) {
   Compute();
 }
 
-// The first ones; the command writes them all.
+// The first ones; a report and the command have them all.
 void MeansExaminer::TellEffects(const ProjectParameters* project) {
   constexpr std::size_t kMostMeasures = 20, kMostLines = 3;
   if (m_request.Measures.size() > kMostMeasures) return;
@@ -216,7 +216,9 @@ void MeansExaminer::TellEffects(const ProjectParameters* project) {
     if (i > 0) m_effects += '\n';
     m_effects += effects[i].Measure + ": " + EffectText(effects[i]);
   }
-  if (effects.size() > kMostLines) m_effects += " ...";
+  if (effects.size() <= kMostLines) return;
+  m_effects += "\n... and " + std::to_string(effects.size() - kMostLines) + " more: " +
+               (CanRaster() ? "\"Save Report...\" has them all." : "choose fewer measures or variables to see them.");
 }
 
 void MeansExaminer::SetMore(bool hasMore) {

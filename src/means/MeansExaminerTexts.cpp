@@ -33,6 +33,13 @@ std::string MeansExaminer::NoteLine() const {
     add(Counted(m_lacking, "value", "values") + " of the chosen further measures could not be computed and " +
         (m_lacking == 1 ? "is" : "are") + " left out.");
   }
+  const bool hasOthers = std::any_of(m_means.Cells.begin(), m_means.Cells.end(), [](const MeansCell& cell) {
+    for (std::size_t measure = 0; measure < cell.Within.size(); ++measure) {
+      if (cell.Within[measure].Mean && cell.Within[measure].N != cell.Measures[measure].N) return true;
+    }
+    return false;
+  });
+  if (hasOthers) add(kWithinText);
   if (!m_table.HasSubjects) {
     add("This piece of a wide master has no identifiers: values that could not be computed, which stand as 0, are not "
         "known.  The whole master has them.");
@@ -71,7 +78,7 @@ std::string MeansExaminer::CellText(int row, int column) const {
   const MeansColumn which = ColumnsOf(m_means.More)[static_cast<std::size_t>(column - FirstNumber())];
   const auto number = NumberOf(cell, measure, which);
   if (which == MeansColumn::NotComputed) return m_isOwn ? ShownNumber(number, 0) : "";
-  if (which == MeansColumn::N) return ShownNumber(number, 0);
+  if (IsCount(which)) return ShownNumber(number, 0);
   const bool isMarked = which == MeansColumn::Mean && HasZeros(cell, measure);
   return ShownNumber(number, m_decimals[measure]) + (isMarked ? "*" : "");
 }

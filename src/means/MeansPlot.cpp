@@ -303,9 +303,8 @@ std::string_view BarsText(PlotBars bars) {
     case PlotBars::Confidence: return "Bars are 95 % confidence intervals.";
     case PlotBars::StandardError: return "Bars are standard errors.";
     case PlotBars::Within:
-      return "Bars are 95 % confidence intervals within subjects (Cousineau-Morey), of the subjects with a value on "
-             "all "
-             "tests.";
+      return "Bars are 95 % confidence intervals within subjects (Cousineau-Morey) of the subjects with a value on all "
+             "tests, drawn about the means shown.";
     case PlotBars::None: return "";
   }
   return "";

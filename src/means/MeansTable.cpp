@@ -45,6 +45,7 @@ void AddWithin(const std::vector<std::vector<double>>& rows, const TestSeries& s
     for (std::size_t row = 0; row < rows.size(); ++row) normalized.Add(rows[row][test] - means[row] + grand);
     const SampleStatistics statistics = normalized.Statistics(critical);
     WithinInterval& interval = within[series.Places[test]];
+    interval.N = statistics.N;
     interval.Mean = statistics.Mean;
     if (statistics.HalfWidth) interval.HalfWidth = *statistics.HalfWidth * std::sqrt(tests / (tests - 1));
   }
@@ -187,6 +188,7 @@ std::string_view HeadingOf(MeansColumn column) {
     case MeansColumn::Max: return "Max";
     case MeansColumn::Low: return "95% CI Low";
     case MeansColumn::High: return "95% CI High";
+    case MeansColumn::WithinN: return "n Within";
     case MeansColumn::WithinLow: return "95% Within CI Low";
     case MeansColumn::WithinHigh: return "95% Within CI High";
     case MeansColumn::NotComputed: return "Not Computed";
@@ -250,6 +252,7 @@ std::vector<MeansColumn> ColumnsOf(const MoreStatistics& more) {
       {MeansColumn::Max, more.Max},
       {MeansColumn::Low, true},
       {MeansColumn::High, true},
+      {MeansColumn::WithinN, more.Within},
       {MeansColumn::WithinLow, more.Within},
       {MeansColumn::WithinHigh, more.Within},
       {MeansColumn::NotComputed, true},
@@ -260,6 +263,10 @@ std::vector<MeansColumn> ColumnsOf(const MoreStatistics& more) {
     if (isShown) columns.push_back(column);
   }
   return columns;
+}
+
+bool IsCount(MeansColumn column) {
+  return column == MeansColumn::N || column == MeansColumn::WithinN || column == MeansColumn::NotComputed;
 }
 
 std::optional<double> NumberOf(const MeansCell& cell, std::size_t measure, MeansColumn column) {
@@ -276,6 +283,7 @@ std::optional<double> NumberOf(const MeansCell& cell, std::size_t measure, Means
     case MeansColumn::Max: return order.Max;
     case MeansColumn::Low: return sample.Low();
     case MeansColumn::High: return sample.High();
+    case MeansColumn::WithinN: return within.Mean ? std::optional(static_cast<double>(within.N)) : std::nullopt;
     case MeansColumn::WithinLow:
       return within.HalfWidth ? std::optional(*within.Mean - *within.HalfWidth) : std::nullopt;
     case MeansColumn::WithinHigh:

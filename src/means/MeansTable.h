@@ -38,6 +38,7 @@ struct OrderStatistics {
 /// The interval of a test's mean after Cousineau and Morey: t(n - 1) * s' / sqrt(n) * sqrt(J / (J - 1)), with s' the
 /// standard deviation of the values less their subject's mean over the J tests. Of the subjects with a value on all.
 struct WithinInterval {
+  std::size_t N = 0;  ///< of these subjects
   std::optional<double> Mean;
   std::optional<double> HalfWidth;
 };
@@ -71,10 +72,15 @@ std::vector<OccurringLevels> LevelsOf(const MasterTable& table, const MeansReque
 MeansTable ComputeMeans(const MasterTable& table, const MeansRequest& request, const ProjectParameters* project);
 
 /// A column of numbers.
-enum class MeansColumn { N, Mean, Sd, Se, Median, Min, Max, Low, High, WithinLow, WithinHigh, NotComputed };
+enum class MeansColumn { N, Mean, Sd, Se, Median, Min, Max, Low, High, WithinN, WithinLow, WithinHigh, NotComputed };
 
 /// Those of a table, in order: N, Mean, SD, what is on demand, and last what could not be computed.
 std::vector<MeansColumn> ColumnsOf(const MoreStatistics& more);
+/// For a number of subjects or values, which has no decimals.
+bool IsCount(MeansColumn column);
+inline constexpr const char* kWithinText =
+    "The 95 % intervals within subjects are of the subjects with a value on every test (n Within), about the mean of "
+    "these.";
 /// nullopt for what does not exist.
 std::optional<double> NumberOf(const MeansCell& cell, std::size_t measure, MeansColumn column);
 

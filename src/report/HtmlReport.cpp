@@ -191,6 +191,7 @@ class Page {
     for (const std::string_view kind : {"d", "difference", "d_z", "eta squared"}) {
       if (kinds.contains(kind)) lines.push_back(std::string(EffectDefinition(kind)) + ".");
     }
+    if (m_request.Plots.Bars == PlotBars::Within) lines.emplace_back(kWithinText);
     AddList("Symbols and conventions", lines);
   }
 
@@ -275,8 +276,7 @@ class Page {
         std::vector<std::string> row = lines.Rows[rows.size()];
         const std::size_t first = row.size() - columns.size();
         for (std::size_t i = 0; i < columns.size(); ++i) {
-          const bool isCount = columns[i] == MeansColumn::N || columns[i] == MeansColumn::NotComputed;
-          row[first + i] = ShownNumber(NumberOf(cell, measure, columns[i]), isCount ? 0 : decimals);
+          row[first + i] = ShownNumber(NumberOf(cell, measure, columns[i]), IsCount(columns[i]) ? 0 : decimals);
         }
         rows.push_back(std::move(row));
       }

@@ -253,7 +253,7 @@ constexpr auto kSentences = std::to_array<Sentence>({
     {"optRateno", "Select this if no ratings were taken, or if you do not want to enter them."},
     {"optRateyes", "A rating will be entered with each item on the tests that you check below."},
     {"optcatyes", "The study list was made of categories; their number is asked next."},
-    {"plotMeans", "Means with their 95 % confidence intervals, on white as they are saved for print."},
+    {"plotMeans", "Means with the bars that you chose, or the recalls as a raster, on white as they are saved for print."},
     {"pnlWizard", "The pages on which a project is defined, or on which its parameters are viewed."},
     {"proCopying", "How many of the files are copied, in percent."},
     {"proMasterProgress", "How much of the master has been written."},

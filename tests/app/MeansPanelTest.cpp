@@ -61,9 +61,20 @@ TEST_F(MeansPanelTest, KeysReachTheRulesAndWhatComesOfThemShows) {
   EXPECT_EQ(panel.findChild<QLabel*>("lblMeansStatus")->text(), "Copied 4 lines");
   panel.findChild<QLineEdit*>("txtFilter")->setText("arc");
   auto* measures = panel.findChild<QListWidget*>("lstMeasures");
-  int found = 0;
-  for (int row = 0; row < measures->count(); ++row) found += measures->item(row)->isHidden() ? 0 : 1;
-  EXPECT_EQ(found, 1);
+  const auto inSight = [&] {
+    int lines = 0;
+    for (int row = 0; row < measures->count(); ++row) lines += measures->item(row)->isHidden() ? 0 : 1;
+    return lines;
+  };
+  EXPECT_EQ(inSight(), 1);
+  panel.findChild<QLineEdit*>("txtFilter")->clear();
+  measures->setFocus();
+  const int folded = inSight();
+  press(Qt::Key_End), press(Qt::Key_Up), press(Qt::Key_Right), press(Qt::Key_Right);
+  EXPECT_GT(inSight(), folded) << "Right unfolds";
+  press(Qt::Key_Left), press(Qt::Key_Left);
+  EXPECT_EQ(inSight(), folded);
+  EXPECT_EQ(table->rowCount(), 4) << "the choice stays at a heading";
   session.Means().ChooseMeasures({});
   EXPECT_FALSE(table->index(0, 0).data().isValid()) << "asked for before the refresh";
   press(Qt::Key_Escape);

@@ -115,10 +115,10 @@ TEST(MeansExaminer, TheFurtherMeasuresAreReadWhenTheFirstIsChosen) {
 
   means.ChooseMeasures({0, 1});
   means.SetBars(PlotBars::Within);
-  EXPECT_TRUE(means.Picture().Note.ends_with("of the subjects with a value on all tests.")) << means.Picture().Note;
+  EXPECT_TRUE(means.Picture().Note.ends_with("a value on all tests, drawn about the means shown.")) << means.Picture().Note;
   EXPECT_NE(means.EffectLines().find("Net(Test 2) - Net(Test 1): difference = 0.00"), std::string::npos);
   means.SetMore(true);
-  EXPECT_EQ(means.Headings().size(), 13U);
+  EXPECT_EQ(means.Headings().size(), 14U);
   EXPECT_TRUE(desk.Table().starts_with("N1 3 2.00 1.73 1.00 3.00 0.00 3.00 ")) << desk.Table();
 
   desk.Files.Put("C:\\Data\\AB Combined Master.txt", kHeader + "Group 1 (1+2), 1, 1, 1, 0, 0\r\n");

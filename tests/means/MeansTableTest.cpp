@@ -165,13 +165,13 @@ TEST(MeansTable, WhatItHasOnDemand) {
   ASSERT_TRUE(table);
   const MoreStatistics all{true, true, true, true, true, true};
   const std::string text = CsvText(LinesOf(ComputeMeans(*table, {{0, 1}, {0, 1}, false, all}, nullptr)));
-  for (const char* line :
-       {"Measure,Sex,Room,n,Mean,SD,SE,Median,Min,Max,95% CI Low,95% CI High,95% Within CI Low,95% Within CI High,Not "
-        "Computed\r\nNet(Test 1),1,1,1,1,,,1,1,1,,,,,0\r\n",
-        "\r\nNet(Test 1),(all),2,1,2,,,2,2,2,,,,,0\r\nNet(Test "
-        "1),(all),(all),4,3,2.16024689946929,1.08012344973464,2.5,1,6,"
-        "-0.43743488185831",
-        ",1.54741864212262,4.45258135787738,0\r\n"}) {
+  for (const char* line : {"Measure,Sex,Room,n,Mean,SD,SE,Median,Min,Max,95% CI Low,95% CI High,n Within,95% Within CI "
+                           "Low,95% Within CI High,Not "
+                           "Computed\r\nNet(Test 1),1,1,1,1,,,1,1,1,,,1,,,0\r\n",
+                           "\r\nNet(Test 1),(all),2,1,2,,,2,2,2,,,1,,,0\r\nNet(Test "
+                           "1),(all),(all),4,3,2.16024689946929,1.08012344973464,2.5,1,6,"
+                           "-0.43743488185831",
+                           ",4,1.54741864212262,4.45258135787738,0\r\n"}) {
     EXPECT_NE(text.find(line), std::string::npos) << line << "\n" << text;
   }
   const auto effects = [&](std::vector<std::size_t> measures, std::vector<std::size_t> variables) {

@@ -24,6 +24,19 @@
 
 namespace zova {
 
+namespace {
+
+// Its headings can have the cursor, but they are no choice: the one that is there stays.
+class MeasureList final : public QListWidget {
+ protected:
+  QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index, const QEvent* event) const override {
+    const bool isHeading = index.isValid() && (index.flags() & Qt::ItemIsSelectable) == 0;
+    return isHeading ? QItemSelectionModel::NoUpdate : QListWidget::selectionCommand(index, event);
+  }
+};
+
+}  // namespace
+
 MeansPanel::MeansPanel(Session& session)
     : Panel("fraMeans"),
       m_session(session),
@@ -32,7 +45,7 @@ MeansPanel::MeansPanel(Session& session)
       m_lblMeansNote(MakeLabel("lblMeansNote", {})),
       m_lblMeansStatus(MakeLabel("lblMeansStatus", {})),
       m_txtFilter(Named(new QLineEdit, "txtFilter")),
-      m_lstMeasures(Named(new QListWidget, "lstMeasures")),
+      m_lstMeasures(Named(new MeasureList, "lstMeasures")),
       m_lstMeansVariables(Named(new QListWidget, "lstMeansVariables")),
       m_chkMeansLeaveOut(Named(new QCheckBox("&Leave out values that could not be computed"), "chkMeansLeaveOut")),
       m_chkMeansMore(Named(new QCheckBox("More Stat&istics"), "chkMeansMore")),

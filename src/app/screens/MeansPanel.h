@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <vector>
 
 #include "app/widgets/Panel.h"
@@ -44,7 +45,8 @@ class MeansPanel : public Panel {
   [[nodiscard]] std::vector<std::size_t> ChosenMeasures() const;
   [[nodiscard]] std::vector<std::size_t> ChosenVariables() const;
   /// Folds or unfolds the group; false for a line that is no heading.
-  bool Fold(const QListWidgetItem* line);
+  /// False for a line that is no heading. Without `isFolded` the group changes its state.
+  bool Fold(const QListWidgetItem* line, std::optional<bool> isFolded = std::nullopt);
   void ShowChosen();
   void ShowFiltered();
   void HideFiltered();

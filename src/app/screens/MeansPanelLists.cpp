@@ -38,7 +38,9 @@ void GoToEnd(QListWidget& list, Qt::Key key, QItemSelectionModel::SelectionFlags
   const int count = list.count();
   for (int step = 0; step < count; ++step) {
     const int row = key == Qt::Key_Home ? step : count - 1 - step;
-    if (!list.item(row)->isHidden()) return list.setCurrentRow(row, choice);
+    if (list.item(row)->isHidden()) continue;
+    const bool isMeasure = (list.item(row)->flags() & Qt::ItemIsSelectable) != 0;  // at a heading the choice stays
+    return list.setCurrentRow(row, isMeasure ? choice : QItemSelectionModel::NoUpdate);
   }
 }
 
@@ -99,12 +101,16 @@ std::vector<std::size_t> MeansPanel::ChosenMeasures() const {
 
 std::vector<std::size_t> MeansPanel::ChosenVariables() const { return ChosenRows(*m_lstMeansVariables); }
 
-bool MeansPanel::Fold(const QListWidgetItem* line) {
+bool MeansPanel::Fold(const QListWidgetItem* line, std::optional<bool> isFolded) {
   const auto heading =
       std::find_if(m_headings.begin(), m_headings.end(), [line](const Heading& known) { return known.Line == line; });
   if (heading == m_headings.end()) return false;
-  heading->IsFolded = !heading->IsFolded;
+  heading->IsFolded = isFolded.value_or(!heading->IsFolded);
   HideFiltered();
+  if (heading->IsFolded) return true;
+  const MeasureGroup& group = m_rules.FurtherGroups()[static_cast<std::size_t>(heading - m_headings.begin())];
+  m_lstMeasures->scrollToItem(m_lstMeasures->item(RowOf(group.First + group.Count - 1)));
+  m_lstMeasures->scrollToItem(heading->Line);
   return true;
 }
 
@@ -140,10 +146,10 @@ bool MeansPanel::eventFilter(QObject* watched, QEvent* event) {
   }
   if (event->type() != QEvent::KeyPress) return Panel::eventFilter(watched, event);
   const auto* press = static_cast<QKeyEvent*>(event);
-  constexpr int kFoldingKeys[] = {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter, Qt::Key_Left, Qt::Key_Right};
-  const bool folds =
-      std::find(std::begin(kFoldingKeys), std::end(kFoldingKeys), press->key()) != std::end(kFoldingKeys);
-  if (folds && Fold(m_lstMeasures->currentItem())) return true;
+  const bool isSideways = press->key() == Qt::Key_Left || press->key() == Qt::Key_Right;
+  const bool toggles = press->key() == Qt::Key_Space || press->key() == Qt::Key_Return || press->key() == Qt::Key_Enter;
+  const auto wanted = isSideways ? std::optional(press->key() == Qt::Key_Left) : std::nullopt;
+  if ((isSideways || toggles) && Fold(m_lstMeasures->currentItem(), wanted)) return true;
   const bool isEnd = press->key() == Qt::Key_Home || press->key() == Qt::Key_End;
   if (!isEnd || press->modifiers() != Qt::NoModifier) return false;
   GoToEnd(*m_lstMeasures, static_cast<Qt::Key>(press->key()), QItemSelectionModel::ClearAndSelect);
