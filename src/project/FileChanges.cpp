@@ -75,8 +75,8 @@ bool IsSameFile(const FileChange& left, const FileChange& right) {
 
 class ChangeMaker {
  public:
-  ChangeMaker(const FileChanges& changes, const ProjectParameters& project, Disk& disk)
-      : m_changes(changes), m_project(project), m_disk(disk) {}
+  ChangeMaker(const FileChanges& changes, const ProjectParameters& project, Disk& disk, bool isJustPlanned)
+      : m_changes(changes), m_project(project), m_disk(disk), m_isJustPlanned(isJustPlanned) {}
 
   // Gives the file the wanted content. False, without a change, when it has one that is not of these changes.
   bool Bring(const FileChange& change, const Content& wanted) {
@@ -108,8 +108,13 @@ class ChangeMaker {
     });
   }
 
-  // Once for each file, since looking up one that is missing lists its directory, which may hold thousands of subjects.
-  ResolvedPath Find(const FileChange& change) { return m_disk.Resolve(PathOf(change, m_project), FileOperation::Read); }
+  // Looking up a file that is missing lists its directory, which may hold thousands of subjects. Changes that were just
+  // planned make a file only where there is none, however it is spelt.
+  ResolvedPath Find(const FileChange& change) {
+    const std::string path = PathOf(change, m_project);
+    if (!m_isJustPlanned || change.Before) return m_disk.Resolve(path, FileOperation::Read);
+    return Below(m_disk.Resolve(DirectoryOfPath(path), FileOperation::Read), LastPathComponent(path));
+  }
 
   Content Read(const ResolvedPath& file) {
     if (m_disk.Kind(file, FileOperation::Read) == EntryKind::Missing) return std::nullopt;
@@ -131,6 +136,7 @@ class ChangeMaker {
   const FileChanges& m_changes;
   const ProjectParameters& m_project;
   Disk& m_disk;
+  bool m_isJustPlanned;
 };
 
 void DeleteJournal(Disk& disk, const ProjectParameters& project) {
@@ -139,7 +145,7 @@ void DeleteJournal(Disk& disk, const ProjectParameters& project) {
 
 // Silent, since the fault that led here was reported.
 void Undo(const FileChanges& changes, std::size_t made, const ProjectParameters& project, const Platform& platform) {
-  ChangeMaker maker(changes, project, platform.Files);
+  ChangeMaker maker(changes, project, platform.Files, true);
   try {
     for (std::size_t i = made; i > 0; --i) maker.Bring(changes.Files[i - 1], changes.Files[i - 1].Before);
     DeleteJournal(platform.Files, project);
@@ -196,7 +202,7 @@ bool MakeChanges(const FileChanges& changes, const ProjectParameters& project, c
     Undo(changes, 0, project, platform);
     return false;
   }
-  ChangeMaker maker(changes, project, disk);
+  ChangeMaker maker(changes, project, disk, true);
   for (std::size_t made = 0; made < changes.Files.size(); ++made) {
     const FileChange& change = changes.Files[made];
     bool isKnown = true;
@@ -229,7 +235,7 @@ bool FinishInterruptedChanges(const ProjectParameters& project, const Platform& 
       throw FileError(FileOperation::Read, path, FileCause::EndOfData,
                       "It should hold an interrupted change of subjects.  Nothing is changed until it is deleted.");
     }
-    ChangeMaker maker(*changes, project, disk);
+    ChangeMaker maker(*changes, project, disk, false);
     const bool mayDelete = maker.CanMakeAll();
     for (const FileChange& change : changes->Files) {
       const bool isAllowed = change.After || mayDelete;

@@ -48,7 +48,8 @@ std::string FormatJournal(const FileChanges& changes);
 /// nullopt for a text that is no whole journal, or that names a file outside the two directories.
 std::optional<FileChanges> ParseJournal(std::string_view bytes);
 
-/// Makes the changes in their order, each with Retry. False when the user cancelled; then they are undone.
+/// Makes the changes, which were just planned, in their order, each with Retry. False when the user cancelled; then
+/// they are undone.
 bool MakeChanges(const FileChanges& changes, const ProjectParameters& project, const Platform& platform);
 
 /// Completes the changes of an interrupted program, if there are any. A file that has changed since is left as it is
