@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "tables/ImportPlan.h"
+#include "tables/import/ImportPlan.h"
 
 namespace zova {
 

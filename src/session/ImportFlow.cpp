@@ -8,8 +8,8 @@
 #include "master/groups/SavedOrders.h"
 #include "means/ResultFiles.h"
 #include "platform/desktop/FileErrorBoxes.h"
-#include "tables/ImportReport.h"
-#include "tables/ImportRun.h"
+#include "tables/import/ImportReport.h"
+#include "tables/import/ImportRun.h"
 #include "text/Counted.h"
 #include "words/CompanionCsv.h"
 

@@ -9,9 +9,9 @@
 
 #include "platform/desktop/Platform.h"
 #include "session/ImportChoices.h"
-#include "tables/ImportPlan.h"
-#include "tables/ImportReview.h"
-#include "tables/NewProjectFromTable.h"
+#include "tables/import/ImportPlan.h"
+#include "tables/import/ImportReview.h"
+#include "tables/proposal/NewProjectFromTable.h"
 
 namespace zova {
 

@@ -161,8 +161,7 @@ TEST_F(Command, ImportsATable) {
   EXPECT_THAT(ReadFile(Files.Root() / "report"), ::testing::HasSubstr("\r\nsame,2,,,,,\r\n"));
   const std::string refused = ReadFile(Files.Root() / "refused");
   EXPECT_THAT(refused, ::testing::HasSubstr("\r\nrows,1,"));
-  EXPECT_TRUE(
-      refused.ends_with("test 1\r\nerror,1,,,,,\"There are no study rows, which --items position needs.\"\r\n"))
+  EXPECT_TRUE(refused.ends_with("test 1\r\nerror,1,,,,,\"There are no study rows, which --items position needs.\"\r\n"))
       << refused;
   Files.Put("C:\\Data\\.zova-AB.journal", "ZOVA changes\n");
   Expect("t.csv Ab.prm >../report", 1, {},

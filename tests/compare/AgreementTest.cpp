@@ -65,11 +65,9 @@ TEST(AgreementReport, CountsTheEntriesAsTyped) {
   study.Files.Put("D:\\Other\\AB Sub#b.dat", "");
   study.Files.Put("D:\\Other\\ab sub#ALONE.dat", "");
   AgreementReport with(study.Project);
-  const PassedOver passedOver =
-      ReadPairsWith("D:\\Other", study.Project, study.OfFiles, bar,
-                    [&](std::string_view id, const SubjectRecord& first, const SubjectRecord& second) {
-                      with.Add(id, first, second);
-                    });
+  const PassedOver passedOver = ReadPairsWith("D:\\Other", study.Project, study.OfFiles, bar,
+                                              [&](std::string_view id, const SubjectRecord& first,
+                                                  const SubjectRecord& second) { with.Add(id, first, second); });
   EXPECT_EQ(passedOver.Alone, (std::vector<std::string>{"AB Sub#b.dat", "AB Sub#s.dat"}));
   EXPECT_EQ(passedOver.Faults,
             std::vector<std::string>{"Reading 'D:\\Other\\ab sub#ALONE.dat'\nLine 1: input past end of file."});

@@ -9,7 +9,7 @@
 #include <string>
 
 #include "Require.h"
-#include "tables/ResponseMatcher.h"
+#include "tables/import/ResponseMatcher.h"
 #include "words/WordKey.h"
 
 using namespace zova;

@@ -11,8 +11,8 @@
 #include <string>
 
 #include "Require.h"
-#include "tables/ImportPlan.h"
-#include "tables/ImportReport.h"
+#include "tables/import/ImportPlan.h"
+#include "tables/import/ImportReport.h"
 #include "text/CsvReader.h"
 
 using namespace zova;

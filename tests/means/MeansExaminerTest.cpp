@@ -115,7 +115,8 @@ TEST(MeansExaminer, TheFurtherMeasuresAreReadWhenTheFirstIsChosen) {
 
   means.ChooseMeasures({0, 1});
   means.SetBars(PlotBars::Within);
-  EXPECT_TRUE(means.Picture().Note.ends_with("a value on all tests, drawn about the means shown.")) << means.Picture().Note;
+  EXPECT_TRUE(means.Picture().Note.ends_with("a value on all tests, drawn about the means shown."))
+      << means.Picture().Note;
   EXPECT_NE(means.EffectLines().find("Net(Test 2) - Net(Test 1): difference = 0.00"), std::string::npos);
   means.SetMore(true);
   EXPECT_EQ(means.Headings().size(), 14U);

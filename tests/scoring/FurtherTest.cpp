@@ -26,7 +26,8 @@ struct Subject {
     const StudyRanks ranks = RanksOf(positions, study);
     const std::vector<const StudyRanks*> orders(static_cast<std::size_t>(study.TestCount),
                                                 order.empty() ? nullptr : &ranks);
-    ScoreFurther({read, hasFile ? FurtherGap::None : FurtherGap::NoIntrusionsFile, intrusions, orders}, study, FurtherColumns::AllAndCurves, Scores, m_work);
+    ScoreFurther({read, hasFile ? FurtherGap::None : FurtherGap::NoIntrusionsFile, intrusions, orders}, study,
+                 FurtherColumns::AllAndCurves, Scores, m_work);
   }
   // The value of a column, or the reason why it has none.
   std::string operator[](const std::string& column) const {

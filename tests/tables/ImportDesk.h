@@ -11,9 +11,9 @@
 #include "subjects/SubjectFile.h"
 #include "support/FakePlatform.h"
 #include "support/Study.h"
-#include "tables/ImportPlan.h"
-#include "tables/ImportReport.h"
-#include "tables/ImportRun.h"
+#include "tables/import/ImportPlan.h"
+#include "tables/import/ImportReport.h"
+#include "tables/import/ImportRun.h"
 
 namespace zova::testing {
 

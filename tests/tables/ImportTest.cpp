@@ -6,7 +6,7 @@
 #include "project/ProjectFile.h"
 #include "scoring/ScoreSubject.h"
 #include "tables/ImportDesk.h"
-#include "tables/NewProjectFromTable.h"
+#include "tables/proposal/NewProjectFromTable.h"
 
 namespace zova::testing {
 namespace {

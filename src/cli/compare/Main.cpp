@@ -49,8 +49,8 @@ class CompareCommand {
     });
     if (!isRead) return kStopped;
     for (const std::string& name : passedOver.Alone) {
-      std::cerr << "zova-compare: " << (m_with.empty() ? "there is no first entry of" : "only one directory has") << " '"
-                << Printable(name) << "'\n";
+      std::cerr << "zova-compare: " << (m_with.empty() ? "there is no first entry of" : "only one directory has")
+                << " '" << Printable(name) << "'\n";
     }
     std::string faults;
     for (const std::string& fault : passedOver.Faults) faults += (faults.empty() ? "" : "\n") + fault;

@@ -19,11 +19,11 @@
 #include "project/ProjectOpening.h"
 #include "project/ProtectedFiles.h"
 #include "session/Version.h"
-#include "tables/ImportPlan.h"
-#include "tables/ImportReport.h"
-#include "tables/ImportRun.h"
-#include "tables/ImportTotals.h"
-#include "tables/NewProjectFromTable.h"
+#include "tables/import/ImportPlan.h"
+#include "tables/import/ImportReport.h"
+#include "tables/import/ImportRun.h"
+#include "tables/import/ImportTotals.h"
+#include "tables/proposal/NewProjectFromTable.h"
 #include "text/Counted.h"
 
 namespace zova {

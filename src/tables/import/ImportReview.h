@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "grid/UndoStack.h"
-#include "tables/ImportPlan.h"
+#include "tables/import/ImportPlan.h"
 #include "words/Responses.h"
 #include "words/WordList.h"
 

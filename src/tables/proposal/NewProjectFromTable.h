@@ -7,7 +7,7 @@
 #include "platform/desktop/MessageBoxes.h"
 #include "platform/files/Disk.h"
 #include "project/ProjectParameters.h"
-#include "tables/ImportPlan.h"
+#include "tables/import/ImportPlan.h"
 #include "words/WordList.h"
 
 namespace zova {

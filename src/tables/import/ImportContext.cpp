@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "tables/ImportContext.h"
+#include "tables/import/ImportContext.h"
 
 #include <utility>
 

@@ -5,7 +5,7 @@
 // are numbered by category, then in the order of their first rows.
 #pragma once
 
-#include "tables/ProposalSurvey.h"
+#include "tables/proposal/ProposalSurvey.h"
 
 namespace zova {
 

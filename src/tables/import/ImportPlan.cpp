@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "tables/ImportPlan.h"
+#include "tables/import/ImportPlan.h"
 
 #include <algorithm>
 #include <utility>
 
 #include "project/ProjectLayout.h"
 #include "subjects/SubjectFile.h"
-#include "tables/ImportQuestions.h"
-#include "tables/ImportSubjects.h"
-#include "tables/ImportTotals.h"
-#include "tables/SubjectBuilder.h"
+#include "tables/import/ImportQuestions.h"
+#include "tables/import/ImportSubjects.h"
+#include "tables/import/ImportTotals.h"
+#include "tables/import/SubjectBuilder.h"
 #include "text/Encoding.h"
 #include "words/SubjectRows.h"
 #include "words/WordKey.h"

@@ -9,9 +9,9 @@
 #include <algorithm>
 
 #include "project/StudyItems.h"
-#include "tables/ListBuilder.h"
-#include "tables/ListSink.h"
 #include "tables/TableValues.h"
+#include "tables/import/ListBuilder.h"
+#include "tables/import/ListSink.h"
 #include "words/WordKey.h"
 
 namespace zova {

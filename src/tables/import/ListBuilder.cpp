@@ -3,13 +3,13 @@
 // The list of a test: its study rows, then its recalls in their order, without gaps. Intrusions stand beside the list,
 // with the number of entries before them. What a response is stands in ListResponses.cpp.
 
-#include "tables/ListBuilder.h"
+#include "tables/import/ListBuilder.h"
 
 #include <algorithm>
 
 #include "project/StudyItems.h"
-#include "tables/ListSink.h"
 #include "tables/TableValues.h"
+#include "tables/import/ListSink.h"
 #include "words/WordKey.h"
 
 namespace zova {

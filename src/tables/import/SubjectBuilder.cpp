@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "tables/SubjectBuilder.h"
+#include "tables/import/SubjectBuilder.h"
 
 #include <algorithm>
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "tables/ListBuilder.h"
+#include "tables/import/ListBuilder.h"
 
 namespace zova {
 

@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "tables/NewProjectFromTable.h"
 #include "tables/TableSurvey.h"
+#include "tables/proposal/NewProjectFromTable.h"
 
 namespace zova {
 

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "tables/ResponseMatcher.h"
+#include "tables/import/ResponseMatcher.h"
 #include "words/Responses.h"
 
 namespace zova {

@@ -10,10 +10,10 @@
 #include <vector>
 
 #include "subjects/RecallLists.h"
-#include "tables/ImportCases.h"
-#include "tables/ImportContext.h"
 #include "tables/ImportOptions.h"
 #include "tables/TableReader.h"
+#include "tables/import/ImportCases.h"
+#include "tables/import/ImportContext.h"
 #include "words/Intrusions.h"
 #include "words/StudyOrders.h"
 

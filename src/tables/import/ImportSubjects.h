@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "tables/ImportPlan.h"
+#include "tables/import/ImportPlan.h"
 
 namespace zova {
 

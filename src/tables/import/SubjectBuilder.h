@@ -8,12 +8,12 @@
 #include <vector>
 
 #include "subjects/SubjectRecord.h"
-#include "tables/ImportCases.h"
-#include "tables/ImportContext.h"
 #include "tables/ImportOptions.h"
-#include "tables/ListBuilder.h"
 #include "tables/TableReader.h"
 #include "tables/TableSurvey.h"
+#include "tables/import/ImportCases.h"
+#include "tables/import/ImportContext.h"
+#include "tables/import/ListBuilder.h"
 
 namespace zova {
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "tables/NewProjectFromTable.h"
+#include "tables/proposal/NewProjectFromTable.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -10,9 +10,9 @@
 #include "project/DirectoryRules.h"
 #include "project/ProjectFile.h"
 #include "project/ProjectLayout.h"
-#include "tables/ImportQuestions.h"
-#include "tables/ProposalItems.h"
-#include "tables/SubjectBuilder.h"
+#include "tables/import/ImportQuestions.h"
+#include "tables/import/SubjectBuilder.h"
+#include "tables/proposal/ProposalItems.h"
 #include "text/Counted.h"
 #include "text/TypedText.h"
 #include "words/CompanionCsv.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "tables/ResponseMatcher.h"
+#include "tables/import/ResponseMatcher.h"
 
 #include <algorithm>
 

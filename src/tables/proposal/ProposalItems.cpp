@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "tables/ProposalItems.h"
+#include "tables/proposal/ProposalItems.h"
 
 #include <algorithm>
 #include <map>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "tables/ImportReport.h"
+#include "tables/import/ImportReport.h"
 
 #include <algorithm>
 

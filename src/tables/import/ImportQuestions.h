@@ -5,7 +5,7 @@
 #include <cstddef>
 
 #include "project/ProjectLimits.h"
-#include "tables/ImportPlan.h"
+#include "tables/import/ImportPlan.h"
 
 namespace zova {
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "tables/ImportCases.h"
+#include "tables/import/ImportCases.h"
 
 #include <utility>
 

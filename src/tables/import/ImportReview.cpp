@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "tables/ImportReview.h"
+#include "tables/import/ImportReview.h"
 
 #include <algorithm>
 #include <utility>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "tables/ProposalSurvey.h"
+#include "tables/proposal/ProposalSurvey.h"
 
 #include <algorithm>
 #include <map>

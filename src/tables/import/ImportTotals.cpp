@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "tables/ImportTotals.h"
+#include "tables/import/ImportTotals.h"
 
 #include <algorithm>
 
-#include "tables/SubjectBuilder.h"
+#include "tables/import/SubjectBuilder.h"
 #include "text/Counted.h"
 
 namespace zova {

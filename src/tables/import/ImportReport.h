@@ -4,7 +4,7 @@
 #include <string>
 
 #include "platform/files/FileError.h"
-#include "tables/ImportPlan.h"
+#include "tables/import/ImportPlan.h"
 
 namespace zova {
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "tables/ImportSubjects.h"
+#include "tables/import/ImportSubjects.h"
 
 #include <algorithm>
 #include <functional>
@@ -8,9 +8,9 @@
 
 #include "project/ProjectLayout.h"
 #include "subjects/SubjectFiles.h"
-#include "tables/SubjectBuilder.h"
 #include "tables/TableReader.h"
 #include "tables/TableValues.h"
+#include "tables/import/SubjectBuilder.h"
 #include "text/Encoding.h"
 
 namespace zova {

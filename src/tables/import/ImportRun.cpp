@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "tables/ImportRun.h"
+#include "tables/import/ImportRun.h"
 
 #include <set>
 #include <utility>
@@ -9,8 +9,8 @@
 #include "project/DirectoryRules.h"
 #include "project/ProjectLayout.h"
 #include "subjects/SubjectStore.h"
-#include "tables/SubjectBuilder.h"
 #include "tables/TableReader.h"
+#include "tables/import/SubjectBuilder.h"
 #include "words/CompanionCsv.h"
 #include "words/SubjectRows.h"
 

@@ -4,7 +4,7 @@
 #include <cstddef>
 
 #include "platform/desktop/Platform.h"
-#include "tables/ImportPlan.h"
+#include "tables/import/ImportPlan.h"
 
 namespace zova {
 

@@ -12,10 +12,10 @@
 #include <vector>
 
 #include "platform/files/Disk.h"
-#include "tables/ImportCases.h"
-#include "tables/ImportContext.h"
 #include "tables/ImportOptions.h"
 #include "tables/TableSurvey.h"
+#include "tables/import/ImportCases.h"
+#include "tables/import/ImportContext.h"
 
 namespace zova {
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "tables/ImportQuestions.h"
+#include "tables/import/ImportQuestions.h"
 
 #include <algorithm>
 
-#include "tables/SubjectBuilder.h"
 #include "tables/TableValues.h"
+#include "tables/import/SubjectBuilder.h"
 #include "text/Counted.h"
 
 namespace zova {
