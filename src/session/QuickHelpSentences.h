@@ -20,5 +20,8 @@ constexpr bool IsBefore(const Sentence& left, const Sentence& right) { return le
 std::span<const Sentence> SentencesOf(QuickHelpForm form) noexcept;
 /// Those of the screens of the menu Data, which have one form.
 std::span<const Sentence> DataScreenSentences() noexcept;
+/// Those of the project's pages where they are only read, and of the screen for a new backup.
+std::span<const Sentence> ViewedProjectSentences() noexcept;
+std::span<const Sentence> NewBackupSentences() noexcept;
 
 }  // namespace zova

@@ -38,12 +38,6 @@ void KeepPermissions(FileLayer& layer, const fs::path& from, const fs::path& to)
   }
 }
 
-// Reading one would wait for its other end.
-void RefusePipe(const ResolvedPath& path, const std::error_code& code) {
-  if (code != std::errc::not_supported) return;
-  throw FileError(FileOperation::Read, path.Shown, code, "This is a pipe or a device, not a file.");
-}
-
 }  // namespace
 
 // Runs a call to the layer and turns its errors into file errors that name the path as the caller spelt it.

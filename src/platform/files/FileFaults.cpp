@@ -24,6 +24,11 @@ void ThrowFileError(FileLayer& layer, FileOperation operation, const ResolvedPat
   throw FileError(operation, path.Shown, code);
 }
 
+void RefusePipe(const ResolvedPath& path, const std::error_code& code) {
+  if (code != std::errc::not_supported) return;
+  throw FileError(FileOperation::Read, path.Shown, code, "This is a pipe or a device, not a file.");
+}
+
 void RequireWritable(FileLayer& layer, FileOperation operation, const ResolvedPath& target, Devices devices) {
   const EntryKind kind = layer.Kind(target.Native);
   if (kind == EntryKind::Directory) throw std::system_error(std::make_error_code(std::errc::is_a_directory));

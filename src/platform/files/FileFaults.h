@@ -15,6 +15,10 @@ namespace zova {
 [[noreturn]] void ThrowFileError(FileLayer& layer, FileOperation operation, const ResolvedPath& path,
                                  const std::error_code& code);
 
+/// Throws a FileError if reading failed with `code` since this is a pipe, whose other end it would wait for, or a
+/// device.
+void RefusePipe(const ResolvedPath& path, const std::error_code& code);
+
 enum class Devices { Allow, Refuse };
 
 /// To be called before a file is opened for writing: opening a pipe would wait for its reader, and a disk's device node
