@@ -20,7 +20,8 @@ struct AlignedLine {
 
 /// Aligns the lists of a test. The lines with the same item in both are as many as possible, where two neighbouring
 /// items that are exchanged count as one. Among these alignments it has the fewest differences: gaps, other items,
-/// other minutes and ratings. Of equal ones it has the earliest lines together.
+/// other minutes and ratings, where those of two different items count as half of one. Of equal ones it has the
+/// earliest lines together.
 std::vector<AlignedLine> AlignTest(const RecallLists& first, const RecallLists& second, int test);
 
 }  // namespace zova

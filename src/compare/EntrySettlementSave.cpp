@@ -81,17 +81,19 @@ bool EntrySettlement::PassesTheChecks(const SubjectRecord& result) {
     GoTo(SpotOf(warning.Test, warning.Position).Line);
     return false;
   }
+  std::optional<std::size_t> duplicate;
   if (!checked.Fault) {
     checked.Fault = RemoveFirstDuplicate(lists);
     if (checked.Fault) {
       const Spot spot = SpotOf(checked.Fault->Test, checked.Fault->Position);
+      duplicate = spot.Line;
       Keep({spot.Line});
       auto& recalls = m_lines[spot.Line].Result;
       recalls.erase(recalls.begin() + static_cast<std::ptrdiff_t>(spot.Index));
     }
   }
   if (checked.Fault) {
-    GoTo(SpotOf(checked.Fault->Test, checked.Fault->Position).Line);
+    GoTo(duplicate ? *duplicate : SpotOf(checked.Fault->Test, checked.Fault->Position).Line);
     m_platform.Pointer.Beep();
     Warn(m_platform.Boxes, checked.Fault->Message);
     return false;
@@ -139,7 +141,8 @@ bool EntrySettlement::Settle() {
   });
   if (!isPlanned) return false;
   if (!isUnchanged) {
-    Warn(m_platform.Boxes, "The data have changed on the disk since they were read.  Please try again.");
+    Warn(m_platform.Boxes,
+         "The data have changed on the disk since they were read.  Close this screen and open it again.");
     return false;
   }
   if (!MakeChanges(changes, *m_project, m_platform)) return false;

@@ -92,8 +92,10 @@ class ChangeMaker {
     return true;
   }
 
+  bool IsMade(const FileChange& change) { return Read(Find(change)) == change.After; }
+
   // False when a file that is to be made is there already, with a content that is not of these changes. What would be
-  // deleted in exchange may then be the only copy.
+  // replaced or deleted in exchange may then be the only copy.
   bool CanMakeAll() {
     return std::all_of(m_changes.Files.begin(), m_changes.Files.end(), [&](const FileChange& change) {
       return change.Before || !change.After || IsKnown(change, Read(Find(change)));
@@ -224,6 +226,7 @@ bool FinishInterruptedChanges(const ProjectParameters& project, const Platform& 
   Disk& disk = platform.Files;
   std::optional<FileChanges> changes;
   std::string changed;
+  bool wasMade = true;
   const bool isDone = WithRetry(platform.Boxes, [&] {
     changed.clear();
     const std::string path = JournalPath(project);
@@ -232,16 +235,23 @@ bool FinishInterruptedChanges(const ProjectParameters& project, const Platform& 
     disk.Read(path, bytes);
     changes = ParseJournal(bytes);
     if (!changes) {
-      throw FileError(FileOperation::Read, path, FileCause::EndOfData,
-                      "It should hold an interrupted change of subjects.  Nothing is changed until it is deleted.");
+      throw FileError(
+          FileOperation::Read, path, FileCause::EndOfData,
+          "It should hold an interrupted change of subjects.  The project is not opened until it is deleted.");
     }
     ChangeMaker maker(*changes, project, disk, false);
-    const bool mayDelete = maker.CanMakeAll();
+    const bool mayReplace = maker.CanMakeAll();
     for (const FileChange& change : changes->Files) {
-      const bool isAllowed = change.After || mayDelete;
+      if (maker.IsMade(change)) continue;
+      wasMade = false;
+      const bool isAllowed = mayReplace || (change.After && !change.Before);
       if (!isAllowed || !maker.Bring(change, change.After)) changed += "'" + PathOf(change, project) + "'\n";
     }
-    DeleteJournal(disk, project);
+    try {
+      DeleteJournal(disk, project);
+    } catch (const FileError&) {
+      if (!wasMade) throw;  // else it says nothing, and the project may lie where nothing can be deleted
+    }
   });
   if (isDone && !changed.empty()) {
     Warn(platform.Boxes,

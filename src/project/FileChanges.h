@@ -53,8 +53,8 @@ std::optional<FileChanges> ParseJournal(std::string_view bytes);
 bool MakeChanges(const FileChanges& changes, const ProjectParameters& project, const Platform& platform);
 
 /// Completes the changes of an interrupted program, if there are any. A file that has changed since is left as it is
-/// and named in a message; then no file is deleted in exchange for one that could not be made. False when that was
-/// given up: then nothing else may be changed.
+/// and named in a message; then no file is replaced or deleted in exchange for one that could not be made. False when
+/// that was given up: then nothing else may be changed.
 bool FinishInterruptedChanges(const ProjectParameters& project, const Platform& platform);
 
 }  // namespace zova

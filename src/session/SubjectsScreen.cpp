@@ -55,6 +55,7 @@ std::set<std::string, std::less<>> SubjectsScreen::SampledIds() {
     const auto sample = LoadCompanion(m_platform.Files, *m_project, CompanionFile::SecondSample, ParseSecondSample);
     for (const SampledSubject& subject : sample.value_or(std::vector<SampledSubject>())) ids.insert(subject.Subject);
   } catch (const FileError& fault) {
+    if (fault.Cause() != FileCause::EndOfData) throw;
     if (!std::exchange(m_sampleIsTold, true)) WarnPassedOver(m_platform.Boxes, fault);
   }
   return ids;

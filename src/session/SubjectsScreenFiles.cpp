@@ -67,7 +67,10 @@ void SubjectsScreen::SaveReport() {
   for (const std::string& name : passedOver.Alone) missing += "There is no first entry of '" + name + "'.\n";
   for (const std::string& fault : passedOver.Faults) missing += fault + "\n";
   if (!missing.empty()) Warn(m_platform.Boxes, kPassedOver, missing);
-  if (report->SubjectCount() == 0) return Warn(m_platform.Boxes, "No subject was entered a second time yet.");
+  if (report->SubjectCount() == 0) {
+    if (missing.empty()) Warn(m_platform.Boxes, "No subject was entered a second time yet.");
+    return;
+  }
   Save("Save Report", " Agreement.csv", [&] { return report->CsvText(); });
 }
 

@@ -220,12 +220,13 @@ SubjectIdentification::Outcome SubjectIdentification::Load(const std::string& pa
   SubjectRecord loaded;
   loaded.Which = m_record.Which;
   if (m_purpose != Purpose::OldData && !MayReplaceComplete(subjectId, loaded)) return StayInBox();
+  const bool replacesComplete = !loaded.KnownFiles.empty();
   const bool isRead =
       ReadFile(m_platform, endedEarly, [&] { LoadSubjectFile(m_platform.Files, path, *m_project, loaded); });
   if (!isRead) return StayInBox();
   m_record = std::move(loaded);
   m_record.SubjectId = subjectId;
-  m_record.IsCorrection = m_purpose == Purpose::OldData;
+  m_record.IsCorrection = m_purpose == Purpose::OldData || replacesComplete;  // perhaps a correction that was paused
   return Outcome::OpenEntry;
 }
 

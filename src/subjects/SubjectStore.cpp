@@ -90,23 +90,29 @@ bool SubjectStore::RemoveUnfinishedCopies(const SubjectRecord& record, MessageBo
   return WithRetry(boxes, [&] { RemoveIfEmpty(m_disk, primary); });
 }
 
-// The primary directory's first entry comes last, since it shows what is left to do.
-bool SubjectStore::RemoveSettlement(const SubjectRecord& record, MessageBoxes& boxes) {
-  const std::string fileName = SubjectFileName(m_project, record.SubjectId);
+// The primary directory comes last, since it shows what is left to do.
+bool SubjectStore::RemoveSettlement(const SubjectRecord& record, SubjectPlace place, MessageBoxes& boxes) {
   const auto list = [&] {
     const auto names = ListSubjectFiles(m_disk, m_project, PlaceDirectory(m_project.PrimaryDir, SubjectPlace::First));
     m_settled.emplace(names.begin(), names.end());
   };
   if (!m_settled && !WithRetry(boxes, list)) return false;
+  if (m_settled->empty()) return true;
+  std::string fileName;  // as it is spelt on the disk, where the save finds it, too
+  const auto findName = [&] {
+    SubjectRecord complete = record;
+    complete.UnfinishedNote.clear();
+    const std::string path = CopiesOf(complete, m_project).front().Path;
+    fileName = NameOf(m_disk.Resolve(path, FileOperation::Write));
+  };
+  if (!WithRetry(boxes, findName)) return false;
   if (!m_settled->contains(fileName)) return true;
   for (const std::string& destination : {m_project.BackupDir, m_project.PrimaryDir}) {
     if (IsNoDirectory(destination)) continue;
-    for (const SubjectPlace place : {SubjectPlace::Settled, SubjectPlace::First}) {
-      const std::string directory = PlaceDirectory(destination, place);
-      if (!WithRetry(boxes, [&] { DeleteExactly(m_disk, m_project, directory, fileName); })) return false;
-    }
+    const std::string directory = PlaceDirectory(destination, place);
+    if (!WithRetry(boxes, [&] { DeleteExactly(m_disk, m_project, directory, fileName); })) return false;
   }
-  m_settled->erase(fileName);
+  if (place == SubjectPlace::First) m_settled->erase(fileName);
   return true;
 }
 
@@ -127,11 +133,14 @@ bool SubjectStore::WriteCopies(SubjectRecord& record, MessageBoxes& boxes) {
 
 bool SubjectStore::Save(SubjectRecord& record, MessageBoxes& boxes) {
   m_hasEmptied = false;
+  const bool isComplete = record.UnfinishedNote.empty();
+  const bool isAnew = isComplete && record.Which == WhichEntry::First && !record.IsCorrection;
+  // Earlier: a subject that was settled must not seem so with other data. The entry as it was typed goes last.
+  if (isAnew && !RemoveSettlement(record, SubjectPlace::Settled, boxes)) return false;
   if (!WriteCopies(record, boxes)) return false;
   // Not earlier: until both complete copies exist, the unfinished ones are the only ones.
-  if (!record.UnfinishedNote.empty()) return true;
-  const bool isAnew = record.Which == WhichEntry::First && !record.IsCorrection;
-  return (!isAnew || RemoveSettlement(record, boxes)) && RemoveUnfinishedCopies(record, boxes);
+  if (!isComplete) return true;
+  return (!isAnew || RemoveSettlement(record, SubjectPlace::First, boxes)) && RemoveUnfinishedCopies(record, boxes);
 }
 
 }  // namespace zova

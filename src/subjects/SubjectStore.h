@@ -47,7 +47,7 @@ class SubjectStore {
 
   bool WriteCopies(SubjectRecord& record, MessageBoxes& boxes);
   bool RemoveUnfinishedCopies(const SubjectRecord& record, MessageBoxes& boxes);
-  bool RemoveSettlement(const SubjectRecord& record, MessageBoxes& boxes);
+  bool RemoveSettlement(const SubjectRecord& record, SubjectPlace place, MessageBoxes& boxes);
   void Write(const SubjectCopy& copy, const std::string& content);
   OpenDirectory& Open(const SubjectCopy& copy);
 

@@ -142,7 +142,7 @@ TEST_F(Command, ImportsATable) {
       "A master or a data file of a project is never replaced.  Please select another name.\nC:\\Ab.prm\n";
   const char* keptTable =
       "A master or a data file of a project is never replaced.  Please select another name.\nC:\\T.csv\n";
-  const char* stopped = "Something is undecided or wrong: see the report.  Nothing was written.\n";
+  const char* stopped = "Something is undecided or wrong: see the report.  Nothing was imported.\n";
   for (const auto& [arguments, code, errors] :
        {std::tuple("--dry-run t.csv Ab.prm >../report", 0, ""),
         {"--where list=1 t.csv Ab.prm >../report", 1, stopped},
@@ -166,7 +166,7 @@ TEST_F(Command, ImportsATable) {
   Files.Put("C:\\Data\\.zova-AB.journal", "ZOVA changes\n");
   Expect("t.csv Ab.prm >../report", 1, {},
          "This is not a valid file format.  Please select a different file.\nReading 'C:\\Data\\.zova-AB.journal'\n"
-         "It should hold an interrupted change of subjects.  Nothing is changed until it is deleted.\n");
+         "It should hold an interrupted change of subjects.  The project is not opened until it is deleted.\n");
   EXPECT_TRUE(Files.Get("C:\\Data\\Sdata\\AB Sub#9.dat").ends_with("1,2,0,0\r\n2,0,0,0\r\n1,1,0,0\r\n2,0,0,0\r\n"));
 }
 

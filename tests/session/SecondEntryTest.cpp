@@ -174,6 +174,20 @@ TEST_F(SecondEntryTest, ASettlementHoldsForItsEntriesAlone) {
   Boxes.Expect({"Completed subject saved."});
   session.Subjects().DoneWithAllTests();
   EXPECT_EQ(session.SubjectList().Table().Text(0, 5), "settled");
+  session.OpenChosenSubject();  // one that is paused
+  Type(session, "4");
+  Boxes.Expect({"Incomplete subject saved."});
+  session.SaveIncompleteSubject();
+  Boxes.Expect({"This is unfinished subject #1 for 'Example'.  NOTE: You cannot have more than 10."});
+  session.Subjects().CancelEntry();
+  Boxes.Expect(
+      {"Subject ID 'a' already exists!  When this subject is saved it will delete the old data.  Are you "
+       "sure you want to do this?",
+       BoxAnswer::Yes});
+  session.OpenChosenSubject();
+  Boxes.Expect({"Completed subject saved."});
+  session.Subjects().DoneWithAllTests();
+  EXPECT_EQ(session.SubjectList().Table().Text(0, 5), "settled");
   session.CloseSubjects();
 
   const auto enter = [&](const char* item, const char* level) {

@@ -243,7 +243,8 @@ TEST(FileChanges, AnOldJournalOverwritesNothing) {
                            {{false, "new", std::nullopt, "n"},
                             {false, "b", "old", std::nullopt},
                             {true, "new", std::nullopt, "n"},
-                            {true, "b", "old", std::nullopt}}};
+                            {true, "b", "old", std::nullopt},
+                            {false, "Sdata/a", "new", "of n"}}};
   EXPECT_EQ(ParseJournal(FormatJournal(changes)), changes);
   FakePlatform fakes;
   // Another file has the new name meanwhile: the old one is the only copy.
@@ -252,7 +253,7 @@ TEST(FileChanges, AnOldJournalOverwritesNothing) {
   scratch.Put("C:\\Data\\.zova-AB.journal", FormatJournal(rename));
   fakes.Boxes.Expect(
       {.Text = "A rename was interrupted.  It has been completed, but for files that have changed since.",
-       .Details = "'C:\\Data\\new'\n'C:\\Data\\b'\n'D:\\B\\b'\n"});
+       .Details = "'C:\\Data\\new'\n'C:\\Data\\b'\n'D:\\B\\b'\n'C:\\Data\\Sdata\\a'\n"});
   EXPECT_TRUE(FinishInterruptedChanges(Project(), fakes.With(scratch.Files)));
   EXPECT_EQ(FilesOf(scratch), (Tree{{"C/Data/Sdata/a", "new"},
                                     {"C/Data/b", "old"},

@@ -82,6 +82,7 @@ class SubjectsView final : public QTableView {
     const bool goesOn = m_sinceKey.isValid() && m_sinceKey.elapsed() <= QApplication::keyboardInputInterval();
     m_typed = goesOn ? m_typed + text : text;
     m_sinceKey.start();
+    if (m_typed.isEmpty()) return;  // Ctrl and a key
     const auto line = m_rules.Table().LineOfId(FromQt(m_typed));
     if (!line) return;
     const QModelIndex found = model()->index(static_cast<int>(*line), std::max(0, currentIndex().column()));

@@ -56,7 +56,7 @@ class CompareCommand {
     for (const std::string& fault : passedOver.Faults) faults += (faults.empty() ? "" : "\n") + fault;
     if (!faults.empty()) Warn(m_terminal, kPassedOver, faults);
     if (report->SubjectCount() == 0) {
-      std::cerr << "zova-compare: no subject was entered twice\n";
+      if (passedOver.Alone.empty() && faults.empty()) std::cerr << "zova-compare: no subject was entered twice\n";
       return kStopped;
     }
     SetStandardOutputBinary();

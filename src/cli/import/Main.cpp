@@ -32,7 +32,7 @@ namespace {
 constexpr int kDone = 0;
 constexpr int kStopped = 1;
 constexpr int kWrongUsage = 2;
-constexpr const char* kStoppedText = "Something is undecided or wrong: see the report.  Nothing was written.\n";
+constexpr const char* kStoppedText = "Something is undecided or wrong: see the report.  Nothing was imported.\n";
 
 class ImportCommand {
  public:
@@ -70,8 +70,11 @@ class ImportCommand {
       Warn(m_terminal, reason);
       return false;
     }
-    // A dry run writes nothing.
-    if (!m_arguments.IsDryRun && !FinishInterruptedChanges(project, m_platform)) return false;
+    if (!m_arguments.IsDryRun) {
+      if (!FinishInterruptedChanges(project, m_platform)) return false;
+    } else if (m_disk.FileExists(JournalPath(project))) {  // a dry run writes nothing
+      std::cerr << "zova-import: a change of subjects was interrupted; the import completes it first\n";
+    }
     m_context = ReadImportContext(m_disk, project);
     m_context.SavedOrder = ReadSavedSerialOrder(m_disk, project);
     return true;
