@@ -11,7 +11,9 @@
 #include "means/OccurringLevels.h"
 #include "means/TestSeries.h"
 #include "text/Csv.h"
+#include "text/Encoding.h"
 #include "text/NumberText.h"
+#include "text/TypedText.h"
 
 namespace zova {
 
@@ -220,7 +222,8 @@ std::vector<OccurringLevels> LevelsOf(const MasterTable& table, const MeansReque
   for (const std::size_t variable : request.Variables) {
     variables.push_back(LevelsOf(table, variable, project));
     for (const LevelOrder& order : request.Orders) {
-      if (order.Variable == table.Variables[variable]) Arrange(order, variables.back());
+      if (EqualsIgnoringCase(WithoutOuterBlanks(order.Variable), WithoutOuterBlanks(table.Variables[variable])))
+        Arrange(order, variables.back());
     }
   }
   return variables;

@@ -33,6 +33,8 @@ std::set<int> TestsOf(const MasterTable& table, const MeansRequest& request, int
       AddTests(*known, tests);
     }
   }
+  // A master may be older than the project's last change of its tests.
+  std::erase_if(tests, [&](int test) { return test < 1 || test > testCount; });
   for (int test = 1; tests.empty() && test <= testCount; ++test) tests.insert(test);
   return tests;
 }

@@ -188,7 +188,7 @@ bool TableReader::Next() {
         continue;
       }
       const auto fields = m_reader.Fields();
-      if (fields.front().empty() && !HasText(fields)) continue;
+      if (!HasText(fields)) continue;
       m_fields.clear();
       for (const std::string_view field : fields) m_fields.push_back(WithoutOuterBlanks(field));
       const std::size_t count = m_setup.Format.Names.size();

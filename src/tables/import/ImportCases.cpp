@@ -21,7 +21,9 @@ std::string_view CaseName(CaseKind kind) noexcept {
 }
 
 void ImportFindings::Add(ImportCase found) {
-  if (Cases.size() < kMaxCases) {
+  const bool isError = found.Kind == CaseKind::Error;
+  HasErrors = HasErrors || isError;
+  if (Cases.size() < (isError ? 2 * kMaxCases : kMaxCases)) {
     Cases.push_back(std::move(found));
   } else {
     ++Uncounted;

@@ -65,7 +65,7 @@ struct OpenResponse {
 /// What the user has to know of a table's subjects.
 class ImportFindings {
  public:
-  /// Of more than kMaxCases the rest is counted only.
+  /// Of more than kMaxCases the rest is counted only; of errors, of which one is enough, as many again are kept.
   static constexpr std::size_t kMaxCases = 100000;
 
   void Add(ImportCase found);
@@ -73,6 +73,7 @@ class ImportFindings {
   OpenResponse& Note(std::string_view response, std::string_view scope, std::string_view subject, std::size_t row);
 
   std::vector<ImportCase> Cases;
+  bool HasErrors = false;
   std::size_t Uncounted = 0;  ///< cases beyond kMaxCases
   ImportCounts Counts;
   std::vector<OpenResponse> Responses;  ///< in the order of their first rows

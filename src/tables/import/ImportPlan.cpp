@@ -30,7 +30,7 @@ bool HasSameRows(const ImportContext& context, const BuiltSubject& subject) {
   const auto intrusions = RowsOf(context.Intrusions, subject.Record.SubjectId);
   const auto orders = RowsOf(context.StudyOrders, subject.Record.SubjectId);
   return std::equal(intrusions.begin(), intrusions.end(), subject.Intrusions.begin(), subject.Intrusions.end()) &&
-         (subject.StudyOrders.empty() ||
+         (!subject.HasOrder ||
           std::equal(orders.begin(), orders.end(), subject.StudyOrders.begin(), subject.StudyOrders.end()));
 }
 
@@ -116,6 +116,7 @@ void MakePlan(Disk& disk, ImportDraft& draft) {
   PlanSubjects(disk, draft, withoutLevel);
   AskQuestions(draft, withoutLevel);
   AddTotals(draft);
+  draft.Plan.IsComplete = true;
 }
 
 }  // namespace
@@ -127,11 +128,6 @@ void ReadTable(Disk& disk, ImportDraft& draft, const std::string& table) {
     draft.Survey = SurveyTable(disk, draft.Setup, draft.Context.Words);
   }
   draft.Matcher.reset();
-}
-
-bool ImportPlan::HasErrors() const noexcept {
-  return std::any_of(Findings.Cases.begin(), Findings.Cases.end(),
-                     [](const ImportCase& found) { return found.Kind == CaseKind::Error; });
 }
 
 ImportDraft DraftImport(Disk& disk, const std::string& table, const ImportOptions& options, ImportContext context) {

@@ -64,9 +64,10 @@ struct ImportPlan {
   [[nodiscard]] std::size_t CountOf(SubjectAction action) const noexcept {
     return ActionCounts[static_cast<std::size_t>(action)];
   }
-  [[nodiscard]] bool HasErrors() const noexcept;
+  bool IsComplete = false;  ///< the whole table was read
+  [[nodiscard]] bool HasErrors() const noexcept { return Findings.HasErrors; }
   /// Nothing is undecided and nothing wrong.
-  [[nodiscard]] bool MayBeWritten() const noexcept { return Questions.empty() && !HasErrors(); }
+  [[nodiscard]] bool MayBeWritten() const noexcept { return IsComplete && Questions.empty() && !HasErrors(); }
 };
 
 /// An import in preparation. Change `Options` and `Context.Decided`, then call RefreshImport.

@@ -6,6 +6,7 @@
 #include "tables/import/ListBuilder.h"
 
 #include <algorithm>
+#include <limits>
 
 #include "project/StudyItems.h"
 #include "tables/TableValues.h"
@@ -76,7 +77,8 @@ void ListBuilder::AddStudied(const TableEntry& entry, int place) {
     item = place;
     if (!m_own.Add(item, text)) Report(CaseKind::Error, entry, entry.Column, "'" + text + "' is studied twice");
   } else if (const std::string_view number = NumberOf(entry); m_survey.HasNumbers && !IsNothing(number)) {
-    item = WholeNumber(number).value_or(-1) + (m_options.FirstItem.value_or(1) == 0 ? 1 : 0);
+    const int shift = m_options.FirstItem.value_or(1) == 0 ? 1 : 0;
+    item = std::min(WholeNumber(number).value_or(-1), std::numeric_limits<int>::max() - 1) + shift;
     if (number == "0" && !m_options.FirstItem) return;  // asked about
     CheckWord(entry, item);
     if (m_context.Words.IsEmpty()) m_own.Add(item, text);
@@ -109,7 +111,8 @@ void ListBuilder::StudyList(std::vector<const TableEntry*>& study) {
 }
 
 // In the order of the items among those that are studied: a saved order may count the lures.
-bool ListBuilder::EqualsSavedOrder(const std::vector<std::int16_t>& positions) const {
+bool ListBuilder::IsSavedOrder(const StudyOrder& order) const {
+  const std::vector<std::int16_t>& positions = order.Positions;
   if (!m_context.SavedOrder || m_context.SavedOrder->size() != positions.size()) return false;
   std::vector<std::pair<std::int16_t, std::size_t>> saved;
   saved.reserve(positions.size());
@@ -133,7 +136,7 @@ void ListBuilder::NoteOrder(const std::string& subjectId, std::vector<StudyOrder
     if (at != 0 || !IsStudied(item, project)) return;
     at = ++position;
   }
-  if (!EqualsSavedOrder(order.Positions)) orders.push_back(std::move(order));
+  orders.push_back(std::move(order));
 }
 
 int ListBuilder::MinuteOfEntry(const TableEntry& entry) {

@@ -38,6 +38,8 @@ class ListBuilder {
   /// list was too long.
   bool Build(const SubjectRows& rows, int test, TestEntries& entries, const std::string& subjectId, RecallLists& lists,
              std::vector<Intrusion>& intrusions, std::vector<StudyOrder>& orders);
+  /// True for the order that the project has saved.
+  [[nodiscard]] bool IsSavedOrder(const StudyOrder& order) const;
 
  private:
   enum class Outcome { Nothing, Item, Intrusion, Skip };
@@ -51,7 +53,6 @@ class ListBuilder {
   void StudyList(std::vector<const TableEntry*>& study);
   void AddStudied(const TableEntry& entry, int place);
   void NoteOrder(const std::string& subjectId, std::vector<StudyOrder>& orders) const;
-  [[nodiscard]] bool EqualsSavedOrder(const std::vector<std::int16_t>& positions) const;
   [[nodiscard]] bool IsOnList(int item) const;
   const ListWords& OwnWords();
 

@@ -152,6 +152,8 @@ void SubjectBuilder::Build(const SubjectRows& rows, const std::string& subjectId
                                     subject.Intrusions, subject.StudyOrders);
     if (!fits && m_options.Long == TooLong::LeaveOut) subject.IsLeftOut = true;
   }
+  subject.HasOrder = !subject.StudyOrders.empty();
+  std::erase_if(subject.StudyOrders, [&](const StudyOrder& order) { return m_lists.IsSavedOrder(order); });
   Check(rows, subject);
 }
 

@@ -21,10 +21,11 @@ namespace zova {
 struct BuiltSubject {
   SubjectRecord Record;
   std::vector<Intrusion> Intrusions;
-  std::vector<StudyOrder> StudyOrders;
-  bool IsLeftOut = false;     ///< by --too-long or --missing-tests
-  bool HasNoLevel = false;    ///< a variable has no level that fits
-  bool IsIncomplete = false;  ///< the checks refuse it
+  std::vector<StudyOrder> StudyOrders;  ///< that are not the project's saved order
+  bool HasOrder = false;                ///< the table has an order of study, be it the saved one
+  bool IsLeftOut = false;               ///< by --too-long or --missing-tests
+  bool HasNoLevel = false;              ///< a variable has no level that fits
+  bool IsIncomplete = false;            ///< the checks refuse it
 };
 
 /// The test, from 1, of each label of the survey; 0 for those beyond the project's tests. By the labels themselves

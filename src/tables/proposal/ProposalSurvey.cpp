@@ -3,6 +3,7 @@
 #include "tables/proposal/ProposalSurvey.h"
 
 #include <algorithm>
+#include <limits>
 #include <map>
 #include <utility>
 
@@ -45,7 +46,7 @@ class ProposalSurveyor {
     if (m_survey.HasCategories && name != kNoColumn) m_category = name;
     m_isNumbered = m_table.HasNumbers && m_setup.Layout.Shape == TableShape::Long;
     m_survey.HasNumberedWords = m_isNumbered && columns.Has(ColumnRole::Item) && columns.Has(ColumnRole::Word);
-    m_survey.LargestNumber = m_table.LargestNumber + Shift();
+    m_survey.LargestNumber = std::min(m_table.LargestNumber, std::numeric_limits<int>::max() - 1) + Shift();
     for (std::size_t i = 0; i < m_table.Subjects.size(); ++i) m_subjects.emplace(m_table.Subjects[i].Text, i);
     for (int column = 0; column < static_cast<int>(m_setup.Format.Names.size()); ++column) {
       if (HasRole(m_setup, column)) continue;
@@ -54,7 +55,11 @@ class ProposalSurveyor {
   }
 
   void Add() {
-    const std::size_t subject = m_subjects.find(m_reader.Text(ColumnRole::Subject))->second;
+    const auto known = m_subjects.find(m_reader.Text(ColumnRole::Subject));
+    if (known == m_subjects.end()) {
+      throw TableError(m_setup.Path, m_reader.Line(), "The table has changed while it was read");
+    }
+    const std::size_t subject = known->second;
     for (Candidate& candidate : m_candidates) candidate.Add(m_reader.Text(candidate.Column), subject);
     const RowKind kind = KindOfRow(m_reader.Text(ColumnRole::TrialType));
     if (kind == RowKind::Other) return;
