@@ -65,7 +65,14 @@ void SubjectStore::Write(const SubjectCopy& copy, const std::string& content) {
   const std::string name(LastPathComponent(copy.Path));
   const bool isThere = directory.Names.contains(UpperCase(name));
   const ResolvedPath path = isThere ? m_disk.Resolve(copy.Path, FileOperation::Write) : Below(directory.Resolved, name);
-  m_disk.WriteOneOfMany({copy.Path, path.Native}, content);
+  m_disk.WriteOneOfMany({copy.Path, path.Native}, content, m_durability);
+}
+
+bool SubjectStore::FlushNames(MessageBoxes& boxes) {
+  if (m_durability != Disk::Durability::NameLater) return true;
+  return std::all_of(m_directories.begin(), m_directories.end(), [&](const OpenDirectory& directory) {
+    return WithRetry(boxes, [&] { m_disk.FlushDirectory(directory.Resolved); });
+  });
 }
 
 // Each step can be retried separately. The primary directory comes last, since it shows what is left to do.
@@ -79,6 +86,7 @@ bool SubjectStore::RemoveUnfinishedCopies(const SubjectRecord& record, MessageBo
   if (m_unfinished->empty()) return true;
   const auto listed = std::find(m_unfinished->begin(), m_unfinished->end(), fileName);
   const bool hasCopy = listed != m_unfinished->end();
+  if (hasCopy && !FlushNames(boxes)) return false;
   if (hasCopy && hasBackup && !WithRetry(boxes, [&] { DeleteExactly(m_disk, m_project, backup, fileName); })) {
     return false;
   }
@@ -107,6 +115,7 @@ bool SubjectStore::RemoveSettlement(const SubjectRecord& record, SubjectPlace pl
   };
   if (!WithRetry(boxes, findName)) return false;
   if (!m_settled->contains(fileName)) return true;
+  if (!FlushNames(boxes)) return false;
   for (const std::string& destination : {m_project.BackupDir, m_project.PrimaryDir}) {
     if (IsNoDirectory(destination)) continue;
     const std::string directory = PlaceDirectory(destination, place);

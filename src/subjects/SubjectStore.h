@@ -30,11 +30,15 @@ std::vector<SubjectCopy> CopiesOf(const SubjectRecord& record, const ProjectPara
 /// are all first entries, or all second ones.
 class SubjectStore {
  public:
-  /// `project` and `disk` must outlive the store.
-  SubjectStore(const ProjectParameters& project, Disk& disk) : m_project(project), m_disk(disk) {}
+  /// `project` and `disk` must outlive the store. With Durability::NameLater the files' names are safe after
+  /// FlushNames, and before anything is deleted.
+  SubjectStore(const ProjectParameters& project, Disk& disk, Disk::Durability durability = Disk::Durability::OnDisk)
+      : m_project(project), m_disk(disk), m_durability(durability) {}
 
   /// False when the user cancels after a fault; copies already written stay and are noted in the record.
   bool Save(SubjectRecord& record, MessageBoxes& boxes);
+  /// False when the user cancels after a fault.
+  bool FlushNames(MessageBoxes& boxes);
   /// The last save left the directory of unfinished subjects empty, and deleted it.
   [[nodiscard]] bool HasEmptiedUnfinished() const noexcept { return m_hasEmptied; }
 
@@ -53,6 +57,7 @@ class SubjectStore {
 
   const ProjectParameters& m_project;
   Disk& m_disk;
+  Disk::Durability m_durability;
   std::vector<OpenDirectory> m_directories;              // that were written to
   std::optional<std::vector<std::string>> m_unfinished;  // in the primary directory
   std::optional<std::set<std::string>> m_settled;        // the first entries of settled subjects, likewise

@@ -164,7 +164,7 @@ void Disk::ReplaceFile(const fs::path& target, std::string_view content, Durabil
   try {
     const std::unique_ptr<OutputFile> file = m_layer.Create(temporary);
     file->Write(content);
-    if (durability == Durability::OnDisk) file->Flush();
+    if (durability != Durability::Buffered) file->Flush();
     file->Close();
     KeepPermissions(m_layer, target, temporary);
     m_layer.Rename(temporary, target);
@@ -190,6 +190,10 @@ void Disk::Write(const ResolvedPath& path, std::string_view content, Durability 
     if (leftovers == Leftovers::Remove) RemoveLeftoversIn(target.Native.parent_path());
     ReplaceFile(target.Native, content, durability);
   });
+}
+
+void Disk::FlushDirectory(const ResolvedPath& directory) {
+  Guarded(FileOperation::Write, directory, [&] { m_layer.FlushDirectory(m_layer.RealPath(directory.Native)); });
 }
 
 void Disk::WriteInPlace(std::string_view path, std::string_view content) {

@@ -63,12 +63,17 @@ class Disk {
   SequentialFile OpenForRead(std::string_view path);
 
   /// Creates or replaces the file atomically: a failure or a kill leaves the old file or the new one.
-  enum class Durability { OnDisk, Buffered };
+  enum class Durability {
+    OnDisk,     ///< content and name are flushed
+    NameLater,  ///< the content is; the name by FlushDirectory, once for many files
+    Buffered
+  };
   void Write(std::string_view path, std::string_view content, Durability durability = Durability::OnDisk);
   /// Likewise, for saving many files: does not delete leftovers of interrupted saves.
-  void WriteOneOfMany(const ResolvedPath& path, std::string_view content) {
-    Write(path, content, Durability::OnDisk, Leftovers::Keep);
+  void WriteOneOfMany(const ResolvedPath& path, std::string_view content, Durability durability = Durability::OnDisk) {
+    Write(path, content, durability, Leftovers::Keep);
   }
+  void FlushDirectory(const ResolvedPath& directory);
   /// Overwrites an existing file or device, keeping links and permissions, or creates the file. Refuses other targets
   /// and read-only files before emptying them. A failed write leaves an empty file.
   void WriteInPlace(std::string_view path, std::string_view content);

@@ -81,7 +81,7 @@ class Import {
   Import(const ImportDraft& draft, const Platform& platform)
       : m_draft(draft),
         m_platform(platform),
-        m_store(draft.Context.Project, platform.Files),
+        m_store(draft.Context.Project, platform.Files, Disk::Durability::NameLater),
         m_builder(draft.Setup, draft.Survey, draft.Options, draft.Context, *draft.Matcher, m_findings),
         m_total(draft.Plan.CountOf(SubjectAction::Write) + draft.Plan.CountOf(SubjectAction::Replace) +
                 draft.Plan.CountOf(SubjectAction::Unfinished)) {}
@@ -99,6 +99,7 @@ class Import {
                      [&](const SubjectRows& rows) { return Take(rows); });
     });
     m_platform.Bar.EndCopying();
+    if (!m_store.FlushNames(m_platform.Boxes)) m_isStopped = true;
     m_outcome.Completed = !m_isStopped && m_next == m_draft.Plan.Subjects.size();
     if (!m_isStopped && !m_outcome.Completed) ReportChange({});
     if (!m_outcome.Completed && !companions.Write(m_done)) return m_outcome;
