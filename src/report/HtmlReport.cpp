@@ -222,7 +222,7 @@ class Page {
     const std::size_t rows = picture.Lists.RowCount();
     Element("h2", "Recall lists");
     if (rows > kMostLists) {
-      return Element("p", "Examine Means draws the lists of so many subjects.");
+      return Element("p", "Examine Means draws up to 1000 lists.");
     }
     Element("p", "A row for each subject and test, a mark for each recall, from the first to the last.");
     AddPlot(std::move(picture), draw);

@@ -127,6 +127,31 @@ void ShowNumbersAbove(QCustomPlot& plot, bool areShown, const QFont& font) {
   above.setRange(plot.xAxis->range());
 }
 
+// `places` are the heights of the rows, `row` is that of one.
+void PlaceMarks(QCustomPlot& plot, const Raster& raster, const std::vector<double>& places, double row,
+                double fontSize) {
+  const double column = plot.axisRect()->width() / plot.xAxis->range().size();
+  const double size = std::min({row, column, fontSize}) * 0.85;
+  for (std::size_t i = 0; i < raster.Marks.size(); ++i) {
+    QCPGraph& graph = *plot.graph(static_cast<int>(i));
+    QVector<double> outputs, rows;
+    for (const RasterMarks::Place& place : raster.Marks[i].Places) {
+      outputs << place.Output;
+      rows << places[place.Row];
+    }
+    const bool isDash = size < kLowSymbol && IsDash(raster.Marks[i]);
+    graph.setLineStyle(isDash ? QCPGraph::lsLine : QCPGraph::lsNone);  // in the legend
+    graph.setPen(DashPen(raster.Marks[i], fontSize / 2));
+    if (isDash) {
+      graph.setScatterStyle(QCPScatterStyle());
+      AddDashes(plot, raster.Marks[i], outputs, rows, row);
+      continue;
+    }
+    graph.setData(outputs, rows);
+    graph.setScatterStyle(SymbolOf(raster.Marks[i], std::max(size, kLeastSymbol)));
+  }
+}
+
 }  // namespace
 
 double RasterHeight(const Raster& raster, double fontSize, double most) {
@@ -183,26 +208,7 @@ void PlaceRaster(QCustomPlot& plot, const Raster& raster, const QFont& font, dou
   plot.yAxis->setTicker(ticker);
   plot.yAxis->grid()->setVisible(isLabelled);
   plot.yAxis->grid()->setPen(QPen(QColor(0xe0e0e0), 0.5));
-  const double column = plot.axisRect()->width() / plot.xAxis->range().size();
-  const double size = std::min({row, column, fontSize}) * 0.85;
-  for (std::size_t i = 0; i < raster.Marks.size(); ++i) {
-    QCPGraph& graph = *plot.graph(static_cast<int>(i));
-    QVector<double> outputs, rows;
-    for (const RasterMarks::Place& place : raster.Marks[i].Places) {
-      outputs << place.Output;
-      rows << places[place.Row];
-    }
-    const bool isDash = size < kLowSymbol && IsDash(raster.Marks[i]);
-    graph.setLineStyle(isDash ? QCPGraph::lsLine : QCPGraph::lsNone);  // in the legend
-    graph.setPen(DashPen(raster.Marks[i], fontSize / 2));
-    if (isDash) {
-      graph.setScatterStyle(QCPScatterStyle());
-      AddDashes(plot, raster.Marks[i], outputs, rows, row);
-      continue;
-    }
-    graph.setData(outputs, rows);
-    graph.setScatterStyle(SymbolOf(raster.Marks[i], std::max(size, kLeastSymbol)));
-  }
+  PlaceMarks(plot, raster, places, row, fontSize);
 }
 
 }  // namespace zova

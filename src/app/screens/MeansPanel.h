@@ -44,8 +44,7 @@ class MeansPanel : public Panel {
   [[nodiscard]] int RowOf(std::size_t measure) const;
   [[nodiscard]] std::vector<std::size_t> ChosenMeasures() const;
   [[nodiscard]] std::vector<std::size_t> ChosenVariables() const;
-  /// Folds or unfolds the group; false for a line that is no heading.
-  /// False for a line that is no heading. Without `isFolded` the group changes its state.
+  /// Folds or unfolds the group; without `isFolded` it changes its state. False for a line that is no heading.
   bool Fold(const QListWidgetItem* line, std::optional<bool> isFolded = std::nullopt);
   void ShowChosen();
   void ShowFiltered();

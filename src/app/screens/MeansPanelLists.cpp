@@ -138,7 +138,7 @@ void MeansPanel::ShowFiltered() {
   GoToEnd(*m_lstMeasures, Qt::Key_Home, QItemSelectionModel::NoUpdate);
 }
 
-// Qt's own keys would go to a line that is filtered out, and a click on a heading would drop the choice.
+// Qt's own keys would go to a line that is filtered out.
 bool MeansPanel::eventFilter(QObject* watched, QEvent* event) {
   if (watched == m_lstMeasures->viewport()) {
     const bool isPress = event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick;

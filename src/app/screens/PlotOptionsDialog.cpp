@@ -94,7 +94,7 @@ QWidget* PlotOptionsDialog::MakeOrder() {
   for (const auto& [button, step] : {std::pair(m_cmdPlotUp, -1), {m_cmdPlotDown, 1}}) {
     button->setAutoDefault(false);
     moves->addWidget(button);
-    connect(button, &QPushButton::clicked, this, [this, step] { Move(step); });
+    connect(button, &QPushButton::clicked, this, [this, rowCount = step] { Move(rowCount); });
   }
   moves->addStretch();
   columns->addLayout(moves);

@@ -102,7 +102,7 @@ class Import {
     if (!m_store.FlushNames(m_platform.Boxes)) m_isStopped = true;
     m_outcome.Completed = !m_isStopped && m_next == m_draft.Plan.Subjects.size();
     if (!m_isStopped && !m_outcome.Completed) ReportChange({});
-    if (!m_outcome.Completed && !companions.Write(m_done)) return m_outcome;
+    if (!m_outcome.Completed) companions.Write(m_done);
     return m_outcome;
   }
 
