@@ -72,7 +72,20 @@ struct CommandLine {
   std::exit(2);
 }
 
-// Paths become drive-letter paths.
+QList<QCommandLineOption> OptionsOfPlots() {
+  return {{"bars", "With --report: what the plots draw about a mean: ci, se, within or none.", "BARS"},
+          {"title", "With --report: the title of a plot. May be repeated, like those below.", "MEASURE=TEXT"},
+          {"axis", "With --report: the ends of a plot's value axis; one may be empty.", "MEASURE=MIN..MAX"},
+          {"order", "With --report: the levels of a variable in the order of the plots.", "VARIABLE=LEVEL,..."},
+          {"colours", "With --report: what the raster's colours show, position or category.", "COLOURS"}};
+}
+
+std::string DrivePath(const Disk& disk, const QString& path) {
+  std::string text = FromQt(path);
+  if (HasDrive(text)) return text;
+  return disk.Drives().ToDrivePath(FromQt(QDir::toNativeSeparators(QFileInfo(path).absoluteFilePath())));
+}
+
 CommandLine ReadCommandLine(const Disk& disk) {
   QCommandLineParser parser;
   parser.setApplicationDescription("Recall experiments: define a project, enter its subjects, make their masters.");
@@ -89,20 +102,10 @@ CommandLine ReadCommandLine(const Disk& disk) {
                                       "FILE");
   const QList<QCommandLineOption> ofReport = {means, measures, groupSize, groupBy, groupOrder};
   parser.addOptions(QList{report} + ofReport);
-  const QList<QCommandLineOption> ofPlots = {
-      {"bars", "With --report: what the plots draw about a mean: ci, se, within or none.", "BARS"},
-      {"title", "With --report: the title of a plot. May be repeated, like those below.", "MEASURE=TEXT"},
-      {"axis", "With --report: the ends of a plot's value axis; one may be empty.", "MEASURE=MIN..MAX"},
-      {"order", "With --report: the levels of a variable in the order of the plots.", "VARIABLE=LEVEL,..."},
-      {"colours", "With --report: what the raster's colours show, position or category.", "COLOURS"}};
+  const QList<QCommandLineOption> ofPlots = OptionsOfPlots();
   parser.addOptions(ofPlots);
   if (!parser.parse(QCoreApplication::arguments())) RefuseUsage(FromQt(parser.errorText()));
   parser.process(*QCoreApplication::instance());  // prints help and version
-  const auto drivePath = [&](const QString& path) {
-    std::string text = FromQt(path);
-    if (HasDrive(text)) return text;
-    return disk.Drives().ToDrivePath(FromQt(QDir::toNativeSeparators(QFileInfo(path).absoluteFilePath())));
-  };
   const auto need = [&](const QCommandLineOption& option, const QCommandLineOption& other) {
     if (!parser.isSet(option) || parser.isSet(other)) return;
     RefuseUsage("--" + FromQt(option.names().front()) + " requires --" + FromQt(other.names().front()));
@@ -111,11 +114,11 @@ CommandLine ReadCommandLine(const Disk& disk) {
   need(groupBy, groupSize);
   need(groupOrder, groupSize);
   CommandLine line;
-  if (!parser.positionalArguments().isEmpty()) line.Project = drivePath(parser.positionalArguments().front());
+  if (!parser.positionalArguments().isEmpty()) line.Project = DrivePath(disk, parser.positionalArguments().front());
   if (!parser.isSet(report)) return line;
   if (line.Project.empty()) RefuseUsage("--report needs a project's file");
   if (parser.value(report).isEmpty()) RefuseUsage("--report: a file needs a name");
-  line.Report = ReportOptions{drivePath(parser.value(report)),
+  line.Report = ReportOptions{DrivePath(disk, parser.value(report)),
                               line.Project,
                               FromQt(parser.value(means)),
                               FromQt(parser.value(measures)),
@@ -125,7 +128,7 @@ CommandLine ReadCommandLine(const Disk& disk) {
                               {}};
   if (parser.isSet(groupSize)) line.Report->GroupSize = FromQt(parser.value(groupSize));
   if (parser.isSet(groupBy)) line.Report->GroupBy = FromQt(parser.value(groupBy));
-  if (parser.isSet(groupOrder)) line.Report->GroupOrderFile = drivePath(parser.value(groupOrder));
+  if (parser.isSet(groupOrder)) line.Report->GroupOrderFile = DrivePath(disk, parser.value(groupOrder));
   for (const QCommandLineOption& option : ofPlots) {
     for (const QString& value : parser.values(option)) {
       line.Report->Plots.emplace_back(FromQt(option.names().front()), FromQt(value));
