@@ -51,14 +51,18 @@ std::optional<ChosenProject> ReadProject(const std::string& path, const Platform
   return chosen;
 }
 
+bool IsReadyForCommand(const ProjectParameters& project, const Platform& platform, bool mayWrite) {
+  if (!MayOpenProject(project, platform.Boxes)) return false;
+  if (const std::string reason = ViewOnlyReason(project); !reason.empty()) {
+    Warn(platform.Boxes, reason);
+    return false;
+  }
+  return !mayWrite || FinishInterruptedChanges(project, platform);
+}
+
 std::optional<ProjectParameters> OpenForCommand(const std::string& path, const Platform& platform) {
   auto chosen = ReadProject(path, platform);
-  if (!chosen || !MayOpenProject(chosen->Parameters, platform.Boxes)) return std::nullopt;
-  if (const std::string reason = ViewOnlyReason(chosen->Parameters); !reason.empty()) {
-    Warn(platform.Boxes, reason);
-    return std::nullopt;
-  }
-  if (!FinishInterruptedChanges(chosen->Parameters, platform)) return std::nullopt;
+  if (!chosen || !IsReadyForCommand(chosen->Parameters, platform, true)) return std::nullopt;
   return std::move(chosen->Parameters);
 }
 

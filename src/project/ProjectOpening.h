@@ -35,6 +35,9 @@ std::optional<ChosenProject> ReadProject(const std::string& path, const Platform
 /// The project that a command works on: may be opened, can be more than viewed, and has no interrupted changes left.
 /// nullopt after a message.
 std::optional<ProjectParameters> OpenForCommand(const std::string& path, const Platform& platform);
+/// What OpenForCommand requires of a project that was read. A command that writes nothing leaves an interrupted change
+/// as it is.
+bool IsReadyForCommand(const ProjectParameters& project, const Platform& platform, bool mayWrite);
 
 /// Calls ChooseProjectFile and reads the file. Reports a file that is not a parameter file and shows the dialog again.
 /// nullopt when the user cancels the dialog or a failed read.

@@ -48,7 +48,7 @@ void SubjectsScreen::ShowProgress(const std::string& text) {
   if (m_observer) m_observer();
 }
 
-// A sample that cannot be read is told of once.
+// A sample that does not fit is reported once.
 std::set<std::string, std::less<>> SubjectsScreen::SampledIds() {
   std::set<std::string, std::less<>> ids;
   try {

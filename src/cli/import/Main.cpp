@@ -65,14 +65,8 @@ class ImportCommand {
 
   bool OpenProject() {
     const ProjectParameters project = ReadProjectFile(m_disk, FilePath(m_arguments.ProjectFile));
-    if (!MayOpenProject(project, m_terminal)) return false;
-    if (const std::string reason = ViewOnlyReason(project); !reason.empty()) {
-      Warn(m_terminal, reason);
-      return false;
-    }
-    if (!m_arguments.IsDryRun) {
-      if (!FinishInterruptedChanges(project, m_platform)) return false;
-    } else if (m_disk.FileExists(JournalPath(project))) {  // a dry run writes nothing
+    if (!IsReadyForCommand(project, m_platform, !m_arguments.IsDryRun)) return false;
+    if (m_arguments.IsDryRun && m_disk.FileExists(JournalPath(project))) {
       std::cerr << "zova-import: a change of subjects was interrupted; the import completes it first\n";
     }
     m_context = ReadImportContext(m_disk, project);

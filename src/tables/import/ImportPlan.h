@@ -81,7 +81,7 @@ struct ImportDraft {
   std::shared_ptr<ResponseMatcher> Matcher = {};
 };
 
-/// Sets up and surveys the table anew. Throws FileError.
+/// Sets up and surveys the table again. Throws FileError.
 void ReadTable(Disk& disk, ImportDraft& draft, const std::string& table);
 
 /// Reads and plans the import of a table into a project. Throws FileError.
