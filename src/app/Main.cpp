@@ -215,6 +215,8 @@ int main(int argc, char** argv) {
   const bool isHeadless = std::any_of(argv, argv + argc, zova::NeedsNoWindow);
   if (isHeadless && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
   zova::Application application(argc, argv);
+  // Where the system's own font is not installed, as under Wine, Qt would take the first one by name.
+  QFont::insertSubstitutions(QApplication::font().family(), {"Segoe UI", "Tahoma", "Arial", "DejaVu Sans"});
   QApplication::setStyle(new zova::Style);
   QApplication::setDesktopFileName("zova");
   QApplication::setWindowIcon(zova::NamedIcon("zova"));
