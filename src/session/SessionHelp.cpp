@@ -39,7 +39,7 @@ void Session::ShowAbout() {
        .Details = "Keeps and scores the recall lists of memory experiments with repeated tests.\n\n"
                   "Free software under the GNU General Public License (GPL-3.0-or-later), without any warranty.\n\n"
                   "It uses Qt 6 (GNU Lesser General Public License, version 3), QCustomPlot (GNU General Public "
-                  "License, version 3 or later) and Boost (Boost Software License, version 1.0).\n\n"
+                  "License, version 3 or later), Boost (Boost Software License, version 1.0) and utf8proc (MIT).\n\n"
                   "Please report a fault where you got this program from. Say what you did last, and add the "
                   "project's parameter file.\n\n"
                   "F1 explains the screen that you are on.  Right click something for fast help about it."});
