@@ -14,6 +14,7 @@
 #include "app/MainWindow.h"
 #include "app/ReportRun.h"
 #include "app/desktop/Application.h"
+#include "app/desktop/Console.h"
 #include "app/desktop/HelpWindow.h"
 #include "app/desktop/OpenRequests.h"
 #include "app/desktop/QtDesktop.h"
@@ -137,14 +138,17 @@ CommandLine ReadCommandLine(const Disk& disk) {
   return line;
 }
 
-// A report is made without a display, too, and nobody needs one to read the help. On Windows that comes in a box.
-bool NeedsNoWindow(std::string_view argument) {
-#ifndef Q_OS_WIN
+// A report is made without a display, too, and nobody needs one to read the help. Windows and macOS are never without
+// one, and their programs come without Qt's offscreen platform.
+bool NeedsNoDisplay([[maybe_unused]] std::string_view argument) {
+#if defined(Q_OS_WIN) || defined(Q_OS_MACOS)
+  return false;
+#else
   for (const std::string_view text : {"-h", "--help", "--help-all", "-v", "--version"}) {
     if (argument == text) return true;
   }
-#endif
   return argument.starts_with(std::string("--") + kReportOption);
+#endif
 }
 
 void ComeUp(QWidget& window) {
@@ -209,10 +213,11 @@ int RunReporting(Application& application) {
 }  // namespace zova
 
 int main(int argc, char** argv) {
+  zova::UseConsoleOfShell();
   QCoreApplication::setOrganizationName("ZOVA");
   QCoreApplication::setApplicationName("Dorvan's ZOVA");
   QCoreApplication::setApplicationVersion(zova::kVersion);
-  const bool isHeadless = std::any_of(argv, argv + argc, zova::NeedsNoWindow);
+  const bool isHeadless = std::any_of(argv, argv + argc, zova::NeedsNoDisplay);
   if (isHeadless && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
   zova::Application application(argc, argv);
   // Where the system's own font is not installed, as under Wine, Qt would take the first one by name.

@@ -74,7 +74,7 @@ int RunReport(const ReportOptions& options, Disk& disk) {
   ReportChoice choice;
   if (const std::string fault = ReadChoice(options, *project, choice); !fault.empty()) return Refuse(fault);
   std::string unknown;
-  const auto html = MakeReport(*project, choice, kVersion, DrawnSvg, platform, unknown);
+  const auto html = MakeReport(*project, choice, kVersion, DrawnFigure, platform, unknown);
   if (!unknown.empty()) return Refuse("unknown measure '" + unknown + "'");
   const bool isDone = html && WriteResultFile(
                                   options.ReportFile, [&] { return *html; }, *project, platform);

@@ -42,7 +42,7 @@ class Page {
     }
   }
 
-  std::string Build(const DrawSvg& draw) {
+  std::string Build(const DrawFigure& draw) {
     const std::string title = EscapedHtml(ProjectTitle(m_request.Project));
     m_html = "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n<title>" + title +
              "</title>\n<style>\n" + std::string(kReportStyle) + "</style>\n</head>\n<body>\n";
@@ -195,7 +195,7 @@ class Page {
     AddList("Symbols and conventions", lines);
   }
 
-  void AddFamily(const ReportFamily& family, const std::vector<Effect>& effects, const DrawSvg& draw) {
+  void AddFamily(const ReportFamily& family, const std::vector<Effect>& effects, const DrawFigure& draw) {
     Element("h2", std::string(family.Stem) + ": " + std::string(family.Label));
     if (!family.Definition.empty()) Element("p", family.Definition);
     if (!family.Source.empty()) Element("cite", family.Source);
@@ -215,7 +215,7 @@ class Page {
     AddPlot(PictureOf(means, m_request.Plots.Bars), draw);
   }
 
-  void AddLists(const DrawSvg& draw) {
+  void AddLists(const DrawFigure& draw) {
     MeansRequest request = m_request.Means;
     request.Orders = m_request.Plots.Orders;
     PlotPicture picture = RasterOf(m_data.Table, request, m_request.Plots.Colours, m_request.Project);
@@ -284,15 +284,10 @@ class Page {
     Table(lines.Header, rows);
   }
 
-  // Without the prolog, which may stand at the beginning of a document only.
-  void AddPlot(PlotPicture picture, const DrawSvg& draw) {
+  void AddPlot(PlotPicture picture, const DrawFigure& draw) {
     if (picture.IsEmpty()) return;
     ApplyFrame(m_request.Plots, picture);
-    const std::string svg = draw(picture);
-    const std::size_t begin = svg.find("<svg");
-    if (begin == std::string::npos) return;
-    m_html.append("<figure>\n").append(svg, begin, std::string::npos);
-    m_html += "\n<figcaption>";
+    m_html += "<figure>\n" + draw(picture) + "\n<figcaption>";
     m_html += EscapedHtml(picture.YLabel +
                           (HasIntervals(picture) ? ".  " + std::string(BarsText(m_request.Plots.Bars)) : "."));
     if (!picture.Note.empty()) m_html += "  " + EscapedHtml(picture.Note);
@@ -308,7 +303,7 @@ class Page {
 
 }  // namespace
 
-std::string ReportHtml(const ReportRequest& request, const DrawSvg& draw) { return Page(request).Build(draw); }
+std::string ReportHtml(const ReportRequest& request, const DrawFigure& draw) { return Page(request).Build(draw); }
 
 std::string EscapedHtml(std::string_view text) {
   std::string escaped;

@@ -21,13 +21,13 @@ struct ReportRequest {
   std::string Version;
 };
 
-/// Draws a picture as SVG; "" if it cannot.
-using DrawSvg = std::function<std::string(const PlotPicture& picture)>;
+/// Draws a picture as an element of the page.
+using DrawFigure = std::function<std::string(const PlotPicture& picture)>;
 
 /// One HTML page without scripts or anything that is loaded: design, subjects by level, what was left out and why, the
 /// meaning of symbols, and for each family of measures its definition and source, means with intervals, effect sizes, a
 /// plot, and why values are missing; the measures of groups; version and command line. All names are escaped.
-std::string ReportHtml(const ReportRequest& request, const DrawSvg& draw);
+std::string ReportHtml(const ReportRequest& request, const DrawFigure& draw);
 
 /// `text` between tags, or in quotes within one.
 std::string EscapedHtml(std::string_view text);

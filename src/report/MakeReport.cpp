@@ -59,7 +59,7 @@ std::string ReportCommand(const ProjectParameters& project, const ReportChoice& 
 }
 
 std::optional<std::string> MakeReport(const ProjectParameters& project, const ReportChoice& choice,
-                                      const std::string& version, const DrawSvg& draw, const Platform& platform,
+                                      const std::string& version, const DrawFigure& draw, const Platform& platform,
                                       std::string& unknown) {
   auto data = ReadReportData(project, choice.Groups, platform);
   if (!data) return std::nullopt;

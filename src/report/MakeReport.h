@@ -28,7 +28,7 @@ std::string ReportCommand(const ProjectParameters& project, const ReportChoice& 
 /// The page, made of the subjects as they are now, whoever asks for it. nullopt after a message, or for a measure that
 /// the project has not, which goes to `unknown`.
 std::optional<std::string> MakeReport(const ProjectParameters& project, const ReportChoice& choice,
-                                      const std::string& version, const DrawSvg& draw, const Platform& platform,
+                                      const std::string& version, const DrawFigure& draw, const Platform& platform,
                                       std::string& unknown);
 
 }  // namespace zova

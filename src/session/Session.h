@@ -143,7 +143,7 @@ class Session {
   void CloseMeans();
   /// Saves a report of the measures and variables chosen in Examine Means. What could not be computed is left out of
   /// it.
-  void SaveReport(const std::string& path, const DrawSvg& draw);
+  void SaveReport(const std::string& path, const DrawFigure& draw);
 
   WordListEditor& Words() noexcept { return m_words; }
   /// Asks before unsaved changes are lost.

@@ -20,7 +20,7 @@ void Session::ExamineMeans() {
   m_means.Open(*m_project, m_masters.LastHeader());
 }
 
-void Session::SaveReport(const std::string& path, const DrawSvg& draw) {
+void Session::SaveReport(const std::string& path, const DrawFigure& draw) {
   ReportChoice choice{path,
                       ParameterFilePath(m_project->PrimaryDir, *m_project),
                       m_means.Request().Variables,

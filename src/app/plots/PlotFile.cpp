@@ -118,10 +118,16 @@ QByteArray RenderPicture(const PlotPicture& picture, PlotFormat format) {
   return bytes;
 }
 
-std::string DrawnSvg(const PlotPicture& picture) {
-  const std::vector<PlotFormat> formats = PlotFormats();
-  if (std::find(formats.begin(), formats.end(), PlotFormat::Svg) == formats.end()) return {};
-  return RenderPicture(picture, PlotFormat::Svg).toStdString();
+std::string DrawnFigure(const PlotPicture& picture) {
+#ifdef ZOVA_SVG
+  const QByteArray svg = RenderPicture(picture, PlotFormat::Svg);
+  return svg.mid(svg.indexOf("<svg")).toStdString();  // a prolog may stand at the beginning of a document only
+#else
+  const QByteArray bytes = RenderPicture(picture, PlotFormat::Png).toBase64();
+  return ("<img alt=\"\" style=\"width:" + QByteArray::number(kWidthInCm) +
+          "cm;max-width:100%\" src=\"data:image/png;base64," + bytes + "\">")
+      .toStdString();
+#endif
 }
 
 }  // namespace zova

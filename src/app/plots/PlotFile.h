@@ -18,7 +18,7 @@ std::vector<PlotFormat> PlotFormats();
 /// stays text.
 QByteArray RenderPicture(const PlotPicture& picture, PlotFormat format);
 
-/// The picture as SVG; "" without Qt's SVG module.
-std::string DrawnSvg(const PlotPicture& picture);
+/// The picture as an element of an HTML page: SVG, or without Qt's SVG module a PNG within it.
+std::string DrawnFigure(const PlotPicture& picture);
 
 }  // namespace zova

@@ -205,7 +205,7 @@ void MeansPanel::SavePlot() {
 void MeansPanel::SaveReport() {
   const auto path = m_rules.AskReportFile();
   if (!path) return;
-  Act([&] { m_session.SaveReport(*path, DrawnSvg); });
+  Act([&] { m_session.SaveReport(*path, DrawnFigure); });
 }
 
 void MeansPanel::ShowState() {
