@@ -14,6 +14,7 @@ RequestExecutionLevel user
 ManifestDPIAware true
 InstallDir "$LOCALAPPDATA\Programs\ZOVA"
 InstallDirRegKey HKCU "Software\ZOVA" "Folder"
+AllowSkipFiles off
 BrandingText "ZOVA ${VERSION}"
 VIProductVersion "${VERSION4}"
 VIAddVersionKey "ProductName" "ZOVA"
@@ -41,19 +42,35 @@ VIAddVersionKey "LegalCopyright" "GNU General Public License, version 3 or later
   System::Call 'shell32::SHChangeNotify(i 0x08000000, i 0, p 0, p 0)'
 !macroend
 
+; Windows keeps the file of a program that runs. Nothing is touched before that has ended, and in silence nothing at all.
+!macro RequireEndOfZova
+try:
+  IfFileExists "$INSTDIR\zova.exe" 0 ended
+  ClearErrors
+  FileOpen $0 "$INSTDIR\zova.exe" a
+  IfErrors running
+  FileClose $0
+  Goto ended
+running:
+  MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION "ZOVA is still running. Close it, then select 'Retry'." /SD IDCANCEL IDRETRY try
+  Abort "ZOVA is still running."
+ended:
+!macroend
+
 Section "ZOVA"
   SetShellVarContext current
+  !insertmacro RequireEndOfZova
   SetOutPath "$INSTDIR"
   File "${FOLDER}/*.exe"
   File "${FOLDER}/ZOVA2.hlp"
   File "${FOLDER}/LICENSE.txt"
   SetOutPath "$INSTDIR\Licences"
   File "${FOLDER}/Licences/*.txt"
-  ; What the user made of the example stays.
-  SetOverwrite off
+  ; What the user made of the example stays, and what was removed of it stays removed.
   SetOutPath "$INSTDIR"
+  IfFileExists "$INSTDIR\Sample Data\*.*" sampled
   File /r "${FOLDER}/Sample Data"
-  SetOverwrite on
+sampled:
   WriteUninstaller "$INSTDIR\Uninstall.exe"
 
   CreateShortcut "$SMPROGRAMS\ZOVA.lnk" "$INSTDIR\zova.exe" "" "$INSTDIR\zova.exe" 0
@@ -86,12 +103,11 @@ SectionEnd
 ; that say where Param lies: a later setup goes on with them.
 Section "Uninstall"
   SetShellVarContext current
-try:
-  Delete "$INSTDIR\zova*.exe"
-  IfFileExists "$INSTDIR\zova*.exe" 0 gone
-    MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION "ZOVA is still running. Close it, then select 'Retry'." /SD IDCANCEL IDRETRY try
-    Abort
-gone:
+  !insertmacro RequireEndOfZova
+  Delete "$INSTDIR\zova.exe"
+  Delete "$INSTDIR\zova-master.exe"
+  Delete "$INSTDIR\zova-import.exe"
+  Delete "$INSTDIR\zova-compare.exe"
   Delete "$INSTDIR\ZOVA2.hlp"
   Delete "$INSTDIR\LICENSE.txt"
   Delete "$INSTDIR\Licences\*.txt"
