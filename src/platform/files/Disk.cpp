@@ -9,7 +9,6 @@
 #include <algorithm>
 #include <system_error>
 
-#include "platform/files/EntryNames.h"
 #include "platform/files/FileFaults.h"
 #include "platform/files/FilePlace.h"
 #include "platform/files/PathLookup.h"
@@ -303,34 +302,20 @@ bool Disk::IsEmptyDirectory(std::string_view path) {
 }
 
 std::vector<std::string> Disk::ListFiles(std::string_view directory, std::string_view prefix, std::string_view suffix) {
-  return ListEntries(Listed::Files, directory, prefix, suffix);
+  return ListEntries(EntryChoice::Files, directory, prefix, suffix);
 }
 
 std::vector<std::string> Disk::ListDanglingLinks(std::string_view directory, std::string_view prefix,
                                                  std::string_view suffix) {
-  return ListEntries(Listed::DanglingLinks, directory, prefix, suffix);
+  return ListEntries(EntryChoice::DanglingLinks, directory, prefix, suffix);
 }
 
-std::vector<std::string> Disk::ListEntries(Listed listed, std::string_view directory, std::string_view prefix,
+std::vector<std::string> Disk::ListEntries(EntryChoice choice, std::string_view directory, std::string_view prefix,
                                            std::string_view suffix) {
-  std::vector<std::string> names;
-  if (DirectoryExists(directory)) {
-    const ResolvedPath target = Resolve(directory, FileOperation::List);
-    const std::string upperPrefix = UpperCase(prefix);
-    const std::string upperSuffix = UpperCase(suffix);
-    Guarded(FileOperation::List, target, [&] {
-      for (DirectoryEntry& entry : m_layer.List(target.Native)) {
-        const bool isDangling = entry.Kind == EntryKind::Missing;
-        if (entry.Kind == EntryKind::Directory || isDangling != (listed == Listed::DanglingLinks)) continue;
-        if (IsTemporary(entry.Name)) continue;
-        const std::string upper = UpperCase(entry.Name);
-        if (upper.size() < upperPrefix.size() + upperSuffix.size()) continue;
-        if (!upper.starts_with(upperPrefix) || !upper.ends_with(upperSuffix)) continue;
-        names.push_back(std::move(entry.Name));
-      }
-    });
-  }
-  return InListingOrder(std::move(names));
+  if (!DirectoryExists(directory)) return {};
+  const ResolvedPath target = Resolve(directory, FileOperation::List);
+  return Guarded(FileOperation::List, target,
+                 [&] { return NamesOfFiles(m_layer.List(target.Native), choice, prefix, suffix); });
 }
 
 std::vector<std::string> Disk::ListDirectories(std::string_view directory) {

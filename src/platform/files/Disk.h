@@ -9,6 +9,7 @@
 
 #include "platform/files/AppendFile.h"
 #include "platform/files/DriveMap.h"
+#include "platform/files/EntryNames.h"
 #include "platform/files/FileError.h"
 #include "platform/files/FileLayer.h"
 #include "platform/files/ResolvedPath.h"
@@ -108,8 +109,7 @@ class Disk {
  private:
   enum class Leftovers { Remove, Keep };
 
-  enum class Listed { Files, DanglingLinks };
-  std::vector<std::string> ListEntries(Listed listed, std::string_view directory, std::string_view prefix,
+  std::vector<std::string> ListEntries(EntryChoice choice, std::string_view directory, std::string_view prefix,
                                        std::string_view suffix);
   // nullopt for a drive that is not ready.
   std::optional<ResolvedPath> ResolveIfReady(std::string_view path, FileOperation operation);

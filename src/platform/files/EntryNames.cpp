@@ -41,6 +41,24 @@ bool FitsStoredPath(std::string_view name) noexcept {
   return IsValidUtf8(name) && std::none_of(name.begin(), name.end(), breaks);
 }
 
+std::vector<std::string> NamesOfFiles(std::vector<DirectoryEntry> entries, EntryChoice choice, std::string_view prefix,
+                                      std::string_view suffix) {
+  const std::string upperPrefix = UpperCase(prefix);
+  const std::string upperSuffix = UpperCase(suffix);
+  std::vector<std::string> names;
+  names.reserve(entries.size());
+  for (DirectoryEntry& entry : entries) {
+    const bool isDangling = entry.Kind == EntryKind::Missing;
+    if (entry.Kind == EntryKind::Directory || isDangling != (choice == EntryChoice::DanglingLinks)) continue;
+    if (IsTemporary(entry.Name)) continue;
+    const std::string upper = UpperCase(entry.Name);
+    if (upper.size() < upperPrefix.size() + upperSuffix.size()) continue;
+    if (!upper.starts_with(upperPrefix) || !upper.ends_with(upperSuffix)) continue;
+    names.push_back(std::move(entry.Name));
+  }
+  return InListingOrder(std::move(names));
+}
+
 bool ListsBefore(std::string_view left, std::string_view right) {
   const int order = UpperCase(left).compare(UpperCase(right));
   return order < 0 || (order == 0 && left < right);
