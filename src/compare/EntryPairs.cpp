@@ -124,7 +124,7 @@ PassedOver ReadSecondEntries(const ProjectParameters& project, Disk& disk, Progr
   PairReader reader(project, disk, add);
   ForEachName(OwnFiles(disk, project, seconds.Shown), bar, [&](const std::string& name) {
     if (!firsts.IsSettled(name) && !complete.contains(name)) {
-      passedOver.Alone.push_back(name);
+      passedOver.Alone.push_back("There is no first entry of '" + name + "'.");
     } else {
       reader.Read(firsts.File(name), Below(seconds, name), passedOver);
     }
@@ -142,17 +142,29 @@ PassedOver ReadPairsWith(const std::string& directory, const ProjectParameters& 
   const std::map<std::string, std::string> pairs = Paired(own.Names(), other.Names());
   PassedOver passedOver;
   PairReader reader(project, disk, add);
+  std::vector<std::string> alone;
   std::set<std::string_view> met;
   ForEachName(own.Names(), bar, [&](const std::string& name) {
     const auto pair = pairs.find(name);
-    if (pair == pairs.end()) return passedOver.Alone.push_back(name);
+    if (pair == pairs.end()) return alone.push_back(name);
     met.insert(pair->second);
     reader.Read(own.File(name), other.File(pair->second), passedOver);
   });
-  std::copy_if(other.Names().begin(), other.Names().end(), std::back_inserter(passedOver.Alone),
+  std::copy_if(other.Names().begin(), other.Names().end(), std::back_inserter(alone),
                [&](const std::string& name) { return !met.contains(name); });
-  passedOver.Alone = InListingOrder(std::move(passedOver.Alone));
+  passedOver.Alone.reserve(alone.size());
+  for (const std::string& name : InListingOrder(std::move(alone))) {
+    passedOver.Alone.push_back("Only one directory has '" + name + "'.");
+  }
   return passedOver;
+}
+
+void WarnNotCompared(MessageBoxes& boxes, const PassedOver& passedOver) {
+  std::string lines;
+  for (const auto* texts : {&passedOver.Alone, &passedOver.Faults}) {
+    for (const std::string& text : *texts) lines += (lines.empty() ? "" : "\n") + text;
+  }
+  if (!lines.empty()) Warn(boxes, "The report leaves out what cannot be compared.", lines);
 }
 
 }  // namespace zova

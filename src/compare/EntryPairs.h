@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "platform/desktop/Desktop.h"
+#include "platform/desktop/MessageBoxes.h"
 #include "platform/files/Disk.h"
 #include "subjects/SubjectRecord.h"
 
@@ -15,14 +16,15 @@ namespace zova {
 using PairSink =
     std::function<void(std::string_view subjectId, const SubjectRecord& first, const SubjectRecord& second)>;
 
-/// Told of a file that cannot be read.
-inline constexpr const char* kPassedOver = "The report leaves out what cannot be compared.";
-
-/// What no pair could be made of.
+/// What no pair could be made of, as sentences.
 struct PassedOver {
   std::vector<std::string> Faults;  ///< of files that cannot be read, as FaultText
-  std::vector<std::string> Alone;   ///< the names of files that have no other entry
+  std::vector<std::string> Alone;   ///< of subjects of whom there is no other entry
+
+  [[nodiscard]] bool IsEmpty() const noexcept { return Faults.empty() && Alone.empty(); }
 };
+/// Tells the user, if there is any.
+void WarnNotCompared(MessageBoxes& boxes, const PassedOver& passedOver);
 
 /// Reads both entries of every subject that was entered twice, as they were typed: the first one of a settled subject
 /// is the one that was put aside. Both throw FileError for a directory that cannot be listed.

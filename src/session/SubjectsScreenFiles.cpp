@@ -63,12 +63,9 @@ void SubjectsScreen::SaveReport() {
                                    });
   });
   if (!isRead) return;
-  std::string missing;
-  for (const std::string& name : passedOver.Alone) missing += "There is no first entry of '" + name + "'.\n";
-  for (const std::string& fault : passedOver.Faults) missing += fault + "\n";
-  if (!missing.empty()) Warn(m_platform.Boxes, kPassedOver, missing);
+  WarnNotCompared(m_platform.Boxes, passedOver);
   if (report->SubjectCount() == 0) {
-    if (missing.empty()) Warn(m_platform.Boxes, "No subject was entered a second time yet.");
+    if (passedOver.IsEmpty()) Warn(m_platform.Boxes, "No subject was entered a second time yet.");
     return;
   }
   Save("Save Report", " Agreement.csv", [&] { return report->CsvText(); });

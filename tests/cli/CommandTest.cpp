@@ -186,7 +186,7 @@ TEST_F(Command, ComparesTwoEntries) {
   Files.Put("C:\\Data\\Sdata\\AB Sub#2.dat", "");
   put("C:\\Data\\Sdata\\Second", "AB Sub#3.dat");
   Expect("Ab.prm >../report", 1, {},
-         "zova-compare: there is no first entry of 'AB Sub#3.dat'\nThe report leaves out what cannot be compared.\n"
+         "The report leaves out what cannot be compared.\nThere is no first entry of 'AB Sub#3.dat'.\n"
          "Reading 'C:\\Data\\Sdata\\AB Sub#2.dat'\nLine 1: input past end of file.\n");
   EXPECT_THAT(ReadFile(Files.Root() / "report"), ::testing::HasSubstr("\r\nall,,1,0,"));
   put("D:\\Out", "ab sub#1.DAT");
@@ -194,7 +194,8 @@ TEST_F(Command, ComparesTwoEntries) {
   put("C:\\Data\\Sdata\\Second\\First", "AB Sub#1.dat");
   Files.Put("C:\\Data\\Sdata\\AB Sub#1.dat", "");  // not as typed
   Expect("--with ../D/Out Ab.prm >../report", 0, {},
-         "zova-compare: only one directory has 'AB Sub#2.dat'\nzova-compare: only one directory has 'AB Sub#4.dat'\n");
+         "The report leaves out what cannot be compared.\nOnly one directory has 'AB Sub#2.dat'.\n"
+         "Only one directory has 'AB Sub#4.dat'.\n");
   Expect("--with Ab.prm", 2, {}, "PROJECT.prm is required\nRun with --help for more information.\n");
 }
 

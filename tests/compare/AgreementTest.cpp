@@ -68,7 +68,8 @@ TEST(AgreementReport, CountsTheEntriesAsTyped) {
   const PassedOver passedOver = ReadPairsWith("D:\\Other", study.Project, study.OfFiles, bar,
                                               [&](std::string_view id, const SubjectRecord& first,
                                                   const SubjectRecord& second) { with.Add(id, first, second); });
-  EXPECT_EQ(passedOver.Alone, (std::vector<std::string>{"AB Sub#b.dat", "AB Sub#s.dat"}));
+  EXPECT_EQ(passedOver.Alone, (std::vector<std::string>{"Only one directory has 'AB Sub#b.dat'.",
+                                                        "Only one directory has 'AB Sub#s.dat'."}));
   EXPECT_EQ(passedOver.Faults,
             std::vector<std::string>{"Reading 'D:\\Other\\ab sub#ALONE.dat'\nLine 1: input past end of file."});
   EXPECT_NE(with.CsvText().find("\nsubject,a,1,2,7,3,"), std::string::npos) << with.CsvText();

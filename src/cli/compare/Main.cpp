@@ -48,15 +48,9 @@ class CompareCommand {
       }
     });
     if (!isRead) return kStopped;
-    for (const std::string& name : passedOver.Alone) {
-      std::cerr << "zova-compare: " << (m_with.empty() ? "there is no first entry of" : "only one directory has")
-                << " '" << Printable(name) << "'\n";
-    }
-    std::string faults;
-    for (const std::string& fault : passedOver.Faults) faults += (faults.empty() ? "" : "\n") + fault;
-    if (!faults.empty()) Warn(m_terminal, kPassedOver, faults);
+    WarnNotCompared(m_terminal, passedOver);
     if (report->SubjectCount() == 0) {
-      if (passedOver.Alone.empty() && faults.empty()) std::cerr << "zova-compare: no subject was entered twice\n";
+      if (passedOver.IsEmpty()) std::cerr << "zova-compare: no subject was entered twice\n";
       return kStopped;
     }
     SetStandardOutputBinary();
