@@ -4,8 +4,6 @@
 
 #include <algorithm>
 #include <iterator>
-#include <map>
-#include <set>
 #include <utility>
 
 #include "platform/desktop/FileErrorBoxes.h"
@@ -14,7 +12,7 @@
 #include "platform/files/EntryNames.h"
 #include "project/ProjectLayout.h"
 #include "subjects/SubjectFile.h"
-#include "text/Encoding.h"
+#include "subjects/SubjectListing.h"
 
 namespace zova {
 
@@ -25,7 +23,7 @@ class PairReader {
   PairReader(const ProjectParameters& project, Disk& disk, const PairSink& add)
       : m_project(project), m_disk(disk), m_add(add) {}
 
-  void Read(const ResolvedPath& first, const ResolvedPath& second, PassedOver& passedOver) {
+  void Read(const std::string& subject, const ResolvedPath& first, const ResolvedPath& second, PassedOver& passedOver) {
     try {
       ReadOne(first, m_first);
       ReadOne(second, m_second);
@@ -33,7 +31,7 @@ class PairReader {
       passedOver.Faults.push_back(FaultText(fault));
       return;
     }
-    m_add(SubjectIdFromFileName(m_project, first.Shown), m_first, m_second);
+    m_add(SubjectIdFromFileName(m_project, subject), m_first, m_second);
   }
 
  private:
@@ -50,56 +48,17 @@ class PairReader {
   std::string m_bytes;
 };
 
-std::vector<std::string> OwnFiles(Disk& disk, const ProjectParameters& project, const std::string& directory) {
-  std::vector<std::string> names = ListSubjectFiles(disk, project, directory);
-  std::erase_if(names, [&](const std::string& name) { return !IsOwnSubjectFile(project, name); });
-  return names;
+// Those of the project that have a first entry.
+std::vector<std::string> EnteredOnce(const SubjectListing& listing, const ProjectParameters& project) {
+  std::vector<std::string> names;
+  std::copy_if(listing.Subjects().begin(), listing.Subjects().end(), std::back_inserter(names),
+               [&](const std::string& name) { return IsOwnSubjectFile(project, name) && listing.FirstEntry(name); });
+  return InListingOrder(std::move(names));
 }
 
-// A directory of subjects with their first entries as they were typed.
-class TypedEntries {
- public:
-  TypedEntries(Disk& disk, const ProjectParameters& project, const std::string& directory,
-               const std::string& firstDirectory)
-      : m_complete(disk.Resolve(directory, FileOperation::Read)),
-        m_first(disk.Resolve(firstDirectory, FileOperation::Read)),
-        m_names(OwnFiles(disk, project, directory)) {
-    for (std::string& name : OwnFiles(disk, project, firstDirectory)) m_settled.insert(std::move(name));
-  }
-
-  [[nodiscard]] const std::vector<std::string>& Names() const noexcept { return m_names; }
-  [[nodiscard]] bool IsSettled(const std::string& name) const { return m_settled.contains(name); }
-  [[nodiscard]] ResolvedPath File(const std::string& name) const {
-    return Below(IsSettled(name) ? m_first : m_complete, name);
-  }
-
- private:
-  ResolvedPath m_complete;
-  ResolvedPath m_first;
-  std::vector<std::string> m_names;
-  std::set<std::string> m_settled;
-};
-
-// Which of the names have one in the other list: an exactly equal one, or else one that differs in case alone.
-std::map<std::string, std::string> Paired(const std::vector<std::string>& names,
-                                          const std::vector<std::string>& others) {
-  std::map<std::string, std::string> pairs;
-  const std::set<std::string_view> exact(others.begin(), others.end());
-  for (const std::string& name : names) {
-    if (exact.contains(name)) pairs.emplace(name, name);
-  }
-  std::multimap<std::string, std::string> left;  // by the upper-cased name
-  for (const std::string& other : others) {
-    if (!pairs.contains(other)) left.emplace(UpperCase(other), other);
-  }
-  for (const std::string& name : names) {
-    if (pairs.contains(name)) continue;
-    const auto found = left.find(UpperCase(name));
-    if (found == left.end()) continue;
-    pairs.emplace(name, found->second);
-    left.erase(found);
-  }
-  return pairs;
+// Of a subject that has one.
+ResolvedPath FirstEntryFile(const SubjectListing& listing, const std::string& subject) {
+  return listing.File(listing.FirstEntry(subject).value_or(SubjectPlace::Complete), subject);
 }
 
 template <typename Act>
@@ -116,17 +75,17 @@ void ForEachName(const std::vector<std::string>& names, Progress& bar, Act&& act
 
 PassedOver ReadSecondEntries(const ProjectParameters& project, Disk& disk, Progress& bar, const PairSink& add) {
   RequireDirectory(disk, project.PrimaryDir, FileOperation::List);
-  const auto directory = [&](SubjectPlace place) { return PlaceDirectory(project.PrimaryDir, place); };
-  const TypedEntries firsts(disk, project, directory(SubjectPlace::Complete), directory(SubjectPlace::First));
-  const std::set<std::string_view> complete(firsts.Names().begin(), firsts.Names().end());
-  const ResolvedPath seconds = disk.Resolve(directory(SubjectPlace::Second), FileOperation::Read);
+  const SubjectListing listing(disk, project, SubjectDirectory(project.PrimaryDir));
+  std::vector<std::string> enteredTwice;
+  std::copy_if(listing.Subjects().begin(), listing.Subjects().end(), std::back_inserter(enteredTwice),
+               [&](const std::string& name) { return listing.Has(SubjectPlace::Second, name); });
   PassedOver passedOver;
   PairReader reader(project, disk, add);
-  ForEachName(OwnFiles(disk, project, seconds.Shown), bar, [&](const std::string& name) {
-    if (!firsts.IsSettled(name) && !complete.contains(name)) {
+  ForEachName(InListingOrder(std::move(enteredTwice)), bar, [&](const std::string& name) {
+    if (!listing.FirstEntry(name)) {
       passedOver.Alone.push_back("There is no first entry of '" + name + "'.");
     } else {
-      reader.Read(firsts.File(name), Below(seconds, name), passedOver);
+      reader.Read(name, FirstEntryFile(listing, name), listing.File(SubjectPlace::Second, name), passedOver);
     }
   });
   return passedOver;
@@ -137,21 +96,18 @@ PassedOver ReadPairsWith(const std::string& directory, const ProjectParameters& 
   const std::string sdata = SubjectDirectory(project.PrimaryDir);
   RequireDirectory(disk, sdata, FileOperation::List);
   RequireDirectory(disk, directory, FileOperation::List);
-  const TypedEntries own(disk, project, sdata, PlaceDirectory(project.PrimaryDir, SubjectPlace::First));
-  const TypedEntries other(disk, project, directory, FirstEntriesBelow(directory));
-  const std::map<std::string, std::string> pairs = Paired(own.Names(), other.Names());
+  const SubjectListing own(disk, project, sdata);
+  const SubjectListing other(disk, project, directory);
+  const std::vector<std::string> names = EnteredOnce(own, project);
+  const OwnedNames pairs(EnteredOnce(other, project), names);
+  std::vector<std::string> alone = pairs.Unowned();
   PassedOver passedOver;
   PairReader reader(project, disk, add);
-  std::vector<std::string> alone;
-  std::set<std::string_view> met;
-  ForEachName(own.Names(), bar, [&](const std::string& name) {
-    const auto pair = pairs.find(name);
-    if (pair == pairs.end()) return alone.push_back(name);
-    met.insert(pair->second);
-    reader.Read(own.File(name), other.File(pair->second), passedOver);
+  ForEachName(names, bar, [&](const std::string& name) {
+    const std::string* const pair = pairs.Of(name);
+    if (pair == nullptr) return alone.push_back(name);
+    reader.Read(name, FirstEntryFile(own, name), FirstEntryFile(other, *pair), passedOver);
   });
-  std::copy_if(other.Names().begin(), other.Names().end(), std::back_inserter(alone),
-               [&](const std::string& name) { return !met.contains(name); });
   passedOver.Alone.reserve(alone.size());
   for (const std::string& name : InListingOrder(std::move(alone))) {
     passedOver.Alone.push_back("Only one directory has '" + name + "'.");

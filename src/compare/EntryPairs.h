@@ -26,12 +26,12 @@ struct PassedOver {
 /// Tells the user, if there is any.
 void WarnNotCompared(MessageBoxes& boxes, const PassedOver& passedOver);
 
-/// Reads both entries of every subject that was entered twice, as they were typed: the first one of a settled subject
-/// is the one that was put aside. Both throw FileError for a directory that cannot be listed.
+/// Reads both entries of every subject that was entered twice, as they were typed (SubjectListing::FirstEntry). Both
+/// throw FileError for a directory that cannot be listed.
 PassedOver ReadSecondEntries(const ProjectParameters& project, Disk& disk, Progress& bar, const PairSink& add);
 
-/// Likewise the project's subjects and those of the same names in another directory of subject files; a name that is
-/// spelt differently is the same where there is no other.
+/// Likewise the first entries of the project and those of the same subjects (OwnedNames) in another directory of
+/// subject files.
 PassedOver ReadPairsWith(const std::string& directory, const ProjectParameters& project, Disk& disk, Progress& bar,
                          const PairSink& add);
 

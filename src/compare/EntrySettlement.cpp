@@ -10,6 +10,7 @@
 #include "platform/files/DataFileError.h"
 #include "project/ProjectLayout.h"
 #include "subjects/SubjectFile.h"
+#include "subjects/SubjectListing.h"
 #include "subjects/entry/EntryLists.h"
 #include "text/Counted.h"
 #include "text/LeadingNumber.h"
@@ -40,18 +41,17 @@ std::vector<std::string_view> NumbersIn(std::string_view text) {
 
 bool EntrySettlement::Open(const std::string& file, const ProjectParameters& project) {
   Close();
-  const std::string id = SubjectIdFromFileName(project, file);
-  const auto pathIn = [&](SubjectPlace place) { return JoinPath(PlaceDirectory(project.PrimaryDir, place), file); };
-  const auto read = [&](SubjectPlace place, SubjectRecord& record, std::string& bytes) {
-    m_platform.Files.Read(pathIn(place), bytes);
-    ParsingFile(pathIn(place), [&] { ParseSubject(bytes, project, record); });
-    record.SubjectId = id;
+  const auto read = [&](const ResolvedPath& path, SubjectRecord& record, std::string& bytes) {
+    m_platform.Files.Read(path, bytes);
+    ParsingFile(path.Shown, [&] { ParseSubject(bytes, project, record); });
+    record.SubjectId = SubjectIdFromFileName(project, file);
   };
   if (!WithRetry(m_platform.Boxes, [&] {
-        m_platform.Files.Read(pathIn(SubjectPlace::Complete), m_presentBytes);
-        const bool isKept = m_platform.Files.FileExists(pathIn(SubjectPlace::First));
-        read(isKept ? SubjectPlace::First : SubjectPlace::Complete, m_first, m_firstBytes);
-        read(SubjectPlace::Second, m_second, m_secondBytes);
+        const SubjectListing listing(m_platform.Files, project, SubjectDirectory(project.PrimaryDir));
+        const auto fileIn = [&](SubjectPlace place) { return listing.File(place, file); };
+        m_presentBytes = ReadIfThere(m_platform.Files, fileIn(SubjectPlace::Complete));
+        read(fileIn(listing.FirstEntry(file).value_or(SubjectPlace::Complete)), m_first, m_firstBytes);
+        read(fileIn(SubjectPlace::Second), m_second, m_secondBytes);
       })) {
     return false;
   }

@@ -10,6 +10,7 @@
 #include "compare/Differences.h"
 #include "grid/UndoStack.h"
 #include "platform/desktop/Platform.h"
+#include "project/FileChanges.h"
 #include "subjects/SubjectRecord.h"
 
 namespace zova {
@@ -20,8 +21,8 @@ class EntrySettlement {
  public:
   explicit EntrySettlement(const Platform& platform) : m_platform(platform) {}
 
-  /// Reads both entries of a subject by its file's name, the first one as it was typed, also when it was settled with
-  /// an earlier second entry. `project` must outlive the screen. False when one cannot be read and the user gave up.
+  /// Reads both entries of a subject by its file's name, the first one as it was typed (SubjectListing::FirstEntry).
+  /// `project` must outlive the screen. False when one cannot be read and the user gave up.
   bool Open(const std::string& file, const ProjectParameters& project);
   void Close();
   /// Asks, if there are decisions that would be lost.
@@ -33,7 +34,7 @@ class EntrySettlement {
   [[nodiscard]] bool IsDifferent(std::size_t line) const { return m_lines[line].IsDifferent; }
   [[nodiscard]] bool IsDecided(std::size_t line) const { return m_lines[line].IsDecided; }
   /// The subject's data are the result of an earlier settlement, and not the first entry.
-  [[nodiscard]] bool WasSettled() const { return m_presentBytes != m_firstBytes; }
+  [[nodiscard]] bool WasSettled() const { return m_presentBytes && *m_presentBytes != m_firstBytes; }
   /// "Age", or "Test 1, line 3" by the first entry.
   [[nodiscard]] std::string Place(std::size_t line) const;
   enum class Side { First, Second, Result };
@@ -89,6 +90,7 @@ class EntrySettlement {
   void Take(Side side);
   void Keep(const std::vector<std::size_t>& lines);
   [[nodiscard]] SubjectRecord Result() const;
+  [[nodiscard]] std::optional<FileChanges> Plan(const std::string& content) const;
   [[nodiscard]] Spot SpotOf(int test, int position) const;
   [[nodiscard]] std::vector<int> ColumnsOf(const Line& line) const;
   [[nodiscard]] std::optional<std::vector<Recall>> Parse(const Line& line, const std::string& text) const;
@@ -103,7 +105,7 @@ class EntrySettlement {
   Platform m_platform;
   const ProjectParameters* m_project = nullptr;
   std::string m_file;
-  std::string m_presentBytes;  // of the subject
+  std::optional<std::string> m_presentBytes;  // of the subject's data
   std::string m_firstBytes;
   std::string m_secondBytes;
   SubjectRecord m_first;

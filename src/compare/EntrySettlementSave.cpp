@@ -9,21 +9,10 @@
 #include "project/FileChanges.h"
 #include "project/ProjectLayout.h"
 #include "subjects/SubjectFile.h"
+#include "subjects/SubjectListing.h"
 #include "subjects/entry/CompletionChecks.h"
 
 namespace zova {
-
-namespace {
-
-// nullopt for a file that is missing.
-std::optional<std::string> ContentOf(Disk& disk, const std::string& path) {
-  if (!disk.FileExists(path)) return std::nullopt;
-  std::string content;
-  disk.Read(path, content);
-  return content;
-}
-
-}  // namespace
 
 SubjectRecord EntrySettlement::Result() const {
   SubjectRecord result;
@@ -103,6 +92,31 @@ bool EntrySettlement::PassesTheChecks(const SubjectRecord& result) {
          Confirm(m_platform.Boxes, {.Text = finding->Message, .Buttons = BoxButtons::YesNo, .Title = "Warning"});
 }
 
+// nullopt when the data have changed since they were read.
+std::optional<FileChanges> EntrySettlement::Plan(const std::string& content) const {
+  FileChanges changes{"Settling subject '" + m_first.SubjectId + "'", {}};
+  SubjectListing listing;  // the primary directory's comes first
+  bool isUnchanged = true;
+  for (const std::string& root : {m_project->PrimaryDir, m_project->BackupDir}) {
+    const bool inBackup = !changes.Files.empty();
+    if (inBackup && IsNoDirectory(root)) continue;
+    listing = SubjectListing(m_platform.Files, *m_project, SubjectDirectory(root), listing.Subjects());
+    const auto add = [&](SubjectPlace place, const std::string& after) {
+      auto before = ReadIfThere(m_platform.Files, listing.File(place, m_file));
+      if (place == SubjectPlace::First && before) return;  // it stays as it was typed
+      if (place == SubjectPlace::Complete && !inBackup) isUnchanged = before == m_presentBytes;
+      changes.Files.push_back({.InBackup = inBackup,
+                               .Name = PlaceName(place, listing.Name(place, m_file)),
+                               .Before = std::move(before),
+                               .After = after});
+    };
+    add(SubjectPlace::First, m_firstBytes);
+    add(SubjectPlace::Complete, content);
+    add(SubjectPlace::Settled, m_secondBytes);
+  }
+  return isUnchanged ? std::optional(std::move(changes)) : std::nullopt;
+}
+
 bool EntrySettlement::Settle() {
   if (!IsOpen()) return false;
   if (OpenCount() > 0) {
@@ -120,32 +134,14 @@ bool EntrySettlement::Settle() {
                                   .Title = "Warning"})) {
     return false;
   }
-  FileChanges changes{"Settling subject '" + result.SubjectId + "'", {}};
-  bool isUnchanged = true;
-  const bool isPlanned = WithRetry(m_platform.Boxes, [&] {
-    changes.Files.clear();
-    for (const std::string& root : {m_project->PrimaryDir, m_project->BackupDir}) {
-      const bool inBackup = !changes.Files.empty();
-      if (inBackup && IsNoDirectory(root)) continue;
-      const auto add = [&](SubjectPlace place, const std::string& after) {
-        const std::string name = PlaceName(place, m_file);
-        auto before = ContentOf(m_platform.Files, PathBelow(root, name));
-        if (place == SubjectPlace::First && before) return;  // it stays as it was typed
-        if (place == SubjectPlace::Complete && !inBackup) isUnchanged = before == m_presentBytes;
-        changes.Files.push_back({.InBackup = inBackup, .Name = name, .Before = std::move(before), .After = after});
-      };
-      add(SubjectPlace::First, m_firstBytes);
-      add(SubjectPlace::Complete, content);
-      add(SubjectPlace::Settled, m_secondBytes);
-    }
-  });
-  if (!isPlanned) return false;
-  if (!isUnchanged) {
+  std::optional<FileChanges> changes;
+  if (!WithRetry(m_platform.Boxes, [&] { changes = Plan(content); })) return false;
+  if (!changes) {
     Warn(m_platform.Boxes,
          "The data have changed on the disk since they were read.  Close this screen and open it again.");
     return false;
   }
-  if (!MakeChanges(changes, *m_project, m_platform)) return false;
+  if (!MakeChanges(*changes, *m_project, m_platform)) return false;
   Inform(m_platform.Boxes, "Completed subject saved.");
   return true;
 }

@@ -75,13 +75,13 @@ bool IsSameFile(const FileChange& left, const FileChange& right) {
 
 class ChangeMaker {
  public:
-  ChangeMaker(const FileChanges& changes, const ProjectParameters& project, Disk& disk, bool isJustPlanned)
-      : m_changes(changes), m_project(project), m_disk(disk), m_isJustPlanned(isJustPlanned) {}
+  ChangeMaker(const FileChanges& changes, const ProjectParameters& project, Disk& disk)
+      : m_changes(changes), m_project(project), m_disk(disk) {}
 
   // Gives the file the wanted content. False, without a change, when it has one that is not of these changes.
   bool Bring(const FileChange& change, const Content& wanted) {
     const ResolvedPath file = Find(change);
-    const Content current = Read(file);
+    const Content current = ReadIfThere(m_disk, file);
     if (!IsKnown(change, current)) return false;
     if (current == wanted) return true;
     if (wanted) {
@@ -92,13 +92,13 @@ class ChangeMaker {
     return true;
   }
 
-  bool IsMade(const FileChange& change) { return Read(Find(change)) == change.After; }
+  bool IsMade(const FileChange& change) { return ReadIfThere(m_disk, Find(change)) == change.After; }
 
   // False when a file that is to be made is there already, with a content that is not of these changes. What would be
   // replaced or deleted in exchange may then be the only copy.
   bool CanMakeAll() {
     return std::all_of(m_changes.Files.begin(), m_changes.Files.end(), [&](const FileChange& change) {
-      return change.Before || !change.After || IsKnown(change, Read(Find(change)));
+      return change.Before || !change.After || IsKnown(change, ReadIfThere(m_disk, Find(change)));
     });
   }
 
@@ -110,19 +110,12 @@ class ChangeMaker {
     });
   }
 
-  // Looking up a file that is missing lists its directory, which may hold thousands of subjects. Changes that were just
-  // planned make a file only where there is none, however it is spelt.
+  // Subject files are planned as they are spelt on the disk. Another spelling may be another subject; and looking up a
+  // file that is missing lists its directory, which may hold thousands.
   ResolvedPath Find(const FileChange& change) {
     const std::string path = PathOf(change, m_project);
-    if (!m_isJustPlanned || change.Before) return m_disk.Resolve(path, FileOperation::Read);
+    if (!IsSubjectFileBelow(change.Name)) return m_disk.Resolve(path, FileOperation::Read);
     return Below(m_disk.Resolve(DirectoryOfPath(path), FileOperation::Read), LastPathComponent(path));
-  }
-
-  Content Read(const ResolvedPath& file) {
-    if (m_disk.Kind(file, FileOperation::Read) == EntryKind::Missing) return std::nullopt;
-    Content content(std::in_place);
-    m_disk.Read(file, *content);
-    return content;
   }
 
   void Write(const FileChange& change, const ResolvedPath& file, const std::string& content) {
@@ -138,7 +131,6 @@ class ChangeMaker {
   const FileChanges& m_changes;
   const ProjectParameters& m_project;
   Disk& m_disk;
-  bool m_isJustPlanned;
 };
 
 void DeleteJournal(Disk& disk, const ProjectParameters& project) {
@@ -147,7 +139,7 @@ void DeleteJournal(Disk& disk, const ProjectParameters& project) {
 
 // Silent, since the fault that led here was reported.
 void Undo(const FileChanges& changes, std::size_t made, const ProjectParameters& project, const Platform& platform) {
-  ChangeMaker maker(changes, project, platform.Files, true);
+  ChangeMaker maker(changes, project, platform.Files);
   try {
     for (std::size_t i = made; i > 0; --i) maker.Bring(changes.Files[i - 1], changes.Files[i - 1].Before);
     DeleteJournal(platform.Files, project);
@@ -204,7 +196,7 @@ bool MakeChanges(const FileChanges& changes, const ProjectParameters& project, c
     Undo(changes, 0, project, platform);
     return false;
   }
-  ChangeMaker maker(changes, project, disk, true);
+  ChangeMaker maker(changes, project, disk);
   for (std::size_t made = 0; made < changes.Files.size(); ++made) {
     const FileChange& change = changes.Files[made];
     bool isKnown = true;
@@ -239,7 +231,7 @@ bool FinishInterruptedChanges(const ProjectParameters& project, const Platform& 
           FileOperation::Read, path, FileCause::EndOfData,
           "It should hold an interrupted change of subjects.  The project is not opened until it is deleted.");
     }
-    ChangeMaker maker(*changes, project, disk, false);
+    ChangeMaker maker(*changes, project, disk);
     const bool mayReplace = maker.CanMakeAll();
     for (const FileChange& change : changes->Files) {
       if (maker.IsMade(change)) continue;

@@ -136,12 +136,13 @@ std::string PlaceDirectory(std::string_view directory, SubjectPlace place) {
   return PathBelow(directory, PlaceName(place));
 }
 
-std::string FirstEntriesBelow(std::string_view subjectDirectory) {
-  return PathBelow(subjectDirectory, PlaceName(SubjectPlace::First).substr(kSubjects.size() + 1));
+std::string PlaceBelow(std::string_view subjectDirectory, SubjectPlace place) {
+  const std::string names = PlaceName(place);
+  return PathBelow(subjectDirectory, std::string_view(names).substr(std::min(kSubjects.size() + 1, names.size())));
 }
 
-std::string RemovedDirectory(std::string_view directory, SubjectPlace place) {
-  return PathBelow(directory, RemovedPlaceName(place));
+std::string RemovedDirectory(std::string_view directory) {
+  return PathBelow(directory, RemovedPlaceName(SubjectPlace::Complete));
 }
 
 std::string CurrentPrefix(std::string_view abbreviation) { return Joined(abbreviation, kSubjectMark, ""); }

@@ -75,9 +75,10 @@ std::string PathBelow(std::string_view directory, std::string_view names);
 SubjectPlace CompletePlace(WhichEntry entry) noexcept;
 SubjectPlace UnfinishedPlace(WhichEntry entry) noexcept;
 std::string PlaceDirectory(std::string_view directory, SubjectPlace place);
-/// The place First below a directory of subject files, of this project's or another one's data.
-std::string FirstEntriesBelow(std::string_view subjectDirectory);
-std::string RemovedDirectory(std::string_view directory, SubjectPlace place);
+/// A place below a directory of subject files: of this project's, another one's data, or of removed subjects.
+std::string PlaceBelow(std::string_view subjectDirectory, SubjectPlace place);
+/// The directory of removed subjects in a primary or backup directory.
+std::string RemovedDirectory(std::string_view directory);
 
 /// The name of a subject's file: abbreviation + " Sub#" + identifier + ".dat" when the project's marker begins with
 /// "VB", else without " Sub#".

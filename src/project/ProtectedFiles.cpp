@@ -42,7 +42,7 @@ std::vector<ResolvedPath> SubjectDirectories(const ProjectParameters& project, D
     if (IsNoDirectory(directory)) continue;
     for (const SubjectPlace place : kSubjectPlaces) {
       AddDirectory(PlaceDirectory(directory, place), disk, directories);
-      AddDirectory(RemovedDirectory(directory, place), disk, directories);
+      AddDirectory(PlaceBelow(RemovedDirectory(directory), place), disk, directories);
     }
   }
   return directories;

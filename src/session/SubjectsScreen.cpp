@@ -145,16 +145,19 @@ const SubjectRow* SubjectsScreen::ToOpen() const {
   switch (rows.front()->State) {
     case SubjectState::Removed:
     case SubjectState::Foreign:
-    case SubjectState::SecondAlone: return nullptr;
+    case SubjectState::SecondAlone:
+    case SubjectState::FirstAlone:
+    case SubjectState::EntriesAlone: return nullptr;
     default: return rows.front();
   }
 }
 
 const SubjectRow* SubjectsScreen::ToCompare() const {
-  const SubjectRow* const row = ToOpen();
-  const bool isOpen =
-      row != nullptr && (row->Second.Is == SecondEntry::State::Differs || row->Second.Is == SecondEntry::State::Agrees);
-  return isOpen ? row : nullptr;
+  const auto rows = Chosen();
+  if (rows.size() != 1 || rows.front()->State == SubjectState::Removed) return nullptr;
+  const SecondEntry::State second = rows.front()->Second.Is;
+  const bool isOpen = second == SecondEntry::State::Differs || second == SecondEntry::State::Agrees;
+  return isOpen ? rows.front() : nullptr;
 }
 
 bool SubjectsScreen::MayChangeLevels() const {

@@ -21,28 +21,27 @@ struct Replaced {
   bool WasKnown = false;  // it has changed since
 };
 
-Replaced FindReplaced(Disk& disk, const std::string& path, const std::string& content,
+Replaced FindReplaced(Disk& disk, const ProjectParameters& project, const SubjectCopy& copy, const std::string& content,
                       const std::vector<KnownFile>& known) {
-  const ResolvedPath file = disk.Resolve(path, FileOperation::Write);
+  const ResolvedPath file = TargetOf(disk, project, copy);
   Replaced replaced{.Name = NameOf(file), .Content = {}};
   if (disk.Kind(file, FileOperation::Write) != EntryKind::File) return replaced;
   disk.Read(file, replaced.Content);
   const auto isSeen = [&](const KnownFile& seen) { return seen.Content == replaced.Content; };
   if (replaced.Content == content || std::any_of(known.begin(), known.end(), isSeen)) return {};
   replaced.WasKnown =
-      std::any_of(known.begin(), known.end(), [&](const KnownFile& seen) { return disk.IsSame(seen.Path, path); });
+      std::any_of(known.begin(), known.end(), [&](const KnownFile& seen) { return disk.IsSame(seen.Path, copy.Path); });
   return replaced;
 }
 
 // All questions come before the first file is written, so that No leaves everything as it is. Also false when a file
 // cannot be read and the user cancels.
-bool MayReplace(const std::vector<SubjectCopy>& copies, const std::string& content, std::vector<KnownFile> known,
-                const Platform& platform) {
+bool MayReplace(const ProjectParameters& project, const std::vector<SubjectCopy>& copies, const std::string& content,
+                std::vector<KnownFile> known, const Platform& platform) {
   for (const SubjectCopy& copy : copies) {
     Replaced replaced;
-    if (!WithRetry(platform.Boxes, [&] { replaced = FindReplaced(platform.Files, copy.Path, content, known); })) {
-      return false;
-    }
+    const auto find = [&] { replaced = FindReplaced(platform.Files, project, copy, content, known); };
+    if (!WithRetry(platform.Boxes, find)) return false;
     if (replaced.Content.empty()) continue;
     const BoxAnswer answer = platform.Boxes.Show(
         {.Text = replaced.WasKnown
@@ -75,7 +74,7 @@ SaveOutcome SaveSubject(SubjectRecord& record, const ProjectParameters& project,
   {
     const BusyPointer busy(platform.Pointer);
     const std::string content = FormatSubject(record, project);
-    if (!MayReplace(CopiesOf(record, project), content, record.KnownFiles, platform)) return outcome;
+    if (!MayReplace(project, CopiesOf(record, project), content, record.KnownFiles, platform)) return outcome;
     SubjectStore store(project, platform.Files);
     const bool isStored = store.Save(record, platform.Boxes);
     outcome.UnfinishedEmptied = store.HasEmptiedUnfinished();

@@ -9,6 +9,8 @@
 #include "project/ProjectLayout.h"
 #include "subjects/SubjectFile.h"
 #include "subjects/SubjectFiles.h"
+#include "subjects/SubjectListing.h"
+#include "subjects/SubjectStore.h"
 #include "text/Encoding.h"
 #include "text/LeadingNumber.h"
 #include "text/TypedText.h"
@@ -165,11 +167,15 @@ std::string SubjectIdentification::Directory() const {
 // A second entry needs a first one. nullopt when a new one is to be made, and for other purposes.
 std::optional<SubjectIdentification::Outcome> SubjectIdentification::BeginSecondEntry() {
   if (m_purpose != Purpose::SecondEntry || m_step != 1) return std::nullopt;
-  const std::string directory = PlaceDirectory(m_project->PrimaryDir, SubjectPlace::SecondUnfinished);
+  Disk& disk = m_platform.Files;
   std::string complete, begun;
   const bool isListed = WithRetry(m_platform.Boxes, [&] {
+    begun.clear();
     complete = ListedName(SubjectDirectory(m_project->PrimaryDir));
-    begun = ListedName(directory);
+    if (complete.empty()) return;
+    const ResolvedPath file = FindSubjectFile(disk, *m_project, m_project->PrimaryDir, SubjectPlace::SecondUnfinished,
+                                              complete, FileOperation::Read);
+    if (disk.Kind(file, FileOperation::Read) == EntryKind::File) begun = file.Shown;
   });
   if (!isListed) return StayInBox();
   if (complete.empty()) {
@@ -179,27 +185,35 @@ std::optional<SubjectIdentification::Outcome> SubjectIdentification::BeginSecond
   if (!identifier.empty()) m_subjectText = identifier;
   if (begun.empty()) return std::nullopt;
   bool endedEarly = false;
-  return Load(JoinPath(directory, begun), m_subjectText, endedEarly);
+  return Load(begun, m_subjectText, endedEarly);
 }
 
-// Also false when the search fails and the user cancels. Notes the accepted file in `record`.
+// Also false when the search fails and the user cancels. Notes the accepted file in `record`. The first entry of a
+// settled subject may be there without its data; to enter it anew deletes it, to complete it may be a correction.
 bool SubjectIdentification::MayReplaceComplete(const std::string& subjectId, SubjectRecord& record) {
-  const std::string path = JoinPath(PlaceDirectory(m_project->PrimaryDir, CompletePlace(record.Which)),
-                                    ExpectedPrefix(*m_project).append(subjectId).append(kDataFileEnd));
-  bool exists = false;
-  std::string content;
+  Disk& disk = m_platform.Files;
+  const std::string file = ExpectedPrefix(*m_project).append(subjectId).append(kDataFileEnd);
+  const SubjectPlace place = CompletePlace(record.Which);
+  const std::string directory = PlaceDirectory(m_project->PrimaryDir, place);
+  const std::string path = JoinPath(directory, file);
+  bool hasFirst = false;
+  std::optional<std::string> content;
   const bool isKnown = WithRetry(m_platform.Boxes, [&] {
-    RequireDirectory(m_platform.Files, m_project->PrimaryDir, FileOperation::List);
-    exists = m_platform.Files.FileExists(path);
-    if (exists) m_platform.Files.Read(path, content);
+    RequireDirectory(disk, m_project->PrimaryDir, FileOperation::List);
+    content = ReadIfThere(disk, TargetOf(disk, *m_project, {m_project->PrimaryDir, directory, path, place}));
+    if (content || record.Which == WhichEntry::Second) return;
+    const ResolvedPath first =
+        FindSubjectFile(disk, *m_project, m_project->PrimaryDir, SubjectPlace::First, file, FileOperation::Read);
+    hasFirst = disk.Kind(first, FileOperation::Read) == EntryKind::File;
   });
   if (!isKnown) return false;
-  if (!exists) return true;
+  record.IsCorrection = hasFirst && m_purpose != Purpose::NewSubject;
+  if (!content && (!hasFirst || record.IsCorrection)) return true;
   if (Confirm(m_platform.Boxes,
               {.Text = "Subject ID '" + subjectId +
                        "' already exists!  When this subject is saved it will delete the old data.  Are you "
                        "sure you want to do this?"})) {
-    NoteKnownFile(record, path, content);
+    if (content) NoteKnownFile(record, path, *content);
     return true;
   }
   GoTo(1);
@@ -226,7 +240,8 @@ SubjectIdentification::Outcome SubjectIdentification::Load(const std::string& pa
   if (!isRead) return StayInBox();
   m_record = std::move(loaded);
   m_record.SubjectId = subjectId;
-  m_record.IsCorrection = m_purpose == Purpose::OldData || replacesComplete;  // perhaps a correction that was paused
+  // Perhaps a correction that was paused.
+  m_record.IsCorrection = m_purpose == Purpose::OldData || replacesComplete || m_record.IsCorrection;
   return Outcome::OpenEntry;
 }
 

@@ -8,6 +8,7 @@
 #include "platform/desktop/FileErrorBoxes.h"
 #include "project/ProjectLayout.h"
 #include "subjects/SubjectFile.h"
+#include "subjects/SubjectListing.h"
 #include "text/Encoding.h"
 
 namespace zova {
@@ -18,6 +19,8 @@ namespace {
 void EnsureDirectory(Disk& disk, const std::string& directory) {
   if (!disk.DirectoryExists(directory)) disk.CreateDirectory(directory);
 }
+
+bool IsOfSecond(SubjectPlace place) { return place == SubjectPlace::Second || place == SubjectPlace::SecondUnfinished; }
 
 // Case-sensitive on every file system: "a1" and "A1" are two subjects.
 void DeleteExactly(Disk& disk, const ProjectParameters& project, const std::string& directory,
@@ -39,10 +42,15 @@ std::vector<SubjectCopy> CopiesOf(const SubjectRecord& record, const ProjectPara
     const SubjectPlace place =
         record.UnfinishedNote.empty() ? CompletePlace(record.Which) : UnfinishedPlace(record.Which);
     const std::string directory = PlaceDirectory(destination, place);
-    copies.push_back(
-        {destination, directory, JoinPath(directory, SubjectFileName(project, record.SubjectId)), record.Which});
+    copies.push_back({destination, directory, JoinPath(directory, SubjectFileName(project, record.SubjectId)), place});
   }
   return copies;
+}
+
+ResolvedPath TargetOf(Disk& disk, const ProjectParameters& project, const SubjectCopy& copy) {
+  if (!IsOfSecond(copy.Place)) return disk.Resolve(copy.Path, FileOperation::Write);
+  const std::string name(LastPathComponent(copy.Path));
+  return FindSubjectFile(disk, project, copy.Destination, copy.Place, name, FileOperation::Write);
 }
 
 SubjectStore::OpenDirectory& SubjectStore::Open(const SubjectCopy& copy) {
@@ -51,7 +59,7 @@ SubjectStore::OpenDirectory& SubjectStore::Open(const SubjectCopy& copy) {
   if (known != m_directories.end()) return *known;
   RequireDirectory(m_disk, copy.Destination, FileOperation::Write, copy.Path);
   EnsureDirectory(m_disk, SubjectDirectory(copy.Destination));
-  if (copy.Which == WhichEntry::Second) EnsureDirectory(m_disk, PlaceDirectory(copy.Destination, SubjectPlace::Second));
+  if (IsOfSecond(copy.Place)) EnsureDirectory(m_disk, PlaceDirectory(copy.Destination, SubjectPlace::Second));
   EnsureDirectory(m_disk, copy.Directory);
   m_disk.RemoveLeftovers(copy.Directory);
   OpenDirectory directory{copy.Directory, m_disk.Resolve(copy.Directory, FileOperation::Write), {}};
@@ -64,7 +72,7 @@ void SubjectStore::Write(const SubjectCopy& copy, const std::string& content) {
   OpenDirectory& directory = Open(copy);
   const std::string name(LastPathComponent(copy.Path));
   const bool isThere = directory.Names.contains(UpperCase(name));
-  const ResolvedPath path = isThere ? m_disk.Resolve(copy.Path, FileOperation::Write) : Below(directory.Resolved, name);
+  const ResolvedPath path = isThere ? TargetOf(m_disk, m_project, copy) : Below(directory.Resolved, name);
   m_disk.WriteOneOfMany({copy.Path, path.Native}, content, m_durability);
 }
 
@@ -101,27 +109,28 @@ bool SubjectStore::RemoveUnfinishedCopies(const SubjectRecord& record, MessageBo
 // The primary directory comes last, since it shows what is left to do.
 bool SubjectStore::RemoveSettlement(const SubjectRecord& record, SubjectPlace place, MessageBoxes& boxes) {
   const auto list = [&] {
-    const auto names = ListSubjectFiles(m_disk, m_project, PlaceDirectory(m_project.PrimaryDir, SubjectPlace::First));
-    m_settled.emplace(names.begin(), names.end());
+    m_settled.emplace();
+    for (const std::string& name :
+         ListSubjectFiles(m_disk, m_project, PlaceDirectory(m_project.PrimaryDir, SubjectPlace::First))) {
+      m_settled->insert(UpperCase(name));
+    }
   };
   if (!m_settled && !WithRetry(boxes, list)) return false;
-  if (m_settled->empty()) return true;
-  std::string fileName;  // as it is spelt on the disk, where the save finds it, too
-  const auto findName = [&] {
-    SubjectRecord complete = record;
-    complete.UnfinishedNote.clear();
-    const std::string path = CopiesOf(complete, m_project).front().Path;
-    fileName = NameOf(m_disk.Resolve(path, FileOperation::Write));
-  };
-  if (!WithRetry(boxes, findName)) return false;
-  if (!m_settled->contains(fileName)) return true;
+  const std::string fileName = SubjectFileName(m_project, record.SubjectId);
+  if (!m_settled->contains(UpperCase(fileName))) return true;
   if (!FlushNames(boxes)) return false;
   for (const std::string& destination : {m_project.BackupDir, m_project.PrimaryDir}) {
     if (IsNoDirectory(destination)) continue;
-    const std::string directory = PlaceDirectory(destination, place);
-    if (!WithRetry(boxes, [&] { DeleteExactly(m_disk, m_project, directory, fileName); })) return false;
+    const auto remove = [&] {
+      const std::string path = JoinPath(SubjectDirectory(m_project.PrimaryDir), fileName);
+      const std::string subject = NameOf(m_disk.Resolve(path, FileOperation::Delete));  // as the save finds it, too
+      const ResolvedPath file = FindSubjectFile(m_disk, m_project, destination, place, subject, FileOperation::Delete);
+      if (m_disk.Kind(file, FileOperation::Delete) == EntryKind::File) {
+        m_disk.Delete(JoinPath(PlaceDirectory(destination, place), NameOf(file)));
+      }
+    };
+    if (!WithRetry(boxes, remove)) return false;
   }
-  if (place == SubjectPlace::First) m_settled->erase(fileName);
   return true;
 }
 

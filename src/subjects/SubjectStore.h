@@ -2,7 +2,6 @@
 #pragma once
 
 #include <optional>
-#include <set>
 #include <string>
 #include <unordered_set>
 #include <vector>
@@ -16,13 +15,17 @@ namespace zova {
 /// One of the two files of a save.
 struct SubjectCopy {
   std::string Destination;  ///< the primary or the backup directory
-  std::string Directory;    ///< below it: Sdata, or Unfinished for a record with a note
+  std::string Directory;    ///< below it, the one of the place
   std::string Path;
-  WhichEntry Which = WhichEntry::First;
+  SubjectPlace Place = SubjectPlace::Complete;
 };
 
 /// The primary directory's copy, then the backup directory's if there is one.
 std::vector<SubjectCopy> CopiesOf(const SubjectRecord& record, const ProjectParameters& project);
+
+/// The file that a copy replaces, or where a new one is made. A first entry replaces one whose name differs in case
+/// alone, a second one only its own subject's (SubjectListing). Throws FileError.
+ResolvedPath TargetOf(Disk& disk, const ProjectParameters& project, const SubjectCopy& copy);
 
 /// The save of subjects, which asks nothing but Retry: both copies are written, each atomically; then a completed
 /// subject's unfinished copies are deleted, and what it was settled from when it was entered anew. Directories are
@@ -58,9 +61,9 @@ class SubjectStore {
   const ProjectParameters& m_project;
   Disk& m_disk;
   Disk::Durability m_durability;
-  std::vector<OpenDirectory> m_directories;              // that were written to
-  std::optional<std::vector<std::string>> m_unfinished;  // in the primary directory
-  std::optional<std::set<std::string>> m_settled;        // the first entries of settled subjects, likewise
+  std::vector<OpenDirectory> m_directories;                  // that were written to
+  std::optional<std::vector<std::string>> m_unfinished;      // in the primary directory
+  std::optional<std::unordered_set<std::string>> m_settled;  // the first entries of settled subjects, upper-cased
   bool m_hasEmptied = false;
 };
 

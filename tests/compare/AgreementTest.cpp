@@ -61,6 +61,13 @@ TEST(AgreementReport, CountsTheEntriesAsTyped) {
   }
   EXPECT_LT(text.find("\nsubject,s,"), text.find("\nsubject,a,")) << "who differs most stands first";
   EXPECT_NE(text.find(s), std::string::npos) << text;
+  study.OfFiles.Delete("C:\\Data\\Sdata\\AB Sub#s.dat");
+  AgreementReport withoutData(study.Project);
+  ReadSecondEntries(study.Project, study.OfFiles, bar,
+                    [&](std::string_view id, const SubjectRecord& first, const SubjectRecord& second) {
+                      withoutData.Add(id, first, second);
+                    });
+  EXPECT_EQ(withoutData.CsvText(), text) << "both entries of \"s\" are there";
   study.Files.Put("D:\\Other\\AB Sub#a.dat", study.Subject("1/1", 1));
   study.Files.Put("D:\\Other\\AB Sub#b.dat", "");
   study.Files.Put("D:\\Other\\ab sub#ALONE.dat", "");

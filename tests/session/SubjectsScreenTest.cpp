@@ -267,6 +267,14 @@ TEST(FileChanges, AnOldJournalOverwritesNothing) {
        .Details = "'C:\\Data\\Sdata\\a'\n"});
   EXPECT_TRUE(FinishInterruptedChanges(Project(), fakes.With(scratch.Files)));
   EXPECT_EQ(FilesOf(scratch), (Tree{{"C/Data/Sdata/a", "new"}, {"C/Data/c", "c\r\n"}}));
+  if (!kIsWindows) {  // another subject's file is not the one that is to be made
+    scratch.Put("C:\\Data\\Sdata\\AB Sub#A.dat", "A");
+    scratch.Put("C:\\Data\\.zova-AB.journal",
+                FormatJournal({"", {{false, "Sdata/AB Sub#a.dat", {}, "a"}, {false, "Sdata/a", "new", {}}}}));
+    EXPECT_TRUE(FinishInterruptedChanges(Project(), fakes.With(scratch.Files)));
+    EXPECT_EQ(FilesOf(scratch),
+              (Tree{{"C/Data/Sdata/AB Sub#A.dat", "A"}, {"C/Data/Sdata/AB Sub#a.dat", "a"}, {"C/Data/c", "c\r\n"}}));
+  }
   for (const char* name : {"../x", "Sdata/../../x", "C:/x", "/x", "..\\x", ""}) {
     EXPECT_FALSE(ParseJournal(FormatJournal({"", {{false, name, {}, "x"}}}))) << name;
   }
@@ -289,6 +297,9 @@ TEST(SubjectsScreen, FiltersAndSortsByEveryColumn) {
   put("Second\\AB Sub#a.dat", "\"Subject#\"");
   put("Second\\AB Sub#g.dat", Bytes("g", "1/1 |"));
   put("Second\\ABC Sub#e.dat", Bytes("e", "1/1 |"));
+  put("Second\\Unfinished\\AB Sub#h.dat", Bytes("h", "1/1 |"));
+  put("Second\\First\\AB Sub#i.dat", Bytes("i", "1/1 |"));
+  put("Second\\AB Sub#I.DAT", Bytes("i", "1/1 2/2 |"));
   scratch.MakeDirectory("D:\\B");
   scratch.Put("C:\\Data\\AB Second Sample.csv", "subject,percent,seed\r\nB,20,7\r\n");
   YesBoxes boxes(BoxAnswer::Cancel);
@@ -300,9 +311,14 @@ TEST(SubjectsScreen, FiltersAndSortsByEveryColumn) {
   const std::string e = "ABC Sub#e|another project's|||||none\n";
   const std::string f = "f|unfinished|oldest|1|0||none\n";
   const std::string g = "g|second entry alone|||||no first entry\n";
-  const std::pair<const char*, std::string> filters[] = {{"", a + e + b + c + d + f + g}, {"OLD", a + f},
-                                                         {"age: old; state: com", a},     {"test 2: 1", a + c},
-                                                         {"identifier:b", e + b},         {"nothing", ""}};
+  const std::string h = "h|second entry alone|||||unfinished, no first entry\n";
+  const std::string i = "I|both entries alone|||||1 difference\n";
+  const std::pair<const char*, std::string> filters[] = {{"", a + e + b + c + d + f + g + h + i},
+                                                         {"OLD", a + f},
+                                                         {"age: old; state: com", a},
+                                                         {"test 2: 1", a + c},
+                                                         {"identifier:b", e + b},
+                                                         {"nothing", ""}};
   for (const auto& [filter, rows] : filters) {
     desk.Screen.SetFilter(filter);
     EXPECT_EQ(RowsOf(desk.Screen), rows) << filter;
@@ -311,22 +327,43 @@ TEST(SubjectsScreen, FiltersAndSortsByEveryColumn) {
   for (const auto& [typed, line] : {std::pair("AB", 1), {"b", 2}, {"A", 0}}) {
     EXPECT_EQ(desk.Screen.Table().LineOfId(typed), static_cast<std::size_t>(line)) << typed;
   }
-  EXPECT_FALSE(desk.Screen.Table().LineOfId("h"));
-  const std::pair<std::size_t, std::string> orders[] = {{0, g + f + d + c + b + e + a},
-                                                        {4, d + e + g + f + c + b + a},
-                                                        {4, a + b + c + f + d + e + g},
-                                                        {5, e + f + g + a + d + b + c}};
+  EXPECT_FALSE(desk.Screen.Table().LineOfId("j"));
+  const std::pair<std::size_t, std::string> orders[] = {{0, i + h + g + f + d + c + b + e + a},
+                                                        {4, d + e + g + i + h + f + c + b + a},
+                                                        {4, a + b + c + f + d + e + g + i + h},
+                                                        {5, e + f + g + i + h + a + d + b + c}};
   for (const auto& [column, rows] : orders) {
     desk.Screen.SortBy(column);
     EXPECT_EQ(RowsOf(desk.Screen), rows) << column;
   }
-  EXPECT_EQ(desk.Screen.StatusLine(), "7 subjects");
+  EXPECT_EQ(desk.Screen.StatusLine(), "9 subjects");
   scratch.Put("C:\\Data\\AB Second Sample.csv", "subject,seed\r\n");
   const int before = desk.Screen.Revision();
   desk.Screen.Open(desk.Of);
   EXPECT_NE(desk.Screen.Revision(), before) << "the lines are gone until they are read";
   desk.Screen.Read(), desk.Screen.Read();
   EXPECT_EQ(boxes.Texts.size(), 1U) << "a sample that cannot be read is told of once";
+}
+
+// Whatever is left of a subject can be renamed, removed and brought back.
+TEST(SubjectsScreen, LosesNoEntryThatIsLeftAlone) {
+  for (const std::string place : {"Second\\", "Second\\Unfinished\\", "Second\\First\\"}) {
+    Scratch scratch;
+    scratch.MakeDirectory("D:\\B");
+    scratch.Put("C:\\Data\\Sdata\\" + place + "AB Sub#a.dat", Bytes("a", "1/1 |"));
+    YesBoxes boxes(BoxAnswer::Cancel);
+    Desk desk(scratch, boxes);
+    ASSERT_EQ(desk.Screen.Table().RowCount(), 1U) << place;
+    EXPECT_EQ(desk.Screen.ToOpen(), nullptr) << place;
+    EXPECT_FALSE(desk.Screen.MayChangeLevels()) << place;
+    desk.Rename("b");
+    desk.Screen.Remove();
+    EXPECT_EQ(scratch.Get("C:\\Data\\Sdata\\Removed\\" + place + "AB Sub#b.dat"), Bytes("b", "1/1 |"));
+    ASSERT_EQ(desk.Screen.Table().RowCount(), 1U) << place;
+    EXPECT_EQ(desk.Screen.Table().Text(0, 1), "removed") << place;
+    desk.Screen.BringBack();
+    EXPECT_EQ(scratch.Get("C:\\Data\\Sdata\\" + place + "AB Sub#b.dat"), Bytes("b", "1/1 |"));
+  }
 }
 
 TEST(SubjectsScreen, ChoosesASampleAndSavesTheAgreement) {

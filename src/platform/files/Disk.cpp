@@ -331,6 +331,13 @@ std::vector<std::string> Disk::ListDirectories(std::string_view directory) {
   });
 }
 
+std::optional<std::string> ReadIfThere(Disk& disk, const ResolvedPath& path) {
+  if (disk.Kind(path, FileOperation::Read) == EntryKind::Missing) return std::nullopt;
+  std::optional<std::string> content(std::in_place);
+  disk.Read(path, *content);
+  return content;
+}
+
 void RequireDirectory(Disk& disk, std::string_view directory, FileOperation operation, std::string_view path) {
   if (disk.DirectoryExists(directory)) return;
   throw FileError(operation, std::string(path.empty() ? directory : path), FileCause::PathNotFound);

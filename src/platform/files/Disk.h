@@ -125,6 +125,9 @@ class Disk {
   DriveMap m_drives;
 };
 
+/// The whole file; nullopt when it is missing.
+std::optional<std::string> ReadIfThere(Disk& disk, const ResolvedPath& path);
+
 /// Throws FileError (PathNotFound) for a directory that is missing: its disk may be absent, so it does not count as
 /// empty. The error names `path`, or the directory when that is empty.
 void RequireDirectory(Disk& disk, std::string_view directory, FileOperation operation, std::string_view path = {});

@@ -117,14 +117,9 @@ std::string AddCompanions(FileChanges& changes, const SubjectPlaces& places, con
 
 }  // namespace
 
-void SubjectPlaces::TakeOver(ListedPlaces listed, std::array<ResolvedPath, kSubjectPlaces.size()>& directories,
-                             Names& names) {
-  for (std::size_t at = 0; at < listed.size(); ++at) {
-    directories[at] = std::move(listed[at].Directory);
-    for (std::string& name : listed[at].Names) {
-      std::string key = UpperCase(name);
-      names.emplace(std::move(key), std::move(name));
-    }
+void SubjectPlaces::AddNames(const SubjectListing& listing, Names& names) {
+  for (const SubjectPlace place : kSubjectPlaces) {
+    for (const std::string& name : listing.Names(place)) names.emplace(UpperCase(name), name);
   }
 }
 
@@ -134,25 +129,29 @@ SubjectPlaces::SubjectPlaces(const ProjectParameters& project, Disk& disk)
     const std::string& directory = root == 0 ? project.PrimaryDir : project.BackupDir;
     RequireDirectory(disk, directory, FileOperation::List);
     const auto in = static_cast<std::size_t>(root);
-    TakeOver(ListSubjectPlaces(disk, project, directory, false), m_present[in], m_presentNames);
-    TakeOver(ListSubjectPlaces(disk, project, directory, true), m_removed[in], m_removedNames);
+    // Those of the primary directory, which is listed first.
+    m_present[in] = SubjectListing(disk, project, SubjectDirectory(directory), m_present[0].Subjects());
+    m_removed[in] = SubjectListing(disk, project, RemovedDirectory(directory), m_removed[0].Subjects());
+    AddNames(m_present[in], m_presentNames);
+    AddNames(m_removed[in], m_removedNames);
   }
 }
 
-std::optional<std::string> SubjectPlaces::ReadIn(const ResolvedPath& directory, std::string_view file) const {
-  const ResolvedPath path = Below(directory, file);
-  if (m_disk.Kind(path, FileOperation::Read) == EntryKind::Missing) return std::nullopt;
-  std::string bytes;
-  m_disk.Read(path, bytes);
-  return bytes;
+std::optional<SubjectPlaces::File> SubjectPlaces::ReadIn(const SubjectListing& listing, SubjectPlace place,
+                                                         const std::string& subject) const {
+  auto bytes = ReadIfThere(m_disk, listing.File(place, subject));
+  if (!bytes) return std::nullopt;
+  return File{listing.Name(place, subject), *std::move(bytes)};
 }
 
-std::optional<std::string> SubjectPlaces::Read(bool inBackup, SubjectPlace place, std::string_view file) const {
-  return ReadIn(m_present[inBackup ? 1 : 0][static_cast<std::size_t>(place)], file);
+std::optional<SubjectPlaces::File> SubjectPlaces::Read(bool inBackup, SubjectPlace place,
+                                                       const std::string& subject) const {
+  return ReadIn(m_present[inBackup ? 1 : 0], place, subject);
 }
 
-std::optional<std::string> SubjectPlaces::ReadRemoved(bool inBackup, SubjectPlace place, std::string_view file) const {
-  return ReadIn(m_removed[inBackup ? 1 : 0][static_cast<std::size_t>(place)], file);
+std::optional<SubjectPlaces::File> SubjectPlaces::ReadRemoved(bool inBackup, SubjectPlace place,
+                                                              const std::string& subject) const {
+  return ReadIn(m_removed[inBackup ? 1 : 0], place, subject);
 }
 
 bool SubjectPlaces::HasAny(std::string_view file, std::string_view except) const {
@@ -185,19 +184,18 @@ ChangePlan PlanLevels(const SubjectPlaces& places, const SubjectRow& row, const 
     if (!primary) continue;
     for (int root = 0; root < places.RootCount(); ++root) {
       // A copy that is missing is made, as by a save.
-      auto before = root == 0 ? primary : places.Read(true, place, row.File);
-      auto after = WithLevels(before.value_or(*primary), places.Project(), levels);
+      const auto before = root == 0 ? primary : places.Read(true, place, row.File);
+      auto after = WithLevels(before.value_or(*primary).Bytes, places.Project(), levels);
       if (!after) {
         plan.Refusal = "The data of subject '" + row.Id +
                        "' are not laid out like a subject file.  Please open the subject and save it first.";
         return plan;
       }
-      if (before != after) {
-        plan.Changes.Files.push_back({.InBackup = root > 0,
-                                      .Name = PlaceName(place, row.File),
-                                      .Before = std::move(before),
-                                      .After = std::move(after)});
-      }
+      if (before && before->Bytes == *after) continue;
+      plan.Changes.Files.push_back({.InBackup = root > 0,
+                                    .Name = PlaceName(place, before.value_or(*primary).Name),
+                                    .Before = before ? std::optional(before->Bytes) : std::nullopt,
+                                    .After = std::move(after)});
     }
   }
   return plan;
@@ -216,10 +214,10 @@ ChangePlan PlanRename(const SubjectPlaces& places, const SubjectRow& row, const 
   }
   for (int root = 0; root < places.RootCount(); ++root) {
     for (const SubjectPlace place : kSubjectPlaces) {
-      auto content = places.Read(root > 0, place, row.File);
-      if (!content) continue;
-      std::string renamed = WithIdentifier(*content, newId);
-      AddMove(plan.Changes, root > 0, PlaceName(place, row.File), PlaceName(place, newFile), std::move(*content),
+      auto file = places.Read(root > 0, place, row.File);
+      if (!file) continue;
+      std::string renamed = WithIdentifier(file->Bytes, newId);
+      AddMove(plan.Changes, root > 0, PlaceName(place, file->Name), PlaceName(place, newFile), std::move(file->Bytes),
               std::move(renamed));
     }
   }
@@ -238,7 +236,8 @@ ChangePlan PlanRemoval(const SubjectPlaces& places, const SubjectRow& row) {
     for (const SubjectPlace place : kSubjectPlaces) {
       const auto content = places.Read(root > 0, place, row.File);
       if (!content) continue;
-      AddMove(plan.Changes, root > 0, PlaceName(place, row.File), RemovedPlaceName(place, file), *content, *content);
+      AddMove(plan.Changes, root > 0, PlaceName(place, content->Name), RemovedPlaceName(place, file), content->Bytes,
+              content->Bytes);
     }
   }
   return plan;
@@ -255,7 +254,8 @@ ChangePlan PlanReturn(const SubjectPlaces& places, const SubjectRow& row) {
     for (const SubjectPlace place : kSubjectPlaces) {
       const auto content = places.ReadRemoved(root > 0, place, row.File);
       if (!content) continue;
-      AddMove(plan.Changes, root > 0, RemovedPlaceName(place, row.File), PlaceName(place, file), *content, *content);
+      AddMove(plan.Changes, root > 0, RemovedPlaceName(place, content->Name), PlaceName(place, file), content->Bytes,
+              content->Bytes);
     }
   }
   return plan;

@@ -12,7 +12,7 @@
 
 #include "project/FileChanges.h"
 #include "project/ProjectLayout.h"
-#include "subjects/table/SubjectPlacesListing.h"
+#include "subjects/SubjectListing.h"
 #include "subjects/table/SubjectRow.h"
 
 namespace zova {
@@ -30,9 +30,13 @@ class SubjectPlaces {
 
   /// The backup directory after the primary one, if there is one.
   [[nodiscard]] int RootCount() const noexcept { return m_rootCount; }
-  /// The content of a subject's file; nullopt when there is none of exactly this name.
-  [[nodiscard]] std::optional<std::string> Read(bool inBackup, SubjectPlace place, std::string_view file) const;
-  [[nodiscard]] std::optional<std::string> ReadRemoved(bool inBackup, SubjectPlace place, std::string_view file) const;
+  /// A subject's file among the subjects, or the removed ones; nullopt when there is none.
+  struct File {
+    std::string Name;  ///< as it is spelt there
+    std::string Bytes;
+  };
+  [[nodiscard]] std::optional<File> Read(bool inBackup, SubjectPlace place, const std::string& subject) const;
+  [[nodiscard]] std::optional<File> ReadRemoved(bool inBackup, SubjectPlace place, const std::string& subject) const;
   /// A file of that name in any case, but for `except`, among the subjects or the removed ones.
   [[nodiscard]] bool HasAny(std::string_view file, std::string_view except = {}) const;
   [[nodiscard]] bool HasRemoved(std::string_view file) const;
@@ -42,16 +46,17 @@ class SubjectPlaces {
   [[nodiscard]] Disk& Files() const noexcept { return m_disk; }
 
  private:
-  using Directories = std::array<std::array<ResolvedPath, kSubjectPlaces.size()>, 2>;
-  [[nodiscard]] std::optional<std::string> ReadIn(const ResolvedPath& directory, std::string_view file) const;
+  using Listings = std::array<SubjectListing, 2>;                   // of the primary and the backup directory
   using Names = std::unordered_multimap<std::string, std::string>;  // by the upper-cased name
-  static void TakeOver(ListedPlaces listed, std::array<ResolvedPath, kSubjectPlaces.size()>& directories, Names& names);
+  [[nodiscard]] std::optional<File> ReadIn(const SubjectListing& listing, SubjectPlace place,
+                                           const std::string& subject) const;
+  static void AddNames(const SubjectListing& listing, Names& names);
 
   const ProjectParameters& m_project;
   Disk& m_disk;
   int m_rootCount = 1;
-  Directories m_present;
-  Directories m_removed;
+  Listings m_present;
+  Listings m_removed;
   Names m_presentNames;  // of all directories
   Names m_removedNames;
 };

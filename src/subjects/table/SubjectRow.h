@@ -15,10 +15,12 @@ namespace zova {
 enum class SubjectState {
   Complete,
   Unfinished,
-  Both,         ///< complete, and an unfinished entry beside it
-  Unreadable,   ///< the complete file, or the unfinished one when there is no other
-  SecondAlone,  ///< a second entry whose first one is gone
-  Foreign,      ///< another project's file, whose name begins like this project's
+  Both,          ///< complete, and an unfinished entry beside it
+  Unreadable,    ///< the complete file, or the unfinished one when there is no other
+  SecondAlone,   ///< a second entry, perhaps unfinished, whose first one is gone
+  FirstAlone,    ///< a first entry that was put aside when the subject was settled; its data are gone
+  EntriesAlone,  ///< both entries as they were typed; the data are gone, and can be settled again
+  Foreign,       ///< another project's file, whose name begins like this project's
   Removed
 };
 
@@ -27,10 +29,12 @@ struct SecondEntry {
   enum class State {
     None,
     Unfinished,
+    UnfinishedAlone,  ///< and there is no first entry
     Agrees,
     Differs,
     Settled,  ///< with this second entry, not with an earlier one
-    Alone,    ///< there is no complete first entry
+    Alone,    ///< there is no first entry
+    FirstUnreadable,
     Unreadable
   };
   State Is = State::None;
@@ -57,7 +61,8 @@ struct SubjectRow {
   std::int64_t SavedAt = 0;  ///< nanoseconds since 1970
 
   [[nodiscard]] bool HasData() const noexcept {
-    return State != SubjectState::Unreadable && State != SubjectState::Foreign && State != SubjectState::SecondAlone;
+    return State == SubjectState::Complete || State == SubjectState::Unfinished || State == SubjectState::Both ||
+           State == SubjectState::Removed;
   }
 };
 

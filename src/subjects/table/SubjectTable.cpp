@@ -24,6 +24,8 @@ std::string StateText(const SubjectRow& row) {
     case SubjectState::Both: return "complete, unfinished";
     case SubjectState::Unreadable: return "unreadable";
     case SubjectState::SecondAlone: return "second entry alone";
+    case SubjectState::FirstAlone: return "first entry alone";
+    case SubjectState::EntriesAlone: return "both entries alone";
     case SubjectState::Foreign: return "another project's";
     case SubjectState::Removed: break;
   }
@@ -34,9 +36,11 @@ std::string SecondStateText(const SecondEntry& second) {
   switch (second.Is) {
     case SecondEntry::State::None: return "none";
     case SecondEntry::State::Unfinished: return "unfinished";
+    case SecondEntry::State::UnfinishedAlone: return "unfinished, no first entry";
     case SecondEntry::State::Agrees: return "agrees";
     case SecondEntry::State::Settled: return "settled";
     case SecondEntry::State::Alone: return "no first entry";
+    case SecondEntry::State::FirstUnreadable: return "first entry unreadable";
     case SecondEntry::State::Unreadable: return "unreadable: " + second.Reason;
     case SecondEntry::State::Differs: break;
   }

@@ -4,15 +4,14 @@
 
 #include <algorithm>
 #include <iterator>
-#include <unordered_set>
 #include <utility>
 
 #include "platform/desktop/FileErrorBoxes.h"
 #include "platform/files/DataFileError.h"
 #include "project/ProjectLayout.h"
 #include "subjects/SubjectFile.h"
+#include "subjects/SubjectListing.h"
 #include "subjects/entry/CompletionChecks.h"
-#include "subjects/table/SubjectPlacesListing.h"
 #include "text/Encoding.h"
 #include "text/FieldReader.h"
 #include "text/LeadingNumber.h"
@@ -30,14 +29,6 @@ std::string ReasonOf(const FileError& error) {
   return reason;
 }
 
-struct Place {
-  ResolvedPath Directory;
-  std::vector<std::string> Names;
-  std::unordered_set<std::string> Known;
-
-  [[nodiscard]] bool Has(const std::string& name) const { return Known.contains(name); }
-};
-
 class TableReader {
  public:
   TableReader(const ProjectParameters& project, Disk& disk, const CountDifferences& count)
@@ -45,50 +36,20 @@ class TableReader {
 
   void List() {
     RequireDirectory(m_disk, m_project.PrimaryDir, FileOperation::List);
-    m_places = ListIn(false);
-    m_removed = ListIn(true);
-    for (Place& place : m_removed) {
-      std::erase_if(place.Names, [&](const std::string& name) { return !IsOwnSubjectFile(m_project, name); });
-    }
-    m_names = NamesIn(m_places);
-    m_removedNames = NamesIn(m_removed);
+    m_present = SubjectListing(m_disk, m_project, SubjectDirectory(m_project.PrimaryDir));
+    m_removed = SubjectListing(m_disk, m_project, RemovedDirectory(m_project.PrimaryDir));
+    std::copy_if(m_removed.Subjects().begin(), m_removed.Subjects().end(), std::back_inserter(m_removedNames),
+                 [&](const std::string& name) { return IsOwnSubjectFile(m_project, name); });
   }
 
-  [[nodiscard]] std::size_t Count() const { return m_names.size() + m_removedNames.size(); }
+  [[nodiscard]] std::size_t Count() const { return m_present.Subjects().size() + m_removedNames.size(); }
 
   SubjectRow Read(std::size_t index) {
-    return index < m_names.size() ? ReadPresent(m_names[index]) : ReadRemoved(m_removedNames[index - m_names.size()]);
+    const auto& present = m_present.Subjects();
+    return index < present.size() ? ReadPresent(present[index]) : ReadRemoved(m_removedNames[index - present.size()]);
   }
 
  private:
-  using Places = std::array<Place, kSubjectPlaces.size()>;
-  // Of complete subjects, of unfinished ones, and of second entries that stand alone.
-  [[nodiscard]] std::vector<std::string> NamesIn(const Places& places) const {
-    const Place& complete = places[Index(SubjectPlace::Complete)];
-    const Place& unfinished = places[Index(SubjectPlace::Unfinished)];
-    std::vector<std::string> names = complete.Names;
-    std::copy_if(unfinished.Names.begin(), unfinished.Names.end(), std::back_inserter(names),
-                 [&](const std::string& name) { return !complete.Has(name); });
-    const auto& seconds = places[Index(SubjectPlace::Second)].Names;
-    std::copy_if(seconds.begin(), seconds.end(), std::back_inserter(names), [&](const std::string& name) {
-      return !complete.Has(name) && !unfinished.Has(name) && IsOwnSubjectFile(m_project, name);
-    });
-    return names;
-  }
-  static std::size_t Index(SubjectPlace place) { return static_cast<std::size_t>(place); }
-  [[nodiscard]] const Place& At(SubjectPlace place) const { return m_places[Index(place)]; }
-
-  Places ListIn(bool areRemoved) {
-    Places places;
-    ListedPlaces listed = ListSubjectPlaces(m_disk, m_project, m_project.PrimaryDir, areRemoved);
-    for (std::size_t at = 0; at < places.size(); ++at) {
-      places[at].Known.insert(listed[at].Names.begin(), listed[at].Names.end());
-      places[at].Directory = std::move(listed[at].Directory);
-      places[at].Names = std::move(listed[at].Names);
-    }
-    return places;
-  }
-
   SubjectRow ReadPresent(const std::string& name) {
     SubjectRow row;
     row.Id = SubjectIdFromFileName(m_project, name);
@@ -97,23 +58,31 @@ class TableReader {
       row.State = SubjectState::Foreign;
       return row;
     }
-    const bool isComplete = At(SubjectPlace::Complete).Has(name);
-    const bool isUnfinished = row.HasUnfinished = At(SubjectPlace::Unfinished).Has(name);
-    row.State = !isComplete ? SubjectState::Unfinished : isUnfinished ? SubjectState::Both : SubjectState::Complete;
+    const bool isComplete = m_present.Has(SubjectPlace::Complete, name);
+    const bool isUnfinished = row.HasUnfinished = m_present.Has(SubjectPlace::Unfinished, name);
     if (isComplete || isUnfinished) {
-      Fill(row, At(isComplete ? SubjectPlace::Complete : SubjectPlace::Unfinished).Directory);
+      row.State = !isComplete ? SubjectState::Unfinished : isUnfinished ? SubjectState::Both : SubjectState::Complete;
+      Fill(row, m_present.File(isComplete ? SubjectPlace::Complete : SubjectPlace::Unfinished, name));
     } else {
-      row.State = SubjectState::SecondAlone;
+      row.State = RemainsOf(name);
     }
-    row.Second = SecondOf(m_places, row);
+    row.Second = SecondOf(m_present, row);
     return row;
+  }
+
+  // What is left of a subject without data of its own.
+  [[nodiscard]] SubjectState RemainsOf(const std::string& name) const {
+    if (!m_present.Has(SubjectPlace::First, name)) return SubjectState::SecondAlone;
+    const bool isEnteredTwice = m_present.Has(SubjectPlace::Second, name);
+    return isEnteredTwice ? SubjectState::EntriesAlone : SubjectState::FirstAlone;
   }
 
   SubjectRow ReadRemoved(const std::string& name) {
     SubjectRow row;
     row.File = name;
-    const auto place = std::find_if(m_removed.begin(), m_removed.end(), [&](const Place& at) { return at.Has(name); });
-    Fill(row, place->Directory);
+    const auto place = std::find_if(kSubjectPlaces.begin(), kSubjectPlaces.end(),
+                                    [&](SubjectPlace at) { return m_removed.Has(at, name); });
+    Fill(row, m_removed.File(*place, name));
     const RemovedName removed = RemovedNameOf(m_project, name, m_bytes);
     row.Id = removed.Id;
     row.RemovedNumber = removed.Number;
@@ -122,8 +91,7 @@ class TableReader {
     return row;
   }
 
-  void Fill(SubjectRow& row, const ResolvedPath& directory) {
-    const ResolvedPath file = Below(directory, row.File);
+  void Fill(SubjectRow& row, const ResolvedPath& file) {
     m_bytes.clear();
     try {
       row.SavedAt = m_disk.ChangedAt(file);
@@ -145,19 +113,22 @@ class TableReader {
     ParsingFile(file.Shown, [&] { ParseSubject(m_bytes, m_project, record); });
   }
 
-  SecondEntry SecondOf(const Places& places, const SubjectRow& row) {
-    const auto has = [&](SubjectPlace place) { return places[Index(place)].Has(row.File); };
-    const auto fileIn = [&](SubjectPlace place) { return Below(places[Index(place)].Directory, row.File); };
-    if (!has(SubjectPlace::Second)) {
-      return {has(SubjectPlace::SecondUnfinished) ? SecondEntry::State::Unfinished : SecondEntry::State::None};
+  // What `row` was filled from is in m_first.
+  SecondEntry SecondOf(const SubjectListing& listing, const SubjectRow& row) {
+    const auto first = listing.FirstEntry(row.File);
+    if (!listing.Has(SubjectPlace::Second, row.File)) {
+      if (!listing.Has(SubjectPlace::SecondUnfinished, row.File)) return {};
+      return {first ? SecondEntry::State::Unfinished : SecondEntry::State::UnfinishedAlone};
     }
-    if (!has(SubjectPlace::Complete)) return {SecondEntry::State::Alone};
-    if (!row.HasData()) return {};
+    if (!first) return {SecondEntry::State::Alone};
+    if (*first == SubjectPlace::Complete && !row.HasData()) return {SecondEntry::State::FirstUnreadable};
     try {
-      ReadRecord(fileIn(SubjectPlace::Second), m_second);
-      if (has(SubjectPlace::First)) {
-        if (IsSettled(has, fileIn)) return {SecondEntry::State::Settled};
-        ReadRecord(fileIn(SubjectPlace::First), m_first);
+      ReadRecord(listing.File(SubjectPlace::Second, row.File), m_second);
+      if (*first == SubjectPlace::First) {
+        if (listing.Has(SubjectPlace::Complete, row.File) && IsSettled(listing, row.File)) {
+          return {SecondEntry::State::Settled};
+        }
+        ReadRecord(listing.File(SubjectPlace::First, row.File), m_first);
       }
     } catch (const FileError& error) {
       return {SecondEntry::State::Unreadable, 0, ReasonOf(error)};
@@ -167,19 +138,17 @@ class TableReader {
   }
 
   // The second entry, read last, is the one that the subject was settled with.
-  template <typename Has, typename FileIn>
-  bool IsSettled(Has&& has, FileIn&& fileIn) {
-    if (!has(SubjectPlace::Settled)) return false;
-    m_disk.Read(fileIn(SubjectPlace::Settled), m_settledBytes);
+  bool IsSettled(const SubjectListing& listing, const std::string& file) {
+    if (!listing.Has(SubjectPlace::Settled, file)) return false;
+    m_disk.Read(listing.File(SubjectPlace::Settled, file), m_settledBytes);
     return m_settledBytes == m_bytes;
   }
 
   const ProjectParameters& m_project;
   Disk& m_disk;
   const CountDifferences& m_count;
-  Places m_places;
-  Places m_removed;
-  std::vector<std::string> m_names;
+  SubjectListing m_present;
+  SubjectListing m_removed;
   std::vector<std::string> m_removedNames;
   SubjectRecord m_first;  // the next four are kept between subjects, so that memory is allocated once
   SubjectRecord m_second;
