@@ -262,8 +262,21 @@ std::size_t EntrySettlement::OpenCount() const {
       std::count_if(m_differences.begin(), m_differences.end(), [&](std::size_t line) { return IsOpenPair(line); }));
 }
 
+std::string EntrySettlement::OpenCaption() const {
+  return Counted(OpenCount(), "difference is left", "differences are left");
+}
+
+std::string EntrySettlement::DataNote() const {
+  if (!IsOpen()) return {};
+  if (!m_presentBytes) return "The data of this subject are gone.";
+  const bool isOther = WasSettled() && OpenCount() == 0 && FormatSubject(Result(), *m_project) != *m_presentBytes;
+  return isOther ? "This subject was settled otherwise before." : "";
+}
+
 std::string EntrySettlement::StatusLine() const {
-  return IsOpen() ? Counted(OpenCount(), "difference is left", "differences are left") : std::string();
+  if (!IsOpen()) return {};
+  const std::string note = DataNote();
+  return note.empty() ? OpenCaption() : OpenCaption() + ".  " + note;
 }
 
 }  // namespace zova

@@ -33,8 +33,6 @@ class EntrySettlement {
   [[nodiscard]] std::size_t LineCount() const noexcept { return m_lines.size(); }
   [[nodiscard]] bool IsDifferent(std::size_t line) const { return m_lines[line].IsDifferent; }
   [[nodiscard]] bool IsDecided(std::size_t line) const { return m_lines[line].IsDecided; }
-  /// The subject's data are the result of an earlier settlement, and not the first entry.
-  [[nodiscard]] bool WasSettled() const { return m_presentBytes && *m_presentBytes != m_firstBytes; }
   /// "Age", or "Test 1, line 3" by the first entry.
   [[nodiscard]] std::string Place(std::size_t line) const;
   enum class Side { First, Second, Result };
@@ -62,6 +60,9 @@ class EntrySettlement {
   void Undo();
   /// The differences without a result.
   [[nodiscard]] std::size_t OpenCount() const;
+  /// What the user has to know of the subject's data: that they are gone, or that an earlier settlement has made others
+  /// of them than the result; "" else.
+  [[nodiscard]] std::string DataNote() const;
   [[nodiscard]] std::string StatusLine() const;
 
   /// Saves the result as the subject after the checks of a complete one, and puts the first entry aside as it was
@@ -86,6 +87,9 @@ class EntrySettlement {
     std::size_t Index = 0;  // in the line's result
   };
 
+  // The subject's data are the result of an earlier settlement, and not the first entry.
+  [[nodiscard]] bool WasSettled() const { return m_presentBytes && *m_presentBytes != m_firstBytes; }
+  [[nodiscard]] std::string OpenCaption() const;
   void MakeLines(const Comparison& comparison);
   void Take(Side side);
   void Keep(const std::vector<std::size_t>& lines);

@@ -121,7 +121,7 @@ bool EntrySettlement::Settle() {
   if (!IsOpen()) return false;
   if (OpenCount() > 0) {
     GoToNext();
-    Warn(m_platform.Boxes, "The differences that are left have to be settled first.", StatusLine() + ".");
+    Warn(m_platform.Boxes, "The differences that are left have to be settled first.", OpenCaption() + ".");
     return false;
   }
   if (!FitsInTheLists()) return false;

@@ -74,12 +74,14 @@ void Session::CompareChosenSubject() {
   OpenComparison(std::string(row->File));
 }
 
-// Entries that agree need no screen, unless something else was settled before.
+// Entries that agree need no screen, unless the subject's data are others.
 void Session::CompareEntered() {
   const bool isRead = m_settlement.Open(m_subjects.EnteredFile(), *m_project);
-  if (!isRead || (m_settlement.OpenCount() == 0 && !m_settlement.WasSettled())) {
+  const bool agrees = isRead && m_settlement.OpenCount() == 0;
+  const std::string note = m_settlement.DataNote();
+  if (agrees) Inform(m_platform.Boxes, note.empty() ? "Both entries agree." : "Both entries agree.  " + note);
+  if (!isRead || (agrees && note.empty())) {
     m_settlement.Close();
-    if (isRead) Inform(m_platform.Boxes, "Both entries agree.");
     return m_subjects.IdentifyNext();
   }
   m_isFromList = false;

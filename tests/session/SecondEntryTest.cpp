@@ -190,7 +190,7 @@ TEST_F(SecondEntryTest, ASettlementHoldsForItsEntriesAlone) {
   EXPECT_EQ(session.SubjectList().Table().Text(0, 5), "settled");
   session.CloseSubjects();
 
-  const auto enter = [&](const std::vector<const char*>& items, const char* level) {
+  const auto enter = [&](const std::vector<const char*>& items, const char* level, const std::string& told = {}) {
     session.Subjects().Identification().SetSubjectText("a");
     session.Subjects().NextStep();
     session.Subjects().Identification().SetLevelText(level);
@@ -201,6 +201,7 @@ TEST_F(SecondEntryTest, ASettlementHoldsForItsEntriesAlone) {
     session.Subjects().FinishIdentification();
     for (const char* item : items) Type(session, item);
     Boxes.Expect({"Completed subject saved."});
+    if (!told.empty()) Boxes.Expect({told});
     session.Subjects().DoneWithAllTests();
   };
   session.EnterSecond();
@@ -217,6 +218,29 @@ TEST_F(SecondEntryTest, ASettlementHoldsForItsEntriesAlone) {
     EXPECT_EQ(m_scratch.Get(sdata + kFile), Bytes("2", 1));
     EXPECT_EQ(m_scratch.Get(sdata + "Second\\First\\" + kFile), Bytes("1 2", 1));
   }
+  session.CloseSubjects();
+
+  // It says what the first one said.
+  session.EnterSecond();
+  enter({"1", "2"}, "1", "Both entries agree.  This subject was settled otherwise before.");
+  ASSERT_EQ(session.Shown(), Screen::Compare);
+  EXPECT_EQ(session.Settlement().StatusLine(), "0 differences are left.  This subject was settled otherwise before.");
+  Boxes.Expect(Warned("This subject was settled before.  Do you wish to replace the settled data?", BoxAnswer::No));
+  session.SettleComparison();
+  session.CloseComparison();
+  session.Subjects().CancelIdentification();
+  EXPECT_EQ(second(), "agrees");
+  session.CloseSubjects();
+
+  // The data are lost, but not what was typed.
+  m_scratch.Files.Delete("C:\\Data\\Sdata\\" + kFile);
+  EXPECT_EQ(second(), "agrees");
+  EXPECT_EQ(session.SubjectList().Table().Text(0, 1), "both entries alone");
+  session.CompareChosenSubject();
+  EXPECT_EQ(session.Settlement().StatusLine(), "0 differences are left.  The data of this subject are gone.");
+  Boxes.Expect({"Completed subject saved."});
+  session.SettleComparison();
+  EXPECT_EQ(m_scratch.Get("C:\\Data\\Sdata\\" + kFile), Bytes("1 2", 1));
   session.CloseSubjects();
 
   // What was typed is deleted after the same question as the data.
