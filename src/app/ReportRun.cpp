@@ -38,16 +38,13 @@ class ErrorLines final : public MessageBoxes, public Progress {
 
 // What the options name; "" or why they do not name it.
 std::string ReadChoice(const ReportOptions& options, const ProjectParameters& project, ReportChoice& choice) {
-  const auto noVariable = [](const std::string& name) { return "the project has no variable '" + name + "'"; };
   std::string unknown;
   choice = {options.ReportFile, options.ProjectFile, {}, SplitNames(options.Measures), std::nullopt, {}};
   choice.Variables = FindVariables(project, SplitNames(options.Variables), unknown);
-  if (!unknown.empty()) return noVariable(unknown);
+  if (!unknown.empty()) return NoVariableText(project, unknown);
   for (const PlotOption& option : options.Plots) {
-    if (!SetPlotOption(option, choice.Plots)) return "--" + option.first + " does not take '" + option.second + "'";
-  }
-  for (const LevelOrder& order : choice.Plots.Orders) {
-    if (!FindVariable(project, order.Variable)) return noVariable(order.Variable);
+    const std::string fault = SetPlotOption(option, project, choice.Plots);
+    if (!fault.empty()) return "--" + option.first + ": " + fault;
   }
   if (!options.GroupSize) return "";
   const auto size = ParseGroupSize(*options.GroupSize);
@@ -55,7 +52,7 @@ std::string ReadChoice(const ReportOptions& options, const ProjectParameters& pr
   choice.Groups = GroupChoice{*size, std::nullopt, options.GroupOrderFile};
   if (!options.GroupBy) return "";
   choice.Groups->Separator = FindVariable(project, *options.GroupBy);
-  return choice.Groups->Separator ? "" : noVariable(*options.GroupBy);
+  return choice.Groups->Separator ? "" : NoVariableText(project, *options.GroupBy);
 }
 
 int Refuse(const std::string& fault) {

@@ -81,7 +81,7 @@ class MasterCommand {
     if (!m_arguments.Means) return request;
     std::string unknown;
     request.Variables = FindVariables(m_project, *m_arguments.Means, unknown);
-    if (!unknown.empty()) throw UsageError("the project has no variable '" + unknown + "'");
+    if (!unknown.empty()) throw UsageError(NoVariableText(m_project, unknown));
     return request;
   }
 
@@ -142,7 +142,7 @@ class MasterCommand {
 
   [[nodiscard]] std::size_t VariableByName(const std::string& name) const {
     const auto variable = FindVariable(m_project, name);
-    if (!variable) throw UsageError("the project has no variable '" + name + "'");
+    if (!variable) throw UsageError(NoVariableText(m_project, name));
     return *variable;
   }
 

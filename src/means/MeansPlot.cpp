@@ -10,6 +10,7 @@
 
 #include "master/columns/ColumnName.h"
 #include "master/columns/FurtherFamilies.h"
+#include "text/Cells.h"
 #include "text/Counted.h"
 
 namespace zova {
@@ -17,12 +18,6 @@ namespace zova {
 namespace {
 
 using Names = std::vector<std::string>;
-
-std::string Joined(const Names& names, std::string_view separator) {
-  std::string text;
-  for (const std::string& name : names) text.append(text.empty() ? "" : separator).append(name);
-  return text;
-}
 
 // A measure to draw and its column in the means.
 struct Drawn {

@@ -46,6 +46,10 @@ std::optional<std::size_t> VariableOf(const ProjectParameters& project, const Ma
   return FindVariable(project, name);
 }
 
+std::string Numbered(const std::string& name, std::string_view number) {
+  return std::string(name).append(" (").append(number).append(")");
+}
+
 // Distinguishes a level whose name is the number of an unnamed level from that level.
 void NameLevels(OccurringLevels& levels, const ProjectParameters* project, std::optional<std::size_t> variable) {
   std::unordered_map<std::string, int> uses;
@@ -55,11 +59,28 @@ void NameLevels(OccurringLevels& levels, const ProjectParameters* project, std::
   }
   for (std::size_t place = 0; place < levels.Names.size(); ++place) {
     std::string& name = levels.Names[place];
-    if (uses[name] > 1) name.append(" (").append(levels.Texts[place]).append(")");
+    if (uses[name] > 1) name = Numbered(name, levels.Texts[place]);
   }
 }
 
 }  // namespace
+
+std::vector<std::string> LevelsOf(const ProjectParameters& project, std::size_t variable) {
+  std::vector<std::string> labels;
+  labels.reserve(static_cast<std::size_t>(project.LevelCounts[variable]));
+  for (int level = 1; level <= project.LevelCounts[variable]; ++level) {
+    labels.push_back(LevelLabel(project, variable, level));
+  }
+  std::vector<std::string> names;
+  names.reserve(2 * labels.size());
+  for (std::size_t level = 0; level < labels.size(); ++level) {
+    const std::string& label = labels[level];
+    if (std::find(names.begin(), names.end(), label) == names.end()) names.push_back(label);
+    if (std::count(labels.begin(), labels.end(), label) > 1)
+      names.push_back(Numbered(label, std::to_string(level + 1)));
+  }
+  return names;
+}
 
 OccurringLevels LevelsOf(const MasterTable& table, std::size_t variable, const ProjectParameters* project) {
   OccurringLevels levels;

@@ -28,6 +28,9 @@ struct LevelOrder {
 /// Puts the levels that `order` names first.
 void Arrange(const LevelOrder& order, OccurringLevels& levels);
 
+/// The names that levels of a variable of the project can have on a plot: "Man", or for two of one name also "Man (1)".
+std::vector<std::string> LevelsOf(const ProjectParameters& project, std::size_t variable);
+
 /// The levels of a variable of `table`, which must outlive them, in ascending order. `project`, the master's project or
 /// null, names them; levels without a name show their numbers.
 OccurringLevels LevelsOf(const MasterTable& table, std::size_t variable, const ProjectParameters* project);

@@ -17,6 +17,9 @@ namespace zova {
 
 struct PlotPicture;
 
+/// The kind of the picture of recall lists; those of means are the stems of their families.
+inline constexpr std::string_view kRasterKind = "Raster";
+
 /// What is drawn about a mean.
 enum class PlotBars {
   Confidence,     ///< its confidence interval
@@ -56,10 +59,12 @@ std::optional<PlotFrame> FrameOf(std::string title, std::string_view min, std::s
 /// An option of a command and its value: {"title", "Net=Recall by group"}.
 using PlotOption = std::pair<std::string, std::string>;
 
-/// Options that make these choices; none for the defaults. The order of the levels of a variable that is not chosen has
-/// no effect.
-std::vector<PlotOption> CommandOptions(const PlotOptions& options);
-/// Makes a choice: "bars", "colours", "title", "axis" or "order". False for a value without meaning.
-bool SetPlotOption(const PlotOption& option, PlotOptions& options);
+/// Options that make these choices; none for the defaults, and none for plots, variables and levels that the project
+/// has not. The order of the levels of a variable that is not chosen has no effect.
+std::vector<PlotOption> CommandOptions(const PlotOptions& options, const ProjectParameters& project);
+/// Makes a choice: "bars", "colours", "title", "axis" or "order". Returns why the value has no meaning in the project,
+/// or
+/// "".
+std::string SetPlotOption(const PlotOption& option, const ProjectParameters& project, PlotOptions& options);
 
 }  // namespace zova

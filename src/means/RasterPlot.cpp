@@ -160,7 +160,7 @@ RasterColours ColoursFor(RasterColours chosen, const MasterTable& table, PlotPic
 PlotPicture RasterOf(const MasterTable& table, const MeansRequest& request, RasterColours colours,
                      const ProjectParameters& project) {
   PlotPicture picture;
-  picture.Kind = "Raster";
+  picture.Kind = kRasterKind;
   picture.XLabel = "Output position";
   picture.YLabel = "Recall lists of the subjects";
   MarkSorter sorter(ColoursFor(colours, table, picture));

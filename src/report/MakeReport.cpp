@@ -54,7 +54,8 @@ std::string ReportCommand(const ProjectParameters& project, const ReportChoice& 
     if (choice.Groups->Separator) command += " --group-by " + Quoted(project.VariableNames[*choice.Groups->Separator]);
     if (!choice.Groups->OrderFile.empty()) command += " --group-order " + Quoted(choice.Groups->OrderFile);
   }
-  for (const auto& [option, value] : CommandOptions(choice.Plots)) command += " --" + option + " " + Quoted(value);
+  for (const auto& [option, value] : CommandOptions(choice.Plots, project))
+    command += " --" + option + " " + Quoted(value);
   return command + " " + Quoted(choice.ProjectFile);
 }
 

@@ -43,6 +43,12 @@ std::vector<std::string> SplitNames(std::string_view list) {
   }
 }
 
+std::string Joined(const std::vector<std::string>& texts, std::string_view separator) {
+  std::string joined;
+  for (const std::string& text : texts) joined.append(joined.empty() ? "" : separator).append(text);
+  return joined;
+}
+
 char CellSeparator(std::string_view text) noexcept {
   for (const char separator : {'\t', ';'}) {
     if (text.find(separator) != std::string_view::npos) return separator;

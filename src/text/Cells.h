@@ -31,6 +31,9 @@ std::vector<std::string_view> CellsOf(std::string_view line);
 /// The names of a list as typed, split at commas; none for "".
 std::vector<std::string> SplitNames(std::string_view list);
 
+/// The texts in a row with `separator` between them.
+std::string Joined(const std::vector<std::string>& texts, std::string_view separator);
+
 /// The separator of a pasted block: tab if there is one, else semicolon if there is one, else comma.
 char CellSeparator(std::string_view text) noexcept;
 

@@ -197,23 +197,55 @@ TEST(MeansExaminer, WhatIsChosenForPlotsHoldsForTheirKind) {
 
   const PlotOptions& options = means.Options();
   PlotOptions read;
-  for (const PlotOption& option : CommandOptions(options)) EXPECT_TRUE(SetPlotOption(option, read)) << option.second;
-  EXPECT_EQ(read, options);
-  EXPECT_EQ(CommandOptions(options),
-            (std::vector<PlotOption>{{"title", "Net=By sex"}, {"axis", "Net=-1..2.5"}, {"order", "Sex=Woman,Man"}}));
-  for (const auto& [option, value] : {PlotOption{"bars", "no"},
-                                      {"axis", "Net=1"},
-                                      {"axis", "Net=2..1"},
-                                      {"order", "Sex="},
-                                      {"title", "By sex"},
-                                      {"colours", "red"},
-                                      {"other", "a=b"}}) {
-    EXPECT_FALSE(SetPlotOption({option, value}, read)) << option << " " << value;
+  for (const PlotOption& option : CommandOptions(options, desk.Project)) {
+    EXPECT_EQ(SetPlotOption(option, desk.Project, read), "") << option.second;
   }
+  EXPECT_EQ(read, options);
+  read.Frames["Lures of another project"] = {"x", 1, 2};
+  read.Orders.push_back({"Of another project", {"a"}});
+  read.Orders[0].Levels.insert(read.Orders[0].Levels.begin(), "Gone");
+  EXPECT_EQ(CommandOptions(read, desk.Project),
+            (std::vector<PlotOption>{{"title", "Net=By sex"}, {"axis", "Net=-1..2.5"}, {"order", "Sex=Woman,Man"}}));
   ProjectParameters other = desk.Project;
   other.Abbreviation = "CD";
   means.Open(other, "");
   EXPECT_EQ(means.Options(), PlotOptions{});
+}
+
+TEST(PlotOptions, OfACommandAreKnownToTheProject) {
+  ProjectParameters project = MakeProject({.Tests = 1, .Items = 4, .Variables = {"Sex", "A=b, c", "A"}});
+  project.LevelCounts = {2, 2, 2};
+  project.LevelNames[0] = {"Man", "Woman, other"};
+  project.LevelNames[1] = {"x=y", ""};
+  project.LevelNames[2] = {"b, c=2", "2"};
+  struct Case {
+    PlotOption Option;
+    const char* Fault;  ///< its beginning; "" for none
+    LevelOrder Order;
+  };
+  const Case cases[] = {{{"bars", "no"}, "'no' is none of ci, se, within, none", {}},
+                        {{"colours", "red"}, "'red' is none of position, category", {}},
+                        {{"axis", "Net=1"}, "'1' is no axis MIN..MAX from one number to a larger one", {}},
+                        {{"axis", "Net=2..1"}, "'2..1' is no axis", {}},
+                        {{"axis", "Nett=1..2"}, "'Nett' is none of Net, Proportion, Repeats", {}},
+                        {{"title", "ArcScore=x"}, "'ArcScore' is none of Net, ", {}},
+                        {{"title", "Raster=a=b"}, "", {}},
+                        {{"title", "By sex"}, "'By sex' has no '=' behind a measure", {}},
+                        {{"order", "Sex"}, "'Sex' has no '=' behind a variable", {}},
+                        {{"order", "Sex="}, "'' is no list of levels; Sex has Man, Woman, other", {}},
+                        {{"order", "Age=1"}, "the project has no variable 'Age'; it has Sex, A=b, c, A", {}},
+                        {{"order", "Sex=Man,Boy"}, "'Boy' is no level of Sex; its levels are Man, Woman, other", {}},
+                        {{"order", " sex=\"woman, other\", MAN"}, "", {"Sex", {"Woman, other", "Man"}}},
+                        {{"order", "A=b, c=2,x=y"}, "", {"A=b, c", {"2", "x=y"}}},
+                        {{"order", "A=2,\"b, c=2\""}, "", {"A", {"2", "b, c=2"}}},
+                        {{"order", "A=b, c=z"}, "'z' is no level of A=b, c; its levels are x=y, 2", {}}};
+  for (const Case& c : cases) {
+    PlotOptions options;
+    const std::string fault = SetPlotOption(c.Option, project, options);
+    EXPECT_TRUE(*c.Fault == 0 ? fault.empty() : fault.starts_with(c.Fault)) << c.Option.second << ": " << fault;
+    EXPECT_EQ(options.Orders, c.Order.Levels.empty() ? std::vector<LevelOrder>() : std::vector{c.Order});
+    EXPECT_TRUE(*c.Fault == 0 || options == PlotOptions()) << c.Option.second;
+  }
 }
 
 TEST(MeansExaminer, VariablesKeepTheOrderInWhichTheyWereChosen) {

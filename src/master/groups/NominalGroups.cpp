@@ -9,6 +9,7 @@
 
 #include "scoring/MinuteRange.h"
 #include "scoring/ScoreSubject.h"
+#include "text/Cells.h"
 #include "text/Counted.h"
 #include "text/Encoding.h"
 #include "text/LeadingNumber.h"
@@ -48,24 +49,24 @@ std::optional<std::size_t> FindVariable(const ProjectParameters& project, std::s
   const auto end = begin + project.VariableCount;
   auto found = std::find(begin, end, name);
   if (found == end)
-    found = std::find_if(begin, end, [&](const auto& other) { return EqualsIgnoringCase(other, name); });
+    found = std::find_if(begin, end, [&](const auto& other) {
+      return EqualsIgnoringCase(WithoutOuterBlanks(other), WithoutOuterBlanks(name));
+    });
   if (found == end) return std::nullopt;
   return static_cast<std::size_t>(found - begin);
 }
 
 std::vector<std::size_t> FindVariables(const ProjectParameters& project, const std::vector<std::string>& names,
                                        std::string& unknown) {
-  const auto find = [&](const std::string& name) {
-    const auto exact = FindVariable(project, name);
-    return exact ? exact : FindVariable(project, WithoutOuterBlanks(name));
-  };
   std::vector<std::size_t> variables;
   variables.reserve(names.size());
   for (std::size_t first = 0; first < names.size(); ++first) {
     std::string name = names[first];
     std::size_t last = first;
-    auto variable = find(name);
-    while (!variable && last + 1 < names.size()) variable = find(name += "," + names[++last]);
+    auto variable = FindVariable(project, name);
+    while (!variable && last + 1 < names.size()) {
+      variable = FindVariable(project, name += "," + names[++last]);
+    }
     if (!variable) {
       unknown = names[first];
       return variables;
@@ -78,6 +79,13 @@ std::vector<std::size_t> FindVariables(const ProjectParameters& project, const s
 
 bool GroupPlan::HasLeftOver() const {
   return std::any_of(Levels.begin(), Levels.end(), [](const LevelPlan& level) { return !level.LeftOver.empty(); });
+}
+
+std::string NoVariableText(const ProjectParameters& project, std::string_view name) {
+  const auto begin = project.VariableNames.begin();
+  const std::vector<std::string> names(begin, begin + project.VariableCount);
+  return "the project has no variable '" + std::string(name) + "'; it has " +
+         (names.empty() ? "none" : Joined(names, ", "));
 }
 
 GroupPlan FormGroups(const std::vector<std::int16_t>& levels, const GroupOrder& order, int subjectsPerGroup) {

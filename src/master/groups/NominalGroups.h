@@ -53,13 +53,16 @@ inline constexpr int kBeyondAnySize = INT16_MAX + 1;
 /// A whole number of at least 2; nullopt for any other text. `kBeyondAnySize` for one above any number of subjects.
 std::optional<int> ParseGroupSize(std::string_view text);
 
-/// The index of the variable with this name: exact, else without regard to case.
+/// The index of the variable with this name: exact, else without regard to case and outer blanks.
 std::optional<std::size_t> FindVariable(const ProjectParameters& project, std::string_view name);
 
 /// The variables with these names, as a command has them between commas: in an older file a name may contain commas
-/// itself. Blanks around a name do not count. The first name that no variable has goes to `unknown`.
+/// itself. The first name that no variable has goes to `unknown`.
 std::vector<std::size_t> FindVariables(const ProjectParameters& project, const std::vector<std::string>& names,
                                        std::string& unknown);
+
+/// "the project has no variable 'Foo'; it has Sex, Age".
+std::string NoVariableText(const ProjectParameters& project, std::string_view name);
 
 /// Divides the subjects of each level, sorted by `order`, into consecutive groups; a remainder forms no group. `levels`
 /// has one entry per subject of the listing. `order` must be valid.

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "platform/desktop/FileErrorBoxes.h"
+#include "text/Cells.h"
 #include "text/Csv.h"
 
 namespace zova {
@@ -31,12 +32,6 @@ class ReportRows {
  private:
   std::string m_text;
 };
-
-std::string Listed(const std::vector<std::string>& texts) {
-  std::string list;
-  for (const std::string& text : texts) list.append(list.empty() ? "" : "|").append(text);
-  return list;
-}
 
 // By position a response may stand first in two lists of one subject, near other words in each.
 bool HaveSeveralLists(const std::vector<OpenResponse>& responses) {
@@ -70,7 +65,7 @@ std::string FormatImportReport(const ImportPlan& plan) {
              {.Row = question.Row,
               .Column = question.Option,
               .Text = question.Text + "  " + question.Option + " " +
-                      (question.Variable.empty() ? "" : question.Variable + "=") + Listed(question.Answers)});
+                      (question.Variable.empty() ? "" : question.Variable + "=") + Joined(question.Answers, "|")});
   }
   for (const OpenResponse& open : plan.Findings.Responses) {
     if (open.Decided) continue;
