@@ -8,6 +8,7 @@
 #include "master/groups/SavedOrders.h"
 #include "means/ResultFiles.h"
 #include "platform/desktop/FileErrorBoxes.h"
+#include "project/FileChanges.h"
 #include "tables/import/ImportReport.h"
 #include "tables/import/ImportRun.h"
 #include "text/Counted.h"
@@ -75,7 +76,7 @@ void ImportFlow::Open(const ProjectParameters& project) {
   m_project = &project;
   ForgetAnswers();
   const auto table = AskTable();
-  if (table && Draw(*table, {})) {
+  if (table && FinishInterruptedChanges(project, m_platform) && Draw(*table, {})) {
     Show(Stage::Table);
   } else if (m_stage != Stage::Closed) {
     Close();

@@ -61,8 +61,13 @@ int CompanionRows::NumberOrEmpty(std::size_t column, int least, int most) const 
 }
 
 std::optional<std::string> ReadCompanion(Disk& disk, const ProjectParameters& project, CompanionFile file) {
-  if (IsNoDirectory(project.PrimaryDir)) return std::nullopt;
-  const ResolvedPath path = disk.Resolve(CompanionPath(project.PrimaryDir, project, file), FileOperation::Read);
+  return ReadCompanionIn(disk, project.PrimaryDir, project, file);
+}
+
+std::optional<std::string> ReadCompanionIn(Disk& disk, const std::string& directory, const ProjectParameters& project,
+                                           CompanionFile file) {
+  if (IsNoDirectory(directory)) return std::nullopt;
+  const ResolvedPath path = disk.Resolve(CompanionPath(directory, project, file), FileOperation::Read);
   if (disk.Kind(path, FileOperation::Read) == EntryKind::Missing) return std::nullopt;
   std::string bytes;
   disk.Read(path, bytes);

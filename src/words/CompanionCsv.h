@@ -42,7 +42,10 @@ class CompanionRows {
   std::size_t m_columnCount = 0;
 };
 
-/// The bytes of a project's companion file in the primary directory; nullopt when there is none. Throws FileError.
+/// The bytes of a project's companion file in a directory; nullopt when there is none. Throws FileError.
+std::optional<std::string> ReadCompanionIn(Disk& disk, const std::string& directory, const ProjectParameters& project,
+                                           CompanionFile file);
+/// Likewise, in the primary directory.
 std::optional<std::string> ReadCompanion(Disk& disk, const ProjectParameters& project, CompanionFile file);
 
 /// Writes it there, and to the backup directory if there is one. Throws FileError.

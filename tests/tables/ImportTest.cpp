@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "master/exports/LongExport.h"
+#include "project/FileChanges.h"
 #include "project/ProjectFile.h"
 #include "scoring/ScoreSubject.h"
 #include "tables/ImportDesk.h"
@@ -350,22 +351,35 @@ TEST(Import, KeepsUnfinishedSubjectsOrdersOfStudyAndNumbers) {
   }
 }
 
-// Whatever call fails or is the last one: each subject is whole or not there, and no old one is harmed.
+// Whatever call fails or is the last one: each subject is whole or not there, no old one is harmed, and the companion
+// files in both directories are those from before or those after.
 TEST(Import, LeavesWholeSubjectsWhereverItEnds) {
   const std::string table = "subject,list,word\na,1,apple\nb,1,vase\nb,1,zebra\nc,1,table\n";
   const std::map<std::string, std::string> whole = {{"a", "1"}, {"b", "5"}, {"c", "2"}};
+  const std::string before = "subject,test,place,response,minute,rating\r\nb,1,0,old,,\r\n";
+  const std::string after = "subject,test,place,response,minute,rating\r\nb,1,1,zebra,,\r\n";
   for (const bool isKilled : {false, true}) {
     for (int call = 1;; call += kFailureStep) {
       ImportDesk desk({.Tests = 1, .Items = 6});
       desk.Project.BackupDir = "D:\\B";
       desk.Files.MakeDirectory("D:\\B");
       desk.Put("b", "6");
-      const ImportDraft draft = desk.Draft(table, {{"--others", "intrusion"}, {"--existing", "replace"}});
+      desk.Files.Put("C:\\Data\\AB Intrusions.csv", before);
+      desk.Files.Put("D:\\B\\AB Intrusions.csv", before);
+      ImportDraft draft = desk.Draft(table, {{"--others", "intrusion"}, {"--existing", "replace"}});
+      draft.Context.Decided.Add({"old", {Verdict::Skip}});
       isKilled ? desk.Files.Faults.KillAt(call) : desk.Files.Faults.FailAt(call);
       AnsweringBoxes boxes(BoxAnswer::Cancel);
       const ImportOutcome outcome = desk.Run(draft, boxes);
       const bool hasFailed = desk.Files.Faults.HasFailed();
       desk.Files.Faults.FailNever();
+      EXPECT_TRUE(FinishInterruptedChanges(desk.Project, desk.Desk.With(desk.Files.Files, boxes))) << call;
+      const std::string kept = desk.Files.Get("C:\\Data\\AB Intrusions.csv");
+      EXPECT_TRUE(kept == before || kept == after) << call << kept;
+      EXPECT_EQ(kept, desk.Files.Get("D:\\B\\AB Intrusions.csv")) << call;
+      const bool hasDecided = desk.Files.Has("C:\\Data\\AB Responses.csv");
+      EXPECT_TRUE(hasDecided || (kept == before && outcome.Written == 0)) << call;
+      EXPECT_EQ(hasDecided, desk.Files.Has("D:\\B\\AB Responses.csv")) << call;
       for (const auto& [id, items] : whole) {
         const std::string file = "AB Sub#" + id + ".dat";
         for (const std::string sdata : {"C:\\Data\\Sdata\\", "D:\\B\\Sdata\\"}) {
@@ -438,6 +452,22 @@ TEST(ImportFindings, AnErrorBehindTheListedCasesStillCounts) {
   findings.Add({.Kind = CaseKind::Error});
   EXPECT_TRUE(findings.HasErrors);
   EXPECT_EQ(findings.Cases.back().Kind, CaseKind::Error);
+}
+
+TEST(NewProject, CanBeMadeAgainWhereverItsMakingFails) {
+  bool failed = true;
+  for (int call = 1; failed; call += kFailureStep) {
+    Scratch scratch;
+    ProjectParameters project = MakeProject({.Tests = 1, .Items = 1});
+    EXPECT_EQ(PlaceProject(scratch.Files, project, "My", "C:\\My", "C:\\Param"), "");
+    scratch.Faults.FailAt(call);
+    AnsweringBoxes boxes(BoxAnswer::Cancel);
+    const bool isMade = CreateProject(scratch.Files, boxes, project, {{{"apple", ""}}, false}, "C:\\Param");
+    failed = scratch.Faults.HasFailed();
+    scratch.Faults.FailNever();
+    EXPECT_EQ(PlaceProject(scratch.Files, project, "My", "C:\\My", "C:\\Param").empty(), !isMade) << call;
+    EXPECT_TRUE(isMade || failed);
+  }
 }
 
 TEST(NewProject, IsThatOfTheTable) {

@@ -2,11 +2,15 @@
 
 #include "tables/import/ImportRun.h"
 
+#include <optional>
 #include <set>
+#include <string>
 #include <utility>
+#include <vector>
 
 #include "platform/desktop/FileErrorBoxes.h"
 #include "project/DirectoryRules.h"
+#include "project/FileChanges.h"
 #include "project/ProjectLayout.h"
 #include "subjects/SubjectStore.h"
 #include "tables/TableReader.h"
@@ -38,7 +42,29 @@ class Companions {
  public:
   Companions(const ImportDraft& draft, const Platform& platform) : m_draft(draft), m_platform(platform) {}
 
-  bool Write(const Ids& subjects) {
+  // Before the first subject: all of them, or none when the user cancels.
+  bool WriteFirst(const Ids& subjects) {
+    auto changes = Plan(subjects);
+    return changes && Make(*std::move(changes));
+  }
+
+  // At the end of an import that was given up. The files in the primary directory are right also where the backup
+  // directory is gone.
+  void WriteLast(const Ids& subjects) {
+    auto changes = Plan(subjects);
+    std::vector<FileChange> inPrimary, inBackup;
+    if (changes) {
+      for (FileChange& change : *changes) (change.InBackup ? inBackup : inPrimary).push_back(std::move(change));
+    }
+    if (changes && Make(std::move(inPrimary)) && Make(std::move(inBackup))) return;
+    Warn(m_platform.Boxes,
+         "The files of intrusions and study orders still have lines of subjects that were not imported.  Please import "
+         "the table again.");
+  }
+
+ private:
+  // nullopt when the user cancels after a fault.
+  std::optional<std::vector<FileChange>> Plan(const Ids& subjects) {
     const ImportContext& context = m_draft.Context;
     const ImportPlan& plan = m_draft.Plan;
     const auto isReplaced = [&](const std::string& subject) { return subjects.contains(subject); };
@@ -47,13 +73,23 @@ class Companions {
     std::vector<StudyOrder> orders = context.StudyOrders;
     ReplaceRows(orders, isReplaced, RowsFor(plan.StudyOrders, subjects));
     const Responses decided = Decisions();
-    return Store(CompanionFile::Responses, FormatResponses(decided), decided.All().empty()) &&
-           Store(CompanionFile::Subjects, FormatOriginalIds(plan.OriginalIds), plan.OriginalIds.empty()) &&
-           Store(CompanionFile::Intrusions, FormatIntrusions(intrusions), intrusions.empty()) &&
-           Store(CompanionFile::StudyOrder, FormatStudyOrders(orders), orders.empty());
+    std::vector<FileChange> changes;
+    const bool isPlanned = WithRetry(m_platform.Boxes, [&] {
+      changes.clear();
+      Add(changes, CompanionFile::Responses, FormatResponses(decided), decided.All().empty());
+      Add(changes, CompanionFile::Subjects, FormatOriginalIds(plan.OriginalIds), plan.OriginalIds.empty());
+      Add(changes, CompanionFile::Intrusions, FormatIntrusions(intrusions), intrusions.empty());
+      Add(changes, CompanionFile::StudyOrder, FormatStudyOrders(orders), orders.empty());
+    });
+    return isPlanned ? std::optional(std::move(changes)) : std::nullopt;
   }
 
- private:
+  bool Make(std::vector<FileChange> changes) {
+    if (changes.empty()) return true;
+    return MakeChanges({"Saving the lines of imported subjects", std::move(changes)}, m_draft.Context.Project,
+                       m_platform);
+  }
+
   [[nodiscard]] Responses Decisions() const {
     Responses kept = DecisionsToKeep(m_draft.Context.Decided, m_draft);
     if (m_draft.Options.Items == ItemsBy::Position) return kept;
@@ -64,12 +100,14 @@ class Companions {
   }
 
   // A file without rows is written only in place of one that is there; one with the same content stays.
-  bool Store(CompanionFile file, const std::string& content, bool isEmpty) {
-    return WithRetry(m_platform.Boxes, [&] {
-      const auto before = ReadCompanion(m_platform.Files, m_draft.Context.Project, file);
-      if (before ? *before == content : isEmpty) return;
-      WriteCompanion(m_platform.Files, m_draft.Context.Project, file, content);
-    });
+  void Add(std::vector<FileChange>& changes, CompanionFile file, const std::string& content, bool isEmpty) {
+    const ProjectParameters& project = m_draft.Context.Project;
+    auto before = ReadCompanion(m_platform.Files, project, file);
+    if (before ? *before == content : isEmpty) return;
+    changes.push_back({false, CompanionName(project, file), std::move(before), content});
+    if (IsNoDirectory(project.BackupDir)) return;
+    before = ReadCompanionIn(m_platform.Files, project.BackupDir, project, file);
+    changes.push_back({true, CompanionName(project, file), std::move(before), content});
   }
 
   const ImportDraft& m_draft;
@@ -92,7 +130,7 @@ class Import {
     for (const PlannedSubject& subject : m_draft.Plan.Subjects) {
       if (Writes(subject.Action)) planned.insert(subject.SubjectId);
     }
-    if (!companions.Write(planned)) return m_outcome;
+    if (!companions.WriteFirst(planned)) return m_outcome;
     WithRetryOnce([&] {
       ForEachSubject(m_platform.Files, m_draft.Setup, m_draft.Survey,
                      static_cast<std::size_t>(m_draft.Context.Project.VariableCount),
@@ -102,7 +140,7 @@ class Import {
     if (!m_store.FlushNames(m_platform.Boxes)) m_isStopped = true;
     m_outcome.Completed = !m_isStopped && m_next == m_draft.Plan.Subjects.size();
     if (!m_isStopped && !m_outcome.Completed) ReportChange({});
-    if (!m_outcome.Completed) companions.Write(m_done);
+    if (!m_outcome.Completed) companions.WriteLast(m_done);
     return m_outcome;
   }
 

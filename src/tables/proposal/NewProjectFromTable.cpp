@@ -178,9 +178,17 @@ bool CreateProject(Disk& disk, MessageBoxes& boxes, ProjectParameters& project, 
   for (const std::string& directory : {project.PrimaryDir, paramDir}) {
     if (!WithRetry(boxes, [&] { disk.CreateDirectories(directory); })) return false;
   }
-  if (!WriteProjectFile(project, paramDir, false, disk, boxes)) return false;
-  if (words.IsEmpty()) return true;
-  return WithRetry(boxes, [&] { WriteCompanion(disk, project, CompanionFile::Words, FormatWordList(words)); });
+  const auto writeWords = [&] { WriteCompanion(disk, project, CompanionFile::Words, FormatWordList(words)); };
+  if (WriteProjectFile(project, paramDir, false, disk, boxes) && (words.IsEmpty() || WithRetry(boxes, writeWords))) {
+    return true;
+  }
+  for (const std::string& place : {paramDir, project.PrimaryDir}) {
+    WithRetry(boxes, [&] {
+      const std::string path = ParameterFilePath(place, project);
+      if (disk.FileExists(path)) disk.Delete(path);
+    });
+  }
+  return false;
 }
 
 }  // namespace zova

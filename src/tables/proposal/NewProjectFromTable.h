@@ -50,7 +50,7 @@ std::string PlaceProject(Disk& disk, ProjectParameters& project, const std::stri
                          const std::string& paramDir);
 
 /// Creates the directories that are missing, and writes parameter files and word list. False when the user cancels
-/// after a fault.
+/// after a fault; then no parameter file is left, so that the project can be made again.
 bool CreateProject(Disk& disk, MessageBoxes& boxes, ProjectParameters& project, const WordList& words,
                    const std::string& paramDir);
 
