@@ -7,6 +7,8 @@
 #include <string_view>
 #include <utility>
 
+#include "project/ProjectLayout.h"
+
 namespace zova {
 
 namespace {
@@ -66,6 +68,7 @@ struct PlanSwitch {
 };
 
 constexpr std::string_view kItems = "--items";
+constexpr std::string_view kIds = "--ids";
 
 constexpr std::array<PlanSwitch, 6> kSwitches = {{
     {kItems.data(),
@@ -88,7 +91,7 @@ constexpr std::array<PlanSwitch, 6> kSwitches = {{
      {"By the position, if there is one", "That of the rows"},
      [](const ImportDraft& d) { return d.Options.OrderByRows; },
      [](ImportOptions& o, bool second) { o.OrderByRows = second; }},
-    {"--ids",
+    {kIds.data(),
      "Identifiers",
      {"Those of the table", "Number the subjects"},
      [](const ImportDraft& d) { return d.Options.NumberIds; },
@@ -195,6 +198,11 @@ std::vector<ImportChoice> PlanChoices(const ImportDraft& draft, bool isNew) {
   choices.reserve(kSwitches.size() + 1);
   for (const PlanSwitch& choice : kSwitches) {
     if (isNew && choice.Name != kItems) continue;
+    if (choice.Name == kIds && !draft.Context.OriginalIds.empty()) {
+      const std::string file = CompanionName(draft.Context.Project, CompanionFile::Subjects);
+      choices.push_back({choice.Name, choice.Text, {"Numbered, as in '" + file + "'"}, 0});
+      continue;
+    }
     choices.push_back({choice.Name, choice.Text, {choice.Answers[0], choice.Answers[1]}, choice.Get(draft) ? 1 : 0});
   }
   if (draft.Context.Project.MinutesRecorded == 1 && draft.Setup.Columns.Has(ColumnRole::Minute)) {

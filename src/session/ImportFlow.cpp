@@ -130,6 +130,7 @@ void ImportFlow::ListChoices() {
   }
   m_totals = m_draft->Plan.Totals;
   std::erase_if(m_totals, [](const ImportTotal& total) { return total.Count == 0; });
+  m_rest = m_draft->Plan.Findings.Uncounted();
   m_choices.clear();
   for (const ImportQuestion& question : m_asked) {
     ImportChoice choice{NameOfQuestion(question), question.Text, {}, -1};

@@ -124,6 +124,7 @@ class ImportFlow {
   std::map<std::string, std::string> m_answers;  // by the choice's name
   std::vector<ImportChoice> m_choices;
   std::vector<ImportTotal> m_totals;  // other than 0
+  std::optional<ImportCase> m_rest;   // of more cases than are listed
   ProjectProposal m_proposal;
   std::vector<bool> m_offers;
   ProjectParameters m_unmade;  // stands for a new project on the table's page

@@ -88,7 +88,7 @@ std::string ImportFlow::ReviewLine() const {
 }
 
 int ImportFlow::DryRunRows() const noexcept {
-  return static_cast<int>(m_totals.size() + m_draft->Plan.Findings.Cases.size());
+  return static_cast<int>(m_totals.size() + m_draft->Plan.Findings.Cases.size() + (m_rest ? 1 : 0));
 }
 
 std::string ImportFlow::DryRunText(int row, int column) const {
@@ -100,7 +100,9 @@ std::string ImportFlow::DryRunText(int row, int column) const {
                                               total.Test, OnScreen(total.Text)};
     return texts.at(static_cast<std::size_t>(column));
   }
-  const ImportCase& found = m_draft->Plan.Findings.Cases[index - m_totals.size()];
+  const std::vector<ImportCase>& cases = m_draft->Plan.Findings.Cases;
+  const std::size_t at = index - m_totals.size();
+  const ImportCase& found = at < cases.size() ? cases[at] : *m_rest;
   const std::array<std::string, 7> texts = {std::string(CaseName(found.Kind)),
                                             std::to_string(found.Count),
                                             found.Row == 0 ? "" : std::to_string(found.Row),
@@ -121,6 +123,7 @@ std::string ImportFlow::DryRunLine() const {
     line += ", " + std::to_string(refused) + " refused by the checks";
   }
   if (!plan.Questions.empty()) line += "; " + Counted(plan.Questions.size(), "question is", "questions are") + " open";
+  if (m_rest) line += "; " + Counted(m_rest->Count, "more case is", "more cases are") + " not listed";
   if (plan.HasErrors()) line += "; the faults in the list have to be mended first";
   return line;
 }

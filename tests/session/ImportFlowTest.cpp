@@ -4,6 +4,8 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
+
 #include "session/SessionFixture.h"
 
 namespace zova::testing {
@@ -101,6 +103,25 @@ TEST_F(ImportFlowTest, AsksBeforeDecisionsAreLost) {
   Boxes.Expect(kept);
   EXPECT_TRUE(session.Close());
   EXPECT_EQ(m_scratch.Get("C:\\ZOVA\\Sample Data\\AB Responses.csv"), "response,item\r\nrosse,1\r\n");
+}
+
+// What is beyond the listed cases, and who numbers the subjects.
+TEST_F(ImportFlowTest, TellsWhatItDoesNotList) {
+  std::string table = "ID,trial,item,word\n";
+  for (std::size_t row = 0; row <= ImportFindings::kMaxCases; ++row) table += "S1,1,1,tulip\n";
+  PutTable(table);
+  Session& session = OpenStudy();
+  m_scratch.Put("C:\\ZOVA\\Sample Data\\AB Subjects.csv", "subject,original\r\n1,S1\r\n");
+  ImportFlow& flow = Import(session);
+  flow.Next();
+  ASSERT_EQ(flow.CurrentStage(), Stage::DryRun);
+  EXPECT_THAT(flow.DryRunLine(), HasSubstr("; 3 more cases are not listed"));
+  EXPECT_EQ(flow.DryRunText(flow.DryRunRows() - 1, 1) + flow.DryRunText(flow.DryRunRows() - 1, 6),
+            "3more cases, not listed");
+  const auto ids = std::find_if(flow.Choices().begin(), flow.Choices().end(),
+                                [](const ImportChoice& choice) { return choice.Name == "--ids"; });
+  ASSERT_NE(ids, flow.Choices().end());
+  EXPECT_EQ(ids->Answers, std::vector<std::string>{"Numbered, as in 'AB Subjects.csv'"});
 }
 
 TEST_F(ImportFlowTest, DefinesAProjectForATable) {

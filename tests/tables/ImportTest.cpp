@@ -448,7 +448,7 @@ TEST(ImportFindings, AnErrorBehindTheListedCasesStillCounts) {
   ImportFindings findings;
   for (std::size_t i = 0; i <= ImportFindings::kMaxCases; ++i) findings.Add({.Kind = CaseKind::Check});
   EXPECT_FALSE(findings.HasErrors);
-  EXPECT_EQ(findings.Uncounted, 1U);
+  EXPECT_EQ(findings.Uncounted()->Count, 1U);
   findings.Add({.Kind = CaseKind::Error});
   EXPECT_TRUE(findings.HasErrors);
   EXPECT_EQ(findings.Cases.back().Kind, CaseKind::Error);

@@ -26,8 +26,17 @@ void ImportFindings::Add(ImportCase found) {
   if (Cases.size() < (isError ? 2 * kMaxCases : kMaxCases)) {
     Cases.push_back(std::move(found));
   } else {
-    ++Uncounted;
+    ++m_uncounted;
   }
+}
+
+std::optional<ImportCase> ImportFindings::Uncounted() const {
+  if (m_uncounted == 0) return std::nullopt;
+  return ImportCase{.Kind = CaseKind::Check, .Count = m_uncounted, .Text = "more cases, not listed"};
+}
+
+bool ImportFindings::HasNoted(std::string_view response) const {
+  return m_places.find(ResponsePlace(response, {})) != m_places.end();
 }
 
 OpenResponse& ImportFindings::Note(std::string_view response, std::string_view scope, std::string_view subject,
@@ -35,6 +44,7 @@ OpenResponse& ImportFindings::Note(std::string_view response, std::string_view s
   const std::string place = ResponsePlace(response, scope);
   auto found = m_places.find(place);
   if (found == m_places.end()) {
+    m_places.emplace(ResponsePlace(response, {}), Responses.size());
     found = m_places.emplace(place, Responses.size()).first;
     OpenResponse& added = Responses.emplace_back();
     added.Response = response;

@@ -71,15 +71,19 @@ class ImportFindings {
   void Add(ImportCase found);
   /// Notes a response by its key, and in lists of positions by its scope. Returns its entry in Responses.
   OpenResponse& Note(std::string_view response, std::string_view scope, std::string_view subject, std::size_t row);
+  /// True for a response that was noted, in whatever scope.
+  [[nodiscard]] bool HasNoted(std::string_view response) const;
+  /// The cases beyond kMaxCases as one; nullopt for none.
+  [[nodiscard]] std::optional<ImportCase> Uncounted() const;
 
   std::vector<ImportCase> Cases;
   bool HasErrors = false;
-  std::size_t Uncounted = 0;  ///< cases beyond kMaxCases
   ImportCounts Counts;
   std::vector<OpenResponse> Responses;  ///< in the order of their first rows
 
  private:
-  TextMap<std::size_t> m_places;  // of responses, by key and scope
+  TextMap<std::size_t> m_places;  // of responses, by key and scope, and the first by its key alone
+  std::size_t m_uncounted = 0;
 };
 
 }  // namespace zova

@@ -73,9 +73,7 @@ std::string FormatImportReport(const ImportPlan& plan) {
              {.Count = open.Count, .Row = open.Row, .Subject = open.Subject, .Text = NearText(open)});
   }
   for (const ImportCase& found : plan.Findings.Cases) rows.Add(CaseName(found.Kind), found);
-  if (plan.Findings.Uncounted > 0) {
-    rows.Add(CaseName(CaseKind::Check), {.Count = plan.Findings.Uncounted, .Text = "more cases, not listed"});
-  }
+  if (const auto rest = plan.Findings.Uncounted()) rows.Add(CaseName(rest->Kind), *rest);
   return rows.Release();
 }
 
