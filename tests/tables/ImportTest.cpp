@@ -270,6 +270,22 @@ TEST(Import, TakesWordsWhereNumbersLack) {
   EXPECT_THAT(desk.Files.Get("C:\\Data\\AB Intrusions.csv"), HasSubstr("\r\na,1,2,zebra,,\r\n"));
 }
 
+// Two pieces of a cell that together are a word are asked about once, whatever was decided.
+TEST(Import, KeepsWhatWasDecidedAboutTwoPieces) {
+  ImportDesk desk({.Tests = 1, .Items = 6});
+  const Options cells = {{"--shape", "lists"}, {"--separator", "|"}};
+  ImportDraft draft = desk.Draft("subject,list,word\na,1,yo|yo|apple\n", cells);
+  desk.Files.Put("C:\\d.csv", "response,item\nyo yo,intrusion\n");
+  AddDecisions(desk.OfFiles, "C:\\d.csv", ItemsBy::Pool, draft.Context);
+  RefreshImport(desk.OfFiles, draft);
+  EXPECT_EQ(ImportDesk::CasesOf(draft), "");
+  desk.Run(draft);
+  EXPECT_EQ(desk.Files.Get("C:\\Data\\AB Responses.csv"), "response,item\r\nyo yo,intrusion\r\n");
+  EXPECT_EQ(ImportDesk::CasesOf(desk.Draft("subject,list,word\nb,1,apple|yo|yo\n", cells)), "");
+  EXPECT_EQ(ImportDesk::CasesOf(desk.Draft("subject,list,word\nb,1,yo yo\n")),
+            "check 0    'AB Responses.csv', line 2: 'yo yo' is a word; what was decided about it is passed over\n");
+}
+
 // The review's list goes out, comes back edited, and leaves nothing to be decided.
 TEST(Import, TakesTheUnmatchedBack) {
   ImportDesk desk({.Tests = 1, .Items = 6});

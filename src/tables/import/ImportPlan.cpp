@@ -85,7 +85,9 @@ void PlanSubjects(Disk& disk, ImportDraft& draft, std::array<std::size_t, kMaxVa
   });
 }
 
+// Before the other cases.
 void NoteNeedlessDecisions(ImportDraft& draft) {
+  std::vector<ImportCase> needless;
   for (const DecidedResponse& decided : draft.Context.Decided.All()) {
     if (!IsNeedless(decided, draft)) continue;
     std::string text = "'" + decided.Response + "' is a word; what was decided about it is passed over";
@@ -94,8 +96,10 @@ void NoteNeedlessDecisions(ImportDraft& draft) {
           decided.File.empty() ? CompanionName(draft.Context.Project, CompanionFile::Responses) : decided.File;
       text.insert(0, "'" + file + "', line " + std::to_string(decided.Line) + ": ");
     }
-    draft.Plan.Findings.Add({.Kind = CaseKind::Check, .Text = std::move(text)});
+    needless.push_back({.Kind = CaseKind::Check, .Text = std::move(text)});  // NOLINT: mostly none
   }
+  std::vector<ImportCase>& cases = draft.Plan.Findings.Cases;
+  cases.insert(cases.begin(), std::make_move_iterator(needless.begin()), std::make_move_iterator(needless.end()));
 }
 
 void MakePlan(Disk& disk, ImportDraft& draft) {
@@ -111,9 +115,9 @@ void MakePlan(Disk& disk, ImportDraft& draft) {
     return;
   }
   AssignIdentifiers(draft);
-  NoteNeedlessDecisions(draft);
   std::array<std::size_t, kMaxVariables> withoutLevel{};
   PlanSubjects(disk, draft, withoutLevel);
+  NoteNeedlessDecisions(draft);
   AskQuestions(draft, withoutLevel);
   AddTotals(draft);
   draft.Plan.IsComplete = true;
@@ -143,11 +147,12 @@ void RefreshImport(Disk& disk, ImportDraft& draft) {
   MakePlan(disk, draft);
 }
 
-// A response in two pieces may be decided as the word that it is in one.
+// Two pieces of a cell may together be a word and yet have been decided as another item, an intrusion or nothing. As
+// the word itself they were decided for tables in which they stand so.
 bool IsNeedless(const DecidedResponse& decided, const ImportDraft& draft) {
   const std::string key = WordKey(decided.Response);
   const bool isItsWord = decided.What.Kind == Verdict::Item && draft.Matcher->ItemInPool(key) == decided.What.Item;
-  return draft.Matcher->IsWord(key) && !isItsWord;
+  return draft.Matcher->IsWord(key) && !isItsWord && !draft.Plan.Findings.HasNoted(decided.Response);
 }
 
 Responses DecisionsToKeep(const Responses& decided, const ImportDraft& draft) {

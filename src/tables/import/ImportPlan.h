@@ -91,7 +91,8 @@ ImportDraft DraftImport(Disk& disk, const std::string& table, const ImportOption
 /// Throws FileError.
 void RefreshImport(Disk& disk, ImportDraft& draft);
 
-/// True when a decision is about what is a word by now: it is reported and passed over.
+/// True when a decision is about what is a word by now, and was not met as a response in two pieces: it is reported and
+/// passed over. `draft` has its plan.
 bool IsNeedless(const DecidedResponse& decided, const ImportDraft& draft);
 
 /// The decisions that the project keeps for later tables. Numbers for lists of positions mean other words in other
