@@ -22,15 +22,6 @@ std::string NameOfQuestion(const ImportQuestion& question) {
   return question.Variable.empty() ? question.Option : question.Option + " " + question.Variable;
 }
 
-std::vector<std::string> LevelsOf(const std::string& variable, const ProjectParameters& project) {
-  std::vector<std::string> levels;
-  for (std::size_t v = 0; v < static_cast<std::size_t>(project.VariableCount); ++v) {
-    if (project.VariableNames[v] != variable) continue;
-    for (int level = 1; level <= project.LevelCounts[v]; ++level) levels.push_back(LevelLabel(project, v, level));
-  }
-  return levels;
-}
-
 }  // namespace
 
 void ImportFlow::Show(Stage stage) {
@@ -41,8 +32,6 @@ void ImportFlow::Show(Stage stage) {
 
 void ImportFlow::ForgetAnswers() {
   m_hasDecisions = false;
-  m_asked.clear();
-  m_answers.clear();
   m_choices.clear();
   m_wordsFile.clear();
   m_offers.clear();
@@ -87,7 +76,12 @@ bool ImportFlow::Refresh() {
   const BusyPointer busy(m_platform.Pointer);
   ++m_revision;
   const auto refresh = m_isNew ? RefreshNewProject : RefreshImport;
-  return WithRetry(m_platform.Boxes, [&] { refresh(m_platform.Files, *m_draft); });
+  return WithRetry(m_platform.Boxes, [&] {
+    refresh(m_platform.Files, *m_draft);
+    if (!m_draft->Options.FirstItem || FindRaised("--first-item") != nullptr) return;
+    m_draft->Options.FirstItem.reset();  // of the table as it was read before: it would shift all items unseen
+    refresh(m_platform.Files, *m_draft);
+  });
 }
 
 // A change that makes the table unreadable is reported and taken back.
@@ -120,42 +114,41 @@ void ImportFlow::SetFilter(const std::string& column, const std::string& value) 
 }
 
 void ImportFlow::ListChoices() {
-  for (const ImportQuestion& question : m_draft->Plan.Questions) {
-    const std::string name = NameOfQuestion(question);
-    const auto isKnown = [&](const ImportQuestion& other) { return NameOfQuestion(other) == name; };
-    if (std::none_of(m_asked.begin(), m_asked.end(), isKnown)) {
-      m_asked.push_back(question);
-      if (question.Answers.empty()) m_asked.back().Answers = LevelsOf(question.Variable, *m_project);
-    }
-  }
+  const std::vector<ImportQuestion>& raised = m_draft->Plan.Raised;
   m_totals = m_draft->Plan.Totals;
   std::erase_if(m_totals, [](const ImportTotal& total) { return total.Count == 0; });
   m_rest = m_draft->Plan.Findings.Uncounted();
   m_choices.clear();
-  for (const ImportQuestion& question : m_asked) {
+  for (const ImportQuestion& question : raised) {
     ImportChoice choice{NameOfQuestion(question), question.Text, {}, -1};
-    const auto answer = m_answers.find(choice.Name);
+    const std::string answer = AnswerTo(question, m_draft->Options);
     for (std::size_t i = 0; i < question.Answers.size(); ++i) {
       choice.Answers.push_back(AnswerText(question, question.Answers[i]));
-      if (answer != m_answers.end() && answer->second == question.Answers[i]) choice.Chosen = static_cast<int>(i);
+      if (answer == question.Answers[i]) choice.Chosen = static_cast<int>(i);
     }
     m_choices.push_back(std::move(choice));
   }
   for (ImportChoice& choice : PlanChoices(*m_draft, m_isNew)) {
-    const auto isAsked = [&](const ImportQuestion& question) { return NameOfQuestion(question) == choice.Name; };
-    if (std::none_of(m_asked.begin(), m_asked.end(), isAsked)) m_choices.push_back(std::move(choice));
+    if (FindRaised(choice.Name) == nullptr) m_choices.push_back(std::move(choice));
   }
 }
 
-void ImportFlow::Choose(const std::string& name, int answer) {
-  const auto asked = std::find_if(m_asked.begin(), m_asked.end(),
+const ImportQuestion* ImportFlow::FindRaised(const std::string& name) const {
+  const std::vector<ImportQuestion>& raised = m_draft->Plan.Raised;
+  const auto found = std::find_if(raised.begin(), raised.end(),
                                   [&](const ImportQuestion& question) { return NameOfQuestion(question) == name; });
-  if (asked == m_asked.end()) {
+  return found == raised.end() ? nullptr : &*found;
+}
+
+void ImportFlow::Choose(const std::string& name, int answer) {
+  const ImportQuestion* const asked = FindRaised(name);
+  if (asked == nullptr) {
     Change([&](ImportOptions& options) { ChooseForPlan(options, name, answer); });
   } else if (answer >= 0 && static_cast<std::size_t>(answer) < asked->Answers.size()) {
     const ImportQuestion question = *asked;
-    const std::string& text = question.Answers[static_cast<std::size_t>(answer)];
-    if (Change([&](ImportOptions& options) { AnswerQuestion(options, question, text); })) m_answers[name] = text;
+    Change([&](ImportOptions& options) {
+      AnswerQuestion(options, question, question.Answers[static_cast<std::size_t>(answer)]);
+    });
   }
   ListChoices();
 }

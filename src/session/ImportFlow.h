@@ -2,7 +2,6 @@
 #pragma once
 
 #include <functional>
-#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -79,7 +78,7 @@ class ImportFlow {
   [[nodiscard]] std::string ReviewLine() const;
 
   // DryRun
-  /// Questions of the table, answered or not, then the choices that have a default.
+  /// Questions of the table as it is read now, answered or not, then the choices that have a default.
   [[nodiscard]] const std::vector<ImportChoice>& Choices() const noexcept { return m_choices; }
   void Choose(const std::string& name, int answer);
   [[nodiscard]] std::string DryRunLine() const;
@@ -106,6 +105,7 @@ class ImportFlow {
   bool Change(const std::function<void(ImportOptions&)>& change);
   bool Refresh();
   void ListChoices();
+  [[nodiscard]] const ImportQuestion* FindRaised(const std::string& name) const;
   bool OpenReview();
   bool TakeDecisions();
   bool KeepDecisions();
@@ -119,9 +119,7 @@ class ImportFlow {
   const ProjectParameters* m_project = nullptr;
   std::optional<ImportDraft> m_draft;
   ImportReview m_review;
-  bool m_hasDecisions = false;                   // that are not saved
-  std::vector<ImportQuestion> m_asked;           // all that were raised
-  std::map<std::string, std::string> m_answers;  // by the choice's name
+  bool m_hasDecisions = false;  // that are not saved
   std::vector<ImportChoice> m_choices;
   std::vector<ImportTotal> m_totals;  // other than 0
   std::optional<ImportCase> m_rest;   // of more cases than are listed

@@ -130,6 +130,23 @@ std::string AnswerQuestion(ImportOptions& options, const ImportQuestion& questio
   return {};
 }
 
+std::string AnswerTo(const ImportQuestion& question, const ImportOptions& options) {
+  const auto named = [](const auto& names, const auto& chosen) {
+    return std::string(chosen ? NameOf(names, *chosen) : std::string_view());
+  };
+  const std::string_view name = question.Option;
+  if (name == "--tests") return named(kTests, options.Tests);
+  if (name == "--first-item") return named(kFirstItems, options.FirstItem);
+  if (name == "--times") return named(kTimes, options.Times);
+  if (name == "--others") return named(kOthers, options.Others);
+  if (name == "--too-long") return named(kTooLong, options.Long);
+  if (name == "--missing-tests") return named(kMissing, options.Missing);
+  if (name == "--existing") return named(kExisting, options.Existing);
+  const auto level = std::find_if(options.Levels.begin(), options.Levels.end(),
+                                  [&](const LevelChoice& choice) { return choice.Variable == question.Variable; });
+  return level == options.Levels.end() ? std::string() : level->Level;
+}
+
 std::string_view DelimiterName(char delimiter) noexcept { return NameOf(kDelimiters, delimiter); }
 
 std::string_view EncodingName(TableEncoding encoding) noexcept { return NameOf(kEncodings, encoding); }

@@ -84,7 +84,7 @@ struct ImportOptions {
   bool operator==(const ImportOptions&) const = default;
 };
 
-/// A question that the table raises and no option answers.
+/// A question that the table raises.
 struct ImportQuestion {
   std::string Option;                ///< the option of zova-import that answers it: "--tests"
   std::string Text;                  ///< "..., or ...?"
@@ -98,6 +98,9 @@ struct ImportQuestion {
 /// Sets an option of zova-import by its name, as on the command line. Returns what is wrong with the value, or "".
 /// Options without a value take "".
 std::string SetImportOption(ImportOptions& options, std::string_view name, std::string_view value);
+
+/// The answer that the options have to a question, or "".
+std::string AnswerTo(const ImportQuestion& question, const ImportOptions& options);
 
 /// Answers a question with one of its answers, or for "--level" with a level's name or number.
 std::string AnswerQuestion(ImportOptions& options, const ImportQuestion& question, std::string_view answer);

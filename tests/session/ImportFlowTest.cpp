@@ -204,6 +204,12 @@ TEST_F(ImportFlowTest, LeavesNoTableOfANewProjectWithoutAWayOn) {
            EXPECT_FALSE(flow.CanGoNext());
            flow.ChooseHowRead(name, answer);
          }
+         const std::size_t asked = flow.HowRead().size();
+         flow.SetFilter("subject", "a");
+         EXPECT_EQ(flow.HowRead().size(), asked - 2) << "neither tests nor numbers are in question there";
+         flow.SetFilter("", "");
+         EXPECT_EQ(flow.TableTold(), "1 question is open: please choose on the left");
+         flow.ChooseHowRead("--first-item", 0);
        },
        "2 tests, 3 items, 2 minutes"}};
   for (const Case& c : cases) {

@@ -65,7 +65,11 @@ struct ImportDesk : Study {
   /// The report's rows below the totals: "what row column subject test text".
   static std::string CasesOf(const ImportDraft& draft) {
     std::string text;
-    for (const ImportQuestion& question : draft.Plan.Questions) text += "undecided " + question.Option + "\n";
+    for (const ImportQuestion& question : draft.Plan.Questions) {
+      text += "undecided " + question.Option;
+      if (question.Row != 0) text += " " + std::to_string(question.Row);
+      text += "\n";
+    }
     for (const ImportCase& found : draft.Plan.Findings.Cases) {
       text += std::string(CaseName(found.Kind)) + " " + std::to_string(found.Row);
       for (const std::string* field : {&found.Column, &found.Subject, &found.Test, &found.Text}) text += " " + *field;

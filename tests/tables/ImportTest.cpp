@@ -95,15 +95,15 @@ TEST(Import, AsksAndReports) {
        {{"--level", "SEX=f"}},
        "level 2 sex a  'x' is no level of Sex\n",
        "a: 1/2/2 | 5/2"},
-      {"a,1,1,apple,1,2,m\n",
+      {"b,1,1,apple,2,2,m\nb,2,1,vase,1,,m\na,1,1,apple,2,2,m\n",
        {},
-       "undecided --missing-tests\ncheck 2  a  the subject has no rows for test 2\n"
-       "check 2 minute a 1 test 1, line 1: The last item in Test 1 was during minute 1.\n"
-       "check 2  a  test 2, line 1: Test number 2 was blank.\n",
+       "undecided --missing-tests 4\n"
+       "check 3 minute b 2 test 2, line 1: The last item in Test 2 was during minute 1.\n"
+       "check 4  a  the subject has no rows for test 2\ncheck 4  a  test 2, line 1: Test number 2 was blank.\n",
        ""},
       {"a,1,1,apple,0.5,2,m\na,2,1,vase,120,,m\n",
        {},
-       "undecided --times\n"
+       "undecided --times 2\n"
        "minute 2 minute a 1 '0.5' is in none of the minutes 1 to 2\nminute 3 minute a 2 '120' is in none of the "
        "minutes "
        "1 to 2\ncheck 2 minute a 1 test 1, line 1: There was at least 1 blank space detected in the minute data for "
@@ -113,7 +113,7 @@ TEST(Import, AsksAndReports) {
       {"a,1,1,apple,60,2,m\na,2,1,vase,120,,m\n", {{"--times", "s"}}, "", "a: 1/2/2 | 5/2"},
       {"a,1,1,apple,2,2,m\na,2,1,vase,3,,m\n",
        {},
-       "undecided --times\nminute 3 minute a 2 '3' is in none of the minutes 1 to 2\n"
+       "undecided --times 3\nminute 3 minute a 2 '3' is in none of the minutes 1 to 2\n"
        "check 3 minute a 2 test 2, line 1: There was at least 1 blank space detected in the minute data for this "
        "test.\n",
        ""},
@@ -168,7 +168,7 @@ TEST(Import, CutsListsThatRepeatsMakeTooLong) {
       "apple\n";
   const std::tuple<Options, const char*, const char*> cases[] = {
       {{}, "a: 1 2 | 3 1 2; b: 3 | 1", ""},
-      {{{"--repeats", "keep"}}, "", "undecided --too-long\ntoo-long 8  a 2 4 recalls of 3 items\n"},
+      {{{"--repeats", "keep"}}, "", "undecided --too-long 8\ntoo-long 8  a 2 4 recalls of 3 items\n"},
       {{{"--repeats", "keep"}, {"--too-long", "cut"}},
        "a: 1 2 1 | 3 1 2; b: 3 | 1",
        "too-long 8  a 2 4 recalls of 3 items\n"},
@@ -211,7 +211,7 @@ TEST(Import, KnowsWhatWasStudied) {
             "subject,test,position,item\r\na,1,1,1\r\na,1,2,2\r\nb,1,1,1\r\nb,1,2,2\r\nc,1,1,1\r\nc,1,2,2\r\n");
   EXPECT_EQ(ImportDesk::CasesOf(pool.Draft("subject,list,trial_type,item\na,1,study,0\na,1,study,2\na,1,recall,2\n",
                                            {{"--existing", "skip"}})),
-            "undecided --first-item\n");
+            "undecided --first-item 2\n");
 }
 
 // A number decided in position mode is the word at that place in the list where the response stands first, also when

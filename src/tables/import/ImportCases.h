@@ -46,6 +46,8 @@ struct ImportCounts {
   std::size_t TooLong = 0;  ///< lists
   std::size_t MissingTests = 0;
   std::size_t EmptyTests = 0;
+  std::size_t TooLongRow = 0;      ///< of the first list
+  std::size_t MissingTestRow = 0;  ///< of the first subject
 };
 
 /// A response that is no word of its list, and what becomes of it.

@@ -34,7 +34,7 @@ bool HasSameRows(const ImportContext& context, const BuiltSubject& subject) {
           std::equal(orders.begin(), orders.end(), subject.StudyOrders.begin(), subject.StudyOrders.end()));
 }
 
-SubjectAction ActionFor(Disk& disk, const ImportDraft& draft, const BuiltSubject& subject) {
+SubjectAction ActionFor(Disk& disk, const ImportDraft& draft, const BuiltSubject& subject, std::size_t& different) {
   const ImportContext& context = draft.Context;
   if (subject.IsLeftOut) return SubjectAction::LeaveOut;
   if (subject.IsIncomplete && !draft.Options.AcceptIncomplete) return SubjectAction::Refuse;
@@ -47,6 +47,7 @@ SubjectAction ActionFor(Disk& disk, const ImportDraft& draft, const BuiltSubject
       (isUnfinished && subject.IsIncomplete && IsSaved(disk, UnfinishedDirectory(primary), subject, context.Project));
   if (isSame && HasSameRows(context, subject)) return SubjectAction::Same;
   const bool isThere = isComplete || isUnfinished;
+  different += isThere ? 1 : 0;
   if (isThere && draft.Options.Existing != ExistingSubjects::Replace) return SubjectAction::Skip;
   if (subject.IsIncomplete) return SubjectAction::Unfinished;
   return isThere ? SubjectAction::Replace : SubjectAction::Write;
@@ -74,9 +75,9 @@ void PlanSubjects(Disk& disk, ImportDraft& draft, std::array<std::size_t, kMaxVa
     PlannedSubject& planned = plan.Subjects[next++];
     builder.Build(rows, planned.SubjectId, subject);
     planned.Digest = rows.Digest;
-    planned.Action = ActionFor(disk, draft, subject);
+    planned.Action = ActionFor(disk, draft, subject, plan.Different);
     ++plan.ActionCounts[static_cast<std::size_t>(planned.Action)];
-    for (std::size_t v = 0; v < variables; ++v) withoutLevel[v] += subject.Record.Levels[v] == 0 ? 1U : 0U;
+    for (std::size_t v = 0; v < variables; ++v) withoutLevel[v] += subject.LacksLevel[v] ? 1U : 0U;
     if (IsStored(planned.Action)) {
       Append(plan.Intrusions, subject.Intrusions);
       Append(plan.StudyOrders, subject.StudyOrders);

@@ -52,10 +52,12 @@ struct ImportTotal {
 
 struct ImportPlan {
   std::vector<ImportTotal> Totals;
-  std::vector<ImportQuestion> Questions;  ///< open ones
+  std::vector<ImportQuestion> Raised;     ///< all questions of the table, answered by the options or not
+  std::vector<ImportQuestion> Questions;  ///< of them, the open ones
   ImportFindings Findings;                ///< cases, counts, and responses for review
   std::vector<PlannedSubject> Subjects;   ///< in the order of their first rows
   std::array<std::size_t, kSubjectActionCount> ActionCounts{};
+  std::size_t Different = 0;            ///< subjects that are in the project with other data
   std::vector<Intrusion> Intrusions;    ///< of the subjects written or the same
   std::vector<StudyOrder> StudyOrders;  ///< likewise
   std::vector<OriginalId> OriginalIds;  ///< as they will be stored; empty when subjects keep their identifiers

@@ -12,76 +12,82 @@ namespace zova {
 
 namespace {
 
-void Ask(ImportDraft& draft, const char* option, std::string text, std::vector<std::string> answers,
-         std::size_t row = 0) {
-  draft.Plan.Questions.push_back({option, std::move(text), std::move(answers), row});
+void Ask(ImportDraft& draft, bool isAnswered, ImportQuestion question) {
+  if (!isAnswered) draft.Plan.Questions.push_back(question);
+  draft.Plan.Raised.push_back(std::move(question));
 }
 
 // Labels 1 to T are the tests. Otherwise the two ways differ where a subject's own labels are not the first ones.
 void AskTests(ImportDraft& draft) {
   const TableSurvey& survey = draft.Survey;
-  if (draft.Options.Tests || !survey.RankDiffers) return;
+  if (!survey.RankDiffers) return;
   const bool areTests = std::all_of(survey.Labels.begin(), survey.Labels.end(), [&](const SeenText& label) {
     const auto number = WholeNumber(label.Text);
     return number && *number >= 1 && *number <= draft.Context.Project.TestCount;
   });
   if (areTests) return;
-  Ask(draft, "--tests",
-      "Subjects have different lists.  Are the tests the lists of the table, by their labels, or each subject's own "
-      "lists, by rank?",
-      {"labels", "rank"});
+  Ask(draft, draft.Options.Tests.has_value(),
+      {"--tests",
+       "Subjects have different lists.  Are the tests the lists of the table, by their labels, or each subject's own "
+       "lists, by rank?",
+       {"labels", "rank"}});
 }
 
 void AskNumbers(ImportDraft& draft) {
   const TableSurvey& survey = draft.Survey;
   const bool areItems = survey.HasNumbers && draft.Options.Items == ItemsBy::Pool;
-  if (areItems && survey.ZeroLine != 0 && !draft.Options.FirstItem) {
-    Ask(draft, "--first-item", "There are items with the number 0.  Is the first item 0, or 1 and a 0 no recall?",
-        {"0", "1"}, survey.ZeroLine);
+  if (areItems && survey.ZeroLine != 0) {
+    Ask(draft, draft.Options.FirstItem.has_value(),
+        {"--first-item",
+         "There are items with the number 0.  Is the first item 0, or 1 and a 0 no recall?",
+         {"0", "1"},
+         survey.ZeroLine});
   }
   const ProjectParameters& project = draft.Context.Project;
-  if (project.MinutesRecorded != 1 || draft.Options.Times) return;
+  if (project.MinutesRecorded != 1) return;
   const bool areBroken = survey.BrokenMinuteLine != 0;
   if (!areBroken && survey.LargestMinute <= project.MaxMinutes) return;
   const std::string found = areBroken ? "The minutes are no whole numbers."
                                       : "There are minutes up to " + std::to_string(survey.LargestMinute) +
                                             "; the project has " + std::to_string(project.MaxMinutes) + ".";
-  Ask(draft, "--times",
-      found + "  Are they times, in seconds, milliseconds or minutes, or numbers of minutes, of which some are wrong?",
-      {"s", "ms", "min", "number"}, areBroken ? survey.BrokenMinuteLine : survey.LargestMinuteLine);
-}
-
-std::size_t RowOfCase(const ImportPlan& plan, CaseKind kind) {
-  const auto found = std::find_if(plan.Findings.Cases.begin(), plan.Findings.Cases.end(),
-                                  [&](const ImportCase& c) { return c.Kind == kind; });
-  return found == plan.Findings.Cases.end() ? 0 : found->Row;
+  Ask(draft, draft.Options.Times.has_value(),
+      {"--times",
+       found + "  Are they times, in seconds, milliseconds or minutes, or numbers of minutes, of which some are wrong?",
+       {"s", "ms", "min", "number"},
+       areBroken ? survey.BrokenMinuteLine : survey.LargestMinuteLine});
 }
 
 void AskLists(ImportDraft& draft) {
   const ImportCounts& counts = draft.Plan.Findings.Counts;
-  if (counts.Open > 0 && !draft.Options.Others) {
-    Ask(draft, "--others",
-        Counted(counts.Open, "response is", "responses are") +
-            " neither a word nor decided.  Are they intrusions, or skipped?",
-        {"intrusion", "skip"});
+  if (counts.Open > 0) {
+    Ask(draft, draft.Options.Others.has_value(),
+        {"--others",
+         Counted(counts.Open, "response is", "responses are") +
+             " neither a word nor decided.  Are they intrusions, or skipped?",
+         {"intrusion", "skip"}});
   }
-  if (counts.TooLong > 0 && !draft.Options.Long) {
-    Ask(draft, "--too-long",
-        Counted(counts.TooLong, "list is", "lists are") +
-            " longer than the study list.  Are they cut, or their subjects left out?",
-        {"cut", "leave-out"}, RowOfCase(draft.Plan, CaseKind::TooLong));
+  if (counts.TooLong > 0) {
+    Ask(draft, draft.Options.Long.has_value(),
+        {"--too-long",
+         Counted(counts.TooLong, "list is", "lists are") +
+             " longer than the study list.  Are they cut, or their subjects left out?",
+         {"cut", "leave-out"},
+         counts.TooLongRow});
   }
-  if (counts.MissingTests > 0 && !draft.Options.Missing) {
-    Ask(draft, "--missing-tests",
-        Counted(counts.MissingTests, "test is", "tests are") + " lacking.  Are they empty, or their subjects left out?",
-        {"empty", "leave-out"}, RowOfCase(draft.Plan, CaseKind::Check));
+  if (counts.MissingTests > 0) {
+    Ask(draft, draft.Options.Missing.has_value(),
+        {"--missing-tests",
+         Counted(counts.MissingTests, "test is", "tests are") +
+             " lacking.  Are they empty, or their subjects left out?",
+         {"empty", "leave-out"},
+         counts.MissingTestRow});
   }
-  const std::size_t skipped = draft.Plan.CountOf(SubjectAction::Skip);
-  if (skipped > 0 && !draft.Options.Existing) {
-    Ask(draft, "--existing",
-        Counted(skipped, "subject is", "subjects are") +
-            " in the project with other data.  Are they skipped, or replaced?",
-        {"skip", "replace"});
+  if (const std::size_t different = draft.Plan.Different; different > 0) {
+    Ask(draft, draft.Options.Existing.has_value(),
+        {"--existing",
+         Counted(different, "subject is", "subjects are") +
+             " in the project with other data.  Are they skipped, or replaced?",
+         {"skip", "replace"}});
   }
 }
 
@@ -91,10 +97,11 @@ void AskLevels(ImportDraft& draft, const std::array<std::size_t, kMaxVariables>&
     if (withoutLevel[v] == 0) continue;
     std::vector<std::string> levels;
     for (int level = 1; level <= project.LevelCounts[v]; ++level) levels.push_back(LevelLabel(project, v, level));
-    draft.Plan.Questions.push_back({"--level",
-                                    Counted(withoutLevel[v], "subject has", "subjects have") + " no level of " +
-                                        project.VariableNames[v] + " that fits.  Which one is it?",
-                                    std::move(levels), 0, project.VariableNames[v]});
+    Ask(draft, GivenLevel(draft.Options, project, v) != 0,
+        {"--level",
+         Counted(withoutLevel[v], "subject has", "subjects have") + " no level of " + project.VariableNames[v] +
+             " that fits.  Which one is it?",
+         std::move(levels), 0, project.VariableNames[v]});
   }
 }
 

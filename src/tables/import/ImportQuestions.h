@@ -13,8 +13,8 @@ namespace zova {
 /// unit of its minutes.
 void AskAboutTable(ImportDraft& draft);
 
-/// Asks what the table leaves undecided and no option answers. `withoutLevel` has the number of subjects without a
-/// level that fits, by variable.
+/// Asks what the table leaves undecided, be it answered by an option or not. `withoutLevel` has the number of subjects
+/// for whom the table has no level that fits, by variable.
 void AskQuestions(ImportDraft& draft, const std::array<std::size_t, kMaxVariables>& withoutLevel);
 
 }  // namespace zova

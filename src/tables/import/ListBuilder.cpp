@@ -216,7 +216,7 @@ bool ListBuilder::Build(const SubjectRows& rows, int test, TestEntries& entries,
   lists.RecallCount(test) = static_cast<std::int16_t>(std::min(sink.Length, lists.PositionCount()));
   if (sink.Length == 0) ++m_findings.Counts.EmptyTests;
   if (sink.Overflow == nullptr) return true;
-  ++m_findings.Counts.TooLong;
+  if (m_findings.Counts.TooLong++ == 0) m_findings.Counts.TooLongRow = sink.Overflow->Line;
   Report(CaseKind::TooLong, *sink.Overflow, kNoColumn,
          std::to_string(sink.Length) + " recalls of " + std::to_string(lists.PositionCount()) + " items");
   return false;

@@ -63,10 +63,10 @@ void SubjectBuilder::DivideByTests(const SubjectRows& rows) {
   }
 }
 
-int SubjectBuilder::GivenLevel(std::size_t variable) const {
-  for (const LevelChoice& choice : m_options.Levels) {
-    const bool isOfVariable = VariableNamed(choice.Variable, m_context.Project) == static_cast<int>(variable);
-    if (isOfVariable) return LevelOf(choice.Level, m_context.Project, variable);
+int GivenLevel(const ImportOptions& options, const ProjectParameters& project, std::size_t variable) {
+  for (const LevelChoice& choice : options.Levels) {
+    const bool isOfVariable = VariableNamed(choice.Variable, project) == static_cast<int>(variable);
+    if (isOfVariable) return LevelOf(choice.Level, project, variable);
   }
   return 0;
 }
@@ -78,7 +78,8 @@ void SubjectBuilder::FillLevels(const SubjectRows& rows, BuiltSubject& subject) 
     const int column = m_setup.Columns.Variables[v];
     int level = given.ChangedLine == 0 ? LevelOf(given.Text, project, v) : 0;
     if (level == 0) {
-      level = GivenLevel(v);
+      level = GivenLevel(m_options, project, v);
+      subject.LacksLevel[v] = true;
       ImportCase found{.Kind = CaseKind::Level,
                        .Row = given.ChangedLine != 0 ? given.ChangedLine
                               : given.Line != 0      ? given.Line
@@ -93,14 +94,13 @@ void SubjectBuilder::FillLevels(const SubjectRows& rows, BuiltSubject& subject) 
       }
     }
     subject.Record.Levels[v] = static_cast<std::int16_t>(level);
-    if (level == 0) subject.HasNoLevel = true;
   }
 }
 
 void SubjectBuilder::NoteMissingTests(const SubjectRows& rows, BuiltSubject& subject) {
   for (std::size_t test = 0; test < m_tests.size(); ++test) {
     if (m_tests[test].Label >= 0) continue;
-    ++m_findings.Counts.MissingTests;
+    if (m_findings.Counts.MissingTests++ == 0) m_findings.Counts.MissingTestRow = rows.Line;
     m_findings.Add({.Kind = CaseKind::Check,
                     .Row = rows.Line,
                     .Subject = rows.Original,
@@ -136,7 +136,8 @@ void SubjectBuilder::Check(const SubjectRows& rows, BuiltSubject& subject) {
 }
 
 void SubjectBuilder::Build(const SubjectRows& rows, const std::string& subjectId, BuiltSubject& subject) {
-  subject.IsLeftOut = subject.HasNoLevel = subject.IsIncomplete = false;
+  subject.IsLeftOut = subject.IsIncomplete = false;
+  subject.LacksLevel.fill(false);
   subject.Intrusions.clear();
   subject.StudyOrders.clear();
   subject.Record.SubjectId = subjectId;

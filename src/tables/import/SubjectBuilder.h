@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -21,16 +22,19 @@ namespace zova {
 struct BuiltSubject {
   SubjectRecord Record;
   std::vector<Intrusion> Intrusions;
-  std::vector<StudyOrder> StudyOrders;  ///< that are not the project's saved order
-  bool HasOrder = false;                ///< the table has an order of study, be it the saved one
-  bool IsLeftOut = false;               ///< by --too-long or --missing-tests
-  bool HasNoLevel = false;              ///< a variable has no level that fits
-  bool IsIncomplete = false;            ///< the checks refuse it
+  std::vector<StudyOrder> StudyOrders;           ///< that are not the project's saved order
+  bool HasOrder = false;                         ///< the table has an order of study, be it the saved one
+  bool IsLeftOut = false;                        ///< by --too-long or --missing-tests
+  std::array<bool, kMaxVariables> LacksLevel{};  ///< by variable: the table has no level that fits
+  bool IsIncomplete = false;                     ///< the checks refuse it
 };
 
 /// The test, from 1, of each label of the survey; 0 for those beyond the project's tests. By the labels themselves
 /// where they are 1 to T, else by their places. Not for --tests rank.
 std::vector<int> TestsOfLabels(const TableSurvey& survey, int testCount);
+
+/// The level by --level of a subject without one that fits; 0 for none.
+int GivenLevel(const ImportOptions& options, const ProjectParameters& project, std::size_t variable);
 
 /// Makes subjects of the rows of a table.
 class SubjectBuilder {
@@ -46,7 +50,6 @@ class SubjectBuilder {
   void FillLevels(const SubjectRows& rows, BuiltSubject& subject);
   void NoteMissingTests(const SubjectRows& rows, BuiltSubject& subject);
   void Check(const SubjectRows& rows, BuiltSubject& subject);
-  [[nodiscard]] int GivenLevel(std::size_t variable) const;
 
   const TableSetup& m_setup;
   const TableSurvey& m_survey;
