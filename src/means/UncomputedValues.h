@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "master/columns/FurtherFamilies.h"
@@ -51,6 +52,8 @@ class ScoredTable final : public ScoredSubjectSink {
   bool Add(const ScoredSubject& subject) override;
   void Restart() override;
   [[nodiscard]] const MasterTable& Table() const noexcept { return m_table; }
+  /// Hands the table over; nothing may be added then.
+  [[nodiscard]] MasterTable Release() && { return std::move(m_table); }
 
  private:
   const ProjectParameters& m_project;

@@ -36,10 +36,8 @@ class Page {
       : m_request(request),
         m_data(request.Data),
         m_families(FamiliesOf(m_data.Table, request.Means.Measures, m_data.Groups.has_value())) {
-    m_effects.reserve(m_families.size());
-    for (const ReportFamily& family : m_families) {
-      m_effects.push_back(ComputeEffects(m_data.Table, MeansOf(family), &request.Project));
-    }
+    m_results.reserve(m_families.size());
+    for (const ReportFamily& family : m_families) m_results.push_back(ResultsOf(family));
   }
 
   std::string Build(const DrawFigure& draw) {
@@ -52,7 +50,7 @@ class Page {
     AddLeftOut();
     AddList("Notices", m_data.Notices);
     AddConventions();
-    for (std::size_t k = 0; k < m_families.size(); ++k) AddFamily(m_families[k], m_effects[k], draw);
+    for (std::size_t k = 0; k < m_families.size(); ++k) AddFamily(m_families[k], m_results[k], draw);
     if (ShowsLists(m_request, m_families)) AddLists(draw);
     m_html += "<footer>\n";
     Element("p", "Made by ZOVA " + m_request.Version + ". The same page again:");
@@ -62,6 +60,24 @@ class Page {
   }
 
  private:
+  struct Results {
+    MeansTable Means;
+    std::vector<Effect> Effects;  // none where the table is left out
+  };
+
+  [[nodiscard]] Results ResultsOf(const ReportFamily& family) const {
+    if (family.Measures.empty()) return {};
+    const MeansRequest request = MeansOf(family);
+    Results results{ComputeMeans(m_data.Table, request, &m_request.Project), {}};
+    if (!IsLeftOut(results.Means)) results.Effects = ComputeEffects(m_data.Table, request, &m_request.Project);
+    return results;
+  }
+
+  static std::size_t LineCount(const MeansTable& means) { return means.Measures.size() * means.Cells.size(); }
+  [[nodiscard]] bool IsLeftOut(const MeansTable& means) const {
+    return m_request.IsUsual && LineCount(means) > kMostLines;
+  }
+
   void Element(std::string_view tag, std::string_view text) {
     m_html.append("<").append(tag).append(">").append(EscapedHtml(text)).append("</").append(tag).append(">\n");
   }
@@ -185,8 +201,8 @@ class Page {
   void AddConventions() {
     std::vector<std::string> lines = ConventionsOf(m_families);
     std::set<std::string_view> kinds;
-    for (const std::vector<Effect>& effects : m_effects) {
-      for (const Effect& effect : effects) kinds.insert(effect.Kind);
+    for (const Results& results : m_results) {
+      for (const Effect& effect : results.Effects) kinds.insert(effect.Kind);
     }
     for (const std::string_view kind : {"d", "difference", "d_z", "eta squared"}) {
       if (kinds.contains(kind)) lines.push_back(std::string(EffectDefinition(kind)) + ".");
@@ -195,22 +211,22 @@ class Page {
     AddList("Symbols and conventions", lines);
   }
 
-  void AddFamily(const ReportFamily& family, const std::vector<Effect>& effects, const DrawFigure& draw) {
+  void AddFamily(const ReportFamily& family, const Results& results, const DrawFigure& draw) {
     Element("h2", std::string(family.Stem) + ": " + std::string(family.Label));
     if (!family.Definition.empty()) Element("p", family.Definition);
     if (!family.Source.empty()) Element("cite", family.Source);
     if (family.Measures.empty()) return AddGroups(*m_data.Groups);
-    const MeansTable means = ComputeMeans(m_data.Table, MeansOf(family), &m_request.Project);
-    if (const std::size_t lines = means.Measures.size() * means.Cells.size(); m_request.IsUsual && lines > kMostLines) {
-      Element("p", "The table has " + std::to_string(lines) +
+    const MeansTable& means = results.Means;
+    if (IsLeftOut(means)) {
+      Element("p", "The table has " + std::to_string(LineCount(means)) +
                        " lines. Examine Means has it, and a report of these measures.");
       return AddPlot(PictureOf(means, m_request.Plots.Bars), draw);
     }
     AddMeans(means);
     List(GapTexts(m_data.Table, family.Measures));
     std::vector<std::string> lines;
-    lines.reserve(effects.size());
-    for (const Effect& effect : effects) lines.push_back(effect.Measure + ": " + EffectText(effect));
+    lines.reserve(results.Effects.size());
+    for (const Effect& effect : results.Effects) lines.push_back(effect.Measure + ": " + EffectText(effect));
     List(lines);
     AddPlot(PictureOf(means, m_request.Plots.Bars), draw);
   }
@@ -297,7 +313,7 @@ class Page {
   const ReportRequest& m_request;
   const ReportData& m_data;
   std::vector<ReportFamily> m_families;
-  std::vector<std::vector<Effect>> m_effects;  // by family
+  std::vector<Results> m_results;  // by family
   std::string m_html;
 };
 

@@ -88,7 +88,7 @@ class Reading {
       NoteSubject(id, m_scores, m_reader.Oddities(), m_notices);
       m_bar.Show(static_cast<std::size_t>(k));
     }
-    report.Table = table.Table();
+    report.Table = std::move(table).Release();
     report.Table.Further.Lists = std::move(lists);
     report.Table.Further.Categories = CategoryNames(m_data.Words, m_project);
     return true;
