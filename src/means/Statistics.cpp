@@ -23,6 +23,7 @@ double CriticalValues::Of(std::size_t degrees) {
 void Sample::Add(double value) noexcept {
   if (m_n++ == 0) m_first = value;
   value -= m_first;
+  m_sum += value;
   const double before = value - m_mean;
   m_mean += before / static_cast<double>(m_n);
   m_squares += before * (value - m_mean);
@@ -30,7 +31,7 @@ void Sample::Add(double value) noexcept {
 
 SampleStatistics Sample::Statistics(CriticalValues& critical) const {
   SampleStatistics statistics{m_n, std::nullopt, std::nullopt, std::nullopt};
-  if (m_n >= 1) statistics.Mean = m_first + m_mean;
+  if (m_n >= 1) statistics.Mean = m_first + m_sum / static_cast<double>(m_n);
   if (m_n < 2) return statistics;
   const auto n = static_cast<double>(m_n);
   statistics.Sd = std::sqrt(m_squares / (n - 1));

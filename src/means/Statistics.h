@@ -55,7 +55,8 @@ class Sample {
  private:
   std::size_t m_n = 0;
   double m_first = 0;
-  double m_mean = 0;  // relative to the first value
+  double m_mean = 0;  // relative to the first value, as it grew
+  double m_sum = 0;   // likewise relative: of whole numbers it is exact, so that equal means look alike
   double m_squares = 0;
 };
 

@@ -28,6 +28,11 @@ TEST(Statistics, SpreadKeepsItsDigitsBesideALargeMean) {
   const SampleStatistics statistics = sample.Statistics(critical);
   EXPECT_DOUBLE_EQ(statistics.Mean.value_or(0), 1e9 + 7.0 / 3);
   EXPECT_NEAR(statistics.Sd.value_or(0), 1.5275252316519468, 1e-12);
+  for (int one = 0; one < 8; ++one) {
+    Sample shares;
+    for (int i = 0; i < 8; ++i) shares.Add(i == one ? 1 : 0);
+    EXPECT_EQ(shares.Statistics(critical).Mean, 0.125) << "whatever the order";
+  }
 }
 
 TEST(ColumnName, EveryColumnOfAMasterHasAPlaceOfItsOwn) {
