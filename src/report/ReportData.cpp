@@ -18,6 +18,7 @@
 #include "platform/desktop/PercentProgress.h"
 #include "project/ProjectLayout.h"
 #include "subjects/SubjectReader.h"
+#include "text/Cells.h"
 #include "text/Counted.h"
 #include "text/TypedText.h"
 #include "words/CompanionCsv.h"
@@ -122,7 +123,9 @@ class Reading {
       table.Lines.push_back({GroupLabel(++number, members), level, lines.Values()});
     }
     if (groups->Plan.HasLeftOver()) {
-      report.Notices.push_back(GroupPlanText(groups->Plan, ids, m_project, m_groups->Separator));
+      const std::string levels = GroupPlanText(groups->Plan, ids, m_project, m_groups->Separator);
+      std::string_view rest = levels;
+      while (!rest.empty()) report.Notices.emplace_back(NextLine(rest));
     }
     for (const std::string& id : groups->NotInOrder) {
       report.Notices.push_back("Subject " + id + " is not in '" + m_groups->OrderFile + "' and comes last.");

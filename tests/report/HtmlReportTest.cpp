@@ -101,5 +101,19 @@ TEST(HtmlReport, AProjectReadAndShownWithoutAMaster) {
   EXPECT_EQ(FindVariables(study.Project, {" <b>Sex", " $(id) 'x' "}, unknown), std::vector<std::size_t>{0});
 }
 
+TEST(HtmlReport, ALinePerLevelOfGroups) {
+  Study study({.Tests = 1, .Items = 4, .Variables = {"Age"}});
+  study.Project.LevelCounts = {2};
+  for (const char* id : {"1", "2", "3"}) study.Put(id, "1", 1);
+  for (const char* id : {"4", "5"}) study.Put(id, "1", 2);
+  FakePlatform platform;
+  std::string unknown;
+  const auto html = MakeReport(
+      study.Project, {"C:\\r.html", "C:\\S.prm", {}, {"Net(Test 1)"}, GroupChoice{2, 0, ""}, {}}, "2.0",
+      [](const PlotPicture&) { return ""; }, platform.With(study.OfFiles), unknown);
+  EXPECT_THAT(html.value_or(""),
+              HasSubstr("<li>Age, 1: 1 group of 2, left over: subject 3</li>\n<li>Age, 2: 1 group of 2</li>"));
+}
+
 }  // namespace
 }  // namespace zova::testing
