@@ -118,6 +118,9 @@ CommandLine ReadCommandLine(const Disk& disk) {
   if (!parser.positionalArguments().isEmpty()) line.Project = DrivePath(disk, parser.positionalArguments().front());
   if (!parser.isSet(report)) return line;
   if (line.Project.empty()) RefuseUsage("--report needs a project's file");
+  if (const QStringList files = parser.positionalArguments(); files.size() > 1) {
+    RefuseUsage("unexpected argument: " + FromQt(files[1]));
+  }
   if (parser.value(report).isEmpty()) RefuseUsage("--report: a file needs a name");
   line.Report = ReportOptions{DrivePath(disk, parser.value(report)),
                               line.Project,
