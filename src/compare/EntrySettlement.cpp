@@ -46,13 +46,21 @@ bool EntrySettlement::Open(const std::string& file, const ProjectParameters& pro
     ParsingFile(path.Shown, [&] { ParseSubject(bytes, project, record); });
     record.SubjectId = SubjectIdFromFileName(project, file);
   };
+  std::optional<SubjectPlace> first;
   if (!WithRetry(m_platform.Boxes, [&] {
         const SubjectListing listing(m_platform.Files, project, SubjectDirectory(project.PrimaryDir));
         const auto fileIn = [&](SubjectPlace place) { return listing.File(place, file); };
+        first = listing.FirstEntry(file);
+        if (!first) return;
         m_presentBytes = ReadIfThere(m_platform.Files, fileIn(SubjectPlace::Complete));
-        read(fileIn(listing.FirstEntry(file).value_or(SubjectPlace::Complete)), m_first, m_firstBytes);
+        read(fileIn(*first), m_first, m_firstBytes);
         read(fileIn(SubjectPlace::Second), m_second, m_secondBytes);
       })) {
+    return false;
+  }
+  if (!first) {
+    Warn(m_platform.Boxes, "There is no first entry of subject '" + SubjectIdFromFileName(project, file) + "' any more.",
+         "The second entry is kept.  'Settle' in the table of subjects compares both once the first one is there again.");
     return false;
   }
   m_project = &project;

@@ -48,7 +48,7 @@ std::vector<SubjectCopy> CopiesOf(const SubjectRecord& record, const ProjectPara
 }
 
 ResolvedPath TargetOf(Disk& disk, const ProjectParameters& project, const SubjectCopy& copy) {
-  if (!IsOfSecond(copy.Place)) return disk.Resolve(copy.Path, FileOperation::Write);
+  if (copy.Place == SubjectPlace::Complete) return disk.Resolve(copy.Path, FileOperation::Write);
   const std::string name(LastPathComponent(copy.Path));
   return FindSubjectFile(disk, project, copy.Destination, copy.Place, name, FileOperation::Write);
 }

@@ -323,6 +323,7 @@ TEST_F(SecondEntryTest, IsRestoredAfterTheFirst) {
   m_scratch.Put(kExample, FormatProject(m_project, kCurrentMarker));
   SubjectRecord record;
   record.SubjectId = "a";
+  record.Levels[0] = 1;
   record.Lists = MakeLists(m_project, "3");
   m_scratch.Put("C:\\Param\\Temp.txt", FormatAutosave(record, m_project));
   record.Lists = MakeLists(m_project, "4");
@@ -353,6 +354,12 @@ TEST_F(SecondEntryTest, IsRestoredAfterTheFirst) {
   session.Subjects().BrowseSubject();
   ASSERT_EQ(session.Shown(), Screen::Entry);
   EXPECT_EQ(session.Subjects().Entry().Title(), "Second Entry");
+  m_scratch.Files.Delete("C:\\Data\\Sdata\\" + kFile);
+  Boxes.Expect({"Completed subject saved."});
+  Boxes.Expect(Told("There is no first entry of subject 'a' any more."));
+  session.Subjects().DoneWithAllTests();
+  EXPECT_EQ(session.Shown(), Screen::Main);
+  EXPECT_EQ(m_scratch.Get("D:\\B\\Sdata\\Second\\" + kFile), Bytes("4", 1));
 }
 
 }  // namespace

@@ -107,6 +107,7 @@ TEST(SubjectSave, PutsFilesInTheirPlaces) {
 
 TEST(SubjectSave, AsksBeforeItReplacesAnotherEntry) {
   const std::string unfinished = "C:\\Data\\Sdata\\Unfinished\\";
+  const std::string other = "C:\\Data\\Sdata\\AB Sub#A1.dat";
   struct Case {
     const char* Note;
     std::string Known;  ///< the file that was loaded, then "old"
@@ -123,6 +124,10 @@ TEST(SubjectSave, AsksBeforeItReplacesAnotherEntry) {
                         {"", "", {{kBackup, "new"}}, "O"},
                         {"note", kPrimary, {{unfinished + kFile, "new"}, {kPrimary, "new"}}, "O"},
                         {"note", "", {{unfinished + "AB Sub#A1.dat", "new"}}, "o"},
+                        {"note",
+                         "",
+                         {{unfinished + "AB Sub#A1.dat", "another subject's"}, {kPrimary, "a"}, {other, "A"}},
+                         kIsWindows ? "o" : ""},
                         {"note", unfinished + kFile, {{unfinished + kFile, "new"}}, "c"}};
   for (const auto& [note, known, onDisk, letters] : cases) {
     Scratch scratch;

@@ -338,6 +338,9 @@ TEST(Import, LeavesExistingSubjectsAndChangedTablesAlone) {
   EXPECT_EQ(desk.Lists(), "a: 1; b: 5; c: 5");
   desk.Run(desk.Draft(other, {{"--existing", "replace"}}));
   EXPECT_EQ(desk.Lists(), "a: 2; b: 5; c: 5");
+  desk.Files.Put("C:\\Data\\Sdata\\Second\\First\\AB Sub#z.dat", "");
+  EXPECT_EQ(ImportDesk::CasesOf(desk.Draft("subject,list,word\nz,1,vase\n")), "undecided --existing\n")
+      << "the first entry, whose data are lost, would be deleted";
 
   const ImportDraft planned = desk.Draft("subject,list,word\nd,1,table\ne,1,vase\nf,1,vase\n");
   desk.Files.Put("C:\\t.csv", "subject,list,word\nd,1,table\ne,1,apple\nf,1,vase\n");

@@ -58,6 +58,7 @@ ImportContext ReadImportContext(Disk& disk, const ProjectParameters& project) {
   LoadOrNote(disk, context, CompanionFile::StudyOrder, context.StudyOrders, with(ParseStudyOrders));
   LoadOrNote(disk, context, CompanionFile::Subjects, context.OriginalIds, ParseOriginalIds);
   context.Subjects = NamesIn(disk, project, SubjectDirectory(project.PrimaryDir));
+  context.Subjects.merge(NamesIn(disk, project, PlaceDirectory(project.PrimaryDir, SubjectPlace::First)));
   context.Unfinished = NamesIn(disk, project, UnfinishedDirectory(project.PrimaryDir));
   return context;
 }

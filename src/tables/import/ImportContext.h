@@ -32,7 +32,9 @@ struct ImportContext {
   std::vector<OriginalId> OriginalIds;
   /// The position of item i at index i - 1, as saved for all subjects; nullopt for none. Set by the caller.
   std::optional<std::vector<std::int16_t>> SavedOrder;
-  TextMap<std::string> Subjects;    ///< names of the files in Sdata, by their upper-cased names
+  /// Names of the files in Sdata, by their upper-cased names, and of first entries put aside, which a new subject would
+  /// delete.
+  TextMap<std::string> Subjects;
   TextMap<std::string> Unfinished;  ///< likewise in Unfinished
   std::vector<std::string> Notes;   ///< of a new project; told with the totals
   std::vector<ImportFault> Faults;  ///< companion files that do not fit: nothing may be written

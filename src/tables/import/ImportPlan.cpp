@@ -20,9 +20,8 @@ namespace zova {
 namespace {
 
 bool IsSaved(Disk& disk, const std::string& directory, const BuiltSubject& subject, const ProjectParameters& project) {
-  std::string content;
-  disk.Read(JoinPath(directory, SubjectFileName(project, subject.Record.SubjectId)), content);
-  return content == FormatSubject(subject.Record, project);
+  const std::string path = JoinPath(directory, SubjectFileName(project, subject.Record.SubjectId));
+  return ReadIfThere(disk, disk.Resolve(path, FileOperation::Read)) == FormatSubject(subject.Record, project);
 }
 
 // A table without an order of study does not speak against the one that is kept.
