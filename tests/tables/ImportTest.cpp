@@ -368,6 +368,12 @@ TEST(Import, KeepsUnfinishedSubjectsOrdersOfStudyAndNumbers) {
     now["C/t.csv"] = once.at("C/t.csv");
     EXPECT_EQ(now, once);
   }
+  desk.Put("2", "1/1");
+  const ImportDraft refused =
+      desk.Draft(head + "a/1,recall,1,dog,\na/1,recall,2,table,\n",
+                 {{"--accept-incomplete", ""}, {"--existing", "replace"}, {"--others", "skip"}});
+  EXPECT_EQ(refused.Plan.CountOf(SubjectAction::Refuse), 1U) << "complete by now";
+  EXPECT_THAT(ImportDesk::CasesOf(refused), HasSubstr("check 2  a/1  the project has complete data of the subject"));
 }
 
 // Whatever call fails or is the last one: each subject is whole or not there, no old one is harmed, and the companion

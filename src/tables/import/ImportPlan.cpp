@@ -33,6 +33,8 @@ bool HasSameRows(const ImportContext& context, const BuiltSubject& subject) {
           std::equal(orders.begin(), orders.end(), subject.StudyOrders.begin(), subject.StudyOrders.end()));
 }
 
+// Intrusions and study orders stand in one file for complete and unfinished subjects, so that an incomplete one beside
+// a complete one would change what is scored of the latter.
 SubjectAction ActionFor(Disk& disk, const ImportDraft& draft, const BuiltSubject& subject, std::size_t& different) {
   const ImportContext& context = draft.Context;
   if (subject.IsLeftOut) return SubjectAction::LeaveOut;
@@ -48,7 +50,7 @@ SubjectAction ActionFor(Disk& disk, const ImportDraft& draft, const BuiltSubject
   const bool isThere = isComplete || isUnfinished;
   different += isThere ? 1 : 0;
   if (isThere && draft.Options.Existing != ExistingSubjects::Replace) return SubjectAction::Skip;
-  if (subject.IsIncomplete) return SubjectAction::Unfinished;
+  if (subject.IsIncomplete) return isComplete ? SubjectAction::Refuse : SubjectAction::Unfinished;
   return isThere ? SubjectAction::Replace : SubjectAction::Write;
 }
 
@@ -76,6 +78,12 @@ void PlanSubjects(Disk& disk, ImportDraft& draft, std::array<std::size_t, kMaxVa
     planned.Digest = rows.Digest;
     planned.Action = ActionFor(disk, draft, subject, plan.Different);
     ++plan.ActionCounts[static_cast<std::size_t>(planned.Action)];
+    if (planned.Action == SubjectAction::Refuse && draft.Options.AcceptIncomplete) {
+      plan.Findings.Add({.Kind = CaseKind::Check,
+                         .Row = rows.Line,
+                         .Subject = rows.Original,
+                         .Text = "the project has complete data of the subject, which incomplete ones do not replace"});
+    }
     for (std::size_t v = 0; v < variables; ++v) withoutLevel[v] += subject.LacksLevel[v] ? 1U : 0U;
     if (IsStored(planned.Action)) {
       Append(plan.Intrusions, subject.Intrusions);

@@ -25,7 +25,7 @@ enum class SubjectAction : std::uint8_t {
   Replace,     ///< one that is there with other data
   Same,        ///< its file holds the same already
   Unfinished,  ///< the checks refuse it; it is written as incomplete
-  Refuse,      ///< the checks refuse it
+  Refuse,      ///< the checks refuse it, and it is not to be unfinished, or is there as a complete one
   Skip,        ///< it is there with other data, which stay
   LeaveOut,    ///< lists too long or tests lacking
 };
