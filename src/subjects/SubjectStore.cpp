@@ -85,13 +85,18 @@ bool SubjectStore::FlushNames(MessageBoxes& boxes) {
 
 // Each step can be retried separately. The primary directory comes last, since it shows what is left to do.
 bool SubjectStore::RemoveUnfinishedCopies(const SubjectRecord& record, MessageBoxes& boxes) {
-  const std::string fileName = SubjectFileName(m_project, record.SubjectId);
+  std::string fileName = SubjectFileName(m_project, record.SubjectId);
   const std::string primary = PlaceDirectory(m_project.PrimaryDir, UnfinishedPlace(record.Which));
   const std::string backup = PlaceDirectory(m_project.BackupDir, UnfinishedPlace(record.Which));
   const bool hasBackup = !IsNoDirectory(m_project.BackupDir);
   const auto list = [&] { m_unfinished = ListSubjectFiles(m_disk, m_project, primary); };
   if (!m_unfinished && !WithRetry(boxes, list)) return false;
   if (m_unfinished->empty()) return true;
+  const auto findName = [&] {
+    fileName = NameOf(FindSubjectFile(m_disk, m_project, m_project.PrimaryDir, UnfinishedPlace(record.Which), fileName,
+                                      FileOperation::Delete));
+  };
+  if (record.Which == WhichEntry::Second && !WithRetry(boxes, findName)) return false;
   const auto listed = std::find(m_unfinished->begin(), m_unfinished->end(), fileName);
   const bool hasCopy = listed != m_unfinished->end();
   if (hasCopy && !FlushNames(boxes)) return false;

@@ -309,6 +309,17 @@ TEST_F(SecondEntryTest, BelongsToTheSubjectThatIsSpeltLikeIt) {
     m_scratch.Put(sdata + kFile, Bytes("3", 1));
   }
   EXPECT_EQ(cells(), "a: settled; ") << "from a disk on which they are one name";
+  session.EnterSecond();
+  Boxes.Expect(
+      {"Subject ID 'a' already exists!  When this subject is saved it will delete the old data.  Are you "
+       "sure you want to do this?",
+       BoxAnswer::Yes});
+  Identify(session, "a");
+  ASSERT_EQ(session.Shown(), Screen::Entry) << "the unfinished one";
+  Boxes.Expect({"Completed subject saved."});
+  session.Subjects().DoneWithAllTests();
+  EXPECT_EQ(m_scratch.Get("D:\\B\\Sdata\\Second\\" + other), Bytes("4 3", 1)) << "no second file";
+  EXPECT_FALSE(m_scratch.Has("D:\\B\\Sdata\\Second\\Unfinished"));
 }
 
 // What cannot be finished or undone must not be made worse.
