@@ -67,11 +67,7 @@ std::optional<std::string> ReadCompanion(Disk& disk, const ProjectParameters& pr
 std::optional<std::string> ReadCompanionIn(Disk& disk, const std::string& directory, const ProjectParameters& project,
                                            CompanionFile file) {
   if (IsNoDirectory(directory)) return std::nullopt;
-  const ResolvedPath path = disk.Resolve(CompanionPath(directory, project, file), FileOperation::Read);
-  if (disk.Kind(path, FileOperation::Read) == EntryKind::Missing) return std::nullopt;
-  std::string bytes;
-  disk.Read(path, bytes);
-  return bytes;
+  return ReadIfThere(disk, disk.Resolve(CompanionPath(directory, project, file), FileOperation::Read));
 }
 
 void WriteCompanion(Disk& disk, const ProjectParameters& project, CompanionFile file, std::string_view content) {
