@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QComboBox>
 #include <QDialog>
 #include <QDir>
 #include <QKeyEvent>
@@ -19,6 +20,7 @@
 #include "app/desktop/QtFileDialogs.h"
 #include "app/desktop/QtMessageBoxes.h"
 #include "app/desktop/Style.h"
+#include "app/widgets/ChoiceForm.h"
 #include "app/widgets/Colours.h"
 #include "app/widgets/Controls.h"
 #include "platform/desktop/FileSettings.h"
@@ -169,6 +171,17 @@ TEST(FileSettingsTest, ReadsAndWritesWhatQtDoes) {
     settings.Set("Startup", "Other key", text);
     EXPECT_EQ(FromQt(QSettings(ToQt(path), QSettings::IniFormat).value("Startup/Other key").toString()), text);
   }
+}
+
+TEST(ChoiceForm, KeepsTheFocusWhenOtherChoicesComeAndGo) {
+  ChoiceForm form("fraChoices", [](const std::string&, int) {});
+  form.Show({{"--tests", "Tests?", {"1"}, -1}, {"--times", "Times?", {"s"}, -1}});
+  form.show();
+  form.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+  form.findChild<QComboBox*>("cbo-times")->setFocus();
+  form.Show({{"--times", "Times?", {"s"}, 0}, {"--others", "Others?", {"skip"}, -1}});
+  EXPECT_TRUE(form.findChild<QComboBox*>("cbo-times")->hasFocus());
 }
 
 }  // namespace

@@ -52,7 +52,15 @@ void ChoiceForm::Show(const std::vector<ImportChoice>& choices) {
   std::vector<std::string> names;
   names.reserve(choices.size());
   for (const ImportChoice& choice : choices) names.push_back(choice.Name);
-  if (names != m_names) Build(choices);
+  if (names != m_names) {
+    const QWidget* const focused = focusWidget();
+    const QString held = focused != nullptr && focused->hasFocus() ? focused->objectName() : QString();
+    Build(choices);
+    if (auto* box = held.isEmpty() ? nullptr : findChild<QComboBox*>(held)) {
+      box->show();  // the layout would later; until then it takes no focus
+      box->setFocus();
+    }
+  }
   for (std::size_t i = 0; i < choices.size(); ++i) {
     m_labels[i]->setText(ToQt(choices[i].Text));
     QComboBox& box = *m_boxes[i];

@@ -13,7 +13,7 @@ class QLabel;
 
 namespace zova {
 
-/// A list for each choice below its question. Boxes of the same choices stay, so that the focus does.
+/// A list for each choice below its question. The focus stays with its choice, also when others come or go.
 class ChoiceForm : public QWidget {
  public:
   /// `choose` is called with the name of a choice and the answer's index.
