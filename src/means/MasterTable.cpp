@@ -9,8 +9,8 @@
 #include <unordered_set>
 
 #include "master/columns/ColumnName.h"
-#include "means/MasterFields.h"
 #include "text/Cells.h"
+#include "text/DecimalNumber.h"
 #include "text/Encoding.h"
 #include "text/TypedText.h"
 
@@ -26,7 +26,7 @@ bool AppendFields(LineCells& fields, MasterTable& table) {
   }
   for (std::size_t measure = 0; measure < table.Measures.size(); ++measure) {
     const auto field = fields.Next();
-    const auto value = field ? MasterNumber(*field) : std::nullopt;
+    const auto value = field ? DecimalNumber(*field, Exponent::None) : std::nullopt;
     if (!value) return false;
     table.Values.push_back(*value);
   }

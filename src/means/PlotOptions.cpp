@@ -7,12 +7,12 @@
 
 #include "master/columns/FurtherFamilies.h"
 #include "master/groups/NominalGroups.h"
-#include "means/MasterFields.h"
 #include "means/MeansPlot.h"
 #include "text/Cells.h"
 #include "text/Counted.h"
 #include "text/Csv.h"
 #include "text/CsvReader.h"
+#include "text/DecimalNumber.h"
 #include "text/Encoding.h"
 #include "text/NumberText.h"
 #include "text/TypedText.h"
@@ -185,7 +185,7 @@ std::optional<PlotFrame> FrameOf(std::string title, std::string_view min, std::s
   for (const auto& [text, end] :
        {std::pair(WithoutOuterBlanks(min), &frame.Min), {WithoutOuterBlanks(max), &frame.Max}}) {
     if (text.empty()) continue;
-    *end = MasterNumber(text);
+    *end = DecimalNumber(text, Exponent::None);
     if (!*end) return std::nullopt;
   }
   if (frame.Min && frame.Max && *frame.Min >= *frame.Max) return std::nullopt;

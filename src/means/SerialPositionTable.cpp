@@ -7,8 +7,8 @@
 #include <cmath>
 
 #include "master/groups/SerialPositions.h"
-#include "means/MasterFields.h"
 #include "text/Cells.h"
+#include "text/DecimalNumber.h"
 #include "text/Encoding.h"
 #include "text/NumberedText.h"
 
@@ -38,7 +38,7 @@ bool ParseShares(const std::vector<std::string_view>& fields, std::string_view t
                  std::vector<double>& shares) {
   if (fields.size() != count + 1 || fields.front() != type) return false;
   for (std::size_t column = 1; column <= count; ++column) {
-    const auto share = MasterNumber(fields[column]);
+    const auto share = DecimalNumber(fields[column], Exponent::None);
     if (!share) return false;
     shares.push_back(*share);
   }

@@ -7,6 +7,7 @@
 #include <cmath>
 #include <string>
 
+#include "text/DecimalNumber.h"
 #include "text/Encoding.h"
 #include "text/TypedText.h"
 
@@ -26,14 +27,11 @@ double MinuteLength(TimeUnit unit) noexcept {
 
 bool IsTime(const std::optional<TimeUnit>& unit) noexcept { return unit && *unit != TimeUnit::MinuteNumbers; }
 
-std::optional<double> DecimalNumber(std::string_view text, bool mayHaveComma) {
+std::optional<double> TimeNumber(std::string_view text, bool mayHaveComma) {
+  if (!mayHaveComma) return DecimalNumber(text, Exponent::Optional);
   std::string plain(text);
-  if (mayHaveComma) std::replace(plain.begin(), plain.end(), ',', '.');
-  double number = 0;
-  const char* const end = plain.data() + plain.size();
-  const auto [rest, fault] = std::from_chars(plain.data(), end, number);
-  if (fault != std::errc() || rest != end || !std::isfinite(number)) return std::nullopt;
-  return number;
+  std::replace(plain.begin(), plain.end(), ',', '.');
+  return DecimalNumber(plain, Exponent::Optional);
 }
 
 }  // namespace
@@ -66,7 +64,7 @@ std::optional<int> MinuteOf(std::string_view text, const std::optional<TimeUnit>
     const auto minute = WholeNumber(text);
     return minute && *minute >= 1 && *minute <= maxMinutes ? minute : std::nullopt;
   }
-  const auto time = DecimalNumber(text, delimiter != ',');
+  const auto time = TimeNumber(text, delimiter != ',');
   if (!time || *time < 0) return std::nullopt;
   const double minutes = *time / MinuteLength(*unit);
   if (minutes > maxMinutes) return std::nullopt;
@@ -75,7 +73,7 @@ std::optional<int> MinuteOf(std::string_view text, const std::optional<TimeUnit>
 
 std::optional<int> LastMinuteOf(std::string_view text, const std::optional<TimeUnit>& unit, char delimiter) {
   if (!IsTime(unit)) return WholeNumber(text);
-  const auto time = DecimalNumber(text, delimiter != ',');
+  const auto time = TimeNumber(text, delimiter != ',');
   if (!time || *time < 0 || *time / MinuteLength(*unit) > kMaxMinutes) return std::nullopt;
   return std::max(1, static_cast<int>(std::ceil(*time / MinuteLength(*unit))));
 }

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "text/Csv.h"
+#include "text/DecimalNumber.h"
 #include "text/LeadingNumber.h"
 #include "text/NumberText.h"
 
@@ -89,6 +90,24 @@ TEST(LeadingNumber, ReadsRoundsAndLimits) {
   }
   for (const char* text : {"32767.5", "-32769", "65537", "99999999999999999999999"}) {
     EXPECT_FALSE(LeadingInteger16(text).has_value()) << text;
+  }
+}
+
+TEST(DecimalNumber, IsTheWholeTextInNoLocale) {
+  const std::pair<const char*, double> numbers[] = {
+      {".285", .285}, {"-.457", -.457}, {"12.", 12}, {"-0", 0}, {"0.1000000000000000055511151231257827", .1}};
+  const std::pair<const char*, double> powers[] = {{"1.5e3", 1500}, {"-2E-1", -.2}, {"4e+0", 4}};
+  for (const auto& [text, value] : numbers) {
+    EXPECT_EQ(DecimalNumber(text, Exponent::None), value) << text;
+    EXPECT_EQ(DecimalNumber(text, Exponent::Optional), value) << text;
+  }
+  for (const auto& [text, value] : powers) {
+    EXPECT_EQ(DecimalNumber(text, Exponent::None), std::nullopt) << text;
+    EXPECT_EQ(DecimalNumber(text, Exponent::Optional), value) << text;
+  }
+  for (const char* text : {"", "-", ".", "--1", "+1", " 1", "1 ", "1,5", "1.2.3", "1e", "0x10", "0x1p3", "inf", "-nan",
+                           "1e999", "1e-999"}) {
+    EXPECT_EQ(DecimalNumber(text, Exponent::Optional), std::nullopt) << text;
   }
 }
 

@@ -59,7 +59,13 @@ bool MayAccess(const fs::path& path, int mode) {
   ThrowErrno();
 }
 
-int FlushToDisk(std::FILE* file) { return fsync(fileno(file)); }
+int FlushToDisk(int handle) {
+#ifdef F_FULLFSYNC  // macOS: fsync leaves the bytes in the drive's own cache, which not every file system can flush
+  if (fcntl(handle, F_FULLFSYNC) == 0) return 0;
+  errno = 0;
+#endif
+  return fsync(handle);
+}
 
 struct FileCloser {
   void operator()(std::FILE* file) const noexcept { (void)std::fclose(file); }
@@ -120,7 +126,7 @@ class NativeOutputFile final : public OutputFile {
   }
   void Flush() override {
     errno = 0;
-    if (FlushToDisk(m_file.get()) != 0) ThrowErrno();
+    if (FlushToDisk(fileno(m_file.get())) != 0) ThrowErrno();
   }
   void Close() override {
     errno = 0;
@@ -152,7 +158,9 @@ FileIdentity IdentityOf(const struct stat& status) {
   const timespec& changed = status.st_mtim;
 #endif
   constexpr std::int64_t kNanoseconds = 1'000'000'000;
-  return {status.st_dev, status.st_ino, status.st_nlink, changed.tv_sec * kNanoseconds + changed.tv_nsec};
+  // A device number has a sign on macOS.
+  return {static_cast<std::uint64_t>(status.st_dev), status.st_ino, status.st_nlink,
+          changed.tv_sec * kNanoseconds + changed.tv_nsec};
 }
 
 // Omits an entry that has vanished.
@@ -306,8 +314,8 @@ void NativeFileLayer::Rename(const fs::path& from, const fs::path& to) {
 
 void NativeFileLayer::FlushDirectory(const fs::path& directory) {
   const int handle = open(directory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  if (handle < 0) return;  // a directory that may be written but not read cannot be flushed
-  (void)fsync(handle);     // some network file systems refuse this; the file itself is flushed already
+  if (handle < 0) return;     // a directory that may be written but not read cannot be flushed
+  (void)FlushToDisk(handle);  // some network file systems refuse this; the file itself is flushed already
   (void)close(handle);
 }
 
