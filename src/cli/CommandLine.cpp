@@ -6,6 +6,8 @@
 #include <exception>
 #include <iostream>
 
+#include "platform/files/SystemText.h"
+
 #ifdef _WIN32
 #ifndef NOMINMAX
 #define NOMINMAX
@@ -46,7 +48,7 @@ int RunProgram(const char* name, int argc, char** argv, int (*run)(const std::ve
     if (std::cout) return result;
     std::cerr << name << ": standard output cannot be written\n";
   } catch (const std::exception& error) {  // out of memory, or a bug: never end silently
-    std::cerr << name << ": " << error.what() << '\n';
+    std::cerr << name << ": " << SystemText(error) << '\n';
   }
   return 1;
 }

@@ -7,6 +7,7 @@
 #include <unistd.h>
 #endif
 
+#include "platform/files/SystemText.h"
 #include "support/Scratch.h"
 #include "support/ScriptedBoxes.h"
 
@@ -226,6 +227,20 @@ TEST_F(DiskTest, KeepsWhatItWritesInto) {
   }
   EXPECT_EQ(TreeOf(Native("C:\\")), written) << "refused before it was emptied";
 #endif
+}
+
+TEST(SystemText, IsUtf8WhateverTheSystemEncodes) {
+  struct : std::error_category {
+    [[nodiscard]] const char* name() const noexcept override { return "old"; }
+    [[nodiscard]] std::string message(int) const override {
+      return "besch\xE4"
+             "digt";
+    }
+  } old;
+  const std::system_error fault(1, old, "where");
+  EXPECT_EQ(SystemText(fault.code()), "besch\u00E4digt");
+  EXPECT_EQ(SystemText(static_cast<const std::exception&>(fault)), "besch\u00E4digt");
+  EXPECT_EQ(SystemText(std::runtime_error("of the program")), "of the program");
 }
 
 // The outer layer leaves half of a row, the inner one lets the cutting back fail: after any pair of faults, appending

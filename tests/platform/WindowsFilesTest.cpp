@@ -10,6 +10,7 @@
 
 #include "platform/desktop/FileErrorBoxes.h"
 #include "platform/files/DirectoryLock.h"
+#include "platform/files/SystemText.h"
 #include "support/Scratch.h"
 #include "support/ScriptedBoxes.h"
 #include "text/Encoding.h"
@@ -183,7 +184,7 @@ TEST_F(WindowsFilesTest, ALockEndsWithAKilledProgram) {
 
 // A box offers Retry; the other program closes the file while it is shown.
 TEST_F(WindowsFilesTest, AFileThatAnotherProgramHasOpenIsWrittenAfterRetry) {
-  const std::string inUse = std::error_code(ERROR_SHARING_VIOLATION, std::system_category()).message();
+  const std::string inUse = SystemText(std::error_code(ERROR_SHARING_VIOLATION, std::system_category()));
   const std::pair<const char*, std::function<void(Disk&)>> writes[] = {
       {"replace", [](Disk& disk) { disk.Write("C:\\f", "new"); }},
       {"in place", [](Disk& disk) { disk.WriteInPlace("C:\\f", "new"); }},

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "platform/desktop/FileErrorBoxes.h"
+#include "platform/files/SystemText.h"
 
 namespace zova {
 
@@ -90,7 +91,7 @@ bool DirectoryBrowser::TryOpen(const std::string& path) {
   } catch (const FileError& error) {
     m_fault = FaultText(error);
   } catch (const std::exception& error) {  // what a name that the platform cannot spell throws
-    m_fault = error.what();
+    m_fault = SystemText(error);
   }
   return false;
 }

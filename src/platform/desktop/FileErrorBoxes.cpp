@@ -4,17 +4,11 @@
 
 #include <new>
 
-#include "text/Encoding.h"
+#include "platform/files/SystemText.h"
 
 namespace zova {
 
 namespace {
-
-// Windows describes its errors in its own code page.
-std::string SystemText(const std::error_code& code) {
-  const std::string text = code.message();
-  return IsValidUtf8(text) ? text : FromWindows1252(text);
-}
 
 std::string TextOf(const FileError& error) {
   switch (error.Cause()) {
@@ -67,7 +61,7 @@ void ReportFault(MessageBoxes& boxes, const std::exception_ptr& fault) {
   } catch (const std::bad_alloc&) {
     box.Details = "There is not enough memory.";
   } catch (const std::exception& error) {
-    box.Details = error.what();
+    box.Details = SystemText(error);
   } catch (...) {
     box.Details = "The cause is not known.";
   }
