@@ -132,10 +132,12 @@ std::string Footer() {
     const std::string name = "  " + std::string(box.Word);
     text += name + std::string(kUsageColumn - name.size(), ' ') + std::string(box.QuickHelp) + "\n";
   }
+#ifndef _WIN32  // whose drives are the system's own
+  text +=
+      "\nFiles are paths of this system or drive-letter paths (C:\\Data\\Study.prm). C: is the home directory and Z:\n"
+      "the root; ZOVA_DRIVES='C=/dir;D=/dir' sets other drives.\n";
+#endif
   return text +
-         "\nFiles are paths of this system or drive-letter paths (C:\\Data\\Study.prm). C: is the home directory and "
-         "Z:\n"
-         "the root; ZOVA_DRIVES='C=/dir;D=/dir' sets other drives.\n"
          "\n"
          "The paths that were written go to standard output, with --means to standard error. Ends with 0 when the\n"
          "masters are made, 1 when the run stopped or there is no data, 2 on wrong usage.";
