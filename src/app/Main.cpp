@@ -7,7 +7,6 @@
 #include <QTimer>
 #include <algorithm>
 #include <cstdlib>
-#include <iostream>
 #include <optional>
 #include <string_view>
 
@@ -69,7 +68,7 @@ struct CommandLine {
 };
 
 [[noreturn]] void RefuseUsage(const std::string& fault) {
-  std::cerr << "zova: " << fault << "\nTry 'zova --help'.\n";
+  PrintOrShow("zova: " + fault + "\nTry 'zova --help'.");
   std::exit(2);
 }
 

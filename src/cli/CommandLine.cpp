@@ -6,6 +6,7 @@
 #include <exception>
 #include <iostream>
 
+#include "platform/desktop/ConsoleEncoding.h"
 #include "platform/files/SystemText.h"
 
 #ifdef _WIN32
@@ -42,6 +43,7 @@ std::vector<std::string> CommandLineArguments(int argc, char** argv) { return {a
 #endif
 
 int RunProgram(const char* name, int argc, char** argv, int (*run)(const std::vector<std::string>& arguments)) {
+  ShowUtf8OnConsole();
   try {
     const int result = run(CommandLineArguments(argc, argv));
     std::cout.flush();

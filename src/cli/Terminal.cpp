@@ -8,8 +8,6 @@
 #ifdef _WIN32
 #include <fcntl.h>
 #include <io.h>
-
-#include "platform/files/WindowsFiles.h"
 #else
 #include <unistd.h>
 #endif
@@ -38,11 +36,7 @@ bool AskRetry() {
 
 }  // namespace
 
-Terminal::Terminal() : m_isTerminal(IsTerminal(stderr)), m_canAsk(m_isTerminal && IsTerminal(stdin)) {
-#ifdef _WIN32
-  SetConsoleOutputCP(CP_UTF8);
-#endif
-}
+Terminal::Terminal() : m_isTerminal(IsTerminal(stderr)), m_canAsk(m_isTerminal && IsTerminal(stdin)) {}
 
 BoxAnswer Terminal::Show(const MessageBox& box) {
   EndProgressLine();
