@@ -7,6 +7,7 @@
 #include "platform/files/WindowsFiles.h"
 
 #include <functional>
+#include <future>
 
 #include "platform/desktop/FileErrorBoxes.h"
 #include "platform/files/DirectoryLock.h"
@@ -179,6 +180,19 @@ TEST_F(WindowsFilesTest, ALockEndsWithAKilledProgram) {
   EXPECT_EQ(lock.Acquire(Root()), DirectoryLock::Outcome::InUse);
   ASSERT_TRUE(TerminateProcess(process.get(), 1));
   ASSERT_EQ(WaitForSingleObject(process.get(), INFINITE), WAIT_OBJECT_0);
+  EXPECT_EQ(lock.Acquire(Root()), DirectoryLock::Outcome::Held);
+}
+
+// Its holder has just ended, but a scanner, say, still has the file of the lock open.
+TEST_F(WindowsFilesTest, ALockWaitsUntilTheLastOneIsDeleted) {
+  DirectoryLock ended, lock;
+  ASSERT_EQ(ended.Acquire(Root()), DirectoryLock::Outcome::Held);
+  WindowsHandle open = OpenForFacts(WindowsName(Root() / L".zova-lock.tmp"));
+  ended.Release();
+  const auto closed = std::async(std::launch::async, [&open] {
+    Sleep(100);
+    open.reset();
+  });
   EXPECT_EQ(lock.Acquire(Root()), DirectoryLock::Outcome::Held);
 }
 

@@ -48,14 +48,31 @@ bool IsSameFile(HANDLE left, HANDLE right) {
          leftFacts.nFileIndexHigh == rightFacts.nFileIndexHigh && leftFacts.nFileIndexLow == rightFacts.nFileIndexLow;
 }
 
-Attempt TryLock(const std::filesystem::path& directory, std::intptr_t held) {
-  const std::wstring name = WindowsName(directory / L".zova-lock.tmp");
+bool IsHeldOn(const std::wstring& name, std::intptr_t held) {
   const WindowsHandle present = OpenForFacts(name);
-  if (held != kNone && present && IsSameFile(present.get(), AsHandle(held))) return {Outcome::Held, held};
-  const HANDLE file = CreateFileW(name.c_str(), GENERIC_WRITE, 0, nullptr, OPEN_ALWAYS,
-                                  FILE_ATTRIBUTE_HIDDEN | FILE_FLAG_DELETE_ON_CLOSE, nullptr);
-  if (file != INVALID_HANDLE_VALUE) return {Outcome::Held, reinterpret_cast<std::intptr_t>(file)};
-  return {GetLastError() == ERROR_SHARING_VIOLATION ? Outcome::InUse : Outcome::Unavailable};
+  return held != kNone && present && IsSameFile(present.get(), AsHandle(held));
+}
+
+// A deleted file denies everything, its attributes included, until all programs that have it open have closed it. What
+// the directory denies leaves the attributes.
+bool IsBeingDeleted(const std::wstring& name) {
+  return GetFileAttributesW(name.c_str()) == INVALID_FILE_ATTRIBUTES && GetLastError() == ERROR_ACCESS_DENIED;
+}
+
+Attempt TryLock(const std::filesystem::path& directory, std::intptr_t held) {
+  constexpr int kMostTries = 50;
+  constexpr DWORD kPause = 20;  // milliseconds
+  const std::wstring name = WindowsName(directory / L".zova-lock.tmp");
+  if (IsHeldOn(name, held)) return {Outcome::Held, held};
+  for (int tries = 1;; ++tries) {
+    const HANDLE file = CreateFileW(name.c_str(), GENERIC_WRITE, 0, nullptr, OPEN_ALWAYS,
+                                    FILE_ATTRIBUTE_HIDDEN | FILE_FLAG_DELETE_ON_CLOSE, nullptr);
+    if (file != INVALID_HANDLE_VALUE) return {Outcome::Held, reinterpret_cast<std::intptr_t>(file)};
+    const DWORD error = GetLastError();
+    if (error == ERROR_SHARING_VIOLATION) return {Outcome::InUse};
+    if (tries == kMostTries || error != ERROR_ACCESS_DENIED || !IsBeingDeleted(name)) return {Outcome::Unavailable};
+    Sleep(kPause);
+  }
 }
 
 #else
