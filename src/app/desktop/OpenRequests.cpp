@@ -11,6 +11,10 @@
 
 #include "app/widgets/Controls.h"
 
+#ifdef Q_OS_WIN
+#include "platform/files/WindowsFiles.h"
+#endif
+
 namespace zova {
 
 namespace {
@@ -23,6 +27,9 @@ OpenRequests::OpenRequests(const QString& directory)
 }
 
 bool OpenRequests::Send(const std::string& paramDir, const std::string& projectFile, int patience) {
+#ifdef Q_OS_WIN  // only the program that the user has just started may hand the foreground on
+  AllowSetForegroundWindow(ASFW_ANY);
+#endif
   QSaveFile file(m_file);
   if (!file.open(QIODevice::WriteOnly)) return false;
   file.write(QByteArray::fromStdString(paramDir + "\n" + projectFile));
