@@ -181,18 +181,30 @@ int RunApplication(Application& application, QtDesktop& desktop, QtMessageBoxes&
   QObject::connect(&window, &MainWindow::Ended, &application, [] { QCoreApplication::exit(); });
   OpenRequests requests(QFileInfo(ToQt(SettingsFile())).path());
   desktop.Sender = [&requests](const auto& param, const auto& file) { return requests.Send(param, file); };
-  requests.Listen({.ParamDir = [&session] { return session.ParamPath(); },
-                   .MayOpen = [&session, &window] { return !window.IsBusy() && session.Shown() == Screen::Main; },
-                   .Open =
-                       [&window](const std::string& file) {
-                         ComeUp(window);
-                         window.Run([&file](Session& running) { running.OpenProject(file); });
-                       }});
+  const OpenRequestActs acts = {
+      .ParamDir = [&session] { return session.ParamPath(); },
+      .MayOpen = [&session, &window] { return !window.IsBusy() && session.Shown() == Screen::Main; },
+      .Open =
+          [&window](const std::string& file) {
+            ComeUp(window);
+            window.Run([&file](Session& running) { running.OpenProject(file); });
+          }};
+  requests.Listen(acts);
+  const auto openFile = [&](const QString& file) {
+    const std::string path = DrivePath(disk, file);
+    if (acts.MayOpen()) return acts.Open(path);
+    ComeUp(window);
+    if (!window.IsBusy()) Warn(boxes, "Leave this screen before you open another project.", path);
+  };
   window.KeepPlace(settings);
   window.show();
   // After the window's first events, so that a box at start-up appears in front of a window that is in place.
-  QTimer::singleShot(50, &window, [&window, &project] { window.Start(project); });
+  QTimer::singleShot(50, &window, [&] {
+    window.Start(project);
+    application.SetFileHandler(openFile);
+  });
   const int result = QApplication::exec();
+  application.SetFileHandler({});
   desktop.Sender = {};
   application.SetFaultHandler({});
   return result;

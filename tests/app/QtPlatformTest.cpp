@@ -6,6 +6,7 @@
 #include <QComboBox>
 #include <QDialog>
 #include <QDir>
+#include <QFileOpenEvent>
 #include <QKeyEvent>
 #include <QPlainTextEdit>
 #include <QScreen>
@@ -16,6 +17,7 @@
 #include <chrono>
 #include <future>
 
+#include "app/desktop/Application.h"
 #include "app/desktop/OpenRequests.h"
 #include "app/desktop/QtFileDialogs.h"
 #include "app/desktop/QtMessageBoxes.h"
@@ -154,6 +156,20 @@ TEST(OpenRequestsTest, ARunningCopyTakesTheProjectsThatItMayOpen) {
   mayOpen = true;
   EXPECT_TRUE(send("C:\\Param", 20000));
   EXPECT_EQ(opened, "D:\\A.prm");
+}
+
+TEST(ApplicationTest, KeepsTheDesktopsFilesUntilTheWindowCanOpenThem) {
+  auto& application = static_cast<Application&>(*qApp);
+  const auto give = [](const char* file) { QCoreApplication::postEvent(qApp, new QFileOpenEvent(QString(file))); };
+  QStringList opened;
+  give("/early.prm");
+  QCoreApplication::processEvents();
+  application.SetFileHandler([&](const QString& file) { opened.append(file); });
+  EXPECT_EQ(opened, QStringList{"/early.prm"});
+  give("/later.prm");
+  QCoreApplication::processEvents();
+  EXPECT_EQ(opened, (QStringList{"/early.prm", "/later.prm"}));
+  application.SetFileHandler({});
 }
 
 // Users have files that Qt wrote, and may go back to a program that reads them with it.

@@ -2,7 +2,9 @@
 
 #include "app/desktop/Application.h"
 
+#include <QFileOpenEvent>
 #include <QScopedValueRollback>
+#include <utility>
 
 namespace zova {
 
@@ -14,6 +16,23 @@ bool Application::notify(QObject* receiver, QEvent* event) {
     fault = std::current_exception();
   }
   Report(fault);
+  return true;
+}
+
+void Application::SetFileHandler(std::function<void(const QString&)> handler) {
+  m_fileHandler = std::move(handler);
+  if (!m_fileHandler) return;
+  for (const QString& file : std::exchange(m_files, {})) m_fileHandler(file);
+}
+
+bool Application::event(QEvent* event) {
+  if (event->type() != QEvent::FileOpen) return QApplication::event(event);
+  const QString file = static_cast<QFileOpenEvent*>(event)->file();
+  if (m_fileHandler) {
+    m_fileHandler(file);
+  } else {
+    m_files.append(file);
+  }
   return true;
 }
 
