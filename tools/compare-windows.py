@@ -1,7 +1,10 @@
 #!/usr/bin/env python3
-"""compare-windows.py LINUX-PROGRAM WINDOWS-PROGRAM [PROJECTS [SEED]]: runs both zova-master programs on the sample data
-and on random projects (36 unless said otherwise), the second program under tools/wine, and demands the same exit code
-and the same bytes in every file that they write and in all that they print."""
+"""compare-windows.py LINUX-ZOVA-MASTER WINDOWS-ZOVA-MASTER [PROJECTS [SEED]]
+
+Runs both zova-master programs on the sample data and on random projects (36 unless said otherwise), and zova-import and
+zova-compare, which lie beside them, on tables, the second ones under tools/wine. Demands the same exit codes and the
+same bytes in every file that they write and in all that they print.
+"""
 
 import concurrent.futures
 import os
@@ -24,7 +27,7 @@ PROJECTS, SEED = 36, 1
 ALL_FILES = ["--destination", r"{dir}\Out\m.txt", "--clean", r"{dir}\Out\é 日.csv", "--long", r"{dir}\Out\long.csv",
              "--group-size", "3"]
 ORDER = ["--serial-order", r"{dir}\order.dat"]
-# name of the directory, of the project's file, arguments
+# name of the directory, of the project's file, arguments of zova-master
 SAMPLE_RUNS = [
     ("Sample 1", "Example.prm", []),
     ("Sample 2", "Example.prm", ALL_FILES),
@@ -33,6 +36,42 @@ SAMPLE_RUNS = [
     (UNICODE, "Étude €.prm", ALL_FILES),
     ("Sample 5", "none.prm", []),
     ("Sample 6", "Example.prm", ["--means", "Nobody"]),
+]
+
+
+TABLE = """subject,list,trial_type,position,word,group
+p1,1,study,1,apple,jung
+p1,1,study,2,Bär,jung
+p1,1,study,3,日本,jung
+p1,1,recall,1,Bâr,jung
+p1,1,recall,2,日本,jung
+p2,1,study,1,Bär,"älter, {0}"
+p2,1,study,2,apple,"älter, {0}"
+p2,1,study,3,日本,"älter, {0}"
+p2,1,recall,1,{1},"älter, {0}"
+p2,1,recall,2,aple,"älter, {0}"
+"""
+TABLES = {
+    "Table.csv": TABLE.format("€", "日本").encode(),
+    "Typed again é.csv": b"\xef\xbb\xbf" + TABLE.format("€", "pear").replace("\n", "\r\n").encode(),
+    "Old.csv": TABLE.format("€", "Bär").replace("日本", "vase").replace(",", ";").encode("cp1252"),
+    "Broken.csv": b"subject,list\n1,\"x\n",
+}
+STUDY = ["--new-project", "Étude", "--variables", "group", "--accept-distance", "1", "--others", "intrusion"]
+# program and arguments, in this order in one directory
+TABLE_STEPS = [
+    ("zova-import", ["--dry-run", "--new-project", "Étude", "--directory", r"{dir}\Study", r"{dir}\Table.csv"]),
+    ("zova-import",
+     STUDY[:4] + ["--directory", r"{dir}\Study", "--unmatched", r"{dir}\left 日.csv", r"{dir}\Table.csv"]),
+    ("zova-import", STUDY + ["--directory", r"{dir}\Study", r"{dir}\Table.csv"]),
+    ("zova-import", STUDY[4:] + [r"{dir}\Table.csv", r"{dir}\Study\Étude.prm"]),
+    ("zova-import", STUDY + ["--directory", r"{dir}\Again", r"{dir}\Typed again é.csv"]),
+    ("zova-import", STUDY + ["--directory", r"{dir}\Old", r"{dir}\Old.csv"]),
+    ("zova-import", STUDY + ["--directory", r"{dir}\None", r"{dir}\Broken.csv"]),
+    ("zova-import", ["--shape", "square", r"{dir}\Table.csv"]),
+    ("zova-compare", [r"{dir}\Study\Étude.prm"]),
+    ("zova-compare", ["--with", r"{dir}\Again\Sdata", r"{dir}\Study\Étude.prm"]),
+    ("zova-master", ["--means", "group", r"{dir}\Study\Étude.prm"]),
 ]
 
 
@@ -53,6 +92,12 @@ def make_sample(top, directory, project):
     if project != "none.prm":
         (target / project).write_bytes(text.replace(b"Sample Data", directory.encode()))
     (target / "order.dat").write_bytes(order(range(int(text.split(b",", 2)[1]), 0, -1)))
+
+
+def make_tables(top, directory):
+    for name, content in TABLES.items():
+        (top / directory).mkdir(exist_ok=True)
+        (top / directory / name).write_bytes(content)
 
 
 class RandomProject:
@@ -144,48 +189,64 @@ def names(output):
 class Comparison:
     def __init__(self, linux, windows):
         prefix = pathlib.Path(os.environ.get("ZOVA_WINEPREFIX", ROOT / "build" / "wine-prefix"))
-        self.linux, self.windows = [linux], [str(WINE), windows]
+        self.linux, self.windows = linux.parent, windows.parent
         self.drives = [ROOT / "build" / "compare-windows", prefix / "drive_c"]
-        run(self.windows, {}, ["--version"])  # makes the prefix
+        # Its C:\ZOVA is deleted below, and tools/wine would take it for its own.
+        if prefix.exists() and any(prefix.iterdir()) and not (prefix / "zova-made").exists():
+            sys.exit(f"compare-windows: {prefix} was not made by tools/wine, and may hold what somebody needs")
+        run([str(WINE), str(windows)], {}, ["--version"])  # makes the prefix
         for drive in self.drives:
             shutil.rmtree(drive / "ZOVA", ignore_errors=True)
 
     def make(self, projects, seed):
+        """The directories of C:\\ZOVA, each with programs and arguments in their order."""
         runs = []
         for top in [drive / "ZOVA" for drive in self.drives]:
+            runs = [(directory, [("zova-master", arguments + ["{dir}\\" + project])])
+                    for directory, project, arguments in SAMPLE_RUNS]
             for directory, project, _ in SAMPLE_RUNS:
                 make_sample(top, directory, project)
-            runs = SAMPLE_RUNS + [(f"Random {number}", "P.prm",
-                                   RandomProject(seed * 1000003 + number).write(top, f"Random {number}"))
-                                  for number in range(projects)]
+            for number in range(projects):
+                directory = f"Random {number}"
+                arguments = RandomProject(seed * 1000003 + number).write(top, directory)
+                runs.append((directory, [("zova-master", arguments + [r"{dir}\P.prm"])]))
+            make_tables(top, "Tables ü")
+            runs.append(("Tables ü", TABLE_STEPS))
         return runs
 
-    def compare(self, run_of_both):
-        """What differs ("" for nothing), the exit code (None where something differs), and how many files were written."""
-        directory, project, arguments = run_of_both
-        at = "C:\\ZOVA\\" + directory
-        full = [argument.replace("{dir}", at) for argument in arguments] + [at + "\\" + project]
+    def compare(self, directory_and_steps):
+        """For each step what differs ("" for nothing), its exit code, and how many files were written."""
+        directory, steps = directory_and_steps
+        return [self.compare_step(directory, *step) for step in steps]
+
+    def compare_step(self, directory, program, arguments):
+        full = [argument.replace("{dir}", "C:\\ZOVA\\" + directory) for argument in arguments]
         tops = [drive / "ZOVA" / directory for drive in self.drives]
         before = tree(tops[0])
-        expected = run(self.linux, {"ZOVA_DRIVES": f"C={self.drives[0]}"}, full)
-        got = run(self.windows, {}, full)
-        table = "--means" in arguments
+        expected = run([str(self.linux / program)], {"ZOVA_DRIVES": f"C={self.drives[0]}"}, full)
+        got = run([str(WINE), str(self.windows / f"{program}.exe")], {}, full)
+        table = program != "zova-master" or "--means" in arguments
         same = {"exit code": expected[0] == got[0], "files": tree(tops[0]) == tree(tops[1]),
                 "standard output": expected[1] == got[1] if table else names(expected[1]) == names(got[1]),
                 "standard error": names(expected[2]) == names(got[2])}
         written = len(tree(tops[0]).items() - before.items())
         if all(same.values()):
             return "", got[0], written
-        return (f"DIFFERENT {[what for what in same if not same[what]]}: {full}\n  exit code {expected[0]}: "
+        return (f"DIFFERENT {[what for what in same if not same[what]]}: {program} {full}\n  exit code {expected[0]}: "
                 f"{expected[2][-500:].decode()}\n  under Wine {got[0]}: {got[2][-500:].decode()}\n"), None, written
 
 
 def main():
-    programs = [str(pathlib.Path(program).resolve()) for program in sys.argv[1:3]]
+    if not 3 <= len(sys.argv) <= 5:
+        sys.exit(f"usage: {__doc__}")
+    programs = [pathlib.Path(program).resolve() for program in sys.argv[1:3]]
+    for program in programs:
+        if not program.is_file():
+            sys.exit(f"compare-windows: there is no {program}")
     projects, seed = (int(number) for number in (sys.argv[3:] + [PROJECTS, SEED][len(sys.argv[3:]):]))
     comparison = Comparison(*programs)
     with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
-        results = list(pool.map(comparison.compare, comparison.make(projects, seed)))
+        results = sum(pool.map(comparison.compare, comparison.make(projects, seed)), [])
     print("".join(report for report, _, _ in results), end="")
     codes = [code for _, code, _ in results]
     counts = {code: codes.count(code) for code in set(codes)}
