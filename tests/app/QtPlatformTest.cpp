@@ -8,7 +8,10 @@
 #include <QDir>
 #include <QFileOpenEvent>
 #include <QKeyEvent>
+#include <QListWidget>
+#include <QPainter>
 #include <QPlainTextEdit>
+#include <QProxyStyle>
 #include <QScreen>
 #include <QSettings>
 #include <QTest>
@@ -91,6 +94,35 @@ TEST(StyleTest, KeepsDisabledTextsAndHintsReadableOnAnyPalette) {
     EXPECT_GE(Contrast(palette.color(QPalette::Active, QPalette::PlaceholderText), ground), 4.5);
   }
   EXPECT_NEAR(Contrast(Qt::black, Qt::white), 21, 1e-9);
+}
+
+// As the native style of Windows, whatever the palette says.
+class PaleSelection final : public QProxyStyle {
+ public:
+  void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override {
+    if (element == PE_PanelItemViewItem) return painter->fillRect(option->rect, QColor("#e5f3ff"));
+    QProxyStyle::drawPrimitive(element, option, painter, widget);
+  }
+};
+
+TEST(ColoursTest, IconsAreReadableOnTheSelectionThatTheStyleDraws) {
+  QPixmap block(48, 48);
+  block.fill(Qt::red);
+  Style plain;
+  PaleSelection pale;
+  QListWidget list;
+  QPalette palette(QApplication::palette());
+  palette.setColor(QPalette::Highlight, "#0078d7");
+  list.setPalette(palette);
+  for (const auto& [style, ground] : {std::pair<QStyle*, QColor>(&plain, "#0078d7"), {&pale, "#e5f3ff"}}) {
+    list.setStyle(style);
+    const QIcon icon = IconForRows(QIcon(block), list);
+    EXPECT_EQ(icon.pixmap(48).toImage().pixelColor(9, 9), QColor(Qt::red));
+    const QColor ink = icon.pixmap(QSize(48, 48), QIcon::Selected).toImage().pixelColor(9, 9);
+    EXPECT_GE(Contrast(ink, ground), 3) << FromQt(ink.name());
+  }
+  list.setStyle(nullptr);
 }
 
 TEST(ControlsTest, NamesFromRightToLeftAreSetApart) {

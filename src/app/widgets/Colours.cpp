@@ -3,6 +3,9 @@
 
 #include <QPainter>
 #include <QPixmap>
+#include <QStyle>
+#include <QStyleOptionViewItem>
+#include <algorithm>
 #include <cmath>
 
 namespace zova {
@@ -31,6 +34,27 @@ QPixmap Inked(const QIcon& icon, const QColor& ink) {
   return picture;
 }
 
+// What the style draws behind the icon of a selected row. Native ones need not take the palette's Highlight: that of
+// Windows draws a pale selection, with the list's own text.
+QColor GroundOfSelection(const QWidget& list, QStyle::State active) {
+  QPixmap nothing(kIconSize, kIconSize);
+  nothing.fill(Qt::transparent);
+  QStyleOptionViewItem row;
+  row.initFrom(&list);
+  row.rect = QRect(0, 0, 4 * kIconSize, kIconSize);
+  row.state = QStyle::State_Enabled | QStyle::State_Selected | active;
+  row.palette.setCurrentColorGroup(active ? QPalette::Active : QPalette::Inactive);
+  row.features = QStyleOptionViewItem::HasDecoration;
+  row.icon = QIcon(nothing);
+  row.decorationSize = nothing.size();
+  row.showDecorationSelected = list.style()->styleHint(QStyle::SH_ItemView_ShowDecorationSelected, nullptr, &list) != 0;
+  QImage picture(row.rect.size(), QImage::Format_RGB32);
+  picture.fill(list.palette().color(QPalette::Base));
+  QPainter painter(&picture);
+  list.style()->drawControl(QStyle::CE_ItemViewItem, &row, &painter, &list);
+  return picture.pixelColor(list.style()->subElementRect(QStyle::SE_ItemViewItemDecoration, &row, &list).center());
+}
+
 }  // namespace
 
 QIcon NamedIcon(const char* name) { return QIcon(QString(kIconFile).arg(name)); }
@@ -43,10 +67,18 @@ QIcon InkedIcon(const char* name, const QPalette& palette) {
   return icon;
 }
 
-QIcon IconForRows(const QIcon& icon, const QPalette& palette) {
+QIcon IconForRows(const QIcon& icon, const QWidget& list) {
+  constexpr double kReadable = 3;
+  const QColor grounds[] = {GroundOfSelection(list, QStyle::State_Active), GroundOfSelection(list, QStyle::State_None)};
+  const auto contrast = [&grounds](const QColor& ink) {
+    return std::min(Contrast(ink, grounds[0]), Contrast(ink, grounds[1]));
+  };
+  QColor ink = list.palette().color(QPalette::Active, QPalette::HighlightedText);
+  const QColor text = list.palette().color(QPalette::Active, QPalette::Text);
+  if (contrast(ink) < kReadable && contrast(text) > contrast(ink)) ink = text;
   QIcon both;
   both.addPixmap(icon.pixmap(kIconSize, kIconSize), QIcon::Normal);
-  both.addPixmap(Inked(icon, palette.color(QPalette::Active, QPalette::HighlightedText)), QIcon::Selected);
+  both.addPixmap(Inked(icon, ink), QIcon::Selected);
   return both;
 }
 

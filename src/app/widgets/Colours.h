@@ -4,6 +4,7 @@
 #include <QColor>
 #include <QIcon>
 #include <QPalette>
+#include <QWidget>
 
 namespace zova {
 
@@ -11,8 +12,8 @@ namespace zova {
 QIcon NamedIcon(const char* name);
 /// The same in the ink of a button's text, also of a disabled one.
 QIcon InkedIcon(const char* name, const QPalette& palette);
-/// The picture as it is, but in the ink of a highlighted row there.
-QIcon IconForRows(const QIcon& icon, const QPalette& palette);
+/// The picture as it is for the rows of a list, but in one ink that is readable where a row is selected.
+QIcon IconForRows(const QIcon& icon, const QWidget& list);
 /// `share` 0 is `one`, 1 is `other`.
 QColor Mixed(const QColor& one, const QColor& other, double share);
 /// `colour` moved towards `strong` until its contrast on `ground` is at least `ratio` (WCAG 2.1, relative luminance).

@@ -115,8 +115,8 @@ void DriveDirectoryList::Fill() {
   m_drives->setCurrentIndex(drive == m_shownDrives.end() ? -1 : static_cast<int>(drive - m_shownDrives.begin()));
 
   m_directories->clear();
-  const QIcon open = IconForRows(style()->standardIcon(QStyle::SP_DirOpenIcon), palette());
-  const QIcon closed = IconForRows(style()->standardIcon(QStyle::SP_DirIcon), palette());
+  const QIcon open = IconForRows(style()->standardIcon(QStyle::SP_DirOpenIcon), *m_directories);
+  const QIcon closed = IconForRows(style()->standardIcon(QStyle::SP_DirIcon), *m_directories);
   const int openRow = static_cast<int>(m_browser.OpenEntry());
   for (const DirectoryBrowser::Entry& entry : m_browser.Entries()) {
     const int row = m_directories->count();
