@@ -363,6 +363,15 @@ TEST(SubjectsScreen, LosesNoEntryThatIsLeftAlone) {
     EXPECT_EQ(desk.Screen.Table().Text(0, 1), "removed") << place;
     desk.Screen.BringBack();
     EXPECT_EQ(scratch.Get("C:\\Data\\Sdata\\" + place + "AB Sub#b.dat"), Bytes("b", "1/1 |"));
+    // The first entry comes back to a second one that has no other.
+    const bool isSecond = place.find("First") == std::string::npos;
+    scratch.Put("C:\\Data\\Sdata\\Removed\\AB Sub#b.dat", Bytes("b", "1/1 |"));
+    desk.Screen.Read(), desk.Choose("AB Sub#b.dat", true), desk.Screen.BringBack();
+    EXPECT_EQ(scratch.Has("C:\\Data\\Sdata\\AB Sub#b.dat"), isSecond) << place;
+    EXPECT_EQ(boxes.Texts.back() == "A subject 'b' already exists.", !isSecond) << place;
+    scratch.Put("C:\\Data\\Sdata\\Removed\\" + place + "AB Sub#b.dat", Bytes("b", "2/1 |"));
+    desk.Screen.Read(), desk.Choose("AB Sub#b.dat", true), desk.Screen.BringBack();
+    EXPECT_EQ(boxes.Texts.back(), "A subject 'b' already exists.") << place;
   }
 }
 

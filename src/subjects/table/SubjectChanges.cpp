@@ -115,6 +115,22 @@ std::string AddCompanions(FileChanges& changes, const SubjectPlaces& places, con
   return {};
 }
 
+// What is there of the subject is a second entry without a first one, and the removed subject `row` has none. They may
+// be joined.
+bool IsSecondAlone(const SubjectPlaces& places, const SubjectRow& row, const std::string& file) {
+  if (places.HasAny(file, file)) return false;
+  return std::all_of(kSubjectPlaces.begin(), kSubjectPlaces.end(), [&](SubjectPlace place) {
+    bool isThere = false;
+    bool isRemoved = false;
+    for (int root = 0; root < places.RootCount(); ++root) {
+      isThere = isThere || places.Read(root > 0, place, file);
+      isRemoved = isRemoved || places.ReadRemoved(root > 0, place, row.File);
+    }
+    const bool isOfSecond = place == SubjectPlace::Second || place == SubjectPlace::SecondUnfinished;
+    return !isThere || (isOfSecond && !isRemoved);
+  });
+}
+
 }  // namespace
 
 void SubjectPlaces::AddNames(const SubjectListing& listing, Names& names) {
@@ -246,7 +262,7 @@ ChangePlan PlanRemoval(const SubjectPlaces& places, const SubjectRow& row) {
 ChangePlan PlanReturn(const SubjectPlaces& places, const SubjectRow& row) {
   ChangePlan plan{{"Bringing back subject '" + row.Id + "'", {}}};
   const std::string file = SubjectFileName(places.Project(), row.Id);
-  if (places.HasAny(file)) {
+  if (places.HasAny(file) && !IsSecondAlone(places, row, file)) {
     plan.Refusal = Existing(row.Id);
     return plan;
   }
