@@ -176,6 +176,7 @@ class Page {
 
   void AddLeftOut() {
     std::vector<std::string> lines;
+    if (!m_request.LeftOut.empty()) lines.push_back(m_request.LeftOut);
     for (const ReportFamily& family : m_families) {
       std::vector<GapCount> all;
       for (const std::size_t measure : family.Measures) {

@@ -19,6 +19,7 @@ struct ReportRequest {
   bool IsUsual = false;     ///< no measure was named: long tables are left to other programs
   std::string CommandLine;  ///< that makes the same page again
   std::string Version;
+  std::string LeftOut;  ///< a sentence on measures that are left out as a whole; or ""
 };
 
 /// Draws a picture as an element of the page.

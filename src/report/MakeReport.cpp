@@ -62,14 +62,14 @@ std::string ReportCommand(const ProjectParameters& project, const ReportChoice& 
 std::optional<std::string> MakeReport(const ProjectParameters& project, const ReportChoice& choice,
                                       const std::string& version, const DrawFigure& draw, const Platform& platform,
                                       std::string& unknown) {
-  auto data = ReadReportData(project, choice.Groups, platform);
+  const auto data = ReadReportData(project, choice.Groups, platform);
   if (!data) return std::nullopt;
   const MeasureChoice measures = ChooseMeasures(data->Table, choice.Measures);
   unknown = measures.Unknown;
   if (!unknown.empty()) return std::nullopt;
-  if (!measures.Notice.empty()) data->Notices.push_back(measures.Notice);
   const MeansRequest means{.Measures = measures.Measures, .Variables = choice.Variables, .LeavesOutUncomputed = true};
-  return ReportHtml({project, *data, means, choice.Plots, measures.IsUsual, ReportCommand(project, choice), version},
+  return ReportHtml({project, *data, means, choice.Plots, measures.IsUsual, ReportCommand(project, choice), version,
+                     measures.LeftOut},
                     draw);
 }
 

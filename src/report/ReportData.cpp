@@ -187,28 +187,43 @@ bool HasValue(const MasterTable& table, std::size_t measure) {
   return false;
 }
 
+struct UsualFamily {
+  bool HasValue = false;
+  std::vector<std::string> Reasons;  // for its gaps
+
+  void AddReasons(const MasterTable& table, std::size_t measure) {
+    for (const GapCount& gap : CountGaps(table, measure)) {
+      if (std::find(Reasons.begin(), Reasons.end(), gap.Reason) == Reasons.end()) Reasons.emplace_back(gap.Reason);
+    }
+  }
+};
+
 // A family is left out if none of its measures has a value.
 MeasureChoice UsualMeasures(const MasterTable& table) {
   MeasureChoice choice;
   choice.IsUsual = true;
-  std::map<std::string, bool> hasValues;
-  const auto stemOf = [&](std::size_t measure) {
+  std::map<std::string, UsualFamily> families;
+  const auto familyOf = [&](std::size_t measure) -> UsualFamily& {
     const std::string& name = table.MeasureName(measure);
-    return (table.IsFurther(measure) ? "+" : "") + name.substr(0, name.find('('));
+    return families[(table.IsFurther(measure) ? "+" : "") + name.substr(0, name.find('('))];
   };
   for (std::size_t measure = 0; measure < table.MeasureCount(); ++measure) {
     if (!IsUsual(table, measure)) continue;
-    bool& hasValue = hasValues[stemOf(measure)];
-    hasValue = hasValue || HasValue(table, measure);
+    UsualFamily& family = familyOf(measure);
+    family.HasValue = family.HasValue || HasValue(table, measure);
     choice.Measures.push_back(measure);
   }
-  std::erase_if(choice.Measures, [&](std::size_t measure) { return !hasValues[stemOf(measure)]; });
-  for (const auto& [stem, hasValue] : hasValues) {
-    if (hasValue) continue;
-    choice.Notice += choice.Notice.empty() ? "Left out, since no subject has a value: " : ", ";
-    choice.Notice += stem.substr(stem.starts_with('+') ? 1 : 0);
+  std::erase_if(choice.Measures, [&](std::size_t measure) {
+    UsualFamily& family = familyOf(measure);
+    if (!family.HasValue) family.AddReasons(table, measure);
+    return !family.HasValue;
+  });
+  for (const auto& [stem, family] : families) {
+    if (family.HasValue) continue;
+    choice.LeftOut += choice.LeftOut.empty() ? "Left out, since no subject has a value: " : ", ";
+    choice.LeftOut += stem.substr(stem.starts_with('+') ? 1 : 0) + " (" + Joined(family.Reasons, "; ") + ")";
   }
-  if (!choice.Notice.empty()) choice.Notice += ".";
+  if (!choice.LeftOut.empty()) choice.LeftOut += ".";
   return choice;
 }
 

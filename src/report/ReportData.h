@@ -43,7 +43,7 @@ struct MeasureChoice {
   std::vector<std::size_t> Measures;
   bool IsUsual = false;  ///< no measure was named
   std::string Unknown;   ///< a name that is no measure's; "" for none
-  std::string Notice;    ///< of usual measures without a value for any subject, which are left out; or ""
+  std::string LeftOut;   ///< usual families without a value for any subject, and why; or ""
 };
 
 /// The measures with these names, of a table with further measures; blanks around a name do not count, nor does a name

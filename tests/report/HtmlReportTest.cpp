@@ -88,7 +88,9 @@ TEST(HtmlReport, AProjectReadAndShownWithoutAMaster) {
   platform.Boxes.Expect(passedOver);
   const auto whole = make();
   ASSERT_TRUE(whole);
-  EXPECT_THAT(*whole, HasSubstr("no subject has a value: FirstRecall, Intrusions, LagCrp, Position, TemporalFactor."));
+  EXPECT_THAT(*whole, HasSubstr("and why</h2>\n<ul>\n<li>Left out, since no subject has a value: FirstRecall (no study "
+                                "order), Intrusions (the file of intrusions does not fit), LagCrp (no study order), "
+                                "Position (no study order), TemporalFactor (no study order).</li>"));
   EXPECT_THAT(*whole, HasSubstr("Net recall (items).  Bars are standard errors."));
   EXPECT_THAT(titles, ::testing::Contains("<Net>"));
   EXPECT_EQ(lists, 4U);
