@@ -62,9 +62,8 @@ using PlotOption = std::pair<std::string, std::string>;
 /// Options that make these choices; none for the defaults, and none for plots, variables and levels that the project
 /// has not. The order of the levels of a variable that is not chosen has no effect.
 std::vector<PlotOption> CommandOptions(const PlotOptions& options, const ProjectParameters& project);
-/// Makes a choice: "bars", "colours", "title", "axis" or "order". Returns why the value has no meaning in the project,
-/// or
-/// "".
+/// Makes a choice: "bars", "colours", "title", "axis" or "order". Returns "", or why the value has no meaning in the
+/// project.
 std::string SetPlotOption(const PlotOption& option, const ProjectParameters& project, PlotOptions& options);
 
 }  // namespace zova
