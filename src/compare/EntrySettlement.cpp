@@ -59,8 +59,10 @@ bool EntrySettlement::Open(const std::string& file, const ProjectParameters& pro
     return false;
   }
   if (!first) {
-    Warn(m_platform.Boxes, "There is no first entry of subject '" + SubjectIdFromFileName(project, file) + "' any more.",
-         "The second entry is kept.  'Settle' in the table of subjects compares both once the first one is there again.");
+    Warn(m_platform.Boxes,
+         "There is no first entry of subject '" + SubjectIdFromFileName(project, file) + "' any more.",
+         "The second entry is kept.  'Settle' in the table of subjects compares both once the first one is there "
+         "again.");
     return false;
   }
   m_project = &project;

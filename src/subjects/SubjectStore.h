@@ -23,8 +23,8 @@ struct SubjectCopy {
 /// The primary directory's copy, then the backup directory's if there is one.
 std::vector<SubjectCopy> CopiesOf(const SubjectRecord& record, const ProjectParameters& project);
 
-/// The file that a copy replaces, or where a new one is made. A complete subject replaces one whose name differs in case
-/// alone, other entries only their own subject's (SubjectListing). Throws FileError.
+/// The file that a copy replaces, or where a new one is made. A complete subject replaces one whose name differs in
+/// case alone, other entries only their own subject's (SubjectListing). Throws FileError.
 ResolvedPath TargetOf(Disk& disk, const ProjectParameters& project, const SubjectCopy& copy);
 
 /// The save of subjects, which asks nothing but Retry: both copies are written, each atomically; then a completed
