@@ -86,6 +86,31 @@ std::string DrivePath(const Disk& disk, const QString& path) {
   return disk.Drives().ToDrivePath(FromQt(QDir::toNativeSeparators(QFileInfo(path).absoluteFilePath())));
 }
 
+// Of a command line with --report.
+ReportOptions ReadReportOptions(const QCommandLineParser& parser, const Disk& disk) {
+  const QStringList files = parser.positionalArguments();
+  if (files.isEmpty()) RefuseUsage("--report needs a project's file");
+  if (files.size() > 1) RefuseUsage("unexpected argument: " + FromQt(files[1]));
+  if (parser.value(kReportOption).isEmpty()) RefuseUsage("--report: a file needs a name");
+  ReportOptions options{DrivePath(disk, parser.value(kReportOption)),
+                        DrivePath(disk, files.front()),
+                        FromQt(parser.value("means")),
+                        FromQt(parser.value("measures")),
+                        std::nullopt,
+                        std::nullopt,
+                        {},
+                        {}};
+  if (parser.isSet("group-size")) options.GroupSize = FromQt(parser.value("group-size"));
+  if (parser.isSet("group-by")) options.GroupBy = FromQt(parser.value("group-by"));
+  if (parser.isSet("group-order")) options.GroupOrderFile = DrivePath(disk, parser.value("group-order"));
+  for (const QCommandLineOption& option : OptionsOfPlots()) {
+    for (const QString& value : parser.values(option)) {
+      options.Plots.emplace_back(FromQt(option.names().front()), FromQt(value));
+    }
+  }
+  return options;
+}
+
 CommandLine ReadCommandLine(const Disk& disk) {
   QCommandLineParser parser;
   parser.setApplicationDescription("Recall experiments: define a project, enter its subjects, make their masters.");
@@ -93,50 +118,30 @@ CommandLine ReadCommandLine(const Disk& disk) {
   parser.addVersionOption();
   parser.addPositionalArgument("FILE.prm", "The project that is to be opened.", "[FILE.prm]");
   const QCommandLineOption report(kReportOption, "Write a report of the project without a window.", "FILE.html");
-  const QCommandLineOption means("means", "With --report: the variables of its means, crossed.", "VARIABLE,...");
-  const QCommandLineOption measures("measures", "With --report: its measures, by their names in the master.",
-                                    "NAME,...");
   const QCommandLineOption groupSize("group-size", "With --report: also what nominal groups of N subjects share.", "N");
   const QCommandLineOption groupBy("group-by", "Only subjects of one level of this variable form a group.", "VARIABLE");
   const QCommandLineOption groupOrder("group-order", "The order in which groups are formed, as for zova-master.",
                                       "FILE");
-  const QList<QCommandLineOption> ofReport = {means, measures, groupSize, groupBy, groupOrder};
+  const QList<QCommandLineOption> ofReport =
+      QList<QCommandLineOption>{{"means", "With --report: the variables of its means, crossed.", "VARIABLE,..."},
+                                {"measures", "With --report: its measures, by their names in the master.", "NAME,..."},
+                                groupSize,
+                                groupBy,
+                                groupOrder} +
+      OptionsOfPlots();
   parser.addOptions(QList{report} + ofReport);
-  const QList<QCommandLineOption> ofPlots = OptionsOfPlots();
-  parser.addOptions(ofPlots);
   if (!parser.parse(QCoreApplication::arguments())) RefuseUsage(FromQt(parser.errorText()));
   parser.process(*QCoreApplication::instance());  // prints help and version
   const auto need = [&](const QCommandLineOption& option, const QCommandLineOption& other) {
     if (!parser.isSet(option) || parser.isSet(other)) return;
     RefuseUsage("--" + FromQt(option.names().front()) + " requires --" + FromQt(other.names().front()));
   };
-  for (const QCommandLineOption& option : ofReport + ofPlots) need(option, report);
+  for (const QCommandLineOption& option : ofReport) need(option, report);
   need(groupBy, groupSize);
   need(groupOrder, groupSize);
   CommandLine line;
   if (!parser.positionalArguments().isEmpty()) line.Project = DrivePath(disk, parser.positionalArguments().front());
-  if (!parser.isSet(report)) return line;
-  if (line.Project.empty()) RefuseUsage("--report needs a project's file");
-  if (const QStringList files = parser.positionalArguments(); files.size() > 1) {
-    RefuseUsage("unexpected argument: " + FromQt(files[1]));
-  }
-  if (parser.value(report).isEmpty()) RefuseUsage("--report: a file needs a name");
-  line.Report = ReportOptions{DrivePath(disk, parser.value(report)),
-                              line.Project,
-                              FromQt(parser.value(means)),
-                              FromQt(parser.value(measures)),
-                              std::nullopt,
-                              std::nullopt,
-                              {},
-                              {}};
-  if (parser.isSet(groupSize)) line.Report->GroupSize = FromQt(parser.value(groupSize));
-  if (parser.isSet(groupBy)) line.Report->GroupBy = FromQt(parser.value(groupBy));
-  if (parser.isSet(groupOrder)) line.Report->GroupOrderFile = DrivePath(disk, parser.value(groupOrder));
-  for (const QCommandLineOption& option : ofPlots) {
-    for (const QString& value : parser.values(option)) {
-      line.Report->Plots.emplace_back(FromQt(option.names().front()), FromQt(value));
-    }
-  }
+  if (parser.isSet(report)) line.Report = ReadReportOptions(parser, disk);
   return line;
 }
 
