@@ -132,6 +132,10 @@ SubjectPlace UnfinishedPlace(WhichEntry entry) noexcept {
   return entry == WhichEntry::First ? SubjectPlace::Unfinished : SubjectPlace::SecondUnfinished;
 }
 
+bool IsOfSecond(SubjectPlace place) noexcept {
+  return place == CompletePlace(WhichEntry::Second) || place == UnfinishedPlace(WhichEntry::Second);
+}
+
 std::string PlaceDirectory(std::string_view directory, SubjectPlace place) {
   return PathBelow(directory, PlaceName(place));
 }

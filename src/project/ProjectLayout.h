@@ -74,6 +74,8 @@ bool IsRemovedBelow(std::string_view names);
 std::string PathBelow(std::string_view directory, std::string_view names);
 SubjectPlace CompletePlace(WhichEntry entry) noexcept;
 SubjectPlace UnfinishedPlace(WhichEntry entry) noexcept;
+/// True for the places of second entries as they are typed.
+bool IsOfSecond(SubjectPlace place) noexcept;
 std::string PlaceDirectory(std::string_view directory, SubjectPlace place);
 /// A place below a directory of subject files: of this project's, another one's data, or of removed subjects.
 std::string PlaceBelow(std::string_view subjectDirectory, SubjectPlace place);

@@ -20,9 +20,7 @@ void EnsureDirectory(Disk& disk, const std::string& directory) {
   if (!disk.DirectoryExists(directory)) disk.CreateDirectory(directory);
 }
 
-bool IsOfSecond(SubjectPlace place) { return place == SubjectPlace::Second || place == SubjectPlace::SecondUnfinished; }
-
-// Case-sensitive on every file system: "a1" and "A1" are two subjects.
+// By its own spelling on every file system: where "a1" and "A1" stand side by side, they are two subjects.
 void DeleteExactly(Disk& disk, const ProjectParameters& project, const std::string& directory,
                    const std::string& fileName) {
   const std::vector<std::string> names = ListSubjectFiles(disk, project, directory);

@@ -100,6 +100,7 @@ TEST(PlotView, EachPictureIsDrawnInEachFormat) {
     EXPECT_TRUE(svg.contains(">" + QByteArray::fromStdString(label) + "<")) << what;
     EXPECT_EQ(svg.contains("<title>" + QByteArray::fromStdString(label) + "</title>"), !picture.Series.empty()) << what;
     EXPECT_EQ(svg.contains(">0.2<"), picture.HasLines && !picture.Series.empty()) << "a point in every locale";
+    EXPECT_TRUE(DrawnFigure(picture).starts_with("<svg ")) << what << ": a page has one prolog";
     const QImage png = QImage::fromData(RenderPicture(picture, PlotFormat::Png), "PNG");
     EXPECT_EQ(png.size(), QSize(1891, 1300)) << what;
     int inked = 0;

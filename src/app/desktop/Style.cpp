@@ -13,8 +13,7 @@
 namespace zova {
 namespace {
 
-constexpr int kShine = 140;        // percent, of a button's upper edge
-constexpr double kReadable = 3.0;  // what outlines and disabled texts need
+constexpr int kShine = 140;  // percent, of a button's upper edge
 
 const char* IconName(QStyle::StandardPixmap picture) {
   switch (picture) {

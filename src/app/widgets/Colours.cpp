@@ -68,7 +68,6 @@ QIcon InkedIcon(const char* name, const QPalette& palette) {
 }
 
 QIcon IconForRows(const QIcon& icon, const QWidget& list) {
-  constexpr double kReadable = 3;
   const QColor grounds[] = {GroundOfSelection(list, QStyle::State_Active), GroundOfSelection(list, QStyle::State_None)};
   const auto contrast = [&grounds](const QColor& ink) {
     return std::min(Contrast(ink, grounds[0]), Contrast(ink, grounds[1]));

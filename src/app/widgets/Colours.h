@@ -14,6 +14,8 @@ QIcon NamedIcon(const char* name);
 QIcon InkedIcon(const char* name, const QPalette& palette);
 /// The picture as it is for the rows of a list, but in one ink that is readable where a row is selected.
 QIcon IconForRows(const QIcon& icon, const QWidget& list);
+/// The contrast that icons, outlines and disabled texts need (WCAG 2.1).
+inline constexpr double kReadable = 3;
 /// `share` 0 is `one`, 1 is `other`.
 QColor Mixed(const QColor& one, const QColor& other, double share);
 /// `colour` moved towards `strong` until its contrast on `ground` is at least `ratio` (WCAG 2.1, relative luminance).

@@ -126,8 +126,7 @@ bool IsSecondAlone(const SubjectPlaces& places, const SubjectRow& row, const std
       isThere = isThere || places.Read(root > 0, place, file);
       isRemoved = isRemoved || places.ReadRemoved(root > 0, place, row.File);
     }
-    const bool isOfSecond = place == SubjectPlace::Second || place == SubjectPlace::SecondUnfinished;
-    return !isThere || (isOfSecond && !isRemoved);
+    return !isThere || (IsOfSecond(place) && !isRemoved);
   });
 }
 
